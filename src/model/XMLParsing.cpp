@@ -1,0 +1,4 @@
+#include "model/XMLParsing.h"
+
+std::vector<struct_FilenameDevice> g_xmlfiledevices;
+QDomDocument domDocument;
