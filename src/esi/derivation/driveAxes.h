@@ -1,0 +1,10 @@
+// driveAxes.h - how many axes the slots of a multi-axis drive make.
+#pragma once
+
+#include "model/slotRecords.h"
+
+#include <cstdint>
+
+/// Number of drive axes: without slot groups the number of slots, low 16 bits; with slot groups the highest number of a
+/// group that has a slot named with "Axis", plus 1. A slot in a group without "Axis" in its name does not count.
+[[nodiscard]] std::uint16_t driveAxesOf(const DeviceSlots& deviceSlots);

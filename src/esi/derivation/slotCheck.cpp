@@ -1,0 +1,54 @@
+// slotCheck.cpp - the first pass: slot increments in one form, and the axes of a multi-axis drive.
+#include "esi/derivation/driveAxes.h"
+#include "esi/xmlparsing.h"
+
+namespace {
+
+void takeIfZero(std::uint32_t& value, std::uint32_t fallback)
+{
+    if (value == 0)
+        value = fallback;
+}
+
+/// Fills the increments that the device itself leaves open. The order counts: the group's steps fall back on the
+/// device's, which may just have come from the first slot.
+void completeIncrements(SlotsAttributes& device, const SlotAttributes& firstSlot)
+{
+    takeIfZero(device.SlotPdoIncrement, firstSlot.SlotPdoIncrement);
+    takeIfZero(device.SlotIndexIncrement, firstSlot.SlotIndexIncrement);
+    takeIfZero(device.m_SlotGroupPdoIncrement, device.SlotPdoIncrement);
+    takeIfZero(device.m_SlotGroupIndexIncrement, device.SlotIndexIncrement);
+}
+
+/// ODD, KEPT: a step that a later slot declares for itself is lost. The controller moves every slot by one common step,
+/// the device's or, inside a slot group, the group's.
+void unifyIncrements(DeviceSlots& deviceSlots)
+{
+    for (struct_Slot& slot : deviceSlots.vslot) {
+        const bool inGroup = slot.Attributes.m_SlotGroup >= 0;
+        const SlotsAttributes& device = deviceSlots.Attributes;
+        slot.Attributes.SlotIndexIncrement = inGroup ? device.m_SlotGroupIndexIncrement : device.SlotIndexIncrement;
+        slot.Attributes.SlotPdoIncrement = inGroup ? device.m_SlotGroupPdoIncrement : device.SlotPdoIncrement;
+    }
+}
+
+void checkSlots(struct_EtherCatDevice& device)
+{
+    constexpr std::uint16_t multiDriver = 2; // KTL_DEVICE_TYPE_MultiDriver
+    if (!device.Slots.vslot.empty()) {
+        completeIncrements(device.Slots.Attributes, device.Slots.vslot.front().Attributes);
+        unifyIncrements(device.Slots);
+    }
+    if (device.m_iDeviceType == multiDriver)
+        device.m_iDriveAxies = driveAxesOf(device.Slots);
+}
+
+} // namespace
+
+void device_check_Slots(struct_FilenameDevice* file)
+{
+    if (file == nullptr)
+        return;
+    for (struct_EtherCatDevice& device : file->device)
+        checkSlots(device);
+}

@@ -1,0 +1,22 @@
+#include "esi/esiFile.h"
+
+#include "esi/fileBeingRead.h"
+#include "esi/xmlparsing.h"
+
+#include <QFile>
+
+EsiLoadResult loadEsiFile(const QString& path)
+{
+    const FileBeingRead reading(path);
+    EsiLoadResult result;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        result.status = EsiLoadStatus::CannotOpen;
+        result.openError = file.errorString();
+    } else if (!parseXml(file, domDocument, result.formatError)) {
+        result.status = EsiLoadStatus::NotWellFormed;
+    } else if (!read_xmldevice(path)) {
+        result.status = EsiLoadStatus::NotEsi;
+    }
+    return result;
+}

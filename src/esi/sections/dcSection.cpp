@@ -1,0 +1,85 @@
+// dcSection.cpp - the `Dc` element of a device: operation modes of the distributed clocks.
+#include "esi/fieldRules.h"
+#include "esi/storeField.h"
+#include "esi/xmlparsing.h"
+
+namespace {
+
+constexpr std::array dcSmRules{
+    AttributeRule<DCSmAttributes>{QLatin1String("No"), storeUint<&DCSmAttributes::m_No>},
+};
+
+constexpr std::array dcPdoRules{
+    AttributeRule<DCPdoAttributes>{QLatin1String("OSFac"), storeUint<&DCPdoAttributes::m_OsFac>},
+};
+
+constexpr std::array oversamplingRules{
+    AttributeRule<DCOversampling>{QLatin1String("MinCycleTime"), storeUint<&DCOversampling::m_MinCycleTime>},
+    AttributeRule<DCOversampling>{QLatin1String("DefaultFactor"), storeUint<&DCOversampling::m_DefaultFactor>},
+};
+
+void appendPdo(Struct_DCSm& syncManager, const QDomElement& element)
+{
+    Struct_DCPdo pdo;
+    pdo.m_index = toUint(element.text());
+    readAttributes(element, dcPdoRules, pdo.Attributes);
+    syncManager.m_Pdo.push_back(pdo);
+}
+
+constexpr std::array dcSmChildRules{
+    ElementRule<Struct_DCSm>{QLatin1String("Pdo"), appendPdo},
+};
+
+void appendSm(Struct_DCOpMode& mode, const QDomElement& element)
+{
+    Struct_DCSm syncManager;
+    readAttributes(element, dcSmRules, syncManager.Attributes);
+    readChildren(element, dcSmChildRules, syncManager);
+    mode.m_Sm.push_back(std::move(syncManager));
+}
+
+void readVendorSpecific(Struct_DCOpMode& mode, const QDomElement& element)
+{
+    forEachChildElement(element, QLatin1String("TwinCAT"), [&](const QDomElement& block) {
+        forEachChildElement(block, QLatin1String("Oversampling"), [&](const QDomElement& oversampling) {
+            readAttributes(oversampling, oversamplingRules, mode.vendorSpecific.twinCAT.oversampling);
+        });
+    });
+}
+
+// Times are signed: a negative shift in plain decimal is kept.
+constexpr std::array opModeRules{
+    ElementRule<Struct_DCOpMode>{QLatin1String("Name"), fromText<storeText<&Struct_DCOpMode::Name>>},
+    ElementRule<Struct_DCOpMode>{QLatin1String("Desc"), fromText<storeText<&Struct_DCOpMode::Desc>>},
+    ElementRule<Struct_DCOpMode>{
+        QLatin1String("AssignActivate"), fromText<storeUint<&Struct_DCOpMode::AssignActivate>>},
+    ElementRule<Struct_DCOpMode>{
+        QLatin1String("CycleTimeSync0"), fromText<storeInt<&Struct_DCOpMode::m_CycleTimeSync0>>},
+    ElementRule<Struct_DCOpMode>{
+        QLatin1String("ShiftTimeSync0"), fromText<storeInt<&Struct_DCOpMode::m_ShiftTimeSync0>>},
+    ElementRule<Struct_DCOpMode>{
+        QLatin1String("CycleTimeSync1"), fromText<storeInt<&Struct_DCOpMode::m_CycleTimeSync1>>},
+    ElementRule<Struct_DCOpMode>{
+        QLatin1String("ShiftTimeSync1"), fromText<storeInt<&Struct_DCOpMode::m_ShiftTimeSync1>>},
+    ElementRule<Struct_DCOpMode>{QLatin1String("Sm"), appendSm},
+    ElementRule<Struct_DCOpMode>{QLatin1String("VendorSpecific"), readVendorSpecific},
+};
+
+void appendOpMode(struct_EtherCatDevice& device, const QDomElement& element)
+{
+    Struct_DCOpMode mode;
+    readChildren(element, opModeRules, mode);
+    device.vopmode.push_back(std::move(mode));
+}
+
+constexpr std::array dcRules{
+    ElementRule<struct_EtherCatDevice>{QLatin1String("OpMode"), appendOpMode},
+};
+
+} // namespace
+
+void read_device_Dcinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
+{
+    if (element != nullptr && ether_device != nullptr)
+        readChildren(*element, dcRules, *ether_device);
+}

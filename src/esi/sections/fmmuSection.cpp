@@ -1,0 +1,35 @@
+// fmmuSection.cpp - one `Fmmu` element of a device.
+#include "esi/fieldRules.h"
+#include "esi/storeField.h"
+#include "esi/syncDirection.h"
+#include "esi/xmlparsing.h"
+
+namespace {
+
+/// A flag written as a number or a word: any number but 0 sets it, "-1" (no unsigned number) does not.
+void storeOpOnly(Struct_Fmmu& to, const QString& value)
+{
+    to.m_OpOnly = toUint(value) != 0;
+}
+
+constexpr std::array fmmuRules{
+    AttributeRule<Struct_Fmmu>{QLatin1String("OpOnly"), storeOpOnly},
+    AttributeRule<Struct_Fmmu>{QLatin1String("Sm"), storeUint<&Struct_Fmmu::m_Sm>},
+    AttributeRule<Struct_Fmmu>{QLatin1String("Su"), storeUint<&Struct_Fmmu::m_Su>},
+};
+
+} // namespace
+
+void read_device_Fmmuinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
+{
+    if (element == nullptr || ether_device == nullptr)
+        return;
+    Struct_Fmmu fmmu;
+    readAttributes(*element, fmmuRules, fmmu);
+    const QString name = element->text();
+    fmmu.m_Name = name.toStdString();
+    // An unknown name keeps type 0 here, while an unknown sync manager counts as mailbox output: an FMMU without a
+    // known direction maps nothing, and the controller leaves it alone.
+    fmmu.m_FmmuType = syncDirection(name, 0);
+    ether_device->vFmmu.push_back(std::move(fmmu));
+}

@@ -1,0 +1,24 @@
+// productSection.cpp - identity of a device, from its `Type` element.
+#include "esi/fieldRules.h"
+#include "esi/storeField.h"
+#include "esi/xmlparsing.h"
+
+namespace {
+
+constexpr std::array typeRules{
+    AttributeRule<DeviceTypeAttributes>{QLatin1String("ProductCode"), storeUint<&DeviceTypeAttributes::Product_Code>},
+    AttributeRule<DeviceTypeAttributes>{QLatin1String("RevisionNo"), storeUint<&DeviceTypeAttributes::Revision_No>},
+    AttributeRule<DeviceTypeAttributes>{QLatin1String("SerialNo"), storeUint<&DeviceTypeAttributes::Serial_No>},
+    AttributeRule<DeviceTypeAttributes>{
+        QLatin1String("CheckProductCode"), storeToken<&DeviceTypeAttributes::CheckProductCode>},
+};
+
+} // namespace
+
+void read_device_Productinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
+{
+    if (element == nullptr || ether_device == nullptr)
+        return;
+    readAttributes(*element, typeRules, ether_device->TypeAttributes);
+    ether_device->TypeAttributes.type = element->text().toStdString();
+}

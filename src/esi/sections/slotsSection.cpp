@@ -1,0 +1,124 @@
+// slotsSection.cpp - the `Slots` element of a modular device: slots, what they accept, and the names of slot groups.
+#include "esi/fieldRules.h"
+#include "esi/storeField.h"
+#include "esi/xmlparsing.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::array slotsRules{
+    AttributeRule<SlotsAttributes>{
+        QLatin1String("DownloadModuleIdentList"), storeBool<&SlotsAttributes::DownloadModuleIdentList>},
+    AttributeRule<SlotsAttributes>{
+        QLatin1String("DownloadModuleAddressList"), storeBool<&SlotsAttributes::DownloadModuleAddressList>},
+    AttributeRule<SlotsAttributes>{QLatin1String("SlotIndexIncrement"), storeUint<&SlotsAttributes::SlotIndexIncrement>},
+    AttributeRule<SlotsAttributes>{QLatin1String("SlotPdoIncrement"), storeUint<&SlotsAttributes::SlotPdoIncrement>},
+    AttributeRule<SlotsAttributes>{QLatin1String("IdentifyModuleBy"), storeText<&SlotsAttributes::IdentifyModuleBy>},
+    AttributeRule<SlotsAttributes>{
+        QLatin1String("DownloadModuleListTransition"), storeToken<&SlotsAttributes::m_DownloadModuleListTransition>},
+    AttributeRule<SlotsAttributes>{QLatin1String("MaxSlotCount"), storeUint<&SlotsAttributes::m_MaxSlotCount>},
+    AttributeRule<SlotsAttributes>{QLatin1String("MaxSlotGroupCount"), storeUint<&SlotsAttributes::m_MaxSlotGroupCount>},
+    AttributeRule<SlotsAttributes>{
+        QLatin1String("SlotGroupIndexIncrement"), storeUint<&SlotsAttributes::m_SlotGroupIndexIncrement>},
+    AttributeRule<SlotsAttributes>{
+        QLatin1String("SlotGroupPdoIncrement"), storeUint<&SlotsAttributes::m_SlotGroupPdoIncrement>},
+};
+
+void storeMaxInstances(SlotAttributes& to, const QString& value)
+{
+    constexpr std::uint32_t mostInstances = 16; // places per slot that the controller can hold
+    to.MaxInstances = std::min(toUint(value), mostInstances);
+}
+
+constexpr std::array slotRules{
+    AttributeRule<SlotAttributes>{QLatin1String("MinInstances"), storeUint<&SlotAttributes::MinInstances>},
+    AttributeRule<SlotAttributes>{QLatin1String("MaxInstances"), storeMaxInstances},
+    AttributeRule<SlotAttributes>{QLatin1String("SlotPdoIncrement"), storeUint<&SlotAttributes::SlotPdoIncrement>},
+    AttributeRule<SlotAttributes>{QLatin1String("SlotIndexIncrement"), storeUint<&SlotAttributes::SlotIndexIncrement>},
+    AttributeRule<SlotAttributes>{QLatin1String("SlotGroup"), storeUint<&SlotAttributes::m_SlotGroup>},
+    AttributeRule<SlotAttributes>{
+        QLatin1String("SlotGroupIndexIncrement"), storeUint<&SlotAttributes::m_SlotGroupIndexIncrement>},
+    AttributeRule<SlotAttributes>{
+        QLatin1String("SlotGroupPdoIncrement"), storeUint<&SlotAttributes::m_SlotGroupPdoIncrement>},
+};
+
+/// ODD, KEPT: each child node makes a record of its own, so a class with a `Class` and a `Name` gives two records with
+/// one text each, and a bare text gives an empty one. The lists are matched text by text, never as pairs.
+void appendModuleClasses(struct_Slot& slot, const QDomElement& element)
+{
+    for (QDomNode node = element.firstChild(); !node.isNull(); node = node.nextSibling()) {
+        struct_ModuleClass moduleClass;
+        if (const QDomElement child = node.toElement(); !child.isNull()) {
+            if (child.tagName() == QLatin1String("Class"))
+                moduleClass.Class = child.text().toStdString();
+            else if (child.tagName() == QLatin1String("Name"))
+                moduleClass.Name = child.text().toStdString();
+        }
+        slot.ModuleClass.push_back(std::move(moduleClass));
+    }
+}
+
+/// One record per child node: an ordinary element has one, its text, and an empty element gives none.
+void appendModuleIdents(struct_Slot& slot, const QDomElement& element)
+{
+    struct_ModuleIdent ident;
+    ident.Attributes.Default = toBool(element.attribute(QStringLiteral("Default"))) ? 1 : 0;
+    ident.ModuleIdent = toUint(element.text());
+    for (QDomNode node = element.firstChild(); !node.isNull(); node = node.nextSibling())
+        slot.ModuleIdent.push_back(ident);
+}
+
+constexpr std::array slotChildRules{
+    ElementRule<struct_Slot>{QLatin1String("Name"), fromText<storeText<&struct_Slot::Name>>},
+    ElementRule<struct_Slot>{QLatin1String("ModuleClass"), appendModuleClasses},
+    ElementRule<struct_Slot>{QLatin1String("ModuleIdent"), appendModuleIdents},
+};
+
+struct_Slot slotFrom(const QDomElement& element, const SlotsAttributes& defaults)
+{
+    struct_Slot slot;
+    slot.Attributes.SlotIndexIncrement = defaults.SlotIndexIncrement;
+    slot.Attributes.SlotPdoIncrement = defaults.SlotPdoIncrement;
+    slot.Attributes.m_SlotGroupIndexIncrement = defaults.m_SlotGroupIndexIncrement;
+    slot.Attributes.m_SlotGroupPdoIncrement = defaults.m_SlotGroupPdoIncrement;
+    readAttributes(element, slotRules, slot.Attributes);
+    readChildren(element, slotChildRules, slot);
+    return slot;
+}
+
+void nameSlotsOfGroup(const QDomElement& groupData, std::vector<struct_Slot>& allSlots)
+{
+    const QString groupAttribute = QStringLiteral("SlotGroup");
+    const std::int32_t group = groupData.hasAttribute(groupAttribute) ? toInt(groupData.attribute(groupAttribute)) : -1;
+    if (group < 0)
+        return;
+    std::string tail;
+    forEachChildElement(groupData, QLatin1String("Name"),
+                        [&](const QDomElement& name) { tail += "-->" + name.text().toStdString(); });
+    for (struct_Slot& slot : allSlots)
+        if (slot.Attributes.m_SlotGroup == group)
+            slot.Name += tail;
+}
+
+} // namespace
+
+void read_device_Slotsinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
+{
+    if (element == nullptr || ether_device == nullptr)
+        return;
+    DeviceSlots& deviceSlots = ether_device->Slots;
+    // A second `Slots` element starts its increments anew; the other attributes keep what the first one said.
+    deviceSlots.Attributes.SlotIndexIncrement = 0;
+    deviceSlots.Attributes.SlotPdoIncrement = 0;
+    deviceSlots.Attributes.m_SlotGroupIndexIncrement = 0;
+    deviceSlots.Attributes.m_SlotGroupPdoIncrement = 0;
+    readAttributes(*element, slotsRules, deviceSlots.Attributes);
+
+    const auto [slotElements, groupElements] =
+        descendantsByTag<2>(*element, {QLatin1String("Slot"), QLatin1String("SlotGroupData")});
+    for (const QDomElement& slotElement : slotElements)
+        deviceSlots.vslot.push_back(slotFrom(slotElement, deviceSlots.Attributes));
+    for (const QDomElement& groupElement : groupElements)
+        nameSlotsOfGroup(groupElement, deviceSlots.vslot);
+}

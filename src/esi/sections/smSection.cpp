@@ -1,0 +1,37 @@
+// smSection.cpp - one `Sm` element of a device.
+#include "esi/fieldRules.h"
+#include "esi/storeField.h"
+#include "esi/syncDirection.h"
+#include "esi/xmlparsing.h"
+
+namespace {
+
+constexpr std::array smRules{
+    AttributeRule<SmAttributes>{QLatin1String("DefaultSize"), storeUint<&SmAttributes::DefaultSize>},
+    AttributeRule<SmAttributes>{QLatin1String("StartAddress"), storeUint<&SmAttributes::StartAddress>},
+    AttributeRule<SmAttributes>{QLatin1String("MinSize"), storeUint<&SmAttributes::MinSize>},
+    AttributeRule<SmAttributes>{QLatin1String("MaxSize"), storeUint<&SmAttributes::MaxSize>},
+    AttributeRule<SmAttributes>{QLatin1String("ControlByte"), storeUint<&SmAttributes::ControlByte>},
+    AttributeRule<SmAttributes>{QLatin1String("Enable"), storeUint<&SmAttributes::Enable>},
+    AttributeRule<SmAttributes>{QLatin1String("Virtual"), storeUint<&SmAttributes::m_Virtual>},
+};
+
+constexpr std::uint8_t mailboxOutput = 1;
+
+} // namespace
+
+void read_device_SMinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
+{
+    if (element == nullptr || ether_device == nullptr)
+        return;
+    struct_SM syncManager;
+    // ESI has no attribute for the number: sync managers are numbered in document order.
+    syncManager.SM = static_cast<std::uint8_t>(ether_device->vSM.size());
+    readAttributes(*element, smRules, syncManager.Attributes);
+    const QString name = element->text();
+    syncManager.Name = name.toStdString();
+    // ODD, KEPT: an unknown or missing name counts as mailbox output (1), where an FMMU gets 0. The first sync manager
+    // of simple slaves comes without a name, and it is the mailbox output that the controller then expects there.
+    syncManager.Smtype = syncDirection(name, mailboxOutput);
+    ether_device->vSM.push_back(std::move(syncManager));
+}

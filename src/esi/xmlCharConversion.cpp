@@ -1,0 +1,183 @@
+#include "esi/xmlCharConversion.h"
+
+#include <QLatin1String>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace {
+
+constexpr int decimal = 10;
+constexpr int hexadecimal = 16;
+
+struct TokenText
+{
+    NMTOKEN token;
+    QLatin1String read; // upper case, as the texts of an ESI file are compared; empty: no text reads as this token
+    QLatin1String shown;
+};
+
+// ODD, KEPT: the two directions are not symmetric. A transition is shown in upper case as the state machine's
+// documents write it, an access right or category in lower case as a dictionary writes it, and IP_PS can be shown but
+// never read: no ESI file declares both transitions in one command, only the start-up generation makes such a command.
+constexpr std::array tokenTexts{
+    TokenText{IP, QLatin1String("IP"), QLatin1String("IP")},
+    TokenText{IP_PS, QLatin1String(), QLatin1String("IP_PS")},
+    TokenText{PS, QLatin1String("PS"), QLatin1String("PS")},
+    TokenText{PI, QLatin1String("PI"), QLatin1String("PI")},
+    TokenText{SP, QLatin1String("SP"), QLatin1String("SP")},
+    TokenText{SO, QLatin1String("SO"), QLatin1String("SO")},
+    TokenText{SI, QLatin1String("SI"), QLatin1String("SI")},
+    TokenText{OS, QLatin1String("OS"), QLatin1String("OS")},
+    TokenText{OP, QLatin1String("OP"), QLatin1String("OP")},
+    TokenText{OI, QLatin1String("OI"), QLatin1String("OI")},
+    TokenText{IB, QLatin1String("IB"), QLatin1String("IB")},
+    TokenText{BI, QLatin1String("BI"), QLatin1String("BI")},
+    TokenText{m, QLatin1String("M"), QLatin1String("m")},
+    TokenText{o, QLatin1String("O"), QLatin1String("o")},
+    TokenText{c, QLatin1String("C"), QLatin1String("c")},
+    TokenText{ro, QLatin1String("RO"), QLatin1String("ro")},
+    TokenText{rw, QLatin1String("RW"), QLatin1String("rw")},
+    TokenText{wo, QLatin1String("WO"), QLatin1String("wo")},
+    TokenText{t, QLatin1String("T"), QLatin1String("t")},
+    TokenText{r, QLatin1String("R"), QLatin1String("r")},
+    TokenText{tr, QLatin1String("TR"), QLatin1String("tr")},
+    TokenText{NONE, QLatin1String("NONE"), QLatin1String("NONE")},
+    TokenText{EQ, QLatin1String("EQ"), QLatin1String("EQ")},
+};
+
+QString upperCased(QStringView text)
+{
+    return text.toString().toUpper();
+}
+
+void removeFirst(QString& text, QLatin1String mark)
+{
+    if (const auto position = text.indexOf(mark); position >= 0)
+        text.remove(position, mark.size());
+}
+
+// ODD, KEPT: the marks are searched for anywhere in the text, and each of the digits A to F counts as a mark by itself.
+// Vendors write "#x1A", "0x1a", "DT1A" and a bare "1A" for the same number, and all of them have to be understood; the
+// price is that a word such as "1E" is 30 and never a decimal number.
+bool isHexadecimal(const QString& upper)
+{
+    static constexpr std::array marks{QLatin1String("#X"), QLatin1String("0X"), QLatin1String("DT")};
+    const auto isHexLetter = [](QChar letter) { return letter >= QLatin1Char('A') && letter <= QLatin1Char('F'); };
+    return std::any_of(upper.cbegin(), upper.cend(), isHexLetter)
+           || std::any_of(marks.cbegin(), marks.cend(), [&](QLatin1String mark) { return upper.contains(mark); });
+}
+
+/// The rule of `xmlGetuintString` and `xmlGetIntString`, which differ in the last read only.
+template<typename Number>
+Number toNumber(QStringView text, Number (QString::*read)(bool*, int) const)
+{
+    QString upper = upperCased(text);
+    // ODD, KEPT: part of a word counts, so "untrue" is 1. Flags such as Enable and Virtual come as numbers and as
+    // words, with blanks and quotes around them in some files, and one conversion serves both.
+    if (upper.contains(QLatin1String("TRUE")))
+        return 1;
+    if (upper.contains(QLatin1String("FALSE")))
+        return 0;
+    int base = decimal;
+    if (isHexadecimal(upper)) {
+        base = hexadecimal;
+        removeFirst(upper, QLatin1String("#X"));
+        removeFirst(upper, QLatin1String("0X"));
+        removeFirst(upper, QLatin1String("DT"));
+    }
+    bool converted = false;
+    const Number number = (upper.*read)(&converted, base);
+    return converted ? number : 0;
+}
+
+} // namespace
+
+bool toBool(QStringView text)
+{
+    const QString upper = upperCased(text);
+    if (upper == QLatin1String("TRUE"))
+        return true;
+    bool converted = false;
+    const int number = upper.toInt(&converted, decimal);
+    return converted && number > 0;
+}
+
+NMTOKEN toToken(QStringView text)
+{
+    const QString upper = upperCased(text);
+    const auto row = std::find_if(tokenTexts.cbegin(), tokenTexts.cend(), [&](const TokenText& candidate) {
+        return candidate.read.size() > 0 && upper == candidate.read;
+    });
+    return row == tokenTexts.cend() ? UnknownType : row->token;
+}
+
+std::uint32_t toUint(QStringView text)
+{
+    return toNumber<std::uint32_t>(text, &QString::toUInt);
+}
+
+std::int32_t toInt(QStringView text)
+{
+    return toNumber<std::int32_t>(text, &QString::toInt);
+}
+
+std::uint32_t toUintFromBytes(QStringView text)
+{
+    QString digits = upperCased(text);
+    // ODD, KEPT: with the mark the number is taken as it stands, without it the bytes are swapped. "#x0A0B" is a
+    // number written by a person, "0A0B" the bytes as they travel on the bus, and those travel low byte first.
+    if (digits.contains(QLatin1String("#X"))) {
+        removeFirst(digits, QLatin1String("#X"));
+    } else {
+        // Whole pairs are taken from the end, so an odd first digit is dropped: "ABC" is 0xBC.
+        QString swapped;
+        swapped.reserve(digits.size());
+        for (auto position = digits.size() - 2; position >= 0; position -= 2)
+            swapped += QStringView(digits).mid(position, 2);
+        digits = swapped;
+    }
+    bool converted = false;
+    const std::uint32_t number = digits.toUInt(&converted, hexadecimal);
+    return converted ? number : 0;
+}
+
+bool xmlGetboolean(QChar* text)
+{
+    return toBool(QString(text, -1));
+}
+
+NMTOKEN xmlGetEnumNmtoken(QChar* text)
+{
+    return toToken(QString(text, -1));
+}
+
+QString xmlGetStringEnumNmtoken(NMTOKEN token)
+{
+    const auto row = std::find_if(
+        tokenTexts.cbegin(), tokenTexts.cend(), [token](const TokenText& candidate) { return candidate.token == token; });
+    return row == tokenTexts.cend() ? QString() : QString(row->shown);
+}
+
+std::uint32_t xmlGetuintString(QChar* text)
+{
+    return toUint(QString(text, -1));
+}
+
+std::int32_t xmlGetIntString(QChar* text)
+{
+    return toInt(QString(text, -1));
+}
+
+std::uint32_t xmlGetuintStringBigEnd(QChar* text)
+{
+    return toUintFromBytes(QString(text, -1));
+}
+
+QString xmlGetStringuint(std::uint32_t num)
+{
+    if (num == 0)
+        return QStringLiteral("0x00");
+    return QLatin1String("0x") + QString::number(num, hexadecimal);
+}
