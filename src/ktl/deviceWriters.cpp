@@ -1,0 +1,175 @@
+// deviceWriters.cpp - General, FMMU, sync manager, DC, EEPROM and end items.
+#include "ktl/itemWriter.h"
+#include "ktl/ktlExport.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+bool hasModuleBlocks(const struct_EtherCatDevice& device)
+{
+    return device.m_iDeviceType == KTL_DEVICE_TYPE_PnpIOBlock || device.m_iDeviceType == KTL_DEVICE_TYPE_ManualIOBlock;
+}
+
+/// Slot positions: each slot is one, or as many as it takes modules, whichever sum is greater.
+std::uint16_t slotPositions(const struct_EtherCatDevice& device)
+{
+    std::uint64_t instances = 0;
+    for (const struct_Slot& slot : device.Slots.vslot)
+        instances += slot.Attributes.MaxInstances;
+    return static_cast<std::uint16_t>(std::max<std::uint64_t>(instances, device.Slots.vslot.size()));
+}
+
+std::uint16_t moduleCount(const struct_FilenameDevice& file)
+{
+    std::size_t modules = 0;
+    for (const struct_commentmodule& group : file.vcommentmodule)
+        modules += group.vmodule.size();
+    return static_cast<std::uint16_t>(modules);
+}
+
+bool isVirtual(const struct_SM& syncManager)
+{
+    return syncManager.Attributes.m_Virtual != 0;
+}
+
+/// Whole part of a length, low 16 bits; 0 for a length that no 64-bit number can hold.
+std::uint16_t wholeBytes(float length)
+{
+    constexpr float limit = 9.0e18F;
+    return std::abs(length) < limit ? static_cast<std::uint16_t>(static_cast<std::int64_t>(length)) : std::uint16_t{0};
+}
+
+struct_KTL_SmAttributes smRecord(const struct_SM& syncManager)
+{
+    const SmAttributes& attributes = syncManager.Attributes;
+    struct_KTL_SmAttributes record{};
+    record.m_iStartAddress = attributes.StartAddress;
+    record.m_iMinSize = attributes.MinSize;
+    record.m_iMaxSize = attributes.MaxSize;
+    record.m_iDefaultSize = attributes.DefaultSize;
+    record.ControlByte = attributes.ControlByte;
+    record.Enable = attributes.Enable;
+    // Process data sync managers carry the size that the PDO selection gives now, not the default of the description:
+    // the controller sets the length register from this field.
+    if (syncManager.Smtype == KTL_Outputs || syncManager.Smtype == KTL_Inputs)
+        record.m_iDefaultSize = wholeBytes(syncManager.Length);
+    return record;
+}
+
+struct_KTL_FmmuAttributes fmmuRecord(const Struct_Fmmu& fmmu)
+{
+    struct_KTL_FmmuAttributes record{};
+    record.m_iOpOnly = fmmu.m_OpOnly ? 1 : 0;
+    record.m_iSm = static_cast<std::uint8_t>(fmmu.m_Sm);
+    record.m_iSu = static_cast<std::uint8_t>(fmmu.m_Su);
+    record.m_iFmmuType = static_cast<std::uint8_t>(fmmu.m_FmmuType);
+    return record;
+}
+
+/// Only the assign-activate word goes out: the controller takes cycle and shift times from its own configuration.
+struct_KTL_DcAttributes dcRecord(const Struct_DCOpMode& mode)
+{
+    struct_KTL_DcAttributes record{};
+    record.AssignActivate = mode.AssignActivate;
+    return record;
+}
+
+/// Writes an item that is a counted list of records behind a 12-byte head.
+template<typename Item, typename Record>
+void writeCountedItem(std::FILE* out, enum_KTL_ITEM_TYPE type, const std::vector<Record>& records)
+{
+    constexpr std::size_t headSize = sizeof(Item) - sizeof(Record);
+    Item head{};
+    head.m_iItemType = type;
+    head.m_iSize = static_cast<std::uint32_t>(headSize + records.size() * sizeof(Record));
+    head.m_iCount = static_cast<std::uint32_t>(records.size());
+    ItemWriter item(head, headSize);
+    for (const Record& record : records)
+        item.add(record);
+    item.writeTo(out);
+}
+
+template<typename Source, typename Record>
+std::vector<Record> recordsOf(const std::vector<Source>& sources, Record (*recordOf)(const Source&))
+{
+    std::vector<Record> records;
+    records.reserve(sources.size());
+    std::transform(sources.cbegin(), sources.cend(), std::back_inserter(records), recordOf);
+    return records;
+}
+
+} // namespace
+
+int KTL_write_device_General(std::FILE* out, struct_EtherCatDevice* device, struct_FilenameDevice* filedevices)
+{
+    if (out == nullptr || device == nullptr || filedevices == nullptr)
+        return 0;
+    struct_KTL_EtherCatDeviceType item{};
+    item.m_iItemType = KTL_ITEM_General;
+    item.m_iSize = sizeof item;
+    // The file's vendor id: an ESI device has none of its own.
+    item.m_iVendor_Id = filedevices->Vendor_Id;
+    item.m_iProduct_Code = device->TypeAttributes.Product_Code;
+    item.m_iRevision_No = device->TypeAttributes.Revision_No;
+    item.m_iSerial_No = device->TypeAttributes.Serial_No;
+    item.m_iDeviceType = device->m_iDeviceType;
+    item.m_bSdoSupport = device->Mailbox.COE.Attributes.SdoInfo ? 1 : 0;
+    if (hasModuleBlocks(*device)) {
+        item.m_iSlotCount = slotPositions(*device);
+        item.m_iModuleTypeMax = moduleCount(*filedevices);
+    }
+    item.m_iDriveAxies = device->m_iDriveAxies;
+    return static_cast<int>(ItemWriter(item).writeTo(out));
+}
+
+void KTL_write_device_FmmuInfo(std::FILE* out, struct_EtherCatDevice* device)
+{
+    if (out == nullptr || device == nullptr || device->vFmmu.empty())
+        return;
+    writeCountedItem<struct_KTL_FmmuType>(out, KTL_ITEM_FMMU, recordsOf(device->vFmmu, fmmuRecord));
+}
+
+void KTL_write_device_SmInfo(std::FILE* out, struct_EtherCatDevice* device)
+{
+    if (out == nullptr || device == nullptr)
+        return;
+    // ODD, KEPT: a virtual sync manager leaves no record behind while PDOs keep the numbers that they had. The
+    // controller counts the records it finds, and vendors declare virtual ones last.
+    std::vector<struct_KTL_SmAttributes> records;
+    for (const struct_SM& syncManager : device->vSM)
+        if (!isVirtual(syncManager))
+            records.push_back(smRecord(syncManager));
+    if (!records.empty())
+        writeCountedItem<struct_KTL_SmType>(out, KTL_ITEM_SM, records);
+}
+
+void KTL_write_device_DcInfo(std::FILE* out, struct_EtherCatDevice* device)
+{
+    if (out == nullptr || device == nullptr || device->vopmode.empty())
+        return;
+    writeCountedItem<struct_KTL_DcType>(out, KTL_ITEM_DC, recordsOf(device->vopmode, dcRecord));
+}
+
+void KTL_write_device_EEPROM(std::FILE* out, struct_EtherCatDevice* /*device*/)
+{
+    if (out == nullptr)
+        return;
+    constexpr std::uint32_t eepromBytes = 2048;
+    struct_KTL_EEPROM item{};
+    item.m_iItemType = KTL_ITEM_EEPROM;
+    item.m_iSize = sizeof item;
+    item.m_iByteSize = eepromBytes;
+    ItemWriter(item).writeTo(out);
+}
+
+void KTL_write_device_end(std::FILE* out)
+{
+    if (out == nullptr)
+        return;
+    struct_KTL_ItemEnd item{};
+    item.m_iItemType = KTL_ITEM_END;
+    item.m_iSize = sizeof item;
+    ItemWriter(item).writeTo(out);
+}

@@ -1,0 +1,122 @@
+// initCmdWriters.cpp - EoE and CoE items: flags and startup commands.
+#include "ktl/itemWriter.h"
+#include "ktl/ktlExport.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+constexpr std::size_t mostAccessBytes = 4096; // what the controller's buffer for complete accesses holds
+
+struct_KTL_InitCmd commandRecord(const struct_InitCmd& command)
+{
+    struct_KTL_InitCmd record{};
+    record.Transition = static_cast<std::uint16_t>(command.Transition);
+    record.Index = command.Index;
+    record.SubIndex = command.SubIndex;
+    record.bIfCA = command.bIfCA;
+    record.DataBytes = command.DataBytes;
+    record.Data = command.Data;
+    return record;
+}
+
+struct_KTL_InitCmd commandRecord(const struct_moduleInitCmd& command)
+{
+    struct_KTL_InitCmd record{};
+    record.Transition = static_cast<std::uint16_t>(command.Transition);
+    record.Index = command.indexAttributes.index;
+    record.SubIndex = static_cast<std::uint8_t>(command.SubIndex);
+    record.bIfCA = command.bIfCA;
+    record.DataBytes = command.DataBytes;
+    record.Data = command.Data;
+    return record;
+}
+
+/// Announced bytes of the complete accesses of one list: a command that would pass the limit is left out of the sum.
+template<typename Command>
+std::size_t announcedAccessBytes(const std::vector<Command>& commands)
+{
+    std::size_t bytes = 0;
+    for (const Command& command : commands)
+        if (command.bIfCA != 0 && command.DataBytes + bytes <= mostAccessBytes)
+            bytes += command.DataBytes;
+    return bytes;
+}
+
+/// Adds the records of one list to the item and collects the values of its complete accesses.
+///
+/// ODD, KEPT: the limit is tested by the announced bytes, while each value adds four. The two differ where a list holds
+/// more values than it announces; the block is then longer than the item says, and the controller reads it as far as
+/// the commands go. A command whose values do not fit keeps its complete-access mark without them.
+template<typename Command>
+void addCommands(ItemWriter& item, const std::vector<Command>& commands, std::vector<std::uint32_t>& accessValues)
+{
+    for (const Command& command : commands) {
+        item.add(commandRecord(command));
+        const std::size_t filled = accessValues.size() * sizeof(std::uint32_t);
+        if (command.bIfCA == 0 || command.DataBytes + filled > mostAccessBytes)
+            continue;
+        // Values that do not fit whole into the block are dropped.
+        const std::size_t room = (mostAccessBytes - filled) / sizeof(std::uint32_t);
+        const auto values = static_cast<std::ptrdiff_t>(std::min(room, command.m_CADataList.size()));
+        accessValues.insert(accessValues.end(), command.m_CADataList.begin(), command.m_CADataList.begin() + values);
+    }
+}
+
+} // namespace
+
+void KTL_write_device_EoEInitCmd(std::FILE* out, struct_EtherCatDevice* device)
+{
+    if (out == nullptr || device == nullptr)
+        return;
+    constexpr std::size_t headSize = offsetof(struct_KTL_EOE, m_aInitCmd);
+    const DeviceEoe& eoe = device->Mailbox.EOE;
+    struct_KTL_EOE head{};
+    head.m_iItemType = KTL_ITEM_EoE;
+    head.m_bIP = eoe.Attributes.IP ? 1 : 0;
+    head.m_bMAC = eoe.Attributes.MAC ? 1 : 0;
+    // ODD, KEPT: count and size take the low 8 bits of the number of commands, while all records are written. No slave
+    // has that many EoE commands, and the controller's count for EoE has one byte.
+    head.m_iInitCmdCount = static_cast<std::uint8_t>(eoe.InitCmd.vinitcmd.size());
+    head.m_iSize = static_cast<std::uint32_t>(headSize + head.m_iInitCmdCount * sizeof(struct_KTL_InitCmd));
+    ItemWriter item(head, headSize);
+    for (const struct_InitCmd& command : eoe.InitCmd.vinitcmd)
+        item.add(commandRecord(command));
+    item.writeTo(out);
+}
+
+void KTL_write_device_CoEInitCmd(std::FILE* out, struct_EtherCatDevice* device)
+{
+    if (out == nullptr || device == nullptr)
+        return;
+    constexpr std::size_t headSize = offsetof(struct_KTL_COE, m_aInitCmd);
+    constexpr std::size_t countFromSize = 255; // tells the controller to count the commands from the item's size
+    constexpr std::size_t alignment = 4;
+    const std::vector<struct_InitCmd>& commands = device->Mailbox.COE.InitCmd.vinitcmd;
+    const std::vector<struct_moduleInitCmd>& moduleCommands = device->mMailbox.COE.vinitcmd;
+    const CoeAttributes& flags = device->Mailbox.COE.Attributes;
+    const std::size_t count = commands.size() + moduleCommands.size();
+    const std::size_t size = headSize + count * sizeof(struct_KTL_InitCmd) + announcedAccessBytes(commands)
+                             + announcedAccessBytes(moduleCommands);
+
+    struct_KTL_COE head{};
+    head.m_iItemType = KTL_ITEM_CoE;
+    head.m_iSize = static_cast<std::uint32_t>((size + alignment - 1) / alignment * alignment);
+    head.m_bSdoInfo = flags.SdoInfo ? 1 : 0;
+    head.m_bPdoAssign = flags.PdoAssign ? 1 : 0;
+    head.m_bPdoUpload = flags.PdoUpload ? 1 : 0;
+    head.m_bPdoConfig = flags.PdoConfig ? 1 : 0;
+    head.m_bSegmentedSdo = flags.SegmentedSdo ? 1 : 0;
+    head.m_bCompleteAccess = flags.CompleteAccess ? 1 : 0;
+    head.m_bDiagHistory = flags.DiagHistory ? 1 : 0;
+    head.m_iInitCmdCount = static_cast<std::uint8_t>(std::min(count, countFromSize));
+
+    ItemWriter item(head, headSize);
+    std::vector<std::uint32_t> accessValues;
+    addCommands(item, commands, accessValues);
+    addCommands(item, moduleCommands, accessValues);
+    for (const std::uint32_t value : accessValues)
+        item.add(value);
+    item.writeTo(out);
+}

@@ -1,0 +1,73 @@
+// ktlCodes.h - the codes of the KTL format.
+#pragma once
+
+#include <cstdint>
+
+/// Item types. Each item starts with one of these.
+enum enum_KTL_ITEM_TYPE : std::uint32_t
+{
+    KTL_ITEM_END = 0, ///< closes a run of devices
+    KTL_ITEM_General = 40000, ///< opens a device
+    KTL_ITEM_SM = 40001,
+    KTL_ITEM_DC = 40002,
+    KTL_ITEM_RxPdo = 40003, ///< one item per PDO
+    KTL_ITEM_TxPdo = 40004, ///< one item per PDO
+    KTL_ITEM_EoE = 40005,
+    KTL_ITEM_CoE = 40006,
+    KTL_ITEM_Slot = 40007,
+    KTL_ITEM_EEPROM = 40008,
+    KTL_ITEM_ObjectDetectType = 40009,
+    KTL_ITEM_ObjectConfigType = 40010,
+    KTL_ITEM_ObjectModule = 40011, ///< never written
+    KTL_ITEM_SubObjectType = 40012,
+    KTL_ITEM_ModuleType = 40013, ///< opens a module
+    KTL_ITEM_FMMU = 40014,
+    KTL_ITEM_SlotPreConfig = 40015,
+    KTL_ITEM_DeviceMoreInfo = 40016,
+    KTL_ITEM_ModuleRxPDOType = 40100, ///< never written
+    KTL_ITEM_ModuleTxPDOType = 40101, ///< never written
+    KTL_ITEM_ModuleTPDOEntryType = 40102,
+    KTL_ITEM_ModuleRPDOEntryType = 40103,
+    KTL_ITEM_ModuleCoEInitCmdType = 40104,
+    KTL_ITEM_ModuleDictDT = 40105, ///< never written
+    KTL_ITEM_ModuleDictObject = 40106 ///< never written
+};
+
+/// Device classes. They count from 0; the words that the window offers for them count from 1.
+enum enum_KTL_DEVICE_TYPE : std::uint16_t
+{
+    KTL_DEVICE_TYPE_IOBlock = 0,
+    KTL_DEVICE_TYPE_SingleDriver = 1,
+    KTL_DEVICE_TYPE_MultiDriver = 2, ///< module PDOs are written as ordinary PDO items
+    KTL_DEVICE_TYPE_PnpIOBlock = 3, ///< slot and module counts in General, module blocks behind the device
+    KTL_DEVICE_TYPE_Special = 4, ///< module PDOs are written as ordinary PDO items
+    KTL_DEVICE_TYPE_ManualIOBlock = 5 ///< as PnpIOBlock, and a SlotPreConfig item
+};
+
+/// Directions of sync managers and FMMUs.
+enum enum_KTL_SMFMMU_TYPE : std::uint8_t
+{
+    KTL_UnknownType = 0,
+    KTL_MBoxOut = 1,
+    KTL_MBoxIn = 2,
+    KTL_Outputs = 3,
+    KTL_Inputs = 4,
+    KTL_DyOutputs = 5,
+    KTL_DyInputs = 6,
+    KTL_Local = 7
+};
+
+/// Links of a PDO entry to an input or output of the controller. -3 is not assigned.
+enum enum_KTL_PDO_TYPE : std::int32_t
+{
+    KTL_PDO_TYPE_NONE = 0,
+    KTL_PDO_TYPE_DIN = -1,
+    KTL_PDO_TYPE_DOUT = -2,
+    KTL_PDO_TYPE_I16_AIN = -4,
+    KTL_PDO_TYPE_I32_AIN = -5,
+    KTL_PDO_TYPE_FLOAT_AIN = -6,
+    KTL_PDO_TYPE_I16_AOUT = -7,
+    KTL_PDO_TYPE_I32_AOUT = -8,
+    KTL_PDO_TYPE_FLOAT_AOUT = -9,
+    KTL_PDO_TYPE_ENCODER32 = -10
+};

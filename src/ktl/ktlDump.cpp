@@ -1,0 +1,112 @@
+// ktlDump.cpp - the text dump of a KTL file. It knows item heads only and interprets no records.
+#include "ktl/ktlExport.h"
+
+#include <cstring>
+
+namespace {
+
+constexpr int mostItems = 2000;
+
+struct ItemName
+{
+    std::int32_t type;
+    const char* text;
+};
+
+constexpr ItemName itemNames[] = {
+    {KTL_ITEM_General, " General \r\n  0x"},
+    {KTL_ITEM_SM, " SM \r\n  0x"},
+    {KTL_ITEM_DC, " DC \r\n  0x"},
+    {KTL_ITEM_RxPdo, " RxPdo \r\n  0x"},
+    {KTL_ITEM_TxPdo, " TxPdo \r\n  0x"},
+    {KTL_ITEM_EoE, " EoE \r\n  0x"},
+    {KTL_ITEM_CoE, " CoE \r\n  0x"},
+    {KTL_ITEM_Slot, " Slot \r\n  0x"},
+    {KTL_ITEM_EEPROM, " EEPROM \r\n  0x"},
+    {KTL_ITEM_ObjectDetectType, " ObjectDetectType \r\n  0x"},
+    {KTL_ITEM_ObjectConfigType, " ObjectConfigType \r\n  0x"},
+    {KTL_ITEM_ObjectModule, " ObjectModule \r\n  0x"},
+    {KTL_ITEM_SubObjectType, " SubObjectType \r\n  0x"},
+    {KTL_ITEM_ModuleType, " ModuleType \r\n  0x"},
+    {KTL_ITEM_FMMU, " FMMU \r\n  0x"},
+    {KTL_ITEM_SlotPreConfig, " SlotPreConfig \r\n  0x"},
+    {KTL_ITEM_DeviceMoreInfo, " DeviceMoreInfo \r\n  0x"},
+    {KTL_ITEM_ModuleRxPDOType, " ModuleRxPDO \r\n  0x"},
+    {KTL_ITEM_ModuleTxPDOType, " ModuleTxPDO \r\n  0x"},
+    {KTL_ITEM_ModuleTPDOEntryType, " ModuleTPDOEntry \r\n  0x"},
+    {KTL_ITEM_ModuleRPDOEntryType, " ModuleRPDOEntry \r\n  0x"},
+    {KTL_ITEM_ModuleCoEInitCmdType, " ModuleCoEInitCmd \r\n  0x"},
+    {KTL_ITEM_ModuleDictDT, " ModuleDictDT \r\n  0x"},
+    {KTL_ITEM_ModuleDictObject, " ModuleDictObject \r\n  0x"},
+};
+
+const char* itemName(std::int32_t type)
+{
+    for (const ItemName& row : itemNames)
+        if (row.type == type)
+            return row.text;
+    return "  \r\n  0x"; // the end item too
+}
+
+/// Reads one number of an item head; a read that fails keeps what the item before left there.
+void readHeadNumber(std::FILE* ktl, std::int32_t& number)
+{
+    std::int32_t value = 0;
+    if (std::fread(&value, sizeof value, 1, ktl) == 1)
+        number = value;
+}
+
+/// Writes the words of an item behind its head. A last part of less than four bytes stays unread, and words that the
+/// file does not reach are shown as what there is of them, the rest 0.
+void dumpWords(std::FILE* log, std::FILE* ktl, std::int32_t itemSize)
+{
+    constexpr auto headSize = static_cast<std::int32_t>(sizeof(struct_KTL_ItemHead));
+    constexpr auto wordSize = static_cast<std::int32_t>(sizeof(std::uint32_t));
+    const std::int32_t words = (itemSize - headSize) / wordSize;
+    for (std::int32_t index = 0; index < words; ++index) {
+        unsigned char bytes[sizeof(std::uint32_t)] = {};
+        static_cast<void>(std::fread(bytes, 1, sizeof bytes, ktl)); // a short read leaves the rest of the word 0
+        std::uint32_t word = 0;
+        std::memcpy(&word, bytes, sizeof word);
+        std::fprintf(log, "%x \t", word);
+    }
+}
+
+/// The loop over the items.
+/// @return  false at an item head that cannot be
+bool dumpItems(std::FILE* log, std::FILE* ktl)
+{
+    constexpr auto smallestItem = static_cast<std::int32_t>(sizeof(struct_KTL_ItemHead));
+    std::int32_t type = 0;
+    std::int32_t size = 0;
+    for (int item = 0; item < mostItems; ++item) {
+        if (std::feof(ktl) != 0)
+            return true;
+        readHeadNumber(ktl, type);
+        readHeadNumber(ktl, size);
+        if (size < smallestItem || type < 0) {
+            std::fprintf(log, "Err para: Id value-dec: %d,Len: %d\r\n  \r\n", type, size);
+            return false;
+        }
+        if (std::feof(ktl) != 0)
+            return true;
+        std::fprintf(log, "ItemHead-dec: %d,Len: %d   ", type, size);
+        std::fputs(itemName(type), log);
+        dumpWords(log, ktl, size);
+        std::fputs("\r\n", log);
+    }
+    return true;
+}
+
+} // namespace
+
+bool KTL_write_log_devices(std::FILE* log, std::FILE* ktl, int* piErrorCode)
+{
+    if (piErrorCode != nullptr)
+        *piErrorCode = 0;
+    if (log == nullptr || ktl == nullptr)
+        return false;
+    static_cast<void>(std::fseek(ktl, 0, SEEK_SET)); // a stream that cannot seek is read from where it stands
+    std::fprintf(log, "KTL Version %s \n", versionText);
+    return dumpItems(log, ktl);
+}

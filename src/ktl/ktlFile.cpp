@@ -1,0 +1,66 @@
+#include "ktl/ktlFile.h"
+
+#include "ktl/ktlExport.h"
+
+#include <stdexcept>
+
+namespace {
+
+FileHandle openFile(const std::string& path, const char* mode)
+{
+    return FileHandle(std::fopen(path.c_str(), mode));
+}
+
+/// Closes a file that was written.
+/// @return  whether everything that was written has reached the file
+bool closeWritten(FileHandle file)
+{
+    const bool wasClean = std::ferror(file.get()) == 0;
+    const bool isFlushed = std::fclose(file.release()) == 0;
+    return wasClean && isFlushed;
+}
+
+KtlSaveResult writeKtl(const std::string& path, KtlSaveMode mode,
+                       const std::function<bool(std::FILE* out, int* errorCode)>& writeRun)
+{
+    FileHandle file = openFile(path, mode == KtlSaveMode::Append ? "ab" : "wb");
+    if (file == nullptr)
+        return {KtlSaveStatus::CannotWrite, {}};
+    try {
+        int errorCode = 0;
+        const bool reachedEnd = writeRun(file.get(), &errorCode);
+        const bool isComplete = closeWritten(std::move(file));
+        return {reachedEnd && isComplete ? KtlSaveStatus::Saved : KtlSaveStatus::CannotWrite, {}};
+    } catch (const std::out_of_range& error) {
+        // A PDO on a sync manager that its device does not have: the stream ends in the middle of that device.
+        return {KtlSaveStatus::CannotWrite, error.what()};
+    }
+}
+
+KtlSaveResult writeDump(const std::string& path)
+{
+    const FileHandle ktl = openFile(path, "rb");
+    if (ktl == nullptr)
+        return {KtlSaveStatus::CannotReopen, {}};
+    FileHandle log = openFile(dumpPathOf(path), "w+");
+    if (log == nullptr)
+        return {KtlSaveStatus::CannotWriteDump, {}};
+    int errorCode = 0;
+    // The dump's own result is no failure of the export: it tells of items in front of an appended run.
+    static_cast<void>(KTL_write_log_devices(log.get(), ktl.get(), &errorCode));
+    return {closeWritten(std::move(log)) ? KtlSaveStatus::Saved : KtlSaveStatus::CannotWriteDump, {}};
+}
+
+} // namespace
+
+std::string dumpPathOf(const std::string& ktlPath)
+{
+    return ktlPath + ".txt";
+}
+
+KtlSaveResult saveKtlFile(const std::string& path, KtlSaveMode mode,
+                          const std::function<bool(std::FILE* out, int* errorCode)>& writeRun)
+{
+    const KtlSaveResult written = writeKtl(path, mode, writeRun);
+    return written.status == KtlSaveStatus::Saved ? writeDump(path) : written;
+}
