@@ -1,0 +1,83 @@
+#include "cli/convertCommand.h"
+
+#include "esi/esiFile.h"
+#include "ktl/ktlExport.h"
+#include "ktl/ktlFile.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <algorithm>
+#include <ostream>
+
+namespace {
+
+/// The error of a load as a compiler would tell it: file first, then line and column if there are any.
+QString loadMessage(const QString& path, const EsiLoadResult& result)
+{
+    const QString file = QDir::toNativeSeparators(path);
+    switch (result.status) {
+    case EsiLoadStatus::Loaded:
+        break;
+    case EsiLoadStatus::CannotOpen:
+        return QStringLiteral("%1: error: the file cannot be read: %2").arg(file, result.openError);
+    case EsiLoadStatus::NotWellFormed:
+        return QStringLiteral("%1:%2:%3: error: %4")
+            .arg(file)
+            .arg(result.formatError.line)
+            .arg(result.formatError.column)
+            .arg(result.formatError.message);
+    case EsiLoadStatus::NotEsi:
+        return QStringLiteral("%1: error: this is no ESI file: it has no Vendor element").arg(file);
+    }
+    return {};
+}
+
+/// @return  empty if everything was saved
+QString saveMessage(const QString& path, const KtlSaveResult& result)
+{
+    const QString file = QDir::toNativeSeparators(path);
+    const QString reason = result.reason.empty() ? QString() : QStringLiteral(": ") + QString::fromStdString(result.reason);
+    switch (result.status) {
+    case KtlSaveStatus::Saved:
+        break;
+    case KtlSaveStatus::CannotWrite:
+        return QStringLiteral("%1: error: the file cannot be written in full%2").arg(file, reason);
+    case KtlSaveStatus::CannotReopen:
+        return QStringLiteral("%1: error: the file was written, but cannot be opened again for its text dump").arg(file);
+    case KtlSaveStatus::CannotWriteDump:
+        return QStringLiteral("%1.txt: error: the text dump cannot be written in full").arg(file);
+    }
+    return {};
+}
+
+bool holdsDevices(const std::vector<struct_FilenameDevice>& files)
+{
+    return std::any_of(files.cbegin(), files.cend(),
+                       [](const struct_FilenameDevice& file) { return !file.device.empty(); });
+}
+
+} // namespace
+
+ExitCode convert(const QStringList& esiFiles, const QString& outputFile, std::ostream& messages)
+{
+    for (const QString& path : esiFiles) {
+        const EsiLoadResult result = loadEsiFile(path);
+        if (result.status != EsiLoadStatus::Loaded) {
+            messages << loadMessage(path, result).toStdString() << '\n';
+            return ExitCode::Failure;
+        }
+    }
+    if (!holdsDevices(g_xmlfiledevices)) {
+        messages << "error: the files hold no device, nothing is written\n";
+        return ExitCode::Failure;
+    }
+    const auto everyDevice = [](std::size_t /*file*/, std::size_t /*device*/) { return true; };
+    const KtlSaveResult result = saveKtlFile(
+        QFile::encodeName(outputFile).toStdString(), KtlSaveMode::Overwrite,
+        [&](std::FILE* out, int* errorCode) { return writeDevices(out, g_xmlfiledevices, everyDevice, errorCode); });
+    if (result.status == KtlSaveStatus::Saved)
+        return ExitCode::Success;
+    messages << saveMessage(outputFile, result).toStdString() << '\n';
+    return ExitCode::Failure;
+}
