@@ -1,0 +1,79 @@
+#include "workbench/exportChecks.h"
+
+#include "esi/xmlCharConversion.h"
+
+#include <QCoreApplication>
+
+#include <optional>
+
+namespace {
+
+constexpr const char* translationContext = "MainWindow";
+
+/// Whether a slot's step differs from the device's. A step of 0 means that none was declared, and differs from nothing.
+bool differs(std::uint32_t slotStep, std::uint32_t deviceStep)
+{
+    return slotStep != 0 && deviceStep != 0 && slotStep != deviceStep;
+}
+
+/// The first slot that differs from the device gives the one warning on increments; the PDO step is looked at first.
+std::optional<QString> incrementWarning(const DeviceSlots& deviceSlots)
+{
+    for (const struct_Slot& slot : deviceSlots.vslot) {
+        if (differs(slot.Attributes.SlotPdoIncrement, deviceSlots.Attributes.SlotPdoIncrement))
+            return QCoreApplication::translate(
+                translationContext, "存在设备多个slot的SlotPdoIncrement不一致，控制器不支持。请谨慎操作 %1:\n");
+        if (differs(slot.Attributes.SlotIndexIncrement, deviceSlots.Attributes.SlotIndexIncrement))
+            return QCoreApplication::translate(
+                translationContext, "存在设备多个slot的SlotIndexIncrement不一致，控制器不支持。请谨慎操作 %1:\n");
+    }
+    return std::nullopt;
+}
+
+/// ODD, KEPT: the device's own commands count with the low 8 bits of their number only. 256 of them count as none; the
+/// controller's old firmware, for which the warning is made, wraps in the same place.
+std::size_t startupTotal(const struct_EtherCatDevice& device)
+{
+    return static_cast<std::uint8_t>(device.Mailbox.COE.InitCmd.vinitcmd.size()) + device.mMailbox.COE.vinitcmd.size();
+}
+
+/// The part of a text before or behind a separator, by its place among the parts. A split gives at least one part, so
+/// the fall-back is only there for a text that is split by other rules one day.
+QString partOrFallBack(const QStringList& parts, bool takeLast, const QString& fallBack)
+{
+    if (parts.isEmpty())
+        return fallBack;
+    return takeLast ? parts.last() : parts.first();
+}
+
+} // namespace
+
+QStringList exportWarnings(const struct_EtherCatDevice& device)
+{
+    constexpr std::size_t mostSyncManagers = 4;
+    constexpr std::size_t mostStartupCommands = 254;
+    QStringList warnings;
+    if (device.vSM.size() > mostSyncManagers)
+        warnings += QCoreApplication::translate(
+            translationContext, "存在设备sm通道大于4个，控制器不支持sm 大于4个以上。请谨慎操作 %1:\n");
+    if (const std::optional<QString> warning = incrementWarning(device.Slots))
+        warnings += *warning;
+    if (startupTotal(device) > mostStartupCommands)
+        warnings += QCoreApplication::translate(
+            translationContext, "设备的startup启动项超过254个。固件必须升级大于20240929 %1:\n");
+    for (QString& warning : warnings)
+        warning = warning.arg(QString::fromStdString(device.Name));
+    return warnings;
+}
+
+QString proposedKtlName(const struct_FilenameDevice& file)
+{
+    constexpr int longestStem = 15;
+    constexpr int longestName = 20;
+    const QStringList pathParts = QString::fromStdString(file.xmlfilepath).split(QLatin1Char('/'));
+    QString name = partOrFallBack(pathParts, true, QStringLiteral("ktc_device"));
+    if (!pathParts.isEmpty())
+        name = partOrFallBack(name.split(QLatin1Char('.')), false, QStringLiteral("xxx_device"));
+    name = name.left(longestStem) + QLatin1Char('-') + xmlGetStringuint(file.Vendor_Id);
+    return name.left(longestName);
+}

@@ -1,0 +1,144 @@
+// mainwindow.cpp - the constructor of the main window: views and connections.
+#include "workbench/mainwindow.h"
+
+#include "workbench/deviceTypeTexts.h"
+#include "workbench/quietByName.h"
+#include "workbench/tableViews.h"
+
+#include "ui_mainwindow.h"
+
+#include <QAction>
+#include <QHeaderView>
+#include <QKeySequence>
+
+MainWindow::MainWindow(QWidget* parent)
+    : QMainWindow(parent)
+    , ui(std::make_unique<Ui_MainWindow>())
+    , device_pdocontent_seleModel(nullptr)
+{
+    constexpr int treeFontWeight = 12;
+    QFont treeFont = font();
+    treeFont.setWeight(treeFontWeight);
+
+    {
+        // Wires the exit action and, by their names, all slots of the form on_<object>_<signal> to the widgets.
+        const QuietByName quiet;
+        ui->setupUi(this);
+    }
+    ui->DeviceTree->setContextMenuPolicy(Qt::CustomContextMenu);
+    connectActions();
+    connectDeviceTree();
+    connectMenus();
+    setAcceptDrops(true);
+    setUpTables();
+    setUpModuleTree(treeFont);
+    setUpDeviceTypes();
+    setUpCoeTree(treeFont);
+    setUpDeleteKeys();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::connectActions()
+{
+    connect(ui->actionimport, &QAction::triggered, this, &MainWindow::device_import_triggered);
+    connect(ui->actionexport, &QAction::triggered, this, &MainWindow::device_export_triggered);
+}
+
+void MainWindow::connectDeviceTree()
+{
+    connect(ui->DeviceTree, &QTreeWidget::customContextMenuRequested, this, &MainWindow::slotCustomContextMenu);
+    // A name that is wider than the tree is reached by scrolling, and is never cut off.
+    ui->DeviceTree->header()->setStretchLastSection(false);
+    ui->DeviceTree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    // The click that toggles a check box also selects the item. The order of the two connections is the order in which
+    // they run: first the item is shown, then its check state spreads.
+    connect(ui->DeviceTree, &QTreeWidget::itemClicked, this, &MainWindow::device_information_display);
+    connect(ui->DeviceTree, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
+        device_checked_updata(item);
+        device_checkedparent_updata(item);
+    });
+}
+
+void MainWindow::connectMenus()
+{
+    connect(ui->SmView, &QTableView::customContextMenuRequested, this, &MainWindow::SmViewCustomMenu);
+    connect(ui->StartupView, &QTableView::customContextMenuRequested, this, &MainWindow::StartupViewCustomMenu);
+    connect(ui->PdoContentView, &QTableView::customContextMenuRequested, this, &MainWindow::PdoContentViewCustomMenu);
+    connect(ui->mPdoContentView, &QTableView::customContextMenuRequested, this,
+            &MainWindow::mPdoContentViewCustomMenu);
+    connect(ui->ModuleTree, &QTreeWidget::customContextMenuRequested, this, &MainWindow::ModuleTreeCustomMenu);
+    connect(ui->ModuleTree, &QTreeWidget::itemClicked, this, &MainWindow::on_Module_TreeClick);
+}
+
+void MainWindow::setUpTables()
+{
+    const QStringList pdoHeaders{tr("Index"), tr("Size"), tr("Name"), tr("Flags"), tr("SM"), tr("SU")};
+    const QStringList entryHeaders{tr("Index"), tr("Size"),   tr("Offs"),   tr("Name"),
+                                   tr("Type"),  tr("Linkto"), tr("Default")};
+    const std::vector<int> entryWidths{85, 85, 85, 185, 85, 85, 85};
+
+    struct Table
+    {
+        QTableView* view;
+        QStandardItemModel* model;
+        TableColumns columns;
+    };
+    const Table tables[] = {
+        {ui->FmmuView, &device_fmmu_model,
+         {{tr("Name"), tr("Sm"), tr("Su"), tr("Oponly")}, {180, 180, 180, 180}, true, true, false, false}},
+        {ui->SmView, &device_sm_model,
+         {{tr("Sm"), tr("StartAddress"), tr("length"), tr("Data"), tr("MinSize"), tr("MaxSize"), tr("DefaultSize")},
+          {30, 180, 180, 180, 180, 180}, true, true, false, true}},
+        {ui->SyncManagerView, &device_sync_model,
+         {{tr("SM"), tr("Size"), tr("Type")}, {45, 45, 88}, false, true, false, false}},
+        {ui->PdoListView, &device_pdo_model, {pdoHeaders, {85, 85, 250, 80, 80}, false, false, false, false}},
+        {ui->StartupView, &device_startup_model,
+         {{tr("Transition"), tr("Protocol"), tr("Index"), tr("Datalen"), tr("Data"), tr("Comment"), tr("bIfCA")},
+          {85, 85, 85, 85, 250, 250, 50}, false, true, true, true}},
+        {ui->ModuleView, &device_slots_model,
+         {{tr("Slot"), tr("Module"), tr("ModuleIdent")}, {150, 150, 150}, false, true, true, false}},
+        {ui->PdoAssignView, &device_pdoassignment_model,
+         {{tr("Index"), tr("Enable")}, {85, 50}, false, true, true, false}},
+        {ui->PdoContentView, &device_pdocontent_model, {entryHeaders, entryWidths, false, true, true, true}},
+        {ui->mPdoListView, &device_mpdo_model, {pdoHeaders, {60, 50, 180, 50, 50, 50}, false, false, false, false}},
+        {ui->mPdoContentView, &device_mpdocontent_model, {entryHeaders, entryWidths, false, true, true, true}},
+    };
+    for (const Table& table : tables)
+        setUpTableView(*table.view, *table.model, table.columns);
+}
+
+void MainWindow::setUpModuleTree(const QFont& font)
+{
+    constexpr int moduleWidth = 200;
+    constexpr int identWidth = 100;
+    ui->ModuleTree->setColumnWidth(0, moduleWidth);
+    ui->ModuleTree->setColumnWidth(1, identWidth);
+    ui->ModuleTree->setFont(font);
+    ui->ModuleTree->setContextMenuPolicy(Qt::CustomContextMenu);
+}
+
+void MainWindow::setUpDeviceTypes()
+{
+    for (const DeviceTypeText& entry : deviceTypeTexts)
+        ui->comboBox_DeviceType->addItem(QString::fromUtf8(entry.text), entry.type);
+}
+
+void MainWindow::setUpCoeTree(const QFont& font)
+{
+    const int widths[] = {120, 250, 80, 80};
+    int column = 0;
+    for (const int width : widths)
+        ui->CoeTree->setColumnWidth(column++, width);
+    ui->CoeTree->setFont(font);
+}
+
+void MainWindow::setUpDeleteKeys()
+{
+    for (const char* key : {"Del", "Backspace"}) {
+        auto* action = new QAction(this);
+        action->setShortcut(QKeySequence(QLatin1String(key)));
+        addAction(action);
+        connect(action, &QAction::triggered, this, &MainWindow::device_delete);
+    }
+}

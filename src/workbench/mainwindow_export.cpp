@@ -1,0 +1,144 @@
+// mainwindow_export.cpp - the export of the checked devices.
+#include "workbench/mainwindow.h"
+
+#include "ktl/ktlExport.h"
+#include "ktl/ktlFile.h"
+#include "ktl/treeSelection.h"
+#include "workbench/exportChecks.h"
+#include "workbench/messages.h"
+#include "workbench/overwriteQuestion.h"
+#include "workbench/waitCursor.h"
+
+#include "ui_mainwindow.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+
+#include <optional>
+
+#include <unistd.h>
+
+namespace {
+
+int checkedFiles(const QTreeWidget& tree)
+{
+    int count = 0;
+    for (int index = 0; index < tree.topLevelItemCount(); ++index)
+        count += isCheckedForExport(tree.topLevelItem(index)) ? 1 : 0;
+    return count;
+}
+
+/// What the user wants done with the target, or nothing if the export is to stop.
+std::optional<KtlSaveMode> saveModeFor(QWidget* parent, const std::string& path, const QString& nativePath)
+{
+    if (access(path.c_str(), W_OK) == 0) {
+        switch (askOverwrite(parent)) {
+        case OverwriteAnswer::Overwrite:
+            return KtlSaveMode::Overwrite;
+        case OverwriteAnswer::Append:
+            return KtlSaveMode::Append;
+        case OverwriteAnswer::Neither:
+            break;
+        }
+        return std::nullopt;
+    }
+    if (access(path.c_str(), F_OK) == 0) {
+        warn(parent, fileMatters(), MainWindow::tr("The file does not have write permission %1:\n").arg(nativePath));
+        return std::nullopt;
+    }
+    return KtlSaveMode::Overwrite;
+}
+
+/// @return  empty if everything was saved
+QString saveWarning(KtlSaveStatus status, const QString& path)
+{
+    const QString nativePath = QDir::toNativeSeparators(path);
+    switch (status) {
+    case KtlSaveStatus::Saved:
+        break;
+    case KtlSaveStatus::CannotWrite:
+        return MainWindow::tr("File write failure %1:\n Unknown ecoding error.").arg(nativePath);
+    case KtlSaveStatus::CannotReopen:
+        return MainWindow::tr("File open failure again %1:\n Unknown ecoding error.").arg(nativePath);
+    case KtlSaveStatus::CannotWriteDump:
+        return MainWindow::tr("File write failure %1:\n Unknown ecoding error.")
+            .arg(QDir::toNativeSeparators(QString::fromStdString(dumpPathOf(path.toStdString()))));
+    }
+    return {};
+}
+
+} // namespace
+
+void MainWindow::device_export_triggered()
+{
+    device_switch_event();
+    if (checkedFiles(*ui->DeviceTree) == 0) {
+        warn(this, selectionMatters(), tr("Select at least one device export\n"));
+        return;
+    }
+    const QString path = askExportPath(warnAndProposeName());
+    if (!path.isNull())
+        exportTo(path);
+}
+
+bool MainWindow::isCheckedInTree(std::size_t file, std::size_t device) const
+{
+    const QTreeWidgetItem* fileItem = ui->DeviceTree->topLevelItem(static_cast<int>(file));
+    return isCheckedForExport(fileItem) && isCheckedForExport(fileItem->child(static_cast<int>(device)));
+}
+
+/// Warns about the checked devices, in tree order.
+/// @return  proposed name by the first file that holds a checked device; empty if there is none
+QString MainWindow::warnAndProposeName()
+{
+    QString proposedName;
+    for (std::size_t fileIndex = 0; fileIndex < g_xmlfiledevices.size(); ++fileIndex)
+        for (std::size_t deviceIndex = 0; deviceIndex < g_xmlfiledevices[fileIndex].device.size(); ++deviceIndex) {
+            if (!isCheckedInTree(fileIndex, deviceIndex))
+                continue;
+            for (const QString& warning : exportWarnings(g_xmlfiledevices[fileIndex].device[deviceIndex]))
+                warn(this, fileMatters(), warning);
+            if (proposedName.isEmpty())
+                proposedName = proposedKtlName(g_xmlfiledevices[fileIndex]);
+        }
+    return proposedName;
+}
+
+/// @return  the chosen path; null if the dialog was cancelled
+QString MainWindow::askExportPath(const QString& proposedName)
+{
+    QFileDialog dialog(this);
+    dialog.setWindowModality(Qt::WindowModal);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilter(tr("ktl files(*.ktl )"));
+    if (!proposedName.isEmpty())
+        dialog.selectFile(proposedName);
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    return dialog.selectedFiles().value(0, QStringLiteral(""));
+}
+
+/// Writes the file and its dump, and tells of what went wrong; there is no message of success.
+void MainWindow::exportTo(const QString& path)
+{
+    // The C library takes a path in the file system's encoding, up to its first zero byte.
+    const std::string filePath = QFile::encodeName(path).constData();
+    const QString nativePath = QDir::toNativeSeparators(path);
+    if (filePath.empty()) {
+        warn(this, fileMatters(), tr("File path is empty %1:\n").arg(nativePath));
+        return;
+    }
+    const std::optional<KtlSaveMode> mode = saveModeFor(this, filePath, nativePath);
+    if (!mode.has_value())
+        return;
+    KtlSaveResult result;
+    {
+        const WaitCursor waiting;
+        result = saveKtlFile(filePath, *mode, [this](std::FILE* out, int* errorCode) {
+            return KTL_write_devices(out, ui->DeviceTree, errorCode);
+        });
+    }
+    if (result.status != KtlSaveStatus::Saved)
+        warn(this, fileMatters(), saveWarning(result.status, path));
+}

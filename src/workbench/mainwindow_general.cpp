@@ -1,0 +1,78 @@
+// mainwindow_general.cpp - the General tab: identity, device type and operation modes. What happens when the user changes
+// one of them has no effect yet, and so has the about box.
+#include "workbench/mainwindow.h"
+
+#include "esi/xmlCharConversion.h"
+#include "ktl/ktlCodes.h"
+
+#include "ui_mainwindow.h"
+
+void MainWindow::showIdentity(const struct_FilenameDevice& file, const struct_EtherCatDevice& device)
+{
+    const DeviceTypeAttributes& type = device.TypeAttributes;
+    ui->TypeEdit->setText(QString::fromStdString(type.type));
+    const struct
+    {
+        QLineEdit* edit;
+        std::uint32_t number;
+    } numbers[] = {
+        {ui->RevisionEdit, type.Product_Code}, // the field beside "Product/Revision:" shows the product
+        {ui->VendorEdit, file.Vendor_Id},
+        {ui->ProductCodeEdit, type.Product_Code},
+        {ui->RevisonNoEdit, type.Revision_No},
+        {ui->SerialNo, type.Serial_No},
+        {ui->DriveAxies, device.m_iDriveAxies},
+        {ui->ConfigModuleEdit, device.configindex},
+        {ui->DetectModuleEdit, device.detectindex},
+    };
+    for (const auto& field : numbers)
+        field.edit->setText(xmlGetStringuint(field.number));
+}
+
+void MainWindow::showDeviceType(struct_EtherCatDevice& device)
+{
+    // Making the entry current runs the slot of a changed type, which sets the axes anew. A multi-axis drive keeps the
+    // number that was found at load or typed by the user.
+    const std::uint16_t driveAxes = device.m_iDriveAxies;
+    ui->comboBox_DeviceType->setCurrentIndex(ui->comboBox_DeviceType->findData(device.m_iDeviceType, Qt::UserRole));
+    const bool isMultiDriver = device.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver;
+    ui->DriveAxies->setEnabled(isMultiDriver);
+    if (isMultiDriver) {
+        device.m_iDriveAxies = driveAxes;
+        ui->DriveAxies->setText(xmlGetStringuint(driveAxes));
+    }
+}
+
+/// Lists the operation modes, the chosen one first, and shows what the chosen one activates.
+void MainWindow::showOperationModes(const struct_EtherCatDevice& device)
+{
+    ui->SyncEdit->setText(xmlGetStringuint(device.vopmode.front().AssignActivate));
+    // Filling the list is no choice of the user's. The connection was made by name, so it is taken down by name.
+    disconnect(ui->comboBox_Dc, SIGNAL(currentIndexChanged(int)), this, SLOT(on_comboBox_Dc_currentIndexChanged(int)));
+    ui->comboBox_Dc->clear();
+    int position = 0;
+    for (const Struct_DCOpMode& mode : device.vopmode)
+        ui->comboBox_Dc->addItem(QString::fromStdString(mode.Desc), position++);
+    connect(ui->comboBox_Dc, SIGNAL(currentIndexChanged(int)), this, SLOT(on_comboBox_Dc_currentIndexChanged(int)));
+    showSyncSignals(device);
+}
+
+/// Bits 8, 9 and 10 of the assign-activate word: cyclic mode, SYNC 0 and SYNC 1.
+void MainWindow::showSyncSignals(const struct_EtherCatDevice& device)
+{
+    constexpr std::uint32_t cyclicMode = 1U << 8U;
+    constexpr std::uint32_t sync0 = 1U << 9U;
+    constexpr std::uint32_t sync1 = 1U << 10U;
+    const std::uint32_t activate = device.vopmode.front().AssignActivate;
+    ui->checkBox_Dc1->setChecked((activate & cyclicMode) != 0);
+    ui->checkBox_Dc2->setChecked((activate & sync0) != 0);
+    ui->checkBox_Dc3->setChecked((activate & sync1) != 0);
+}
+
+void MainWindow::on_comboBox_DeviceType_currentIndexChanged(int /*index*/) {}
+
+void MainWindow::on_DriveAxies_editingFinished() {}
+
+void MainWindow::on_comboBox_Dc_currentIndexChanged(int /*index*/) {}
+
+void MainWindow::on_actionAbout_triggered() {}

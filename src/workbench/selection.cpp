@@ -1,0 +1,30 @@
+#include "workbench/selection.h"
+
+#include "model/XMLParsing.h"
+
+int currentfileindex = -1;
+int currentdeviceindex = -1;
+bool g_bpdoormodulepdo = false;
+bool g_bpdoMultiplechoice = false;
+
+struct_EtherCatDevice* selectedDevice()
+{
+    if (currentfileindex < 0 || currentdeviceindex < 0)
+        return nullptr;
+    const auto fileIndex = static_cast<std::size_t>(currentfileindex);
+    const auto deviceIndex = static_cast<std::size_t>(currentdeviceindex);
+    if (fileIndex >= g_xmlfiledevices.size() || deviceIndex >= g_xmlfiledevices[fileIndex].device.size())
+        return nullptr;
+    return &g_xmlfiledevices[fileIndex].device[deviceIndex];
+}
+
+bool selectItem(const QTreeWidget& tree, QTreeWidgetItem* item)
+{
+    QTreeWidgetItem* fileItem = item->parent() == nullptr ? item : item->parent();
+    const int fileIndex = tree.indexOfTopLevelItem(fileItem);
+    if (fileIndex < 0)
+        return false;
+    currentfileindex = fileIndex;
+    currentdeviceindex = fileItem == item ? -1 : fileItem->indexOfChild(item);
+    return true;
+}

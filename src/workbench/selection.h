@@ -1,0 +1,28 @@
+// selection.h - what is selected in the device tree, and the two switches of the PDO editor.
+#pragma once
+
+#include "model/deviceRecords.h"
+
+#include <QTreeWidget>
+
+/// Position in `g_xmlfiledevices` of the selected file, -1 for none. It is not reset by a deletion, so it may lie past
+/// the end of the list.
+extern int currentfileindex;
+
+/// Position in the file's `device` of the selected device, -1 when the file itself or nothing is selected.
+extern int currentdeviceindex;
+
+/// Whether the open PDO editor works on an entry of a module.
+extern bool g_bpdoormodulepdo;
+
+/// Whether the open PDO editor works on all selected rows.
+extern bool g_bpdoMultiplechoice;
+
+/// The selected device, or null if none is selected or the selection lies past the lists.
+/// The pointer is valid until `g_xmlfiledevices` or its file's device list changes.
+[[nodiscard]] struct_EtherCatDevice* selectedDevice();
+
+/// Selects what an item of the device tree stands for: items are mapped by position. A device whose own position is not
+/// found leaves its file selected.
+/// @return  false, with the selection unchanged, if the item's file is not in the tree
+bool selectItem(const QTreeWidget& tree, QTreeWidgetItem* item);

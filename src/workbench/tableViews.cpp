@@ -1,0 +1,41 @@
+#include "workbench/tableViews.h"
+
+#include "workbench/startup.h"
+
+#include <QHeaderView>
+#include <QStandardItemModel>
+#include <QTableView>
+
+void setUpTableView(QTableView& view, QStandardItemModel& model, const TableColumns& columns)
+{
+    constexpr int leastHeight = 30;
+    constexpr int tablePointSize = 9; // the columns are as wide as this size needs
+    model.setHorizontalHeaderLabels(columns.headers);
+    model.setColumnCount(columns.headers.size());
+    view.setModel(&model);
+    view.horizontalHeader()->setStretchLastSection(true);
+    view.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft);
+    // The fonts come before the style sheet: with that in place a view no longer hands a font on to its cells.
+    const QFont tableFont(textFamily(), tablePointSize);
+    view.setFont(tableFont);
+    view.horizontalHeader()->setFont(tableFont);
+    view.setStyleSheet(QStringLiteral("QHeaderView::section { background:grey; color:black;min-height:2.5em;}"));
+    view.setSelectionBehavior(QAbstractItemView::SelectRows);
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setMinimumHeight(leastHeight);
+    if (columns.stretchSections)
+        view.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    if (columns.customMenu)
+        view.setContextMenuPolicy(Qt::CustomContextMenu);
+    if (columns.fitColumns)
+        view.resizeColumnsToContents();
+    if (columns.fitRows)
+        view.resizeRowsToContents();
+    for (std::size_t column = 0; column < columns.widths.size(); ++column)
+        view.setColumnWidth(static_cast<int>(column), columns.widths[column]);
+}
+
+void removeAllRows(QStandardItemModel& model)
+{
+    model.removeRows(0, model.rowCount());
+}

@@ -1,0 +1,41 @@
+#include "workbench/terminateHandler.h"
+
+#include "esi/lastWords.h"
+#include "workbench/messages.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include <algorithm>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+
+namespace {
+
+bool isAnyWindowVisible()
+{
+    if (QCoreApplication::instance() == nullptr)
+        return false;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.cbegin(), windows.cend(), [](const QWidget* window) { return window->isVisible(); });
+}
+
+[[noreturn]] void endWithReason()
+{
+    const QString reason = lastWords();
+    std::cerr << reason.toStdString() << std::endl;
+    if (isAnyWindowVisible()) {
+        while (QGuiApplication::overrideCursor() != nullptr)
+            QGuiApplication::restoreOverrideCursor();
+        QMessageBox::critical(QApplication::activeWindow(), fileMatters(), reason, QMessageBox::Ok);
+    }
+    std::abort();
+}
+
+} // namespace
+
+void installTerminateHandler()
+{
+    std::set_terminate(endWithReason);
+}
