@@ -37,14 +37,16 @@ QString loadMessage(const QString& path, const EsiLoadResult& result)
 QString saveMessage(const QString& path, const KtlSaveResult& result)
 {
     const QString file = QDir::toNativeSeparators(path);
-    const QString reason = result.reason.empty() ? QString() : QStringLiteral(": ") + QString::fromStdString(result.reason);
+    const QString reason =
+        result.reason.empty() ? QString() : QStringLiteral(": ") + QString::fromStdString(result.reason);
     switch (result.status) {
     case KtlSaveStatus::Saved:
         break;
     case KtlSaveStatus::CannotWrite:
         return QStringLiteral("%1: error: the file cannot be written in full%2").arg(file, reason);
     case KtlSaveStatus::CannotReopen:
-        return QStringLiteral("%1: error: the file was written, but cannot be opened again for its text dump").arg(file);
+        return QStringLiteral("%1: error: the file was written, but cannot be opened again for its text dump")
+            .arg(file);
     case KtlSaveStatus::CannotWriteDump:
         return QStringLiteral("%1.txt: error: the text dump cannot be written in full").arg(file);
     }

@@ -7,8 +7,9 @@
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
 
-// The classes below are marked as outdated in favour of a pull parser. That one normalises line ends inside texts, which
-// would change the texts of exported files, so the reader that the document class itself is built on stays in use.
+// The classes below are marked as outdated in favour of a pull parser. That one normalises line ends inside texts,
+// which would change the texts of exported files, so the reader that the document class itself is built on stays in
+// use.
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_DEPRECATED
 

@@ -10,16 +10,14 @@
 #include <vector>
 
 /// Calls `visit(child, tag)` for each child of `parent` that is an element, in document order. `tag` is its local name.
-template<typename Visitor>
-void forEachChildElement(const QDomElement& parent, Visitor visit)
+template<typename Visitor> void forEachChildElement(const QDomElement& parent, Visitor visit)
 {
     for (QDomElement child = parent.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
         visit(child, child.tagName());
 }
 
 /// Calls `visit(child)` for each child element of `parent` with the given local name, in document order.
-template<typename Visitor>
-void forEachChildElement(const QDomElement& parent, QLatin1String wantedTag, Visitor visit)
+template<typename Visitor> void forEachChildElement(const QDomElement& parent, QLatin1String wantedTag, Visitor visit)
 {
     forEachChildElement(parent, [&](const QDomElement& child, const QString& tag) {
         if (tag == wantedTag)
@@ -29,8 +27,7 @@ void forEachChildElement(const QDomElement& parent, QLatin1String wantedTag, Vis
 
 /// Calls `visit(descendant)` for each element under `root`, at any depth and in document order. It does not recurse, so
 /// the depth of the document costs no stack.
-template<typename Visitor>
-void forEachDescendantElement(const QDomElement& root, Visitor visit)
+template<typename Visitor> void forEachDescendantElement(const QDomElement& root, Visitor visit)
 {
     QDomNode node = root.firstChild();
     while (!node.isNull()) {
@@ -53,8 +50,8 @@ void forEachDescendantElement(const QDomElement& root, Visitor visit)
 /// pass however many names are asked for.
 /// @return  one list per name, in the order of `tags`
 template<std::size_t Count>
-[[nodiscard]] std::array<std::vector<QDomElement>, Count> descendantsByTag(
-    const QDomElement& root, const std::array<QLatin1String, Count>& tags)
+[[nodiscard]] std::array<std::vector<QDomElement>, Count> descendantsByTag(const QDomElement& root,
+                                                                           const std::array<QLatin1String, Count>& tags)
 {
     std::array<std::vector<QDomElement>, Count> found;
     forEachDescendantElement(root, [&](const QDomElement& element) {

@@ -11,24 +11,21 @@
 #include <cstddef>
 
 /// One row of a table of attributes: an exact, case-sensitive name and what its value does to the record.
-template<typename Record>
-struct AttributeRule
+template<typename Record> struct AttributeRule
 {
     QLatin1String name;
     void (*store)(Record& to, const QString& value);
 };
 
 /// One row of a table of child elements: an exact, case-sensitive tag and what the element does to the record.
-template<typename Record>
-struct ElementRule
+template<typename Record> struct ElementRule
 {
     QLatin1String tag;
     void (*read)(Record& to, const QDomElement& element);
 };
 
 /// Makes a rule for an element out of one for a value: the value is the element's text, whole.
-template<auto Store, typename Record>
-void fromText(Record& to, const QDomElement& element)
+template<auto Store, typename Record> void fromText(Record& to, const QDomElement& element)
 {
     Store(to, element.text());
 }

@@ -8,60 +8,50 @@
 #include <type_traits>
 
 /// Record that a member pointer points into, and the type of that member.
-template<typename MemberPointer>
-struct MemberOf;
+template<typename MemberPointer> struct MemberOf;
 
-template<typename Owner, typename Value>
-struct MemberOf<Value Owner::*>
+template<typename Owner, typename Value> struct MemberOf<Value Owner::*>
 {
     using Record = Owner;
     using Type = Value;
 };
 
-template<auto Field>
-using RecordOf = typename MemberOf<decltype(Field)>::Record;
+template<auto Field> using RecordOf = typename MemberOf<decltype(Field)>::Record;
 
-template<auto Field>
-using FieldType = typename MemberOf<decltype(Field)>::Type;
+template<auto Field> using FieldType = typename MemberOf<decltype(Field)>::Type;
 
 /// Stores the unsigned number of a text, cut to the width of the field.
-template<auto Field>
-void storeUint(RecordOf<Field>& to, const QString& value)
+template<auto Field> void storeUint(RecordOf<Field>& to, const QString& value)
 {
     to.*Field = static_cast<FieldType<Field>>(toUint(value));
 }
 
 /// Stores the signed number of a text.
-template<auto Field>
-void storeInt(RecordOf<Field>& to, const QString& value)
+template<auto Field> void storeInt(RecordOf<Field>& to, const QString& value)
 {
     to.*Field = toInt(value);
 }
 
 /// Stores the truth value of a text.
-template<auto Field>
-void storeBool(RecordOf<Field>& to, const QString& value)
+template<auto Field> void storeBool(RecordOf<Field>& to, const QString& value)
 {
     to.*Field = toBool(value);
 }
 
 /// Stores the token of a text.
-template<auto Field>
-void storeToken(RecordOf<Field>& to, const QString& value)
+template<auto Field> void storeToken(RecordOf<Field>& to, const QString& value)
 {
     to.*Field = toToken(value);
 }
 
 /// Stores the text itself, as UTF-8, also when it is empty.
-template<auto Field>
-void storeText(RecordOf<Field>& to, const QString& value)
+template<auto Field> void storeText(RecordOf<Field>& to, const QString& value)
 {
     to.*Field = value.toStdString();
 }
 
 /// Stores the text itself, as UTF-8, but keeps what is there if the text is empty.
-template<auto Field>
-void storeTextIfAny(RecordOf<Field>& to, const QString& value)
+template<auto Field> void storeTextIfAny(RecordOf<Field>& to, const QString& value)
 {
     if (!value.isEmpty())
         to.*Field = value.toStdString();

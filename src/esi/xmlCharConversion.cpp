@@ -70,8 +70,7 @@ bool isHexadecimal(const QString& upper)
 }
 
 /// The rule of `xmlGetuintString` and `xmlGetIntString`, which differ in the last read only.
-template<typename Number>
-Number toNumber(QStringView text, Number (QString::*read)(bool*, int) const)
+template<typename Number> Number toNumber(QStringView text, Number (QString::*read)(bool*, int) const)
 {
     QString upper = upperCased(text);
     // ODD, KEPT: part of a word counts, so "untrue" is 1. Flags such as Enable and Virtual come as numbers and as
@@ -155,8 +154,8 @@ NMTOKEN xmlGetEnumNmtoken(QChar* text)
 
 QString xmlGetStringEnumNmtoken(NMTOKEN token)
 {
-    const auto row = std::find_if(
-        tokenTexts.cbegin(), tokenTexts.cend(), [token](const TokenText& candidate) { return candidate.token == token; });
+    const auto row = std::find_if(tokenTexts.cbegin(), tokenTexts.cend(),
+                                  [token](const TokenText& candidate) { return candidate.token == token; });
     return row == tokenTexts.cend() ? QString() : QString(row->shown);
 }
 

@@ -182,8 +182,8 @@ void appendModuleGroups(const QDomElement& modules, std::vector<struct_commentmo
 bool read_xmldevice(const QString& projectName)
 {
     const QDomElement root = domDocument.documentElement();
-    const auto [vendors, devices, moduleLists] = descendantsByTag<3>(
-        root, {QLatin1String("Vendor"), QLatin1String("Device"), QLatin1String("Modules")});
+    const auto [vendors, devices, moduleLists] =
+        descendantsByTag<3>(root, {QLatin1String("Vendor"), QLatin1String("Device"), QLatin1String("Modules")});
     if (vendors.empty())
         return false;
 

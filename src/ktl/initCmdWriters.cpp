@@ -34,8 +34,7 @@ struct_KTL_InitCmd commandRecord(const struct_moduleInitCmd& command)
 }
 
 /// Announced bytes of the complete accesses of one list: a command that would pass the limit is left out of the sum.
-template<typename Command>
-std::size_t announcedAccessBytes(const std::vector<Command>& commands)
+template<typename Command> std::size_t announcedAccessBytes(const std::vector<Command>& commands)
 {
     std::size_t bytes = 0;
     for (const Command& command : commands)

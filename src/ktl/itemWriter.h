@@ -26,8 +26,7 @@ public:
     }
 
     /// Adds a record as it lies in memory.
-    template<typename Record>
-    void add(const Record& record)
+    template<typename Record> void add(const Record& record)
     {
         append(&record, sizeof record, std::is_trivially_copyable<Record>{});
     }

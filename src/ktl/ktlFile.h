@@ -39,8 +39,8 @@ struct KtlSaveResult
 /// Path of the text dump of a KTL file: the same with ".txt" behind it.
 [[nodiscard]] std::string dumpPathOf(const std::string& ktlPath);
 
-/// Writes a KTL file, closes it, opens it again and writes its dump from what stands on disk. Nothing is silently short:
-/// a disk that fills up shows at the latest when a file is closed, and counts as a failure.
+/// Writes a KTL file, closes it, opens it again and writes its dump from what stands on disk. Nothing is silently
+/// short: a disk that fills up shows at the latest when a file is closed, and counts as a failure.
 /// @param path      in the file system's encoding
 /// @param writeRun  writes the items, as `KTL_write_devices` does with its result and error code; an out-of-range error
 ///                  of its own counts as a failed write

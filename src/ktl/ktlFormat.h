@@ -10,4 +10,5 @@
 
 #include <QtGlobal>
 
-static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "records are written as they lie in memory, and the file is little-endian");
+static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN,
+              "records are written as they lie in memory, and the file is little-endian");

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
-// Fields lie in the file exactly as they lie here: packed, little-endian, at the offsets of the comments. The one-element
-// array at the end of a record stands for the records that follow its head in the file.
+// Fields lie in the file exactly as they lie here: packed, little-endian, at the offsets of the comments. The
+// one-element array at the end of a record stands for the records that follow its head in the file.
 #pragma pack(push, 1)
 
 /// One slot.

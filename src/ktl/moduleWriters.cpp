@@ -10,10 +10,8 @@ void KTL_write_device_SlotPreConfig(std::FILE* /*out*/, struct_EtherCatDevice* /
 
 void KTL_write_device_DeviceMoreInfo(std::FILE* /*out*/, struct_EtherCatDevice* /*device*/,
                                      struct_FilenameDevice* /*filedevices*/)
-{
-}
+{}
 
 void KTL_write_device_Module(std::FILE* /*out*/, struct_EtherCatDevice* /*device*/,
                              struct_FilenameDevice* /*filedevices*/)
-{
-}
+{}

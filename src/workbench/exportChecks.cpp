@@ -54,13 +54,13 @@ QStringList exportWarnings(const struct_EtherCatDevice& device)
     constexpr std::size_t mostStartupCommands = 254;
     QStringList warnings;
     if (device.vSM.size() > mostSyncManagers)
-        warnings += QCoreApplication::translate(
-            translationContext, "存在设备sm通道大于4个，控制器不支持sm 大于4个以上。请谨慎操作 %1:\n");
+        warnings += QCoreApplication::translate(translationContext,
+                                                "存在设备sm通道大于4个，控制器不支持sm 大于4个以上。请谨慎操作 %1:\n");
     if (const std::optional<QString> warning = incrementWarning(device.Slots))
         warnings += *warning;
     if (startupTotal(device) > mostStartupCommands)
-        warnings += QCoreApplication::translate(
-            translationContext, "设备的startup启动项超过254个。固件必须升级大于20240929 %1:\n");
+        warnings += QCoreApplication::translate(translationContext,
+                                                "设备的startup启动项超过254个。固件必须升级大于20240929 %1:\n");
     for (QString& warning : warnings)
         warning = warning.arg(QString::fromStdString(device.Name));
     return warnings;

@@ -65,8 +65,7 @@ void MainWindow::connectMenus()
     connect(ui->SmView, &QTableView::customContextMenuRequested, this, &MainWindow::SmViewCustomMenu);
     connect(ui->StartupView, &QTableView::customContextMenuRequested, this, &MainWindow::StartupViewCustomMenu);
     connect(ui->PdoContentView, &QTableView::customContextMenuRequested, this, &MainWindow::PdoContentViewCustomMenu);
-    connect(ui->mPdoContentView, &QTableView::customContextMenuRequested, this,
-            &MainWindow::mPdoContentViewCustomMenu);
+    connect(ui->mPdoContentView, &QTableView::customContextMenuRequested, this, &MainWindow::mPdoContentViewCustomMenu);
     connect(ui->ModuleTree, &QTreeWidget::customContextMenuRequested, this, &MainWindow::ModuleTreeCustomMenu);
     connect(ui->ModuleTree, &QTreeWidget::itemClicked, this, &MainWindow::on_Module_TreeClick);
 }
@@ -85,20 +84,34 @@ void MainWindow::setUpTables()
         TableColumns columns;
     };
     const Table tables[] = {
-        {ui->FmmuView, &device_fmmu_model,
+        {ui->FmmuView,
+         &device_fmmu_model,
          {{tr("Name"), tr("Sm"), tr("Su"), tr("Oponly")}, {180, 180, 180, 180}, true, true, false, false}},
-        {ui->SmView, &device_sm_model,
+        {ui->SmView,
+         &device_sm_model,
          {{tr("Sm"), tr("StartAddress"), tr("length"), tr("Data"), tr("MinSize"), tr("MaxSize"), tr("DefaultSize")},
-          {30, 180, 180, 180, 180, 180}, true, true, false, true}},
-        {ui->SyncManagerView, &device_sync_model,
+          {30, 180, 180, 180, 180, 180},
+          true,
+          true,
+          false,
+          true}},
+        {ui->SyncManagerView,
+         &device_sync_model,
          {{tr("SM"), tr("Size"), tr("Type")}, {45, 45, 88}, false, true, false, false}},
         {ui->PdoListView, &device_pdo_model, {pdoHeaders, {85, 85, 250, 80, 80}, false, false, false, false}},
-        {ui->StartupView, &device_startup_model,
+        {ui->StartupView,
+         &device_startup_model,
          {{tr("Transition"), tr("Protocol"), tr("Index"), tr("Datalen"), tr("Data"), tr("Comment"), tr("bIfCA")},
-          {85, 85, 85, 85, 250, 250, 50}, false, true, true, true}},
-        {ui->ModuleView, &device_slots_model,
+          {85, 85, 85, 85, 250, 250, 50},
+          false,
+          true,
+          true,
+          true}},
+        {ui->ModuleView,
+         &device_slots_model,
          {{tr("Slot"), tr("Module"), tr("ModuleIdent")}, {150, 150, 150}, false, true, true, false}},
-        {ui->PdoAssignView, &device_pdoassignment_model,
+        {ui->PdoAssignView,
+         &device_pdoassignment_model,
          {{tr("Index"), tr("Enable")}, {85, 50}, false, true, true, false}},
         {ui->PdoContentView, &device_pdocontent_model, {entryHeaders, entryWidths, false, true, true, true}},
         {ui->mPdoListView, &device_mpdo_model, {pdoHeaders, {60, 50, 180, 50, 50, 50}, false, false, false, false}},

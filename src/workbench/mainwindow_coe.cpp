@@ -11,8 +11,8 @@ str_Info MainWindow::device_objectInfo(std::uint32_t /*index*/, std::uint32_t /*
     return {};
 }
 
-void MainWindow::device_datatypeScan(const QString& /*indexstr*/, const std::string& /*type*/, QTreeWidgetItem* /*item*/)
-{
-}
+void MainWindow::device_datatypeScan(const QString& /*indexstr*/, const std::string& /*type*/,
+                                     QTreeWidgetItem* /*item*/)
+{}
 
 void MainWindow::device_CoE_display() {}

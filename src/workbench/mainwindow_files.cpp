@@ -14,8 +14,8 @@
 
 void MainWindow::device_import_triggered()
 {
-    const QStringList paths = QFileDialog::getOpenFileNames(this, tr("文件对话框！"), QStringLiteral("."),
-                                                            tr("XML文件(*xml)"));
+    const QStringList paths =
+        QFileDialog::getOpenFileNames(this, tr("文件对话框！"), QStringLiteral("."), tr("XML文件(*xml)"));
     if (paths.isEmpty())
         warn(this, fileMatters(), tr("Please select a xml file to open"));
     for (const QString& path : paths)

@@ -1,5 +1,5 @@
-// mainwindow_general.cpp - the General tab: identity, device type and operation modes. What happens when the user changes
-// one of them has no effect yet, and so has the about box.
+// mainwindow_general.cpp - the General tab: identity, device type and operation modes. What happens when the user
+// changes one of them has no effect yet, and so has the about box.
 #include "workbench/mainwindow.h"
 
 #include "esi/xmlCharConversion.h"
@@ -17,12 +17,9 @@ void MainWindow::showIdentity(const struct_FilenameDevice& file, const struct_Et
         std::uint32_t number;
     } numbers[] = {
         {ui->RevisionEdit, type.Product_Code}, // the field beside "Product/Revision:" shows the product
-        {ui->VendorEdit, file.Vendor_Id},
-        {ui->ProductCodeEdit, type.Product_Code},
-        {ui->RevisonNoEdit, type.Revision_No},
-        {ui->SerialNo, type.Serial_No},
-        {ui->DriveAxies, device.m_iDriveAxies},
-        {ui->ConfigModuleEdit, device.configindex},
+        {ui->VendorEdit, file.Vendor_Id},           {ui->ProductCodeEdit, type.Product_Code},
+        {ui->RevisonNoEdit, type.Revision_No},      {ui->SerialNo, type.Serial_No},
+        {ui->DriveAxies, device.m_iDriveAxies},     {ui->ConfigModuleEdit, device.configindex},
         {ui->DetectModuleEdit, device.detectindex},
     };
     for (const auto& field : numbers)

@@ -97,10 +97,9 @@ void MainWindow::Device_Information_UIClear()
         edit->clear();
     for (QLabel* label : {ui->label_17, ui->label_18})
         label->clear();
-    for (QStandardItemModel* model :
-         {&device_sm_model, &device_fmmu_model, &device_pdo_model, &device_pdocontent_model,
-          &device_pdoassignment_model, &device_slots_model, &device_startup_model, &device_sync_model,
-          &device_mpdo_model, &device_mpdocontent_model})
+    for (QStandardItemModel* model : {&device_sm_model, &device_fmmu_model, &device_pdo_model, &device_pdocontent_model,
+                                      &device_pdoassignment_model, &device_slots_model, &device_startup_model,
+                                      &device_sync_model, &device_mpdo_model, &device_mpdocontent_model})
         removeAllRows(*model);
     ui->ModuleTree->clear();
     ui->CoeTree->clear();

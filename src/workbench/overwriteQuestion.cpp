@@ -15,10 +15,10 @@ class OverwriteQuestion final : public QMessageBox
 {
 public:
     explicit OverwriteQuestion(QWidget* parent)
-        : QMessageBox(Warning, fileMatters(),
-                      QCoreApplication::translate("MainWindow",
-                                                  "The file already exists\nYes is cover，No is Additional?"),
-                      Yes | No, parent)
+        : QMessageBox(
+            Warning, fileMatters(),
+            QCoreApplication::translate("MainWindow", "The file already exists\nYes is cover，No is Additional?"),
+            Yes | No, parent)
     {
         setDefaultButton(NoButton);
     }

@@ -50,7 +50,8 @@ struct_EntryPDOContent sampleEntry(const struct_EntryPDOContent& declared, std::
 struct_PDOList sampleOf(const struct_PDOList& declared, std::uint16_t sample)
 {
     constexpr std::uint16_t lastAssignedSample = 9;
-    const std::uint32_t steps = static_cast<std::uint32_t>(sample) - 1U; // sample 0 stands one step before the declared PDO
+    const std::uint32_t steps =
+        static_cast<std::uint32_t>(sample) - 1U; // sample 0 stands one step before the declared PDO
 
     struct_PDOList pdo;
     pdo.Name = declared.Name + ' ' + std::to_string(static_cast<int>(sample) - 1);

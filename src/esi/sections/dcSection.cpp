@@ -51,16 +51,16 @@ void readVendorSpecific(Struct_DCOpMode& mode, const QDomElement& element)
 constexpr std::array opModeRules{
     ElementRule<Struct_DCOpMode>{QLatin1String("Name"), fromText<storeText<&Struct_DCOpMode::Name>>},
     ElementRule<Struct_DCOpMode>{QLatin1String("Desc"), fromText<storeText<&Struct_DCOpMode::Desc>>},
-    ElementRule<Struct_DCOpMode>{
-        QLatin1String("AssignActivate"), fromText<storeUint<&Struct_DCOpMode::AssignActivate>>},
-    ElementRule<Struct_DCOpMode>{
-        QLatin1String("CycleTimeSync0"), fromText<storeInt<&Struct_DCOpMode::m_CycleTimeSync0>>},
-    ElementRule<Struct_DCOpMode>{
-        QLatin1String("ShiftTimeSync0"), fromText<storeInt<&Struct_DCOpMode::m_ShiftTimeSync0>>},
-    ElementRule<Struct_DCOpMode>{
-        QLatin1String("CycleTimeSync1"), fromText<storeInt<&Struct_DCOpMode::m_CycleTimeSync1>>},
-    ElementRule<Struct_DCOpMode>{
-        QLatin1String("ShiftTimeSync1"), fromText<storeInt<&Struct_DCOpMode::m_ShiftTimeSync1>>},
+    ElementRule<Struct_DCOpMode>{QLatin1String("AssignActivate"),
+                                 fromText<storeUint<&Struct_DCOpMode::AssignActivate>>},
+    ElementRule<Struct_DCOpMode>{QLatin1String("CycleTimeSync0"),
+                                 fromText<storeInt<&Struct_DCOpMode::m_CycleTimeSync0>>},
+    ElementRule<Struct_DCOpMode>{QLatin1String("ShiftTimeSync0"),
+                                 fromText<storeInt<&Struct_DCOpMode::m_ShiftTimeSync0>>},
+    ElementRule<Struct_DCOpMode>{QLatin1String("CycleTimeSync1"),
+                                 fromText<storeInt<&Struct_DCOpMode::m_CycleTimeSync1>>},
+    ElementRule<Struct_DCOpMode>{QLatin1String("ShiftTimeSync1"),
+                                 fromText<storeInt<&Struct_DCOpMode::m_ShiftTimeSync1>>},
     ElementRule<Struct_DCOpMode>{QLatin1String("Sm"), appendSm},
     ElementRule<Struct_DCOpMode>{QLatin1String("VendorSpecific"), readVendorSpecific},
 };

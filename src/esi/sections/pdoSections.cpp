@@ -31,8 +31,7 @@ struct EntryBeingRead
     std::int32_t bitsOfPdo = 0; ///< running total of the PDO, with this entry's lengths
 };
 
-template<auto Store>
-void storeInEntry(EntryBeingRead& to, const QString& value)
+template<auto Store> void storeInEntry(EntryBeingRead& to, const QString& value)
 {
     Store(to.entry, value);
 }
@@ -47,15 +46,15 @@ void storeBitlen(EntryBeingRead& to, const QString& value)
 // PDOs of modules it is the other way round. Files with names in two languages leave one empty now and then, on device
 // entries and on module PDOs, and the firmware's tools know the names that come out of exactly these rules.
 constexpr std::array entryRules{
-    ElementRule<EntryBeingRead>{
-        QLatin1String("Index"), fromText<storeInEntry<storeUint<&struct_EntryPDOContent::Index>>>},
-    ElementRule<EntryBeingRead>{
-        QLatin1String("SubIndex"), fromText<storeInEntry<storeUint<&struct_EntryPDOContent::SubIndex>>>},
+    ElementRule<EntryBeingRead>{QLatin1String("Index"),
+                                fromText<storeInEntry<storeUint<&struct_EntryPDOContent::Index>>>},
+    ElementRule<EntryBeingRead>{QLatin1String("SubIndex"),
+                                fromText<storeInEntry<storeUint<&struct_EntryPDOContent::SubIndex>>>},
     ElementRule<EntryBeingRead>{QLatin1String("BitLen"), fromText<storeBitlen>},
-    ElementRule<EntryBeingRead>{
-        QLatin1String("Name"), fromText<storeInEntry<storeTextIfAny<&struct_EntryPDOContent::Name>>>},
-    ElementRule<EntryBeingRead>{
-        QLatin1String("DataType"), fromText<storeInEntry<storeText<&struct_EntryPDOContent::DataType>>>},
+    ElementRule<EntryBeingRead>{QLatin1String("Name"),
+                                fromText<storeInEntry<storeTextIfAny<&struct_EntryPDOContent::Name>>>},
+    ElementRule<EntryBeingRead>{QLatin1String("DataType"),
+                                fromText<storeInEntry<storeText<&struct_EntryPDOContent::DataType>>>},
 };
 
 void appendEntry(PdoBeingRead& to, const QDomElement& element)

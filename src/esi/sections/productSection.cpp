@@ -9,8 +9,8 @@ constexpr std::array typeRules{
     AttributeRule<DeviceTypeAttributes>{QLatin1String("ProductCode"), storeUint<&DeviceTypeAttributes::Product_Code>},
     AttributeRule<DeviceTypeAttributes>{QLatin1String("RevisionNo"), storeUint<&DeviceTypeAttributes::Revision_No>},
     AttributeRule<DeviceTypeAttributes>{QLatin1String("SerialNo"), storeUint<&DeviceTypeAttributes::Serial_No>},
-    AttributeRule<DeviceTypeAttributes>{
-        QLatin1String("CheckProductCode"), storeToken<&DeviceTypeAttributes::CheckProductCode>},
+    AttributeRule<DeviceTypeAttributes>{QLatin1String("CheckProductCode"),
+                                        storeToken<&DeviceTypeAttributes::CheckProductCode>},
 };
 
 } // namespace

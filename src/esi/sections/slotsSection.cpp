@@ -8,21 +8,23 @@
 namespace {
 
 constexpr std::array slotsRules{
-    AttributeRule<SlotsAttributes>{
-        QLatin1String("DownloadModuleIdentList"), storeBool<&SlotsAttributes::DownloadModuleIdentList>},
-    AttributeRule<SlotsAttributes>{
-        QLatin1String("DownloadModuleAddressList"), storeBool<&SlotsAttributes::DownloadModuleAddressList>},
-    AttributeRule<SlotsAttributes>{QLatin1String("SlotIndexIncrement"), storeUint<&SlotsAttributes::SlotIndexIncrement>},
+    AttributeRule<SlotsAttributes>{QLatin1String("DownloadModuleIdentList"),
+                                   storeBool<&SlotsAttributes::DownloadModuleIdentList>},
+    AttributeRule<SlotsAttributes>{QLatin1String("DownloadModuleAddressList"),
+                                   storeBool<&SlotsAttributes::DownloadModuleAddressList>},
+    AttributeRule<SlotsAttributes>{QLatin1String("SlotIndexIncrement"),
+                                   storeUint<&SlotsAttributes::SlotIndexIncrement>},
     AttributeRule<SlotsAttributes>{QLatin1String("SlotPdoIncrement"), storeUint<&SlotsAttributes::SlotPdoIncrement>},
     AttributeRule<SlotsAttributes>{QLatin1String("IdentifyModuleBy"), storeText<&SlotsAttributes::IdentifyModuleBy>},
-    AttributeRule<SlotsAttributes>{
-        QLatin1String("DownloadModuleListTransition"), storeToken<&SlotsAttributes::m_DownloadModuleListTransition>},
+    AttributeRule<SlotsAttributes>{QLatin1String("DownloadModuleListTransition"),
+                                   storeToken<&SlotsAttributes::m_DownloadModuleListTransition>},
     AttributeRule<SlotsAttributes>{QLatin1String("MaxSlotCount"), storeUint<&SlotsAttributes::m_MaxSlotCount>},
-    AttributeRule<SlotsAttributes>{QLatin1String("MaxSlotGroupCount"), storeUint<&SlotsAttributes::m_MaxSlotGroupCount>},
-    AttributeRule<SlotsAttributes>{
-        QLatin1String("SlotGroupIndexIncrement"), storeUint<&SlotsAttributes::m_SlotGroupIndexIncrement>},
-    AttributeRule<SlotsAttributes>{
-        QLatin1String("SlotGroupPdoIncrement"), storeUint<&SlotsAttributes::m_SlotGroupPdoIncrement>},
+    AttributeRule<SlotsAttributes>{QLatin1String("MaxSlotGroupCount"),
+                                   storeUint<&SlotsAttributes::m_MaxSlotGroupCount>},
+    AttributeRule<SlotsAttributes>{QLatin1String("SlotGroupIndexIncrement"),
+                                   storeUint<&SlotsAttributes::m_SlotGroupIndexIncrement>},
+    AttributeRule<SlotsAttributes>{QLatin1String("SlotGroupPdoIncrement"),
+                                   storeUint<&SlotsAttributes::m_SlotGroupPdoIncrement>},
 };
 
 void storeMaxInstances(SlotAttributes& to, const QString& value)
@@ -37,10 +39,10 @@ constexpr std::array slotRules{
     AttributeRule<SlotAttributes>{QLatin1String("SlotPdoIncrement"), storeUint<&SlotAttributes::SlotPdoIncrement>},
     AttributeRule<SlotAttributes>{QLatin1String("SlotIndexIncrement"), storeUint<&SlotAttributes::SlotIndexIncrement>},
     AttributeRule<SlotAttributes>{QLatin1String("SlotGroup"), storeUint<&SlotAttributes::m_SlotGroup>},
-    AttributeRule<SlotAttributes>{
-        QLatin1String("SlotGroupIndexIncrement"), storeUint<&SlotAttributes::m_SlotGroupIndexIncrement>},
-    AttributeRule<SlotAttributes>{
-        QLatin1String("SlotGroupPdoIncrement"), storeUint<&SlotAttributes::m_SlotGroupPdoIncrement>},
+    AttributeRule<SlotAttributes>{QLatin1String("SlotGroupIndexIncrement"),
+                                  storeUint<&SlotAttributes::m_SlotGroupIndexIncrement>},
+    AttributeRule<SlotAttributes>{QLatin1String("SlotGroupPdoIncrement"),
+                                  storeUint<&SlotAttributes::m_SlotGroupPdoIncrement>},
 };
 
 /// ODD, KEPT: each child node makes a record of its own, so a class with a `Class` and a `Name` gives two records with
