@@ -8,7 +8,6 @@
 #include "ui_mainwindow.h"
 
 #include <QAction>
-#include <QHeaderView>
 #include <QKeySequence>
 
 MainWindow::MainWindow(QWidget* parent)
@@ -48,9 +47,6 @@ void MainWindow::connectActions()
 void MainWindow::connectDeviceTree()
 {
     connect(ui->DeviceTree, &QTreeWidget::customContextMenuRequested, this, &MainWindow::slotCustomContextMenu);
-    // A name that is wider than the tree is reached by scrolling, and is never cut off.
-    ui->DeviceTree->header()->setStretchLastSection(false);
-    ui->DeviceTree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     // The click that toggles a check box also selects the item. The order of the two connections is the order in which
     // they run: first the item is shown, then its check state spreads.
     connect(ui->DeviceTree, &QTreeWidget::itemClicked, this, &MainWindow::device_information_display);

@@ -9,6 +9,7 @@
 #include "ui_mainwindow.h"
 
 #include <QCursor>
+#include <QHeaderView>
 #include <QMenu>
 
 namespace {
@@ -18,6 +19,19 @@ QTreeWidgetItem* checkedItem(const QString& text)
     auto* item = new QTreeWidgetItem(QStringList{text});
     item->setCheckState(0, Qt::Checked);
     return item;
+}
+
+/// Makes the column as wide as its widest name, so that a long one is reached by scrolling and never cut off, and at
+/// least as wide as the tree.
+void fitColumnToNames(QTreeWidget& tree)
+{
+    constexpr int widthOfStyle = -1;
+    QHeaderView* header = tree.header();
+    header->setMinimumSectionSize(widthOfStyle);
+    header->setStretchLastSection(false);
+    tree.resizeColumnToContents(0);
+    header->setMinimumSectionSize(header->sectionSize(0));
+    header->setStretchLastSection(true);
 }
 
 } // namespace
@@ -33,6 +47,7 @@ void MainWindow::DeviceDisplayUpdate()
         ui->DeviceTree->addTopLevelItem(fileItem);
         fileItem->setExpanded(true);
     }
+    fitColumnToNames(*ui->DeviceTree);
 }
 
 void MainWindow::device_information_display(QTreeWidgetItem* item, int /*column*/)
