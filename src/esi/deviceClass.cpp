@@ -8,13 +8,6 @@ constexpr int ioProfile = 0;
 constexpr int driveProfile = 402;
 constexpr int modularProfile = 5001;
 
-// The values of enum_KTL_DEVICE_TYPE that a profile number can give.
-constexpr std::uint16_t ioBlock = 0;
-constexpr std::uint16_t singleDriver = 1;
-constexpr std::uint16_t multiDriver = 2;
-constexpr std::uint16_t pnpIoBlock = 3;
-constexpr std::uint16_t special = 4;
-
 } // namespace
 
 int SetXmlTypeToDevice(struct_EtherCatDevice* p_ether_device, int iType, int bHasSlots)
@@ -25,17 +18,17 @@ int SetXmlTypeToDevice(struct_EtherCatDevice* p_ether_device, int iType, int bHa
     const bool hasSlots = bHasSlots != 0;
     switch (iType) {
     case ioProfile:
-        device.m_iDeviceType = hasSlots ? pnpIoBlock : ioBlock;
+        device.m_iDeviceType = hasSlots ? KTL_DEVICE_TYPE_PnpIOBlock : KTL_DEVICE_TYPE_IOBlock;
         break;
     case driveProfile:
-        device.m_iDeviceType = hasSlots ? multiDriver : singleDriver;
+        device.m_iDeviceType = hasSlots ? KTL_DEVICE_TYPE_MultiDriver : KTL_DEVICE_TYPE_SingleDriver;
         device.m_iDriveAxies = hasSlots ? static_cast<std::uint16_t>(device.Slots.vslot.size()) : std::uint16_t{1};
         break;
     case modularProfile:
-        device.m_iDeviceType = pnpIoBlock;
+        device.m_iDeviceType = KTL_DEVICE_TYPE_PnpIOBlock;
         break;
     default:
-        device.m_iDeviceType = special;
+        device.m_iDeviceType = KTL_DEVICE_TYPE_Special;
     }
     return 0;
 }

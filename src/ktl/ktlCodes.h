@@ -1,6 +1,9 @@
 // ktlCodes.h - the codes of the KTL format.
 #pragma once
 
+#include "model/deviceType.h"
+#include "model/syncDirection.h"
+
 #include <cstdint>
 
 /// Item types. Each item starts with one of these.
@@ -31,30 +34,6 @@ enum enum_KTL_ITEM_TYPE : std::uint32_t
     KTL_ITEM_ModuleCoEInitCmdType = 40104,
     KTL_ITEM_ModuleDictDT = 40105, ///< never written
     KTL_ITEM_ModuleDictObject = 40106 ///< never written
-};
-
-/// Device classes. They count from 0; the words that the window offers for them count from 1.
-enum enum_KTL_DEVICE_TYPE : std::uint16_t
-{
-    KTL_DEVICE_TYPE_IOBlock = 0,
-    KTL_DEVICE_TYPE_SingleDriver = 1,
-    KTL_DEVICE_TYPE_MultiDriver = 2, ///< module PDOs are written as ordinary PDO items
-    KTL_DEVICE_TYPE_PnpIOBlock = 3, ///< slot and module counts in General, module blocks behind the device
-    KTL_DEVICE_TYPE_Special = 4, ///< module PDOs are written as ordinary PDO items
-    KTL_DEVICE_TYPE_ManualIOBlock = 5 ///< as PnpIOBlock, and a SlotPreConfig item
-};
-
-/// Directions of sync managers and FMMUs.
-enum enum_KTL_SMFMMU_TYPE : std::uint8_t
-{
-    KTL_UnknownType = 0,
-    KTL_MBoxOut = 1,
-    KTL_MBoxIn = 2,
-    KTL_Outputs = 3,
-    KTL_Inputs = 4,
-    KTL_DyOutputs = 5,
-    KTL_DyInputs = 6,
-    KTL_Local = 7
 };
 
 /// Links of a PDO entry to an input or output of the controller. -3 is not assigned.

@@ -3,12 +3,14 @@
 
 #include "model/byteBit.h"
 #include "model/deviceRecords.h"
+#include "model/deviceType.h"
 #include "model/dictionaryRecords.h"
 #include "model/moduleRecords.h"
 #include "model/nmtoken.h"
 #include "model/pdoRecords.h"
 #include "model/slotRecords.h"
 #include "model/startupRecords.h"
+#include "model/syncDirection.h"
 #include "model/syncRecords.h"
 #include "model/version.h"
 

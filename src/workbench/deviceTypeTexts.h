@@ -1,7 +1,7 @@
 // deviceTypeTexts.h - the words that the window offers for the device classes.
 #pragma once
 
-#include "ktl/ktlCodes.h"
+#include "model/deviceType.h"
 
 /// One entry of the device type list.
 struct DeviceTypeText

@@ -3,7 +3,7 @@
 #include "workbench/mainwindow.h"
 
 #include "esi/xmlCharConversion.h"
-#include "ktl/ktlCodes.h"
+#include "model/deviceType.h"
 
 #include "ui_mainwindow.h"
 

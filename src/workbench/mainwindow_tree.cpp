@@ -2,10 +2,10 @@
 #include "workbench/mainwindow.h"
 
 #include "esi/xmlCharConversion.h"
+#include "model/deviceType.h"
 #include "workbench/checkState.h"
 #include "workbench/tableViews.h"
 
-#include "ktl/ktlCodes.h"
 #include "ui_mainwindow.h"
 
 #include <QCursor>

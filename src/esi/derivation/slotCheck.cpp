@@ -34,12 +34,11 @@ void unifyIncrements(DeviceSlots& deviceSlots)
 
 void checkSlots(struct_EtherCatDevice& device)
 {
-    constexpr std::uint16_t multiDriver = 2; // KTL_DEVICE_TYPE_MultiDriver
     if (!device.Slots.vslot.empty()) {
         completeIncrements(device.Slots.Attributes, device.Slots.vslot.front().Attributes);
         unifyIncrements(device.Slots);
     }
-    if (device.m_iDeviceType == multiDriver)
+    if (device.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver)
         device.m_iDriveAxies = driveAxesOf(device.Slots);
 }
 

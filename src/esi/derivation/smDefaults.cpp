@@ -3,9 +3,6 @@
 
 namespace {
 
-constexpr std::uint8_t mailboxOutput = 1;
-constexpr std::uint8_t mailboxInput = 2;
-
 /// Adds the size of each assigned PDO to its sync manager.
 /// ODD, KEPT: a plain float sum with no carry from the tenths, so two PDOs of 12 bits make 2.8 and not 3.0; the
 /// controller takes the whole part of that number. PDOs that modules bring in are not counted at load time.
@@ -19,7 +16,7 @@ void addPdoSizes(std::vector<struct_SM>& syncManagers, const std::vector<struct_
 void computeLengths(struct_EtherCatDevice& device)
 {
     for (struct_SM& syncManager : device.vSM)
-        if (syncManager.Smtype == mailboxOutput || syncManager.Smtype == mailboxInput)
+        if (syncManager.Smtype == KTL_MBoxOut || syncManager.Smtype == KTL_MBoxIn)
             syncManager.Length += static_cast<float>(syncManager.Attributes.DefaultSize);
     addPdoSizes(device.vSM, device.RxPdo.vpdo);
     addPdoSizes(device.vSM, device.TxPdo.vpdo);

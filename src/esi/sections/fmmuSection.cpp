@@ -1,7 +1,7 @@
 // fmmuSection.cpp - one `Fmmu` element of a device.
+#include "esi/directionName.h"
 #include "esi/fieldRules.h"
 #include "esi/storeField.h"
-#include "esi/syncDirection.h"
 #include "esi/xmlparsing.h"
 
 namespace {
@@ -30,6 +30,6 @@ void read_device_Fmmuinfo(QDomElement* element, struct_EtherCatDevice* ether_dev
     fmmu.m_Name = name.toStdString();
     // An unknown name keeps type 0 here, while an unknown sync manager counts as mailbox output: an FMMU without a
     // known direction maps nothing, and the controller leaves it alone.
-    fmmu.m_FmmuType = syncDirection(name, 0);
+    fmmu.m_FmmuType = directionByName(name, KTL_UnknownType);
     ether_device->vFmmu.push_back(std::move(fmmu));
 }

@@ -1,7 +1,7 @@
 // smSection.cpp - one `Sm` element of a device.
+#include "esi/directionName.h"
 #include "esi/fieldRules.h"
 #include "esi/storeField.h"
-#include "esi/syncDirection.h"
 #include "esi/xmlparsing.h"
 
 namespace {
@@ -15,8 +15,6 @@ constexpr std::array smRules{
     AttributeRule<SmAttributes>{QLatin1String("Enable"), storeUint<&SmAttributes::Enable>},
     AttributeRule<SmAttributes>{QLatin1String("Virtual"), storeUint<&SmAttributes::m_Virtual>},
 };
-
-constexpr std::uint8_t mailboxOutput = 1;
 
 } // namespace
 
@@ -32,6 +30,6 @@ void read_device_SMinfo(QDomElement* element, struct_EtherCatDevice* ether_devic
     syncManager.Name = name.toStdString();
     // ODD, KEPT: an unknown or missing name counts as mailbox output (1), where an FMMU gets 0. The first sync manager
     // of simple slaves comes without a name, and it is the mailbox output that the controller then expects there.
-    syncManager.Smtype = syncDirection(name, mailboxOutput);
+    syncManager.Smtype = directionByName(name, KTL_MBoxOut);
     ether_device->vSM.push_back(std::move(syncManager));
 }
