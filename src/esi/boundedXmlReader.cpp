@@ -1,8 +1,8 @@
 #include "esi/boundedXmlReader.h"
 
-#include <QCoreApplication>
 #include <QDomDocument>
 #include <QFile>
+#include <QXmlAttributes>
 #include <QXmlContentHandler>
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
@@ -47,18 +47,26 @@ public:
     {
         return m_builder->processingInstruction(target, data);
     }
-    bool skippedEntity(const QString& name) override { return m_builder->skippedEntity(name); }
+    bool skippedEntity(const QString& name) override
+    {
+        m_sawSkippedEntity = true;
+        return m_builder->skippedEntity(name);
+    }
     QString errorString() const override
     {
         return isTooDeep() ? QStringLiteral("elements are nested deeper than %1").arg(deepestNesting)
                            : m_builder->errorString();
     }
 
+    /// Whether the document refers to an entity that it does not declare.
+    [[nodiscard]] bool sawSkippedEntity() const { return m_sawSkippedEntity; }
+
 private:
     [[nodiscard]] bool isTooDeep() const { return m_depth > deepestNesting; }
 
     QXmlContentHandler* m_builder = nullptr; ///< belongs to the document, set for the time of a parse
     int m_depth = 0;
+    bool m_sawSkippedEntity = false;
 };
 
 /// The parser that the document class uses, with the guard between the two.
@@ -78,6 +86,8 @@ public:
         QXmlSimpleReader::setContentHandler(handler == nullptr ? nullptr : &m_guard);
     }
 
+    [[nodiscard]] bool sawSkippedEntity() const { return m_guard.sawSkippedEntity(); }
+
 private:
     DepthGuard m_guard;
 };
@@ -88,7 +98,14 @@ bool parseXml(QFile& file, QDomDocument& document, XmlFormatError& error)
 {
     BoundedXmlReader reader;
     QXmlInputSource source(&file);
-    return document.setContent(&source, &reader, &error.message, &error.line, &error.column);
+    if (!document.setContent(&source, &reader, &error.message, &error.line, &error.column))
+        return false;
+    if (!reader.sawSkippedEntity())
+        return true;
+    // With a reader from outside the builder cannot tell an undeclared entity inside an attribute from one in the
+    // content, and would keep both as nodes. With its own reader it can, and by now the depth of the file is known to
+    // be harmless.
+    return file.seek(0) && document.setContent(&file, true, &error.message, &error.line, &error.column);
 }
 
 QT_WARNING_POP

@@ -1,6 +1,8 @@
 // deviceClass.cpp - device class by ESI profile number.
 #include "esi/xmlparsing.h"
 
+#include <cstdint>
+
 namespace {
 
 constexpr int noDevice = 10;

@@ -25,16 +25,18 @@ template<typename Visitor> void forEachChildElement(const QDomElement& parent, Q
     });
 }
 
-/// Calls `visit(descendant)` for each element under `root`, at any depth and in document order. It does not recurse, so
-/// the depth of the document costs no stack.
-template<typename Visitor> void forEachDescendantElement(const QDomElement& root, Visitor visit)
+/// Walks all elements under `root`, at any depth and in document order: `enter(element)` before what is under it,
+/// `leave(element)` behind that. It does not recurse, so the depth of the document costs no stack.
+template<typename Enter, typename Leave> void walkElements(const QDomElement& root, Enter enter, Leave leave)
 {
     QDomNode node = root.firstChild();
     while (!node.isNull()) {
         if (node.isElement())
-            visit(node.toElement());
+            enter(node.toElement());
         QDomNode next = node.firstChild();
         while (next.isNull()) {
+            if (node.isElement())
+                leave(node.toElement());
             next = node.nextSibling();
             if (!next.isNull())
                 break;
@@ -54,13 +56,14 @@ template<std::size_t Count>
                                                                            const std::array<QLatin1String, Count>& tags)
 {
     std::array<std::vector<QDomElement>, Count> found;
-    forEachDescendantElement(root, [&](const QDomElement& element) {
+    const auto sortIn = [&](const QDomElement& element) {
         const QString tag = element.tagName();
         for (std::size_t index = 0; index < Count; ++index)
             if (tag == tags[index]) {
                 found[index].push_back(element);
                 return;
             }
-    });
+    };
+    walkElements(root, sortIn, [](const QDomElement& /*element*/) {});
     return found;
 }

@@ -3,6 +3,7 @@
 
 #include "esi/domIteration.h"
 
+#include <QDomAttr>
 #include <QDomElement>
 #include <QLatin1String>
 #include <QString>
@@ -36,8 +37,8 @@ template<typename Record, std::size_t Count>
 void readAttributes(const QDomElement& element, const std::array<AttributeRule<Record>, Count>& rules, Record& to)
 {
     for (const AttributeRule<Record>& rule : rules)
-        if (element.hasAttribute(rule.name))
-            rule.store(to, element.attribute(rule.name));
+        if (const QDomAttr attribute = element.attributeNode(rule.name); !attribute.isNull())
+            rule.store(to, attribute.value());
 }
 
 /// Reads the child elements of `element` into `to`, in document order: of a value that occurs twice the later one

@@ -47,9 +47,11 @@ constexpr std::array tokenTexts{
     TokenText{EQ, QLatin1String("EQ"), QLatin1String("EQ")},
 };
 
+/// The text in upper case, as far as its first zero character: the conversions take zero-terminated texts.
 QString upperCased(QStringView text)
 {
-    return text.toString().toUpper();
+    const auto end = std::find(text.begin(), text.end(), QChar(QChar::Null));
+    return text.left(std::distance(text.begin(), end)).toString().toUpper();
 }
 
 void removeFirst(QString& text, QLatin1String mark)

@@ -1,13 +1,16 @@
 // xmlparsing.cpp - the walk over an ESI document.
 #include "esi/xmlparsing.h"
 
+#include "esi/documentElements.h"
 #include "esi/domIteration.h"
 
 #include <QDomComment>
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -27,60 +30,24 @@ void storeDeviceName(QDomElement* element, struct_EtherCatDevice* device)
     device->Name = name.toStdString(); // the last name of a device wins, whatever its language
 }
 
-struct SectionRule
+struct SectionReader
 {
-    QLatin1String tag;
+    DeviceSection section;
     void (*read)(QDomElement* element, struct_EtherCatDevice* device);
 };
 
-/// Sections of a device in the order of their reading. A section that occurs twice is read twice.
-constexpr std::array sectionRules{
-    SectionRule{QLatin1String("Type"), read_device_Productinfo},
-    SectionRule{QLatin1String("Name"), storeDeviceName},
-    SectionRule{QLatin1String("Mailbox"), read_device_Mailboxinfo},
-    SectionRule{QLatin1String("Fmmu"), read_device_Fmmuinfo},
-    SectionRule{QLatin1String("Sm"), read_device_SMinfo},
-    SectionRule{QLatin1String("Dc"), read_device_Dcinfo},
-    SectionRule{QLatin1String("RxPdo"), read_device_RxPdoinfo},
-    SectionRule{QLatin1String("TxPdo"), read_device_TxPdoinfo},
-    SectionRule{QLatin1String("Slots"), read_device_Slotsinfo},
+/// Readers of the sections, in the order of their calls. A section that occurs twice is read twice.
+constexpr std::array sectionReaders{
+    SectionReader{DeviceSection::Type, read_device_Productinfo},
+    SectionReader{DeviceSection::Name, storeDeviceName},
+    SectionReader{DeviceSection::Mailbox, read_device_Mailboxinfo},
+    SectionReader{DeviceSection::Fmmu, read_device_Fmmuinfo},
+    SectionReader{DeviceSection::Sm, read_device_SMinfo},
+    SectionReader{DeviceSection::Dc, read_device_Dcinfo},
+    SectionReader{DeviceSection::RxPdo, read_device_RxPdoinfo},
+    SectionReader{DeviceSection::TxPdo, read_device_TxPdoinfo},
+    SectionReader{DeviceSection::Slots, read_device_Slotsinfo},
 };
-
-/// What one pass over a device's subtree finds.
-struct DeviceElements
-{
-    std::array<std::vector<QDomElement>, sectionRules.size()> sections; ///< in the order of `sectionRules`
-    std::vector<QDomElement> profiles;
-    bool hasSlots = false; ///< a `Slots` element at whatever depth and under whatever parent
-};
-
-/// Whether an element stands directly under one whose tag contains the word: `Device` passes, and so does `Devices`.
-bool parentTagContains(const QDomElement& element, QLatin1String word)
-{
-    return element.parentNode().toElement().tagName().contains(word);
-}
-
-DeviceElements elementsOf(const QDomElement& device)
-{
-    constexpr QLatin1String deviceWord("Device");
-    DeviceElements found;
-    forEachDescendantElement(device, [&](const QDomElement& element) {
-        const QString tag = element.tagName();
-        if (tag == QLatin1String("Profile")) {
-            if (parentTagContains(element, deviceWord))
-                found.profiles.push_back(element);
-            return;
-        }
-        for (std::size_t index = 0; index < sectionRules.size(); ++index)
-            if (tag == sectionRules[index].tag) {
-                found.hasSlots = found.hasSlots || tag == QLatin1String("Slots");
-                if (parentTagContains(element, deviceWord))
-                    found.sections[index].push_back(element);
-                return;
-            }
-    });
-    return found;
-}
 
 void storeProfileNumber(const QDomElement& element, bool hasSlots, struct_EtherCatDevice& device)
 {
@@ -114,15 +81,19 @@ void readProfile(const QDomElement& profile, bool hasSlots, struct_EtherCatDevic
     });
 }
 
-struct_EtherCatDevice deviceFrom(const QDomElement& element)
+std::vector<QDomElement>& sectionOf(DeviceElements& elements, DeviceSection section)
 {
-    DeviceElements elements = elementsOf(element);
+    return elements.sections[static_cast<std::size_t>(section)];
+}
+
+struct_EtherCatDevice deviceFrom(DeviceElements& elements)
+{
     struct_EtherCatDevice device;
-    for (std::size_t index = 0; index < sectionRules.size(); ++index)
-        for (QDomElement& section : elements.sections[index])
-            sectionRules[index].read(&section, &device);
+    for (const SectionReader& reader : sectionReaders)
+        for (QDomElement& element : sectionOf(elements, reader.section))
+            reader.read(&element, &device);
     // The profile comes last: a drive counts its slots as axes, so they have to be read by then.
-    for (const QDomElement& profile : elements.profiles)
+    for (const QDomElement& profile : sectionOf(elements, DeviceSection::Profile))
         readProfile(profile, elements.hasSlots, device);
     return device;
 }
@@ -181,21 +152,18 @@ void appendModuleGroups(const QDomElement& modules, std::vector<struct_commentmo
 
 bool read_xmldevice(const QString& projectName)
 {
-    const QDomElement root = domDocument.documentElement();
-    const auto [vendors, devices, moduleLists] =
-        descendantsByTag<3>(root, {QLatin1String("Vendor"), QLatin1String("Device"), QLatin1String("Modules")});
-    if (vendors.empty())
+    DocumentElements elements = documentElements(domDocument.documentElement());
+    if (elements.vendor.isNull())
         return false;
 
     struct_FilenameDevice file;
     file.xmlfilepath = projectName.toStdString();
-    file.Vendor_Id = vendorIdOf(vendors.front()); // only the first vendor of a document counts
-    file.device.reserve(devices.size());
-    for (const QDomElement& device : devices)
+    file.Vendor_Id = vendorIdOf(elements.vendor);
+    file.device.reserve(elements.devices.size());
+    for (DeviceElements& device : elements.devices)
         file.device.push_back(deviceFrom(device));
-    for (const QDomElement& moduleList : moduleLists)
-        if (parentTagContains(moduleList, QLatin1String("Descriptions")))
-            appendModuleGroups(moduleList, file.vcommentmodule);
+    for (const QDomElement& moduleList : elements.moduleLists)
+        appendModuleGroups(moduleList, file.vcommentmodule);
 
     // The order counts: slots are made uniform before modules move into them, oversampled PDOs are plain before they
     // get startup commands, and the lengths add up what is assigned in the end.

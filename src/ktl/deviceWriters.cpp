@@ -4,13 +4,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <vector>
 
 namespace {
-
-bool hasModuleBlocks(const struct_EtherCatDevice& device)
-{
-    return device.m_iDeviceType == KTL_DEVICE_TYPE_PnpIOBlock || device.m_iDeviceType == KTL_DEVICE_TYPE_ManualIOBlock;
-}
 
 /// Slot positions: each slot is one, or as many as it takes modules, whichever sum is greater.
 std::uint16_t slotPositions(const struct_EtherCatDevice& device)
@@ -27,11 +26,6 @@ std::uint16_t moduleCount(const struct_FilenameDevice& file)
     for (const struct_commentmodule& group : file.vcommentmodule)
         modules += group.vmodule.size();
     return static_cast<std::uint16_t>(modules);
-}
-
-bool isVirtual(const struct_SM& syncManager)
-{
-    return syncManager.Attributes.m_Virtual != 0;
 }
 
 /// Whole part of a length, low 16 bits; 0 for a length that no 64-bit number can hold.
@@ -76,28 +70,44 @@ struct_KTL_DcAttributes dcRecord(const Struct_DCOpMode& mode)
     return record;
 }
 
-/// Writes an item that is a counted list of records behind a 12-byte head.
-template<typename Item, typename Record>
-void writeCountedItem(std::FILE* out, enum_KTL_ITEM_TYPE type, const std::vector<Record>& records)
+/// Writes an item whose head holds nothing but the number of its records.
+template<typename Item, typename Source, typename Record>
+void writeCountedItem(std::FILE* out, enum_KTL_ITEM_TYPE type, const std::vector<Source>& sources,
+                      Record (*recordOf)(const Source&))
 {
-    constexpr std::size_t headSize = sizeof(Item) - sizeof(Record);
     Item head{};
     head.m_iItemType = type;
-    head.m_iSize = static_cast<std::uint32_t>(headSize + records.size() * sizeof(Record));
-    head.m_iCount = static_cast<std::uint32_t>(records.size());
-    ItemWriter item(head, headSize);
-    for (const Record& record : records)
-        item.add(record);
-    item.writeTo(out);
+    head.m_iCount = static_cast<std::uint32_t>(sources.size());
+    writeListItem(out, head, sources, recordOf);
 }
 
-template<typename Source, typename Record>
-std::vector<Record> recordsOf(const std::vector<Source>& sources, Record (*recordOf)(const Source&))
+/// ODD, KEPT: a virtual sync manager leaves no record behind while PDOs keep the numbers that they had. The controller
+/// counts the records it finds, and vendors declare virtual ones last.
+std::vector<struct_SM> withoutVirtual(const std::vector<struct_SM>& syncManagers)
 {
-    std::vector<Record> records;
-    records.reserve(sources.size());
-    std::transform(sources.cbegin(), sources.cend(), std::back_inserter(records), recordOf);
-    return records;
+    std::vector<struct_SM> real;
+    std::copy_if(syncManagers.cbegin(), syncManagers.cend(), std::back_inserter(real),
+                 [](const struct_SM& syncManager) { return syncManager.Attributes.m_Virtual == 0; });
+    return real;
+}
+
+struct_KTL_EtherCatDeviceType generalItem(const struct_EtherCatDevice& device, const struct_FilenameDevice& file)
+{
+    struct_KTL_EtherCatDeviceType item{};
+    item.m_iItemType = KTL_ITEM_General;
+    item.m_iSize = sizeof item;
+    item.m_iVendor_Id = file.Vendor_Id; // the file's: an ESI device has no vendor id of its own
+    item.m_iProduct_Code = device.TypeAttributes.Product_Code;
+    item.m_iRevision_No = device.TypeAttributes.Revision_No;
+    item.m_iSerial_No = device.TypeAttributes.Serial_No;
+    item.m_iDeviceType = device.m_iDeviceType;
+    item.m_bSdoSupport = device.Mailbox.COE.Attributes.SdoInfo ? 1 : 0;
+    if (hasModuleBlocks(device.m_iDeviceType)) {
+        item.m_iSlotCount = slotPositions(device);
+        item.m_iModuleTypeMax = moduleCount(file);
+    }
+    item.m_iDriveAxies = device.m_iDriveAxies;
+    return item;
 }
 
 } // namespace
@@ -106,50 +116,27 @@ int KTL_write_device_General(std::FILE* out, struct_EtherCatDevice* device, stru
 {
     if (out == nullptr || device == nullptr || filedevices == nullptr)
         return 0;
-    struct_KTL_EtherCatDeviceType item{};
-    item.m_iItemType = KTL_ITEM_General;
-    item.m_iSize = sizeof item;
-    // The file's vendor id: an ESI device has none of its own.
-    item.m_iVendor_Id = filedevices->Vendor_Id;
-    item.m_iProduct_Code = device->TypeAttributes.Product_Code;
-    item.m_iRevision_No = device->TypeAttributes.Revision_No;
-    item.m_iSerial_No = device->TypeAttributes.Serial_No;
-    item.m_iDeviceType = device->m_iDeviceType;
-    item.m_bSdoSupport = device->Mailbox.COE.Attributes.SdoInfo ? 1 : 0;
-    if (hasModuleBlocks(*device)) {
-        item.m_iSlotCount = slotPositions(*device);
-        item.m_iModuleTypeMax = moduleCount(*filedevices);
-    }
-    item.m_iDriveAxies = device->m_iDriveAxies;
-    return static_cast<int>(ItemWriter(item).writeTo(out));
+    return static_cast<int>(ItemWriter(generalItem(*device, *filedevices)).writeTo(out));
 }
 
 void KTL_write_device_FmmuInfo(std::FILE* out, struct_EtherCatDevice* device)
 {
-    if (out == nullptr || device == nullptr || device->vFmmu.empty())
-        return;
-    writeCountedItem<struct_KTL_FmmuType>(out, KTL_ITEM_FMMU, recordsOf(device->vFmmu, fmmuRecord));
+    if (out != nullptr && device != nullptr && !device->vFmmu.empty())
+        writeCountedItem<struct_KTL_FmmuType>(out, KTL_ITEM_FMMU, device->vFmmu, fmmuRecord);
 }
 
 void KTL_write_device_SmInfo(std::FILE* out, struct_EtherCatDevice* device)
 {
     if (out == nullptr || device == nullptr)
         return;
-    // ODD, KEPT: a virtual sync manager leaves no record behind while PDOs keep the numbers that they had. The
-    // controller counts the records it finds, and vendors declare virtual ones last.
-    std::vector<struct_KTL_SmAttributes> records;
-    for (const struct_SM& syncManager : device->vSM)
-        if (!isVirtual(syncManager))
-            records.push_back(smRecord(syncManager));
-    if (!records.empty())
-        writeCountedItem<struct_KTL_SmType>(out, KTL_ITEM_SM, records);
+    if (const std::vector<struct_SM> syncManagers = withoutVirtual(device->vSM); !syncManagers.empty())
+        writeCountedItem<struct_KTL_SmType>(out, KTL_ITEM_SM, syncManagers, smRecord);
 }
 
 void KTL_write_device_DcInfo(std::FILE* out, struct_EtherCatDevice* device)
 {
-    if (out == nullptr || device == nullptr || device->vopmode.empty())
-        return;
-    writeCountedItem<struct_KTL_DcType>(out, KTL_ITEM_DC, recordsOf(device->vopmode, dcRecord));
+    if (out != nullptr && device != nullptr && !device->vopmode.empty())
+        writeCountedItem<struct_KTL_DcType>(out, KTL_ITEM_DC, device->vopmode, dcRecord);
 }
 
 void KTL_write_device_EEPROM(std::FILE* out, struct_EtherCatDevice* /*device*/)

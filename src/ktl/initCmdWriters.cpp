@@ -3,7 +3,9 @@
 #include "ktl/ktlExport.h"
 
 #include <algorithm>
-#include <cstring>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
 
 namespace {
 
@@ -45,9 +47,9 @@ template<typename Command> std::size_t announcedAccessBytes(const std::vector<Co
 
 /// Adds the records of one list to the item and collects the values of its complete accesses.
 ///
-/// ODD, KEPT: the limit is tested by the announced bytes, while each value adds four. The two differ where a list holds
-/// more values than it announces; the block is then longer than the item says, and the controller reads it as far as
-/// the commands go. A command whose values do not fit keeps its complete-access mark without them.
+/// ODD, KEPT: the limit is tested by the announced bytes, while each value adds four. Where a list holds more values
+/// than it announces, the block is longer than the item says. A command whose values pass the limit keeps its
+/// complete-access mark without them: the mark is part of the command and says how it is sent.
 template<typename Command>
 void addCommands(ItemWriter& item, const std::vector<Command>& commands, std::vector<std::uint32_t>& accessValues)
 {
@@ -63,42 +65,36 @@ void addCommands(ItemWriter& item, const std::vector<Command>& commands, std::ve
     }
 }
 
-} // namespace
-
-void KTL_write_device_EoEInitCmd(std::FILE* out, struct_EtherCatDevice* device)
+struct_KTL_EOE eoeHead(const DeviceEoe& eoe)
 {
-    if (out == nullptr || device == nullptr)
-        return;
-    constexpr std::size_t headSize = offsetof(struct_KTL_EOE, m_aInitCmd);
-    const DeviceEoe& eoe = device->Mailbox.EOE;
     struct_KTL_EOE head{};
     head.m_iItemType = KTL_ITEM_EoE;
     head.m_bIP = eoe.Attributes.IP ? 1 : 0;
     head.m_bMAC = eoe.Attributes.MAC ? 1 : 0;
-    // ODD, KEPT: count and size take the low 8 bits of the number of commands, while all records are written. No slave
-    // has that many EoE commands, and the controller's count for EoE has one byte.
+    // ODD, KEPT: count and size take the low 8 bits of the number of commands, while all records are written. The
+    // controller's count for EoE has one byte, and no slave comes near that many EoE commands.
     head.m_iInitCmdCount = static_cast<std::uint8_t>(eoe.InitCmd.vinitcmd.size());
-    head.m_iSize = static_cast<std::uint32_t>(headSize + head.m_iInitCmdCount * sizeof(struct_KTL_InitCmd));
-    ItemWriter item(head, headSize);
+    head.m_iSize = static_cast<std::uint32_t>(
+        headSizeOf<struct_KTL_EOE, struct_KTL_InitCmd> + head.m_iInitCmdCount * sizeof(struct_KTL_InitCmd));
+    return head;
+}
+
+void writeEoe(std::FILE* out, const DeviceEoe& eoe)
+{
+    ItemWriter item(eoeHead(eoe), headSizeOf<struct_KTL_EOE, struct_KTL_InitCmd>);
     for (const struct_InitCmd& command : eoe.InitCmd.vinitcmd)
         item.add(commandRecord(command));
     item.writeTo(out);
 }
 
-void KTL_write_device_CoEInitCmd(std::FILE* out, struct_EtherCatDevice* device)
+/// @param count        commands of both lists
+/// @param accessBytes  announced bytes of the complete accesses of both lists
+struct_KTL_COE coeHead(const CoeAttributes& flags, std::size_t count, std::size_t accessBytes)
 {
-    if (out == nullptr || device == nullptr)
-        return;
-    constexpr std::size_t headSize = offsetof(struct_KTL_COE, m_aInitCmd);
     constexpr std::size_t countFromSize = 255; // tells the controller to count the commands from the item's size
     constexpr std::size_t alignment = 4;
-    const std::vector<struct_InitCmd>& commands = device->Mailbox.COE.InitCmd.vinitcmd;
-    const std::vector<struct_moduleInitCmd>& moduleCommands = device->mMailbox.COE.vinitcmd;
-    const CoeAttributes& flags = device->Mailbox.COE.Attributes;
-    const std::size_t count = commands.size() + moduleCommands.size();
-    const std::size_t size = headSize + count * sizeof(struct_KTL_InitCmd) + announcedAccessBytes(commands)
-                             + announcedAccessBytes(moduleCommands);
-
+    const std::size_t size =
+        headSizeOf<struct_KTL_COE, struct_KTL_InitCmd> + count * sizeof(struct_KTL_InitCmd) + accessBytes;
     struct_KTL_COE head{};
     head.m_iItemType = KTL_ITEM_CoE;
     head.m_iSize = static_cast<std::uint32_t>((size + alignment - 1) / alignment * alignment);
@@ -110,12 +106,33 @@ void KTL_write_device_CoEInitCmd(std::FILE* out, struct_EtherCatDevice* device)
     head.m_bCompleteAccess = flags.CompleteAccess ? 1 : 0;
     head.m_bDiagHistory = flags.DiagHistory ? 1 : 0;
     head.m_iInitCmdCount = static_cast<std::uint8_t>(std::min(count, countFromSize));
+    return head;
+}
 
-    ItemWriter item(head, headSize);
+void writeCoe(std::FILE* out, const DeviceCoe& coe, const std::vector<struct_moduleInitCmd>& moduleCommands)
+{
+    const std::vector<struct_InitCmd>& commands = coe.InitCmd.vinitcmd;
+    const struct_KTL_COE head = coeHead(coe.Attributes, commands.size() + moduleCommands.size(),
+                                        announcedAccessBytes(commands) + announcedAccessBytes(moduleCommands));
+    ItemWriter item(head, headSizeOf<struct_KTL_COE, struct_KTL_InitCmd>);
     std::vector<std::uint32_t> accessValues;
     addCommands(item, commands, accessValues);
     addCommands(item, moduleCommands, accessValues);
     for (const std::uint32_t value : accessValues)
         item.add(value);
     item.writeTo(out);
+}
+
+} // namespace
+
+void KTL_write_device_EoEInitCmd(std::FILE* out, struct_EtherCatDevice* device)
+{
+    if (out != nullptr && device != nullptr)
+        writeEoe(out, device->Mailbox.EOE);
+}
+
+void KTL_write_device_CoEInitCmd(std::FILE* out, struct_EtherCatDevice* device)
+{
+    if (out != nullptr && device != nullptr)
+        writeCoe(out, device->Mailbox.COE, device->mMailbox.COE.vinitcmd);
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-void ItemWriter::append(const void* data, std::size_t size, std::true_type /*isPlainBytes*/)
+void ItemWriter::append(const void* data, std::size_t size)
 {
     const auto* bytes = static_cast<const unsigned char*>(data);
     m_bytes.insert(m_bytes.end(), bytes, bytes + size);

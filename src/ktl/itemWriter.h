@@ -7,6 +7,10 @@
 #include <type_traits>
 #include <vector>
 
+/// Bytes of an item's head that stand in the file before its records: the one-element array at the end of the item
+/// stands for them and does not count.
+template<typename Item, typename Record> inline constexpr std::size_t headSizeOf = sizeof(Item) - sizeof(Record);
+
 /// Builds one item in memory and writes it with one call: the head, the records behind it, and the fill up to the size
 /// that the head announces.
 class ItemWriter
@@ -14,35 +18,52 @@ class ItemWriter
 public:
     /// Starts the item with its head.
     /// @param head      record that begins with item type and item size, its fields final
-    /// @param headSize  bytes of `head` that stand in the file before the records: all of them, or the offset of the
-    ///                  one-element array that stands for the records
+    /// @param headSize  bytes of `head` that stand in the file, see `headSizeOf`
     template<typename Head>
     explicit ItemWriter(const Head& head, std::size_t headSize = sizeof(Head))
         : m_announcedSize(head.m_iSize)
         , m_headSize(headSize)
     {
+        static_assert(std::is_trivially_copyable_v<Head>, "a head is written as it lies in memory");
         m_bytes.reserve(m_announcedSize);
-        append(&head, headSize, std::is_trivially_copyable<Head>{});
+        append(&head, headSize);
     }
 
     /// Adds a record as it lies in memory.
     template<typename Record> void add(const Record& record)
     {
-        append(&record, sizeof record, std::is_trivially_copyable<Record>{});
+        static_assert(std::is_trivially_copyable_v<Record>, "a record is written as it lies in memory");
+        append(&record, sizeof record);
     }
 
     /// Fills the item up to its announced size and writes it.
-    /// ODD, KEPT: the fill is a copy of the item's own first bytes and not zero: the fill was always taken from the
-    /// head's memory, and checksums over exported files on the controllers in the field have it so. Behind the head's
-    /// length the fill is zero. An item that is longer than announced gets no fill; its size stays as announced.
+    /// ODD, KEPT: the fill is a copy of the item's own first bytes and not zero: it was always taken from the head's
+    /// memory, and exported files are compared byte by byte with those on machines in the field. Behind the head's
+    /// length the fill is zero. An item that is longer than announced gets no fill, and its size stays as announced.
     /// @return  number of items written: 1, or 0 on a short write (disk full)
     std::size_t writeTo(std::FILE* out);
 
 private:
-    void append(const void* data, std::size_t size, std::true_type isPlainBytes);
+    void append(const void* data, std::size_t size);
     void fill();
 
     std::size_t m_announcedSize;
     std::size_t m_headSize;
     std::vector<unsigned char> m_bytes;
 };
+
+/// Writes an item that is a list of records behind its head; the item's size follows from the records.
+/// @param head      all fields but the size
+/// @param sources   what the records are made from, in order
+/// @param recordOf  the record of one source
+template<typename Item, typename Source, typename RecordOf>
+void writeListItem(std::FILE* out, Item head, const std::vector<Source>& sources, RecordOf recordOf)
+{
+    using Record = std::decay_t<decltype(recordOf(sources.front()))>;
+    constexpr std::size_t headSize = headSizeOf<Item, Record>;
+    head.m_iSize = static_cast<std::uint32_t>(headSize + sources.size() * sizeof(Record));
+    ItemWriter item(head, headSize);
+    for (const Source& source : sources)
+        item.add(recordOf(source));
+    item.writeTo(out);
+}

@@ -1,6 +1,7 @@
 // ktlDump.cpp - the text dump of a KTL file. It knows item heads only and interprets no records.
 #include "ktl/ktlExport.h"
 
+#include <cstdint>
 #include <cstring>
 
 namespace {

@@ -1,6 +1,8 @@
 // ktlExport.cpp - the order of items in a run.
 #include "ktl/ktlExport.h"
 
+#include <cstdint>
+
 namespace {
 
 /// Writes the items of one device.
@@ -16,7 +18,7 @@ int writeDevice(std::FILE* out, struct_EtherCatDevice& device, struct_FilenameDe
     KTL_write_device_DcInfo(out, &device);
     KTL_write_device_RxPdoinfo(out, &device);
     KTL_write_device_TxPdoinfo(out, &device);
-    if (type == KTL_DEVICE_TYPE_MultiDriver || type == KTL_DEVICE_TYPE_Special) {
+    if (hasModulePdos(type)) {
         KTL_write_device_AddModuleRPdo(out, &device);
         KTL_write_device_AddModuleTPdo(out, &device);
     }
@@ -26,7 +28,7 @@ int writeDevice(std::FILE* out, struct_EtherCatDevice& device, struct_FilenameDe
     if (type == KTL_DEVICE_TYPE_ManualIOBlock)
         KTL_write_device_SlotPreConfig(out, &device);
     KTL_write_device_DeviceMoreInfo(out, &device, &file);
-    if (type == KTL_DEVICE_TYPE_PnpIOBlock || type == KTL_DEVICE_TYPE_ManualIOBlock)
+    if (hasModuleBlocks(type))
         KTL_write_device_Module(out, &device, &file);
     return result;
 }

@@ -33,9 +33,10 @@ using DeviceSelection = std::function<bool(std::size_t file, std::size_t device)
 /// @return  false, with nothing touched, if an argument is null; else as `writeDevices`
 [[nodiscard]] bool KTL_write_devices(std::FILE* out, QTreeWidget* tree, int* piErrorCode);
 
-// ---- Items of a device, in the order of the file. A null argument writes nothing. Apart from the General item no
-// result of a write is tested: a controller skips what it does not find, and the file tells a full disk when closed.
-// ----
+// ---- Items of a device, in the order of the file ----
+//
+// A null argument writes nothing. Apart from the General item no result of a write is tested: a controller skips what it
+// does not find, and the file tells of a full disk when it is closed.
 
 /// @return  number of records written: 1, or 0 on failure
 int KTL_write_device_General(std::FILE* out, struct_EtherCatDevice* device, struct_FilenameDevice* filedevices);
@@ -88,7 +89,5 @@ void KTL_write_device_end(std::FILE* out);
 /// @param log          open for writing; not closed
 /// @param ktl          open for reading, read from its start; not closed
 /// @param piErrorCode  set to 0 in any case; may be null
-/// @return             false if a file is null, or at an item head that cannot be: the text then ends with an "Err
-/// para"
-///                     line
+/// @return  false if a file is null, or at an item head that cannot be; the text then ends with a line "Err para: ..."
 bool KTL_write_log_devices(std::FILE* log, std::FILE* ktl, int* piErrorCode);

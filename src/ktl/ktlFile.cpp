@@ -3,6 +3,7 @@
 #include "ktl/ktlExport.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace {
 

@@ -2,6 +2,9 @@
 #include "ktl/itemWriter.h"
 #include "ktl/ktlExport.h"
 
+#include <cstdint>
+#include <vector>
+
 namespace {
 
 /// Whether a PDO is on a sync manager that is not exported. One on no sync manager is not.
@@ -25,21 +28,15 @@ struct_KTL_EntryPDOContent entryRecord(const struct_EntryPDOContent& entry)
 
 void writePdo(std::FILE* out, enum_KTL_ITEM_TYPE type, const struct_PDOList& pdo)
 {
-    constexpr std::size_t headSize = offsetof(struct_KTL_PDOListType, m_aStrKTL_EntryPDOContent);
-    const std::vector<struct_EntryPDOContent>& entries = pdo.Entry.vPdo_c;
     struct_KTL_PDOListType head{};
     head.m_iItemType = type;
-    head.m_iSize = static_cast<std::uint32_t>(headSize + entries.size() * sizeof(struct_KTL_EntryPDOContent));
     head.Fixed = pdo.Attributes.Fixed ? 1 : 0;
     head.Mandatory = pdo.Attributes.Mandatory ? 1 : 0;
     head.SM = pdo.Attributes.SM;
     head.SU = pdo.Attributes.SU;
     head.IndexAttributes = pdo.IndexAttributes.Index;
-    head.m_iCount = static_cast<std::uint32_t>(entries.size());
-    ItemWriter item(head, headSize);
-    for (const struct_EntryPDOContent& entry : entries)
-        item.add(entryRecord(entry));
-    item.writeTo(out);
+    head.m_iCount = static_cast<std::uint32_t>(pdo.Entry.vPdo_c.size());
+    writeListItem(out, head, pdo.Entry.vPdo_c, entryRecord);
 }
 
 /// Every PDO that passes gets its item, whether or not the user selected it: a selection shows in the PDO's `SM`.

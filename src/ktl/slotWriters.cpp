@@ -2,6 +2,8 @@
 #include "ktl/itemWriter.h"
 #include "ktl/ktlExport.h"
 
+#include <cstdint>
+
 namespace {
 
 /// What fits a slot is not told here: the controller learns that from the module blocks.
@@ -15,29 +17,27 @@ struct_KTL_SlotContent slotRecord(const struct_Slot& slot)
     return record;
 }
 
-} // namespace
-
-void KTL_write_device_Slots(std::FILE* out, struct_EtherCatDevice* device)
+struct_KTL_Slots slotsHead(const DeviceSlots& deviceSlots)
 {
-    if (out == nullptr || device == nullptr || device->Slots.vslot.empty())
-        return;
-    constexpr std::size_t headSize = offsetof(struct_KTL_Slots, m_aSlotContent);
-    const std::vector<struct_Slot>& allSlots = device->Slots.vslot;
-    const SlotsAttributes& attributes = device->Slots.Attributes;
     // ODD, KEPT: the counts hold the low 8 bits of the number of slots although the fields are wider; the controller
     // reads the low byte. Size and records are those of all slots.
-    const auto shownCount = static_cast<std::uint8_t>(allSlots.size());
+    const auto shownCount = static_cast<std::uint8_t>(deviceSlots.vslot.size());
+    const SlotsAttributes& attributes = deviceSlots.Attributes;
     struct_KTL_Slots head{};
     head.m_iItemType = KTL_ITEM_Slot;
-    head.m_iSize = static_cast<std::uint32_t>(headSize + allSlots.size() * sizeof(struct_KTL_SlotContent));
     head.m_iMaxSlotCount = shownCount;
     head.m_bDownloadModuleIdentList = attributes.DownloadModuleIdentList ? 1 : 0;
     head.m_bDownloadModuleIdentAddressList = attributes.DownloadModuleAddressList ? 1 : 0;
     head.m_iSlotPdoIncrement = static_cast<std::uint16_t>(attributes.SlotPdoIncrement);
     head.m_iSlotIndexIncrement = static_cast<std::uint16_t>(attributes.SlotIndexIncrement);
     head.m_iCurSlotCount = shownCount;
-    ItemWriter item(head, headSize);
-    for (const struct_Slot& slot : allSlots)
-        item.add(slotRecord(slot));
-    item.writeTo(out);
+    return head;
+}
+
+} // namespace
+
+void KTL_write_device_Slots(std::FILE* out, struct_EtherCatDevice* device)
+{
+    if (out != nullptr && device != nullptr && !device->Slots.vslot.empty())
+        writeListItem(out, slotsHead(device->Slots), device->Slots.vslot, slotRecord);
 }

@@ -13,3 +13,16 @@ enum enum_KTL_DEVICE_TYPE : std::uint16_t
     KTL_DEVICE_TYPE_Special = 4, ///< module PDOs are written as ordinary PDO items
     KTL_DEVICE_TYPE_ManualIOBlock = 5 ///< as PnpIOBlock, and a SlotPreConfig item
 };
+
+/// Whether a device of this class is a coupler whose file goes out with it: slot and module counts in its General item,
+/// and the module blocks behind it.
+[[nodiscard]] constexpr bool hasModuleBlocks(std::uint16_t deviceType) noexcept
+{
+    return deviceType == KTL_DEVICE_TYPE_PnpIOBlock || deviceType == KTL_DEVICE_TYPE_ManualIOBlock;
+}
+
+/// Whether the modules of a device of this class are part of it: their PDOs go out as the device's own.
+[[nodiscard]] constexpr bool hasModulePdos(std::uint16_t deviceType) noexcept
+{
+    return deviceType == KTL_DEVICE_TYPE_MultiDriver || deviceType == KTL_DEVICE_TYPE_Special;
+}

@@ -7,8 +7,8 @@
 /// Version text, as the text dump and the about box show it. The digits come from the build, which states them once.
 inline constexpr char versionText[] = "V" KINETRA_VERSION;
 
-/// Format version as the controller reads it: the three parts of the version text in hexadecimal, as two, two and two
-/// digits behind the first. The last part is read digit by digit: 28 is 0x28.
+/// Format version as the controller reads it: major version, then two hexadecimal digits each for minor version and
+/// patch. The digits are those of the version text, so patch 28 stands as 0x28.
 inline constexpr std::uint32_t formatVersion = 0x10028;
 
 /// The number that belongs to a version text "Vmajor.minor.patch", each part taken digit by digit into hexadecimal.

@@ -2,9 +2,13 @@
 #include "esi/xmlparsing.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 #include <limits>
 #include <list>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -78,6 +82,8 @@ void expandAt(std::list<struct_PDOList>& pdos, std::list<struct_PDOList>::iterat
     const struct_PDOList declared = std::move(*place);
     const SampleRange range = sampleRangeOf(declared.Attributes);
     *place = sampleOf(declared, range.first);
+    if (range.last <= static_cast<int>(range.first))
+        return;
     auto behind = place;
     for (int step = 0; step < static_cast<int>(range.first) && behind != pdos.end(); ++step)
         ++behind;

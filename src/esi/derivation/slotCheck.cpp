@@ -2,6 +2,8 @@
 #include "esi/derivation/driveAxes.h"
 #include "esi/xmlparsing.h"
 
+#include <cstdint>
+
 namespace {
 
 void takeIfZero(std::uint32_t& value, std::uint32_t fallback)

@@ -1,6 +1,9 @@
 // smDefaults.cpp - the last pass: the working length of each sync manager.
 #include "esi/xmlparsing.h"
 
+#include <cstddef>
+#include <vector>
+
 namespace {
 
 /// Adds the size of each assigned PDO to its sync manager.

@@ -3,6 +3,9 @@
 #include "esi/storeField.h"
 #include "esi/xmlparsing.h"
 
+#include <array>
+#include <utility>
+
 namespace {
 
 constexpr std::array dcSmRules{

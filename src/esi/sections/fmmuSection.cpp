@@ -4,6 +4,9 @@
 #include "esi/storeField.h"
 #include "esi/xmlparsing.h"
 
+#include <array>
+#include <utility>
+
 namespace {
 
 /// A flag written as a number or a word: any number but 0 sets it, "-1" (no unsigned number) does not.

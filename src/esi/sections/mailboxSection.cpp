@@ -3,6 +3,10 @@
 #include "esi/storeField.h"
 #include "esi/xmlparsing.h"
 
+#include <array>
+#include <cstdint>
+#include <utility>
+
 namespace {
 
 constexpr std::array eoeRules{
@@ -25,7 +29,8 @@ constexpr std::array coeRules{
 void storeData(struct_InitCmd& to, const QString& value)
 {
     // ODD, KEPT: the count takes the text whole, so a "#x" mark counts as one byte, and data of more than four bytes
-    // keeps its count although the number is 0. The controller sends as many bytes as the description announced.
+    // keeps its count although the number is 0. The startup list shows the count as the description announced it,
+    // so that an engineer sees at once which command needs its data by other means.
     to.DataBytes = static_cast<std::uint16_t>(value.size() / 2);
     to.Data = toUintFromBytes(value);
     to.strData = xmlGetStringuint(to.Data).toStdString();

@@ -3,6 +3,10 @@
 #include "esi/storeField.h"
 #include "esi/xmlparsing.h"
 
+#include <array>
+#include <cstdint>
+#include <utility>
+
 namespace {
 
 constexpr std::array pdoAttributeRules{

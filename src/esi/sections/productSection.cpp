@@ -3,6 +3,8 @@
 #include "esi/storeField.h"
 #include "esi/xmlparsing.h"
 
+#include <array>
+
 namespace {
 
 constexpr std::array typeRules{

@@ -4,6 +4,12 @@
 #include "esi/xmlparsing.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -89,38 +95,49 @@ struct_Slot slotFrom(const QDomElement& element, const SlotsAttributes& defaults
     return slot;
 }
 
-void nameSlotsOfGroup(const QDomElement& groupData, std::vector<struct_Slot>& allSlots)
+/// Tails that the slots of each group get behind their names, by group number.
+using GroupTails = std::unordered_map<std::int32_t, std::string>;
+
+void addTail(GroupTails& tails, const QDomElement& groupData)
 {
     const QString groupAttribute = QStringLiteral("SlotGroup");
     const std::int32_t group = groupData.hasAttribute(groupAttribute) ? toInt(groupData.attribute(groupAttribute)) : -1;
     if (group < 0)
         return;
-    std::string tail;
     forEachChildElement(groupData, QLatin1String("Name"),
-                        [&](const QDomElement& name) { tail += "-->" + name.text().toStdString(); });
+                        [&](const QDomElement& name) { tails[group] += "-->" + name.text().toStdString(); });
+}
+
+void nameSlotsByGroup(std::vector<struct_Slot>& allSlots, const std::vector<QDomElement>& groups)
+{
+    GroupTails tails;
+    for (const QDomElement& group : groups)
+        addTail(tails, group);
     for (struct_Slot& slot : allSlots)
-        if (slot.Attributes.m_SlotGroup == group)
-            slot.Name += tail;
+        if (const auto tail = tails.find(slot.Attributes.m_SlotGroup); tail != tails.end())
+            slot.Name += tail->second;
+}
+
+void readSlots(const QDomElement& element, DeviceSlots& deviceSlots)
+{
+    // A second `Slots` element starts its increments anew; the other attributes keep what the first one said.
+    deviceSlots.Attributes.SlotIndexIncrement = 0;
+    deviceSlots.Attributes.SlotPdoIncrement = 0;
+    deviceSlots.Attributes.m_SlotGroupIndexIncrement = 0;
+    deviceSlots.Attributes.m_SlotGroupPdoIncrement = 0;
+    readAttributes(element, slotsRules, deviceSlots.Attributes);
+
+    const auto [slotElements, groupElements] =
+        descendantsByTag<2>(element, {QLatin1String("Slot"), QLatin1String("SlotGroupData")});
+    for (const QDomElement& slotElement : slotElements)
+        deviceSlots.vslot.push_back(slotFrom(slotElement, deviceSlots.Attributes));
+    nameSlotsByGroup(deviceSlots.vslot, groupElements);
 }
 
 } // namespace
 
 void read_device_Slotsinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
 {
-    if (element == nullptr || ether_device == nullptr)
-        return;
-    DeviceSlots& deviceSlots = ether_device->Slots;
-    // A second `Slots` element starts its increments anew; the other attributes keep what the first one said.
-    deviceSlots.Attributes.SlotIndexIncrement = 0;
-    deviceSlots.Attributes.SlotPdoIncrement = 0;
-    deviceSlots.Attributes.m_SlotGroupIndexIncrement = 0;
-    deviceSlots.Attributes.m_SlotGroupPdoIncrement = 0;
-    readAttributes(*element, slotsRules, deviceSlots.Attributes);
-
-    const auto [slotElements, groupElements] =
-        descendantsByTag<2>(*element, {QLatin1String("Slot"), QLatin1String("SlotGroupData")});
-    for (const QDomElement& slotElement : slotElements)
-        deviceSlots.vslot.push_back(slotFrom(slotElement, deviceSlots.Attributes));
-    for (const QDomElement& groupElement : groupElements)
-        nameSlotsOfGroup(groupElement, deviceSlots.vslot);
+    if (element != nullptr && ether_device != nullptr)
+        readSlots(*element, ether_device->Slots);
 }

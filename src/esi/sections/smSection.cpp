@@ -4,6 +4,10 @@
 #include "esi/storeField.h"
 #include "esi/xmlparsing.h"
 
+#include <array>
+#include <cstdint>
+#include <utility>
+
 namespace {
 
 constexpr std::array smRules{
@@ -28,8 +32,8 @@ void read_device_SMinfo(QDomElement* element, struct_EtherCatDevice* ether_devic
     readAttributes(*element, smRules, syncManager.Attributes);
     const QString name = element->text();
     syncManager.Name = name.toStdString();
-    // ODD, KEPT: an unknown or missing name counts as mailbox output (1), where an FMMU gets 0. The first sync manager
-    // of simple slaves comes without a name, and it is the mailbox output that the controller then expects there.
+    // ODD, KEPT: an unknown or missing name counts as mailbox output (1), where an FMMU gets 0. Files that number their
+    // sync managers by comments only leave the first name out, and that one is the mailbox output.
     syncManager.Smtype = directionByName(name, KTL_MBoxOut);
     ether_device->vSM.push_back(std::move(syncManager));
 }
