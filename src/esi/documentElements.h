@@ -1,0 +1,45 @@
+// documentElements.h - where the parts of an ESI document are, found in one pass over it.
+#pragma once
+
+#include <QDomElement>
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+/// Sections of a device, in the order of their reading.
+enum class DeviceSection : std::size_t
+{
+    Type,
+    Name,
+    Mailbox,
+    Fmmu,
+    Sm,
+    Dc,
+    RxPdo,
+    TxPdo,
+    Slots,
+    Profile,
+    Count
+};
+
+/// What stands under a device, at whatever depth: other devices may lie between.
+struct DeviceElements
+{
+    /// By `DeviceSection`, in document order: the elements that stand directly under one whose tag contains "Device".
+    std::array<std::vector<QDomElement>, static_cast<std::size_t>(DeviceSection::Count)> sections;
+    bool hasSlots = false; ///< a `Slots` element stands somewhere under the device, whatever its parent
+};
+
+/// The parts of an ESI document, in document order.
+struct DocumentElements
+{
+    QDomElement vendor; ///< the first `Vendor`, null if there is none
+    std::vector<DeviceElements> devices; ///< one for each `Device`, nested ones too
+    std::vector<QDomElement>
+        moduleLists; ///< each `Modules` directly under an element whose tag contains "Descriptions"
+};
+
+/// Finds the parts of a document under its root element. Names are local ones; a part of a parent's tag counts, so
+/// `Devices` passes for "Device".
+[[nodiscard]] DocumentElements documentElements(const QDomElement& root);
