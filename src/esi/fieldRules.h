@@ -3,8 +3,8 @@
 
 #include "esi/domIteration.h"
 
-#include <QDomAttr>
 #include <QDomElement>
+#include <QDomNamedNodeMap>
 #include <QLatin1String>
 #include <QString>
 
@@ -36,9 +36,10 @@ template<auto Store, typename Record> void fromText(Record& to, const QDomElemen
 template<typename Record, std::size_t Count>
 void readAttributes(const QDomElement& element, const std::array<AttributeRule<Record>, Count>& rules, Record& to)
 {
+    const QDomNamedNodeMap attributes = element.attributes();
     for (const AttributeRule<Record>& rule : rules)
-        if (const QDomAttr attribute = element.attributeNode(rule.name); !attribute.isNull())
-            rule.store(to, attribute.value());
+        if (const QDomNode attribute = attributes.namedItem(rule.name); !attribute.isNull())
+            rule.store(to, attribute.nodeValue());
 }
 
 /// Reads the child elements of `element` into `to`, in document order: of a value that occurs twice the later one
