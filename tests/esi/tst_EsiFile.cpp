@@ -1,0 +1,234 @@
+// Loading one ESI file: how it ends, and what is in the list of files then.
+#include "esi/esiFile.h"
+#include "esi/fileBeingRead.h"
+#include "esi/lastWords.h"
+#include "esi/temporaryFile.h"
+#include "model/XMLParsing.h"
+
+#include <QDomDocument>
+#include <QtTest>
+
+#include <cstddef>
+#include <stdexcept>
+
+class tst_EsiFile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    static void init();
+    static void success();
+    static void pathIsStoredUnchanged();
+    static void twice();
+    static void crLfFile();
+    static void prefixedFile();
+    static void cannotOpen_data();
+    static void cannotOpen();
+    static void malformed();
+    static void tooDeep();
+    static void noVendor();
+    static void filesBeforeAFailureStay();
+    static void unknownSyncManager();
+    static void samples_data();
+    static void samples();
+};
+
+namespace {
+
+const QByteArray goodFile = "<EtherCATInfo><Vendor><Id>5</Id></Vendor><Descriptions><Devices><Device>"
+                            "<Name>Drive</Name></Device></Devices></Descriptions></EtherCATInfo>";
+const QByteArray badSyncManager = "<EtherCATInfo><Vendor><Id>5</Id></Vendor><Descriptions><Devices><Device>"
+                                  "<Sm>Outputs</Sm><RxPdo Sm=\"4\"/></Device></Devices></Descriptions></EtherCATInfo>";
+
+} // namespace
+
+void tst_EsiFile::init()
+{
+    g_xmlfiledevices.clear();
+}
+
+void tst_EsiFile::success()
+{
+    const QTemporaryDir folder;
+    const QString path = writeFile(folder, QStringLiteral("drive.xml"), goodFile);
+    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
+    QCOMPARE(g_xmlfiledevices.size(), std::size_t{1});
+    QCOMPARE(QString::fromStdString(g_xmlfiledevices[0].xmlfilepath), path);
+    QCOMPARE(g_xmlfiledevices[0].Vendor_Id, 5U);
+    QCOMPARE(QString::fromStdString(g_xmlfiledevices[0].device.at(0).Name), QStringLiteral("Drive"));
+    QVERIFY2(FileBeingRead::path().isEmpty(), "no file is being read any more");
+    QVERIFY2(domDocument.documentElement().tagName() == "EtherCATInfo", "the last document parsed is kept");
+}
+
+void tst_EsiFile::pathIsStoredUnchanged()
+{
+    const QTemporaryDir folder;
+    static_cast<void>(writeFile(folder, QStringLiteral("伺服 1.XML"), goodFile));
+    const QString path = folder.path() + QStringLiteral("//./伺服 1.XML");
+    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
+    QCOMPARE(QString::fromStdString(g_xmlfiledevices.at(0).xmlfilepath), path);
+}
+
+void tst_EsiFile::twice()
+{
+    const QTemporaryDir folder;
+    const QString path = writeFile(folder, QStringLiteral("drive.xml"), goodFile);
+    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
+    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
+    QCOMPARE(g_xmlfiledevices.size(), std::size_t{2});
+}
+
+void tst_EsiFile::crLfFile()
+{
+    const QTemporaryDir folder;
+    const QString path = writeFile(folder, QStringLiteral("crlf.xml"),
+                                   "<EtherCATInfo>\r\n<Vendor>\r\n<Id>5</Id>\r\n</Vendor>\r\n<Descriptions>\r\n"
+                                   "<Devices>\r\n<Device>\r\n<Name>Drive\r\nwith two lines</Name>\r\n</Device>\r\n"
+                                   "</Devices>\r\n<Modules>\r\n<!--first\r\nsecond-->\r\n<Module/>\r\n</Modules>\r\n"
+                                   "</Descriptions>\r\n</EtherCATInfo>\r\n");
+    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
+    const struct_FilenameDevice& file = g_xmlfiledevices.at(0);
+    QCOMPARE(QString::fromStdString(file.device.at(0).Name), QStringLiteral("Drive\r\nwith two lines"));
+    QCOMPARE(file.vcommentmodule.size(), std::size_t{1});
+    QCOMPARE(QString::fromStdString(file.vcommentmodule[0].comment), QStringLiteral("first\r\nsecond"));
+}
+
+void tst_EsiFile::prefixedFile()
+{
+    const QTemporaryDir folder;
+    const QString path =
+        writeFile(folder, QStringLiteral("prefixed.xml"),
+                  R"(<?xml version="1.0"?><e:EtherCATInfo xmlns:e="urn:example"><e:Vendor><e:Id>5</e:Id>
+                                   </e:Vendor><e:Device><e:Type e:ProductCode="#x10">ED</e:Type><e:Name>Drive</e:Name>
+                                   </e:Device></e:EtherCATInfo>)");
+    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
+    const struct_EtherCatDevice& device = g_xmlfiledevices.at(0).device.at(0);
+    QCOMPARE(QString::fromStdString(device.Name), QStringLiteral("Drive"));
+    QCOMPARE(device.TypeAttributes.Product_Code, 16U);
+    QCOMPARE(g_xmlfiledevices[0].Vendor_Id, 5U);
+}
+
+void tst_EsiFile::cannotOpen_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addRow("missing file") << "missing.xml";
+    QTest::addRow("missing folder") << "missing/drive.xml";
+    QTest::addRow("folder") << "";
+}
+
+void tst_EsiFile::cannotOpen()
+{
+    QFETCH(QString, name);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(name);
+    const EsiLoadResult result = loadEsiFile(path);
+    QVERIFY(result.status == EsiLoadStatus::CannotOpen);
+    QFile file(path);
+    QVERIFY(!file.open(QIODevice::ReadOnly | QIODevice::Text));
+    QCOMPARE(result.openError, file.errorString());
+    QVERIFY(!result.openError.isEmpty());
+    QVERIFY(g_xmlfiledevices.empty());
+    QVERIFY(FileBeingRead::path().isEmpty());
+}
+
+void tst_EsiFile::malformed()
+{
+    const QByteArray content = "<EtherCATInfo>\n<Vendor>\n<Id>5</Di>\n</Vendor>\n</EtherCATInfo>\n";
+    const QTemporaryDir folder;
+    const EsiLoadResult result = loadEsiFile(writeFile(folder, QStringLiteral("malformed.xml"), content));
+    QVERIFY(result.status == EsiLoadStatus::NotWellFormed);
+    QCOMPARE(result.formatError.line, 3);
+    QDomDocument document;
+    QString message;
+    int line = 0;
+    int column = 0;
+    QVERIFY(!document.setContent(content, true, &message, &line, &column));
+    QCOMPARE(result.formatError.message, message);
+    QCOMPARE(result.formatError.column, column);
+    QVERIFY(g_xmlfiledevices.empty());
+    QVERIFY(FileBeingRead::path().isEmpty());
+}
+
+void tst_EsiFile::tooDeep()
+{
+    const QTemporaryDir folder;
+    const QByteArray content = "<EtherCATInfo><Vendor/>" + QByteArray("\n<a>").repeated(1000)
+                               + QByteArray("</a>").repeated(1000) + "</EtherCATInfo>";
+    const EsiLoadResult result = loadEsiFile(writeFile(folder, QStringLiteral("deep.xml"), content));
+    QVERIFY(result.status == EsiLoadStatus::NotWellFormed);
+    QCOMPARE(result.formatError.line, 1001);
+    QVERIFY(result.formatError.column >= 1);
+    QVERIFY(!result.formatError.message.isEmpty());
+    QVERIFY(g_xmlfiledevices.empty());
+}
+
+void tst_EsiFile::noVendor()
+{
+    const QTemporaryDir folder;
+    const QString path = writeFile(folder, QStringLiteral("other.xml"),
+                                   "<EtherCATInfo><Device><Name>Drive</Name></Device></EtherCATInfo>");
+    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::NotEsi);
+    QVERIFY(g_xmlfiledevices.empty());
+    QVERIFY(FileBeingRead::path().isEmpty());
+}
+
+void tst_EsiFile::filesBeforeAFailureStay()
+{
+    const QTemporaryDir folder;
+    QVERIFY(loadEsiFile(writeFile(folder, QStringLiteral("good.xml"), goodFile)).status == EsiLoadStatus::Loaded);
+    QVERIFY(loadEsiFile(writeFile(folder, QStringLiteral("bad.xml"), "<a>")).status == EsiLoadStatus::NotWellFormed);
+    QVERIFY(loadEsiFile(folder.filePath(QStringLiteral("gone.xml"))).status == EsiLoadStatus::CannotOpen);
+    QVERIFY(loadEsiFile(writeFile(folder, QStringLiteral("other.xml"), "<a/>")).status == EsiLoadStatus::NotEsi);
+    QCOMPARE(g_xmlfiledevices.size(), std::size_t{1});
+    QCOMPARE(g_xmlfiledevices[0].Vendor_Id, 5U);
+}
+
+void tst_EsiFile::unknownSyncManager()
+{
+    const QTemporaryDir folder;
+    const QString good = writeFile(folder, QStringLiteral("good.xml"), goodFile);
+    const QString bad = writeFile(folder, QStringLiteral("bad.xml"), badSyncManager);
+    QVERIFY(loadEsiFile(good).status == EsiLoadStatus::Loaded);
+
+    QString reason;
+    QString words;
+    try {
+        static_cast<void>(loadEsiFile(bad));
+    } catch (const std::out_of_range& error) {
+        reason = QString::fromLatin1(error.what());
+        words = lastWords();
+    }
+    QCOMPARE(reason, QStringLiteral("vector::_M_range_check: __n (which is 4) >= this->size() (which is 1)"));
+    QVERIFY2(g_xmlfiledevices.size() == 1, "nothing is appended");
+    QCOMPARE(FileBeingRead::path(), bad);
+    QVERIFY2(words.contains(reason) && words.contains(bad) && !words.contains('\n'), qPrintable(words));
+
+    QVERIFY(loadEsiFile(good).status == EsiLoadStatus::Loaded);
+    QVERIFY2(FileBeingRead::path().isEmpty(), "a file read later takes the place of the one that failed");
+}
+
+void tst_EsiFile::samples_data()
+{
+    QTest::addColumn<QString>("path");
+    const QDir folder(QStringLiteral(KINETRA_SOURCE_DIR "/samples"));
+    for (const QString& name : folder.entryList({QStringLiteral("*.xml")}, QDir::Files))
+        QTest::addRow("%s", qPrintable(name)) << folder.filePath(name);
+}
+
+void tst_EsiFile::samples()
+{
+    QFETCH(QString, path);
+    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const int deviceTags = QString::fromUtf8(file.readAll()).count(QRegularExpression(QStringLiteral("<Device[ >]")));
+    QVERIFY(deviceTags > 0);
+    QCOMPARE(g_xmlfiledevices.at(0).device.size(), static_cast<std::size_t>(deviceTags));
+    for (const struct_EtherCatDevice& device : g_xmlfiledevices[0].device) {
+        QVERIFY(!device.Name.empty());
+        QVERIFY(device.TypeAttributes.Product_Code != 0);
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_EsiFile)
+#include "tst_EsiFile.moc"
