@@ -9,13 +9,13 @@
 #pragma pack(push, 1)
 
 /// The first eight bytes of every item.
-struct struct_KTL_ItemHead
+struct KtlItemHead
 {
     std::uint32_t m_iItemType; ///< offset 0, a code of enum_KTL_ITEM_TYPE
     std::uint32_t m_iSize; ///< offset 4, bytes of the whole item, head, records and fill included; a multiple of 4
 };
-static_assert(sizeof(struct_KTL_ItemHead) == 8);
-static_assert(offsetof(struct_KTL_ItemHead, m_iSize) == 4);
+static_assert(sizeof(KtlItemHead) == 8);
+static_assert(offsetof(KtlItemHead, m_iSize) == 4);
 
 /// Closes a run of devices.
 struct struct_KTL_ItemEnd

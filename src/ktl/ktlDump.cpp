@@ -61,7 +61,7 @@ void readHeadNumber(std::FILE* ktl, std::int32_t& number)
 /// file does not reach are shown as what there is of them, the rest 0.
 void dumpWords(std::FILE* log, std::FILE* ktl, std::int32_t itemSize)
 {
-    constexpr auto headSize = static_cast<std::int32_t>(sizeof(struct_KTL_ItemHead));
+    constexpr auto headSize = static_cast<std::int32_t>(sizeof(KtlItemHead));
     constexpr auto wordSize = static_cast<std::int32_t>(sizeof(std::uint32_t));
     const std::int32_t words = (itemSize - headSize) / wordSize;
     for (std::int32_t index = 0; index < words; ++index) {
@@ -77,7 +77,7 @@ void dumpWords(std::FILE* log, std::FILE* ktl, std::int32_t itemSize)
 /// @return  false at an item head that cannot be
 bool dumpItems(std::FILE* log, std::FILE* ktl)
 {
-    constexpr auto smallestItem = static_cast<std::int32_t>(sizeof(struct_KTL_ItemHead));
+    constexpr auto smallestItem = static_cast<std::int32_t>(sizeof(KtlItemHead));
     std::int32_t type = 0;
     std::int32_t size = 0;
     for (int item = 0; item < mostItems; ++item) {

@@ -35,8 +35,8 @@ using DeviceSelection = std::function<bool(std::size_t file, std::size_t device)
 
 // ---- Items of a device, in the order of the file ----
 //
-// A null argument writes nothing. Apart from the General item no result of a write is tested: a controller skips what it
-// does not find, and the file tells of a full disk when it is closed.
+// A null argument writes nothing. Apart from the General item no result of a write is tested: a controller skips what
+// it does not find, and the file tells of a full disk when it is closed.
 
 /// @return  number of records written: 1, or 0 on failure
 int KTL_write_device_General(std::FILE* out, struct_EtherCatDevice* device, struct_FilenameDevice* filedevices);

@@ -79,7 +79,7 @@ static_assert(offsetof(struct_KTL_Slots_Preconfig, m_iCountReal) == 12);
 static_assert(offsetof(struct_KTL_Slots_Preconfig, m_aModuleIdent) == 16);
 
 /// Attributes of a module.
-struct struct_KTL_moduleAttributes
+struct KtlModuleAttributes
 {
     std::uint32_t ModuleIdent; ///< offset 0, module ident
     std::int32_t ModulePdoGroup; ///< offset 4, PDO group
@@ -87,18 +87,18 @@ struct struct_KTL_moduleAttributes
     std::uint8_t m_attrRev; ///< offset 9, reserved, 0
     std::uint16_t m_u16Rev; ///< offset 10, reserved, 0
 };
-static_assert(sizeof(struct_KTL_moduleAttributes) == 12);
-static_assert(offsetof(struct_KTL_moduleAttributes, ModulePdoGroup) == 4);
-static_assert(offsetof(struct_KTL_moduleAttributes, SRA_ParamterSupported) == 8);
-static_assert(offsetof(struct_KTL_moduleAttributes, m_attrRev) == 9);
-static_assert(offsetof(struct_KTL_moduleAttributes, m_u16Rev) == 10);
+static_assert(sizeof(KtlModuleAttributes) == 12);
+static_assert(offsetof(KtlModuleAttributes, ModulePdoGroup) == 4);
+static_assert(offsetof(KtlModuleAttributes, SRA_ParamterSupported) == 8);
+static_assert(offsetof(KtlModuleAttributes, m_attrRev) == 9);
+static_assert(offsetof(KtlModuleAttributes, m_u16Rev) == 10);
 
 /// Opens a module.
 struct struct_KTL_moduleType
 {
     std::uint32_t m_iItemType; ///< offset 0, KTL_ITEM_ModuleType
     std::uint32_t m_iSize; ///< offset 4, bytes, head included: 20
-    struct_KTL_moduleAttributes TypeAttributes; ///< offset 8
+    KtlModuleAttributes TypeAttributes; ///< offset 8
 };
 static_assert(sizeof(struct_KTL_moduleType) == 20);
 static_assert(offsetof(struct_KTL_moduleType, m_iSize) == 4);
@@ -187,31 +187,31 @@ static_assert(offsetof(struct_KTL_moduleInitCmdType, m_iCount) == 8);
 static_assert(offsetof(struct_KTL_moduleInitCmdType, m_alist) == 12);
 
 /// Flags of an object.
-struct struct_KTL_objectFlags
+struct KtlObjectFlags
 {
     std::uint16_t Access; ///< offset 0, access code, an NMTOKEN
     std::uint16_t m_iRev2; ///< offset 2, reserved, 0
 };
-static_assert(sizeof(struct_KTL_objectFlags) == 4);
-static_assert(offsetof(struct_KTL_objectFlags, m_iRev2) == 2);
+static_assert(sizeof(KtlObjectFlags) == 4);
+static_assert(offsetof(KtlObjectFlags, m_iRev2) == 2);
 
 /// Flags of a sub-object.
-struct struct_KTL_subObjectFlags
+struct KtlSubObjectFlags
 {
     std::uint16_t Access; ///< offset 0, access code, an NMTOKEN
     std::uint16_t m_iRev; ///< offset 2, reserved, 0
 };
-static_assert(sizeof(struct_KTL_subObjectFlags) == 4);
-static_assert(offsetof(struct_KTL_subObjectFlags, m_iRev) == 2);
+static_assert(sizeof(KtlSubObjectFlags) == 4);
+static_assert(offsetof(KtlSubObjectFlags, m_iRev) == 2);
 
 /// Limits of an object or sub-object.
-struct struct_KTL_objectInfo
+struct KtlObjectInfo
 {
     std::uint32_t MinData; ///< offset 0, minimum
     std::uint32_t MaxData; ///< offset 4, maximum
 };
-static_assert(sizeof(struct_KTL_objectInfo) == 8);
-static_assert(offsetof(struct_KTL_objectInfo, MaxData) == 4);
+static_assert(sizeof(KtlObjectInfo) == 8);
+static_assert(offsetof(KtlObjectInfo, MaxData) == 4);
 
 /// One object of the dictionary.
 struct struct_KTL_ObjectType
@@ -221,8 +221,8 @@ struct struct_KTL_ObjectType
     std::uint16_t index; ///< offset 8, object index
     std::uint16_t m_iRev; ///< offset 10, reserved, 0
     std::int32_t BitSize; ///< offset 12, length in bits
-    struct_KTL_objectFlags flags; ///< offset 16
-    struct_KTL_objectInfo info; ///< offset 20
+    KtlObjectFlags flags; ///< offset 16
+    KtlObjectInfo info; ///< offset 20
 };
 static_assert(sizeof(struct_KTL_ObjectType) == 28);
 static_assert(offsetof(struct_KTL_ObjectType, m_iSize) == 4);
@@ -239,8 +239,8 @@ struct struct_KTL_SubObjectType
     std::uint32_t m_iSize; ///< offset 4, bytes, head included: 28
     std::uint32_t subIndex; ///< offset 8, sub-index
     std::int32_t BitSize; ///< offset 12, length in bits
-    struct_KTL_subObjectFlags flags; ///< offset 16
-    struct_KTL_objectInfo info; ///< offset 20
+    KtlSubObjectFlags flags; ///< offset 16
+    KtlObjectInfo info; ///< offset 20
 };
 static_assert(sizeof(struct_KTL_SubObjectType) == 28);
 static_assert(offsetof(struct_KTL_SubObjectType, m_iSize) == 4);
