@@ -6,9 +6,11 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <ostream>
+#include <stdexcept>
 
 namespace {
 
@@ -45,12 +47,28 @@ QString saveMessage(const QString& path, const KtlSaveResult& result)
     case KtlSaveStatus::CannotWrite:
         return QStringLiteral("%1: error: the file cannot be written in full%2").arg(file, reason);
     case KtlSaveStatus::CannotReopen:
-        return QStringLiteral("%1: error: the file was written, but cannot be opened again for its text dump")
-            .arg(file);
+        return QStringLiteral("%1: error: the file was written, but cannot be opened again for its text dump%2")
+            .arg(file, reason);
     case KtlSaveStatus::CannotWriteDump:
-        return QStringLiteral("%1.txt: error: the text dump cannot be written in full").arg(file);
+        return QStringLiteral("%1.txt: error: the text dump cannot be written in full%2").arg(file, reason);
     }
     return {};
+}
+
+/// Loads a file.
+/// @return  whether it was loaded; if not, `messages` tells why
+bool load(const QString& path, std::ostream& messages)
+{
+    try {
+        const EsiLoadResult result = loadEsiFile(path);
+        if (result.status == EsiLoadStatus::Loaded)
+            return true;
+        messages << loadMessage(path, result).toStdString() << '\n';
+    } catch (const std::out_of_range& error) {
+        messages << QDir::toNativeSeparators(path).toStdString()
+                 << ": error: a PDO names a sync manager that its device does not declare: " << error.what() << '\n';
+    }
+    return false;
 }
 
 bool holdsDevices(const std::vector<struct_FilenameDevice>& files)
@@ -59,17 +77,25 @@ bool holdsDevices(const std::vector<struct_FilenameDevice>& files)
                        [](const struct_FilenameDevice& file) { return !file.device.empty(); });
 }
 
+/// Whether two paths name the same file that exists.
+bool isSameFile(const QString& first, const QString& second)
+{
+    const QString canonical = QFileInfo(first).canonicalFilePath();
+    return !canonical.isEmpty() && canonical == QFileInfo(second).canonicalFilePath();
+}
+
 } // namespace
 
 ExitCode convert(const QStringList& esiFiles, const QString& outputFile, std::ostream& messages)
 {
-    for (const QString& path : esiFiles) {
-        const EsiLoadResult result = loadEsiFile(path);
-        if (result.status != EsiLoadStatus::Loaded) {
-            messages << loadMessage(path, result).toStdString() << '\n';
-            return ExitCode::Failure;
+    for (const QString& path : esiFiles)
+        if (isSameFile(path, outputFile)) {
+            messages << QDir::toNativeSeparators(path).toStdString() << ": error: the output would replace this file\n";
+            return ExitCode::Usage;
         }
-    }
+    for (const QString& path : esiFiles)
+        if (!load(path, messages))
+            return ExitCode::Failure;
     if (!holdsDevices(g_xmlfiledevices)) {
         messages << "error: the files hold no device, nothing is written\n";
         return ExitCode::Failure;

@@ -15,6 +15,6 @@ enum class ExitCode
 };
 
 /// Loads the ESI files in the given order and writes every device of theirs. Nothing is written if a file cannot be
-/// loaded. An existing output file is replaced.
+/// loaded. An existing output file is replaced, unless it is one of the ESI files.
 /// @param messages  takes one line per error
 [[nodiscard]] ExitCode convert(const QStringList& esiFiles, const QString& outputFile, std::ostream& messages);

@@ -39,7 +39,9 @@ ExitCode run(const QStringList& arguments)
                                           QStringLiteral("The KTL file to write; an existing one is replaced."),
                                           QStringLiteral("OUT.ktl"));
     parser.addOption(outputOption);
-    const QCommandLineOption helpOption = parser.addHelpOption();
+    const QCommandLineOption helpOption(QStringList{QStringLiteral("h"), QStringLiteral("help")},
+                                        QStringLiteral("Shows this help."));
+    parser.addOption(helpOption);
     const QCommandLineOption versionOption = parser.addVersionOption();
 
     if (!parser.parse(arguments))

@@ -13,7 +13,7 @@
 /// @param unknown  the direction of any other name
 [[nodiscard]] inline enum_KTL_SMFMMU_TYPE directionByName(const QString& name, enum_KTL_SMFMMU_TYPE unknown)
 {
-    static constexpr std::array<std::pair<QLatin1String, enum_KTL_SMFMMU_TYPE>, 4> names{{
+    static const std::array<std::pair<QLatin1String, enum_KTL_SMFMMU_TYPE>, 4> names{{
         {QLatin1String("MBoxOut"), KTL_MBoxOut},
         {QLatin1String("MBoxIn"), KTL_MBoxIn},
         {QLatin1String("Outputs"), KTL_Outputs},

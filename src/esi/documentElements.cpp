@@ -13,7 +13,7 @@ struct SectionTag
     DeviceSection section;
 };
 
-constexpr std::array sectionTags{
+const std::array sectionTags{
     SectionTag{QLatin1String("Type"), DeviceSection::Type},
     SectionTag{QLatin1String("Name"), DeviceSection::Name},
     SectionTag{QLatin1String("Mailbox"), DeviceSection::Mailbox},
@@ -38,6 +38,8 @@ bool parentTagContains(const QDomElement& element, QLatin1String word)
 {
     return element.parentNode().toElement().tagName().contains(word);
 }
+
+const QLatin1String deviceTag("Device");
 
 /// Sorts the elements of a document while a walk passes them.
 class ElementSorter
@@ -65,8 +67,6 @@ public:
     DocumentElements takeFound() { return std::move(m_found); }
 
 private:
-    static constexpr QLatin1String deviceTag{"Device"};
-
     void openDevice()
     {
         m_open.push_back(m_found.devices.size());

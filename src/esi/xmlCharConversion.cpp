@@ -21,7 +21,7 @@ struct TokenText
 // ODD, KEPT: the two directions are not symmetric. A transition is shown in upper case as the state machine's
 // documents write it, an access right or category in lower case as a dictionary writes it, and IP_PS can be shown but
 // never read: no ESI file declares both transitions in one command, only the start-up generation makes such a command.
-constexpr std::array tokenTexts{
+const std::array tokenTexts{
     TokenText{IP, QLatin1String("IP"), QLatin1String("IP")},
     TokenText{IP_PS, QLatin1String(), QLatin1String("IP_PS")},
     TokenText{PS, QLatin1String("PS"), QLatin1String("PS")},
@@ -65,7 +65,7 @@ void removeFirst(QString& text, QLatin1String mark)
 // price is that a word such as "1E" is 30 and never a decimal number.
 bool isHexadecimal(const QString& upper)
 {
-    static constexpr std::array marks{QLatin1String("#X"), QLatin1String("0X"), QLatin1String("DT")};
+    static const std::array marks{QLatin1String("#X"), QLatin1String("0X"), QLatin1String("DT")};
     const auto isHexLetter = [](QChar letter) { return letter >= QLatin1Char('A') && letter <= QLatin1Char('F'); };
     return std::any_of(upper.cbegin(), upper.cend(), isHexLetter)
            || std::any_of(marks.cbegin(), marks.cend(), [&](QLatin1String mark) { return upper.contains(mark); });

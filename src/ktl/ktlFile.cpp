@@ -2,7 +2,9 @@
 
 #include "ktl/ktlExport.h"
 
+#include <cerrno>
 #include <stdexcept>
+#include <system_error>
 #include <utility>
 
 namespace {
@@ -10,6 +12,11 @@ namespace {
 FileHandle openFile(const std::string& path, const char* mode)
 {
     return FileHandle(std::fopen(path.c_str(), mode));
+}
+
+std::string lastSystemError()
+{
+    return std::generic_category().message(errno);
 }
 
 /// Closes a file that was written.
@@ -26,7 +33,7 @@ KtlSaveResult writeKtl(const std::string& path, KtlSaveMode mode,
 {
     FileHandle file = openFile(path, mode == KtlSaveMode::Append ? "ab" : "wb");
     if (file == nullptr)
-        return {KtlSaveStatus::CannotWrite, {}};
+        return {KtlSaveStatus::CannotWrite, lastSystemError()};
     try {
         int errorCode = 0;
         const bool reachedEnd = writeRun(file.get(), &errorCode);
@@ -40,15 +47,16 @@ KtlSaveResult writeKtl(const std::string& path, KtlSaveMode mode,
 
 KtlSaveResult writeDump(const std::string& path)
 {
-    const FileHandle ktl = openFile(path, "rb");
+    FileHandle ktl = openFile(path, "rb");
     if (ktl == nullptr)
-        return {KtlSaveStatus::CannotReopen, {}};
+        return {KtlSaveStatus::CannotReopen, lastSystemError()};
     FileHandle log = openFile(dumpPathOf(path), "w+");
     if (log == nullptr)
-        return {KtlSaveStatus::CannotWriteDump, {}};
+        return {KtlSaveStatus::CannotWriteDump, lastSystemError()};
     int errorCode = 0;
     // The dump's own result is no failure of the export: it tells of items in front of an appended run.
     static_cast<void>(KTL_write_log_devices(log.get(), ktl.get(), &errorCode));
+    ktl.reset();
     return {closeWritten(std::move(log)) ? KtlSaveStatus::Saved : KtlSaveStatus::CannotWriteDump, {}};
 }
 
@@ -62,6 +70,7 @@ std::string dumpPathOf(const std::string& ktlPath)
 KtlSaveResult saveKtlFile(const std::string& path, KtlSaveMode mode,
                           const std::function<bool(std::FILE* out, int* errorCode)>& writeRun)
 {
-    const KtlSaveResult written = writeKtl(path, mode, writeRun);
-    return written.status == KtlSaveStatus::Saved ? writeDump(path) : written;
+    const std::string usedPath = path.c_str(); // as far as the C library reads it
+    const KtlSaveResult written = writeKtl(usedPath, mode, writeRun);
+    return written.status == KtlSaveStatus::Saved ? writeDump(usedPath) : written;
 }

@@ -33,7 +33,7 @@ enum class KtlSaveStatus
 struct KtlSaveResult
 {
     KtlSaveStatus status = KtlSaveStatus::Saved;
-    std::string reason; ///< what the writer had to say of its failure; often empty
+    std::string reason; ///< why, in the words of the system or of the writer; may be empty
 };
 
 /// Path of the text dump of a KTL file: the same with ".txt" behind it.
@@ -41,7 +41,7 @@ struct KtlSaveResult
 
 /// Writes a KTL file, closes it, opens it again and writes its dump from what stands on disk. Nothing is silently
 /// short: a disk that fills up shows at the latest when a file is closed, and counts as a failure.
-/// @param path      in the file system's encoding
+/// @param path      in the file system's encoding; it ends at its first zero byte
 /// @param writeRun  writes the items, as `KTL_write_devices` does with its result and error code; an out-of-range error
 ///                  of its own counts as a failed write
 [[nodiscard]] KtlSaveResult saveKtlFile(const std::string& path, KtlSaveMode mode,

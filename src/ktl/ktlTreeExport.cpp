@@ -2,15 +2,12 @@
 #include "ktl/ktlExport.h"
 #include "ktl/treeSelection.h"
 
-#include <QTreeWidget>
-
 bool KTL_write_devices(std::FILE* out, QTreeWidget* tree, int* piErrorCode)
 {
     if (out == nullptr || tree == nullptr || piErrorCode == nullptr)
         return false;
     const auto isSelected = [tree](std::size_t file, std::size_t device) {
-        const QTreeWidgetItem* fileItem = tree->topLevelItem(static_cast<int>(file));
-        return isCheckedForExport(fileItem) && isCheckedForExport(fileItem->child(static_cast<int>(device)));
+        return isCheckedForExport(*tree, file, device);
     };
     return writeDevices(out, g_xmlfiledevices, isSelected, piErrorCode);
 }

@@ -37,13 +37,15 @@ std::size_t startupTotal(const struct_EtherCatDevice& device)
     return static_cast<std::uint8_t>(device.Mailbox.COE.InitCmd.vinitcmd.size()) + device.mMailbox.COE.vinitcmd.size();
 }
 
-/// The part of a text before or behind a separator, by its place among the parts. A split gives at least one part, so
-/// the fall-back is only there for a text that is split by other rules one day.
-QString partOrFallBack(const QStringList& parts, bool takeLast, const QString& fallBack)
+/// Name of a file by its path: what stands behind the last slash, up to the first dot. A split always gives a part; the
+/// two names for a split that gave none are kept, so that a change of the splitting can never propose an empty name.
+QString fileStem(const QString& path)
 {
-    if (parts.isEmpty())
-        return fallBack;
-    return takeLast ? parts.last() : parts.first();
+    const QStringList folders = path.split(QLatin1Char('/'));
+    if (folders.isEmpty())
+        return QStringLiteral("ktc_device");
+    const QStringList words = folders.last().split(QLatin1Char('.'));
+    return words.isEmpty() ? QStringLiteral("xxx_device") : words.first();
 }
 
 } // namespace
@@ -70,10 +72,7 @@ QString proposedKtlName(const struct_FilenameDevice& file)
 {
     constexpr int longestStem = 15;
     constexpr int longestName = 20;
-    const QStringList pathParts = QString::fromStdString(file.xmlfilepath).split(QLatin1Char('/'));
-    QString name = partOrFallBack(pathParts, true, QStringLiteral("ktc_device"));
-    if (!pathParts.isEmpty())
-        name = partOrFallBack(name.split(QLatin1Char('.')), false, QStringLiteral("xxx_device"));
-    name = name.left(longestStem) + QLatin1Char('-') + xmlGetStringuint(file.Vendor_Id);
+    const QString stem = fileStem(QString::fromStdString(file.xmlfilepath)).left(longestStem);
+    const QString name = stem + QLatin1Char('-') + xmlGetStringuint(file.Vendor_Id);
     return name.left(longestName);
 }

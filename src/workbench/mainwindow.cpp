@@ -10,11 +10,18 @@
 #include <QAction>
 #include <QKeySequence>
 
+/// Takes the images into the program: they lie in a library, whose linker leaves out what nobody asks for by name.
+static void initImages()
+{
+    Q_INIT_RESOURCE(application);
+}
+
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
     , ui(std::make_unique<Ui_MainWindow>())
     , device_pdocontent_seleModel(nullptr)
 {
+    initImages();
     constexpr int treeFontWeight = 12;
     QFont treeFont = font();
     treeFont.setWeight(treeFontWeight);
@@ -61,9 +68,9 @@ void MainWindow::connectMenus()
     connect(ui->SmView, &QTableView::customContextMenuRequested, this, &MainWindow::SmViewCustomMenu);
     connect(ui->StartupView, &QTableView::customContextMenuRequested, this, &MainWindow::StartupViewCustomMenu);
     connect(ui->PdoContentView, &QTableView::customContextMenuRequested, this, &MainWindow::PdoContentViewCustomMenu);
-    connect(ui->mPdoContentView, &QTableView::customContextMenuRequested, this, &MainWindow::mPdoContentViewCustomMenu);
-    connect(ui->ModuleTree, &QTreeWidget::customContextMenuRequested, this, &MainWindow::ModuleTreeCustomMenu);
     connect(ui->ModuleTree, &QTreeWidget::itemClicked, this, &MainWindow::on_Module_TreeClick);
+    connect(ui->ModuleTree, &QTreeWidget::customContextMenuRequested, this, &MainWindow::ModuleTreeCustomMenu);
+    connect(ui->mPdoContentView, &QTableView::customContextMenuRequested, this, &MainWindow::mPdoContentViewCustomMenu);
 }
 
 void MainWindow::setUpTables()
@@ -82,36 +89,28 @@ void MainWindow::setUpTables()
     const Table tables[] = {
         {ui->FmmuView,
          &device_fmmu_model,
-         {{tr("Name"), tr("Sm"), tr("Su"), tr("Oponly")}, {180, 180, 180, 180}, true, true, false, false}},
+         {{tr("Name"), tr("Sm"), tr("Su"), tr("Oponly")}, {180, 180, 180, 180}, StretchSections | FitColumns}},
         {ui->SmView,
          &device_sm_model,
          {{tr("Sm"), tr("StartAddress"), tr("length"), tr("Data"), tr("MinSize"), tr("MaxSize"), tr("DefaultSize")},
           {30, 180, 180, 180, 180, 180},
-          true,
-          true,
-          false,
-          true}},
-        {ui->SyncManagerView,
-         &device_sync_model,
-         {{tr("SM"), tr("Size"), tr("Type")}, {45, 45, 88}, false, true, false, false}},
-        {ui->PdoListView, &device_pdo_model, {pdoHeaders, {85, 85, 250, 80, 80}, false, false, false, false}},
+          StretchSections | FitColumns | CustomMenu}},
+        {ui->SyncManagerView, &device_sync_model, {{tr("SM"), tr("Size"), tr("Type")}, {45, 45, 88}, FitColumns}},
+        {ui->PdoListView, &device_pdo_model, {pdoHeaders, {85, 85, 250, 80, 80}, {}}},
         {ui->StartupView,
          &device_startup_model,
          {{tr("Transition"), tr("Protocol"), tr("Index"), tr("Datalen"), tr("Data"), tr("Comment"), tr("bIfCA")},
           {85, 85, 85, 85, 250, 250, 50},
-          false,
-          true,
-          true,
-          true}},
+          FitColumns | FitRows | CustomMenu}},
         {ui->ModuleView,
          &device_slots_model,
-         {{tr("Slot"), tr("Module"), tr("ModuleIdent")}, {150, 150, 150}, false, true, true, false}},
-        {ui->PdoAssignView,
-         &device_pdoassignment_model,
-         {{tr("Index"), tr("Enable")}, {85, 50}, false, true, true, false}},
-        {ui->PdoContentView, &device_pdocontent_model, {entryHeaders, entryWidths, false, true, true, true}},
-        {ui->mPdoListView, &device_mpdo_model, {pdoHeaders, {60, 50, 180, 50, 50, 50}, false, false, false, false}},
-        {ui->mPdoContentView, &device_mpdocontent_model, {entryHeaders, entryWidths, false, true, true, true}},
+         {{tr("Slot"), tr("Module"), tr("ModuleIdent")}, {150, 150, 150}, FitColumns | FitRows}},
+        {ui->PdoAssignView, &device_pdoassignment_model, {{tr("Index"), tr("Enable")}, {85, 50}, FitColumns | FitRows}},
+        {ui->PdoContentView, &device_pdocontent_model, {entryHeaders, entryWidths, FitColumns | FitRows | CustomMenu}},
+        {ui->mPdoListView, &device_mpdo_model, {pdoHeaders, {60, 50, 180, 50, 50, 50}, {}}},
+        {ui->mPdoContentView,
+         &device_mpdocontent_model,
+         {entryHeaders, entryWidths, FitColumns | FitRows | CustomMenu}},
     };
     for (const Table& table : tables)
         setUpTableView(*table.view, *table.model, table.columns);

@@ -13,13 +13,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 class PdoEditWin;
 class QDragEnterEvent;
 class QDropEvent;
-class QTreeWidget;
-class QTreeWidgetItem;
 class Smeditwin;
 class Startupeditwin;
 class Ui_MainWindow;
@@ -51,7 +50,7 @@ protected slots:
     void StartupEditWindowSendMsg(const QString& text);
 
 private slots:
-    // Each slot is carried by the source file of its tab. Those that say so there have no effect yet.
+    // Each slot is carried by the source file of its tab; the file says which of its slots have no effect yet.
     void device_import_triggered();
     void device_information_display(QTreeWidgetItem* item, int column);
     void device_fmmu_display();
@@ -135,9 +134,8 @@ private:
 
     // Parts of the file actions (mainwindow_files.cpp and mainwindow_export.cpp).
     bool importEsiFile(const QString& path);
-    bool isCheckedInTree(std::size_t file, std::size_t device) const;
     QString warnAndProposeName();
-    QString askExportPath(const QString& proposedName);
+    std::optional<QString> askExportPath(const QString& proposedName);
     void exportTo(const QString& path);
 
     PdoEditWin* PdoEditWindow = nullptr; ///< the open editor of a PDO entry; belongs to this window

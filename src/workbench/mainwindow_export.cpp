@@ -50,22 +50,14 @@ std::optional<KtlSaveMode> saveModeFor(QWidget* parent, const std::string& path,
     return KtlSaveMode::Overwrite;
 }
 
-/// @return  empty if everything was saved
-QString saveWarning(KtlSaveStatus status, const QString& path)
+/// What is said of a failed export.
+QString saveWarning(KtlSaveStatus failure, const std::string& path)
 {
-    const QString nativePath = QDir::toNativeSeparators(path);
-    switch (status) {
-    case KtlSaveStatus::Saved:
-        break;
-    case KtlSaveStatus::CannotWrite:
-        return MainWindow::tr("File write failure %1:\n Unknown ecoding error.").arg(nativePath);
-    case KtlSaveStatus::CannotReopen:
-        return MainWindow::tr("File open failure again %1:\n Unknown ecoding error.").arg(nativePath);
-    case KtlSaveStatus::CannotWriteDump:
-        return MainWindow::tr("File write failure %1:\n Unknown ecoding error.")
-            .arg(QDir::toNativeSeparators(QString::fromStdString(dumpPathOf(path.toStdString()))));
-    }
-    return {};
+    const std::string failedPath = failure == KtlSaveStatus::CannotWriteDump ? dumpPathOf(path) : path;
+    const QString text = failure == KtlSaveStatus::CannotReopen
+                             ? MainWindow::tr("File open failure again %1:\n Unknown ecoding error.")
+                             : MainWindow::tr("File write failure %1:\n Unknown ecoding error.");
+    return text.arg(QDir::toNativeSeparators(QFile::decodeName(failedPath.c_str())));
 }
 
 } // namespace
@@ -77,15 +69,8 @@ void MainWindow::device_export_triggered()
         warn(this, selectionMatters(), tr("Select at least one device export\n"));
         return;
     }
-    const QString path = askExportPath(warnAndProposeName());
-    if (!path.isNull())
-        exportTo(path);
-}
-
-bool MainWindow::isCheckedInTree(std::size_t file, std::size_t device) const
-{
-    const QTreeWidgetItem* fileItem = ui->DeviceTree->topLevelItem(static_cast<int>(file));
-    return isCheckedForExport(fileItem) && isCheckedForExport(fileItem->child(static_cast<int>(device)));
+    if (const std::optional<QString> path = askExportPath(warnAndProposeName()))
+        exportTo(*path);
 }
 
 /// Warns about the checked devices, in tree order.
@@ -95,7 +80,7 @@ QString MainWindow::warnAndProposeName()
     QString proposedName;
     for (std::size_t fileIndex = 0; fileIndex < g_xmlfiledevices.size(); ++fileIndex)
         for (std::size_t deviceIndex = 0; deviceIndex < g_xmlfiledevices[fileIndex].device.size(); ++deviceIndex) {
-            if (!isCheckedInTree(fileIndex, deviceIndex))
+            if (!isCheckedForExport(*ui->DeviceTree, fileIndex, deviceIndex))
                 continue;
             for (const QString& warning : exportWarnings(g_xmlfiledevices[fileIndex].device[deviceIndex]))
                 warn(this, fileMatters(), warning);
@@ -105,8 +90,8 @@ QString MainWindow::warnAndProposeName()
     return proposedName;
 }
 
-/// @return  the chosen path; null if the dialog was cancelled
-QString MainWindow::askExportPath(const QString& proposedName)
+/// @return  the chosen path, nothing if the dialog was cancelled
+std::optional<QString> MainWindow::askExportPath(const QString& proposedName)
 {
     QFileDialog dialog(this);
     dialog.setWindowModality(Qt::WindowModal);
@@ -115,8 +100,8 @@ QString MainWindow::askExportPath(const QString& proposedName)
     if (!proposedName.isEmpty())
         dialog.selectFile(proposedName);
     if (dialog.exec() != QDialog::Accepted)
-        return {};
-    return dialog.selectedFiles().value(0, QStringLiteral(""));
+        return std::nullopt;
+    return dialog.selectedFiles().value(0);
 }
 
 /// Writes the file and its dump, and tells of what went wrong; there is no message of success.
@@ -140,5 +125,5 @@ void MainWindow::exportTo(const QString& path)
         });
     }
     if (result.status != KtlSaveStatus::Saved)
-        warn(this, fileMatters(), saveWarning(result.status, path));
+        warn(this, fileMatters(), saveWarning(result.status, filePath));
 }

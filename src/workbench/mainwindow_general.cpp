@@ -1,5 +1,5 @@
 // mainwindow_general.cpp - the General tab: identity, device type and operation modes. What happens when the user
-// changes one of them has no effect yet, and so has the about box.
+// changes one of them has no effect yet, nor has the about box.
 #include "workbench/mainwindow.h"
 
 #include "esi/xmlCharConversion.h"

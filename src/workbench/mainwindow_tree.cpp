@@ -121,6 +121,7 @@ void MainWindow::Device_Information_UIClear()
     for (QCheckBox* box : {ui->checkBox_Dc1, ui->checkBox_Dc2, ui->checkBox_Dc3})
         box->setChecked(false);
     ui->comboBox_Dc->clear();
+    ui->comboBox_Dc->clearEditText(); // the list is editable, and a typed text is no entry of it
     enableModuleIndexes(false);
     ui->InsertModule->setEnabled(false);
     ui->DeleteModule->setEnabled(false);

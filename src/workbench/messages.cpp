@@ -2,12 +2,28 @@
 
 #include <QMessageBox>
 
+namespace {
+
+void show(QMessageBox::Icon icon, QWidget* parent, const QString& title, const QString& text)
+{
+    QMessageBox box(icon, title, text, QMessageBox::Ok, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+} // namespace
+
 void warn(QWidget* parent, const QString& title, const QString& text)
 {
-    QMessageBox::warning(parent, title, text, QMessageBox::Ok);
+    show(QMessageBox::Warning, parent, title, text);
 }
 
 void inform(QWidget* parent, const QString& title, const QString& text)
 {
-    QMessageBox::information(parent, title, text, QMessageBox::Ok);
+    show(QMessageBox::Information, parent, title, text);
+}
+
+void tellOfEnd(QWidget* parent, const QString& title, const QString& text)
+{
+    show(QMessageBox::Critical, parent, title, text);
 }

@@ -1,4 +1,4 @@
-// messages.h - the one front for message boxes.
+// messages.h - boxes that tell something and want nothing but an Ok.
 #pragma once
 
 #include <QString>
@@ -6,21 +6,20 @@
 class QWidget;
 
 /// Title of boxes on files and devices.
-inline const QString& fileMatters()
+inline QString fileMatters()
 {
-    static const QString title = QStringLiteral("xml parser");
-    return title;
+    return QStringLiteral("xml parser");
 }
 
 /// Title of boxes on the selection.
-inline const QString& selectionMatters()
+inline QString selectionMatters()
 {
-    static const QString title = QStringLiteral("warning");
-    return title;
+    return QStringLiteral("warning");
 }
 
-/// Shows a warning with one Ok button and waits for the answer.
-void warn(QWidget* parent, const QString& title, const QString& text);
+// Each shows a box with one Ok button and waits for the answer. Texts are plain: a name from a file that looks like
+// markup is shown as it stands.
 
-/// Shows an information with one Ok button and waits for the answer.
+void warn(QWidget* parent, const QString& title, const QString& text);
 void inform(QWidget* parent, const QString& title, const QString& text);
+void tellOfEnd(QWidget* parent, const QString& title, const QString& text); ///< for an error that ends the program

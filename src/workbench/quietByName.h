@@ -2,7 +2,8 @@
 #pragma once
 
 /// While it lives, the toolkit's warnings that a slot named on_<object>_<signal> has no such signal are left out. Slots
-/// of context menus have names of that form; they are connected when their menu is built.
+/// of context menus have names of that form; they are connected when their menu is built. The slots that are meant to
+/// be connected by name are held by tst_MainWindowSlots.
 class QuietByName
 {
 public:

@@ -9,7 +9,7 @@
 void setUpTableView(QTableView& view, QStandardItemModel& model, const TableColumns& columns)
 {
     constexpr int leastHeight = 30;
-    constexpr int tablePointSize = 9; // the columns are as wide as this size needs
+    constexpr int tablePointSize = 9; // the given column widths are made for text of this size
     model.setHorizontalHeaderLabels(columns.headers);
     model.setColumnCount(columns.headers.size());
     view.setModel(&model);
@@ -23,13 +23,13 @@ void setUpTableView(QTableView& view, QStandardItemModel& model, const TableColu
     view.setSelectionBehavior(QAbstractItemView::SelectRows);
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
     view.setMinimumHeight(leastHeight);
-    if (columns.stretchSections)
+    if (columns.options.testFlag(StretchSections))
         view.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    if (columns.customMenu)
+    if (columns.options.testFlag(CustomMenu))
         view.setContextMenuPolicy(Qt::CustomContextMenu);
-    if (columns.fitColumns)
+    if (columns.options.testFlag(FitColumns))
         view.resizeColumnsToContents();
-    if (columns.fitRows)
+    if (columns.options.testFlag(FitRows))
         view.resizeRowsToContents();
     for (std::size_t column = 0; column < columns.widths.size(); ++column)
         view.setColumnWidth(static_cast<int>(column), columns.widths[column]);

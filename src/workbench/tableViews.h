@@ -1,6 +1,7 @@
 // tableViews.h - how the tables of the main window are set up and filled.
 #pragma once
 
+#include <QFlags>
 #include <QStringList>
 
 #include <vector>
@@ -8,15 +9,23 @@
 class QStandardItemModel;
 class QTableView;
 
+/// What a table does besides showing its rows.
+enum TableOption
+{
+    StretchSections = 1, ///< all sections share the width of the table
+    FitColumns = 2, ///< columns first take the width of their contents; given widths win
+    FitRows = 4, ///< rows take the height of their contents
+    CustomMenu = 8, ///< a right click asks for a menu
+};
+Q_DECLARE_FLAGS(TableOptions, TableOption)
+Q_DECLARE_OPERATORS_FOR_FLAGS(TableOptions)
+
 /// Columns of a table and how they take their widths.
 struct TableColumns
 {
     QStringList headers;
     std::vector<int> widths; ///< pixels, for the first columns; the last column stretches
-    bool stretchSections = false; ///< all sections share the width of the table
-    bool fitColumns = false; ///< columns first take the width of their contents; given widths win
-    bool fitRows = false; ///< rows take the height of their contents
-    bool customMenu = false; ///< a right click asks for a menu
+    TableOptions options;
 };
 
 /// Gives a view its model, its columns and the look that all tables share: rows are selected as a whole and nothing is

@@ -4,7 +4,7 @@
 #include "workbench/messages.h"
 
 #include <QApplication>
-#include <QMessageBox>
+#include <QWidget>
 
 #include <algorithm>
 #include <cstdlib>
@@ -28,7 +28,7 @@ bool isAnyWindowVisible()
     if (isAnyWindowVisible()) {
         while (QGuiApplication::overrideCursor() != nullptr)
             QGuiApplication::restoreOverrideCursor();
-        QMessageBox::critical(QApplication::activeWindow(), fileMatters(), reason, QMessageBox::Ok);
+        tellOfEnd(QApplication::activeWindow(), fileMatters(), reason);
     }
     std::abort();
 }

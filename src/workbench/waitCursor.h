@@ -1,6 +1,7 @@
 // waitCursor.h - the waiting cursor while files are read or written.
 #pragma once
 
+#include <QCursor>
 #include <QGuiApplication>
 
 /// Shows the waiting cursor as long as it lives. Message boxes are shown outside of its life.

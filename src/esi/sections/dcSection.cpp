@@ -8,15 +8,15 @@
 
 namespace {
 
-constexpr std::array dcSmRules{
+const std::array dcSmRules{
     AttributeRule<DCSmAttributes>{QLatin1String("No"), storeUint<&DCSmAttributes::m_No>},
 };
 
-constexpr std::array dcPdoRules{
+const std::array dcPdoRules{
     AttributeRule<DCPdoAttributes>{QLatin1String("OSFac"), storeUint<&DCPdoAttributes::m_OsFac>},
 };
 
-constexpr std::array oversamplingRules{
+const std::array oversamplingRules{
     AttributeRule<DCOversampling>{QLatin1String("MinCycleTime"), storeUint<&DCOversampling::m_MinCycleTime>},
     AttributeRule<DCOversampling>{QLatin1String("DefaultFactor"), storeUint<&DCOversampling::m_DefaultFactor>},
 };
@@ -29,7 +29,7 @@ void appendPdo(Struct_DCSm& syncManager, const QDomElement& element)
     syncManager.m_Pdo.push_back(pdo);
 }
 
-constexpr std::array dcSmChildRules{
+const std::array dcSmChildRules{
     ElementRule<Struct_DCSm>{QLatin1String("Pdo"), appendPdo},
 };
 
@@ -51,7 +51,7 @@ void readVendorSpecific(Struct_DCOpMode& mode, const QDomElement& element)
 }
 
 // Times are signed: a negative shift in plain decimal is kept.
-constexpr std::array opModeRules{
+const std::array opModeRules{
     ElementRule<Struct_DCOpMode>{QLatin1String("Name"), fromText<storeText<&Struct_DCOpMode::Name>>},
     ElementRule<Struct_DCOpMode>{QLatin1String("Desc"), fromText<storeText<&Struct_DCOpMode::Desc>>},
     ElementRule<Struct_DCOpMode>{QLatin1String("AssignActivate"),
@@ -75,7 +75,7 @@ void appendOpMode(struct_EtherCatDevice& device, const QDomElement& element)
     device.vopmode.push_back(std::move(mode));
 }
 
-constexpr std::array dcRules{
+const std::array dcRules{
     ElementRule<struct_EtherCatDevice>{QLatin1String("OpMode"), appendOpMode},
 };
 

@@ -15,7 +15,7 @@ void storeOpOnly(Struct_Fmmu& to, const QString& value)
     to.m_OpOnly = toUint(value) != 0;
 }
 
-constexpr std::array fmmuRules{
+const std::array fmmuRules{
     AttributeRule<Struct_Fmmu>{QLatin1String("OpOnly"), storeOpOnly},
     AttributeRule<Struct_Fmmu>{QLatin1String("Sm"), storeUint<&Struct_Fmmu::m_Sm>},
     AttributeRule<Struct_Fmmu>{QLatin1String("Su"), storeUint<&Struct_Fmmu::m_Su>},

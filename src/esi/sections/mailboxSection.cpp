@@ -9,14 +9,14 @@
 
 namespace {
 
-constexpr std::array eoeRules{
+const std::array eoeRules{
     AttributeRule<EoeAttributes>{QLatin1String("IP"), storeBool<&EoeAttributes::IP>},
     AttributeRule<EoeAttributes>{QLatin1String("MAC"), storeBool<&EoeAttributes::MAC>},
 };
 
 // ODD, KEPT: there is no row for CompleteAccess. ESI files declare that attribute, but a controller that found it set
 // would get its PDO mapping as one complete access; that is switched on per device by other means than the ESI.
-constexpr std::array coeRules{
+const std::array coeRules{
     AttributeRule<CoeAttributes>{QLatin1String("SdoInfo"), storeBool<&CoeAttributes::SdoInfo>},
     AttributeRule<CoeAttributes>{QLatin1String("PdoAssign"), storeBool<&CoeAttributes::PdoAssign>},
     AttributeRule<CoeAttributes>{QLatin1String("PdoUpload"), storeBool<&CoeAttributes::PdoUpload>},
@@ -37,7 +37,7 @@ void storeData(struct_InitCmd& to, const QString& value)
 }
 
 // A command has one transition. ESI allows several `Transition` elements; the last one wins.
-constexpr std::array initCmdRules{
+const std::array initCmdRules{
     ElementRule<struct_InitCmd>{QLatin1String("Transition"), fromText<storeToken<&struct_InitCmd::Transition>>},
     ElementRule<struct_InitCmd>{QLatin1String("Index"), fromText<storeUint<&struct_InitCmd::Index>>},
     ElementRule<struct_InitCmd>{QLatin1String("SubIndex"), fromText<storeUint<&struct_InitCmd::SubIndex>>},
@@ -52,7 +52,7 @@ void appendInitCmd(DeviceCoe& coe, const QDomElement& element)
     coe.InitCmd.vinitcmd.push_back(std::move(command));
 }
 
-constexpr std::array coeChildRules{
+const std::array coeChildRules{
     ElementRule<DeviceCoe>{QLatin1String("InitCmd"), appendInitCmd},
 };
 
@@ -67,7 +67,7 @@ void readCoe(DeviceMailbox& mailbox, const QDomElement& element)
     readChildren(element, coeChildRules, mailbox.COE);
 }
 
-constexpr std::array protocolRules{
+const std::array protocolRules{
     ElementRule<DeviceMailbox>{QLatin1String("EoE"), readEoe},
     ElementRule<DeviceMailbox>{QLatin1String("CoE"), readCoe},
 };

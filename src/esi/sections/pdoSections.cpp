@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr std::array pdoAttributeRules{
+const std::array pdoAttributeRules{
     AttributeRule<PdoAttributes>{QLatin1String("Sm"), storeUint<&PdoAttributes::SM>},
     AttributeRule<PdoAttributes>{QLatin1String("Mandatory"), storeBool<&PdoAttributes::Mandatory>},
     AttributeRule<PdoAttributes>{QLatin1String("Fixed"), storeBool<&PdoAttributes::Fixed>},
@@ -49,7 +49,7 @@ void storeBitlen(EntryBeingRead& to, const QString& value)
 // ODD, KEPT: an entry keeps its last name that has a text, while a PDO takes the last name even if it is empty; on the
 // PDOs of modules it is the other way round. Files with names in two languages leave one empty now and then, on device
 // entries and on module PDOs, and the firmware's tools know the names that come out of exactly these rules.
-constexpr std::array entryRules{
+const std::array entryRules{
     ElementRule<EntryBeingRead>{QLatin1String("Index"),
                                 fromText<storeInEntry<storeUint<&struct_EntryPDOContent::Index>>>},
     ElementRule<EntryBeingRead>{QLatin1String("SubIndex"),
@@ -81,7 +81,7 @@ void storeName(PdoBeingRead& to, const QString& value)
     storeText<&struct_PDOList::Name>(to.pdo, value);
 }
 
-constexpr std::array pdoRules{
+const std::array pdoRules{
     ElementRule<PdoBeingRead>{QLatin1String("Index"), fromText<storeIndex>},
     ElementRule<PdoBeingRead>{QLatin1String("Name"), fromText<storeName>},
     ElementRule<PdoBeingRead>{QLatin1String("Entry"), appendEntry},

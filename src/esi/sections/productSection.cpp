@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::array typeRules{
+const std::array typeRules{
     AttributeRule<DeviceTypeAttributes>{QLatin1String("ProductCode"), storeUint<&DeviceTypeAttributes::Product_Code>},
     AttributeRule<DeviceTypeAttributes>{QLatin1String("RevisionNo"), storeUint<&DeviceTypeAttributes::Revision_No>},
     AttributeRule<DeviceTypeAttributes>{QLatin1String("SerialNo"), storeUint<&DeviceTypeAttributes::Serial_No>},

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr std::array slotsRules{
+const std::array slotsRules{
     AttributeRule<SlotsAttributes>{QLatin1String("DownloadModuleIdentList"),
                                    storeBool<&SlotsAttributes::DownloadModuleIdentList>},
     AttributeRule<SlotsAttributes>{QLatin1String("DownloadModuleAddressList"),
@@ -39,7 +39,7 @@ void storeMaxInstances(SlotAttributes& to, const QString& value)
     to.MaxInstances = std::min(toUint(value), mostInstances);
 }
 
-constexpr std::array slotRules{
+const std::array slotRules{
     AttributeRule<SlotAttributes>{QLatin1String("MinInstances"), storeUint<&SlotAttributes::MinInstances>},
     AttributeRule<SlotAttributes>{QLatin1String("MaxInstances"), storeMaxInstances},
     AttributeRule<SlotAttributes>{QLatin1String("SlotPdoIncrement"), storeUint<&SlotAttributes::SlotPdoIncrement>},
@@ -77,7 +77,7 @@ void appendModuleIdents(struct_Slot& slot, const QDomElement& element)
         slot.ModuleIdent.push_back(ident);
 }
 
-constexpr std::array slotChildRules{
+const std::array slotChildRules{
     ElementRule<struct_Slot>{QLatin1String("Name"), fromText<storeText<&struct_Slot::Name>>},
     ElementRule<struct_Slot>{QLatin1String("ModuleClass"), appendModuleClasses},
     ElementRule<struct_Slot>{QLatin1String("ModuleIdent"), appendModuleIdents},

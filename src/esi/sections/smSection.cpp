@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr std::array smRules{
+const std::array smRules{
     AttributeRule<SmAttributes>{QLatin1String("DefaultSize"), storeUint<&SmAttributes::DefaultSize>},
     AttributeRule<SmAttributes>{QLatin1String("StartAddress"), storeUint<&SmAttributes::StartAddress>},
     AttributeRule<SmAttributes>{QLatin1String("MinSize"), storeUint<&SmAttributes::MinSize>},
