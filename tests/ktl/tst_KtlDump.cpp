@@ -1,0 +1,258 @@
+// The text dump of a KTL file, character for character.
+#include "ktl/ktlBytes.h"
+#include "ktl/ktlExport.h"
+
+#include <QtTest>
+
+namespace {
+
+const QByteArray firstLine = "KTL Version V1.0.28 \n";
+const QByteArray endItem = bytes("00 00 00 00  0C 00 00 00  00 00 00 00");
+const QByteArray endText = "ItemHead-dec: 0,Len: 12     \r\n  0x0 \t\r\n";
+
+/// Result and text of a dump.
+struct Dump
+{
+    bool isComplete = false;
+    int errorCode = -77;
+    QByteArray text;
+};
+
+Dump dumpOf(const QByteArray& file)
+{
+    Dump dump;
+    const FileHandle ktl = streamWith(file); // it stands at its end: the dump goes to its start by itself
+    dump.text =
+        writtenBy([&](std::FILE* log) { dump.isComplete = KTL_write_log_devices(log, ktl.get(), &dump.errorCode); });
+    return dump;
+}
+
+/// An item of the given words.
+QByteArray item(std::uint32_t type, const QByteArray& words)
+{
+    return le32(type) + le32(static_cast<std::uint32_t>(8 + words.size())) + words;
+}
+
+} // namespace
+
+class tst_KtlDump : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void nameOfItem_data();
+    void nameOfItem();
+    void words_data();
+    void words();
+    void generalHasElevenWords();
+    void goesOnBehindAnEndItem();
+    void brokenFile_data();
+    void brokenFile();
+    void twoThousandItems_data();
+    void twoThousandItems();
+    void nullArgument_data();
+    void nullArgument();
+};
+
+void tst_KtlDump::nameOfItem_data()
+{
+    QTest::addColumn<uint>("type");
+    QTest::addColumn<QByteArray>("head"); // the line of the head, its line end and the "0x" that begins the next one
+    const auto row = [](uint type, const char* head) { QTest::addRow("%u", type) << type << QByteArray(head); };
+    row(40000, "ItemHead-dec: 40000,Len: 12    General \r\n  0x");
+    row(40001, "ItemHead-dec: 40001,Len: 12    SM \r\n  0x");
+    row(40002, "ItemHead-dec: 40002,Len: 12    DC \r\n  0x");
+    row(40003, "ItemHead-dec: 40003,Len: 12    RxPdo \r\n  0x");
+    row(40004, "ItemHead-dec: 40004,Len: 12    TxPdo \r\n  0x");
+    row(40005, "ItemHead-dec: 40005,Len: 12    EoE \r\n  0x");
+    row(40006, "ItemHead-dec: 40006,Len: 12    CoE \r\n  0x");
+    row(40007, "ItemHead-dec: 40007,Len: 12    Slot \r\n  0x");
+    row(40008, "ItemHead-dec: 40008,Len: 12    EEPROM \r\n  0x");
+    row(40009, "ItemHead-dec: 40009,Len: 12    ObjectDetectType \r\n  0x");
+    row(40010, "ItemHead-dec: 40010,Len: 12    ObjectConfigType \r\n  0x");
+    row(40011, "ItemHead-dec: 40011,Len: 12    ObjectModule \r\n  0x");
+    row(40012, "ItemHead-dec: 40012,Len: 12    SubObjectType \r\n  0x");
+    row(40013, "ItemHead-dec: 40013,Len: 12    ModuleType \r\n  0x");
+    row(40014, "ItemHead-dec: 40014,Len: 12    FMMU \r\n  0x");
+    row(40015, "ItemHead-dec: 40015,Len: 12    SlotPreConfig \r\n  0x");
+    row(40016, "ItemHead-dec: 40016,Len: 12    DeviceMoreInfo \r\n  0x");
+    row(40100, "ItemHead-dec: 40100,Len: 12    ModuleRxPDO \r\n  0x");
+    row(40101, "ItemHead-dec: 40101,Len: 12    ModuleTxPDO \r\n  0x");
+    row(40102, "ItemHead-dec: 40102,Len: 12    ModuleTPDOEntry \r\n  0x");
+    row(40103, "ItemHead-dec: 40103,Len: 12    ModuleRPDOEntry \r\n  0x");
+    row(40104, "ItemHead-dec: 40104,Len: 12    ModuleCoEInitCmd \r\n  0x");
+    row(40105, "ItemHead-dec: 40105,Len: 12    ModuleDictDT \r\n  0x");
+    row(40106, "ItemHead-dec: 40106,Len: 12    ModuleDictObject \r\n  0x");
+    row(0, "ItemHead-dec: 0,Len: 12     \r\n  0x");
+    row(1, "ItemHead-dec: 1,Len: 12     \r\n  0x");
+    row(39999, "ItemHead-dec: 39999,Len: 12     \r\n  0x");
+    row(40017, "ItemHead-dec: 40017,Len: 12     \r\n  0x");
+    row(40099, "ItemHead-dec: 40099,Len: 12     \r\n  0x");
+    row(40107, "ItemHead-dec: 40107,Len: 12     \r\n  0x");
+    row(2147483647, "ItemHead-dec: 2147483647,Len: 12     \r\n  0x");
+}
+
+void tst_KtlDump::nameOfItem()
+{
+    QFETCH(uint, type);
+    QFETCH(QByteArray, head);
+    const Dump dump = dumpOf(item(type, bytes("2A 00 00 00")));
+    QCOMPARE(dump.text, firstLine + head + "2a \t\r\n");
+    QVERIFY(dump.isComplete);
+    QCOMPARE(dump.errorCode, 0);
+}
+
+void tst_KtlDump::words_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<QByteArray>("text");
+    const auto row = [](const char* name, const QByteArray& file, const char* text) {
+        QTest::addRow("%s", name) << file << QByteArray(text);
+    };
+    row("end item", endItem, "ItemHead-dec: 0,Len: 12     \r\n  0x0 \t\r\n");
+    row("item of a head alone", item(40001, {}), "ItemHead-dec: 40001,Len: 8    SM \r\n  0x\r\n");
+    row("little-endian, no leading zeros, lower case", item(40001, bytes("00 0F 01 00  EF CD AB 89  FF FF FF FF")),
+        "ItemHead-dec: 40001,Len: 20    SM \r\n  0x10f00 \t89abcdef \tffffffff \t\r\n");
+    row("size 9: no word, and the ninth byte begins the next item",
+        bytes("41 9C 00 00  09 00 00 00  42 9C 00 00  0C 00 00 00  07 00 00 00"),
+        "ItemHead-dec: 40001,Len: 9    SM \r\n  0x\r\nItemHead-dec: 40002,Len: 12    DC \r\n  0x7 \t\r\n");
+    row("size 14: one word, and the last two bytes begin the next item",
+        bytes("41 9C 00 00  0E 00 00 00  11 00 00 00  AA BB 00 00  0C 00 00 00  05 00 00 00"),
+        "ItemHead-dec: 40001,Len: 14    SM \r\n  0x11 \t\r\nItemHead-dec: 48042,Len: 12     \r\n  0x5 \t\r\n");
+    row("size 15: one word, and the last three bytes stay unread at the end of the file",
+        bytes("41 9C 00 00  0F 00 00 00  11 00 00 00  01 02 03"),
+        "ItemHead-dec: 40001,Len: 15    SM \r\n  0x11 \t\r\n");
+}
+
+void tst_KtlDump::words()
+{
+    QFETCH(QByteArray, file);
+    QFETCH(QByteArray, text);
+    const Dump dump = dumpOf(file);
+    QCOMPARE(dump.text, firstLine + text);
+    QVERIFY(dump.isComplete);
+    QCOMPARE(dump.errorCode, 0);
+}
+
+void tst_KtlDump::generalHasElevenWords()
+{
+    struct_EtherCatDevice device;
+    device.TypeAttributes.Product_Code = 0x16160001;
+    device.TypeAttributes.Revision_No = 0x00010003;
+    device.TypeAttributes.Serial_No = 0x5E;
+    device.m_iDeviceType = 1;
+    device.m_iDriveAxies = 2;
+    device.Mailbox.COE.Attributes.SdoInfo = true;
+    struct_FilenameDevice file;
+    file.Vendor_Id = 0x7E570003;
+    const QByteArray general =
+        writtenBy([&](std::FILE* out) { static_cast<void>(KTL_write_device_General(out, &device, &file)); });
+    QCOMPARE(dumpOf(general + endItem).text,
+             firstLine
+                 + "ItemHead-dec: 40000,Len: 52    General \r\n"
+                   "  0x7e570003 \t16160001 \t10003 \t5e \t10001 \t0 \t0 \t0 \t0 \t0 \t2 \t\r\n"
+                 + endText);
+}
+
+/// A file that was appended to holds several runs; all of them are shown.
+void tst_KtlDump::goesOnBehindAnEndItem()
+{
+    const QByteArray run = item(40005, zeros(4)) + endItem;
+    const QByteArray runText = "ItemHead-dec: 40005,Len: 12    EoE \r\n  0x0 \t\r\n" + endText;
+    const Dump dump = dumpOf(run + run + run);
+    QCOMPARE(dump.text, firstLine + runText + runText + runText);
+    QVERIFY(dump.isComplete);
+}
+
+void tst_KtlDump::brokenFile_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<QByteArray>("text"); // behind the first line
+    QTest::addColumn<bool>("isComplete");
+    const auto row = [](const char* name, const QByteArray& file, const QByteArray& text, bool isComplete) {
+        QTest::addRow("%s", name) << file << text << isComplete;
+    };
+    row("empty file: type and size are still 0", {}, "Err para: Id value-dec: 0,Len: 0\r\n  \r\n", false);
+    row("first head cut inside the type", bytes("40 9C"), "Err para: Id value-dec: 0,Len: 0\r\n  \r\n", false);
+    row("first head cut behind the type", bytes("40 9C 00 00"), "Err para: Id value-dec: 40000,Len: 0\r\n  \r\n",
+        false);
+    row("first head cut inside the size", bytes("40 9C 00 00 34 00"), "Err para: Id value-dec: 40000,Len: 0\r\n  \r\n",
+        false);
+    row("later head cut inside the type: the values before it stay", endItem + bytes("40 9C 00"), endText, true);
+    row("later head cut behind the type: the size before it stays", endItem + bytes("40 9C 00 00"), endText, true);
+    row("later head cut inside the size: the size before it stays", endItem + bytes("40 9C 00 00  00 00 00"), endText,
+        true);
+    row("later head cut behind a negative type", endItem + bytes("00 00 00 80"),
+        endText + "Err para: Id value-dec: -2147483648,Len: 12\r\n  \r\n", false);
+    row("head and then nothing", endItem + bytes("40 9C 00 00  10 00 00 00"),
+        endText + "ItemHead-dec: 40000,Len: 16    General \r\n  0x0 \t0 \t\r\n", true);
+    row("words that are no longer there are 0", bytes("40 9C 00 00  18 00 00 00  07 00 00 00  08 00 00 00"),
+        "ItemHead-dec: 40000,Len: 24    General \r\n  0x7 \t8 \t0 \t0 \t\r\n", true);
+    row("size 7", endItem + bytes("41 9C 00 00  07 00 00 00  01 00 00 00"),
+        endText + "Err para: Id value-dec: 40001,Len: 7\r\n  \r\n", false);
+    row("size 0, and an item behind it that is not reached", bytes("49 9C 00 00  00 00 00 00") + endItem,
+        "Err para: Id value-dec: 40009,Len: 0\r\n  \r\n", false);
+    row("negative size", bytes("41 9C 00 00  FF FF FF FF") + endItem, "Err para: Id value-dec: 40001,Len: -1\r\n  \r\n",
+        false);
+    row("negative type", bytes("FE FF FF FF  0C 00 00 00  00 00 00 00") + endItem,
+        "Err para: Id value-dec: -2,Len: 12\r\n  \r\n", false);
+}
+
+void tst_KtlDump::brokenFile()
+{
+    QFETCH(QByteArray, file);
+    QFETCH(QByteArray, text);
+    QFETCH(bool, isComplete);
+    const Dump dump = dumpOf(file);
+    QCOMPARE(dump.text, firstLine + text);
+    QCOMPARE(dump.isComplete, isComplete);
+    QCOMPARE(dump.errorCode, 0);
+}
+
+void tst_KtlDump::twoThousandItems_data()
+{
+    QTest::addColumn<int>("items");
+    QTest::addColumn<QByteArray>("behind");
+    QTest::addColumn<int>("shown");
+    QTest::addRow("1999 items") << 1999 << QByteArray() << 1999;
+    QTest::addRow("2000 items") << 2000 << QByteArray() << 2000;
+    QTest::addRow("2001 items, the last is not shown") << 2001 << QByteArray() << 2000;
+    QTest::addRow("4100 items") << 4100 << QByteArray() << 2000;
+    QTest::addRow("what is broken behind the 2000th is not looked at") << 2000 << bytes("FF FF FF FF") << 2000;
+}
+
+void tst_KtlDump::twoThousandItems()
+{
+    QFETCH(int, items);
+    QFETCH(QByteArray, behind);
+    QFETCH(int, shown);
+    const Dump dump = dumpOf(endItem.repeated(items) + behind);
+    QCOMPARE(dump.text.count("ItemHead-dec"), shown);
+    QCOMPARE(dump.text, firstLine + endText.repeated(shown));
+    QVERIFY(dump.isComplete);
+}
+
+void tst_KtlDump::nullArgument_data()
+{
+    QTest::addColumn<bool>("hasLog");
+    QTest::addColumn<bool>("hasKtl");
+    QTest::addRow("no text file") << false << true;
+    QTest::addRow("no KTL file") << true << false;
+    QTest::addRow("neither") << false << false;
+}
+
+/// The error code is set to 0 before anything else.
+void tst_KtlDump::nullArgument()
+{
+    QFETCH(bool, hasLog);
+    QFETCH(bool, hasKtl);
+    const FileHandle ktl = streamWith(endItem);
+    const FileHandle log = streamWith();
+    int code = 5;
+    QVERIFY(!KTL_write_log_devices(hasLog ? log.get() : nullptr, hasKtl ? ktl.get() : nullptr, &code));
+    QCOMPARE(code, 0);
+    QCOMPARE(contentOf(log.get()), QByteArray());
+}
+
+QTEST_GUILESS_MAIN(tst_KtlDump)
+#include "tst_KtlDump.moc"
