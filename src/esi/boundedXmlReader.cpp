@@ -52,7 +52,7 @@ public:
         m_sawSkippedEntity = true;
         return m_builder->skippedEntity(name);
     }
-    QString errorString() const override
+    [[nodiscard]] QString errorString() const override
     {
         return isTooDeep() ? QStringLiteral("elements are nested deeper than %1").arg(deepestNesting)
                            : m_builder->errorString();

@@ -4,6 +4,9 @@
 
 #include <QLatin1String>
 #include <QString>
+#include <QStringView>
+
+#include <utility>
 
 namespace {
 
@@ -28,6 +31,10 @@ const std::array sectionTags{
 
 const SectionTag* sectionTagOf(const QString& tag)
 {
+    // Most elements of a big file lie in dictionaries and begin with another letter than any section does.
+    constexpr QStringView firstLetters = u"TNMFSDRP";
+    if (tag.isEmpty() || !firstLetters.contains(tag.front()))
+        return nullptr;
     for (const SectionTag& row : sectionTags)
         if (tag == row.tag)
             return &row;
@@ -45,32 +52,49 @@ const QLatin1String deviceTag("Device");
 class ElementSorter
 {
 public:
-    void enter(const QDomElement& element)
+    explicit ElementSorter(const std::function<void(DeviceElements& device)>& readDevice)
+        : m_readDevice(readDevice)
+    {}
+
+    void enter(const QDomElement& element, int depth)
     {
         const QString tag = element.tagName();
         if (const SectionTag* row = sectionTagOf(tag))
             addSection(element, row->section);
         else if (tag == deviceTag)
-            openDevice();
+            openDevice(depth);
         else if (tag == QLatin1String("Vendor") && m_found.vendor.isNull())
             m_found.vendor = element;
         else if (tag == QLatin1String("Modules") && parentTagContains(element, QLatin1String("Descriptions")))
             m_found.moduleLists.push_back(element);
     }
 
-    void leave(const QDomElement& element)
+    void leave(int depth)
     {
-        if (element.tagName() == deviceTag)
-            m_open.pop_back();
+        if (m_open.empty() || m_open.back().depth != depth)
+            return;
+        m_open.pop_back();
+        if (!m_open.empty())
+            return;
+        for (DeviceElements& device : m_devices)
+            m_readDevice(device);
+        m_devices.clear();
     }
 
     DocumentElements takeFound() { return std::move(m_found); }
 
 private:
-    void openDevice()
+    /// A device that the walk is inside of.
+    struct OpenDevice
     {
-        m_open.push_back(m_found.devices.size());
-        m_found.devices.emplace_back();
+        std::size_t index; ///< in `m_devices`
+        int depth;
+    };
+
+    void openDevice(int depth)
+    {
+        m_open.push_back({m_devices.size(), depth});
+        m_devices.emplace_back();
     }
 
     /// A section belongs to every device that it stands under.
@@ -81,25 +105,27 @@ private:
         const bool isDirect = parentTagContains(element, deviceTag);
         if (!isDirect && section != DeviceSection::Slots)
             return;
-        for (const std::size_t index : m_open) {
-            DeviceElements& device = m_found.devices[index];
+        for (const OpenDevice& open : m_open) {
+            DeviceElements& device = m_devices[open.index];
             device.hasSlots = device.hasSlots || section == DeviceSection::Slots;
             if (isDirect)
                 device.sections[static_cast<std::size_t>(section)].push_back(element);
         }
     }
 
+    const std::function<void(DeviceElements& device)>& m_readDevice;
     DocumentElements m_found;
-    std::vector<std::size_t> m_open; ///< positions of the devices that the walk is inside of
+    std::vector<DeviceElements> m_devices; ///< the outermost device that the walk is inside of, and those in it
+    std::vector<OpenDevice> m_open; ///< from the outermost to the innermost
 };
 
 } // namespace
 
-DocumentElements documentElements(const QDomElement& root)
+DocumentElements walkDocument(const QDomElement& root, const std::function<void(DeviceElements& device)>& readDevice)
 {
-    ElementSorter sorter;
+    ElementSorter sorter(readDevice);
     walkElements(
-        root, [&](const QDomElement& element) { sorter.enter(element); },
-        [&](const QDomElement& element) { sorter.leave(element); });
+        root, [&](const QDomElement& element, int depth) { sorter.enter(element, depth); },
+        [&](int depth) { sorter.leave(depth); });
     return sorter.takeFound();
 }

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <vector>
 
 /// Sections of a device, in the order of their reading.
@@ -31,15 +32,16 @@ struct DeviceElements
     bool hasSlots = false; ///< a `Slots` element stands somewhere under the device, whatever its parent
 };
 
-/// The parts of an ESI document, in document order.
+/// The parts of an ESI document besides its devices, in document order.
 struct DocumentElements
 {
     QDomElement vendor; ///< the first `Vendor`, null if there is none
-    std::vector<DeviceElements> devices; ///< one for each `Device`, nested ones too
     std::vector<QDomElement>
         moduleLists; ///< each `Modules` directly under an element whose tag contains "Descriptions"
 };
 
-/// Finds the parts of a document under its root element. Names are local ones; a part of a parent's tag counts, so
-/// `Devices` passes for "Device".
-[[nodiscard]] DocumentElements documentElements(const QDomElement& root);
+/// Finds the parts of a document under its root element in one pass. Names are local ones; a part of a parent's tag
+/// counts, so `Devices` passes for "Device".
+/// @param readDevice  is called for each `Device`, nested ones too, in document order, as soon as the pass is through
+///                    with the outermost of them: the nodes of a device are then still at hand in the processor's cache
+DocumentElements walkDocument(const QDomElement& root, const std::function<void(DeviceElements& device)>& readDevice);

@@ -25,24 +25,32 @@ template<typename Visitor> void forEachChildElement(const QDomElement& parent, Q
     });
 }
 
-/// Walks all elements under `root`, at any depth and in document order: `enter(element)` before what is under it,
-/// `leave(element)` behind that. It does not recurse, so the depth of the document costs no stack.
+/// Walks all elements under `root`, at any depth and in document order: `enter(element, depth)` before what is under
+/// it, `leave(depth)` behind that; the children of `root` are at depth 1. It does not recurse, so the depth of the
+/// document costs no stack.
 template<typename Enter, typename Leave> void walkElements(const QDomElement& root, Enter enter, Leave leave)
 {
+    int depth = 1;
     QDomNode node = root.firstChild();
     while (!node.isNull()) {
-        if (node.isElement())
-            enter(node.toElement());
-        QDomNode next = node.firstChild();
+        QDomNode next;
+        if (const QDomElement element = node.toElement(); !element.isNull()) { // only elements have elements under them
+            enter(element, depth);
+            next = element.firstChild();
+            if (next.isNull())
+                leave(depth);
+            else
+                depth += 1;
+        }
         while (next.isNull()) {
-            if (node.isElement())
-                leave(node.toElement());
             next = node.nextSibling();
             if (!next.isNull())
                 break;
-            node = node.parentNode();
-            if (node == root)
+            depth -= 1;
+            if (depth == 0)
                 return;
+            node = node.parentNode();
+            leave(depth);
         }
         node = next;
     }
@@ -56,7 +64,7 @@ template<std::size_t Count>
                                                                            const std::array<QLatin1String, Count>& tags)
 {
     std::array<std::vector<QDomElement>, Count> found;
-    const auto sortIn = [&](const QDomElement& element) {
+    const auto sortIn = [&](const QDomElement& element, int /*depth*/) {
         const QString tag = element.tagName();
         for (std::size_t index = 0; index < Count; ++index)
             if (tag == tags[index]) {
@@ -64,6 +72,6 @@ template<std::size_t Count>
                 return;
             }
     };
-    walkElements(root, sortIn, [](const QDomElement& /*element*/) {});
+    walkElements(root, sortIn, [](int /*depth*/) {});
     return found;
 }

@@ -152,16 +152,13 @@ void appendModuleGroups(const QDomElement& modules, std::vector<struct_commentmo
 
 bool read_xmldevice(const QString& projectName)
 {
-    DocumentElements elements = documentElements(domDocument.documentElement());
+    struct_FilenameDevice file;
+    const DocumentElements elements = walkDocument(
+        domDocument.documentElement(), [&](DeviceElements& device) { file.device.push_back(deviceFrom(device)); });
     if (elements.vendor.isNull())
         return false;
-
-    struct_FilenameDevice file;
     file.xmlfilepath = projectName.toStdString();
     file.Vendor_Id = vendorIdOf(elements.vendor);
-    file.device.reserve(elements.devices.size());
-    for (DeviceElements& device : elements.devices)
-        file.device.push_back(deviceFrom(device));
     for (const QDomElement& moduleList : elements.moduleLists)
         appendModuleGroups(moduleList, file.vcommentmodule);
 

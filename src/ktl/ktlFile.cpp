@@ -70,7 +70,7 @@ std::string dumpPathOf(const std::string& ktlPath)
 KtlSaveResult saveKtlFile(const std::string& path, KtlSaveMode mode,
                           const std::function<bool(std::FILE* out, int* errorCode)>& writeRun)
 {
-    const std::string usedPath = path.c_str(); // as far as the C library reads it
+    const std::string usedPath = path.substr(0, path.find('\0')); // as far as the C library reads it
     const KtlSaveResult written = writeKtl(usedPath, mode, writeRun);
     return written.status == KtlSaveStatus::Saved ? writeDump(usedPath) : written;
 }

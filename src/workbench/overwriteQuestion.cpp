@@ -24,7 +24,11 @@ public:
     }
 
 protected:
-    void closeEvent(QCloseEvent* event) override { QDialog::closeEvent(event); }
+    void closeEvent(QCloseEvent* event) override
+    {
+        reject();
+        event->accept();
+    }
 
     void keyPressEvent(QKeyEvent* event) override
     {

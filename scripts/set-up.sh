@@ -1,0 +1,86 @@
+#!/usr/bin/env bash
+# Installs what the project needs, on Debian and its relatives. A second run finds all of it and changes nothing.
+#
+#   scripts/set-up.sh run     build and open the workbench
+#   scripts/set-up.sh test    build and run the tests
+#   scripts/set-up.sh ci      the same, and the format and lint checks
+#   scripts/set-up.sh bench   build and run the benchmarks
+set -euo pipefail
+# shellcheck source=scripts/common.sh
+source "$(dirname "$0")/common.sh"
+
+# build-essential brings g++ and the sanitizers' runtime; qtbase5-dev brings Qt Core, Gui, Widgets, Xml and Test with
+# the plugins for X11 and for no display at all. The workbench shows Chinese texts, so even a test needs such a font.
+base=(build-essential cmake ninja-build ccache qtbase5-dev fonts-noto-cjk)
+commands=(g++ cmake ninja)
+
+case ${1-} in
+    run) packages=("${base[@]}" qtwayland5 x11-utils) ;; # xdpyinfo of x11-utils tells whether a window can open
+    test) packages=("${base[@]}") ;;
+    ci)
+        packages=("${base[@]}" git clang-format clang-tidy)
+        commands+=(git clang-format clang-tidy)
+        ;;
+    bench) packages=("${base[@]}" libbenchmark-dev) ;;
+    *) no_arguments "${1-none}" ;;
+esac
+
+missing_packages()
+{
+    local package
+    for package in "${packages[@]}"; do
+        [[ $(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null) == installed* ]] ||
+            printf '%s\n' "$package"
+    done
+}
+
+install_packages()
+{
+    local apt=(env DEBIAN_FRONTEND=noninteractive apt-get --quiet -o Acquire::Retries=3)
+    [[ $EUID -eq 0 ]] || apt=(sudo "${apt[@]}")
+    # A package list that could not be renewed may still do.
+    "${apt[@]}" update || printf 'The package lists could not be renewed; trying with the old ones.\n' >&2
+    "${apt[@]}" install --yes --no-install-recommends "$@"
+}
+
+# True when Qt 5 answers under one of the names that distributions give its qmake.
+have_qt5()
+{
+    local qmake
+    for qmake in qmake qmake-qt5; do
+        [[ $("$qmake" -query QT_VERSION 2>/dev/null) == 5.* ]] && return
+    done
+    return 1
+}
+
+missing_commands()
+{
+    local name
+    for name in "${commands[@]}"; do
+        command -v "$name" >/dev/null || printf '%s\n' "$name"
+    done
+    have_qt5 || printf 'qmake of Qt 5\n'
+}
+
+# Where the packages cannot be installed, tools from elsewhere do as well.
+go_on_with_what_is_there()
+{
+    printf '%s\nThe project needs these Debian packages, or what they hold: %s\n' "$1" "${packages[*]}" >&2
+    local absent
+    absent=$(missing_commands)
+    [[ -z $absent ]] || fail "Not found on this machine: ${absent//$'\n'/, }. Install them and start again."
+    printf 'The tools themselves are there; going on with them.\n' >&2
+}
+
+if ! command -v apt-get >/dev/null; then
+    go_on_with_what_is_there 'There is no apt-get here.'
+    exit
+fi
+mapfile -t missing < <(missing_packages)
+[[ ${#missing[@]} -gt 0 ]] || exit 0
+stage "Installing ${missing[*]}"
+if [[ $EUID -ne 0 ]] && ! command -v sudo >/dev/null; then
+    go_on_with_what_is_there "Only root can install packages, and there is no sudo. Missing: ${missing[*]}"
+else
+    install_packages "${missing[@]}" || go_on_with_what_is_there "apt-get could not install: ${missing[*]}"
+fi
