@@ -82,7 +82,8 @@ void writeCountedItem(std::FILE* out, enum_KTL_ITEM_TYPE type, const std::vector
 }
 
 /// ODD, KEPT: a virtual sync manager leaves no record behind while PDOs keep the numbers that they had. The controller
-/// counts the records it finds, and vendors declare virtual ones last.
+/// counts the records it finds, and vendors declare virtual ones last. Pinned by
+/// tst_DeviceWriters::smItemLeavesVirtualOnesOut.
 std::vector<struct_SM> withoutVirtual(const std::vector<struct_SM>& syncManagers)
 {
     std::vector<struct_SM> real;

@@ -40,6 +40,7 @@ public:
     /// ODD, KEPT: the fill is a copy of the item's own first bytes and not zero: it was always taken from the head's
     /// memory, and exported files are compared byte by byte with those on machines in the field. Behind the head's
     /// length the fill is zero. An item that is longer than announced gets no fill, and its size stays as announced.
+    /// Pinned by tst_CompleteAccess::fillComesFromTheHead.
     /// @return  number of items written: 1, or 0 on a short write (disk full)
     std::size_t writeTo(std::FILE* out);
 

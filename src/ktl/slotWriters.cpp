@@ -20,7 +20,7 @@ struct_KTL_SlotContent slotRecord(const struct_Slot& slot)
 struct_KTL_Slots slotsHead(const DeviceSlots& deviceSlots)
 {
     // ODD, KEPT: the counts hold the low 8 bits of the number of slots although the fields are wider; the controller
-    // reads the low byte. Size and records are those of all slots.
+    // reads the low byte. Size and records are those of all slots. Pinned by tst_SlotWriter::moreSlotsThanAByteCounts.
     const auto shownCount = static_cast<std::uint8_t>(deviceSlots.vslot.size());
     const SlotsAttributes& attributes = deviceSlots.Attributes;
     struct_KTL_Slots head{};

@@ -31,7 +31,8 @@ std::optional<QString> incrementWarning(const DeviceSlots& deviceSlots)
 }
 
 /// ODD, KEPT: the device's own commands count with the low 8 bits of their number only. 256 of them count as none; the
-/// controller's old firmware, for which the warning is made, wraps in the same place.
+/// controller's old firmware, for which the warning is made, wraps in the same place. Pinned by
+/// tst_ExportChecks::startupCommands.
 std::size_t startupTotal(const struct_EtherCatDevice& device)
 {
     return static_cast<std::uint8_t>(device.Mailbox.COE.InitCmd.vinitcmd.size()) + device.mMailbox.COE.vinitcmd.size();

@@ -155,7 +155,7 @@ void MainWindow::slotCustomContextMenu(const QPoint& /*point*/)
 
 /// Deletes the selected device, or the selected file. A file stays when its last device goes.
 /// ODD, KEPT: the selection stays where it was, so that a second "Del" takes what has moved up into the same place; an
-/// engineer clears a list by holding the key down.
+/// engineer clears a list by holding the key down. Pinned by tst_DeviceTreeDelete::repeatedKeyDeletesWhatStandsThere.
 void MainWindow::device_delete()
 {
     if (currentfileindex < 0)

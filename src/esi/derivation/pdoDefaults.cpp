@@ -61,9 +61,11 @@ struct_PDOList sampleOf(const struct_PDOList& declared, std::uint16_t sample)
     pdo.Name = declared.Name + ' ' + std::to_string(static_cast<int>(sample) - 1);
     pdo.Size = declared.Size;
     // ODD, KEPT: the PDO index steps by one per sample whatever OSIndexInc says; that one moves the entries only.
+    // Pinned by tst_PdoDefaults::pdoIndex.
     pdo.IndexAttributes.Index = static_cast<std::uint16_t>(declared.IndexAttributes.Index + steps);
     // ODD, KEPT: from the tenth sample on a PDO belongs to no sync manager, for inputs and outputs alike. The
-    // controller's assign list holds nine samples; more in a sync manager would make it refuse the whole device.
+    // controller's assign list holds nine samples; more in a sync manager would make it refuse the whole device. Pinned
+    // by tst_PdoDefaults::syncManager.
     pdo.Attributes.SM = sample <= lastAssignedSample ? declared.Attributes.SM : -1;
     pdo.Attributes.SU = declared.Attributes.SU;
     pdo.Attributes.Fixed = declared.Attributes.Fixed;

@@ -23,7 +23,7 @@ void completeIncrements(SlotsAttributes& device, const SlotAttributes& firstSlot
 }
 
 /// ODD, KEPT: a step that a later slot declares for itself is lost. The controller moves every slot by one common step,
-/// the device's or, inside a slot group, the group's.
+/// the device's or, inside a slot group, the group's. Pinned by tst_SlotCheck::slotIncrements.
 void unifyIncrements(DeviceSlots& deviceSlots)
 {
     for (struct_Slot& slot : deviceSlots.vslot) {

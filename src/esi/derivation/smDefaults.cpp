@@ -8,7 +8,8 @@ namespace {
 
 /// Adds the size of each assigned PDO to its sync manager.
 /// ODD, KEPT: a plain float sum with no carry from the tenths, so two PDOs of 12 bits make 2.8 and not 3.0; the
-/// controller takes the whole part of that number. PDOs that modules bring in are not counted at load time.
+/// controller takes the whole part of that number. PDOs that modules bring in are not counted at load time. Pinned by
+/// tst_SmDefaults::lengthsAreSummedAsFloats.
 void addPdoSizes(std::vector<struct_SM>& syncManagers, const std::vector<struct_PDOList>& pdos)
 {
     for (const struct_PDOList& pdo : pdos)

@@ -15,7 +15,8 @@ const std::array eoeRules{
 };
 
 // ODD, KEPT: there is no row for CompleteAccess. ESI files declare that attribute, but a controller that found it set
-// would get its PDO mapping as one complete access; that is switched on per device by other means than the ESI.
+// would get its PDO mapping as one complete access; that is switched on per device by other means than the ESI. Pinned
+// by tst_MailboxSection::completeAccessIsNeverRead.
 const std::array coeRules{
     AttributeRule<CoeAttributes>{QLatin1String("SdoInfo"), storeBool<&CoeAttributes::SdoInfo>},
     AttributeRule<CoeAttributes>{QLatin1String("PdoAssign"), storeBool<&CoeAttributes::PdoAssign>},
@@ -30,7 +31,7 @@ void storeData(struct_InitCmd& to, const QString& value)
 {
     // ODD, KEPT: the count takes the text whole, so a "#x" mark counts as one byte, and data of more than four bytes
     // keeps its count although the number is 0. The startup list shows the count as the description announced it,
-    // so that an engineer sees at once which command needs its data by other means.
+    // so that an engineer sees at once which command needs its data by other means. Pinned by tst_MailboxSection::data.
     to.DataBytes = static_cast<std::uint16_t>(value.size() / 2);
     to.Data = toUintFromBytes(value);
     to.strData = xmlGetStringuint(to.Data).toStdString();

@@ -48,7 +48,8 @@ void storeBitlen(EntryBeingRead& to, const QString& value)
 
 // ODD, KEPT: an entry keeps its last name that has a text, while a PDO takes the last name even if it is empty; on the
 // PDOs of modules it is the other way round. Files with names in two languages leave one empty now and then, on device
-// entries and on module PDOs, and the firmware's tools know the names that come out of exactly these rules.
+// entries and on module PDOs, and the firmware's tools know the names that come out of exactly these rules. Pinned by
+// tst_PdoEntries::entryName and tst_PdoSections::pdoName.
 const std::array entryRules{
     ElementRule<EntryBeingRead>{QLatin1String("Index"),
                                 fromText<storeInEntry<storeUint<&struct_EntryPDOContent::Index>>>},

@@ -33,7 +33,8 @@ void read_device_SMinfo(QDomElement* element, struct_EtherCatDevice* ether_devic
     const QString name = element->text();
     syncManager.Name = name.toStdString();
     // ODD, KEPT: an unknown or missing name counts as mailbox output (1), where an FMMU gets 0. Files that number their
-    // sync managers by comments only leave the first name out, and that one is the mailbox output.
+    // sync managers by comments only leave the first name out, and that one is the mailbox output. Pinned by
+    // tst_SmSection::type.
     syncManager.Smtype = directionByName(name, KTL_MBoxOut);
     ether_device->vSM.push_back(std::move(syncManager));
 }
