@@ -24,6 +24,7 @@ private slots:
     static void manySiblingsAreNotDeep();
     static void tooDeepWithoutOverflow();
     static void readsOnAfterAnError();
+    static void undeclaredEntity();
 };
 
 static_assert(deepestNesting == 1000);
@@ -226,6 +227,22 @@ void tst_BoundedXmlReader::readsOnAfterAnError()
     QVERIFY(!parseXml(deep, document, error));
     QVERIFY(parseXml(good, document, error));
     QCOMPARE(document.elementsByTagName(QStringLiteral("a")).size(), 1000);
+}
+
+/// An entity that the document does not declare leaves a node in the content, and nothing where it stood in an
+/// attribute.
+void tst_BoundedXmlReader::undeclaredEntity()
+{
+    const Parsed inAttribute = parsed("<a><b x=\"1&u;2\">text</b></a>");
+    QVERIFY(inAttribute.isWellFormed);
+    const QDomElement root = inAttribute.document.documentElement();
+    QCOMPARE(root.childNodes().size(), 1);
+    QCOMPARE(root.firstChildElement().text(), QString("text"));
+
+    const Parsed inContent = parsed("<a>one&u;two</a>");
+    QVERIFY(inContent.isWellFormed);
+    QCOMPARE(inContent.document.documentElement().childNodes().size(), 3);
+    QVERIFY(inContent.document.documentElement().childNodes().at(1).isEntityReference());
 }
 
 QTEST_GUILESS_MAIN(tst_BoundedXmlReader)

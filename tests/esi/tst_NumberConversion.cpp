@@ -136,6 +136,7 @@ void tst_NumberConversion::bytePairs_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<unsigned int>("expected");
     QTest::addRow("one byte") << "12" << 0x12U;
+    QTest::addRow("a text ends at its first zero") << QString(QString("12") + QChar(QChar::Null) + "34") << 0x12U;
     QTest::addRow("two bytes, the least significant first") << "0A0B" << 0x0B0AU;
     QTest::addRow("two bytes of digits only") << "1234" << 0x3412U;
     QTest::addRow("lower case") << "0a0b" << 0x0B0AU;

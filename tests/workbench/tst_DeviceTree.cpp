@@ -270,6 +270,12 @@ void tst_DeviceTree::withoutModes()
     QCOMPARE(part<QComboBox>(*m_window, "comboBox_Dc")->count(), 0);
     QCOMPARE(part<QComboBox>(*m_window, "comboBox_Dc")->currentText(), QString());
     QCOMPARE(text("SyncEdit"), QString());
+
+    // A text that was typed into the empty list goes with the next click too.
+    QTest::keyClicks(part<QComboBox>(*m_window, "comboBox_Dc")->lineEdit(), "typed");
+    QCOMPARE(part<QComboBox>(*m_window, "comboBox_Dc")->currentText(), QString("typed"));
+    clickItem(*m_window, treeItem(*m_window, 0, 1));
+    QCOMPARE(part<QComboBox>(*m_window, "comboBox_Dc")->currentText(), QString());
     QCOMPARE(checkedSignals(), QVector<bool>({false, false, false}));
 }
 
