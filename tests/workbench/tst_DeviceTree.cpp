@@ -27,11 +27,6 @@ private slots:
     void identityOfAClearedDevice();
     static void deviceType_data();
     void deviceType();
-    static void syncSignals_data();
-    void syncSignals();
-    void operationModes();
-    void modesOfThePreviousDeviceGo();
-    void withoutModes();
     void nullItemChangesNothing();
     void unknownFileItemKeepsTheSelection();
     void unknownDeviceItemKeepsTheSelection();
@@ -42,7 +37,6 @@ private slots:
 
 private:
     [[nodiscard]] QString text(const char* name) const { return part<QLineEdit>(*m_window, name)->text(); }
-    [[nodiscard]] QVector<bool> checkedSignals() const;
     /// Loads one file with one device and clicks the device.
     void show(const struct_EtherCatDevice& device);
     void fillEverything();
@@ -62,13 +56,6 @@ void tst_DeviceTree::cleanup()
 {
     m_window.reset();
     resetModel();
-}
-
-QVector<bool> tst_DeviceTree::checkedSignals() const
-{
-    return {part<QCheckBox>(*m_window, "checkBox_Dc1")->isChecked(),
-            part<QCheckBox>(*m_window, "checkBox_Dc2")->isChecked(),
-            part<QCheckBox>(*m_window, "checkBox_Dc3")->isChecked()};
 }
 
 void tst_DeviceTree::show(const struct_EtherCatDevice& device)
@@ -185,98 +172,6 @@ void tst_DeviceTree::deviceType()
     // The number of axes survives, whatever the change of the list's entry makes of it.
     QCOMPARE(int{g_xmlfiledevices[0].device[0].m_iDriveAxies}, 7);
     QCOMPARE(text("DriveAxies"), QStringLiteral("0x7"));
-}
-
-void tst_DeviceTree::syncSignals_data()
-{
-    QTest::addColumn<unsigned int>("assignActivate");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QVector<bool>>("checked");
-    QTest::addRow("off") << 0U << "0x00" << QVector<bool>{false, false, false};
-    QTest::addRow("bit 8") << 0x100U << "0x100" << QVector<bool>{true, false, false};
-    QTest::addRow("bit 9") << 0x200U << "0x200" << QVector<bool>{false, true, false};
-    QTest::addRow("bit 10") << 0x400U << "0x400" << QVector<bool>{false, false, true};
-    QTest::addRow("SYNC 0") << 0x300U << "0x300" << QVector<bool>{true, true, false};
-    QTest::addRow("SYNC 0 and SYNC 1") << 0x700U << "0x700" << QVector<bool>{true, true, true};
-    QTest::addRow("all other bits") << 0xFFFFF8FFU << "0xfffff8ff" << QVector<bool>{false, false, false};
-}
-
-void tst_DeviceTree::syncSignals()
-{
-    QFETCH(unsigned int, assignActivate);
-    QFETCH(QString, shown);
-    QFETCH(QVector<bool>, checked);
-    for (const char* name : {"checkBox_Dc1", "checkBox_Dc2", "checkBox_Dc3"})
-        part<QCheckBox>(*m_window, name)->setChecked(true);
-    struct_EtherCatDevice device = deviceNamed("Drive");
-    device.vopmode.resize(1);
-    device.vopmode[0].AssignActivate = assignActivate;
-    show(device);
-    QCOMPARE(text("SyncEdit"), shown);
-    QCOMPARE(checkedSignals(), checked);
-}
-
-static struct_EtherCatDevice deviceWithThreeModes()
-{
-    struct_EtherCatDevice device = deviceNamed("Drive");
-    device.vopmode.resize(3);
-    const char* const words[] = {"自由运行", "DC synchronous", "DC with shift"};
-    for (std::size_t index = 0; index < 3; ++index) {
-        device.vopmode[index].Name = "mode " + std::to_string(index);
-        device.vopmode[index].Desc = words[index];
-        device.vopmode[index].AssignActivate = static_cast<std::uint32_t>(0x100U << index);
-    }
-    return device;
-}
-
-void tst_DeviceTree::operationModes()
-{
-    show(deviceWithThreeModes());
-    const auto* const box = part<QComboBox>(*m_window, "comboBox_Dc");
-    QCOMPARE(box->count(), 3);
-    const char* const words[] = {"自由运行", "DC synchronous", "DC with shift"};
-    for (int index = 0; index < 3; ++index) {
-        QCOMPARE(box->itemText(index), QString::fromUtf8(words[index]));
-        QCOMPARE(box->itemData(index, Qt::UserRole), QVariant(index));
-        // Filling the list is no choice: the modes keep their order, of which the first one is the chosen mode.
-        QCOMPARE(g_xmlfiledevices[0].device[0].vopmode[std::size_t(index)].Desc, std::string(words[index]));
-    }
-    QCOMPARE(box->currentIndex(), 0);
-    QCOMPARE(text("SyncEdit"), QStringLiteral("0x100")); // of the first mode
-    QCOMPARE(checkedSignals(), QVector<bool>({true, false, false}));
-}
-
-void tst_DeviceTree::modesOfThePreviousDeviceGo()
-{
-    g_xmlfiledevices = {fileWith("a.xml", {"A1", "A2"})};
-    g_xmlfiledevices[0].device[0] = deviceWithThreeModes();
-    g_xmlfiledevices[0].device[1].vopmode.resize(1);
-    g_xmlfiledevices[0].device[1].vopmode[0].Desc = "only one";
-    m_window->DeviceDisplayUpdate();
-    clickItem(*m_window, treeItem(*m_window, 0, 0));
-    clickItem(*m_window, treeItem(*m_window, 0, 1));
-    const auto* const box = part<QComboBox>(*m_window, "comboBox_Dc");
-    QCOMPARE(box->count(), 1);
-    QCOMPARE(box->itemText(0), QStringLiteral("only one"));
-}
-
-void tst_DeviceTree::withoutModes()
-{
-    g_xmlfiledevices = {fileWith("a.xml", {"A1", "A2"})};
-    g_xmlfiledevices[0].device[0] = deviceWithThreeModes();
-    m_window->DeviceDisplayUpdate();
-    clickItem(*m_window, treeItem(*m_window, 0, 0));
-    clickItem(*m_window, treeItem(*m_window, 0, 1));
-    QCOMPARE(part<QComboBox>(*m_window, "comboBox_Dc")->count(), 0);
-    QCOMPARE(part<QComboBox>(*m_window, "comboBox_Dc")->currentText(), QString());
-    QCOMPARE(text("SyncEdit"), QString());
-
-    // A text that was typed into the empty list goes with the next click too.
-    QTest::keyClicks(part<QComboBox>(*m_window, "comboBox_Dc")->lineEdit(), "typed");
-    QCOMPARE(part<QComboBox>(*m_window, "comboBox_Dc")->currentText(), QString("typed"));
-    clickItem(*m_window, treeItem(*m_window, 0, 1));
-    QCOMPARE(part<QComboBox>(*m_window, "comboBox_Dc")->currentText(), QString());
-    QCOMPARE(checkedSignals(), QVector<bool>({false, false, false}));
 }
 
 void tst_DeviceTree::nullItemChangesNothing()

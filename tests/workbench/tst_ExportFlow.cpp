@@ -32,6 +32,7 @@ private slots:
     void warningsInTreeOrder();
     void uncheckedDevicesAreNotWarnedOf();
     void noLimitStopsTheExport();
+    void samplesFromOpeningToTheDump();
 };
 
 void tst_ExportFlow::nothingLoaded()
@@ -270,6 +271,26 @@ void tst_ExportFlow::noLimitStopsTheExport()
             syncManagers = static_cast<int>(item.u32(8));
     QCOMPARE(problem, QString());
     QCOMPARE(syncManagers, 6);
+}
+
+void tst_ExportFlow::samplesFromOpeningToTheDump()
+{
+    load({});
+    QStringList paths;
+    for (const char* name : {"servo-drive", "dual-axis-drive", "bus-coupler", "oversampling-terminal", "io-block"})
+        paths.append(QStringLiteral(KINETRA_SOURCE_DIR "/samples/%1.xml").arg(QLatin1String(name)));
+    DialogDriver opening({choosing(paths)});
+    opening.during([this] { part<QAction>(*m_window, "actionimport")->trigger(); });
+    QCOMPARE(opening.problem(), QString());
+    clickItem(*m_window, treeItem(*m_window, 4, 0));
+    QCOMPARE(part<QLineEdit>(*m_window, "TypeEdit")->text(), QStringLiteral("FB-1616D"));
+    DialogDriver saving({choosing(outPath("samples.ktl"))});
+    runExport(saving);
+    QCOMPARE(saving.seen(0).proposedName, QStringLiteral("servo-drive-0x7e5700"));
+    const QStringList runs = runsIn(contentOfFile(outPath("samples.ktl")));
+    QCOMPARE(runs.size(), 7 + 1); // seven devices in five files, and one end item
+    QCOMPARE(runs.last(), QStringLiteral("end"));
+    QCOMPARE(dumpProblem(outPath("samples.ktl")), QString());
 }
 
 QTEST_MAIN(tst_ExportFlow)
