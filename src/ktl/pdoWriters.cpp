@@ -1,19 +1,12 @@
 // pdoWriters.cpp - PDO items, one per PDO.
 #include "ktl/itemWriter.h"
 #include "ktl/ktlExport.h"
+#include "model/pdoAccess.h"
 
 #include <cstdint>
 #include <vector>
 
 namespace {
-
-/// Whether a PDO is on a sync manager that is not exported. One on no sync manager is not.
-bool isOnVirtualSyncManager(const struct_PDOList& pdo, const std::vector<struct_SM>& syncManagers)
-{
-    if (pdo.Attributes.SM < 0)
-        return false;
-    return syncManagers.at(static_cast<std::uint16_t>(pdo.Attributes.SM)).Attributes.m_Virtual != 0;
-}
 
 struct_KTL_EntryPDOContent entryRecord(const struct_EntryPDOContent& entry)
 {

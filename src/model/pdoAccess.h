@@ -1,0 +1,99 @@
+// pdoAccess.h - PDOs of a device and PDOs of a module, read alike: what the two records name differently, and the tests
+// on a PDO that reader, writers and views share.
+#pragma once
+
+#include "model/moduleRecords.h"
+#include "model/pdoRecords.h"
+#include "model/syncRecords.h"
+
+#include <cstdint>
+#include <vector>
+
+/// Index of a PDO.
+[[nodiscard]] inline std::uint16_t indexOf(const struct_PDOList& pdo) noexcept
+{
+    return pdo.IndexAttributes.Index;
+}
+
+[[nodiscard]] inline std::uint16_t indexOf(const modulePdo& pdo) noexcept
+{
+    return pdo.indexAttributes.index;
+}
+
+/// Total size of a PDO, byte.bit form.
+[[nodiscard]] inline float sizeOf(const struct_PDOList& pdo) noexcept
+{
+    return pdo.Size;
+}
+
+[[nodiscard]] inline float sizeOf(const modulePdo& pdo) noexcept
+{
+    return pdo.size;
+}
+
+/// Entries of a PDO, in order. The reference is valid as long as the PDO.
+[[nodiscard]] inline std::vector<struct_EntryPDOContent>& entriesOf(struct_PDOList& pdo) noexcept
+{
+    return pdo.Entry.vPdo_c;
+}
+
+[[nodiscard]] inline const std::vector<struct_EntryPDOContent>& entriesOf(const struct_PDOList& pdo) noexcept
+{
+    return pdo.Entry.vPdo_c;
+}
+
+[[nodiscard]] inline std::vector<struct_moduleEntry>& entriesOf(modulePdo& pdo) noexcept
+{
+    return pdo.vEntry;
+}
+
+[[nodiscard]] inline const std::vector<struct_moduleEntry>& entriesOf(const modulePdo& pdo) noexcept
+{
+    return pdo.vEntry;
+}
+
+/// Object index of an entry.
+[[nodiscard]] inline std::uint16_t indexOf(const struct_EntryPDOContent& entry) noexcept
+{
+    return entry.Index;
+}
+
+[[nodiscard]] inline std::uint16_t indexOf(const struct_moduleEntry& entry) noexcept
+{
+    return entry.indexAttributes.index;
+}
+
+/// Length of an entry in bits, as it stands in the record: a number above 2^31 in a file is negative here.
+[[nodiscard]] inline int bitLengthOf(const struct_EntryPDOContent& entry) noexcept
+{
+    return entry.Bitlen;
+}
+
+[[nodiscard]] inline int bitLengthOf(const struct_moduleEntry& entry) noexcept
+{
+    return entry.BitLen;
+}
+
+/// Value that maps an entry into its PDO: object index, sub-index and bit length in one 32-bit number.
+/// ODD, KEPT: plain additions, so a length of 256 bits or more carries into the sub-index. The slave takes the number
+/// as it stands, and no entry of that length can be mapped anyway. Pinned by tst_StartupCommands::longEntry.
+/// @param entry  of a device or of a module; a gap gives its bit length alone
+template<typename Entry> [[nodiscard]] std::uint32_t mappingValueOf(const Entry& entry) noexcept
+{
+    constexpr unsigned indexShift = 16;
+    constexpr unsigned subIndexShift = 8;
+    const std::uint32_t index = indexOf(entry);
+    const std::uint32_t subIndex = entry.SubIndex;
+    return (index << indexShift) + (subIndex << subIndexShift) + static_cast<std::uint32_t>(bitLengthOf(entry));
+}
+
+/// Whether a PDO is on a sync manager that exists in the description only. A PDO on none is not.
+/// @param syncManagers  those of the device; the PDO names one by the low 16 bits of its number
+/// @throws std::out_of_range if the PDO names one that is not there
+template<typename Pdo>
+[[nodiscard]] bool isOnVirtualSyncManager(const Pdo& pdo, const std::vector<struct_SM>& syncManagers)
+{
+    if (pdo.Attributes.SM < 0)
+        return false;
+    return syncManagers.at(static_cast<std::uint16_t>(pdo.Attributes.SM)).Attributes.m_Virtual != 0;
+}
