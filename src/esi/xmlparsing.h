@@ -7,6 +7,8 @@
 #include <QDomElement>
 #include <QString>
 
+#include <cstdint>
+
 // ---- The walk ----
 
 /// Reads the document in `domDocument` into one record at the end of `g_xmlfiledevices`, derivation passes included.
@@ -45,12 +47,20 @@ void device_check_Slots(struct_FilenameDevice* file);
 /// Replaces each oversampled PDO by one PDO per sample.
 void device_pdo_defalutset(struct_FilenameDevice* file);
 
-/// Puts the default modules into the slots.
+/// Puts the default modules into the slots, and what they bring along into the device.
 void device_slotmodule_defalutset(struct_FilenameDevice* file);
 
 /// Generates the startup commands.
+/// @throws std::out_of_range if a PDO names a sync manager that its device does not declare, and its mapping is asked
 void device_startup_defalutset(struct_FilenameDevice* file);
 
 /// Computes the working length of each sync manager.
 /// @throws std::out_of_range if a PDO names a sync manager that its device does not declare
 void device_sm_defalutset(struct_FilenameDevice* file);
+
+// ---- Modules of a file ----
+
+/// Looks for a module of the file. Of several with the same ident the first one of the first group counts.
+/// @param out  takes a copy of the module; a class or type name that is empty in the file leaves the one in `out`
+/// @return     false, with `out` untouched, if no module has the ident or a pointer is null
+[[nodiscard]] bool device_getmodule_byModuleIdent(struct_FilenameDevice* file, std::uint32_t ident, struct_module* out);

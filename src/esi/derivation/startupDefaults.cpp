@@ -1,5 +1,13 @@
-// startupDefaults.cpp - the fourth pass: generated startup commands. The walk calls it at its fixed place; it has no
-// effect yet.
+// startupDefaults.cpp - the fourth pass: generated startup commands.
+#include "esi/derivation/startupCommands.h"
 #include "esi/xmlparsing.h"
 
-void device_startup_defalutset(struct_FilenameDevice* /*file*/) {}
+void device_startup_defalutset(struct_FilenameDevice* file)
+{
+    if (file == nullptr)
+        return;
+    for (struct_EtherCatDevice& device : file->device) {
+        appendDeviceStartup(device);
+        appendModuleStartup(device, atLoadTime);
+    }
+}
