@@ -1,9 +1,9 @@
 // deviceWriters.cpp - General, FMMU, sync manager, DC, EEPROM and end items.
 #include "ktl/itemWriter.h"
 #include "ktl/ktlExport.h"
+#include "model/byteBit.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
@@ -28,13 +28,6 @@ std::uint16_t moduleCount(const struct_FilenameDevice& file)
     return static_cast<std::uint16_t>(modules);
 }
 
-/// Whole part of a length, low 16 bits; 0 for a length that no 64-bit number can hold.
-std::uint16_t wholeBytes(float length)
-{
-    constexpr float limit = 9.0e18F;
-    return std::abs(length) < limit ? static_cast<std::uint16_t>(static_cast<std::int64_t>(length)) : std::uint16_t{0};
-}
-
 struct_KTL_SmAttributes smRecord(const struct_SM& syncManager)
 {
     const SmAttributes& attributes = syncManager.Attributes;
@@ -48,7 +41,7 @@ struct_KTL_SmAttributes smRecord(const struct_SM& syncManager)
     // Process data sync managers carry the size that the PDO selection gives now, not the default of the description:
     // the controller sets the length register from this field.
     if (syncManager.Smtype == KTL_Outputs || syncManager.Smtype == KTL_Inputs)
-        record.m_iDefaultSize = wholeBytes(syncManager.Length);
+        record.m_iDefaultSize = static_cast<std::uint16_t>(wholeBytes(syncManager.Length));
     return record;
 }
 

@@ -1,6 +1,7 @@
 // initCmdWriters.cpp - EoE and CoE items: flags and startup commands.
 #include "ktl/itemWriter.h"
 #include "ktl/ktlExport.h"
+#include "model/startupAccess.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -11,24 +12,12 @@ namespace {
 
 constexpr std::size_t mostAccessBytes = 4096; // what the controller's buffer for complete accesses holds
 
-struct_KTL_InitCmd commandRecord(const struct_InitCmd& command)
+template<typename Command> struct_KTL_InitCmd commandRecord(const Command& command)
 {
     struct_KTL_InitCmd record{};
     record.Transition = static_cast<std::uint16_t>(command.Transition);
-    record.Index = command.Index;
-    record.SubIndex = command.SubIndex;
-    record.bIfCA = command.bIfCA;
-    record.DataBytes = command.DataBytes;
-    record.Data = command.Data;
-    return record;
-}
-
-struct_KTL_InitCmd commandRecord(const struct_moduleInitCmd& command)
-{
-    struct_KTL_InitCmd record{};
-    record.Transition = static_cast<std::uint16_t>(command.Transition);
-    record.Index = command.indexAttributes.index;
-    record.SubIndex = static_cast<std::uint8_t>(command.SubIndex);
+    record.Index = indexOf(command);
+    record.SubIndex = static_cast<std::uint8_t>(command.SubIndex); // the wider one of a module's command is cut
     record.bIfCA = command.bIfCA;
     record.DataBytes = command.DataBytes;
     record.Data = command.Data;

@@ -10,12 +10,19 @@
 {
     constexpr std::int32_t bitsPerByte = 8;
     constexpr double tenth = 0.1; // in double, rounded to float once at the end: views and files show that value
-    const std::int32_t wholeBytes = bits / bitsPerByte;
-    return static_cast<float>(wholeBytes + (bits % bitsPerByte) * tenth);
+    return static_cast<float>(bits / bitsPerByte + (bits % bitsPerByte) * tenth);
 }
 
 /// Running bit total of a PDO. It wraps as a signed 32-bit number, however long the declared entries are.
 [[nodiscard]] constexpr std::int32_t addBits(std::int32_t total, std::int32_t bits) noexcept
 {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(total) + static_cast<std::uint32_t>(bits));
+}
+
+/// Whole bytes of a length in byte.bit form: the number before the point, rounded towards 0.
+/// @return  0 for a length that no 64-bit number can hold
+[[nodiscard]] constexpr std::int64_t wholeBytes(float length) noexcept
+{
+    constexpr float limit = 9.0e18F;
+    return length > -limit && length < limit ? static_cast<std::int64_t>(length) : 0;
 }

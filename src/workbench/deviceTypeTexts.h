@@ -1,7 +1,10 @@
 // deviceTypeTexts.h - the words that the window offers for the device classes.
 #pragma once
 
+#include "model/deviceRecords.h"
 #include "model/deviceType.h"
+
+#include <QString>
 
 /// One entry of the device type list.
 struct DeviceTypeText
@@ -18,3 +21,10 @@ inline constexpr DeviceTypeText deviceTypeTexts[] = {
     {KTL_DEVICE_TYPE_Special, "5:特殊设备,手动插入模块，和耦合器本身成整体设备"},
     {KTL_DEVICE_TYPE_ManualIOBlock, "6:耦合器不能识别模块，需要预置手动插入模块，没有F050字典"},
 };
+
+/// Advice on a coupler that takes its list of modules by itself while its modules are preset by hand.
+[[nodiscard]] inline QString moduleListAdvice(const struct_EtherCatDevice& device)
+{
+    return QStringLiteral("当前设备支持写F030，建议配置设备类型为类型4。请谨慎操作 %1:\n")
+        .arg(QString::fromStdString(device.Name));
+}

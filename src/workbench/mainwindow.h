@@ -15,8 +15,10 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 class PdoEditWin;
+class QAbstractItemView;
 class QDragEnterEvent;
 class QDropEvent;
 class Smeditwin;
@@ -44,7 +46,7 @@ public:
     void Device_Information_UIClear();
 
 protected slots:
-    // Replies of the editor windows. The three editors and their replies have no effect yet.
+    // Replies of the editor windows when they close; the text carries nothing.
     void PdoEditWindowSendMsg(const QString& text);
     void SmEditWindowSendMsg(const QString& text);
     void StartupEditWindowSendMsg(const QString& text);
@@ -114,6 +116,13 @@ private slots:
     void on_DownlaodCfg_stateChanged(int arg1);
 
 private:
+    /// An entry of a context menu: its words, and the slot that it runs.
+    struct MenuEntry
+    {
+        QString text;
+        void (MainWindow::*chosen)();
+    };
+
     // Parts of the constructor, in the order of their calls.
     void connectActions();
     void connectDeviceTree();
@@ -132,11 +141,25 @@ private:
     void showSyncSignals(const struct_EtherCatDevice& device);
     void enableModuleIndexes(bool enable);
 
+    // What the tabs share (mainwindow_editing.cpp).
+    void runMenu(const QAbstractItemView& view, const std::vector<MenuEntry>& entries);
+    bool warnUnless(bool isMet, const QString& text);
+    void openPdoEditor(const QString& title);
+    template<typename Editor>
+    void openEditor(Editor*& window, void (Editor::*closing)(const QString&), void (MainWindow::*reply)(const QString&),
+                    const QString& title);
+
+    // Parts of the Process Data tab (mainwindow_pdo.cpp).
+    std::optional<QModelIndex> selectedEntry();
+    bool refuseModuleEntry();
+
     // Parts of the file actions (mainwindow_files.cpp and mainwindow_export.cpp).
     bool importEsiFile(const QString& path);
     QString warnAndProposeName();
     std::optional<QString> askExportPath(const QString& proposedName);
     void exportTo(const QString& path);
+
+    int m_dispatches = 0; ///< how often the tree's dispatcher has run
 
     PdoEditWin* PdoEditWindow = nullptr; ///< the open editor of a PDO entry; belongs to this window
     Smeditwin* SmEditWindow = nullptr; ///< the open editor of a sync manager; belongs to this window
@@ -161,3 +184,18 @@ private:
     int coe_model_size = 0; ///< the same for the CoE view
     int pdo_mmodel_size = 0; ///< the same for the PDO list of a module
 };
+
+/// Opens an editor window; one that is still open closes first. A new window is made for each use, and a closed one
+/// stays a child of this window until that goes.
+/// @param closing  signal by which the editor tells that it closes
+template<typename Editor>
+void MainWindow::openEditor(Editor*& window, void (Editor::*closing)(const QString&),
+                            void (MainWindow::*reply)(const QString&), const QString& title)
+{
+    if (window != nullptr)
+        window->close();
+    window = new Editor(this);
+    connect(window, closing, this, reply);
+    window->setWindowTitle(title);
+    window->show();
+}

@@ -1,11 +1,16 @@
-// mainwindow_general.cpp - the General tab: identity, device type and operation modes. What happens when the user
-// changes one of them has no effect yet, nor has the about box.
+// mainwindow_general.cpp - the General tab: identity, device type and operation modes; the about box.
 #include "workbench/mainwindow.h"
 
+#include "esi/derivation/driveAxes.h"
 #include "esi/xmlCharConversion.h"
 #include "model/deviceType.h"
+#include "model/version.h"
+#include "workbench/deviceTypeTexts.h"
+#include "workbench/messages.h"
 
 #include "ui_mainwindow.h"
+
+#include <utility>
 
 void MainWindow::showIdentity(const struct_FilenameDevice& file, const struct_EtherCatDevice& device)
 {
@@ -66,10 +71,51 @@ void MainWindow::showSyncSignals(const struct_EtherCatDevice& device)
     ui->checkBox_Dc3->setChecked((activate & sync1) != 0);
 }
 
-void MainWindow::on_comboBox_DeviceType_currentIndexChanged(int /*index*/) {}
+void MainWindow::on_comboBox_DeviceType_currentIndexChanged(int index)
+{
+    struct_EtherCatDevice* device = selectedDevice();
+    if (device == nullptr || index < 0)
+        return;
+    device->m_iDeviceType = static_cast<std::uint16_t>(ui->comboBox_DeviceType->itemData(index).toUInt());
+    if (device->m_iDeviceType == KTL_DEVICE_TYPE_ManualIOBlock && device->Slots.Attributes.DownloadModuleIdentList) {
+        warn(this, fileMatters(), moduleListAdvice(*device));
+        device = selectedDevice(); // the box has run the event loop
+        if (device == nullptr)
+            return;
+    }
+    ui->DriveAxies->setEnabled(device->m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver);
+    device->m_iDriveAxies = axesOfType(*device);
+    ui->DriveAxies->setText(xmlGetStringuint(device->m_iDriveAxies));
+    device_information_display(ui->DeviceTree->currentItem(), 0); // modules and commands depend on the type
+}
 
-void MainWindow::on_DriveAxies_editingFinished() {}
+void MainWindow::on_DriveAxies_editingFinished()
+{
+    struct_EtherCatDevice* const device = selectedDevice();
+    if (device == nullptr)
+        return;
+    const bool isMultiDriver = device->m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver;
+    device->m_iDriveAxies = isMultiDriver ? static_cast<std::uint16_t>(toUint(ui->DriveAxies->text())) : 0;
+    ui->DriveAxies->setText(xmlGetStringuint(device->m_iDriveAxies));
+}
 
-void MainWindow::on_comboBox_Dc_currentIndexChanged(int /*index*/) {}
+void MainWindow::on_comboBox_Dc_currentIndexChanged(int index)
+{
+    struct_EtherCatDevice* const device = selectedDevice();
+    if (device == nullptr || index < 0)
+        return;
+    const std::size_t position = ui->comboBox_Dc->itemData(index, Qt::UserRole).toUInt();
+    if (position >= device->vopmode.size()) {
+        warn(this, fileMatters(), tr("超出DC选择范围 %1:\n").arg(QString::fromStdString(device->Name)));
+        return;
+    }
+    // The first mode is the chosen one. Nothing else remembers the choice, and the exported file holds this order.
+    std::swap(device->vopmode.front(), device->vopmode[position]);
+    showOperationModes(*device);
+}
 
-void MainWindow::on_actionAbout_triggered() {}
+void MainWindow::on_actionAbout_triggered()
+{
+    tellAbout(this, tr("Software information(软件信息)"),
+              QString::asprintf("Kinetra, Kinetra Xml Parser %s", versionText));
+}

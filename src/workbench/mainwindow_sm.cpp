@@ -1,14 +1,56 @@
-// mainwindow_sm.cpp - sync manager and FMMU views. No effect yet.
+// mainwindow_sm.cpp - sync manager and FMMU views.
 #include "workbench/mainwindow.h"
 
-void MainWindow::device_fmmu_display() {}
+#include "esi/derivation/smLengths.h"
+#include "workbench/rowTexts.h"
+#include "workbench/smeditwin.h"
+#include "workbench/tableViews.h"
 
-void MainWindow::device_sm_display() {}
+#include "ui_mainwindow.h"
 
-void MainWindow::SmViewCustomMenu(const QPoint& /*point*/) {}
+void MainWindow::device_fmmu_display()
+{
+    const struct_EtherCatDevice* const device = selectedDevice();
+    if (device == nullptr)
+        return;
+    removeAllRows(device_fmmu_model);
+    appendRows(device_fmmu_model, device->vFmmu, fmmuRow);
+}
 
-void MainWindow::on_SmView_modify() {}
+/// The lengths are computed here, so that what is shown, and exported from then on, follows the PDOs of now.
+void MainWindow::device_sm_display()
+{
+    struct_EtherCatDevice* const device = selectedDevice();
+    if (device == nullptr)
+        return;
+    removeAllRows(device_sm_model);
+    removeAllRows(device_sync_model);
+    updateProcessDataLengths(*device);
+    appendRows(device_sm_model, device->vSM, smRow);
+    sm_model_size = device_sm_model.rowCount();
+    appendRows(device_sync_model, device->vSM, syncRow);
+}
 
-void MainWindow::on_SmView_doubleClicked(const QModelIndex& /*index*/) {}
+void MainWindow::SmViewCustomMenu(const QPoint& /*point*/)
+{
+    runMenu(*ui->SmView, {{tr("modify"), &MainWindow::on_SmView_modify}});
+}
 
-void MainWindow::SmEditWindowSendMsg(const QString& /*text*/) {}
+void MainWindow::on_SmView_modify()
+{
+    // The words of the PDO case serve here too.
+    if (warnUnless(ui->SmView->currentIndex().isValid(), tr("Please select a pdo\n")))
+        openEditor(SmEditWindow, &Smeditwin::SmsendTextToParent, &MainWindow::SmEditWindowSendMsg, tr("Sm editor"));
+}
+
+void MainWindow::on_SmView_doubleClicked(const QModelIndex& /*index*/)
+{
+    on_SmView_modify();
+}
+
+void MainWindow::SmEditWindowSendMsg(const QString& /*text*/)
+{
+    SmEditWindow = nullptr;
+    if (ui->SmView->currentIndex().isValid())
+        device_sm_display();
+}

@@ -58,6 +58,7 @@ void MainWindow::device_information_display(QTreeWidgetItem* item, int /*column*
     coe_model_size = 0;
     if (item == nullptr)
         return;
+    ++m_dispatches;
     // The edits of the device selected so far are saved first: clearing empties the fields that they come from.
     device_switch_event();
     Device_Information_UIClear();
@@ -72,7 +73,10 @@ void MainWindow::showDevice()
     struct_FilenameDevice& file = g_xmlfiledevices.at(static_cast<std::size_t>(currentfileindex));
     struct_EtherCatDevice& device = file.device.at(static_cast<std::size_t>(currentdeviceindex));
     showIdentity(file, device);
+    const int dispatches = m_dispatches;
     showDeviceType(device);
+    if (m_dispatches != dispatches)
+        return; // a changed type entry has run the whole dispatcher for the current item: every tab is filled
     if (!device.vopmode.empty())
         showOperationModes(device);
     device_slotmodule_display();

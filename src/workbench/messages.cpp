@@ -27,3 +27,8 @@ void tellOfEnd(QWidget* parent, const QString& title, const QString& text)
 {
     show(QMessageBox::Critical, parent, title, text);
 }
+
+void tellAbout(QWidget* parent, const QString& title, const QString& text)
+{
+    QMessageBox::about(parent, title, text);
+}

@@ -22,4 +22,5 @@ inline QString selectionMatters()
 
 void warn(QWidget* parent, const QString& title, const QString& text);
 void inform(QWidget* parent, const QString& title, const QString& text);
+void tellAbout(QWidget* parent, const QString& title, const QString& text); ///< the about box of the window system
 void tellOfEnd(QWidget* parent, const QString& title, const QString& text); ///< for an error that ends the program

@@ -7,15 +7,20 @@ int currentdeviceindex = -1;
 bool g_bpdoormodulepdo = false;
 bool g_bpdoMultiplechoice = false;
 
-struct_EtherCatDevice* selectedDevice()
+struct_EtherCatDevice* deviceAt(int file, int device)
 {
-    if (currentfileindex < 0 || currentdeviceindex < 0)
+    if (file < 0 || device < 0)
         return nullptr;
-    const auto fileIndex = static_cast<std::size_t>(currentfileindex);
-    const auto deviceIndex = static_cast<std::size_t>(currentdeviceindex);
+    const auto fileIndex = static_cast<std::size_t>(file);
+    const auto deviceIndex = static_cast<std::size_t>(device);
     if (fileIndex >= g_xmlfiledevices.size() || deviceIndex >= g_xmlfiledevices[fileIndex].device.size())
         return nullptr;
     return &g_xmlfiledevices[fileIndex].device[deviceIndex];
+}
+
+struct_EtherCatDevice* selectedDevice()
+{
+    return deviceAt(currentfileindex, currentdeviceindex);
 }
 
 bool selectItem(const QTreeWidget& tree, QTreeWidgetItem* item)

@@ -18,6 +18,11 @@ extern bool g_bpdoormodulepdo;
 /// Whether the open PDO editor works on all selected rows.
 extern bool g_bpdoMultiplechoice;
 
+/// The device at a position, or null if there is none.
+/// The pointer is valid until `g_xmlfiledevices` or its file's device list changes.
+/// @param file, device  positions in `g_xmlfiledevices` and in the file's `device`; negative ones stand for none
+[[nodiscard]] struct_EtherCatDevice* deviceAt(int file, int device);
+
 /// The selected device, or null if none is selected or the selection lies past the lists.
 /// The pointer is valid until `g_xmlfiledevices` or its file's device list changes.
 [[nodiscard]] struct_EtherCatDevice* selectedDevice();

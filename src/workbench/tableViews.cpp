@@ -39,3 +39,21 @@ void removeAllRows(QStandardItemModel& model)
 {
     model.removeRows(0, model.rowCount());
 }
+
+void appendRow(QStandardItemModel& model, const QStringList& cells, const QBrush& foreground)
+{
+    QList<QStandardItem*> items;
+    items.reserve(cells.size());
+    for (const QString& cell : cells) {
+        items.append(cell.isNull() ? nullptr : new QStandardItem(cell));
+        if (items.last() != nullptr && foreground.style() != Qt::NoBrush)
+            items.last()->setForeground(foreground);
+    }
+    model.appendRow(items);
+}
+
+QBrush colourOfModules()
+{
+    constexpr QColor red(255, 0, 0, 255);
+    return red;
+}

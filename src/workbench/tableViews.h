@@ -1,6 +1,7 @@
 // tableViews.h - how the tables of the main window are set up and filled.
 #pragma once
 
+#include <QBrush>
 #include <QFlags>
 #include <QStringList>
 
@@ -34,3 +35,20 @@ void setUpTableView(QTableView& view, QStandardItemModel& model, const TableColu
 
 /// Removes all rows; columns and headers stay.
 void removeAllRows(QStandardItemModel& model);
+
+/// Appends a row of cells.
+/// @param cells       a null text leaves its cell without an item, an empty one sets an empty item
+/// @param foreground  colour of the whole row; a brush without a style leaves the usual one
+void appendRow(QStandardItemModel& model, const QStringList& cells, const QBrush& foreground = {});
+
+/// Appends a row for each record, in order.
+/// @param rowOf  the cells of one record
+template<typename Records, typename RowOf>
+void appendRows(QStandardItemModel& model, const Records& records, RowOf rowOf, const QBrush& foreground = {})
+{
+    for (const auto& record : records)
+        appendRow(model, rowOf(record), foreground);
+}
+
+/// Colour of what modules brought into a device.
+[[nodiscard]] QBrush colourOfModules();

@@ -1,5 +1,7 @@
 #include "esi/derivation/driveAxes.h"
 
+#include "model/deviceType.h"
+
 #include <QLatin1String>
 #include <QString>
 
@@ -14,4 +16,11 @@ std::uint16_t driveAxesOf(const DeviceSlots& deviceSlots)
             axes = static_cast<std::uint16_t>(static_cast<std::uint32_t>(group) + 1U);
     }
     return axes;
+}
+
+std::uint16_t axesOfType(const struct_EtherCatDevice& device)
+{
+    if (device.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver)
+        return driveAxesOf(device.Slots);
+    return device.m_iDeviceType == KTL_DEVICE_TYPE_SingleDriver ? 1 : 0;
 }

@@ -1,29 +1,45 @@
-// smDefaults.cpp - the last pass: the working length of each sync manager.
+// smDefaults.cpp - the last pass, and its counterpart at edit time: the working length of each sync manager.
+#include "esi/derivation/smLengths.h"
 #include "esi/xmlparsing.h"
+#include "model/pdoAccess.h"
+#include "model/syncDirection.h"
 
 #include <cstddef>
 #include <vector>
 
 namespace {
 
-/// Adds the size of each assigned PDO to its sync manager.
-/// ODD, KEPT: a plain float sum with no carry from the tenths, so two PDOs of 12 bits make 2.8 and not 3.0; the
-/// controller takes the whole part of that number. PDOs that modules bring in are not counted at load time. Pinned by
-/// tst_SmDefaults::lengthsAreSummedAsFloats.
-void addPdoSizes(std::vector<struct_SM>& syncManagers, const std::vector<struct_PDOList>& pdos)
+bool isMailbox(const struct_SM& syncManager)
 {
-    for (const struct_PDOList& pdo : pdos)
-        if (pdo.Attributes.SM >= 0)
-            syncManagers.at(static_cast<std::size_t>(pdo.Attributes.SM)).Length += pdo.Size;
+    return syncManager.Smtype == KTL_MBoxOut || syncManager.Smtype == KTL_MBoxIn;
 }
 
+/// Adds the size of each assigned PDO to its sync manager, if `takes(syncManager)` says so.
+/// ODD, KEPT: a plain float sum with no carry from the tenths, so two PDOs of 12 bits make 2.8 and not 3.0; the
+/// controller takes the whole part of that number. Pinned by tst_SmDefaults::lengthsAreSummedAsFloats.
+template<typename Pdo, typename Condition>
+void addPdoSizes(std::vector<struct_SM>& syncManagers, const std::vector<Pdo>& pdos, Condition takes)
+{
+    for (const Pdo& pdo : pdos) {
+        if (pdo.Attributes.SM < 0)
+            continue;
+        struct_SM& syncManager = syncManagers.at(static_cast<std::size_t>(pdo.Attributes.SM));
+        if (takes(syncManager))
+            syncManager.Length += sizeOf(pdo);
+    }
+}
+
+/// ODD, KEPT: at load time a PDO counts on whatever sync manager it names, and PDOs that modules bring in do not count:
+/// a device that nobody ever looked at is exported with the lengths that its own description gives. Pinned by
+/// tst_SmDefaults::modulePdosAddNothing.
 void computeLengths(struct_EtherCatDevice& device)
 {
     for (struct_SM& syncManager : device.vSM)
-        if (syncManager.Smtype == KTL_MBoxOut || syncManager.Smtype == KTL_MBoxIn)
+        if (isMailbox(syncManager))
             syncManager.Length += static_cast<float>(syncManager.Attributes.DefaultSize);
-    addPdoSizes(device.vSM, device.RxPdo.vpdo);
-    addPdoSizes(device.vSM, device.TxPdo.vpdo);
+    const auto anySyncManager = [](const struct_SM& /*syncManager*/) { return true; };
+    addPdoSizes(device.vSM, device.RxPdo.vpdo, anySyncManager);
+    addPdoSizes(device.vSM, device.TxPdo.vpdo, anySyncManager);
 }
 
 } // namespace
@@ -34,4 +50,17 @@ void device_sm_defalutset(struct_FilenameDevice* file)
         return;
     for (struct_EtherCatDevice& device : file->device)
         computeLengths(device);
+}
+
+void updateProcessDataLengths(struct_EtherCatDevice& device)
+{
+    for (struct_SM& syncManager : device.vSM)
+        if (!isMailbox(syncManager))
+            syncManager.Length = 0;
+    const auto isOutput = [](const struct_SM& syncManager) { return syncManager.Smtype == KTL_Outputs; };
+    const auto isInput = [](const struct_SM& syncManager) { return syncManager.Smtype == KTL_Inputs; };
+    addPdoSizes(device.vSM, device.RxPdo.vpdo, isOutput);
+    addPdoSizes(device.vSM, device.TxPdo.vpdo, isInput);
+    addPdoSizes(device.vSM, device.mRxPdo.mpdo, isOutput);
+    addPdoSizes(device.vSM, device.mTxPdo.mpdo, isInput);
 }

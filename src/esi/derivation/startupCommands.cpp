@@ -2,6 +2,7 @@
 
 #include "esi/xmlCharConversion.h"
 #include "model/pdoAccess.h"
+#include "model/startupAccess.h"
 #include "model/syncDirection.h"
 
 #include <QString>
@@ -16,19 +17,6 @@ namespace {
 
 constexpr std::uint16_t firstAssignObject = 0x1C10; // assign object of sync manager 0
 constexpr std::uint16_t bytesPerValue = 4;
-
-/// Index and sub-index of the object that a command writes.
-void setTarget(struct_InitCmd& command, std::uint16_t index, std::size_t subIndex)
-{
-    command.Index = index;
-    command.SubIndex = static_cast<std::uint8_t>(subIndex); // 8 bits here, 16 in a module's command
-}
-
-void setTarget(struct_moduleInitCmd& command, std::uint16_t index, std::size_t subIndex)
-{
-    command.indexAttributes.index = index;
-    command.SubIndex = static_cast<std::uint16_t>(subIndex);
-}
 
 /// How the data of a command stands in its text.
 enum class DataText
@@ -55,7 +43,8 @@ Command plainCommand(std::uint16_t index, std::size_t subIndex, std::uint16_t da
 {
     Command command;
     command.Transition = PS;
-    setTarget(command, index, subIndex);
+    indexOf(command) = index;
+    command.SubIndex = static_cast<decltype(command.SubIndex)>(subIndex); // 8 bits, or 16 in a module's command
     command.DataBytes = dataBytes;
     command.Data = data;
     command.Comment = commentOn(comment, index);

@@ -1,0 +1,9 @@
+// smLengths.h - the working lengths of a device's sync managers.
+#pragma once
+
+#include "model/deviceRecords.h"
+
+/// Computes the length of each sync manager that is no mailbox anew, from the PDOs that are assigned to it now, those
+/// of modules too. Only PDOs of the sync manager's own direction count.
+/// @throws std::out_of_range if a PDO names a sync manager that the device does not declare
+void updateProcessDataLengths(struct_EtherCatDevice& device);
