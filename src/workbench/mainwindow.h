@@ -153,6 +153,14 @@ private:
     std::optional<QModelIndex> selectedEntry();
     bool refuseModuleEntry();
 
+    // Parts of the Module tab (mainwindow_module.cpp and mainwindow_modulepdo.cpp).
+    bool takesModules(const struct_EtherCatDevice& device);
+    void refreshModules();
+    static struct_module& moduleOf(const QModelIndex& index);
+    void refuseModuleChange();
+    bool isModuleEntryChosen(const QModelIndex& entry);
+    void editModuleEntry(const QModelIndex& entry, bool allSelected);
+
     // Parts of the file actions (mainwindow_files.cpp and mainwindow_export.cpp).
     bool importEsiFile(const QString& path);
     QString warnAndProposeName();

@@ -1,29 +1,235 @@
-// mainwindow_module.cpp - the Module tab: slots and modules. No effect yet.
+// mainwindow_module.cpp - the Module tab: slots, and the modules of the file.
 #include "workbench/mainwindow.h"
 
-void MainWindow::device_slots_display() {}
+#include "esi/derivation/moduleInSlot.h"
+#include "esi/derivation/startupCommands.h"
+#include "esi/xmlCharConversion.h"
+#include "model/deviceType.h"
+#include "workbench/deviceTypeTexts.h"
+#include "workbench/messages.h"
+#include "workbench/slotPlaces.h"
+#include "workbench/tableViews.h"
 
-str_InitCmd MainWindow::device_downloadslotcfg(str_Slot* /*slot*/)
+#include "ui_mainwindow.h"
+
+namespace {
+
+/// Why modules cannot be put in or taken out by hand, empty if they can.
+QString refusalOf(std::uint16_t deviceType)
 {
+    if (deviceType <= KTL_DEVICE_TYPE_SingleDriver)
+        return MainWindow::tr("当前设备配置成类型1或类型2，此设备类型不存在模块，请检查设备类型配置是否正确");
+    if (deviceType == KTL_DEVICE_TYPE_PnpIOBlock)
+        return MainWindow::tr("当前设备配置成类型4，不需要手动插入模块预配置，如果需要预配置模块信息，请配置成类型6");
     return {};
 }
 
-void MainWindow::device_module_display() {}
+QTreeWidgetItem* groupItem(const struct_commentmodule& group)
+{
+    auto* item = new QTreeWidgetItem(QStringList{QString::fromStdString(group.comment)});
+    for (const struct_module& module : group.vmodule)
+        item->addChild(new QTreeWidgetItem(QStringList{QString::fromStdString(module.Name),
+                                                       xmlGetStringuint(module.TypeAttributes.ModuleIdent),
+                                                       QString::fromStdString(module.TypeAttributes.Name)}));
+    return item;
+}
 
-void MainWindow::device_slot_clicked(const QModelIndex& /*index*/) {}
+/// Shows whether a module fits: black, or red and struck out, in every column.
+void markModule(QTreeWidgetItem& item, bool fits)
+{
+    constexpr QColor black(0, 0, 0, 255);
+    constexpr QColor red(255, 0, 0, 255);
+    for (int column = 0; column < item.columnCount(); ++column) {
+        QFont font = item.font(column);
+        font.setStrikeOut(!fits);
+        item.setFont(column, font);
+        item.setForeground(column, fits ? black : red);
+    }
+}
 
-void MainWindow::device_slotmodule_display() {}
+void expandGroups(const QTreeWidget& tree)
+{
+    for (int index = 0; index < tree.topLevelItemCount(); ++index)
+        if (tree.topLevelItem(index)->childCount() > 0)
+            tree.topLevelItem(index)->setExpanded(true);
+}
 
-void MainWindow::device_modulestartup_generate() {}
+/// Removes the rows from a number onward.
+void cutRows(QStandardItemModel& model, int firstRow)
+{
+    if (firstRow < model.rowCount())
+        model.removeRows(firstRow, model.rowCount() - firstRow);
+}
 
-void MainWindow::device_moduleindex_modify(int /*arg1*/) {}
+} // namespace
 
-void MainWindow::on_InsertModule_clicked() {}
+void MainWindow::device_slots_display()
+{
+    const struct_EtherCatDevice* device = selectedDevice();
+    if (device == nullptr)
+        return;
+    removeAllRows(device_slots_model);
+    const SlotTable table = slotTableOf(device->Slots);
+    for (int overflow = 0; overflow < table.overflows; ++overflow)
+        warn(this, tr("slot sum overflow"), tr("Please check xml file"));
+    device = selectedDevice(); // a box has run the event loop
+    if (device == nullptr)
+        return;
+    for (const QStringList& row : table.rows)
+        appendRow(device_slots_model, row);
+    const SlotsAttributes& attributes = device->Slots.Attributes;
+    const auto transition = static_cast<std::int32_t>(attributes.m_DownloadModuleListTransition);
+    ui->DownlaodCfg->setChecked(attributes.DownloadModuleIdentList);
+    ui->CfgTransition->setChecked(transition < static_cast<std::int32_t>(PS));
+}
 
-void MainWindow::on_DeleteModule_clicked() {}
+void MainWindow::device_module_display()
+{
+    if (selectedDevice() == nullptr)
+        return;
+    ui->ModuleTree->clear();
+    QList<QTreeWidgetItem*> groups;
+    for (const struct_commentmodule& group :
+         g_xmlfiledevices[static_cast<std::size_t>(currentfileindex)].vcommentmodule)
+        groups.append(groupItem(group));
+    ui->ModuleTree->addTopLevelItems(groups);
+    expandGroups(*ui->ModuleTree);
+}
 
-void MainWindow::on_ModuleTree_currentItemChanged(QTreeWidgetItem* /*current*/, QTreeWidgetItem* /*previous*/) {}
+/// Rebuilds what the modules in the slots bring into the device. The tables that show it are cut back first.
+void MainWindow::device_slotmodule_display()
+{
+    struct_EtherCatDevice* const device = selectedDevice();
+    if (device == nullptr || device->Slots.vslot.empty())
+        return;
+    cutRows(device_startup_model, startup_model_size);
+    cutRows(device_pdo_model, pdo_model_size);
+    for (QStandardItemModel* model : {&device_pdocontent_model, &device_pdoassignment_model, &device_slots_model})
+        removeAllRows(*model);
+    rebuildModuleLists(*device);
+}
 
-void MainWindow::on_ModuleView_clicked(const QModelIndex& /*index*/) {}
+void MainWindow::device_modulestartup_generate()
+{
+    if (struct_EtherCatDevice* device = selectedDevice())
+        appendModuleStartup(*device, atEditTime);
+}
 
-void MainWindow::on_DownlaodCfg_stateChanged(int /*arg1*/) {}
+void MainWindow::device_slot_clicked(const QModelIndex& /*index*/)
+{
+    struct_EtherCatDevice* const device = selectedDevice();
+    if (device == nullptr)
+        return;
+    const QModelIndex current = ui->ModuleView->currentIndex();
+    const struct_Slot* const slot = current.isValid() ? slotAt(device->Slots, current.row()) : nullptr;
+    const auto& groups = g_xmlfiledevices[static_cast<std::size_t>(currentfileindex)].vcommentmodule;
+    for (int group = 0; group < ui->ModuleTree->topLevelItemCount(); ++group) {
+        const std::vector<struct_module>& modules = groups.at(static_cast<std::size_t>(group)).vmodule;
+        QTreeWidgetItem* const item = ui->ModuleTree->topLevelItem(group);
+        for (int child = 0; child < item->childCount(); ++child) {
+            const std::uint32_t ident = modules.at(static_cast<std::size_t>(child)).TypeAttributes.ModuleIdent;
+            markModule(*item->child(child), slot == nullptr || acceptsModule(*slot, ident));
+        }
+    }
+    expandGroups(*ui->ModuleTree);
+}
+
+void MainWindow::on_ModuleView_clicked(const QModelIndex& index)
+{
+    ui->DeleteModule->setEnabled(true);
+    device_slot_clicked(index);
+}
+
+void MainWindow::on_ModuleTree_currentItemChanged(QTreeWidgetItem* current, QTreeWidgetItem* /*previous*/)
+{
+    if (current != nullptr)
+        ui->InsertModule->setEnabled(true);
+}
+
+/// Whether modules of the device can be put in and taken out by hand; if not the user is told why.
+bool MainWindow::takesModules(const struct_EtherCatDevice& device)
+{
+    const QString refusal = refusalOf(device.m_iDeviceType);
+    if (!refusal.isEmpty())
+        warn(this, refusedActions(), refusal);
+    return refusal.isEmpty();
+}
+
+void MainWindow::on_InsertModule_clicked()
+{
+    struct_EtherCatDevice* device = selectedDevice();
+    if (device == nullptr || !takesModules(*device))
+        return;
+    if (device->Slots.Attributes.DownloadModuleIdentList)
+        warn(this, refusedActions(), moduleListAdvice(*device));
+    const QModelIndex place = ui->ModuleView->currentIndex();
+    const QModelIndex moduleIndex = ui->ModuleTree->currentIndex();
+    if (!warnUnless(place.isValid(), tr("Select valid slot\n"))
+        || !warnUnless(moduleIndex.isValid() && moduleIndex.parent().isValid(), tr("Select valid module\n")))
+        return;
+    device = selectedDevice(); // a box has run the event loop
+    if (device == nullptr)
+        return;
+    const struct_module module = moduleOf(moduleIndex);
+    if (struct_Slot* slot = slotAt(device->Slots, place.row())) {
+        if (!acceptsModule(*slot, module.TypeAttributes.ModuleIdent)) {
+            warn(this, refusedActions(),
+                 tr("当前模块不能插入模块到当前槽 %1:\n").arg(QString::fromStdString(module.Name)));
+            return;
+        }
+        putModule(*slot, place.row(), module);
+    }
+    refreshModules();
+}
+
+void MainWindow::on_DeleteModule_clicked()
+{
+    struct_EtherCatDevice* const device = selectedDevice();
+    if (device == nullptr || !takesModules(*device))
+        return;
+    const QModelIndex place = ui->ModuleView->currentIndex();
+    if (!warnUnless(place.isValid() && !device->Slots.vslot.empty(), tr("Select valid slot\n")))
+        return;
+    if (struct_Slot* slot = slotAt(device->Slots, place.row()))
+        takeModule(*slot, place.row());
+    refreshModules();
+}
+
+/// Renews everything that follows from the modules in the slots; the order counts.
+void MainWindow::refreshModules()
+{
+    device_slotmodule_display();
+    device_modulestartup_generate();
+    device_startup_display();
+    device_pdo_display();
+    device_sm_display();
+    device_slots_display();
+}
+
+void MainWindow::on_DownlaodCfg_stateChanged(int /*arg1*/)
+{
+    if (struct_EtherCatDevice* device = selectedDevice())
+        device->Slots.Attributes.DownloadModuleIdentList = ui->DownlaodCfg->isChecked();
+}
+
+void MainWindow::device_moduleindex_modify(int arg1)
+{
+    enableModuleIndexes(arg1 != 0);
+}
+
+/// The command that tells a coupler its configured modules. No signal reaches this slot yet.
+str_InitCmd MainWindow::device_downloadslotcfg(str_Slot* slot)
+{
+    constexpr std::uint16_t configuredModules = 0xF030; // object of the list of configured module idents
+    str_InitCmd command;
+    const struct_EtherCatDevice* const device = selectedDevice();
+    if (device == nullptr || slot == nullptr)
+        return command;
+    if (device->Slots.Attributes.DownloadModuleIdentList) {
+        command.Transition = PS;
+        command.Index = configuredModules;
+        command.Comment = "download slot cfg";
+    }
+    command.strData = moduleIdentList(*slot);
+    return command;
+}

@@ -17,6 +17,12 @@ inline QString selectionMatters()
     return QStringLiteral("warning");
 }
 
+/// Title of boxes on refused module actions.
+inline QString refusedActions()
+{
+    return QStringLiteral("操作警告");
+}
+
 // Each shows a box with one Ok button and waits for the answer. Texts are plain: a name from a file that looks like
 // markup is shown as it stands.
 
