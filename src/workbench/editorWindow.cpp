@@ -9,8 +9,14 @@
 void setUpEditorWindow(QWidget& editor)
 {
     constexpr QPoint placeInParent(500, 150);
+    constexpr QColor textOfReports(85, 85, 85);
     editor.setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
     editor.setWindowModality(Qt::WindowModal);
+    // Disabled fields are there to be read, so their text is as dark as in the main window.
+    QPalette palette = editor.palette();
+    palette.setColor(QPalette::Disabled, QPalette::Text, textOfReports);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, textOfReports);
+    editor.setPalette(palette);
     editor.move(editor.parentWidget()->mapToGlobal(QPoint(0, 0)) + placeInParent);
 }
 

@@ -80,6 +80,8 @@ void MainWindow::setUpTables()
                                    tr("Type"),  tr("Linkto"), tr("Default")};
     const std::vector<int> entryWidths{85, 85, 85, 185, 85, 85, 85};
 
+    constexpr int narrowPointSize = 8; // "256.00" has to fit a column of 45 pixels
+
     struct Table
     {
         QTableView* view;
@@ -95,7 +97,9 @@ void MainWindow::setUpTables()
          {{tr("Sm"), tr("StartAddress"), tr("length"), tr("Data"), tr("MinSize"), tr("MaxSize"), tr("DefaultSize")},
           {30, 180, 180, 180, 180, 180},
           StretchSections | FitColumns | CustomMenu}},
-        {ui->SyncManagerView, &device_sync_model, {{tr("SM"), tr("Size"), tr("Type")}, {45, 45, 88}, FitColumns}},
+        {ui->SyncManagerView,
+         &device_sync_model,
+         {{tr("SM"), tr("Size"), tr("Type")}, {45, 45, 88}, FitColumns, narrowPointSize}},
         {ui->PdoListView, &device_pdo_model, {pdoHeaders, {85, 85, 250, 80, 80}, {}}},
         {ui->StartupView,
          &device_startup_model,

@@ -9,14 +9,13 @@
 void setUpTableView(QTableView& view, QStandardItemModel& model, const TableColumns& columns)
 {
     constexpr int leastHeight = 30;
-    constexpr int tablePointSize = 9; // the given column widths are made for text of this size
     model.setHorizontalHeaderLabels(columns.headers);
     model.setColumnCount(columns.headers.size());
     view.setModel(&model);
     view.horizontalHeader()->setStretchLastSection(true);
     view.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft);
     // The fonts come before the style sheet: with that in place a view no longer hands a font on to its cells.
-    const QFont tableFont(textFamily(), tablePointSize);
+    const QFont tableFont(textFamily(), columns.pointSize);
     view.setFont(tableFont);
     view.horizontalHeader()->setFont(tableFont);
     view.setStyleSheet(QStringLiteral("QHeaderView::section { background:grey; color:black;min-height:2.5em;}"));

@@ -27,6 +27,7 @@ struct TableColumns
     QStringList headers;
     std::vector<int> widths; ///< pixels, for the first columns; the last column stretches
     TableOptions options;
+    int pointSize = 9; ///< of cells and headers; the usual widths are made for text of this size
 };
 
 /// Gives a view its model, its columns and the look that all tables share: rows are selected as a whole and nothing is
