@@ -40,7 +40,7 @@ struct_KTL_SmAttributes smRecord(const struct_SM& syncManager)
     record.Enable = attributes.Enable;
     // Process data sync managers carry the size that the PDO selection gives now, not the default of the description:
     // the controller sets the length register from this field.
-    if (syncManager.Smtype == KTL_Outputs || syncManager.Smtype == KTL_Inputs)
+    if (carriesProcessData(syncManager.Smtype))
         record.m_iDefaultSize = static_cast<std::uint16_t>(wholeBytes(syncManager.Length));
     return record;
 }

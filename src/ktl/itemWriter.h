@@ -11,6 +11,18 @@
 /// stands for them and does not count.
 template<typename Item, typename Record> inline constexpr std::size_t headSizeOf = sizeof(Item) - sizeof(Record);
 
+/// What stands between the last record of an item and the size that the item announces. An item that is as long as
+/// announced, or longer, gets no fill, and its size stays as announced.
+enum class ItemFill
+{
+    /// ODD, KEPT: the fill is a copy of the item's own first bytes and not zero: it was always taken from the head's
+    /// memory, and exported files are compared byte by byte with those on machines in the field. Behind the head's
+    /// length the fill is zero. Pinned by tst_CompleteAccess::fillComesFromTheHead.
+    CopyOfHead,
+    Zeros,
+    Nothing, ///< the item stays as short as it is
+};
+
 /// Builds one item in memory and writes it with one call: the head, the records behind it, and the fill up to the size
 /// that the head announces.
 class ItemWriter
@@ -37,16 +49,12 @@ public:
     }
 
     /// Fills the item up to its announced size and writes it.
-    /// ODD, KEPT: the fill is a copy of the item's own first bytes and not zero: it was always taken from the head's
-    /// memory, and exported files are compared byte by byte with those on machines in the field. Behind the head's
-    /// length the fill is zero. An item that is longer than announced gets no fill, and its size stays as announced.
-    /// Pinned by tst_CompleteAccess::fillComesFromTheHead.
     /// @return  number of items written: 1, or 0 on a short write (disk full)
-    std::size_t writeTo(std::FILE* out);
+    std::size_t writeTo(std::FILE* out, ItemFill fill = ItemFill::CopyOfHead);
 
 private:
     void append(const void* data, std::size_t size);
-    void fill();
+    void addCopyOfHead();
 
     std::size_t m_announcedSize;
     std::size_t m_headSize;
@@ -67,4 +75,11 @@ void writeListItem(std::FILE* out, Item head, const std::vector<Source>& sources
     for (const Source& source : sources)
         item.add(recordOf(source));
     item.writeTo(out);
+}
+
+/// As above, for records that are ready to be written.
+template<typename Item, typename Record>
+void writeListItem(std::FILE* out, const Item& head, const std::vector<Record>& records)
+{
+    writeListItem(out, head, records, [](const Record& record) { return record; });
 }

@@ -15,3 +15,9 @@ enum enum_KTL_SMFMMU_TYPE : std::uint8_t
     KTL_DyInputs = 6,
     KTL_Local = 7
 };
+
+/// Whether a sync manager of this direction carries process data; it can have PDOs assigned to it.
+[[nodiscard]] constexpr bool carriesProcessData(std::uint8_t direction) noexcept
+{
+    return direction == KTL_Outputs || direction == KTL_Inputs;
+}
