@@ -4,6 +4,7 @@
 #include "ktl/ktlExport.h"
 #include "ktl/ktlFile.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -101,9 +102,12 @@ ExitCode convert(const QStringList& esiFiles, const QString& outputFile, std::os
         return ExitCode::Failure;
     }
     const auto everyDevice = [](std::size_t /*file*/, std::size_t /*device*/) { return true; };
-    const KtlSaveResult result = saveKtlFile(
-        QFile::encodeName(outputFile).toStdString(), KtlSaveMode::Overwrite,
-        [&](std::FILE* out, int* errorCode) { return writeDevices(out, g_xmlfiledevices, everyDevice, errorCode); });
+    const QDateTime exportTime = QDateTime::currentDateTime();
+    const auto writeRun = [&](std::FILE* out, int* errorCode) {
+        return writeDevices(out, g_xmlfiledevices, everyDevice, errorCode, exportTime);
+    };
+    const KtlSaveResult result =
+        saveKtlFile(QFile::encodeName(outputFile).toStdString(), KtlSaveMode::Overwrite, writeRun);
     if (result.status == KtlSaveStatus::Saved)
         return ExitCode::Success;
     messages << saveMessage(outputFile, result).toStdString() << '\n';

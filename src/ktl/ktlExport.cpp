@@ -7,7 +7,7 @@ namespace {
 
 /// Writes the items of one device.
 /// @return  result of the General item; if that is not above 0 nothing else was written
-int writeDevice(std::FILE* out, struct_EtherCatDevice& device, struct_FilenameDevice& file)
+int writeDevice(std::FILE* out, struct_EtherCatDevice& device, struct_FilenameDevice& file, const QDateTime& exportTime)
 {
     const int result = KTL_write_device_General(out, &device, &file);
     if (result <= 0)
@@ -27,7 +27,7 @@ int writeDevice(std::FILE* out, struct_EtherCatDevice& device, struct_FilenameDe
     KTL_write_device_Slots(out, &device);
     if (type == KTL_DEVICE_TYPE_ManualIOBlock)
         KTL_write_device_SlotPreConfig(out, &device);
-    KTL_write_device_DeviceMoreInfo(out, &device, &file);
+    writeDeviceMoreInfo(out, device, file, exportTime);
     if (hasModuleBlocks(type))
         KTL_write_device_Module(out, &device, &file);
     return result;
@@ -36,7 +36,7 @@ int writeDevice(std::FILE* out, struct_EtherCatDevice& device, struct_FilenameDe
 } // namespace
 
 bool writeDevices(std::FILE* out, std::vector<struct_FilenameDevice>& files, const DeviceSelection& isSelected,
-                  int* piErrorCode)
+                  int* piErrorCode, const QDateTime& exportTime)
 {
     if (out == nullptr || piErrorCode == nullptr)
         return false;
@@ -46,7 +46,7 @@ bool writeDevices(std::FILE* out, std::vector<struct_FilenameDevice>& files, con
         for (std::size_t deviceIndex = 0; deviceIndex < file.device.size(); ++deviceIndex) {
             if (!isSelected(fileIndex, deviceIndex))
                 continue;
-            result = writeDevice(out, file.device[deviceIndex], file);
+            result = writeDevice(out, file.device[deviceIndex], file, exportTime);
             if (result <= 0)
                 return false;
         }

@@ -4,6 +4,8 @@
 #include "ktl/ktlFormat.h"
 #include "model/XMLParsing.h"
 
+#include <QDateTime>
+
 #include <cstddef>
 #include <cstdio>
 #include <functional>
@@ -20,16 +22,18 @@ using DeviceSelection = std::function<bool(std::size_t file, std::size_t device)
 /// @param out         open for binary writing; not closed
 /// @param piErrorCode receives the result of the last General item (1, or 0 if no device was selected) when the run
 ///                    reaches its end item; unchanged otherwise
+/// @param exportTime  valid, as the file is to show it: local time; one for all devices of the run
 /// @return            false if a General item could not be written; the run then stops there, without an end item. Only
 ///                    that item is tested: a caller that must know of a full disk later on asks the file itself
 /// @throws std::out_of_range if a PDO names a sync manager that its device does not declare; the stream then ends in
 ///                    the middle of that device
 [[nodiscard]] bool writeDevices(std::FILE* out, std::vector<struct_FilenameDevice>& files,
-                                const DeviceSelection& isSelected, int* piErrorCode);
+                                const DeviceSelection& isSelected, int* piErrorCode,
+                                const QDateTime& exportTime = QDateTime::currentDateTime());
 
 /// As `writeDevices`, for the devices of `g_xmlfiledevices` that are checked in the tree: the top-level item at a
 /// position is the file at that position, its children are the file's devices. Partially checked counts as checked, and
-/// a device counts only together with its file.
+/// a device counts only together with its file. The time of the export is now.
 /// @return  false, with nothing touched, if an argument is null; else as `writeDevices`
 [[nodiscard]] bool KTL_write_devices(std::FILE* out, QTreeWidget* tree, int* piErrorCode);
 
@@ -55,7 +59,9 @@ void KTL_write_device_DcInfo(std::FILE* out, struct_EtherCatDevice* device);
 void KTL_write_device_RxPdoinfo(std::FILE* out, struct_EtherCatDevice* device);
 void KTL_write_device_TxPdoinfo(std::FILE* out, struct_EtherCatDevice* device); ///< as for output PDOs
 
-/// PDOs that modules bring into a device of class 2 or 4, as ordinary PDO items. No effect yet.
+/// PDOs that modules bring into the device, as ordinary PDO items under the same conditions; nothing in the file tells
+/// the two kinds apart. For devices of class 2 and 4.
+/// @throws std::out_of_range if a PDO names a sync manager that the device does not declare
 void KTL_write_device_AddModuleRPdo(std::FILE* out, struct_EtherCatDevice* device);
 void KTL_write_device_AddModuleTPdo(std::FILE* out, struct_EtherCatDevice* device); ///< as for output PDOs
 
@@ -68,13 +74,20 @@ void KTL_write_device_CoEInitCmd(std::FILE* out, struct_EtherCatDevice* device);
 /// One item for all slots, none without slots.
 void KTL_write_device_Slots(std::FILE* out, struct_EtherCatDevice* device);
 
-/// Preset modules of a device of class 5. No effect yet.
+/// One item for the modules that stand in the slots, by slot number, none without slots. For devices of class 5.
 void KTL_write_device_SlotPreConfig(std::FILE* out, struct_EtherCatDevice* device);
 
-/// Time of the export and names. No effect yet.
+/// One item with the time of the export, the format version, and the names of the device and of all modules of its
+/// file; none if the file has no group of modules.
+/// @param exportTime  valid, as the file is to show it: local time
+void writeDeviceMoreInfo(std::FILE* out, const struct_EtherCatDevice& device, const struct_FilenameDevice& file,
+                         const QDateTime& exportTime);
+
+/// As `writeDeviceMoreInfo`; the time of the export is now.
 void KTL_write_device_DeviceMoreInfo(std::FILE* out, struct_EtherCatDevice* device, struct_FilenameDevice* filedevices);
 
-/// Module blocks of the file, for a device of class 3 or 5. No effect yet.
+/// The blocks of all modules of the file: identity, entries of each direction, startup records. For devices of class 3
+/// and 5. Reads of the device its process data sync managers and its CoE flags.
 void KTL_write_device_Module(std::FILE* out, struct_EtherCatDevice* device, struct_FilenameDevice* filedevices);
 
 /// An item of 2048 bytes of EEPROM, all 0. A ready operation that no export calls; the device is not read.

@@ -9,5 +9,5 @@ bool KTL_write_devices(std::FILE* out, QTreeWidget* tree, int* piErrorCode)
     const auto isSelected = [tree](std::size_t file, std::size_t device) {
         return isCheckedForExport(*tree, file, device);
     };
-    return writeDevices(out, g_xmlfiledevices, isSelected, piErrorCode);
+    return writeDevices(out, g_xmlfiledevices, isSelected, piErrorCode, QDateTime::currentDateTime());
 }

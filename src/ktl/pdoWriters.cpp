@@ -1,44 +1,49 @@
-// pdoWriters.cpp - PDO items, one per PDO.
+// pdoWriters.cpp - PDO items, one per PDO: those of the device, and those that modules bring into it.
 #include "ktl/itemWriter.h"
 #include "ktl/ktlExport.h"
+#include "ktl/pdoItemHead.h"
 #include "model/pdoAccess.h"
 
-#include <cstdint>
 #include <vector>
 
 namespace {
 
-struct_KTL_EntryPDOContent entryRecord(const struct_EntryPDOContent& entry)
+bool isFixed(const struct_EntryPDOContent& entry)
+{
+    return entry.Attributes.Fixed;
+}
+
+/// Entries of modules have no such flag.
+bool isFixed(const struct_moduleEntry& /*entry*/)
+{
+    return false;
+}
+
+template<typename Entry> struct_KTL_EntryPDOContent entryRecord(const Entry& entry)
 {
     struct_KTL_EntryPDOContent record{};
-    record.m_bFixed = entry.Attributes.Fixed ? 1 : 0;
-    record.Index = entry.Index;
+    record.m_bFixed = isFixed(entry) ? 1 : 0;
+    record.Index = indexOf(entry);
     record.SubIndex = entry.SubIndex;
-    record.Bitlen = entry.Bitlen;
+    record.Bitlen = bitLengthOf(entry);
     record.LinkToData = entry.Linkto;
     return record;
 }
 
-void writePdo(std::FILE* out, enum_KTL_ITEM_TYPE type, const struct_PDOList& pdo)
+template<typename Entry, typename Pdo>
+void writePdo(std::FILE* out, enum_KTL_ITEM_TYPE type, const Pdo& pdo, const std::vector<Entry>& entries)
 {
-    struct_KTL_PDOListType head{};
-    head.m_iItemType = type;
-    head.Fixed = pdo.Attributes.Fixed ? 1 : 0;
-    head.Mandatory = pdo.Attributes.Mandatory ? 1 : 0;
-    head.SM = pdo.Attributes.SM;
-    head.SU = pdo.Attributes.SU;
-    head.IndexAttributes = pdo.IndexAttributes.Index;
-    head.m_iCount = static_cast<std::uint32_t>(pdo.Entry.vPdo_c.size());
-    writeListItem(out, head, pdo.Entry.vPdo_c, entryRecord);
+    writeListItem(out, pdoItemHead<struct_KTL_PDOListType>(type, pdo, entries.size()), entries, entryRecord<Entry>);
 }
 
 /// Every PDO that passes gets its item, whether or not the user selected it: a selection shows in the PDO's `SM`.
-void writePdos(std::FILE* out, enum_KTL_ITEM_TYPE type, const std::vector<struct_PDOList>& pdos,
+template<typename Pdo>
+void writePdos(std::FILE* out, enum_KTL_ITEM_TYPE type, const std::vector<Pdo>& pdos,
                const std::vector<struct_SM>& syncManagers)
 {
-    for (const struct_PDOList& pdo : pdos)
-        if (!isOnVirtualSyncManager(pdo, syncManagers) && !pdo.Entry.vPdo_c.empty())
-            writePdo(out, type, pdo);
+    for (const Pdo& pdo : pdos)
+        if (!isOnVirtualSyncManager(pdo, syncManagers) && !entriesOf(pdo).empty())
+            writePdo(out, type, pdo, entriesOf(pdo));
 }
 
 } // namespace
@@ -53,4 +58,16 @@ void KTL_write_device_TxPdoinfo(std::FILE* out, struct_EtherCatDevice* device)
 {
     if (out != nullptr && device != nullptr)
         writePdos(out, KTL_ITEM_TxPdo, device->TxPdo.vpdo, device->vSM);
+}
+
+void KTL_write_device_AddModuleRPdo(std::FILE* out, struct_EtherCatDevice* device)
+{
+    if (out != nullptr && device != nullptr)
+        writePdos(out, KTL_ITEM_RxPdo, device->mRxPdo.mpdo, device->vSM);
+}
+
+void KTL_write_device_AddModuleTPdo(std::FILE* out, struct_EtherCatDevice* device)
+{
+    if (out != nullptr && device != nullptr)
+        writePdos(out, KTL_ITEM_TxPdo, device->mTxPdo.mpdo, device->vSM);
 }

@@ -1,8 +1,10 @@
-// slotWriters.cpp - the Slot item.
+// slotWriters.cpp - the items of the slots: how they are made, and what is preset in them.
 #include "ktl/itemWriter.h"
 #include "ktl/ktlExport.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <vector>
 
 namespace {
 
@@ -34,10 +36,47 @@ struct_KTL_Slots slotsHead(const DeviceSlots& deviceSlots)
     return head;
 }
 
+/// Slot positions of a preset.
+/// ODD, KEPT: the sum wraps at 256, and although it counts places for modules, the table that is this long is indexed
+/// by slot number. One would expect a record per slot, or one per place. The controller counts positions in a byte and
+/// looks a slot up by its number. Pinned by tst_SlotPreset::positionsWrap and tst_SlotPreset::lastModuleOfASlotCounts.
+std::uint8_t presetPositions(const std::vector<struct_Slot>& slots)
+{
+    std::uint32_t positions = 0;
+    for (const struct_Slot& slot : slots)
+        positions += slot.Attributes.MaxInstances;
+    return static_cast<std::uint8_t>(positions);
+}
+
+void writePreset(std::FILE* out, const std::vector<struct_Slot>& slots)
+{
+    std::vector<struct_KTL_Slot_PreModuleIdent> records(presetPositions(slots));
+    std::uint8_t modules = 0; // wraps at 256 as the positions do
+    for (const struct_Slot& slot : slots)
+        for (const struct_slotmodule& placed : slot.slotmodule) {
+            const auto position = static_cast<std::size_t>(placed.Instances);
+            if (placed.Instances < 0 || position >= records.size())
+                continue;
+            ++modules;
+            records[position].m_iModuleIdent = placed.module.TypeAttributes.ModuleIdent; // the last one of a slot stays
+        }
+    struct_KTL_Slots_Preconfig head{};
+    head.m_iItemType = KTL_ITEM_SlotPreConfig;
+    head.m_iCount = static_cast<std::uint32_t>(records.size());
+    head.m_iCountReal = modules;
+    writeListItem(out, head, records);
+}
+
 } // namespace
 
 void KTL_write_device_Slots(std::FILE* out, struct_EtherCatDevice* device)
 {
     if (out != nullptr && device != nullptr && !device->Slots.vslot.empty())
         writeListItem(out, slotsHead(device->Slots), device->Slots.vslot, slotRecord);
+}
+
+void KTL_write_device_SlotPreConfig(std::FILE* out, struct_EtherCatDevice* device)
+{
+    if (out != nullptr && device != nullptr && !device->Slots.vslot.empty())
+        writePreset(out, device->Slots.vslot);
 }
