@@ -58,7 +58,7 @@ QString lettersOf(const std::vector<KtlItem>& items)
 }
 
 /// True if an item has the size that its records give. CoE items, whose count saturates and behind whose commands
-/// values and fill stand, have no less than their commands take; items of modules are not looked into.
+/// values and fill stand, have no less than their commands take.
 bool sizeFitsRecords(const KtlItem& item)
 {
     const auto size = static_cast<std::uint32_t>(item.content.size());
@@ -80,10 +80,21 @@ bool sizeFitsRecords(const KtlItem& item)
         return size >= 16 + 12 * item.u8(15);
     case 40007:
         return (size - 20) % 124 == 0 && item.u16(8) == (size - 20) / 124 % 256 && item.u16(16) == item.u16(8);
+    case 40013:
+        return size == 20;
     case 40014:
         return size == 12 + 8 * item.u32(8) && item.u32(8) > 0;
+    case 40015:
+        return size == 16 + 8 * item.u32(8) && item.u32(8) < 256;
+    case 40016:
+        return size >= 24 && size <= 24 + 1000;
+    case 40102:
+    case 40103:
+        return size == 28 + 12 * item.u32(24);
+    case 40104:
+        return size == 12 + 16 * item.u32(8) && item.u32(8) > 0;
     default:
-        return true;
+        return false;
     }
 }
 
@@ -100,14 +111,41 @@ QList<std::uint32_t> writtenPdos(const struct_EtherCatDevice& device, const Devi
     return indexes;
 }
 
-/// Indexes of the PDO items of one type, in the order of the items.
-QList<std::uint32_t> pdoIndexes(const std::vector<KtlItem>& block, std::uint32_t type)
+/// The same of the PDOs that modules bring into a device of a type that writes them.
+QList<std::uint32_t> writtenModulePdos(const struct_EtherCatDevice& device, const DeviceModulePdoList& list)
 {
     QList<std::uint32_t> indexes;
+    if (device.m_iDeviceType != 2 && device.m_iDeviceType != 4)
+        return indexes;
+    for (const modulePdo& pdo : list.mpdo) {
+        const int sm = pdo.Attributes.SM;
+        const bool isVirtual = sm >= 0 && device.vSM.at(static_cast<std::size_t>(sm)).Attributes.m_Virtual != 0;
+        if (!isVirtual && !pdo.vEntry.empty())
+            indexes.append(pdo.indexAttributes.index);
+    }
+    return indexes;
+}
+
+/// Idents of the modules whose blocks belong behind a device.
+QList<std::uint32_t> writtenModules(const struct_FilenameDevice& file, const struct_EtherCatDevice& device)
+{
+    QList<std::uint32_t> idents;
+    if (device.m_iDeviceType != 3 && device.m_iDeviceType != 5)
+        return idents;
+    for (const struct_commentmodule& group : file.vcommentmodule)
+        for (const struct_module& module : group.vmodule)
+            idents.append(module.TypeAttributes.ModuleIdent);
+    return idents;
+}
+
+/// Numbers at one place of all items of one type, in the order of the items.
+QList<std::uint32_t> numbersIn(const std::vector<KtlItem>& block, std::uint32_t type, int offset, int width)
+{
+    QList<std::uint32_t> numbers;
     for (const KtlItem& item : block)
         if (item.type == type)
-            indexes.append(item.u16(20));
-    return indexes;
+            numbers.append(numberAt(item.content, offset, width));
+    return numbers;
 }
 
 /// Number of records of the one item of a type in a device block, 0 without the item.
@@ -230,16 +268,15 @@ void tst_KtlCorpus::checkBlock(const std::vector<KtlItem>& block, const struct_E
     QCOMPARE(recordCount(block, KTL_ITEM_DC), std::uint32_t(device.vopmode.size()));
     const QString letters = lettersOf(block);
     QCOMPARE(letters.contains(QLatin1Char('L')), !device.Slots.vslot.empty());
-    // Behind these PDOs stand those of modules, for two of the device types.
-    const QList<std::uint32_t> outputs = writtenPdos(device, device.RxPdo);
-    const QList<std::uint32_t> inputs = writtenPdos(device, device.TxPdo);
-    QCOMPARE(pdoIndexes(block, KTL_ITEM_RxPdo).mid(0, outputs.size()), outputs);
-    QCOMPARE(pdoIndexes(block, KTL_ITEM_TxPdo).mid(0, inputs.size()), inputs);
-    const bool takesModulePdos = device.m_iDeviceType == 2 || device.m_iDeviceType == 4;
-    if (!takesModulePdos) {
-        QCOMPARE(letters.count(QLatin1Char('R')), outputs.size());
-        QCOMPARE(letters.count(QLatin1Char('T')), inputs.size());
-    }
+    const bool hasPreset = device.m_iDeviceType == 5 && !device.Slots.vslot.empty();
+    QCOMPARE(letters.contains(QLatin1Char('P')), hasPreset);
+    const struct_FilenameDevice& file = g_xmlfiledevices[0];
+    QCOMPARE(letters.contains(QLatin1Char('I')), !file.vcommentmodule.empty());
+    QCOMPARE(numbersIn(block, KTL_ITEM_RxPdo, 20, 2),
+             writtenPdos(device, device.RxPdo) + writtenModulePdos(device, device.mRxPdo));
+    QCOMPARE(numbersIn(block, KTL_ITEM_TxPdo, 20, 2),
+             writtenPdos(device, device.TxPdo) + writtenModulePdos(device, device.mTxPdo));
+    QCOMPARE(numbersIn(block, KTL_ITEM_ModuleType, 8, 4), writtenModules(file, device));
 }
 
 /// The dump against the file, word by word.

@@ -29,7 +29,7 @@ struct_FilenameDevice fileOf(std::uint32_t vendor, const std::vector<std::uint32
     return file;
 }
 
-/// A device that gives every item that does not need modules.
+/// A device that gives every item that does not need modules, and has a module PDO of each direction.
 struct_EtherCatDevice fullDevice(std::uint16_t deviceType)
 {
     struct_EtherCatDevice device;
@@ -42,10 +42,28 @@ struct_EtherCatDevice fullDevice(std::uint16_t deviceType)
     for (DevicePdoList* list : {&device.RxPdo, &device.TxPdo})
         for (struct_PDOList& pdo : list->vpdo)
             pdo.Entry.vPdo_c.resize(1);
+    for (DeviceModulePdoList* list : {&device.mRxPdo, &device.mTxPdo}) {
+        list->mpdo.resize(1);
+        list->mpdo[0].vEntry.resize(1);
+    }
     device.Mailbox.EOE.InitCmd.vinitcmd.resize(1);
     device.Mailbox.COE.InitCmd.vinitcmd.resize(1);
     device.Slots.vslot.resize(1);
     return device;
+}
+
+/// Two groups of one module each; the first gives every item of a module block, the second its identity alone.
+std::vector<struct_commentmodule> fullModules()
+{
+    struct_module module;
+    module.RxPdo.vpdo.resize(1);
+    module.RxPdo.vpdo[0].Attributes.SM = 0;
+    module.TxPdo.vpdo = module.RxPdo.vpdo;
+    module.Mailbox.COE.vinitcmd.resize(1);
+    std::vector<struct_commentmodule> groups(2);
+    groups[0].vmodule = {module};
+    groups[1].vmodule.resize(1);
+    return groups;
 }
 
 bool everything(std::size_t /*file*/, std::size_t /*device*/)
@@ -118,6 +136,8 @@ private slots:
     void deviceOfNothingButAName();
     void orderOfItems_data();
     void orderOfItems();
+    void clearedDevice();
+    void oneTimeForTheRun();
     void vendorIdOfEachFile();
     void selection_data();
     void selection();
@@ -127,6 +147,7 @@ private slots:
     void generalOfSecondDeviceFails();
     void diskFullBehindGeneral();
     void undeclaredSyncManager();
+    void undeclaredSyncManagerOfAModulePdo();
 };
 
 void tst_WriteDevices::deviceOfNothingButAName()
@@ -145,24 +166,73 @@ void tst_WriteDevices::deviceOfNothingButAName()
 void tst_WriteDevices::orderOfItems_data()
 {
     QTest::addColumn<int>("deviceType");
-    QTest::addRow("plain I/O") << 0;
-    QTest::addRow("single drive") << 1;
-    QTest::addRow("multiple drive, no module in a slot") << 2;
-    QTest::addRow("plug and play, file without modules") << 3;
-    QTest::addRow("special, no module in a slot") << 4;
+    QTest::addColumn<bool>("hasModules"); // the file of the device
+    QTest::addColumn<QList<uint>>("expected");
+    const QList<uint> own{40000, 40014, 40001, 40002, 40003, 40003, 40004};
+    const QList<uint> modulePdos{40003, 40004};
+    const QList<uint> commandsAndSlots{40005, 40006, 40007};
+    const QList<uint> plain = own + commandsAndSlots;
+    const QList<uint> info{40016};
+    const QList<uint> blocks{40013, 40103, 40102, 40104, 40013};
+    const QList<uint> preset{40015};
+    for (const int type : {0, 1, 6, 256 + 5})
+        QTest::addRow("type %d, file without modules", type) << type << false << plain;
+    for (const int type : {0, 1, 6, 256 + 5})
+        QTest::addRow("type %d, file with modules", type) << type << true << plain + info;
+    for (const int type : {2, 4}) {
+        QTest::addRow("type %d, file without modules", type) << type << false << own + modulePdos + commandsAndSlots;
+        QTest::addRow("type %d, file with modules", type) << type << true << own + modulePdos + commandsAndSlots + info;
+    }
+    QTest::addRow("type 3, file without modules") << 3 << false << plain;
+    QTest::addRow("type 3, file with modules") << 3 << true << plain + info + blocks;
+    QTest::addRow("type 5, file without modules") << 5 << false << plain + preset;
+    QTest::addRow("type 5, file with modules") << 5 << true << plain + preset + info + blocks;
 }
 
+/// Two devices of the same type: what belongs to the file stands behind each of them again.
 void tst_WriteDevices::orderOfItems()
 {
     QFETCH(int, deviceType);
+    QFETCH(bool, hasModules);
+    QFETCH(QList<uint>, expected);
     Files files(1);
-    files[0].device = {fullDevice(static_cast<std::uint16_t>(deviceType)), struct_EtherCatDevice()};
-    const QList<std::uint32_t> expected{
-        40000, 40014, 40001, 40002, 40003, 40003, 40004, 40005, 40006, 40007, // the full device
-        40000, 40005, 40006, // the empty one
-        0,
-    };
-    QCOMPARE(typesOf(itemsWritten(files, everything)), expected);
+    const struct_EtherCatDevice device = fullDevice(static_cast<std::uint16_t>(deviceType));
+    files[0].device = {device, device};
+    if (hasModules)
+        files[0].vcommentmodule = fullModules();
+    QCOMPARE(typesOf(itemsWritten(files, everything)), expected + expected + QList<uint>{0});
+}
+
+/// Without anything of its own a device of any type gives three items, and one more if its file has modules.
+void tst_WriteDevices::clearedDevice()
+{
+    Files files{fileOf(1, {10}), fileOf(2, {20})};
+    files[0].device[0].m_iDeviceType = KTL_DEVICE_TYPE_ManualIOBlock;
+    files[1].vcommentmodule.resize(1);
+    QCOMPARE(typesOf(itemsWritten(files, everything)),
+             (QList<uint>{40000, 40005, 40006, 40000, 40005, 40006, 40016, 0}));
+}
+
+/// All devices of a run show the time that it was given, those of another file too.
+void tst_WriteDevices::oneTimeForTheRun()
+{
+    Files files{fileOf(1, {10, 11}), fileOf(2, {20})};
+    for (struct_FilenameDevice& file : files)
+        file.vcommentmodule.resize(1);
+    int errorCode = untouched;
+    const QDateTime time(QDate(2024, 9, 5), QTime(8, 7, 6));
+    QString problem;
+    const std::vector<KtlItem> items = itemsOf(
+        writtenBy([&](std::FILE* out) { QVERIFY(writeDevices(out, files, everything, &errorCode, time)); }), &problem);
+    QCOMPARE(problem, QString());
+    int times = 0;
+    for (const KtlItem& item : items)
+        if (item.type == KTL_ITEM_DeviceMoreInfo) {
+            QCOMPARE(item.u32(8), 20240905U);
+            QCOMPARE(item.u32(12), 80706U);
+            ++times;
+        }
+    QCOMPARE(times, 3);
 }
 
 void tst_WriteDevices::vendorIdOfEachFile()
@@ -286,6 +356,23 @@ void tst_WriteDevices::undeclaredSyncManager()
     QString problem;
     QCOMPARE(typesOf(itemsOf(contentOf(stream.get()), &problem)), (QList<std::uint32_t>{40000, 40001}));
     QCOMPARE(problem, QString());
+}
+
+void tst_WriteDevices::undeclaredSyncManagerOfAModulePdo()
+{
+    Files files{fileOf(1, {10})};
+    struct_EtherCatDevice& broken = files[0].device[0];
+    broken.m_iDeviceType = KTL_DEVICE_TYPE_Special;
+    broken.mTxPdo.mpdo.resize(1);
+    broken.mTxPdo.mpdo[0].Attributes.SM = 3;
+    int code = untouched;
+    const FileHandle stream = streamWith();
+    QVERIFY_EXCEPTION_THROWN(static_cast<void>(writeDevices(stream.get(), files, everything, &code)),
+                             std::out_of_range);
+    QCOMPARE(code, untouched);
+    broken.m_iDeviceType = KTL_DEVICE_TYPE_PnpIOBlock; // module PDOs are not looked at for this one
+    QVERIFY(writeDevices(stream.get(), files, everything, &code));
+    QCOMPARE(code, 1);
 }
 
 QTEST_GUILESS_MAIN(tst_WriteDevices)
