@@ -76,7 +76,7 @@ struct StartupRules
     bool assigns = false; ///< PDOs are assigned to sync managers
     bool configures = false; ///< entries are mapped into PDOs that are not fixed
     bool usesCompleteAccess = false; ///< mappings are sent in one piece, so there are no records for them
-    std::vector<std::uint8_t> syncManagers; ///< numbers of those that carry process data, in order
+    std::vector<std::uint8_t> syncManagers; ///< numbers of those that carry process data, virtual ones too, in order
 };
 
 StartupRules startupRulesOf(const struct_EtherCatDevice& device)

@@ -39,7 +39,7 @@ struct_KTL_Slots slotsHead(const DeviceSlots& deviceSlots)
 /// Slot positions of a preset.
 /// ODD, KEPT: the sum wraps at 256, and although it counts places for modules, the table that is this long is indexed
 /// by slot number. One would expect a record per slot, or one per place. The controller counts positions in a byte and
-/// looks a slot up by its number. Pinned by tst_SlotPreset::positionsWrap and tst_SlotPreset::lastModuleOfASlotCounts.
+/// looks a slot up by its number. Pinned by tst_SlotPreset::positionsWrap and tst_SlotPreset::twoSlotsOfTwoPlaces.
 std::uint8_t presetPositions(const std::vector<struct_Slot>& slots)
 {
     std::uint32_t positions = 0;
@@ -48,17 +48,20 @@ std::uint8_t presetPositions(const std::vector<struct_Slot>& slots)
     return static_cast<std::uint8_t>(positions);
 }
 
+/// ODD, KEPT: each module of a slot counts, while the slot's record keeps the ident of the last one only. One would
+/// expect as many idents as are counted; the controller holds the number against the modules that it finds. Pinned by
+/// tst_SlotPreset::lastModuleOfASlotCounts.
 void writePreset(std::FILE* out, const std::vector<struct_Slot>& slots)
 {
     std::vector<struct_KTL_Slot_PreModuleIdent> records(presetPositions(slots));
     std::uint8_t modules = 0; // wraps at 256 as the positions do
     for (const struct_Slot& slot : slots)
         for (const struct_slotmodule& placed : slot.slotmodule) {
-            const auto position = static_cast<std::size_t>(placed.Instances);
-            if (placed.Instances < 0 || position >= records.size())
+            const auto position = static_cast<std::size_t>(placed.Instances); // a negative one is beyond any end
+            if (position >= records.size())
                 continue;
             ++modules;
-            records[position].m_iModuleIdent = placed.module.TypeAttributes.ModuleIdent; // the last one of a slot stays
+            records[position].m_iModuleIdent = placed.module.TypeAttributes.ModuleIdent;
         }
     struct_KTL_Slots_Preconfig head{};
     head.m_iItemType = KTL_ITEM_SlotPreConfig;
