@@ -136,7 +136,7 @@ void addMapping(ItemWriter& item, const modulePdo& pdo)
 
 /// ODD, KEPT: every assignment has sub-index 1, also for a second PDO on a sync manager, where one would expect the
 /// next one. The controller numbers the PDOs of several modules itself. Pinned by
-/// tst_ModuleStartup::secondPdoOnASyncManager.
+/// tst_ModuleBlockStartup::secondPdoOnASyncManager.
 struct_KTL_moduleStartupOne assignmentRecord(std::uint8_t syncManager, const modulePdo& pdo)
 {
     constexpr std::uint16_t assignmentIndex = 0x1C10; // of sync manager 0
@@ -149,7 +149,7 @@ struct_KTL_moduleStartupOne assignmentRecord(std::uint8_t syncManager, const mod
 /// for complete access nor for entries; the records of a mapping ask for both of these and for no sync manager. So the
 /// item can be shorter or longer than it announces, or missing though it would have records. One would expect a count
 /// of what is written; the controller's modules have been proven with these counts. Pinned by
-/// tst_ModuleStartup::fewerRecordsThanAnnounced, moreRecordsThanAnnounced and nothingAnnounced.
+/// tst_ModuleBlockStartup::fewerRecordsThanAnnounced, moreRecordsThanAnnounced and nothingAnnounced.
 std::size_t announcedRecords(const StartupRules& rules, const struct_module& module)
 {
     constexpr std::size_t clearAndCount = 2; // around the entries of a mapping

@@ -140,11 +140,6 @@ void appendMapping(std::vector<Command>& commands, const Pdo& pdo, bool complete
         appendSingleMappings(commands, pdo, texts);
 }
 
-bool isProcessData(const struct_SM& syncManager)
-{
-    return syncManager.Smtype == KTL_Outputs || syncManager.Smtype == KTL_Inputs;
-}
-
 std::uint16_t assignObjectOf(const struct_SM& syncManager)
 {
     return static_cast<std::uint16_t>(firstAssignObject + syncManager.SM);
@@ -154,7 +149,7 @@ std::uint16_t assignObjectOf(const struct_SM& syncManager)
 void appendClearedAssignments(struct_EtherCatDevice& device)
 {
     for (const struct_SM& syncManager : device.vSM)
-        if (isProcessData(syncManager) && syncManager.Attributes.m_Virtual == 0)
+        if (carriesProcessData(syncManager.Smtype) && syncManager.Attributes.m_Virtual == 0)
             device.Mailbox.COE.InitCmd.vinitcmd.push_back(plainCommand<struct_InitCmd>(
                 assignObjectOf(syncManager), 0, 1, 0, DataText::WithBlank, deviceMappingTexts.clear));
 }
@@ -238,7 +233,7 @@ void appendSingleAssignments(struct_EtherCatDevice& device, const struct_SM& syn
 void appendAssignments(struct_EtherCatDevice& device, bool assignsVirtual)
 {
     for (const struct_SM& syncManager : device.vSM) {
-        if (!isProcessData(syncManager) || (syncManager.Attributes.m_Virtual != 0 && !assignsVirtual))
+        if (!carriesProcessData(syncManager.Smtype) || (syncManager.Attributes.m_Virtual != 0 && !assignsVirtual))
             continue;
         if (device.Mailbox.COE.Attributes.CompleteAccess)
             device.mMailbox.COE.vinitcmd.push_back(wholeAssignment(device, syncManager));

@@ -77,7 +77,7 @@ const std::vector<struct_moduleEntry> oneEntry{entryOf(0x7000, 1, 8)};
 
 } // namespace
 
-class tst_ModuleStartup : public QObject
+class tst_ModuleBlockStartup : public QObject
 {
     Q_OBJECT
 
@@ -105,7 +105,7 @@ private slots:
     void nextModuleFollowsAtOnce();
 };
 
-void tst_ModuleStartup::noRecordNoItem()
+void tst_ModuleBlockStartup::noRecordNoItem()
 {
     struct_module module;
     QCOMPARE(startupWritten(deviceOf(true, true), module), QByteArray());
@@ -114,7 +114,7 @@ void tst_ModuleStartup::noRecordNoItem()
     QCOMPARE(startupWritten(deviceOf(false, false), module), QByteArray());
 }
 
-void tst_ModuleStartup::declaredCommand()
+void tst_ModuleBlockStartup::declaredCommand()
 {
     struct_moduleInitCmd command = commandOf(0x8010);
     command.indexAttributes.DependOnSlot = true;
@@ -146,7 +146,7 @@ void tst_ModuleStartup::declaredCommand()
                    "00 00 00 00  20 80 00 00  00 00 00 00  00 00 00 00"));
 }
 
-void tst_ModuleStartup::assignment()
+void tst_ModuleBlockStartup::assignment()
 {
     struct_module module;
     module.RxPdo.vpdo = {pdoOf(0x1605, 2, {})};
@@ -155,7 +155,7 @@ void tst_ModuleStartup::assignment()
                                                                   "00 00 01 00  05 16 00 00")); // sub-index 1, 0x1605
 }
 
-void tst_ModuleStartup::mapping()
+void tst_ModuleBlockStartup::mapping()
 {
     struct_module module;
     module.TxPdo.vpdo = {pdoOf(0x1A02, 3, {entryOf(0x6000, 0x11, 16), entryOf(0, 0, 4)})};
@@ -167,7 +167,7 @@ void tst_ModuleStartup::mapping()
                    "01 00 00 01  02 1A 00 00  00 00 00 00  02 00 00 00")); // two entries
 }
 
-void tst_ModuleStartup::flags_data()
+void tst_ModuleBlockStartup::flags_data()
 {
     QTest::addColumn<bool>("assigns");
     QTest::addColumn<bool>("configures");
@@ -181,7 +181,7 @@ void tst_ModuleStartup::flags_data()
     QTest::addRow("both") << true << true << head(5) + mapped + command + assigned;
 }
 
-void tst_ModuleStartup::flags()
+void tst_ModuleBlockStartup::flags()
 {
     QFETCH(bool, assigns);
     QFETCH(bool, configures);
@@ -199,7 +199,7 @@ void tst_ModuleStartup::flags()
 }
 
 /// Mappings by direction, commands, and assignments by sync manager in the order of the device, in it by direction.
-void tst_ModuleStartup::orderOfRecords()
+void tst_ModuleBlockStartup::orderOfRecords()
 {
     struct_EtherCatDevice device = deviceOf(true, true);
     std::swap(device.vSM[2], device.vSM[3]); // now the one of number 3 stands first
@@ -216,7 +216,7 @@ void tst_ModuleStartup::orderOfRecords()
                                                  + record(2, 0x1C12, 1, 0x1602) + record(2, 0x1C12, 1, 0x1A00));
 }
 
-void tst_ModuleStartup::secondPdoOnASyncManager()
+void tst_ModuleBlockStartup::secondPdoOnASyncManager()
 {
     struct_module module;
     module.TxPdo.vpdo = {pdoOf(0x1A00, 3, {}), pdoOf(0x1A01, 3, {})};
@@ -224,7 +224,7 @@ void tst_ModuleStartup::secondPdoOnASyncManager()
              head(2) + record(2, 0x1C13, 1, 0x1A00) + record(2, 0x1C13, 1, 0x1A01));
 }
 
-void tst_ModuleStartup::syncManagerOfAPdo_data()
+void tst_ModuleBlockStartup::syncManagerOfAPdo_data()
 {
     QTest::addColumn<int>("pdoOn");
     QTest::addColumn<int>("type"); // of each of the device's three sync managers
@@ -242,7 +242,7 @@ void tst_ModuleStartup::syncManagerOfAPdo_data()
     QTest::addRow("low 8 bits are not enough") << 257 << 3 << false;
 }
 
-void tst_ModuleStartup::syncManagerOfAPdo()
+void tst_ModuleBlockStartup::syncManagerOfAPdo()
 {
     QFETCH(int, pdoOn);
     QFETCH(int, type);
@@ -257,7 +257,7 @@ void tst_ModuleStartup::syncManagerOfAPdo()
 }
 
 /// The number that a sync manager has counts, not its place; one number twice counts twice.
-void tst_ModuleStartup::numberOfASyncManager()
+void tst_ModuleBlockStartup::numberOfASyncManager()
 {
     struct_EtherCatDevice device = deviceOf(true, true, {3, 4});
     device.vSM[0].SM = 255;
@@ -267,7 +267,7 @@ void tst_ModuleStartup::numberOfASyncManager()
     QCOMPARE(startupWritten(device, module), head(2) + record(2, 0x1D0F, 1, 0x1600) + record(2, 0x1D0F, 1, 0x1600));
 }
 
-void tst_ModuleStartup::fixedPdoIsNotMapped()
+void tst_ModuleBlockStartup::fixedPdoIsNotMapped()
 {
     struct_module module;
     module.RxPdo.vpdo = {fixed(pdoOf(0x1600, 2, oneEntry))};
@@ -276,7 +276,7 @@ void tst_ModuleStartup::fixedPdoIsNotMapped()
 }
 
 /// The running number of an entry keeps its low 8 bits; the count is whole.
-void tst_ModuleStartup::longMappings()
+void tst_ModuleBlockStartup::longMappings()
 {
     struct_module module;
     module.RxPdo.vpdo = {pdoOf(0x1600, 2, std::vector<struct_moduleEntry>(300, entryOf(0x7000, 1, 8)))};
@@ -287,7 +287,7 @@ void tst_ModuleStartup::longMappings()
              head(302) + record(1, 0x1600, 0, 0) + mappings + record(1, 0x1600, 0, 300));
 }
 
-void tst_ModuleStartup::valueOfAMapping_data()
+void tst_ModuleBlockStartup::valueOfAMapping_data()
 {
     QTest::addColumn<int>("index");
     QTest::addColumn<int>("subIndex");
@@ -300,7 +300,7 @@ void tst_ModuleStartup::valueOfAMapping_data()
     QTest::addRow("negative length") << 0x7000 << 1 << -1 << 0x700000FFU;
 }
 
-void tst_ModuleStartup::valueOfAMapping()
+void tst_ModuleBlockStartup::valueOfAMapping()
 {
     QFETCH(int, index);
     QFETCH(int, subIndex);
@@ -313,7 +313,7 @@ void tst_ModuleStartup::valueOfAMapping()
              head(3) + record(1, 0x1600, 0, 0) + record(4, 0x1600, 1, value) + record(1, 0x1600, 0, 1));
 }
 
-void tst_ModuleStartup::fewerRecordsThanAnnounced_data()
+void tst_ModuleBlockStartup::fewerRecordsThanAnnounced_data()
 {
     QTest::addColumn<bool>("usesCompleteAccess");
     QTest::addColumn<int>("entries");
@@ -324,7 +324,7 @@ void tst_ModuleStartup::fewerRecordsThanAnnounced_data()
 }
 
 /// A PDO that is counted and has no records of its mapping: nothing stands in their place.
-void tst_ModuleStartup::fewerRecordsThanAnnounced()
+void tst_ModuleBlockStartup::fewerRecordsThanAnnounced()
 {
     QFETCH(bool, usesCompleteAccess);
     QFETCH(int, entries);
@@ -337,7 +337,7 @@ void tst_ModuleStartup::fewerRecordsThanAnnounced()
     QCOMPARE(startupWritten(device, module), head(announced) + commandRecord(0x8000) + record(2, 0x1C12, 1, 0x1600));
 }
 
-void tst_ModuleStartup::moreRecordsThanAnnounced_data()
+void tst_ModuleBlockStartup::moreRecordsThanAnnounced_data()
 {
     QTest::addColumn<int>("pdoOn");
     QTest::addRow("no sync manager") << -1;
@@ -346,7 +346,7 @@ void tst_ModuleStartup::moreRecordsThanAnnounced_data()
 }
 
 /// A PDO that is not counted and has records of its mapping: the item ends behind them, later than announced.
-void tst_ModuleStartup::moreRecordsThanAnnounced()
+void tst_ModuleBlockStartup::moreRecordsThanAnnounced()
 {
     QFETCH(int, pdoOn);
     struct_module module;
@@ -356,7 +356,7 @@ void tst_ModuleStartup::moreRecordsThanAnnounced()
 }
 
 /// Where nothing is counted there is no item, though the mapping would have records.
-void tst_ModuleStartup::nothingAnnounced()
+void tst_ModuleBlockStartup::nothingAnnounced()
 {
     struct_module module;
     module.RxPdo.vpdo = {pdoOf(0x1600, -1, oneEntry)};
@@ -364,7 +364,7 @@ void tst_ModuleStartup::nothingAnnounced()
 }
 
 /// No fill stands behind an item that is shorter than announced.
-void tst_ModuleStartup::nextModuleFollowsAtOnce()
+void tst_ModuleBlockStartup::nextModuleFollowsAtOnce()
 {
     struct_EtherCatDevice device = deviceOf(false, true);
     device.Mailbox.COE.Attributes.CompleteAccess = true;
@@ -374,5 +374,5 @@ void tst_ModuleStartup::nextModuleFollowsAtOnce()
              head(2) + bytes("4D 9C 00 00  14 00 00 00  02 00 00 00  00 00 00 00  00 00 00 00"));
 }
 
-QTEST_GUILESS_MAIN(tst_ModuleStartup)
-#include "tst_ModuleStartup.moc"
+QTEST_GUILESS_MAIN(tst_ModuleBlockStartup)
+#include "tst_ModuleBlockStartup.moc"
