@@ -1,0 +1,460 @@
+// Default modules in the slots, the axes they make, and the look-up of a module by its ident.
+#include "esi/startupBuilders.h"
+
+#include <QtTest>
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
+class tst_SlotModuleDefaults : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    static void placing_data();
+    static void placing();
+    static void standingModuleIsAsDeclared();
+    static void whatTheDeviceGets();
+    static void movedByGroup();
+    static void emptyTypeName();
+    static void types_data();
+    static void types();
+    static void typeChangesDuringThePass_data();
+    static void typeChangesDuringThePass();
+    static void axesInSixteenBits();
+    static void sameIdentTwice();
+    static void manySlots();
+    static void slotNumberInSixteenBits();
+    static void manyModules();
+    static void secondRunAppendsAgain();
+    static void everyDeviceOfTheFile();
+    static void nullPointer();
+    static void lookUp();
+    static void lookUpFirstOfSeveral();
+    static void lookUpKeepsNames_data();
+    static void lookUpKeepsNames();
+    static void lookUpFails();
+};
+
+namespace {
+
+constexpr std::uint16_t special = 4;
+constexpr std::uint32_t drive = 402; // profile
+
+/// A slot in words: its `MaxInstances`, then the idents it takes; "*7" is a default.
+struct_Slot slotFrom(const QString& text)
+{
+    QStringList words = text.split(' ');
+    struct_Slot slot;
+    slot.Attributes.MaxInstances = words.takeFirst().toUInt();
+    for (const QString& word : words) {
+        struct_ModuleIdent ident;
+        ident.Attributes.Default = word.startsWith('*') ? 1 : 0;
+        ident.ModuleIdent = word.mid(word.startsWith('*') ? 1 : 0).toUInt();
+        slot.ModuleIdent.push_back(ident);
+    }
+    return slot;
+}
+
+struct_EtherCatDevice deviceWithSlots(const QStringList& slotList, std::uint16_t deviceType = special)
+{
+    struct_EtherCatDevice device;
+    device.m_iDeviceType = deviceType;
+    for (const QString& slot : slotList)
+        device.Slots.vslot.push_back(slotFrom(slot));
+    return device;
+}
+
+/// A file with this device and modules "A" to "D" with idents 1 to 4, of no profile but for "D", a drive. Module "A"
+/// has an output PDO 1600 that moves with its slot.
+struct_FilenameDevice fileWith(const struct_EtherCatDevice& device)
+{
+    struct_FilenameDevice file;
+    file.device = {device};
+    file.vcommentmodule.resize(2);
+    file.vcommentmodule[0].vmodule = {moduleFrom(1, "A", "1600 7000:1:16"), moduleFrom(2, "B")};
+    file.vcommentmodule[0].vmodule[0].RxPdo.vpdo[0].indexAttributes.DependOnSlot = true;
+    file.vcommentmodule[1].vmodule = {moduleFrom(3, "C"), moduleFrom(4, "D")};
+    file.vcommentmodule[1].vmodule[1].m_profileNO = drive;
+    return file;
+}
+
+struct_EtherCatDevice withModules(const struct_EtherCatDevice& device)
+{
+    struct_FilenameDevice file = fileWith(device);
+    device_slotmodule_defalutset(&file);
+    return file.device.at(0);
+}
+
+/// What stands in each slot: "A0 B0" are modules A and B with the slot number 0.
+QStringList standingIn(const struct_EtherCatDevice& device)
+{
+    QStringList found;
+    for (const struct_Slot& slot : device.Slots.vslot) {
+        QStringList modules;
+        for (const struct_slotmodule& standing : slot.slotmodule)
+            modules << QString::fromStdString(standing.module.Name) + QString::number(standing.Instances);
+        found << modules.join(' ');
+    }
+    return found;
+}
+
+} // namespace
+
+void tst_SlotModuleDefaults::placing_data()
+{
+    QTest::addColumn<QStringList>("slotList");
+    QTest::addColumn<QStringList>("expected");
+    QTest::addRow("a default") << QStringList{"1 *1"} << QStringList{"A0"};
+    QTest::addRow("a choice for the user") << QStringList{"1 1"} << QStringList{""};
+    QTest::addRow("the default among choices") << QStringList{"1 1 *2 3"} << QStringList{"B0"};
+    QTest::addRow("several defaults, in their order") << QStringList{"1 *3 2 *1"} << QStringList{"C0 A0"};
+    QTest::addRow("the same default twice") << QStringList{"1 *2 *2"} << QStringList{"B0 B0"};
+    QTest::addRow("more defaults than places") << QStringList{"1 *1 *2 *3"} << QStringList{"A0 B0 C0"};
+    QTest::addRow("several places: one module each default all the same") << QStringList{"4 *1"} << QStringList{"A0"};
+    QTest::addRow("no place") << QStringList{"0 *1"} << QStringList{""};
+    QTest::addRow("no such module") << QStringList{"1 *9"} << QStringList{""};
+    QTest::addRow("no such module, then one that is there") << QStringList{"1 *9 *2"} << QStringList{"B0"};
+    QTest::addRow("no idents") << QStringList{"1"} << QStringList{""};
+    QTest::addRow("the number counts slots, empty or not")
+        << QStringList{"1", "1 2", "0 *1", "1 *9", "1 *1"} << QStringList{"", "", "", "", "A4"};
+    QTest::addRow("the number counts slots, not places")
+        << QStringList{"3 *1", "2 *2 *1", "1 *3"} << QStringList{"A0", "B1 A1", "C2"};
+    QTest::addRow("no slots") << QStringList{} << QStringList{};
+}
+
+void tst_SlotModuleDefaults::placing()
+{
+    QFETCH(QStringList, slotList);
+    QFETCH(QStringList, expected);
+    QCOMPARE(standingIn(withModules(deviceWithSlots(slotList))), expected);
+}
+
+void tst_SlotModuleDefaults::standingModuleIsAsDeclared()
+{
+    struct_EtherCatDevice device = deviceWithSlots({"1", "1 *1"});
+    device.Slots.Attributes.SlotPdoIncrement = 0x10;
+    device = withModules(device);
+    const struct_module& standing = device.Slots.vslot[1].slotmodule.at(0).module;
+    QCOMPARE(standing.TypeAttributes.ModuleIdent, 1U);
+    QCOMPARE(int{standing.RxPdo.vpdo.at(0).indexAttributes.index}, 0x1600);
+    QCOMPARE(standing.RxPdo.vpdo.at(0).Instances, 0);
+    QCOMPARE(int{device.mRxPdo.mpdo.at(0).indexAttributes.index}, 0x1610);
+    QCOMPARE(device.mRxPdo.mpdo.at(0).Instances, 1);
+}
+
+void tst_SlotModuleDefaults::whatTheDeviceGets()
+{
+    struct_EtherCatDevice device = deviceWithSlots({"1 *1", "1 *1"});
+    device.Slots.Attributes.SlotPdoIncrement = 0x10;
+    device.Slots.Attributes.SlotIndexIncrement = 0x100;
+    struct_FilenameDevice file = fileWith(device);
+    struct_module& module = file.vcommentmodule[0].vmodule[0];
+    module.TxPdo.vpdo = {pdoFrom<modulePdo>("1a00 6000:1:16")};
+    module.TxPdo.vpdo[0].vEntry[0].indexAttributes.DependOnSlot = true;
+    module.Mailbox.COE.vinitcmd = {declaredModuleCommand("fixed"), declaredModuleCommand("moved")};
+    module.Mailbox.COE.vinitcmd[1].indexAttributes.DependOnSlot = true;
+    module.Dictionary.vobject.resize(2);
+    module.Dictionary.vdatatype.resize(3);
+    device_slotmodule_defalutset(&file);
+    device = file.device[0];
+
+    QCOMPARE(device.mRxPdo.mpdo.size(), std::size_t{2});
+    QCOMPARE(int{device.mRxPdo.mpdo[1].indexAttributes.index}, 0x1610);
+    QCOMPARE(int{device.mRxPdo.mpdo[1].vEntry[0].indexAttributes.index}, 0x7000);
+    QCOMPARE(device.mTxPdo.mpdo.size(), std::size_t{2});
+    QCOMPARE(int{device.mTxPdo.mpdo[1].indexAttributes.index}, 0x1A00);
+    QCOMPARE(int{device.mTxPdo.mpdo[1].vEntry[0].indexAttributes.index}, 0x6100);
+    QCOMPARE(moduleLines(device),
+             (QStringList{"IP 8000:0 0B 0 '' fixed", "slotwise IP 8000:0 0B 0 '' moved",
+                          "[slot 1] IP 8000:0 0B 0 '' fixed", "[slot 1] slotwise IP 8100:0 0B 0 '' moved"}));
+    QCOMPARE(device.mDictionary.mobject.size(), std::size_t{4});
+    QCOMPARE(device.mDictionary.mdatatype.size(), std::size_t{6});
+}
+
+void tst_SlotModuleDefaults::movedByGroup()
+{
+    struct_EtherCatDevice device = deviceWithSlots({"1", "1 *1"});
+    device.Slots.Attributes.m_MaxSlotGroupCount = 3;
+    device.Slots.vslot[1].Attributes.m_SlotGroup = 2;
+    device.Slots.vslot[1].Attributes.m_SlotGroupPdoIncrement = 0x40;
+    struct_FilenameDevice file = fileWith(device);
+    ModulePdoIndex& index = file.vcommentmodule[0].vmodule[0].RxPdo.vpdo[0].indexAttributes;
+    index.DependOnSlot = false;
+    index.DependOnSlotGroup = true;
+    device_slotmodule_defalutset(&file);
+    QCOMPARE(int{file.device[0].mRxPdo.mpdo.at(0).indexAttributes.index}, 0x1680);
+    QCOMPARE(file.device[0].mRxPdo.mpdo.at(0).Instances, 1); // the slot, not the group
+}
+
+void tst_SlotModuleDefaults::emptyTypeName()
+{
+    const struct_EtherCatDevice device = withModules(deviceWithSlots({"1 *1"}));
+    const struct_module& standing = device.Slots.vslot[0].slotmodule.at(0).module;
+    QCOMPARE(standing.TypeAttributes.Name, std::string());
+    QCOMPARE(standing.TypeAttributes.ModuleClass, std::string());
+    QCOMPARE(standing.Name, std::string("A"));
+}
+
+void tst_SlotModuleDefaults::types_data()
+{
+    QTest::addColumn<int>("deviceType");
+    QTest::addColumn<QStringList>("expected");
+    QTest::addColumn<int>("axes"); // 7 before
+    QTest::addRow("I/O block: passed over") << 0 << QStringList{"", ""} << 7;
+    QTest::addRow("single drive: passed over") << 1 << QStringList{"", ""} << 7;
+    QTest::addRow("multi-axis drive: its modules are counted") << 2 << QStringList{"A0", "B1"} << 2;
+    QTest::addRow("coupler that finds its modules: none counts") << 3 << QStringList{"A0", "B1"} << 0;
+    QTest::addRow("special device keeps its axes") << 4 << QStringList{"A0", "B1"} << 7;
+    QTest::addRow("coupler set by hand keeps its axes") << 5 << QStringList{"A0", "B1"} << 7;
+    QTest::addRow("number without a name keeps its axes") << 6 << QStringList{"A0", "B1"} << 7;
+}
+
+void tst_SlotModuleDefaults::types()
+{
+    QFETCH(int, deviceType);
+    QFETCH(QStringList, expected);
+    QFETCH(int, axes);
+    struct_EtherCatDevice device = deviceWithSlots({"1 *1", "1 *2"}, static_cast<std::uint16_t>(deviceType));
+    device.m_iDriveAxies = 7;
+    device = withModules(device);
+    QCOMPARE(standingIn(device), expected);
+    QCOMPARE(int{device.m_iDeviceType}, deviceType);
+    QCOMPARE(int{device.m_iDriveAxies}, axes);
+    QCOMPARE(device.mRxPdo.mpdo.size(), std::size_t{deviceType > 1 ? 1U : 0U});
+}
+
+void tst_SlotModuleDefaults::typeChangesDuringThePass_data()
+{
+    QTest::addColumn<int>("deviceType");
+    QTest::addColumn<QStringList>("slotList"); // module 4 is a drive, the others are not
+    QTest::addColumn<int>("typeAfter");
+    QTest::addColumn<int>("axes"); // 7 before
+    QTest::addRow("single drive: passed over, a drive module or not") << 1 << QStringList{"1 *4"} << 1 << 7;
+    QTest::addRow("I/O block: passed over, a drive module or not") << 0 << QStringList{"1 *4"} << 0 << 7;
+    QTest::addRow("multi-axis drive: every module is an axis") << 2 << QStringList{"1 *4", "1 *1", "1 *4"} << 2 << 3;
+    QTest::addRow("multi-axis drive without modules") << 2 << QStringList{"1", "1 4", "0 *4", "1 *9"} << 2 << 0;
+    QTest::addRow("multi-axis drive without slots") << 2 << QStringList{} << 2 << 0;
+    QTest::addRow("coupler without slots") << 3 << QStringList{} << 3 << 0;
+    QTest::addRow("coupler with a drive module: counts from 0") << 3 << QStringList{"1 *4"} << 2 << 1;
+    QTest::addRow("modules ahead of the drive do not count") << 3 << QStringList{"1 *1", "1 *2", "1 *4"} << 2 << 1;
+    QTest::addRow("modules behind the drive count") << 3 << QStringList{"1 *4", "1 *1", "1 *2"} << 2 << 3;
+    QTest::addRow("modules behind the drive in the same slot count") << 3 << QStringList{"1 *1 *4 *2"} << 2 << 2;
+    QTest::addRow("a drive module for the user to choose changes nothing") << 3 << QStringList{"1 4 *1"} << 3 << 0;
+    QTest::addRow("a drive module in a slot without places changes nothing")
+        << 3 << QStringList{"0 *4", "1 *1"} << 3 << 0;
+    QTest::addRow("special device: the count goes on from what it was")
+        << 4 << QStringList{"1 *1", "1 *4", "1 *1"} << 2 << 9;
+    QTest::addRow("coupler set by hand: the count goes on from what it was") << 5 << QStringList{"1 *4"} << 2 << 8;
+    QTest::addRow("special device without a drive module") << 4 << QStringList{"1 *1", "1 *2"} << 4 << 7;
+}
+
+void tst_SlotModuleDefaults::typeChangesDuringThePass()
+{
+    QFETCH(int, deviceType);
+    QFETCH(QStringList, slotList);
+    QFETCH(int, typeAfter);
+    QFETCH(int, axes);
+    struct_EtherCatDevice device = deviceWithSlots(slotList, static_cast<std::uint16_t>(deviceType));
+    device.m_iDriveAxies = 7;
+    device = withModules(device);
+    QCOMPARE(int{device.m_iDeviceType}, typeAfter);
+    QCOMPARE(int{device.m_iDriveAxies}, axes);
+}
+
+void tst_SlotModuleDefaults::axesInSixteenBits()
+{
+    struct_EtherCatDevice device = deviceWithSlots({"1 *4"});
+    device.m_iDriveAxies = 65535;
+    QCOMPARE(int{withModules(device).m_iDriveAxies}, 0);
+}
+
+void tst_SlotModuleDefaults::sameIdentTwice()
+{
+    struct_FilenameDevice file = fileWith(deviceWithSlots({"1 *1", "1 *3"}));
+    file.vcommentmodule[1].vmodule.insert(file.vcommentmodule[1].vmodule.begin(), moduleFrom(1, "later group"));
+    file.vcommentmodule[1].vmodule.push_back(moduleFrom(3, "later in its group"));
+    device_slotmodule_defalutset(&file);
+    QCOMPARE(standingIn(file.device[0]), (QStringList{"A0", "C1"}));
+    QCOMPARE(file.device[0].mRxPdo.mpdo.size(), std::size_t{1});
+}
+
+void tst_SlotModuleDefaults::manySlots()
+{
+    QStringList slotList;
+    for (int number = 0; number < 300; ++number)
+        slotList << "1 *1";
+    struct_EtherCatDevice device = deviceWithSlots(slotList);
+    device.Slots.Attributes.SlotPdoIncrement = 0x100;
+    device = withModules(device);
+    QCOMPARE(device.mRxPdo.mpdo.size(), std::size_t{300});
+    QCOMPARE(device.mRxPdo.mpdo[299].Instances, 299);
+    QCOMPARE(device.Slots.vslot[299].slotmodule.at(0).Instances, 299);
+    // 233 slots lead to 1600 + e900 = ff00, one more wraps to 0. 299 * 100 = 12b00, and 1600 + 2b00 = 4100.
+    QCOMPARE(int{device.mRxPdo.mpdo[233].indexAttributes.index}, 0xFF00);
+    QCOMPARE(int{device.mRxPdo.mpdo[234].indexAttributes.index}, 0);
+    QCOMPARE(int{device.mRxPdo.mpdo[299].indexAttributes.index}, 0x4100);
+}
+
+void tst_SlotModuleDefaults::slotNumberInSixteenBits()
+{
+    struct_EtherCatDevice device;
+    device.m_iDeviceType = special;
+    device.Slots.Attributes.SlotPdoIncrement = 0x10;
+    device.Slots.vslot.resize(65538);
+    device.Slots.vslot[65535] = slotFrom("1 *1");
+    device.Slots.vslot[65537] = slotFrom("1 *1");
+    device = withModules(device);
+    QCOMPARE(device.mRxPdo.mpdo.size(), std::size_t{2});
+    QCOMPARE(device.mRxPdo.mpdo[0].Instances, 65535);
+    QCOMPARE(device.mRxPdo.mpdo[1].Instances, 1);
+    QCOMPARE(device.Slots.vslot[65537].slotmodule.at(0).Instances, 1);
+    QCOMPARE(int{device.mRxPdo.mpdo[1].indexAttributes.index}, 0x1610);
+}
+
+void tst_SlotModuleDefaults::manyModules()
+{
+    struct_FilenameDevice file = fileWith(deviceWithSlots({"1 *1000", "1 *1499", "1 *1999", "1 *2000"}));
+    for (std::uint32_t ident = 1000; ident < 2000; ++ident)
+        file.vcommentmodule[ident < 1500 ? 0 : 1].vmodule.push_back(
+            moduleFrom(ident, ("M" + std::to_string(ident) + "@").c_str()));
+    device_slotmodule_defalutset(&file);
+    QCOMPARE(standingIn(file.device[0]), (QStringList{"M1000@0", "M1499@1", "M1999@2", ""}));
+}
+
+void tst_SlotModuleDefaults::secondRunAppendsAgain()
+{
+    struct_FilenameDevice file = fileWith(deviceWithSlots({"1 *1"}));
+    device_slotmodule_defalutset(&file);
+    device_slotmodule_defalutset(&file);
+    QCOMPARE(standingIn(file.device[0]), QStringList{"A0 A0"});
+    QCOMPARE(file.device[0].mRxPdo.mpdo.size(), std::size_t{2});
+}
+
+void tst_SlotModuleDefaults::everyDeviceOfTheFile()
+{
+    // A device that is passed over, one that becomes a drive, and one that does not although the one before did.
+    struct_FilenameDevice file = fileWith(deviceWithSlots({"1 *4"}, 0));
+    file.device.push_back(deviceWithSlots({"1", "1 *4"}));
+    file.device.push_back(deviceWithSlots({"1 *1"}));
+    device_slotmodule_defalutset(&file);
+    QCOMPARE(standingIn(file.device[0]), QStringList{""});
+    QCOMPARE(standingIn(file.device[1]), (QStringList{"", "D1"}));
+    QCOMPARE(standingIn(file.device[2]), QStringList{"A0"});
+    QCOMPARE(int{file.device[1].m_iDeviceType}, 2);
+    QCOMPARE(int{file.device[2].m_iDeviceType}, int{special});
+}
+
+void tst_SlotModuleDefaults::nullPointer()
+{
+    device_slotmodule_defalutset(nullptr); // must come back
+    struct_FilenameDevice empty;
+    device_slotmodule_defalutset(&empty);
+    QVERIFY(empty.device.empty());
+}
+
+void tst_SlotModuleDefaults::lookUp()
+{
+    struct_FilenameDevice file;
+    file.vcommentmodule.resize(1);
+    struct_module module = moduleFrom(7, "name", "1600 7000:1:16");
+    module.TypeAttributes.Name = "type";
+    module.TypeAttributes.ModuleClass = "class";
+    module.TypeAttributes.ModulePdoGroup = 3;
+    module.TypeAttributes.SRA_ParamterSupported = true;
+    module.TxPdo.vpdo = {pdoFrom<modulePdo>("1a00"), pdoFrom<modulePdo>("1a01")};
+    module.Mailbox.COE.vinitcmd = {declaredModuleCommand("declared")};
+    module.Dictionary.vdatatype.resize(3);
+    module.Dictionary.vobject.resize(4);
+    module.m_profileNO = drive;
+    file.vcommentmodule[0].vmodule = {module};
+
+    // What was there before is gone, lists too.
+    struct_module found = moduleFrom(1, "before", "1fff");
+    found.RxPdo.vpdo.resize(9);
+    found.Dictionary.vobject.resize(9);
+    QVERIFY(device_getmodule_byModuleIdent(&file, 7, &found));
+    QCOMPARE(
+        QString::fromStdString(found.Name + ' ' + found.TypeAttributes.Name + ' ' + found.TypeAttributes.ModuleClass),
+        QStringLiteral("name type class"));
+    QCOMPARE(found.TypeAttributes.ModuleIdent, 7U);
+    QCOMPARE(found.TypeAttributes.ModulePdoGroup, 3);
+    QVERIFY(found.TypeAttributes.SRA_ParamterSupported);
+    QCOMPARE(found.m_profileNO, drive);
+    QCOMPARE(found.RxPdo.vpdo.size(), std::size_t{1});
+    QCOMPARE(int{found.RxPdo.vpdo[0].indexAttributes.index}, 0x1600);
+    QCOMPARE(found.TxPdo.vpdo.size(), std::size_t{2});
+    QCOMPARE(linesOf(found.Mailbox.COE.vinitcmd), QStringList{"IP 8000:0 0B 0 '' declared"});
+    QCOMPARE(found.Dictionary.vdatatype.size(), std::size_t{3});
+    QCOMPARE(found.Dictionary.vobject.size(), std::size_t{4});
+    QCOMPARE(file.vcommentmodule[0].vmodule[0].TypeAttributes.Name, std::string("type"));
+}
+
+void tst_SlotModuleDefaults::lookUpFirstOfSeveral()
+{
+    struct_FilenameDevice file = fileWith({});
+    file.vcommentmodule[1].vmodule.push_back(moduleFrom(1, "later group"));
+    file.vcommentmodule[1].vmodule.push_back(moduleFrom(3, "later in its group"));
+    struct_module found;
+    QVERIFY(device_getmodule_byModuleIdent(&file, 1, &found));
+    QCOMPARE(found.Name, std::string("A"));
+    QVERIFY(device_getmodule_byModuleIdent(&file, 3, &found));
+    QCOMPARE(found.Name, std::string("C"));
+}
+
+void tst_SlotModuleDefaults::lookUpKeepsNames_data()
+{
+    QTest::addColumn<QString>("inFile"); // type name, class, name
+    QTest::addColumn<QString>("expected"); // where they were t0, c0, n0
+    QTest::addRow("all there") << "t,c,n"
+                               << "t,c,n";
+    QTest::addRow("an empty type name leaves the one that was there") << ",c,n"
+                                                                      << "t0,c,n";
+    QTest::addRow("an empty class leaves the one that was there") << "t,,n"
+                                                                  << "t,c0,n";
+    QTest::addRow("an empty name is copied") << "t,c,"
+                                             << "t,c,";
+    QTest::addRow("none there") << ",,"
+                                << "t0,c0,";
+}
+
+void tst_SlotModuleDefaults::lookUpKeepsNames()
+{
+    QFETCH(QString, inFile);
+    QFETCH(QString, expected);
+    const auto named = [](const QString& names) {
+        struct_module module;
+        module.TypeAttributes.Name = names.section(',', 0, 0).toStdString();
+        module.TypeAttributes.ModuleClass = names.section(',', 1, 1).toStdString();
+        module.Name = names.section(',', 2).toStdString();
+        return module;
+    };
+    struct_FilenameDevice file;
+    file.vcommentmodule.resize(1);
+    file.vcommentmodule[0].vmodule = {named(inFile)};
+    struct_module found = named("t0,c0,n0");
+    QVERIFY(device_getmodule_byModuleIdent(&file, 0, &found));
+    QCOMPARE(
+        QString::fromStdString(found.TypeAttributes.Name + ',' + found.TypeAttributes.ModuleClass + ',' + found.Name),
+        expected);
+}
+
+void tst_SlotModuleDefaults::lookUpFails()
+{
+    struct_FilenameDevice file = fileWith({});
+    struct_module before = moduleFrom(77, "before", "1fff");
+    before.TypeAttributes.Name = "type before";
+    QVERIFY(!device_getmodule_byModuleIdent(&file, 5, &before));
+    QVERIFY(!device_getmodule_byModuleIdent(nullptr, 1, &before));
+    QVERIFY(!device_getmodule_byModuleIdent(&file, 1, nullptr));
+    struct_FilenameDevice empty;
+    QVERIFY(!device_getmodule_byModuleIdent(&empty, 0, &before));
+    QCOMPARE(before.TypeAttributes.ModuleIdent, 77U);
+    QCOMPARE(before.Name, std::string("before"));
+    QCOMPARE(before.TypeAttributes.Name, std::string("type before"));
+    QCOMPARE(before.RxPdo.vpdo.size(), std::size_t{1});
+}
+
+QTEST_GUILESS_MAIN(tst_SlotModuleDefaults)
+#include "tst_SlotModuleDefaults.moc"
