@@ -244,3 +244,14 @@ inline struct_slotmodule standingModule(int place, struct_module module)
     standing.module = std::move(module);
     return standing;
 }
+
+/// Sizes of the five lists that modules fill: output PDOs, input PDOs, commands, objects, types.
+inline QString listSizes(const struct_EtherCatDevice& device)
+{
+    return QStringLiteral("%1 %2 %3 %4 %5")
+        .arg(device.mRxPdo.mpdo.size())
+        .arg(device.mTxPdo.mpdo.size())
+        .arg(device.mMailbox.COE.vinitcmd.size())
+        .arg(device.mDictionary.mobject.size())
+        .arg(device.mDictionary.mdatatype.size());
+}

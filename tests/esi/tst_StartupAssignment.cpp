@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <cstddef>
+#include <vector>
 
 class tst_StartupAssignment : public QObject
 {
@@ -228,11 +229,12 @@ void tst_StartupAssignment::manyPdos()
     QFETCH(int, pdoCount);
     QFETCH(int, lastSubIndex);
     QFETCH(QString, count);
-    const QStringList commands = moduleLines(withManyPdos("flags assign", pdoCount));
-    QCOMPARE(commands.size(), pdoCount + 1);
-    QCOMPARE(commands.at(pdoCount - 1),
+    const struct_EtherCatDevice device = withManyPdos("flags assign", pdoCount);
+    const std::vector<struct_moduleInitCmd>& commands = device.mMailbox.COE.vinitcmd;
+    QCOMPARE(commands.size(), static_cast<std::size_t>(pdoCount) + 1);
+    QCOMPARE(lineOf(commands[commands.size() - 2]),
              QStringLiteral("PS 1c12:%1 2B 1600 '0x1600' download pdo 0x1c12 index").arg(lastSubIndex));
-    QCOMPARE(commands.last(), QStringLiteral("PS 1c12:0 1B %1 '0x%1 ' download pdo 0x1c12  count").arg(count));
+    QCOMPARE(lineOf(commands.back()), QStringLiteral("PS 1c12:0 1B %1 '0x%1 ' download pdo 0x1c12  count").arg(count));
 }
 
 void tst_StartupAssignment::manyPdosAtOnce_data()

@@ -4,6 +4,8 @@
 #include <QtTest>
 
 #include <cstddef>
+#include <cstdint>
+#include <vector>
 
 class tst_StartupCommands : public QObject
 {
@@ -310,15 +312,20 @@ void tst_StartupCommands::manyEntries()
     QFETCH(int, lastSubIndex);
     QFETCH(QString, countText);
     const struct_EtherCatDevice device = withManyEntries("config", entryCount, ofModule);
-    const QStringList commands = ofModule ? moduleLines(device) : deviceLines(device);
     const QString word = ofModule ? "mpdo" : "pdo";
-    QCOMPARE(commands.size(), entryCount + 2);
-    QCOMPARE(
-        commands.at(entryCount),
-        QStringLiteral("PS 1600:%1 4B 70000008 '0x70000008' download %2 0x1600 entry").arg(lastSubIndex).arg(word));
-    const QString number = QString::number(countText.trimmed().mid(2).toUInt(nullptr, 16), 16);
-    QCOMPARE(commands.last(),
-             QStringLiteral("PS 1600:0 1B %1 '%2' download %3 0x1600 entry count").arg(number, countText, word));
+    const QString number = countText.trimmed() == "0x00" ? QStringLiteral("0") : countText.trimmed().mid(2);
+    const auto check = [&](const auto& commands) {
+        QCOMPARE(commands.size(), static_cast<std::size_t>(entryCount) + 2);
+        QCOMPARE(
+            lineOf(commands[commands.size() - 2]),
+            QStringLiteral("PS 1600:%1 4B 70000008 '0x70000008' download %2 0x1600 entry").arg(lastSubIndex).arg(word));
+        QCOMPARE(lineOf(commands.back()),
+                 QStringLiteral("PS 1600:0 1B %1 '%2' download %3 0x1600 entry count").arg(number, countText, word));
+    };
+    if (ofModule)
+        check(device.mMailbox.COE.vinitcmd);
+    else
+        check(device.Mailbox.COE.InitCmd.vinitcmd);
 }
 
 void tst_StartupCommands::manyEntriesAtOnce_data()

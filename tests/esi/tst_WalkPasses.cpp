@@ -1,0 +1,67 @@
+// The passes over a file that has been read, in their order: what one of them leaves is what the next one needs.
+#include "esi/readDocument.h"
+#include "esi/startupBuilders.h"
+
+#include <QtTest>
+
+#include <cstddef>
+#include <string>
+
+class tst_WalkPasses : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    static void modulesAreAxes();
+    static void oversampledPdo();
+    static void declaredCommands();
+};
+
+void tst_WalkPasses::modulesAreAxes()
+{
+    // Three slots, and a module in the first of them: one axis, and not the number of slots that was counted before.
+    const struct_FilenameDevice file =
+        readDescriptions("<Devices><Device><Profile><ProfileNo>402</ProfileNo></Profile><Slots><Slot MaxInstances='1'>"
+                         "<ModuleIdent Default='true'>0</ModuleIdent></Slot><Slot/><Slot/></Slots></Device></Devices>"
+                         "<Modules><Module><Type ModuleIdent='0'/></Module></Modules>");
+    const struct_EtherCatDevice& device = file.device.at(0);
+    QCOMPARE(device.Slots.vslot.at(0).slotmodule.size(), std::size_t{1});
+    QCOMPARE(int{device.m_iDeviceType}, 2);
+    QCOMPARE(int{device.m_iDriveAxies}, 1);
+}
+
+void tst_WalkPasses::oversampledPdo()
+{
+    // Each sample is mapped. The tenth and the eleventh are on no sync manager and are not assigned.
+    const struct_EtherCatDevice device =
+        readDevice("<Sm>Outputs</Sm><Mailbox><CoE PdoAssign='1' PdoConfig='1'/></Mailbox>"
+                   "<RxPdo Sm='0' OSFac='1' OSMin='1' OSMax='11' OSIndexInc='1'><Index>#x1600</Index></RxPdo>");
+    QStringList mapped{"PS 1c10:0 1B 0 '0x00 ' clear pdo 0x1c10 entry"};
+    QStringList assigned;
+    for (int sample = 0; sample < 11; ++sample) {
+        const QString index = QString::number(0x1600 + sample, 16);
+        mapped << QStringLiteral("PS %1:0 1B 0 '0x00 ' download pdo 0x%1 entries").arg(index);
+        if (sample < 9)
+            assigned << QStringLiteral("PS 1c10:%1 2B %2 '0x%2' download pdo 0x1c10 index").arg(sample + 1).arg(index);
+    }
+    assigned << "PS 1c10:0 1B 9 '0x9 ' download pdo 0x1c10  count";
+    QCOMPARE(deviceLines(device), mapped);
+    QCOMPARE(moduleLines(device), assigned);
+}
+
+void tst_WalkPasses::declaredCommands()
+{
+    const struct_EtherCatDevice device =
+        readDevice("<Sm>Outputs</Sm><Mailbox><CoE PdoAssign='1'><InitCmd><Transition>PS</Transition>"
+                   "<Index>#x8000</Index><SubIndex>1</SubIndex><Data>0100</Data><Comment>declared</Comment></InitCmd>"
+                   "</CoE><EoE IP='1'/></Mailbox><RxPdo Sm='0'><Index>#x1600</Index></RxPdo>");
+    QCOMPARE(deviceLines(device).size(), 2);
+    QCOMPARE(device.Mailbox.COE.InitCmd.vinitcmd[0].Comment, std::string("declared"));
+    QCOMPARE(deviceLines(device).at(1), QStringLiteral("PS 1c10:0 1B 0 '0x00 ' clear pdo 0x1c10 entry"));
+    QCOMPARE(eoeLines(device), QStringList{"IP_PS 0:0 1B 0 ' ' eoeinit"});
+    QCOMPARE(moduleLines(device), (QStringList{"PS 1c10:1 2B 1600 '0x1600' download pdo 0x1c10 index",
+                                               "PS 1c10:0 1B 1 '0x1 ' download pdo 0x1c10  count"}));
+}
+
+QTEST_GUILESS_MAIN(tst_WalkPasses)
+#include "tst_WalkPasses.moc"
