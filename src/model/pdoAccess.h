@@ -88,7 +88,10 @@ template<typename Entry> [[nodiscard]] std::uint32_t mappingValueOf(const Entry&
 }
 
 /// Whether a PDO is on a sync manager that exists in the description only. A PDO on none is not.
-/// @param syncManagers  those of the device; the PDO names one by the low 16 bits of its number
+/// ODD, KEPT: the number that the PDO names is a position here, in its low 16 bits, while a PDO is assigned to the sync
+/// manager that bears the number. One would expect one rule; in a file as it was read position and number agree, and
+/// only the look-up by position finds out that a sync manager is missing. Pinned by tst_StartupCommands::unmappedPdos.
+/// @param syncManagers  those of the device
 /// @throws std::out_of_range if the PDO names one that is not there
 template<typename Pdo>
 [[nodiscard]] bool isOnVirtualSyncManager(const Pdo& pdo, const std::vector<struct_SM>& syncManagers)

@@ -79,8 +79,12 @@ void fillSlots(struct_EtherCatDevice& device, const ModulesByIdent& modules)
     const std::uint16_t type = device.m_iDeviceType;
     if (type == KTL_DEVICE_TYPE_IOBlock || type == KTL_DEVICE_TYPE_SingleDriver)
         return;
+    // The modules are counted instead of the slots.
+    // ODD, KEPT: the other types keep the number that they came with, and a drive module in them counts on from there.
+    // One would expect that they start from 0 too, but what such a device came with are axes of its own. Pinned by
+    // tst_SlotModuleDefaults::typeChangesDuringThePass.
     if (type == KTL_DEVICE_TYPE_MultiDriver || type == KTL_DEVICE_TYPE_PnpIOBlock)
-        device.m_iDriveAxies = 0; // the modules are counted instead of the slots
+        device.m_iDriveAxies = 0;
     std::uint16_t slotNumber = 0;
     for (struct_Slot& slot : device.Slots.vslot)
         fillSlot(device, slot, slotNumber++, modules);

@@ -201,6 +201,9 @@ void forEachPdoOf(const struct_EtherCatDevice& device, const struct_SM& syncMana
 /// ODD, KEPT: PDOs of fixed content are left out here, while the single commands assign them. A slave that takes the
 /// whole object keeps its fixed PDOs by itself and refuses a list that names them. Pinned by
 /// tst_StartupAssignment::fixedPdos.
+/// ODD, KEPT: its comment speaks of the entries of a module's PDO, although it writes an assign object. One would
+/// expect words of its own, but lists of commands are compared by these texts. Pinned by
+/// tst_StartupAssignment::completeAccess.
 struct_moduleInitCmd wholeAssignment(const struct_EtherCatDevice& device, const struct_SM& syncManager)
 {
     std::vector<unsigned int> indexes;
@@ -225,7 +228,9 @@ void appendSingleAssignments(struct_EtherCatDevice& device, const struct_SM& syn
         commands.push_back(plainCommand<struct_moduleInitCmd>(assignObject, ++number, bytesOfIndex, index,
                                                               DataText::Bare, "download pdo 0x%1 index"));
     });
-    if (number > 0) // two blanks in the comment, as tools that list the commands know it
+    // ODD, KEPT: two blanks in the comment where one would expect one, since lists of commands are compared by these
+    // texts. Pinned by tst_StartupAssignment::singleCommands.
+    if (number > 0)
         commands.push_back(plainCommand<struct_moduleInitCmd>(assignObject, 0, 1, number, DataText::WithBlank,
                                                               "download pdo 0x%1  count"));
 }
