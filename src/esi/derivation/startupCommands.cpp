@@ -57,9 +57,9 @@ Command plainCommand(std::uint16_t index, std::size_t subIndex, std::uint16_t da
 /// One command that writes a whole object. The count that goes ahead of the values stands in the text only.
 template<typename Command>
 Command completeAccessCommand(std::uint16_t index, std::uint32_t count, std::uint16_t dataBytes,
-                              std::vector<unsigned int> values, const char* comment)
+                              std::vector<unsigned int>&& values, const char* comment)
 {
-    Command command = plainCommand<Command>(index, 0, dataBytes, 0, DataText::Bare, comment);
+    auto command = plainCommand<Command>(index, 0, dataBytes, 0, DataText::Bare, comment);
     command.bIfCA = 1;
     command.strData = textOf(count) + ' ';
     for (const unsigned int value : values)
@@ -220,12 +220,12 @@ struct_moduleInitCmd wholeAssignment(const struct_EtherCatDevice& device, const 
 /// Assigns the PDOs of a sync manager one by one and sets their count; nothing if there are none.
 void appendSingleAssignments(struct_EtherCatDevice& device, const struct_SM& syncManager)
 {
-    constexpr std::uint16_t bytesOfIndex = 2;
+    constexpr std::uint16_t bytesPerPdo = 2;
     const std::uint16_t assignObject = assignObjectOf(syncManager);
     std::vector<struct_moduleInitCmd>& commands = device.mMailbox.COE.vinitcmd;
     std::uint32_t number = 0;
-    forEachPdoOf(device, syncManager, [&](std::uint16_t index, bool /*isFixed*/) {
-        commands.push_back(plainCommand<struct_moduleInitCmd>(assignObject, ++number, bytesOfIndex, index,
+    forEachPdoOf(device, syncManager, [&](std::uint16_t assigned, bool /*isFixed*/) {
+        commands.push_back(plainCommand<struct_moduleInitCmd>(assignObject, ++number, bytesPerPdo, assigned,
                                                               DataText::Bare, "download pdo 0x%1 index"));
     });
     // ODD, KEPT: two blanks in the comment where one would expect one, since lists of commands are compared by these
