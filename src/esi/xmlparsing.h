@@ -37,6 +37,8 @@ void read_device_DataTypes(QDomElement* element, struct_EtherCatDevice* ether_de
 void read_device_Objects(QDomElement* element, struct_EtherCatDevice* ether_device); ///< objects of the dictionary
 void read_device_Slotsinfo(QDomElement* element, struct_EtherCatDevice* ether_device); ///< appends the slots
 void read_device_Module(QDomElement* element, struct_module* module); ///< one element of a run of modules
+void read_device_moduleDataTypes(QDomElement* element, struct_module* module); ///< as of a device, by the same rules
+void read_device_moduleObjects(QDomElement* element, struct_module* module); ///< as of a device, by the same rules
 
 // ---- Derivation passes over a loaded file, in the order of their calls. Each runs once per load and is not
 // idempotent. A null pointer changes nothing. ----

@@ -4,6 +4,7 @@
 #include <type_traits>
 
 using SectionReader = void (*)(QDomElement*, struct_EtherCatDevice*);
+using ModuleReader = void (*)(QDomElement*, struct_module*);
 using Pass = void (*)(struct_FilenameDevice*);
 
 static_assert(std::is_same_v<decltype(&read_xmldevice), bool (*)(const QString&)>);
@@ -18,7 +19,9 @@ static_assert(std::is_same_v<decltype(&read_device_TxPdoinfo), SectionReader>);
 static_assert(std::is_same_v<decltype(&read_device_DataTypes), SectionReader>);
 static_assert(std::is_same_v<decltype(&read_device_Objects), SectionReader>);
 static_assert(std::is_same_v<decltype(&read_device_Slotsinfo), SectionReader>);
-static_assert(std::is_same_v<decltype(&read_device_Module), void (*)(QDomElement*, struct_module*)>);
+static_assert(std::is_same_v<decltype(&read_device_Module), ModuleReader>);
+static_assert(std::is_same_v<decltype(&read_device_moduleDataTypes), ModuleReader>);
+static_assert(std::is_same_v<decltype(&read_device_moduleObjects), ModuleReader>);
 static_assert(std::is_same_v<decltype(&device_check_Slots), Pass>);
 static_assert(std::is_same_v<decltype(&device_pdo_defalutset), Pass>);
 static_assert(std::is_same_v<decltype(&device_slotmodule_defalutset), Pass>);
