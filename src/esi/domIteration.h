@@ -12,8 +12,9 @@
 /// Calls `visit(child, tag)` for each child of `parent` that is an element, in document order. `tag` is its local name.
 template<typename Visitor> void forEachChildElement(const QDomElement& parent, Visitor visit)
 {
-    for (QDomElement child = parent.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
-        visit(child, child.tagName());
+    for (QDomNode node = parent.firstChild(); !node.isNull(); node = node.nextSibling())
+        if (const QDomElement child = node.toElement(); !child.isNull())
+            visit(child, child.tagName());
 }
 
 /// Calls `visit(child)` for each child element of `parent` with the given local name, in document order.

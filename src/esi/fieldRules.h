@@ -25,10 +25,17 @@ template<typename Record> struct ElementRule
     void (*read)(Record& to, const QDomElement& element);
 };
 
+/// Text of an element. Most elements hold one text and nothing else, and then that is the answer as it stands.
+[[nodiscard]] inline QString textOf(const QDomElement& element)
+{
+    const QDomNode child = element.firstChild();
+    return child.isText() && child.nextSibling().isNull() ? child.nodeValue() : element.text();
+}
+
 /// Makes a rule for an element out of one for a value: the value is the element's text, whole.
 template<auto Store, typename Record> void fromText(Record& to, const QDomElement& element)
 {
-    Store(to, element.text());
+    Store(to, textOf(element));
 }
 
 /// Reads the attributes of `element` into `to`, by their local names. Of two attributes with the same local name and
@@ -49,7 +56,7 @@ void readChildren(const QDomElement& element, const std::array<ElementRule<Recor
 {
     forEachChildElement(element, [&](const QDomElement& child, const QString& tag) {
         for (const ElementRule<Record>& rule : rules)
-            if (tag == rule.tag) {
+            if (tag.size() == rule.tag.size() && tag == rule.tag) { // most rows fail by their size, at no cost
                 rule.read(to, child);
                 return;
             }

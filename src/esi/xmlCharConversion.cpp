@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <optional>
 
 namespace {
 
@@ -95,6 +96,54 @@ template<typename Number> Number toNumber(QStringView text, Number (QString::*re
     return converted ? number : 0;
 }
 
+/// Value of a hexadecimal digit, which is that of a decimal one too; 16 for any other character.
+constexpr std::uint32_t digitValue(QChar digit)
+{
+    const char16_t code = digit.unicode();
+    if (code >= u'0' && code <= u'9')
+        return code - u'0';
+    if (code >= u'A' && code <= u'F')
+        return code - u'A' + decimal;
+    if (code >= u'a' && code <= u'f')
+        return code - u'a' + decimal;
+    return hexadecimal;
+}
+
+/// Number of a text that is nothing but digits, and not too many for 32 bits; else nothing.
+std::optional<std::uint32_t> plainNumber(QStringView digits, std::uint32_t base, int mostDigits)
+{
+    if (digits.isEmpty() || digits.size() > mostDigits)
+        return std::nullopt;
+    std::uint32_t number = 0;
+    for (const QChar digit : digits) {
+        const std::uint32_t value = digitValue(digit);
+        if (value >= base)
+            return std::nullopt;
+        number = number * base + value;
+    }
+    return number;
+}
+
+/// Number of a text in one of the forms that nearly all have: decimal digits, or hexadecimal ones behind "#x" or "0x".
+/// Neither form leaves room for another mark or word, so this is what the full rule gives, without its searches.
+std::optional<std::uint32_t> usualNumber(QStringView text)
+{
+    if (text.size() > 2 && (text[0] == u'#' || text[0] == u'0') && (text[1] == u'x' || text[1] == u'X'))
+        return plainNumber(text.mid(2), hexadecimal, 8);
+    return plainNumber(text, decimal, 9);
+}
+
+/// Number of up to four byte pairs without a mark; else nothing. Again what the full rule gives.
+std::optional<std::uint32_t> usualBytes(QStringView text)
+{
+    if (!plainNumber(text, hexadecimal, 8))
+        return std::nullopt;
+    std::uint32_t number = 0;
+    for (auto position = text.size() - 2; position >= 0; position -= 2)
+        number = (number << 8U) + digitValue(text[position]) * hexadecimal + digitValue(text[position + 1]);
+    return number;
+}
+
 } // namespace
 
 bool toBool(QStringView text)
@@ -111,13 +160,15 @@ NMTOKEN toToken(QStringView text)
 {
     const QString upper = upperCased(text);
     const auto row = std::find_if(tokenTexts.cbegin(), tokenTexts.cend(), [&](const TokenText& candidate) {
-        return candidate.read.size() > 0 && upper == candidate.read;
+        return candidate.read.size() > 0 && candidate.read.size() == upper.size() && upper == candidate.read;
     });
     return row == tokenTexts.cend() ? UnknownType : row->token;
 }
 
 std::uint32_t toUint(QStringView text)
 {
+    if (const std::optional<std::uint32_t> number = usualNumber(text))
+        return *number;
     return toNumber<std::uint32_t>(text, &QString::toUInt);
 }
 
@@ -128,6 +179,8 @@ std::int32_t toInt(QStringView text)
 
 std::uint32_t toUintFromBytes(QStringView text)
 {
+    if (const std::optional<std::uint32_t> number = usualBytes(text))
+        return *number;
     QString digits = upperCased(text);
     // ODD, KEPT: with the mark the number is taken as it stands, without it the bytes are swapped. "#x0A0B" is a
     // number written by a person, "0A0B" the bytes as they travel on the bus, and those travel low byte first. Pinned
