@@ -4,8 +4,9 @@
 
 #include <QLatin1String>
 #include <QString>
-#include <QStringView>
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -32,18 +33,20 @@ const std::array sectionTags{
 const SectionTag* sectionTagOf(const QString& tag)
 {
     // Most elements of a big file lie in dictionaries and begin with another letter than any section does.
-    constexpr QStringView firstLetters = u"TNMFSDRP";
-    if (tag.isEmpty() || !firstLetters.contains(tag.front()))
+    constexpr std::u16string_view firstLetters = u"TNMFSDRP";
+    if (tag.isEmpty() || firstLetters.find(tag.front().unicode()) == std::u16string_view::npos)
         return nullptr;
     for (const SectionTag& row : sectionTags)
-        if (tag == row.tag)
+        if (isNamed(tag, row.tag))
             return &row;
     return nullptr;
 }
 
 bool parentTagContains(const QDomElement& element, QLatin1String word)
 {
-    return element.parentNode().toElement().tagName().contains(word);
+    const QString tag = element.parentNode().toElement().tagName();
+    // Asked for every name in a dictionary: QString::contains would cost more than the rest of the walk.
+    return std::search(tag.begin(), tag.end(), word.begin(), word.end()) != tag.end();
 }
 
 const QLatin1String deviceTag("Device");

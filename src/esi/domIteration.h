@@ -5,9 +5,18 @@
 #include <QLatin1String>
 #include <QString>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <vector>
+
+/// Whether a name is the given one, exactly: what `tag == name` says, in place. A document asks it millions of times,
+/// and nearly always the lengths or the first letters differ.
+[[nodiscard]] inline bool isNamed(const QString& tag, QLatin1String name)
+{
+    return std::equal(tag.begin(), tag.end(), name.begin(), name.end(),
+                      [](QChar letter, char expected) { return letter == QLatin1Char(expected); });
+}
 
 /// Calls `visit(child, tag)` for each child of `parent` that is an element, in document order. `tag` is its local name.
 template<typename Visitor> void forEachChildElement(const QDomElement& parent, Visitor visit)
@@ -32,28 +41,25 @@ template<typename Visitor> void forEachChildElement(const QDomElement& parent, Q
 template<typename Enter, typename Leave> void walkElements(const QDomElement& root, Enter enter, Leave leave)
 {
     int depth = 1;
-    QDomNode node = root.firstChild();
-    while (!node.isNull()) {
-        QDomNode next;
-        if (const QDomElement element = node.toElement(); !element.isNull()) { // only elements have elements under them
-            enter(element, depth);
-            next = element.firstChild();
-            if (next.isNull())
-                leave(depth);
-            else
-                depth += 1;
+    QDomElement element = root.firstChildElement();
+    while (!element.isNull()) {
+        enter(element, depth);
+        if (const QDomElement child = element.firstChildElement(); !child.isNull()) {
+            element = child;
+            depth += 1;
+            continue;
         }
+        leave(depth);
+        QDomElement next = element.nextSiblingElement();
         while (next.isNull()) {
-            next = node.nextSibling();
-            if (!next.isNull())
-                break;
             depth -= 1;
             if (depth == 0)
                 return;
-            node = node.parentNode();
+            element = element.parentNode().toElement();
             leave(depth);
+            next = element.nextSiblingElement();
         }
-        node = next;
+        element = next;
     }
 }
 
@@ -68,7 +74,7 @@ template<std::size_t Count>
     const auto sortIn = [&](const QDomElement& element, int /*depth*/) {
         const QString tag = element.tagName();
         for (std::size_t index = 0; index < Count; ++index)
-            if (tag == tags[index]) {
+            if (isNamed(tag, tags[index])) {
                 found[index].push_back(element);
                 return;
             }

@@ -56,7 +56,7 @@ void readChildren(const QDomElement& element, const std::array<ElementRule<Recor
 {
     forEachChildElement(element, [&](const QDomElement& child, const QString& tag) {
         for (const ElementRule<Record>& rule : rules)
-            if (tag.size() == rule.tag.size() && tag == rule.tag) { // most rows fail by their size, at no cost
+            if (isNamed(tag, rule.tag)) {
                 rule.read(to, child);
                 return;
             }
