@@ -38,6 +38,13 @@ template<auto Store, typename Record> void fromText(Record& to, const QDomElemen
     Store(to, textOf(element));
 }
 
+/// Makes a rule for an element out of the reader of its section.
+template<auto Reader, typename Record> void bySection(Record& to, const QDomElement& element)
+{
+    QDomElement section = element;
+    Reader(&section, &to);
+}
+
 /// Reads the attributes of `element` into `to`, by their local names. Of two attributes with the same local name and
 /// different prefixes the later one counts; an attribute that no row names is passed over.
 template<typename Record, std::size_t Count>

@@ -3,6 +3,7 @@
 
 #include "esi/documentElements.h"
 #include "esi/domIteration.h"
+#include "esi/fieldRules.h"
 
 #include <QDomComment>
 
@@ -55,15 +56,10 @@ void storeProfileNumber(const QDomElement& element, bool hasSlots, struct_EtherC
     SetXmlTypeToDevice(&device, static_cast<int>(toUint(element.text())), hasSlots ? 1 : 0);
 }
 
-void readDictionary(const QDomElement& dictionary, struct_EtherCatDevice& device)
-{
-    forEachChildElement(dictionary, [&](QDomElement child, const QString& tag) {
-        if (tag == QLatin1String("DataTypes"))
-            read_device_DataTypes(&child, &device);
-        else if (tag == QLatin1String("Objects"))
-            read_device_Objects(&child, &device);
-    });
-}
+const std::array dictionaryRules{
+    ElementRule<struct_EtherCatDevice>{QLatin1String("DataTypes"), bySection<read_device_DataTypes>},
+    ElementRule<struct_EtherCatDevice>{QLatin1String("Objects"), bySection<read_device_Objects>},
+};
 
 /// Device class and dictionary. A device without a profile number keeps class 0, whether it has slots or not.
 void readProfile(const QDomElement& profile, bool hasSlots, struct_EtherCatDevice& device)
@@ -77,7 +73,7 @@ void readProfile(const QDomElement& profile, bool hasSlots, struct_EtherCatDevic
             if (first.tagName() == QLatin1String("ProfileNo"))
                 storeProfileNumber(first, hasSlots, device);
         } else if (tag == QLatin1String("Dictionary")) {
-            readDictionary(child, device);
+            readChildren(child, dictionaryRules, device);
         }
     });
 }

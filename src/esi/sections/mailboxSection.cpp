@@ -1,10 +1,10 @@
 // mailboxSection.cpp - the `Mailbox` element of a device: EoE and CoE flags, and the declared startup commands.
 #include "esi/fieldRules.h"
+#include "esi/sections/initCmdReader.h"
 #include "esi/storeField.h"
 #include "esi/xmlparsing.h"
 
 #include <array>
-#include <cstdint>
 #include <utility>
 
 namespace {
@@ -26,30 +26,10 @@ const std::array coeRules{
     AttributeRule<CoeAttributes>{QLatin1String("DiagHistory"), storeBool<&CoeAttributes::DiagHistory>},
 };
 
-/// Data of a command: byte count, number and text.
-void storeData(struct_InitCmd& to, const QString& value)
-{
-    // ODD, KEPT: the count takes the text whole, so a "#x" mark counts as one byte, and data of more than four bytes
-    // keeps its count although the number is 0. The startup list shows the count as the description announced it,
-    // so that an engineer sees at once which command needs its data by other means. Pinned by tst_MailboxSection::data.
-    to.DataBytes = static_cast<std::uint16_t>(value.size() / 2);
-    to.Data = toUintFromBytes(value);
-    to.strData = xmlGetStringuint(to.Data).toStdString();
-}
-
-// A command has one transition. ESI allows several `Transition` elements; the last one wins.
-const std::array initCmdRules{
-    ElementRule<struct_InitCmd>{QLatin1String("Transition"), fromText<storeToken<&struct_InitCmd::Transition>>},
-    ElementRule<struct_InitCmd>{QLatin1String("Index"), fromText<storeUint<&struct_InitCmd::Index>>},
-    ElementRule<struct_InitCmd>{QLatin1String("SubIndex"), fromText<storeUint<&struct_InitCmd::SubIndex>>},
-    ElementRule<struct_InitCmd>{QLatin1String("Data"), fromText<storeData>},
-    ElementRule<struct_InitCmd>{QLatin1String("Comment"), fromText<storeText<&struct_InitCmd::Comment>>},
-};
-
 void appendInitCmd(DeviceCoe& coe, const QDomElement& element)
 {
     struct_InitCmd command;
-    readChildren(element, initCmdRules, command);
+    readChildren(element, initCmdRules<struct_InitCmd, fromText<storeUint<&struct_InitCmd::Index>>>, command);
     coe.InitCmd.vinitcmd.push_back(std::move(command));
 }
 

@@ -1,11 +1,10 @@
 // pdoSections.cpp - one `RxPdo` or `TxPdo` element of a device.
 #include "esi/fieldRules.h"
+#include "esi/sections/pdoReader.h"
 #include "esi/storeField.h"
 #include "esi/xmlparsing.h"
 
 #include <array>
-#include <cstdint>
-#include <utility>
 
 namespace {
 
@@ -21,92 +20,42 @@ const std::array pdoAttributeRules{
     AttributeRule<PdoAttributes>{QLatin1String("OSIndexInc"), storeUint<&PdoAttributes::m_OSIndexInc>},
 };
 
-/// A PDO while its element is read.
-struct PdoBeingRead
-{
-    struct_PDOList pdo;
-    std::int32_t bits = 0; ///< total of all entries so far
-};
-
-/// An entry while its element is read.
-struct EntryBeingRead
-{
-    struct_EntryPDOContent entry;
-    std::int32_t bitsOfPdo = 0; ///< running total of the PDO, with this entry's lengths
-};
-
-template<auto Store> void storeInEntry(EntryBeingRead& to, const QString& value)
-{
-    Store(to.entry, value);
-}
-
-void storeBitlen(EntryBeingRead& to, const QString& value)
-{
-    storeUint<&struct_EntryPDOContent::Bitlen>(to.entry, value);
-    to.bitsOfPdo = addBits(to.bitsOfPdo, to.entry.Bitlen);
-}
+using DevicePdo = BeingRead<struct_PDOList>;
+using DeviceEntry = BeingRead<struct_EntryPDOContent>;
 
 // ODD, KEPT: an entry keeps its last name that has a text, while a PDO takes the last name even if it is empty; on the
 // PDOs of modules it is the other way round. Files with names in two languages leave one empty now and then, on device
 // entries and on module PDOs, and the firmware's tools know the names that come out of exactly these rules. Pinned by
-// tst_PdoEntries::entryName and tst_PdoSections::pdoName.
+// tst_PdoEntries::entryName, tst_PdoSections::pdoName and tst_ModulePdos::names.
 const std::array entryRules{
-    ElementRule<EntryBeingRead>{QLatin1String("Index"),
-                                fromText<storeInEntry<storeUint<&struct_EntryPDOContent::Index>>>},
-    ElementRule<EntryBeingRead>{QLatin1String("SubIndex"),
-                                fromText<storeInEntry<storeUint<&struct_EntryPDOContent::SubIndex>>>},
-    ElementRule<EntryBeingRead>{QLatin1String("BitLen"), fromText<storeBitlen>},
-    ElementRule<EntryBeingRead>{QLatin1String("Name"),
-                                fromText<storeInEntry<storeTextIfAny<&struct_EntryPDOContent::Name>>>},
-    ElementRule<EntryBeingRead>{QLatin1String("DataType"),
-                                fromText<storeInEntry<storeText<&struct_EntryPDOContent::DataType>>>},
+    ElementRule<DeviceEntry>{QLatin1String("Index"), recordFromText<storeUint<&struct_EntryPDOContent::Index>>},
+    ElementRule<DeviceEntry>{QLatin1String("SubIndex"), recordFromText<storeUint<&struct_EntryPDOContent::SubIndex>>},
+    ElementRule<DeviceEntry>{QLatin1String("BitLen"), fromText<storeBitLength<&struct_EntryPDOContent::Bitlen>>},
+    ElementRule<DeviceEntry>{QLatin1String("Name"), recordFromText<storeTextIfAny<&struct_EntryPDOContent::Name>>},
+    ElementRule<DeviceEntry>{QLatin1String("DataType"), recordFromText<storeText<&struct_EntryPDOContent::DataType>>},
 };
 
-void appendEntry(PdoBeingRead& to, const QDomElement& element)
+void storeIndex(struct_PDOList& to, const QString& value)
 {
-    EntryBeingRead reading;
-    reading.bitsOfPdo = to.bits;
-    reading.entry.Offs = byteBitForm(to.bits); // the place before this entry
-    readChildren(element, entryRules, reading);
-    to.bits = reading.bitsOfPdo;
-    to.pdo.Entry.vPdo_c.push_back(std::move(reading.entry));
-}
-
-void storeIndex(PdoBeingRead& to, const QString& value)
-{
-    storeUint<&PdoIndex::Index>(to.pdo.IndexAttributes, value);
-}
-
-void storeName(PdoBeingRead& to, const QString& value)
-{
-    storeText<&struct_PDOList::Name>(to.pdo, value);
+    storeUint<&PdoIndex::Index>(to.IndexAttributes, value);
 }
 
 const std::array pdoRules{
-    ElementRule<PdoBeingRead>{QLatin1String("Index"), fromText<storeIndex>},
-    ElementRule<PdoBeingRead>{QLatin1String("Name"), fromText<storeName>},
-    ElementRule<PdoBeingRead>{QLatin1String("Entry"), appendEntry},
+    ElementRule<DevicePdo>{QLatin1String("Index"), recordFromText<storeIndex>},
+    ElementRule<DevicePdo>{QLatin1String("Name"), recordFromText<storeText<&struct_PDOList::Name>>},
+    ElementRule<DevicePdo>{QLatin1String("Entry"), appendEntry<struct_EntryPDOContent, entryRules>},
 };
-
-struct_PDOList pdoFrom(const QDomElement& element)
-{
-    PdoBeingRead reading;
-    readAttributes(element, pdoAttributeRules, reading.pdo.Attributes);
-    readChildren(element, pdoRules, reading);
-    reading.pdo.Size = byteBitForm(reading.bits);
-    return std::move(reading.pdo);
-}
 
 } // namespace
 
 void read_device_RxPdoinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
 {
     if (element != nullptr && ether_device != nullptr)
-        ether_device->RxPdo.vpdo.push_back(pdoFrom(*element));
+        ether_device->RxPdo.vpdo.push_back(pdoFrom<&struct_PDOList::Size>(*element, pdoAttributeRules, pdoRules));
 }
 
 void read_device_TxPdoinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
 {
     if (element != nullptr && ether_device != nullptr)
-        ether_device->TxPdo.vpdo.push_back(pdoFrom(*element));
+        ether_device->TxPdo.vpdo.push_back(pdoFrom<&struct_PDOList::Size>(*element, pdoAttributeRules, pdoRules));
 }

@@ -1,0 +1,35 @@
+// initCmdReader.h - what a startup command has in common whether a device or a module declares it.
+#pragma once
+
+#include "esi/fieldRules.h"
+#include "esi/storeField.h"
+
+#include <QLatin1String>
+#include <QString>
+
+#include <array>
+#include <cstdint>
+
+/// Data of a command: byte count, number and text.
+template<typename Command> void storeInitCmdData(Command& to, const QString& value)
+{
+    // ODD, KEPT: the count takes the text whole, so a "#x" mark counts as one byte, and data of more than four bytes
+    // keeps its count although the number is 0. The startup list shows the count as the description announced it,
+    // so that an engineer sees at once which command needs its data by other means. Pinned by tst_MailboxSection::data
+    // and tst_ModuleInitCmds::data.
+    to.DataBytes = static_cast<std::uint16_t>(value.size() / 2);
+    to.Data = toUintFromBytes(value);
+    to.strData = xmlGetStringuint(to.Data).toStdString();
+}
+
+/// Children of an `InitCmd` element. A command has one transition; ESI allows several `Transition` elements, and the
+/// last one wins. The sub-index is cut to the width of its field, 8 bits in a device and 16 in a module.
+/// @tparam ReadIndex  the one row that differs: in a module the index has attributes
+template<typename Command, void (*ReadIndex)(Command& to, const QDomElement& element)>
+const std::array initCmdRules{
+    ElementRule<Command>{QLatin1String("Transition"), fromText<storeToken<&Command::Transition>>},
+    ElementRule<Command>{QLatin1String("Index"), ReadIndex},
+    ElementRule<Command>{QLatin1String("SubIndex"), fromText<storeUint<&Command::SubIndex>>},
+    ElementRule<Command>{QLatin1String("Data"), fromText<storeInitCmdData<Command>>},
+    ElementRule<Command>{QLatin1String("Comment"), fromText<storeText<&Command::Comment>>},
+};
