@@ -21,6 +21,8 @@ private slots:
     static void sectionsUnderADevice();
     static void sectionsUnderOtherParents();
     static void sectionsAreAppended();
+    static void dictionary_data();
+    static void dictionary();
     static void passesInTheirOrder();
     static void unknownSyncManagerAddsNothing();
 };
@@ -216,6 +218,41 @@ void tst_WalkDevice::sectionsAreAppended()
     QCOMPARE(device.Slots.vslot.size(), std::size_t{2});
     QCOMPARE(device.TypeAttributes.Product_Code, 1U);
     QCOMPARE(device.TypeAttributes.Serial_No, 2U);
+}
+
+void tst_WalkDevice::dictionary_data()
+{
+    QTest::addColumn<QString>("children");
+    QTest::addColumn<int>("dataTypes");
+    QTest::addColumn<int>("objects");
+    const QString dictionary = QStringLiteral(
+        "<Dictionary><DataTypes><DataType/></DataTypes><Objects><Object/><Object/></Objects></Dictionary>");
+    QTest::addRow("none") << "<Profile/>" << 0 << 0;
+    QTest::addRow("in the profile") << "<Profile>" + dictionary + "</Profile>" << 1 << 2;
+    QTest::addRow("before the number of the profile")
+        << "<Profile>" + dictionary + "<ProfileNo>402</ProfileNo></Profile>" << 1 << 2;
+    QTest::addRow("two of them") << "<Profile>" + dictionary + dictionary + "</Profile>" << 2 << 4;
+    QTest::addRow("two profiles") << "<Profile>" + dictionary + "</Profile><Profile>" + dictionary + "</Profile>" << 2
+                                  << 4;
+    QTest::addRow("two lists of objects")
+        << "<Profile><Dictionary><Objects><Object/></Objects><Objects><Object/></Objects></Dictionary></Profile>" << 0
+        << 2;
+    QTest::addRow("in a channel") << "<Profile><ChannelInfo>" + dictionary + "</ChannelInfo></Profile>" << 0 << 0;
+    QTest::addRow("outside of the profile") << dictionary << 0 << 0;
+    QTest::addRow("a profile under another parent") << "<Info><Profile>" + dictionary + "</Profile></Info>" << 0 << 0;
+    QTest::addRow("lists of other names") << "<Profile><Dictionary><datatypes><DataType/></datatypes><Object/>"
+                                             "</Dictionary></Profile>"
+                                          << 0 << 0;
+}
+
+void tst_WalkDevice::dictionary()
+{
+    QFETCH(QString, children);
+    QFETCH(int, dataTypes);
+    QFETCH(int, objects);
+    const struct_EtherCatDevice device = readDevice(children);
+    QCOMPARE(static_cast<int>(device.Dictionary.vdatatype.size()), dataTypes);
+    QCOMPARE(static_cast<int>(device.Dictionary.vobject.size()), objects);
 }
 
 void tst_WalkDevice::passesInTheirOrder()

@@ -3,6 +3,9 @@
 
 #include <QtTest>
 
+#include <cstddef>
+#include <vector>
+
 class tst_WalkModules : public QObject
 {
     Q_OBJECT
@@ -12,6 +15,7 @@ private slots:
     static void groups();
     static void parents_data();
     static void parents();
+    static void modulesAreRead();
     static void modulesBelongToTheFile();
 };
 
@@ -105,6 +109,21 @@ void tst_WalkModules::parents()
     const struct_FilenameDevice file =
         readDocument(QStringLiteral("<EtherCATInfo><Vendor/>%1</EtherCATInfo>").arg(xml));
     QCOMPARE(groupsOf(file), expected);
+}
+
+void tst_WalkModules::modulesAreRead()
+{
+    const struct_FilenameDevice file = readDescriptions(
+        "<Modules><Module><Type ModuleIdent='1'>A</Type></Module><Module/><Other><Type ModuleIdent='3'"
+        "/><Profile><Dictionary><Objects><Object/></Objects></Dictionary></Profile></Other></Modules>");
+    QCOMPARE(groupsOf(file), QStringList{":3"});
+    const std::vector<struct_module>& modules = file.vcommentmodule[0].vmodule;
+    QCOMPARE(modules[0].TypeAttributes.ModuleIdent, 1U);
+    QCOMPARE(QString::fromStdString(modules[0].TypeAttributes.Name), QStringLiteral("A"));
+    QCOMPARE(modules[1].TypeAttributes.ModuleIdent, 0U); // nothing of one module reaches the next one
+    QVERIFY(modules[1].TypeAttributes.Name.empty());
+    QCOMPARE(modules[2].TypeAttributes.ModuleIdent, 3U);
+    QCOMPARE(modules[2].Dictionary.vobject.size(), std::size_t{1});
 }
 
 void tst_WalkModules::modulesBelongToTheFile()
