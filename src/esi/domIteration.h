@@ -1,22 +1,15 @@
 // domIteration.h - loops over the children, attributes and descendants of an element.
 #pragma once
 
+#include "esi/exactName.h"
+
 #include <QDomElement>
 #include <QLatin1String>
 #include <QString>
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <vector>
-
-/// Whether a name is the given one, exactly: what `tag == name` says, in place. A document asks it millions of times,
-/// and nearly always the lengths or the first letters differ.
-[[nodiscard]] inline bool isNamed(const QString& tag, QLatin1String name)
-{
-    return std::equal(tag.begin(), tag.end(), name.begin(), name.end(),
-                      [](QChar letter, char expected) { return letter == QLatin1Char(expected); });
-}
 
 /// Calls `visit(child, tag)` for each child of `parent` that is an element, in document order. `tag` is its local name.
 template<typename Visitor> void forEachChildElement(const QDomElement& parent, Visitor visit)

@@ -5,6 +5,9 @@
 
 #include <QString>
 
+#include <algorithm>
+#include <cstddef>
+#include <string>
 #include <type_traits>
 
 /// Record that a member pointer points into, and the type of that member.
@@ -44,15 +47,26 @@ template<auto Field> void storeToken(RecordOf<Field>& to, const QString& value)
     to.*Field = toToken(value);
 }
 
+/// A text as UTF-8. Plain ASCII, as most texts are, is copied as it is.
+[[nodiscard]] inline std::string utf8Of(const QString& text)
+{
+    const auto isAscii = [](QChar letter) { return letter.unicode() < 0x80; };
+    if (!std::all_of(text.begin(), text.end(), isAscii))
+        return text.toStdString();
+    std::string ascii(static_cast<std::size_t>(text.size()), '\0');
+    std::transform(text.begin(), text.end(), ascii.begin(), [](QChar letter) { return letter.toLatin1(); });
+    return ascii;
+}
+
 /// Stores the text itself, as UTF-8, also when it is empty.
 template<auto Field> void storeText(RecordOf<Field>& to, const QString& value)
 {
-    to.*Field = value.toStdString();
+    to.*Field = utf8Of(value);
 }
 
 /// Stores the text itself, as UTF-8, but keeps what is there if the text is empty.
 template<auto Field> void storeTextIfAny(RecordOf<Field>& to, const QString& value)
 {
     if (!value.isEmpty())
-        to.*Field = value.toStdString();
+        to.*Field = utf8Of(value);
 }

@@ -1,5 +1,7 @@
 #include "esi/xmlCharConversion.h"
 
+#include "esi/exactName.h"
+
 #include <QLatin1String>
 
 #include <algorithm>
@@ -160,7 +162,7 @@ NMTOKEN toToken(QStringView text)
 {
     const QString upper = upperCased(text);
     const auto row = std::find_if(tokenTexts.cbegin(), tokenTexts.cend(), [&](const TokenText& candidate) {
-        return candidate.read.size() > 0 && candidate.read.size() == upper.size() && upper == candidate.read;
+        return candidate.read.size() > 0 && isNamed(upper, candidate.read);
     });
     return row == tokenTexts.cend() ? UnknownType : row->token;
 }

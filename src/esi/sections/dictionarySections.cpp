@@ -89,7 +89,7 @@ const std::array dataTypeRules{
 void storeDefault(struct_ObjectInfo& to, const QString& value, const std::string& typeOfObject)
 {
     if (typeOfObject.find("STRING") != std::string::npos)
-        to.DefaultString = value.toStdString();
+        to.DefaultString = utf8Of(value);
     else
         to.DefaultValue = toUintFromBytes(value);
 }
@@ -97,18 +97,18 @@ void storeDefault(struct_ObjectInfo& to, const QString& value, const std::string
 /// A sub-item of an object while its element is read.
 struct SubItemBeingRead
 {
-    struct_ObjectInfo& info;
+    struct_Subitem& subItem;
     const std::string& typeOfObject;
 };
 
 void storeSubItemDefault(SubItemBeingRead& to, const QString& value)
 {
-    storeDefault(to.info, value, to.typeOfObject);
+    storeDefault(to.subItem.Info.Info, value, to.typeOfObject);
 }
 
 template<auto Limit> void storeLimit(SubItemBeingRead& to, const QString& value)
 {
-    storeUint<Limit>(to.info, value);
+    storeUint<Limit>(to.subItem.Info.Info, value);
 }
 
 // ODD, KEPT: limits are plain numbers, while the default beside them has its bytes swapped. Vendors' files write the
@@ -120,17 +120,25 @@ const std::array subItemInfoRules{
     ElementRule<SubItemBeingRead>{QLatin1String("MaxData"), fromText<storeLimit<&struct_ObjectInfo::MaxData>>},
 };
 
+void readSubItemInfo(SubItemBeingRead& to, const QDomElement& element)
+{
+    readChildren(element, subItemInfoRules, to);
+}
+
+void storeSubItemName(SubItemBeingRead& to, const QString& value)
+{
+    storeText<&struct_Subitem::Name>(to.subItem, value);
+}
+
+const std::array subItemRules{
+    ElementRule<SubItemBeingRead>{QLatin1String("Name"), fromText<storeSubItemName>},
+    ElementRule<SubItemBeingRead>{QLatin1String("Info"), readSubItemInfo},
+};
+
 void appendSubItem(struct_Object& object, const QDomElement& element)
 {
-    struct_Subitem& subItem = object.Info.vsubitem.emplace_back();
-    forEachChildElement(element, [&](const QDomElement& child, const QString& tag) {
-        if (tag == QLatin1String("Name")) {
-            subItem.Name = child.text().toStdString();
-        } else if (tag == QLatin1String("Info")) {
-            SubItemBeingRead reading{subItem.Info.Info, object.Type};
-            readChildren(child, subItemInfoRules, reading);
-        }
-    });
+    SubItemBeingRead reading{object.Info.vsubitem.emplace_back(), object.Type};
+    readChildren(element, subItemRules, reading);
 }
 
 void storeObjectDefault(struct_Object& object, const QString& value)

@@ -1,0 +1,16 @@
+// exactName.h - comparison of the names in a document with those that the reader knows.
+#pragma once
+
+#include <QChar>
+#include <QLatin1String>
+#include <QString>
+
+#include <algorithm>
+
+/// Whether a name is the given one, exactly: what `tag == name` says, in place. A document asks it millions of times,
+/// and nearly always the lengths or the first letters differ.
+[[nodiscard]] inline bool isNamed(const QString& tag, QLatin1String name)
+{
+    return std::equal(tag.begin(), tag.end(), name.begin(), name.end(),
+                      [](QChar letter, char expected) { return letter == QLatin1Char(expected); });
+}
