@@ -19,7 +19,7 @@ public:
 
     DictionaryIndex(const std::vector<struct_DataTypes>& dataTypes, const std::vector<struct_Object>& objects);
 
-    /// All data types whose whole name, case-sensitive, is the given one. Nothing in the format keeps a name from being
+    /// All data types whose whole name, case-sensitive, is the given one: nothing in the format keeps a name from being
     /// there twice. The reference is valid as long as the index.
     /// @return  empty if there is none
     [[nodiscard]] const DataTypes& dataTypesNamed(const std::string& name) const;

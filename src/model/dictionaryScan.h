@@ -19,8 +19,13 @@ struct DictionaryRow
 struct DictionaryRows
 {
     std::vector<DictionaryRow> rows; ///< in the order of the scan
-    const struct_DataTypes* countedType = nullptr; ///< the data type of `count`
-    const DataTypeSubItem* count = nullptr; ///< the last first sub-item that the scan met, null if it met none
+    /// The first sub-item of a record, which has no row: it holds the number of the others and shows on the object.
+    /// ODD, KEPT: it is the one at the first place, whatever its sub-index; and a record within the record puts its own
+    /// in the place of the outer one, where one would expect that to stay. Files list sub-index 0 first, and a tab that
+    /// took the outer count would disagree with every picture in our manuals. Null if there is no record.
+    /// Pinned by tst_DictionaryScan::countOfTheLastRecord.
+    const DataTypeSubItem* count = nullptr;
+    const struct_DataTypes* countedType = nullptr; ///< the record that `count` belongs to
 };
 
 /// How far scans go. A dictionary may be wrong or made to do harm: arrays of billions of elements, data types that name

@@ -1,31 +1,35 @@
-// dictionaryTree.h - the rows of the CoE tab: one for each object of a dictionary, and under it what its data type holds.
+// dictionaryTree.h - the items of the CoE tab: one for each object of a dictionary, and under it what its type holds.
 #pragma once
 
 #include "model/deviceRecords.h"
-#include "model/dictionaryScan.h"
+#include "workbench/dictionaryTexts.h"
 
-#include <QString>
 #include <QTreeWidget>
 
 #include <string>
 
-/// Columns of the CoE tab.
-enum DictionaryColumn
+/// Makes the items of the CoE tab from a dictionary, which must not change as long as the maker lives.
+class DictionaryItems
 {
-    IndexColumn,
-    NameColumn,
-    FlagsColumn,
-    BitSizeColumn,
-    TypeColumn,
-    ValueColumn,
+public:
+    explicit DictionaryItems(const DeviceDictionary& dictionary);
+    ~DictionaryItems() = default;
+    DictionaryItems(const DictionaryItems&) = delete;
+    DictionaryItems& operator=(const DictionaryItems&) = delete;
+    DictionaryItems(DictionaryItems&&) = delete;
+    DictionaryItems& operator=(DictionaryItems&&) = delete;
+
+    /// Adds all objects to a tree, expanded, with the rows under them.
+    void addObjects(QTreeWidget& tree);
+
+    /// Adds the rows of a data type under the item of an object, and gives the item the value that the data type counts.
+    /// @param item          has its flags already: elements of an array share them
+    /// @param indexPattern  text of the first column; "%1" stands for the sub-index
+    void addRowsOfType(QTreeWidgetItem& item, const QString& indexPattern, const std::string& type);
+
+private:
+    const std::vector<struct_Object>& m_objects;
+    DictionaryIndex m_index;
+    DictionaryScanner m_scanner{m_index};
+    DictionaryTexts m_texts{m_index};
 };
-
-/// Adds all objects of a dictionary to a tree, expanded, with the rows under them.
-void addDictionary(QTreeWidget& tree, const DeviceDictionary& dictionary);
-
-/// Adds the rows of a data type to the item of an object, and gives the item the value that the data type counts.
-/// @param index         of the dictionary that the scanner scans
-/// @param indexPattern  text of the first column; "%1" stands for the sub-index
-/// @param item          has its flags already: elements of an array share them
-void addRowsOfType(QTreeWidgetItem& item, const DictionaryIndex& index, DictionaryScanner& scanner,
-                   const QString& indexPattern, const std::string& type);

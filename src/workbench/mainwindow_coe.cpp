@@ -29,9 +29,7 @@ void MainWindow::device_datatypeScan(const QString& indexstr, const std::string&
     const DeviceDictionary& dictionary = selectedDictionary();
     if (item == nullptr)
         return;
-    const DictionaryIndex index(dictionary.vdatatype, dictionary.vobject);
-    DictionaryScanner scanner(index);
-    addRowsOfType(*item, index, scanner, indexstr, type);
+    DictionaryItems(dictionary).addRowsOfType(*item, indexstr, type);
 }
 
 void MainWindow::device_CoE_display()
@@ -39,7 +37,7 @@ void MainWindow::device_CoE_display()
     if (currentfileindex < 0 || currentdeviceindex < 0)
         return;
     ui->CoeTree->clear();
-    addDictionary(*ui->CoeTree, selectedDictionary());
+    DictionaryItems(selectedDictionary()).addObjects(*ui->CoeTree);
     // ODD, KEPT: the rows counted are those of the module tree, where one would expect the ones just filled in. The
     // count has been so since the tab was made, and nothing that works goes by it: the tree is always emptied as a
     // whole. Pinned by tst_CoeTab::rowCountIsThatOfTheModuleTree.

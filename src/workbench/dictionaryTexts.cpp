@@ -1,0 +1,91 @@
+#include "workbench/dictionaryTexts.h"
+
+#include "esi/xmlCharConversion.h"
+#include "model/dataTypeNames.h"
+
+namespace {
+
+/// The default of an object or sub-item of a type, as it is shown.
+QString valueText(const std::string& type, const str_Info& info)
+{
+    return isStringType(type) ? QString::fromStdString(info.DefaultString) : QString::number(info.DefaultValue);
+}
+
+/// The text of a key, made on its first use.
+template<typename Key, typename MakeText>
+QString sharedText(std::unordered_map<Key, QString>& texts, Key key, MakeText makeText)
+{
+    const auto [entry, isNew] = texts.try_emplace(key);
+    if (isNew)
+        entry->second = makeText();
+    return entry->second;
+}
+
+} // namespace
+
+QString indexPatternOf(const struct_Object& object)
+{
+    return xmlGetStringuint(object.index) + QLatin1String(":%1");
+}
+
+QStringList DictionaryTexts::ofObject(const struct_Object& object, const QString& indexPattern)
+{
+    return {indexPattern.arg(QLatin1Char('0')),
+            QString::fromStdString(object.Name),
+            sharedAccess(object.flags.Access),
+            sharedNumber(object.BitSize),
+            isStructuredType(object.Type) ? QString() : sharedName(object.Type),
+            valueText(object.Type, object.Info)};
+}
+
+QStringList DictionaryTexts::ofRow(const DictionaryRow& row, const QString& indexPattern, const QString& flags)
+{
+    if (row.subItem != nullptr) {
+        const DataTypeSubItem& subItem = *row.subItem;
+        return {indexPattern.arg(sharedNumber(subItem.SubIdx)),
+                QString::fromStdString(subItem.Name),
+                sharedAccess(subItem.flag.Access),
+                sharedNumber(subItem.BitSize),
+                sharedName(subItem.Type),
+                valueOf(*row.dataType, subItem)};
+    }
+    switchTo(*row.dataType);
+    const QString element = sharedNumber(row.element);
+    return {indexPattern.arg(element), QLatin1String("SubIndex ") + element, flags, m_baseBitSize, m_baseType};
+}
+
+/// ODD, KEPT: the object that a default is taken from is the one whose index stands in the name of the data type, such
+/// as "DT1C12", where one would expect the object that is being shown. Vendors name a record after the object that it
+/// was made for; an object that borrows the record of another one shows the defaults of that one, and a record whose
+/// name is no number those of object 0. Pinned by tst_DictionaryTexts::valueOfTheObjectInTheTypeName.
+QString DictionaryTexts::valueOf(const struct_DataTypes& dataType, const DataTypeSubItem& subItem)
+{
+    switchTo(dataType);
+    return valueText(subItem.Type, m_index.objectInfo(m_objectIndex, subItem.SubIdx));
+}
+
+/// Rows of one data type follow each other, so what they share is worked out when the data type changes.
+void DictionaryTexts::switchTo(const struct_DataTypes& dataType)
+{
+    if (m_dataType == &dataType)
+        return;
+    m_dataType = &dataType;
+    m_objectIndex = toUint(QString::fromStdString(dataType.Name));
+    m_baseType = sharedName(dataType.BaseType);
+    m_baseBitSize = sharedNumber(m_index.sizeOfDataType(dataType.BaseType));
+}
+
+QString DictionaryTexts::sharedName(const std::string& type)
+{
+    return sharedText(m_names, std::string_view(type), [&] { return QString::fromStdString(type); });
+}
+
+QString DictionaryTexts::sharedNumber(std::int64_t number)
+{
+    return sharedText(m_numbers, number, [=] { return QString::number(qlonglong{number}); });
+}
+
+QString DictionaryTexts::sharedAccess(NMTOKEN access)
+{
+    return sharedText(m_accesses, int{access}, [=] { return xmlGetStringEnumNmtoken(access); });
+}
