@@ -37,8 +37,8 @@ struct ScanLimits
 };
 
 /// Limits of one object. Sub-indexes have 8 bits, so an object has at most 256 rows that can be reached on the bus;
-/// this is all that 16 bits could count, for files that use an array as a plain block of bytes. The steps are enough for
-/// a chain of 200,000 data types that each name the next, and take a fraction of a second.
+/// this is all that 16 bits could count, for files that use an array as a plain block of bytes. The steps are enough
+/// for a chain of 200,000 data types that each name the next, and take a fraction of a second.
 inline constexpr ScanLimits limitsOfObject{65'536, 1'000'000};
 
 /// Limits of all objects of a dictionary together. A dictionary of a large drive has some 60,000 rows; this many rows

@@ -87,5 +87,5 @@ QString DictionaryTexts::sharedNumber(std::int64_t number)
 
 QString DictionaryTexts::sharedAccess(NMTOKEN access)
 {
-    return sharedText(m_accesses, int{access}, [=] { return xmlGetStringEnumNmtoken(access); });
+    return sharedText(m_accesses, access, [=] { return xmlGetStringEnumNmtoken(access); });
 }

@@ -24,8 +24,8 @@ enum DictionaryColumn
 /// Text of the index column with a place for the sub-index: "0x1018:%1".
 [[nodiscard]] QString indexPatternOf(const struct_Object& object);
 
-/// Texts of the rows of one dictionary, a text per column. Rows have many of them in common, such as the names of types;
-/// those are made once and shared.
+/// Texts of the rows of one dictionary, a text per column. Rows have many of them in common, such as the names of
+/// types; those are made once and shared.
 class DictionaryTexts
 {
 public:
@@ -55,7 +55,7 @@ private:
     const DictionaryIndex& m_index;
     std::unordered_map<std::string_view, QString> m_names;
     std::unordered_map<std::int64_t, QString> m_numbers;
-    std::unordered_map<int, QString> m_accesses;
+    std::unordered_map<NMTOKEN, QString> m_accesses;
 
     const struct_DataTypes* m_dataType = nullptr; ///< the data type that the following members belong to
     std::uint32_t m_objectIndex = 0; ///< the number in its name

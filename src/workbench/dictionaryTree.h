@@ -22,7 +22,8 @@ public:
     /// Adds all objects to a tree, expanded, with the rows under them.
     void addObjects(QTreeWidget& tree);
 
-    /// Adds the rows of a data type under the item of an object, and gives the item the value that the data type counts.
+    /// Adds the rows of a data type under the item of an object, and gives the item the value that the data type
+    /// counts.
     /// @param item          has its flags already: elements of an array share them
     /// @param indexPattern  text of the first column; "%1" stands for the sub-index
     void addRowsOfType(QTreeWidgetItem& item, const QString& indexPattern, const std::string& type);

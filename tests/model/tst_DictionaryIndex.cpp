@@ -76,10 +76,14 @@ void tst_DictionaryIndex::objectInfo()
     QFETCH(unsigned int, expected);
     const std::vector<struct_DataTypes> dataTypes;
     const std::vector<struct_Object> objects{
-        objectWithDefaults(0x1018, "DT1018", {10, 11}),         object(0x1C12, "UINT"),
-        objectWithDefaults(0x1018, "DT1018", {20}),             objectWithDefaults(0x1018, "DT1018", {30, 31, 32}),
-        objectWithDefaults(0x1018, "DT1018", {40, 41, 42, 43}), objectWithDefaults(0x1018, "DT1018", {50, 51, 52}),
-        objectWithDefaults(0x1C12, "DT1C12", {60}),             objectWithDefaults(0, "DT0", {70}),
+        objectWithDefaults(0x1018, "DT1018", {10, 11}),
+        object(0x1C12, "UINT"),
+        objectWithDefaults(0x1018, "DT1018", {20}),
+        objectWithDefaults(0x1018, "DT1018", {30, 31, 32}),
+        objectWithDefaults(0x1018, "DT1018", {40, 41, 42, 43}),
+        objectWithDefaults(0x1018, "DT1018", {50, 51, 52}),
+        objectWithDefaults(0x1C12, "DT1C12", {60}),
+        objectWithDefaults(0, "DT0", {70}),
     };
     QCOMPARE(DictionaryIndex(dataTypes, objects).objectInfo(objectIndex, subIndex).DefaultValue, expected);
 }

@@ -71,8 +71,8 @@ void tst_DictionaryScan::rowsOfARecord_data()
         << DataTypes{record("DT1", {subItem(0, "DT2", "first")}), record("DT2", {count, subItem(1, "UINT", "a")})}
         << QByteArray("DT1") << QStringList();
     QTest::addRow("record within a record stands in the place of its sub-item")
-        << DataTypes{record("DT1", {count, subItem(1, "UINT", "a"), subItem(2, "DT2", "inner"),
-                                    subItem(3, "UINT", "d")}),
+        << DataTypes{record("DT1",
+                            {count, subItem(1, "UINT", "a"), subItem(2, "DT2", "inner"), subItem(3, "UINT", "d")}),
                      record("DT2", {count, subItem(1, "UINT", "b"), subItem(2, "UINT", "c")})}
         << QByteArray("DT1") << QStringList{"a", "b", "c", "d"};
     QTest::addRow("record within a record that is unknown leaves nothing")
@@ -144,9 +144,9 @@ void tst_DictionaryScan::circles_data()
     QTest::addColumn<DataTypes>("dataTypes");
     QTest::addColumn<QStringList>("expected");
     const DataTypeSubItem count = subItem(0, "USINT", "count");
-    QTest::addRow("names itself")
-        << DataTypes{record("DT1", {count, subItem(1, "UINT", "a"), subItem(2, "DT1"), subItem(3, "UINT", "b")})}
-        << QStringList{"a", "b"};
+    QTest::addRow("names itself") << DataTypes{record(
+        "DT1", {count, subItem(1, "UINT", "a"), subItem(2, "DT1"), subItem(3, "UINT", "b")})}
+                                  << QStringList{"a", "b"};
     QTest::addRow("two name each other")
         << DataTypes{record("DT1", {count, subItem(1, "DT2"), subItem(2, "UINT", "a")}),
                      record("DT2", {count, subItem(1, "UINT", "b"), subItem(2, "DT1"), subItem(3, "UINT", "c")})}
@@ -174,8 +174,8 @@ void tst_DictionaryScan::longChain()
     constexpr int length = 100'000;
     DataTypes dataTypes;
     for (int number = 0; number < length; ++number)
-        dataTypes.push_back(
-            record("DT" + std::to_string(number), {subItem(0, "USINT"), subItem(1, "DT" + std::to_string(number + 1))}));
+        dataTypes.push_back(record("DT" + std::to_string(number),
+                                   {subItem(0, "USINT"), subItem(1, "DT" + std::to_string(number + 1))}));
     dataTypes.push_back(record("DT" + std::to_string(length), {subItem(0, "USINT"), subItem(1, "UINT", "bottom")}));
     QCOMPARE(wordsUnder(dataTypes, "DT0"), QStringList{"bottom"});
 }
