@@ -40,6 +40,6 @@ void MainWindow::device_CoE_display()
     DictionaryItems(selectedDictionary()).addObjects(*ui->CoeTree);
     // ODD, KEPT: the rows counted are those of the module tree, where one would expect the ones just filled in. The
     // count has been so since the tab was made, and nothing that works goes by it: the tree is always emptied as a
-    // whole. Pinned by tst_CoeTab::rowCountIsThatOfTheModuleTree.
+    // whole. Pinned by tst_CoeSlots::rowCountIsThatOfTheModuleTree.
     coe_model_size = ui->ModuleTree->topLevelItemCount();
 }

@@ -4,20 +4,12 @@
 
 #include "esi/xmlCharConversion.h"
 #include "model/deviceRecords.h"
+#include "workbench/coeTreeParts.h"
 
 #include <QStringList>
 #include <QVector>
 
 #include <string>
-
-/// A top-level row and the rows under it, a text per column.
-struct ExpectedObject
-{
-    QStringList texts;
-    QVector<QStringList> children;
-
-    bool operator==(const ExpectedObject& other) const { return texts == other.texts && children == other.children; }
-};
 
 /// Walks a dictionary as the rules say.
 class DictionaryReference
@@ -27,12 +19,12 @@ public:
         : m_dictionary(dictionary)
     {}
 
-    [[nodiscard]] QVector<ExpectedObject> objects() const
+    [[nodiscard]] QVector<ShownObject> objects() const
     {
-        QVector<ExpectedObject> all;
+        QVector<ShownObject> all;
         for (const struct_Object& object : m_dictionary.vobject) {
             const QString pattern = xmlGetStringuint(object.index) + ":%1";
-            ExpectedObject expected;
+            ShownObject expected;
             expected.texts << pattern.arg(0) << QString::fromStdString(object.Name)
                            << xmlGetStringEnumNmtoken(object.flags.Access) << QString::number(object.BitSize)
                            << (contains(object.Type, "DT") ? QString() : QString::fromStdString(object.Type))
@@ -69,7 +61,7 @@ private:
     }
 
     /// @param above  names that are being scanned further up
-    void scan(const QString& pattern, const std::string& type, ExpectedObject& item, QVector<std::string> above) const
+    void scan(const QString& pattern, const std::string& type, ShownObject& item, QVector<std::string> above) const
     {
         if (!contains(type, "DT") || above.contains(type))
             return;

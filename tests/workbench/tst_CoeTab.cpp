@@ -1,5 +1,6 @@
 // The CoE tab: what it shows of the dictionary of the device that is clicked.
 #include "model/dictionaryBuilders.h"
+#include "workbench/coeTreeParts.h"
 #include "workbench/dictionaryReference.h"
 #include "workbench/mainwindow.h"
 #include "workbench/modelBuilders.h"
@@ -8,37 +9,8 @@
 #include <limits>
 #include <memory>
 #include <random>
-#include <stdexcept>
 
-namespace {
-
-using Objects = QVector<ExpectedObject>;
-
-QStringList textsOf(const QTreeWidgetItem* item)
-{
-    QStringList texts;
-    for (int column = 0; column < item->columnCount(); ++column)
-        texts << item->text(column);
-    return texts;
-}
-
-ExpectedObject shownObject(const QTreeWidgetItem* item)
-{
-    ExpectedObject shown{textsOf(item), {}};
-    for (int row = 0; row < item->childCount(); ++row)
-        shown.children << textsOf(item->child(row));
-    return shown;
-}
-
-/// Gives access to a member that only the window itself knows.
-template<auto Member> struct PrivateMember
-{
-    friend int rowCountKept(const MainWindow& window) { return window.*Member; }
-};
-template struct PrivateMember<&MainWindow::coe_model_size>;
-int rowCountKept(const MainWindow& window);
-
-} // namespace
+using Objects = QVector<ShownObject>;
 
 Q_DECLARE_METATYPE(DeviceDictionary)
 Q_DECLARE_METATYPE(Objects)
@@ -57,21 +29,13 @@ private slots:
     void rowsAreReadOnly();
     void dictionaryOfThePreviousDeviceGoes();
     void fileShowsNothing();
-    void withoutSelectionTheTreeStays_data();
-    void withoutSelectionTheTreeStays();
-    void pastTheListsIsARangeError_data();
-    void pastTheListsIsARangeError();
-    void lookUpsBySlot();
-    void scanBySlot();
-    void rowCountIsThatOfTheModuleTree();
-    void harmfulDictionaries_data();
+    static void harmfulDictionaries_data();
     void harmfulDictionaries();
 
 private:
     [[nodiscard]] QTreeWidget* coeTree() const { return part<QTreeWidget>(*m_window, "CoeTree"); }
+    void show(const DeviceDictionary& dictionary) { clickDeviceWith(*m_window, dictionary); }
     [[nodiscard]] Objects shown() const;
-    /// Loads one file with one device and clicks the device.
-    void show(const DeviceDictionary& dictionary);
 
     std::unique_ptr<MainWindow> m_window;
 };
@@ -95,14 +59,6 @@ Objects tst_CoeTab::shown() const
     for (int row = 0; row < coeTree()->topLevelItemCount(); ++row)
         objects << shownObject(coeTree()->topLevelItem(row));
     return objects;
-}
-
-void tst_CoeTab::show(const DeviceDictionary& dictionary)
-{
-    g_xmlfiledevices = {fileWith("a.xml", {"Drive"})};
-    g_xmlfiledevices[0].device[0].Dictionary = dictionary;
-    m_window->DeviceDisplayUpdate();
-    clickItem(*m_window, treeItem(*m_window, 0, 0));
 }
 
 /// An object with defaults of its own.
@@ -237,7 +193,7 @@ void tst_CoeTab::randomDictionaries()
         QVERIFY(callSlot(*m_window, "device_CoE_display"));
         const Objects expected = DictionaryReference(dictionary).objects();
         QVERIFY2(shown() == expected, qPrintable(QStringLiteral("dictionary %1").arg(number)));
-        for (const ExpectedObject& object : expected)
+        for (const ShownObject& object : expected)
             rows += object.children.size();
     }
     QVERIFY(rows > dictionaries); // or the dictionaries would show little
@@ -277,104 +233,6 @@ void tst_CoeTab::fileShowsNothing()
     show({{}, {object(0x1000, "UINT")}});
     clickItem(*m_window, treeItem(*m_window, 0));
     QCOMPARE(coeTree()->topLevelItemCount(), 0);
-}
-
-void tst_CoeTab::withoutSelectionTheTreeStays_data()
-{
-    QTest::addColumn<int>("file");
-    QTest::addColumn<int>("device");
-    QTest::addRow("no file") << -1 << 0;
-    QTest::addRow("no device") << 0 << -1;
-    QTest::addRow("nothing") << -1 << -1;
-}
-
-void tst_CoeTab::withoutSelectionTheTreeStays()
-{
-    QFETCH(int, file);
-    QFETCH(int, device);
-    show({{}, {object(0x1000, "UINT")}});
-    currentfileindex = file;
-    currentdeviceindex = device;
-    QVERIFY(callSlot(*m_window, "device_CoE_display"));
-    QCOMPARE(coeTree()->topLevelItemCount(), 1);
-}
-
-void tst_CoeTab::pastTheListsIsARangeError_data()
-{
-    QTest::addColumn<int>("file");
-    QTest::addColumn<int>("device");
-    QTest::addColumn<bool>("isNegative");
-    QTest::addRow("file past the list") << 1 << 0 << false;
-    QTest::addRow("device past the list") << 0 << 1 << false;
-    QTest::addRow("no file") << -1 << 0 << true;
-    QTest::addRow("no device") << 0 << -1 << true;
-}
-
-void tst_CoeTab::pastTheListsIsARangeError()
-{
-    QFETCH(int, file);
-    QFETCH(int, device);
-    QFETCH(bool, isNegative);
-    show({{}, {object(0x1000, "UINT")}});
-    currentfileindex = file;
-    currentdeviceindex = device;
-    int size = -1;
-    str_Info info;
-    QTreeWidgetItem item;
-    const std::string simpleType = "UINT"; // the device is looked up before the type is looked at
-    QVERIFY_EXCEPTION_THROWN(
-        callSlot(*m_window, "device_datatypeSize", Q_RETURN_ARG(int, size), Q_ARG(std::string, simpleType)),
-        std::out_of_range);
-    QVERIFY_EXCEPTION_THROWN(callSlot(*m_window, "device_objectInfo", Q_RETURN_ARG(str_Info, info),
-                                      Q_ARG(std::uint32_t, 0x1000), Q_ARG(std::uint32_t, 0)),
-                             std::out_of_range);
-    QVERIFY_EXCEPTION_THROWN(callSlot(*m_window, "device_datatypeScan", Q_ARG(QString, "0x1000:%1"),
-                                      Q_ARG(std::string, simpleType), Q_ARG(QTreeWidgetItem*, &item)),
-                             std::out_of_range);
-    if (!isNegative)
-        QVERIFY_EXCEPTION_THROWN(callSlot(*m_window, "device_CoE_display"), std::out_of_range);
-}
-
-void tst_CoeTab::lookUpsBySlot()
-{
-    show({{sized("UINT", 16), sized("UINT", 17)}, {objectWithDefaults(0x1018, "DT1018", {3, 4})}});
-    int size = -1;
-    QVERIFY(callSlot(*m_window, "device_datatypeSize", Q_RETURN_ARG(int, size), Q_ARG(std::string, "UINT")));
-    QCOMPARE(size, 16);
-    QVERIFY(callSlot(*m_window, "device_datatypeSize", Q_RETURN_ARG(int, size), Q_ARG(std::string, "REAL")));
-    QCOMPARE(size, 0);
-    str_Info info;
-    QVERIFY(callSlot(*m_window, "device_objectInfo", Q_RETURN_ARG(str_Info, info), Q_ARG(std::uint32_t, 0x1018),
-                     Q_ARG(std::uint32_t, 1)));
-    QCOMPARE(info.DefaultValue, 4U);
-    QVERIFY(callSlot(*m_window, "device_objectInfo", Q_RETURN_ARG(str_Info, info), Q_ARG(std::uint32_t, 0x1018),
-                     Q_ARG(std::uint32_t, 2)));
-    QCOMPARE(info.DefaultValue, 0U);
-}
-
-void tst_CoeTab::scanBySlot()
-{
-    show({{array("DT1", 1, 2)}, {}});
-    QTreeWidgetItem item({"index", "name", "flags", "size", "type", "value"});
-    QVERIFY(callSlot(*m_window, "device_datatypeScan", Q_ARG(QString, "0x1003:%1"), Q_ARG(std::string, "DT1"),
-                     Q_ARG(QTreeWidgetItem*, &item)));
-    const QVector<QStringList> expected{{"0x1003:1", "SubIndex 1", "flags", "0", "UINT"},
-                                        {"0x1003:2", "SubIndex 2", "flags", "0", "UINT"}};
-    QCOMPARE(shownObject(&item).children, expected);
-    QCOMPARE(item.text(5), QStringLiteral("value"));
-}
-
-void tst_CoeTab::rowCountIsThatOfTheModuleTree()
-{
-    show({{}, {object(0x1000, "UINT")}});
-    auto* const moduleTree = part<QTreeWidget>(*m_window, "ModuleTree");
-    moduleTree->clear();
-    for (int row = 0; row < 3; ++row)
-        moduleTree->addTopLevelItem(new QTreeWidgetItem);
-    QVERIFY(callSlot(*m_window, "device_CoE_display"));
-    QCOMPARE(rowCountKept(*m_window), 3);
-    clickItem(*m_window, treeItem(*m_window, 0));
-    QCOMPARE(rowCountKept(*m_window), 0);
 }
 
 void tst_CoeTab::harmfulDictionaries_data()
