@@ -1,5 +1,9 @@
 #include "workbench/dictionaryTree.h"
 
+#include <QStyle>
+
+#include <algorithm>
+
 namespace {
 
 /// A new item with texts, made from one with as many empty texts: copies share their columns, which is faster than to
@@ -12,6 +16,23 @@ QTreeWidgetItem* itemOf(const QStringList& texts)
     for (int column = 0; column < texts.size(); ++column)
         item->setText(column, texts[column]);
     return item;
+}
+
+/// Widens a column to a text. One that is wider already, perhaps by the user's hand, stays as it is.
+void makeRoomFor(QTreeWidget& tree, DictionaryColumn column, const QString& text, int indentation = 0)
+{
+    const int margin = tree.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &tree) + 1;
+    const int width = indentation + margin + tree.fontMetrics().horizontalAdvance(text) + margin;
+    tree.setColumnWidth(column, std::max(tree.columnWidth(column), width));
+}
+
+/// Indexes and the names of usual types are not to be cut off. Their room depends on the font, which the tree has only
+/// after it was made; and to measure all rows would take longer than to make them.
+void makeRoomForUsualTexts(QTreeWidget& tree)
+{
+    constexpr int levels = 2; // a row under an object stands behind the place of two arrows
+    makeRoomFor(tree, IndexColumn, QStringLiteral("0xdddd:255"), levels * tree.indentation());
+    makeRoomFor(tree, TypeColumn, QStringLiteral("STRING(255)"));
 }
 
 } // namespace
@@ -38,6 +59,7 @@ void DictionaryItems::addObjects(QTreeWidget& tree)
     // By position: an item that expands itself first searches for its position, from item to item.
     for (int row = before; row < tree.topLevelItemCount(); ++row)
         tree.expand(tree.model()->index(row, 0));
+    makeRoomForUsualTexts(tree);
 }
 
 void DictionaryItems::addRowsOfType(QTreeWidgetItem& item, const QString& indexPattern, const std::string& type)

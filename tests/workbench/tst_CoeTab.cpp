@@ -27,6 +27,7 @@ private slots:
     void randomDictionaries();
     void objectsAreExpanded();
     void rowsAreReadOnly();
+    void indexesAreNotCutOff();
     void dictionaryOfThePreviousDeviceGoes();
     void fileShowsNothing();
     static void harmfulDictionaries_data();
@@ -212,6 +213,25 @@ void tst_CoeTab::rowsAreReadOnly()
     show({{array("DT1", 1, 2)}, {object(0x1000, "DT1")}});
     QVERIFY(!coeTree()->topLevelItem(0)->flags().testFlag(Qt::ItemIsEditable));
     QVERIFY(!coeTree()->topLevelItem(0)->child(0)->flags().testFlag(Qt::ItemIsEditable));
+}
+
+void tst_CoeTab::indexesAreNotCutOff()
+{
+    const QFont before = QApplication::font();
+    QApplication::setFont(applicationFont(before, 2560));
+    showWindow(*m_window);
+    show({{array("DT1", 250, 255)}, {object(0xDDDD, "DT1"), object(0xDDDE, "STRING(12)")}});
+    auto* const tree = coeTree();
+    const QTreeWidgetItem* const last = tree->topLevelItem(0)->child(5);
+    QCOMPARE(last->text(0), QStringLiteral("0xdddd:255"));
+    const int needed = 2 * tree->indentation() + tree->fontMetrics().horizontalAdvance(last->text(0));
+    QVERIFY(tree->columnWidth(0) > needed);
+    QVERIFY(tree->columnWidth(4) > tree->fontMetrics().horizontalAdvance(QStringLiteral("STRING(12)")));
+    // A column that is wider already stays.
+    tree->setColumnWidth(0, 500);
+    clickItem(*m_window, treeItem(*m_window, 0, 0));
+    QCOMPARE(tree->columnWidth(0), 500);
+    QApplication::setFont(before);
 }
 
 void tst_CoeTab::dictionaryOfThePreviousDeviceGoes()
