@@ -3,7 +3,9 @@
 #include "model/dataTypeNames.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <unordered_set>
+#include <utility>
 
 namespace {
 
