@@ -1,6 +1,7 @@
 // coeBench.cpp - filling the CoE tab against a tree of the same bare items.
 #include "ratioLimits.h"
 #include "stopwatch.h"
+#include "windowParts.h"
 #include "xmlText.h"
 
 #include "model/XMLParsing.h"
@@ -80,36 +81,6 @@ struct_EtherCatDevice deviceWithDictionary()
     return device;
 }
 
-/// A widget of the window by its name.
-QTreeWidget& treeNamed(const MainWindow& window, const char* name)
-{
-    auto* const tree = window.findChild<QTreeWidget*>(QLatin1String(name));
-    if (tree == nullptr)
-        throw std::runtime_error(std::string("the window has no tree named ") + name);
-    return *tree;
-}
-
-/// Time of a click on the one device of the window, whose tabs are empty before.
-double secondsOfClick(MainWindow& window)
-{
-    QTreeWidget& tree = treeNamed(window, "DeviceTree");
-    QTreeWidgetItem* const item = tree.topLevelItem(0)->child(0);
-    const Stopwatch stopwatch;
-    const bool isCalled = QMetaObject::invokeMethod(&tree, "itemClicked", Qt::DirectConnection,
-                                                    Q_ARG(QTreeWidgetItem*, item), Q_ARG(int, 0));
-    const double seconds = stopwatch.seconds();
-    if (!isCalled)
-        throw std::runtime_error("the device tree cannot be clicked");
-    return seconds;
-}
-
-/// Empties the tabs, so that both sides of the comparison start alike.
-void clearTabs(MainWindow& window)
-{
-    window.Device_Information_UIClear();
-    malloc_trim(0);
-}
-
 /// Texts of an object's row, and of those under it.
 using ObjectTexts = std::vector<QStringList>;
 
@@ -163,7 +134,7 @@ void fillCoeTab(benchmark::State& state)
     MainWindow window;
     window.DeviceDisplayUpdate();
     secondsOfClick(window);
-    const std::vector<ObjectTexts> objects = textsOf(treeNamed(window, "CoeTree"));
+    const std::vector<ObjectTexts> objects = textsOf(partNamed<QTreeWidget>(window, "CoeTree"));
     clearTabs(window);
     std::size_t rows = 0;
     for (const ObjectTexts& texts : objects)
