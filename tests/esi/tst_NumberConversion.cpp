@@ -75,6 +75,11 @@ void tst_NumberConversion::bothKinds_data()
     QTest::addRow("#x alone") << "#x" << 0;
     QTest::addRow("rubbish behind the digits") << "DT0800EN8" << 0;
     QTest::addRow("name of a data type") << "UDINT" << 0;
+    QTest::addRow("more digits than any number has, with leading zeros") << "000000000012" << 12;
+    QTest::addRow("more hexadecimal digits than any number has, with leading zeros") << "#x000000012" << 18;
+    QTest::addRow("rubbish behind a mark and digits") << "#x1G" << 0;
+    QTest::addRow("a second mark behind digits") << "0x1#x2" << 0x12;
+    QTest::addRow("digits of another script") << QStringLiteral("\u0661\u0662") << 0;
     QTest::addRow("greatest that both hold") << "2147483647" << std::numeric_limits<int>::max();
     QTest::addRow("greatest that both hold, hexadecimal") << "#x7FFFFFFF" << std::numeric_limits<int>::max();
 }

@@ -40,14 +40,14 @@ template<auto BitLength> void storeBitLength(BeingRead<RecordOf<BitLength>>& to,
 }
 
 /// Appends one entry, which has its place where the entries before it end.
-/// @tparam entryRules  the table of the entry's children
-template<typename Entry, const auto& entryRules, typename Pdo>
+/// @tparam EntryRules  the table of the entry's children
+template<typename Entry, const auto& EntryRules, typename Pdo>
 void appendEntry(BeingRead<Pdo>& to, const QDomElement& element)
 {
     BeingRead<Entry> reading;
     reading.bits = to.bits;
     reading.record.Offs = byteBitForm(to.bits);
-    readChildren(element, entryRules, reading);
+    readChildren(element, EntryRules, reading);
     to.bits = reading.bits;
     entriesOf(to.record).push_back(std::move(reading.record));
 }
