@@ -27,10 +27,12 @@ QString refusalOf(std::uint16_t deviceType)
 QTreeWidgetItem* groupItem(const struct_commentmodule& group)
 {
     auto* item = new QTreeWidgetItem(QStringList{QString::fromStdString(group.comment)});
-    for (const struct_module& module : group.vmodule)
-        item->addChild(new QTreeWidgetItem(QStringList{QString::fromStdString(module.Name),
-                                                       xmlGetStringuint(module.TypeAttributes.ModuleIdent),
-                                                       QString::fromStdString(module.TypeAttributes.Name)}));
+    for (const struct_module& module : group.vmodule) {
+        const QString name = QString::fromStdString(module.Name);
+        auto* child = new QTreeWidgetItem(item, QStringList{name, xmlGetStringuint(module.TypeAttributes.ModuleIdent),
+                                                            QString::fromStdString(module.TypeAttributes.Name)});
+        child->setToolTip(0, name); // many names are longer than their column
+    }
     return item;
 }
 

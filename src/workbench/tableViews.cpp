@@ -9,9 +9,11 @@
 void setUpTableView(QTableView& view, QStandardItemModel& model, const TableColumns& columns)
 {
     constexpr int leastHeight = 30;
+    constexpr int rowHeight = 26; // the usual four sync managers and three FMMUs fit the least height of the window
     model.setHorizontalHeaderLabels(columns.headers);
     model.setColumnCount(columns.headers.size());
     view.setModel(&model);
+    view.verticalHeader()->setDefaultSectionSize(rowHeight);
     view.horizontalHeader()->setStretchLastSection(true);
     view.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft);
     // The fonts come before the style sheet: with that in place a view no longer hands a font on to its cells.
