@@ -13,6 +13,7 @@ void setUpTableView(QTableView& view, QStandardItemModel& model, const TableColu
     model.setHorizontalHeaderLabels(columns.headers);
     model.setColumnCount(columns.headers.size());
     view.setModel(&model);
+    view.verticalHeader()->setMinimumSectionSize(rowHeight);
     view.verticalHeader()->setDefaultSectionSize(rowHeight);
     view.horizontalHeader()->setStretchLastSection(true);
     view.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft);
