@@ -17,7 +17,8 @@ void setUpEditorWindow(QWidget& editor)
     palette.setColor(QPalette::Disabled, QPalette::Text, textOfReports);
     palette.setColor(QPalette::Disabled, QPalette::WindowText, textOfReports);
     editor.setPalette(palette);
-    editor.move(editor.parentWidget()->mapToGlobal(QPoint(0, 0)) + placeInParent);
+    if (const QWidget* parent = editor.parentWidget())
+        editor.move(parent->mapToGlobal(QPoint(0, 0)) + placeInParent);
 }
 
 bool pressByKey(const QWidget& editor, const QKeyEvent& event, QPushButton& save, QPushButton& cancel)

@@ -17,8 +17,8 @@ inline QString closingWords()
     return QStringLiteral("Hello parent");
 }
 
-/// Makes an editor a frameless dialog over its parent that holds the parent's input as long as it is open. Without a
-/// frame its two buttons, and Esc and Enter, are the ways out.
+/// Makes an editor a frameless dialog that holds the input of its parent as long as it is open, and puts it over the
+/// parent, if it has one. Without a frame its two buttons, and Esc and Enter, are the ways out.
 void setUpEditorWindow(QWidget& editor);
 
 /// Keys as in any dialog: Esc cancels, and Enter presses the button that has the focus or, from a field, saves.

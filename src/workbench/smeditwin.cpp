@@ -14,6 +14,7 @@ Smeditwin::Smeditwin(QWidget* parent)
     , ui(std::make_unique<Ui::Smeditwin>())
 {
     ui->setupUi(this);
+    setUpEditorWindow(*this);
     if (parent == nullptr)
         return;
     if (currentfileindex >= 0 && currentdeviceindex >= 0) {
@@ -23,7 +24,6 @@ Smeditwin::Smeditwin(QWidget* parent)
     mwin_sm_modelselrow = currentRowIn(*parent, "SmView");
     if (const struct_SM* syncManager = target())
         fillForm(*syncManager);
-    setUpEditorWindow(*this);
 }
 
 Smeditwin::~Smeditwin() = default;

@@ -16,6 +16,7 @@ Startupeditwin::Startupeditwin(QWidget* parent)
     , ui(std::make_unique<Ui::Startupeditwin>())
 {
     ui->setupUi(this);
+    setUpEditorWindow(*this);
     if (parent == nullptr)
         return;
     if (currentfileindex >= 0 && currentdeviceindex >= 0) {
@@ -24,7 +25,6 @@ Startupeditwin::Startupeditwin(QWidget* parent)
     }
     mwin_startup_modelselrow = currentRowIn(*parent, "StartupView");
     visitTarget([this](const auto& command) { fillForm(command); });
-    setUpEditorWindow(*this);
 }
 
 Startupeditwin::~Startupeditwin() = default;
