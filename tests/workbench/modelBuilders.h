@@ -20,6 +20,14 @@ inline struct_EtherCatDevice deviceNamed(const std::string& name)
     return device;
 }
 
+/// A device of a class, by its value in `enum_KTL_DEVICE_TYPE`.
+inline struct_EtherCatDevice deviceOfType(int type, const std::string& name = "Drive")
+{
+    struct_EtherCatDevice device = deviceNamed(name);
+    device.m_iDeviceType = static_cast<std::uint16_t>(type);
+    return device;
+}
+
 /// A loaded file with devices that have names and nothing else.
 inline struct_FilenameDevice fileWith(const std::string& path, std::initializer_list<const char*> deviceNames)
 {

@@ -1,0 +1,130 @@
+// The field of the drive axes on the General tab.
+#include "workbench/deviceWindow.h"
+#include "workbench/editorParts.h"
+
+#include <memory>
+
+class tst_DriveAxesField : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    static void driveAxes_data();
+    void driveAxes();
+    void driveAxesAreStoredWhenTheFieldIsLeft();
+    static void driveAxesOfOtherTypes_data();
+    void driveAxesOfOtherTypes();
+    void singleDriverForcesOneAxis();
+    static void driveAxesNeedADevice_data();
+    void driveAxesNeedADevice();
+
+private:
+    QLineEdit* axesField() { return m_window->find<QLineEdit>("DriveAxies"); }
+    [[nodiscard]] static int axes() { return DeviceWindow::device().m_iDriveAxies; }
+
+    std::unique_ptr<DeviceWindow> m_window;
+};
+
+void tst_DriveAxesField::init()
+{
+    m_window = std::make_unique<DeviceWindow>();
+    showTab(m_window->window, 0);
+}
+
+void tst_DriveAxesField::cleanup()
+{
+    m_window.reset();
+}
+
+void tst_DriveAxesField::driveAxes_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("stored");
+    QTest::addColumn<QString>("shown");
+    QTest::addRow("decimal") << "3" << 3 << "0x3";
+    QTest::addRow("hexadecimal") << "0x10" << 16 << "0x10";
+    QTest::addRow("hexadecimal mark of ESI files") << "#x1F" << 31 << "0x1f";
+    QTest::addRow("digits of a hexadecimal number") << "1a" << 26 << "0x1a";
+    QTest::addRow("none") << "0" << 0 << "0x00";
+    QTest::addRow("empty") << "" << 0 << "0x00";
+    QTest::addRow("no number") << "xyz" << 0 << "0x00";
+    QTest::addRow("no upper limit") << "65535" << 65535 << "0xffff";
+    QTest::addRow("above 16 bits: the low 16 are kept") << "65536" << 0 << "0x00";
+    QTest::addRow("above 16 bits") << "0x1FFFE" << 65534 << "0xfffe";
+    QTest::addRow("above 32 bits is no number") << "4294967296" << 0 << "0x00";
+}
+
+void tst_DriveAxesField::driveAxes()
+{
+    QFETCH(QString, typed);
+    struct_EtherCatDevice device = deviceOfType(KTL_DEVICE_TYPE_MultiDriver);
+    device.m_iDriveAxies = 9;
+    m_window->show({device});
+    typeInto(axesField(), typed);
+    QCOMPARE(axes(), 9); // not before the editing is finished
+    QTest::keyClick(axesField(), Qt::Key_Return);
+    QTEST(axes(), "stored");
+    QTEST(axesField()->text(), "shown");
+}
+
+void tst_DriveAxesField::driveAxesAreStoredWhenTheFieldIsLeft()
+{
+    m_window->show({deviceOfType(KTL_DEVICE_TYPE_MultiDriver)});
+    typeInto(axesField(), "12");
+    QTest::keyClick(axesField(), Qt::Key_Tab);
+    QCOMPARE(axes(), 12);
+    QCOMPARE(axesField()->text(), QString("0xc"));
+}
+
+void tst_DriveAxesField::driveAxesOfOtherTypes_data()
+{
+    QTest::addColumn<int>("ofDevice");
+    for (const int other : {0, 1, 3, 4, 5, 9})
+        QTest::addRow("type %d", other) << other;
+}
+
+void tst_DriveAxesField::driveAxesOfOtherTypes()
+{
+    QFETCH(int, ofDevice);
+    m_window->show({deviceOfType(ofDevice)});
+    DeviceWindow::device().m_iDriveAxies = 3;
+    axesField()->setText("5");
+    QVERIFY(callSlot(m_window->window, "on_DriveAxies_editingFinished"));
+    QCOMPARE(axes(), 0);
+    QCOMPARE(axesField()->text(), QString("0x00"));
+}
+
+void tst_DriveAxesField::singleDriverForcesOneAxis()
+{
+    m_window->show({deviceOfType(KTL_DEVICE_TYPE_MultiDriver)});
+    typeInto(axesField(), "9");
+    choose(m_window->find<QComboBox>("comboBox_DeviceType"), KTL_DEVICE_TYPE_SingleDriver);
+    QCOMPARE(axes(), 1);
+    QCOMPARE(axesField()->text(), QString("0x1"));
+    QCOMPARE(axesField()->isEnabled(), false);
+}
+
+void tst_DriveAxesField::driveAxesNeedADevice_data()
+{
+    addSelectionsWithoutADevice();
+}
+
+void tst_DriveAxesField::driveAxesNeedADevice()
+{
+    struct_EtherCatDevice drive = deviceOfType(KTL_DEVICE_TYPE_MultiDriver);
+    drive.m_iDriveAxies = 4;
+    m_window->show({drive});
+    QFETCH(int, file);
+    QFETCH(int, device);
+    currentfileindex = file;
+    currentdeviceindex = device;
+    axesField()->setText("5");
+    QVERIFY(callSlot(m_window->window, "on_DriveAxies_editingFinished"));
+    QCOMPARE(axes(), 4);
+    QCOMPARE(axesField()->text(), QString("5"));
+}
+
+QTEST_MAIN(tst_DriveAxesField)
+#include "tst_DriveAxesField.moc"

@@ -1,0 +1,395 @@
+// The device type on the General tab: chosen by the user, and found by a click in the tree; and the about box.
+#include "workbench/deviceWindow.h"
+#include "workbench/dialogDriver.h"
+#include "workbench/editorParts.h"
+
+#include <QAction>
+
+#include <memory>
+
+class tst_GeneralTab : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    static void chosenType_data();
+    void chosenType();
+    static void axesOfSlots_data();
+    void axesOfSlots();
+    static void adviceOnModuleList_data();
+    void adviceOnModuleList();
+    void adviceComesWithEachChoice();
+    void noAdviceWhereTheEntryIsCurrent();
+    static void clickOnADeviceOfAnotherType_data();
+    void clickOnADeviceOfAnotherType();
+    void multiDriverKeepsItsAxes();
+    void nestedDispatcherFillsOnce();
+    void choiceStoresTheModuleIndexes();
+    void unknownTypeHasNoEntry();
+    static void typeNeedsADevice_data();
+    void typeNeedsADevice();
+    void negativeTypeEntry();
+    void about();
+
+private:
+    QComboBox* typeList() { return m_window->find<QComboBox>("comboBox_DeviceType"); }
+    QLineEdit* axesField() { return m_window->find<QLineEdit>("DriveAxies"); }
+    [[nodiscard]] static int axes(std::size_t device = 0) { return DeviceWindow::device(device).m_iDriveAxies; }
+    [[nodiscard]] static int type(std::size_t device = 0) { return DeviceWindow::device(device).m_iDeviceType; }
+    /// Loads devices and clicks the first; boxes that come up meanwhile are a failure.
+    void show(const std::vector<struct_EtherCatDevice>& devices);
+
+    std::unique_ptr<DeviceWindow> m_window;
+};
+
+/// A slot as "group name".
+static struct_Slot slotFrom(const QString& text)
+{
+    struct_Slot slot;
+    slot.Attributes.m_SlotGroup = text.section(' ', 0, 0).toInt();
+    slot.Name = text.section(' ', 1).toStdString();
+    return slot;
+}
+
+/// A coupler set by hand that takes its list of modules by itself.
+static struct_EtherCatDevice couplerWithModuleList(const std::string& name)
+{
+    struct_EtherCatDevice device = deviceOfType(KTL_DEVICE_TYPE_ManualIOBlock, name);
+    device.Slots.Attributes.DownloadModuleIdentList = true;
+    return device;
+}
+
+void tst_GeneralTab::init()
+{
+    m_window = std::make_unique<DeviceWindow>();
+    showTab(m_window->window, 0);
+}
+
+void tst_GeneralTab::cleanup()
+{
+    m_window.reset();
+}
+
+void tst_GeneralTab::show(const std::vector<struct_EtherCatDevice>& devices)
+{
+    DialogDriver driver({});
+    driver.during([&] { m_window->show(devices); });
+    QCOMPARE(driver.problem(), QString());
+}
+
+void tst_GeneralTab::chosenType_data()
+{
+    QTest::addColumn<int>("before");
+    QTest::addColumn<int>("entry");
+    QTest::addColumn<int>("driveAxes");
+    QTest::addColumn<QString>("shownAxes");
+    QTest::addColumn<bool>("axesMayBeTyped");
+    QTest::addColumn<bool>("moduleIndexesMayBeTyped");
+    QTest::addRow("I/O block") << 2 << 0 << 0 << "0x00" << false << false;
+    QTest::addRow("single drive") << 0 << 1 << 1 << "0x1" << false << false;
+    QTest::addRow("multi drive: an axis for each slot") << 0 << 2 << 3 << "0x3" << true << false;
+    QTest::addRow("coupler") << 2 << 3 << 0 << "0x00" << false << true;
+    QTest::addRow("special device") << 2 << 4 << 0 << "0x00" << false << true;
+    QTest::addRow("coupler set by hand") << 2 << 5 << 0 << "0x00" << false << false;
+}
+
+void tst_GeneralTab::chosenType()
+{
+    QFETCH(int, before);
+    QFETCH(int, entry);
+    QFETCH(bool, moduleIndexesMayBeTyped);
+    struct_EtherCatDevice device = deviceOfType(before);
+    device.m_iDriveAxies = 7;
+    device.Slots.vslot.resize(3);
+    show({device});
+    choose(typeList(), entry);
+    QCOMPARE(type(), entry);
+    QCOMPARE(typeList()->currentIndex(), entry);
+    QTEST(axes(), "driveAxes");
+    QTEST(axesField()->text(), "shownAxes");
+    QTEST(axesField()->isEnabled(), "axesMayBeTyped");
+    QCOMPARE(m_window->find<QLineEdit>("ConfigModuleEdit")->isEnabled(), moduleIndexesMayBeTyped);
+    QCOMPARE(m_window->find<QLineEdit>("DetectModuleEdit")->isEnabled(), moduleIndexesMayBeTyped);
+}
+
+void tst_GeneralTab::axesOfSlots_data()
+{
+    QTest::addColumn<unsigned int>("groups");
+    QTest::addColumn<QStringList>("slotTexts");
+    QTest::addColumn<int>("driveAxes");
+    QTest::addRow("no groups: the number of slots") << 0U << QStringList{"-1 A", "0 Axis", "5 B"} << 3;
+    QTest::addRow("no groups, no slots") << 0U << QStringList{} << 0;
+    QTest::addRow("groups: highest number and 1") << 2U << QStringList{"0 Axis 1", "1 Axis 2"} << 2;
+    QTest::addRow("only slots named with Axis") << 3U << QStringList{"0 Axis 1", "1 Encoder", "2 IO"} << 1;
+    QTest::addRow("other case does not count") << 3U << QStringList{"0 axis", "1 AXIS"} << 0;
+    QTest::addRow("part of a name counts") << 3U << QStringList{"1 X-Axis->left"} << 2;
+    QTest::addRow("slots in no group do not count") << 3U << QStringList{"-1 Axis", "-2 Axis"} << 0;
+    QTest::addRow("a group counts once") << 3U << QStringList{"0 Axis out", "0 Axis in"} << 1;
+    QTest::addRow("in any order") << 3U << QStringList{"2 Axis", "0 Axis", "1 Axis"} << 3;
+    QTest::addRow("groups, no slots") << 3U << QStringList{} << 0;
+}
+
+void tst_GeneralTab::axesOfSlots()
+{
+    QFETCH(unsigned int, groups);
+    QFETCH(QStringList, slotTexts);
+    struct_EtherCatDevice device = deviceOfType(KTL_DEVICE_TYPE_IOBlock);
+    device.Slots.Attributes.m_MaxSlotGroupCount = groups;
+    for (const QString& text : slotTexts)
+        device.Slots.vslot.push_back(slotFrom(text));
+    show({device});
+    choose(typeList(), KTL_DEVICE_TYPE_MultiDriver);
+    QTEST(axes(), "driveAxes");
+}
+
+void tst_GeneralTab::adviceOnModuleList_data()
+{
+    QTest::addColumn<int>("before");
+    QTest::addColumn<int>("entry");
+    QTest::addColumn<bool>("takesModuleList");
+    QTest::addColumn<bool>("isAdvised");
+    QTest::addRow("set by hand, takes the list") << 0 << 5 << true << true;
+    QTest::addRow("set by hand, takes no list") << 0 << 5 << false << false;
+    for (int other = 0; other < 5; ++other)
+        QTest::addRow("type %d, takes the list", other) << (other == 0 ? 1 : 0) << other << true << false;
+}
+
+void tst_GeneralTab::adviceOnModuleList()
+{
+    QFETCH(int, before);
+    QFETCH(int, entry);
+    QFETCH(bool, takesModuleList);
+    QFETCH(bool, isAdvised);
+    struct_EtherCatDevice device = deviceOfType(before, "<b>耦合器</b>");
+    device.Slots.Attributes.DownloadModuleIdentList = takesModuleList;
+    show({device});
+    DialogDriver driver(isAdvised ? std::vector<DialogAnswer>{pressing(QMessageBox::Ok)} : std::vector<DialogAnswer>{});
+    choose(typeList(), entry, driver);
+    QCOMPARE(type(), entry); // the change stands all the same
+    if (!isAdvised)
+        return;
+    const SeenDialog box = driver.seen(0);
+    QCOMPARE(box.title, QString("xml parser"));
+    QCOMPARE(box.text, QStringLiteral("当前设备支持写F030，建议配置设备类型为类型4。请谨慎操作 <b>耦合器</b>:\n"));
+    QCOMPARE(box.icon, QMessageBox::Warning);
+    QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+    QCOMPARE(box.parent, m_window->widget());
+}
+
+void tst_GeneralTab::adviceComesWithEachChoice()
+{
+    struct_EtherCatDevice device = couplerWithModuleList("Coupler");
+    device.m_iDeviceType = KTL_DEVICE_TYPE_IOBlock;
+    show({device});
+    for (int time = 0; time < 2; ++time) {
+        DialogDriver driver({pressing(QMessageBox::Ok)});
+        choose(typeList(), KTL_DEVICE_TYPE_ManualIOBlock, driver);
+        choose(typeList(), KTL_DEVICE_TYPE_PnpIOBlock);
+    }
+}
+
+void tst_GeneralTab::noAdviceWhereTheEntryIsCurrent()
+{
+    DialogDriver whenTheEntryChanges({pressing(QMessageBox::Ok)});
+    whenTheEntryChanges.during([this] {
+        m_window->show({couplerWithModuleList("Coupler 1"), couplerWithModuleList("Coupler 2")});
+    });
+    QCOMPARE(whenTheEntryChanges.problem(), QString());
+    DialogDriver driver({});
+    driver.during([this] {
+        m_window->click(1);
+        m_window->click(0);
+        m_window->click(0);
+        choose(typeList(), KTL_DEVICE_TYPE_ManualIOBlock); // the current entry: no change
+    });
+    QCOMPARE(driver.problem(), QString());
+    QCOMPARE(type(0), 5);
+    QCOMPARE(type(1), 5);
+}
+
+void tst_GeneralTab::clickOnADeviceOfAnotherType_data()
+{
+    QTest::addColumn<int>("ofDevice");
+    QTest::addColumn<int>("driveAxes");
+    QTest::addColumn<QString>("shown");
+    QTest::addRow("single drive: one axis") << 1 << 1 << "0x1";
+    QTest::addRow("multi drive: keeps its axes") << 2 << 9 << "0x9";
+    QTest::addRow("coupler: none") << 3 << 0 << "0x00";
+    QTest::addRow("special device: none") << 4 << 0 << "0x00";
+    QTest::addRow("coupler set by hand: none") << 5 << 0 << "0x00";
+}
+
+void tst_GeneralTab::clickOnADeviceOfAnotherType()
+{
+    QFETCH(int, ofDevice);
+    struct_EtherCatDevice device = deviceOfType(ofDevice, "Second");
+    device.m_iDriveAxies = 9;
+    device.Slots.vslot.resize(2);
+    // The entry of the first device is current when the program starts, so its slot does not run.
+    struct_EtherCatDevice first = deviceOfType(KTL_DEVICE_TYPE_IOBlock, "First");
+    first.m_iDriveAxies = 5;
+    show({first, device});
+    QCOMPARE(axes(0), 5);
+    m_window->click(1);
+    QCOMPARE(type(1), ofDevice);
+    QTEST(axes(1), "driveAxes");
+    QTEST(axesField()->text(), "shown");
+    QCOMPARE(axes(0), 5);
+}
+
+void tst_GeneralTab::multiDriverKeepsItsAxes()
+{
+    struct_EtherCatDevice drive = deviceOfType(KTL_DEVICE_TYPE_MultiDriver);
+    drive.Slots.vslot.resize(2);
+    show({drive, deviceOfType(KTL_DEVICE_TYPE_IOBlock)});
+    typeInto(axesField(), "7");
+    m_window->click(1);
+    QCOMPARE(axesField()->isEnabled(), false);
+    m_window->click(0); // the entry changes and its slot counts two slots
+    QCOMPARE(axes(), 7);
+    QCOMPARE(axesField()->text(), QString("0x7"));
+    QCOMPARE(axesField()->isEnabled(), true);
+    m_window->click(0); // the entry is current
+    QCOMPARE(axes(), 7);
+    QCOMPARE(axesField()->text(), QString("0x7"));
+}
+
+/// A device with something for each tab, and a module that brings a command and a PDO.
+static struct_EtherCatDevice modularDevice(int type)
+{
+    struct_EtherCatDevice device = deviceOfType(type, "Modular");
+    device.TypeAttributes.type = "M1";
+    device.configindex = 0xF030;
+    device.detectindex = 0xF050;
+    device.vSM.resize(4);
+    for (std::uint8_t number = 0; number < 4; ++number) {
+        device.vSM[number].SM = number;
+        device.vSM[number].Smtype = static_cast<std::uint8_t>(number + 1);
+    }
+    device.vFmmu.resize(2);
+    device.vopmode.resize(2);
+    device.RxPdo.vpdo = {pdoOn(2)};
+    device.Mailbox.COE.Attributes.PdoConfig = true;
+    device.Mailbox.COE.Attributes.PdoAssign = true;
+    device.Mailbox.COE.InitCmd.vinitcmd.resize(1);
+    device.Slots.vslot.resize(1);
+    struct_Slot& slot = device.Slots.vslot[0];
+    slot.Attributes.MaxInstances = 1;
+    slot.slotmodule.resize(1);
+    struct_module& module = slot.slotmodule[0].module;
+    module.Mailbox.COE.vinitcmd.resize(2);
+    module.RxPdo.vpdo.resize(1);
+    module.RxPdo.vpdo[0].Attributes.SM = 2;
+    module.RxPdo.vpdo[0].vEntry.resize(1);
+    module.RxPdo.vpdo[0].vEntry[0].BitLen = 8;
+    return device;
+}
+
+void tst_GeneralTab::nestedDispatcherFillsOnce()
+{
+    const auto tablesNow = [this] {
+        QVector<QVector<QStringList>> tables;
+        for (const char* name : {"SmView", "FmmuView", "SyncManagerView", "PdoListView", "StartupView", "ModuleView"})
+            tables.append(cellsOf(m_window->find<QTableView>(name)));
+        return tables;
+    };
+    // Clicked while its entry is current, the dispatcher runs once.
+    struct_EtherCatDevice plain = modularDevice(KTL_DEVICE_TYPE_MultiDriver);
+    show({plain, deviceOfType(KTL_DEVICE_TYPE_IOBlock)});
+    m_window->click(0);
+    const QVector<QVector<QStringList>> tables = tablesNow();
+    QCOMPARE(tables[0].size(), 4);
+    QCOMPARE(tables[1].size(), 2);
+    QCOMPARE(tables[2].size(), 4);
+    QCOMPARE(tables[3].size(), 2); // of the device and of its module
+    QCOMPARE(tables[5].size(), 1);
+    const std::size_t moduleCommands = DeviceWindow::device().mMailbox.COE.vinitcmd.size();
+    QCOMPARE(tables[4].size(), int(moduleCommands) + 1);
+    // Two of the module; clearing, mapping and count of its PDO; two assignments and their count.
+    QCOMPARE(moduleCommands, std::size_t(2 + 3 + 3));
+
+    m_window->click(1);
+    m_window->click(0); // another entry becomes current: the dispatcher runs inside itself
+    QCOMPARE(tablesNow(), tables);
+    QCOMPARE(m_window->find<QComboBox>("comboBox_Dc")->count(), 2);
+    QCOMPARE(DeviceWindow::device().mMailbox.COE.vinitcmd.size(), moduleCommands);
+    QCOMPARE(DeviceWindow::device().mRxPdo.mpdo.size(), std::size_t(1));
+    QCOMPARE(int(DeviceWindow::device().configindex), 0xF030);
+    QCOMPARE(int(DeviceWindow::device().detectindex), 0xF050);
+    QCOMPARE(m_window->find<QLineEdit>("ConfigModuleEdit")->text(), QString("0xf030"));
+    QCOMPARE(m_window->find<QLineEdit>("TypeEdit")->text(), QString("M1"));
+    QCOMPARE(currentfileindex, 0);
+    QCOMPARE(currentdeviceindex, 0);
+}
+
+void tst_GeneralTab::choiceStoresTheModuleIndexes()
+{
+    struct_EtherCatDevice device = deviceOfType(KTL_DEVICE_TYPE_PnpIOBlock);
+    show({device});
+    showTab(m_window->window, 3);
+    typeInto(m_window->find<QLineEdit>("ConfigModuleEdit"), "0xF030");
+    showTab(m_window->window, 0);
+    choose(typeList(), KTL_DEVICE_TYPE_Special); // shows the device anew, which saves what was typed
+    QCOMPARE(int(DeviceWindow::device().configindex), 0xF030);
+    QCOMPARE(m_window->find<QLineEdit>("ConfigModuleEdit")->text(), QString("0xf030"));
+}
+
+void tst_GeneralTab::unknownTypeHasNoEntry()
+{
+    struct_EtherCatDevice device = deviceOfType(9);
+    device.m_iDriveAxies = 4;
+    show({device});
+    QCOMPARE(typeList()->currentIndex(), -1);
+    QCOMPARE(type(), 9);
+    QCOMPARE(axes(), 4);
+    QCOMPARE(axesField()->isEnabled(), false);
+}
+
+void tst_GeneralTab::typeNeedsADevice_data()
+{
+    addSelectionsWithoutADevice();
+}
+
+void tst_GeneralTab::typeNeedsADevice()
+{
+    struct_EtherCatDevice coupler = couplerWithModuleList("Coupler");
+    coupler.m_iDeviceType = KTL_DEVICE_TYPE_PnpIOBlock;
+    coupler.m_iDriveAxies = 4;
+    show({coupler});
+    QFETCH(int, file);
+    QFETCH(int, device);
+    currentfileindex = file;
+    currentdeviceindex = device;
+    choose(typeList(), KTL_DEVICE_TYPE_ManualIOBlock);
+    choose(typeList(), KTL_DEVICE_TYPE_MultiDriver);
+    QCOMPARE(type(), 3);
+    QCOMPARE(axes(), 0); // as the click on the device left it
+    QCOMPARE(axesField()->isEnabled(), false);
+}
+
+void tst_GeneralTab::negativeTypeEntry()
+{
+    struct_EtherCatDevice device = deviceOfType(KTL_DEVICE_TYPE_MultiDriver);
+    device.m_iDriveAxies = 4;
+    show({device});
+    QVERIFY(callSlot(m_window->window, "on_comboBox_DeviceType_currentIndexChanged", Q_ARG(int, -1)));
+    QCOMPARE(type(), 2);
+    QCOMPARE(axes(), 4);
+}
+
+void tst_GeneralTab::about()
+{
+    DialogDriver driver({pressing(QMessageBox::Ok)});
+    driver.during([this] { m_window->find<QAction>("actionAbout")->trigger(); });
+    QCOMPARE(driver.problem(), QString());
+    const SeenDialog box = driver.seen(0);
+    QCOMPARE(box.title, QStringLiteral("Software information(软件信息)"));
+    QVERIFY2(box.text.endsWith(" V1.0.28"), qPrintable(box.text));
+    QVERIFY(!box.text.contains('\n'));
+    QCOMPARE(box.parent, m_window->widget());
+}
+
+QTEST_MAIN(tst_GeneralTab)
+#include "tst_GeneralTab.moc"

@@ -1,0 +1,137 @@
+// The lengths of sync managers, computed from the PDOs whenever the sync managers are shown.
+#include "esi/derivation/smLengths.h"
+#include "workbench/deviceWindow.h"
+#include "workbench/syncManagerBuilders.h"
+
+#include <memory>
+#include <stdexcept>
+
+using Lengths = QVector<float>;
+
+class tst_SyncManagerLengths : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    static void lengths_data();
+    void lengths();
+    void everyDisplayComputesAnew();
+    static void unknownSyncManager_data();
+    static void unknownSyncManager();
+
+private:
+    QTableView* smView() { return m_window->find<QTableView>("SmView"); }
+    QTableView* syncView() { return m_window->find<QTableView>("SyncManagerView"); }
+
+    std::unique_ptr<DeviceWindow> m_window;
+};
+
+void tst_SyncManagerLengths::init()
+{
+    m_window = std::make_unique<DeviceWindow>();
+}
+
+void tst_SyncManagerLengths::cleanup()
+{
+    m_window.reset();
+}
+
+/// PDOs as "manager:size manager:size ...".
+template<typename Pdo> static std::vector<Pdo> pdosFrom(const QString& text, float Pdo::*size)
+{
+    std::vector<Pdo> made;
+    for (const QString& each : text.split(' ', Qt::SkipEmptyParts)) {
+        made.emplace_back();
+        made.back().Attributes.SM = each.section(':', 0, 0).toInt();
+        made.back().*size = each.section(':', 1).toFloat();
+    }
+    return made;
+}
+
+void tst_SyncManagerLengths::lengths_data()
+{
+    QTest::addColumn<QVector<int>>("types");
+    QTest::addColumn<QStringList>("pdos"); // Rx, Tx, Rx of modules, Tx of modules
+    QTest::addColumn<Lengths>("expected"); // each sync manager starts from 100
+    const QVector<int> usual{1, 2, 3, 4};
+    QTest::addRow("no PDOs: mailboxes keep theirs, the others start from 0")
+        << usual << QStringList{"", "", "", ""} << Lengths{100, 100, 0, 0};
+    QTest::addRow("unknown kinds start from 0 too")
+        << QVector<int>{0, 5} << QStringList{"", "", "", ""} << Lengths{0, 0};
+    QTest::addRow("Rx on outputs") << usual << QStringList{"2:6", "", "", ""} << Lengths{100, 100, 6, 0};
+    QTest::addRow("Tx on inputs") << usual << QStringList{"", "3:8", "", ""} << Lengths{100, 100, 0, 8};
+    QTest::addRow("Rx of a module") << usual << QStringList{"", "", "2:5", ""} << Lengths{100, 100, 5, 0};
+    QTest::addRow("Tx of a module") << usual << QStringList{"", "", "", "3:7"} << Lengths{100, 100, 0, 7};
+    QTest::addRow("all of them add up") << usual << QStringList{"2:1 2:2", "3:3 3:4", "2:5 2:6", "3:7 3:8"}
+                                        << Lengths{100, 100, 14, 22};
+    QTest::addRow("no carry from the tenths")
+        << usual << QStringList{"2:1.4 2:1.4", "", "", ""} << Lengths{100, 100, 1.4F + 1.4F, 0};
+    QTest::addRow("on no sync manager") << usual << QStringList{"-1:6 -2:6", "-1:6", "-1:6", "-1:6"}
+                                        << Lengths{100, 100, 0, 0};
+    QTest::addRow("Rx on inputs is left out") << usual << QStringList{"3:6", "", "3:6", ""} << Lengths{100, 100, 0, 0};
+    QTest::addRow("Tx on outputs is left out") << usual << QStringList{"", "2:6", "", "2:6"} << Lengths{100, 100, 0, 0};
+    QTest::addRow("on a mailbox") << usual << QStringList{"0:6 1:6", "0:6 1:6", "0:6 1:6", "0:6 1:6"}
+                                  << Lengths{100, 100, 0, 0};
+    QTest::addRow("the position counts, not the kind")
+        << QVector<int>{4, 3, 3} << QStringList{"2:1 1:2", "0:3", "", ""} << Lengths{3, 2, 1};
+}
+
+void tst_SyncManagerLengths::lengths()
+{
+    QFETCH(QVector<int>, types);
+    QFETCH(QStringList, pdos);
+    QFETCH(Lengths, expected);
+    struct_EtherCatDevice device = deviceNamed("Drive");
+    for (const int type : types)
+        device.vSM.push_back(syncManager(9, type, "", 100)); // its number is not what PDOs name
+    device.RxPdo.vpdo = pdosFrom(pdos[0], &struct_PDOList::Size);
+    device.TxPdo.vpdo = pdosFrom(pdos[1], &struct_PDOList::Size);
+    device.mRxPdo.mpdo = pdosFrom(pdos[2], &modulePdo::size);
+    device.mTxPdo.mpdo = pdosFrom(pdos[3], &modulePdo::size);
+    m_window->show({device}); // without slots the lists of modules stay as they are
+    QStringList shown;
+    for (const float length : qAsConst(expected))
+        shown.append(QString::number(double(length), 'f', 2));
+    QCOMPARE(cellsOf(syncView()).size(), shown.size());
+    for (int row = 0; row < expected.size(); ++row) {
+        QCOMPARE(cellsOf(syncView())[row][1], shown[row]);
+        QCOMPARE(DeviceWindow::device().vSM[std::size_t(row)].Length, expected[row]);
+    }
+}
+
+void tst_SyncManagerLengths::everyDisplayComputesAnew()
+{
+    m_window->show({usualDevice()});
+    DeviceWindow::device().RxPdo.vpdo[0].Size = 9.0F;
+    QVERIFY(callSlot(m_window->window, "device_sm_display"));
+    QCOMPARE(cellsOf(smView())[2][2], QString("0x9"));
+    DeviceWindow::device().RxPdo.vpdo.clear();
+    m_window->click(0);
+    QCOMPARE(cellsOf(smView())[2][2], QString("0x00"));
+    QCOMPARE(cellsOf(smView())[0][2], QString("0x80")); // a mailbox is never computed
+}
+
+void tst_SyncManagerLengths::unknownSyncManager_data()
+{
+    QTest::addColumn<QStringList>("pdos");
+    QTest::addRow("Rx") << QStringList{"4:1", "", "", ""};
+    QTest::addRow("Tx") << QStringList{"", "4:1", "", ""};
+    QTest::addRow("Rx of a module") << QStringList{"", "", "4:1", ""};
+    QTest::addRow("Tx of a module") << QStringList{"", "", "", "4:1"};
+}
+
+void tst_SyncManagerLengths::unknownSyncManager()
+{
+    QFETCH(QStringList, pdos);
+    struct_EtherCatDevice device = usualDevice();
+    device.RxPdo.vpdo = pdosFrom(pdos[0], &struct_PDOList::Size);
+    device.TxPdo.vpdo = pdosFrom(pdos[1], &struct_PDOList::Size);
+    device.mRxPdo.mpdo = pdosFrom(pdos[2], &modulePdo::size);
+    device.mTxPdo.mpdo = pdosFrom(pdos[3], &modulePdo::size);
+    QVERIFY_EXCEPTION_THROWN(updateProcessDataLengths(device), std::out_of_range);
+}
+
+QTEST_MAIN(tst_SyncManagerLengths)
+#include "tst_SyncManagerLengths.moc"
