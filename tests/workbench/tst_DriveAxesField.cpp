@@ -1,4 +1,4 @@
-// The field of the drive axes on the General tab.
+// The drive axes on the General tab: counted when the type is chosen, or typed.
 #include "workbench/deviceWindow.h"
 #include "workbench/editorParts.h"
 
@@ -11,6 +11,8 @@ class tst_DriveAxesField : public QObject
 private slots:
     void init();
     void cleanup();
+    static void axesOfSlots_data();
+    void axesOfSlots();
     static void driveAxes_data();
     void driveAxes();
     void driveAxesAreStoredWhenTheFieldIsLeft();
@@ -27,6 +29,15 @@ private:
     std::unique_ptr<DeviceWindow> m_window;
 };
 
+/// A slot as "group name".
+static struct_Slot slotFrom(const QString& text)
+{
+    struct_Slot slot;
+    slot.Attributes.m_SlotGroup = text.section(' ', 0, 0).toInt();
+    slot.Name = text.section(' ', 1).toStdString();
+    return slot;
+}
+
 void tst_DriveAxesField::init()
 {
     m_window = std::make_unique<DeviceWindow>();
@@ -36,6 +47,36 @@ void tst_DriveAxesField::init()
 void tst_DriveAxesField::cleanup()
 {
     m_window.reset();
+}
+
+void tst_DriveAxesField::axesOfSlots_data()
+{
+    QTest::addColumn<unsigned int>("groups");
+    QTest::addColumn<QStringList>("slotTexts");
+    QTest::addColumn<int>("driveAxes");
+    QTest::addRow("no groups: the number of slots") << 0U << QStringList{"-1 A", "0 Axis", "5 B"} << 3;
+    QTest::addRow("no groups, no slots") << 0U << QStringList{} << 0;
+    QTest::addRow("groups: highest number and 1") << 2U << QStringList{"0 Axis 1", "1 Axis 2"} << 2;
+    QTest::addRow("only slots named with Axis") << 3U << QStringList{"0 Axis 1", "1 Encoder", "2 IO"} << 1;
+    QTest::addRow("other case does not count") << 3U << QStringList{"0 axis", "1 AXIS"} << 0;
+    QTest::addRow("part of a name counts") << 3U << QStringList{"1 X-Axis->left"} << 2;
+    QTest::addRow("slots in no group do not count") << 3U << QStringList{"-1 Axis", "-2 Axis"} << 0;
+    QTest::addRow("a group counts once") << 3U << QStringList{"0 Axis out", "0 Axis in"} << 1;
+    QTest::addRow("in any order") << 3U << QStringList{"2 Axis", "0 Axis", "1 Axis"} << 3;
+    QTest::addRow("groups, no slots") << 3U << QStringList{} << 0;
+}
+
+void tst_DriveAxesField::axesOfSlots()
+{
+    QFETCH(unsigned int, groups);
+    QFETCH(QStringList, slotTexts);
+    struct_EtherCatDevice device = deviceOfType(KTL_DEVICE_TYPE_IOBlock);
+    device.Slots.Attributes.m_MaxSlotGroupCount = groups;
+    for (const QString& text : slotTexts)
+        device.Slots.vslot.push_back(slotFrom(text));
+    m_window->show({device});
+    choose(m_window->find<QComboBox>("comboBox_DeviceType"), KTL_DEVICE_TYPE_MultiDriver);
+    QTEST(axes(), "driveAxes");
 }
 
 void tst_DriveAxesField::driveAxes_data()

@@ -16,8 +16,6 @@ private slots:
     void cleanup();
     static void chosenType_data();
     void chosenType();
-    static void axesOfSlots_data();
-    void axesOfSlots();
     static void adviceOnModuleList_data();
     void adviceOnModuleList();
     void adviceComesWithEachChoice();
@@ -26,6 +24,7 @@ private slots:
     void clickOnADeviceOfAnotherType();
     void multiDriverKeepsItsAxes();
     void nestedDispatcherFillsOnce();
+    void nestedDispatcherWarnsOnce();
     void choiceStoresTheModuleIndexes();
     void unknownTypeHasNoEntry();
     static void typeNeedsADevice_data();
@@ -43,15 +42,6 @@ private:
 
     std::unique_ptr<DeviceWindow> m_window;
 };
-
-/// A slot as "group name".
-static struct_Slot slotFrom(const QString& text)
-{
-    struct_Slot slot;
-    slot.Attributes.m_SlotGroup = text.section(' ', 0, 0).toInt();
-    slot.Name = text.section(' ', 1).toStdString();
-    return slot;
-}
 
 /// A coupler set by hand that takes its list of modules by itself.
 static struct_EtherCatDevice couplerWithModuleList(const std::string& name)
@@ -112,36 +102,6 @@ void tst_GeneralTab::chosenType()
     QTEST(axesField()->isEnabled(), "axesMayBeTyped");
     QCOMPARE(m_window->find<QLineEdit>("ConfigModuleEdit")->isEnabled(), moduleIndexesMayBeTyped);
     QCOMPARE(m_window->find<QLineEdit>("DetectModuleEdit")->isEnabled(), moduleIndexesMayBeTyped);
-}
-
-void tst_GeneralTab::axesOfSlots_data()
-{
-    QTest::addColumn<unsigned int>("groups");
-    QTest::addColumn<QStringList>("slotTexts");
-    QTest::addColumn<int>("driveAxes");
-    QTest::addRow("no groups: the number of slots") << 0U << QStringList{"-1 A", "0 Axis", "5 B"} << 3;
-    QTest::addRow("no groups, no slots") << 0U << QStringList{} << 0;
-    QTest::addRow("groups: highest number and 1") << 2U << QStringList{"0 Axis 1", "1 Axis 2"} << 2;
-    QTest::addRow("only slots named with Axis") << 3U << QStringList{"0 Axis 1", "1 Encoder", "2 IO"} << 1;
-    QTest::addRow("other case does not count") << 3U << QStringList{"0 axis", "1 AXIS"} << 0;
-    QTest::addRow("part of a name counts") << 3U << QStringList{"1 X-Axis->left"} << 2;
-    QTest::addRow("slots in no group do not count") << 3U << QStringList{"-1 Axis", "-2 Axis"} << 0;
-    QTest::addRow("a group counts once") << 3U << QStringList{"0 Axis out", "0 Axis in"} << 1;
-    QTest::addRow("in any order") << 3U << QStringList{"2 Axis", "0 Axis", "1 Axis"} << 3;
-    QTest::addRow("groups, no slots") << 3U << QStringList{} << 0;
-}
-
-void tst_GeneralTab::axesOfSlots()
-{
-    QFETCH(unsigned int, groups);
-    QFETCH(QStringList, slotTexts);
-    struct_EtherCatDevice device = deviceOfType(KTL_DEVICE_TYPE_IOBlock);
-    device.Slots.Attributes.m_MaxSlotGroupCount = groups;
-    for (const QString& text : slotTexts)
-        device.Slots.vslot.push_back(slotFrom(text));
-    show({device});
-    choose(typeList(), KTL_DEVICE_TYPE_MultiDriver);
-    QTEST(axes(), "driveAxes");
 }
 
 void tst_GeneralTab::adviceOnModuleList_data()
@@ -322,6 +282,17 @@ void tst_GeneralTab::nestedDispatcherFillsOnce()
     QCOMPARE(m_window->find<QLineEdit>("TypeEdit")->text(), QString("M1"));
     QCOMPARE(currentfileindex, 0);
     QCOMPARE(currentdeviceindex, 0);
+}
+
+void tst_GeneralTab::nestedDispatcherWarnsOnce()
+{
+    struct_EtherCatDevice device = deviceOfType(KTL_DEVICE_TYPE_MultiDriver);
+    device.Slots.vslot.resize(1);
+    device.Slots.vslot[0].Attributes.MaxInstances = 100; // a slot with too many places is told of when it is shown
+    DialogDriver driver({pressing(QMessageBox::Ok)});
+    driver.during([&] { m_window->show({device}); }); // another entry becomes current
+    QCOMPARE(driver.problem(), QString());
+    QCOMPARE(driver.seen(0).title, QString("slot sum overflow"));
 }
 
 void tst_GeneralTab::choiceStoresTheModuleIndexes()
