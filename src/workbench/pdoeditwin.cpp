@@ -108,12 +108,22 @@ void PdoEditWin::fillForm()
 {
     const int row = g_bpdoormodulepdo ? mwin_mpdocontent_modelselrow : mwin_pdocontent_modelselrow;
     visitTarget([&](const auto& entries, PdoDirection direction) {
+        offerLinks(direction);
         if (row >= 0 && static_cast<std::size_t>(row) < entries.size())
-            showEntry(entries[static_cast<std::size_t>(row)], direction);
+            showEntry(entries[static_cast<std::size_t>(row)]);
     });
 }
 
-template<typename Entry> void PdoEditWin::showEntry(const Entry& entry, PdoDirection direction)
+/// Offers the links of a direction with none of them current. They are offered without an entry to show, too: the row
+/// behind the last entry may be the first of the selected ones.
+void PdoEditWin::offerLinks(PdoDirection direction)
+{
+    for (const LinkText& link : linksFor(direction))
+        ui->LinkTo->addItem(link.text, link.link);
+    ui->LinkTo->setCurrentIndex(-1);
+}
+
+template<typename Entry> void PdoEditWin::showEntry(const Entry& entry)
 {
     const QStringList cells = entryRow(entry); // size and default as in the table
     constexpr int sizeColumn = 1;
@@ -124,8 +134,6 @@ template<typename Entry> void PdoEditWin::showEntry(const Entry& entry, PdoDirec
     ui->Name->setText(QString::fromStdString(entry.Name));
     ui->Type->setText(QString::fromStdString(entry.DataType));
     // The list's changes are heard while it is filled, so the link to save is that of the entry found here, or none.
-    for (const LinkText& link : linksFor(direction))
-        ui->LinkTo->addItem(link.text, link.link);
     ui->LinkTo->setCurrentIndex(ui->LinkTo->findData(entry.Linkto, Qt::UserRole));
     ui->Default->setText(cells.at(defaultColumn));
 }

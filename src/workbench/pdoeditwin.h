@@ -52,7 +52,8 @@ private:
     /// Calls `visit(entries, direction)` for the entries of the PDO, unless its place no longer exists.
     template<typename Visitor> void visitTarget(Visitor visit) const;
     void fillForm();
-    template<typename Entry> void showEntry(const Entry& entry, PdoDirection direction);
+    void offerLinks(PdoDirection direction);
+    template<typename Entry> void showEntry(const Entry& entry);
     template<typename Entries> void save(Entries& entries);
 
     std::unique_ptr<Ui::PdoEditWin> ui;
