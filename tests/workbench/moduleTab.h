@@ -1,0 +1,38 @@
+// moduleTab.h - the Module tab as a test uses it.
+#pragma once
+
+#include "workbench/tableParts.h"
+
+#include <QPushButton>
+#include <QTreeWidget>
+
+inline QTreeWidget& moduleTree(const QWidget& window)
+{
+    return *part<QTreeWidget>(window, "ModuleTree");
+}
+
+/// Item of a group of modules, or of one of its modules if `module` is not negative.
+inline QTreeWidgetItem* moduleItem(const QWidget& window, int group, int module = -1)
+{
+    QTreeWidgetItem* const item = moduleTree(window).topLevelItem(group);
+    return module < 0 ? item : item->child(module);
+}
+
+/// Where an item of the module tree is shown.
+inline QPoint placeOfModule(const QWidget& window, QTreeWidgetItem* item)
+{
+    moduleTree(window).scrollToItem(item);
+    return moduleTree(window).visualItemRect(item).center();
+}
+
+/// A click on a module, or on a group of modules.
+inline void clickModule(const QWidget& window, int group, int module = -1)
+{
+    const QPoint place = placeOfModule(window, moduleItem(window, group, module));
+    QTest::mouseClick(moduleTree(window).viewport(), Qt::LeftButton, {}, place);
+}
+
+inline void pressButton(const QWidget& window, const char* name)
+{
+    QTest::mouseClick(part<QPushButton>(window, name), Qt::LeftButton);
+}
