@@ -10,7 +10,8 @@
 {
     constexpr std::int32_t bitsPerByte = 8;
     constexpr double tenth = 0.1; // in double, rounded to float once at the end: views and files show that value
-    return static_cast<float>(bits / bitsPerByte + (bits % bitsPerByte) * tenth);
+    const std::int32_t bytes = bits / bitsPerByte;
+    return static_cast<float>(bytes + (bits % bitsPerByte) * tenth);
 }
 
 /// Running bit total of a PDO. It wraps as a signed 32-bit number, however long the declared entries are.
