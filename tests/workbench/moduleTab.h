@@ -1,7 +1,7 @@
 // moduleTab.h - the Module tab as a test uses it.
 #pragma once
 
-#include "workbench/tableParts.h"
+#include "workbench/viewParts.h"
 
 #include <QPushButton>
 #include <QTreeWidget>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "workbench/pdoeditwin.h"
-#include "workbench/tableParts.h"
+#include "workbench/viewParts.h"
 
 #include <QComboBox>
 #include <QLineEdit>
