@@ -183,11 +183,11 @@ protected:
         answering(script, [this] { pressButton(*m_window, "DeleteModule"); });
     }
 
-    /// Exports what is checked and compares the file with items that are written by hand.
+    /// Exports what is checked into a new file and compares the file with items that are written by hand.
     /// @param script  how the warnings are answered that come up before the file dialog
     void compareExport(const QByteArrayList& expected, std::vector<DialogAnswer> script = {})
     {
-        const QString path = outPath(QStringLiteral("out.ktl"));
+        const QString path = outPath(QStringLiteral("out%1.ktl").arg(outFiles().size()));
         script.push_back(choosing(path));
         DialogDriver dialogs(script);
         byHand::ClockSpan span;

@@ -15,6 +15,7 @@ private slots:
     void dualAxisDrive();
     void dualAxisDriveAsIoBlock();
     void dualAxisDriveUntouched();
+    void dualAxisDriveModules();
 };
 
 constexpr Identity servo{0x7E570001, 0x00010400, 0x00010002};
@@ -214,6 +215,42 @@ void tst_SampleRoundTripsDrives::dualAxisDriveUntouched()
                                    coe(dualAxisFlags, QByteArrayList{command(0x2001, 0, 2, 1)} + clearedAssignments()
                                                           + axisCommands() + axisAssignments())}
                   + dualAxisTail());
+}
+
+/// A second encoder for each axis, and another mode for the second one; the first one is taken out. The axes are
+/// counted by the names of the slots, not by the modules in them.
+void tst_SampleRoundTripsDrives::dualAxisDriveModules()
+{
+    open(samplePath("dual-axis-drive"));
+    select(0);
+    setDeviceType(1);
+    setDeviceType(2);
+    QCOMPARE(part<QLineEdit>(*m_window, "DriveAxies")->text(), QStringLiteral("0x2"));
+    insertModule(1, 0, 3); // the encoder of the first axis
+    insertModule(3, 0, 3); // and that of the second
+    insertModule(2, 0, 2); // the second axis: torque instead of position
+    insertModule(0, 0, 3, {pressing(QMessageBox::Ok)}); // an encoder is no axis
+    deleteModule(0);
+    const auto encoder = [](std::uint32_t pdo, std::uint32_t object) {
+        return pdoItem(deviceInputs, {pdo, 3, true},
+                       {entry(object, 1, 32), entry(object, 2, 1), entry(object, 3, 1), gap(14)});
+    };
+    const QByteArrayList pdos{
+        pdoItem(deviceOutputs, {0x1612, 2}, {entry(0x6840, 0, 16), entry(0x6871, 0, 16)}),
+        encoder(0x1A08, 0x2100),
+        pdoItem(deviceInputs, {0x1A12, 3}, {entry(0x6841, 0, 16), entry(0x6877, 0, 16)}),
+        encoder(0x1A18, 0x2900),
+    };
+    const QByteArrayList modules = QByteArrayList{command(0x6860, 0, 1, 10), command(0x6872, 0, 2, 1000)}
+                                   + mapping(0x1612, {0x68400010, 0x68710010})
+                                   + mapping(0x1A12, {0x68410010, 0x68770010}) + assignment(0x1C12, {0x1612})
+                                   + assignment(0x1C13, {0x1AF0, 0x1A08, 0x1A12, 0x1A18});
+    // Outputs 4 bytes; inputs 4 of the drive, 6 of each encoder, 4 of the axis.
+    compareExport(
+        QByteArrayList{general(dualAxis, 2, true, 2)} + dualAxisChannels(4, 20) + QByteArrayList{commonInputs(0)} + pdos
+        + QByteArrayList{eoe(false, false, {}),
+                         coe(dualAxisFlags, QByteArrayList{command(0x2001, 0, 2, 1)} + clearedAssignments() + modules)}
+        + dualAxisTail());
 }
 
 QTEST_MAIN(tst_SampleRoundTripsDrives)
