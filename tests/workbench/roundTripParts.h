@@ -119,6 +119,18 @@ protected:
         saveLink(link);
     }
 
+    /// Links an entry of a module of the file in the tables of the Module tab.
+    void setModuleLink(int group, int position, int pdoRow, int entryRow, const QString& link)
+    {
+        part<QTabWidget>(*m_window, "tabWidget")->setCurrentIndex(ModuleTab);
+        pickModule(group, position);
+        clickRow(*part<QTableView>(*m_window, "mPdoListView"), pdoRow);
+        auto& entries = *part<QTableView>(*m_window, "mPdoContentView");
+        clickRow(entries, entryRow);
+        doubleClickRow(entries, entryRow);
+        saveLink(link);
+    }
+
     QTableView& startupList()
     {
         part<QTabWidget>(*m_window, "tabWidget")->setCurrentIndex(StartupTab);
@@ -168,11 +180,7 @@ protected:
     {
         part<QTabWidget>(*m_window, "tabWidget")->setCurrentIndex(ModuleTab);
         clickRow(*part<QTableView>(*m_window, "ModuleView"), place);
-        auto* const modules = part<QTreeWidget>(*m_window, "ModuleTree");
-        QTreeWidgetItem* const module = modules->topLevelItem(group)->child(position);
-        modules->scrollToItem(module);
-        QTest::mouseClick(modules->viewport(), Qt::LeftButton, {}, modules->visualItemRect(module).center());
-        QCOMPARE(modules->currentItem(), module);
+        pickModule(group, position);
         answering(script, [this] { pressButton(*m_window, "InsertModule"); });
     }
 
@@ -205,6 +213,16 @@ protected:
     }
 
 private:
+    /// Clicks a module in the tree of the file's modules.
+    void pickModule(int group, int position)
+    {
+        auto* const modules = part<QTreeWidget>(*m_window, "ModuleTree");
+        QTreeWidgetItem* const module = modules->topLevelItem(group)->child(position);
+        modules->scrollToItem(module);
+        QTest::mouseClick(modules->viewport(), Qt::LeftButton, {}, modules->visualItemRect(module).center());
+        QCOMPARE(modules->currentItem(), module);
+    }
+
     static QPoint placeOfRow(QTableView& table, int row)
     {
         const QModelIndex cell = table.model()->index(row, 0);
