@@ -109,8 +109,7 @@ static QByteArrayList alphaBlock(int linkOfSecondInput)
 }
 
 /// Gamma announces 1 record for the assignment and 0 + 2 for the PDO without entries on a sync manager; written are
-/// the 3 of the PDO on none, and the assignment. A reader that goes by sizes loses its
-/// way here.
+/// the 3 of the PDO on none, and the assignment. A reader that goes by sizes loses its way here.
 static QByteArray gammaStartup()
 {
     constexpr std::uint32_t announced = 3;
