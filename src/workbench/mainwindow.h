@@ -163,6 +163,8 @@ private:
 
     // Parts of the file actions (mainwindow_files.cpp and mainwindow_export.cpp).
     bool importEsiFile(const QString& path);
+    void importKtlFile(const QString& path);
+    void loadDroppedFile(const QString& path);
     QString warnAndProposeName();
     std::optional<QString> askExportPath(const QString& proposedName);
     void exportTo(const QString& path);

@@ -1,7 +1,9 @@
-// mainwindow_files.cpp - opening files: the ESI dialog. The KTL import and file drops have no effect yet.
+// mainwindow_files.cpp - opening files: the ESI dialog, the KTL dialog, and files dropped on the window.
 #include "workbench/mainwindow.h"
 
 #include "esi/esiFile.h"
+#include "ktl/ktlFile.h"
+#include "ktl/ktlReader.h"
 #include "workbench/messages.h"
 #include "workbench/waitCursor.h"
 
@@ -11,6 +13,10 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFileDialog>
+#include <QMimeData>
+#include <QUrl>
+
+#include <cstdio>
 
 void MainWindow::device_import_triggered()
 {
@@ -54,8 +60,64 @@ bool MainWindow::importEsiFile(const QString& path)
     return false;
 }
 
-void MainWindow::on_actionInPort_ktl_triggered() {}
+void MainWindow::on_actionInPort_ktl_triggered()
+{
+    const QStringList paths =
+        QFileDialog::getOpenFileNames(this, tr("文件对话框！"), QStringLiteral("."), tr("KTL文件(*ktl)"));
+    if (paths.isEmpty())
+        warn(this, ktlMatters(), tr("Please select a ktl file to open"));
+    for (const QString& path : paths)
+        if (!path.isEmpty())
+            importKtlFile(path);
+    DeviceDisplayUpdate();
+}
 
-void MainWindow::dragEnterEvent(QDragEnterEvent* /*event*/) {}
+/// Loads one file, and tells if it cannot be opened. Nothing is said of one that makes no sense: what can be read of it
+/// is shown.
+void MainWindow::importKtlFile(const QString& path)
+{
+    const FileHandle file(std::fopen(QFile::encodeName(path).constData(), "rb"));
+    if (file == nullptr) {
+        warn(this, ktlMatters(),
+             tr("File open failure again %1:\n Unknown ecoding error.").arg(QDir::toNativeSeparators(path)));
+        return;
+    }
+    const WaitCursor waiting;
+    int errorCode = 0;
+    device_writektltodevices(file.get(), path, &errorCode);
+}
 
-void MainWindow::dropEvent(QDropEvent* /*event*/) {}
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls()) {
+        event->acceptProposedAction();
+    } else {
+        event->ignore();
+        qDebug("无效文件哦");
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    if (!event->mimeData()->hasUrls()) {
+        warn(this, selectionMatters(), tr("file does not exist\n"));
+        return;
+    }
+    for (const QUrl& url : event->mimeData()->urls())
+        if (const QString path = url.toLocalFile(); !path.isEmpty())
+            loadDroppedFile(path);
+    DeviceDisplayUpdate();
+}
+
+/// Loads one dropped file by its kind; a bad one does not stop the others. The kind is looked for anywhere in the last
+/// part of the name, so that copies such as "a.xmlbak" and "b.ktl2" are taken too.
+void MainWindow::loadDroppedFile(const QString& path)
+{
+    const QString suffix = path.split(QLatin1Char('/')).last().split(QLatin1Char('.')).last();
+    if (suffix.contains(QLatin1String("xml")))
+        importEsiFile(path);
+    else if (suffix.contains(QLatin1String("ktl")))
+        importKtlFile(path);
+    else
+        warn(this, fileMatters(), tr("The file unsupport be read %1:\n").arg(QDir::toNativeSeparators(path)));
+}

@@ -11,6 +11,12 @@ inline QString fileMatters()
     return QStringLiteral("xml parser");
 }
 
+/// Title of boxes on the import of KTL files.
+inline QString ktlMatters()
+{
+    return QStringLiteral("ktl parser");
+}
+
 /// Title of boxes on the selection.
 inline QString selectionMatters()
 {
