@@ -57,8 +57,9 @@ void readHeadNumber(std::FILE* ktl, std::int32_t& number)
         number = value;
 }
 
-/// Writes the words of an item behind its head. A last part of less than four bytes stays unread, and words that the
-/// file does not reach are shown as what there is of them, the rest 0.
+/// Writes the words of an item behind its head, as far as the file reaches: the size of a broken item may announce
+/// billions of words. Of a word that the file ends in, what is there is shown, the rest 0. A last part of less than
+/// four bytes before the announced end stays unread.
 void dumpWords(std::FILE* log, std::FILE* ktl, std::int32_t itemSize)
 {
     constexpr auto headSize = static_cast<std::int32_t>(sizeof(KtlItemHead));
@@ -66,7 +67,8 @@ void dumpWords(std::FILE* log, std::FILE* ktl, std::int32_t itemSize)
     const std::int32_t words = (itemSize - headSize) / wordSize;
     for (std::int32_t index = 0; index < words; ++index) {
         unsigned char bytes[sizeof(std::uint32_t)] = {};
-        static_cast<void>(std::fread(bytes, 1, sizeof bytes, ktl)); // a short read leaves the rest of the word 0
+        if (std::fread(bytes, 1, sizeof bytes, ktl) == 0)
+            return;
         std::uint32_t word = 0;
         std::memcpy(&word, bytes, sizeof word);
         std::fprintf(log, "%x \t", word);

@@ -185,9 +185,13 @@ void tst_KtlDump::brokenFile_data()
     row("later head cut behind a negative type", endItem + bytes("00 00 00 80"),
         endText + "Err para: Id value-dec: -2147483648,Len: 12\r\n  \r\n", false);
     row("head and then nothing", endItem + bytes("40 9C 00 00  10 00 00 00"),
-        endText + "ItemHead-dec: 40000,Len: 16    General \r\n  0x0 \t0 \t\r\n", true);
-    row("words that are no longer there are 0", bytes("40 9C 00 00  18 00 00 00  07 00 00 00  08 00 00 00"),
-        "ItemHead-dec: 40000,Len: 24    General \r\n  0x7 \t8 \t0 \t0 \t\r\n", true);
+        endText + "ItemHead-dec: 40000,Len: 16    General \r\n  0x\r\n", true);
+    row("words that are no longer there are not shown", bytes("40 9C 00 00  18 00 00 00  07 00 00 00  08 00 00 00"),
+        "ItemHead-dec: 40000,Len: 24    General \r\n  0x7 \t8 \t\r\n", true);
+    row("a word that the file ends in is filled with zeros", bytes("40 9C 00 00  18 00 00 00  07 00 00 00  08 09 0A"),
+        "ItemHead-dec: 40000,Len: 24    General \r\n  0x7 \ta0908 \t\r\n", true);
+    row("a size of two gigabytes shows what is there", bytes("40 9C 00 00  FF FF FF 7F  07 00 00 00  08"),
+        "ItemHead-dec: 40000,Len: 2147483647    General \r\n  0x7 \t8 \t\r\n", true);
     row("size 7", endItem + bytes("41 9C 00 00  07 00 00 00  01 00 00 00"),
         endText + "Err para: Id value-dec: 40001,Len: 7\r\n  \r\n", false);
     row("size 0, and an item behind it that is not reached", bytes("49 9C 00 00  00 00 00 00") + endItem,
