@@ -29,8 +29,8 @@ public:
         return record;
     }
 
-    /// Calls `visit(record, index)` for each record behind a head, `count` of them at most: a record of which no byte is
-    /// there is not read.
+    /// Calls `visit(record, index)` for each record behind a head, `count` of them at most: a record of which no byte
+    /// is there is not read.
     template<typename Record, typename Visitor>
     void forEachRecord(std::size_t headSize, std::size_t count, Visitor visit) const
     {

@@ -7,8 +7,10 @@
 #include <QDateTime>
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <functional>
+#include <string>
 #include <vector>
 
 class QTreeWidget;
@@ -96,9 +98,40 @@ void KTL_write_device_EEPROM(std::FILE* out, struct_EtherCatDevice* device);
 /// The end item.
 void KTL_write_device_end(std::FILE* out);
 
+// ---- Items of the dictionary, called by no export ----
+//
+// A null argument writes nothing and finds nothing. Scans keep to the limits of `DictionaryScanner`, as the views of a
+// dictionary do.
+
+/// Items of the two objects that the user has named for the configuration and the detection of modules, each with what
+/// its data type holds behind it. An object that is both counts as configuration.
+void KTL_write_device_Objects(std::FILE* out, struct_EtherCatDevice* device);
+
+/// An item for each sub-item and each array element of a data type; none for a simple type. The first sub-item of a
+/// record has none: it holds the number of the others.
+/// @param Type    name of the data type, looked up in the device's dictionary
+/// @param object  the object that is of this type: its index and access flags go into the items
+void KTL_write_device_ObjectScan(std::FILE* out, struct_EtherCatDevice* device, const std::string& Type,
+                                 const struct_KTL_ObjectType* object);
+/// As above, in the dictionary of a module.
+void KTL_write_device_ObjectmoduleScan(std::FILE* out, struct_module* module, const std::string& Type,
+                                       const struct_KTL_ObjectType* object);
+
+/// Bits of the first data type of that name; 0 if there is none.
+int KTL_get_device_datatypeSize(struct_EtherCatDevice* device, const std::string& Type);
+int KTL_get_device_datatypemoduleSize(struct_module* module, const std::string& Type); ///< as above, of a module
+
+/// Default data and limits of a sub-item, from the first object of that index that has so many sub-items.
+/// @param subIndex  place in the object's list of sub-items
+/// @return          a cleared block if no object has it
+str_Info KTL_get_device_objectInfo(struct_EtherCatDevice* device, std::uint32_t index, std::uint32_t subIndex);
+/// As above, of a module.
+str_Info KTL_get_device_objectmoduleInfo(struct_module* module, std::uint32_t index, std::uint32_t subIndex);
+
 // ---- Text dump ----
 
-/// Writes the items of a KTL file as text, in hexadecimal words; at most 2000 items, end items included.
+/// Writes the items of a KTL file as text, in hexadecimal words; at most 2000 items, end items included. A size in the
+/// file is not believed: words are shown as far as the file reaches.
 /// @param log          open for writing; not closed
 /// @param ktl          open for reading, read from its start; not closed
 /// @param piErrorCode  set to 0 in any case; may be null

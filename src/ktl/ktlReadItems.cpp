@@ -40,8 +40,10 @@ bool readGeneral(const KtlReadTarget& target, const ItemBytes& item)
     return true;
 }
 
-/// The role of a sync manager by its number: the file tells only their order, and the usual one is two mailboxes and
-/// then the process data.
+/// The role of a sync manager by its number.
+/// ODD, KEPT: a device without mailboxes gets its process data taken for one, where one would expect its FMMUs or PDOs
+/// to be asked. The file tells only the order of sync managers, and nearly all devices have the usual one: two
+/// mailboxes, then outputs and inputs. Pinned by tst_KtlReadItems::roleOfASyncManagerIsItsPlace.
 std::uint8_t usualType(std::uint8_t number)
 {
     constexpr std::uint8_t usualSyncManagers = 4;
@@ -148,8 +150,11 @@ bool readTxPdo(const KtlReadTarget& target, const ItemBytes& item)
     return true;
 }
 
-/// Number of commands of a CoE item. The count in its head has one byte; a value of 255, or a size that has room for
-/// more than 254, means that they are counted by the size.
+/// Number of commands of a CoE item. The count in its head has one byte; 255 means that they are counted by the size.
+/// ODD, KEPT: a size with room for more than 254 wins over any count, also where the room is taken by the values of
+/// complete accesses, which are then read as commands. One would expect a count below 255 to be true.
+/// The size tells how far the item reaches in any case, and in a list of commands one too many is seen, while one that
+/// is missing is not. Pinned by tst_KtlReadCoe::commandCount.
 std::size_t commandCount(const struct_KTL_COE& head)
 {
     constexpr std::uint8_t countFromSize = 255;
@@ -219,6 +224,9 @@ bool passOver(const KtlReadTarget& /*target*/, const ItemBytes& /*item*/)
 }
 
 /// Whether a module of that ident stands in a group that is closed already. A file repeats its modules for each device.
+/// ODD, KEPT: only the first module of each closed group is asked, and not the module that is open, where one would
+/// expect all of them. A group that is read has one module, and an item that opens a module closes the one before it
+/// first, so all are. Pinned by tst_KtlReadModules::openModuleIsNotLookedAt.
 bool isKnown(const struct_FilenameDevice* file, std::uint32_t moduleIdent)
 {
     return file != nullptr

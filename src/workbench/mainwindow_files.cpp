@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QFile>
 #include <QFileDialog>
 #include <QMimeData>
 #include <QUrl>
@@ -72,8 +73,9 @@ void MainWindow::on_actionInPort_ktl_triggered()
     DeviceDisplayUpdate();
 }
 
-/// Loads one file, and tells if it cannot be opened. Nothing is said of one that makes no sense: what can be read of it
-/// is shown.
+/// Loads one file, and tells if it cannot be opened.
+/// ODD, KEPT: nothing is said of a file that makes no sense, where one would expect a warning. What could be read of it
+/// shows in the tree, which is all that a file from the field is opened for. Pinned by tst_ImportKtl::brokenFile.
 void MainWindow::importKtlFile(const QString& path)
 {
     const FileHandle file(std::fopen(QFile::encodeName(path).constData(), "rb"));
@@ -109,8 +111,10 @@ void MainWindow::dropEvent(QDropEvent* event)
     DeviceDisplayUpdate();
 }
 
-/// Loads one dropped file by its kind; a bad one does not stop the others. The kind is looked for anywhere in the last
-/// part of the name, so that copies such as "a.xmlbak" and "b.ktl2" are taken too.
+/// Loads one dropped file by its kind; a bad one does not stop the others.
+/// ODD, KEPT: the kind is looked for anywhere behind the last point of the name, and in small letters only, where one
+/// would expect the whole suffix in letters of any size. Copies such as "a.xmlbak" and "b.ktl2" are taken that way, and
+/// so is a file without a point that is named after its kind. Pinned by tst_FileDrop::kindOfFile.
 void MainWindow::loadDroppedFile(const QString& path)
 {
     const QString suffix = path.split(QLatin1Char('/')).last().split(QLatin1Char('.')).last();
