@@ -55,7 +55,7 @@ private:
 
 namespace {
 
-/// Shows a warning of the file actions.
+/// Compares a box with a warning that wants nothing but an Ok.
 void compareWarning(const SeenDialog& box, const QString& title, const QString& text, const QWidget* parent)
 {
     QCOMPARE(box.title, title);
