@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <cstddef>
 #include <iterator>
 #include <optional>
 
@@ -236,7 +238,15 @@ std::uint32_t xmlGetuintStringBigEnd(QChar* text)
 
 QString xmlGetStringuint(std::uint32_t num)
 {
-    if (num == 0)
-        return QStringLiteral("0x00");
-    return QLatin1String("0x") + QString::number(num, hexadecimal);
+    return QString::fromStdString(numberText(num));
+}
+
+std::string numberText(std::uint32_t number)
+{
+    constexpr std::size_t mostDigits = 8;
+    if (number == 0)
+        return "0x00";
+    std::array<char, mostDigits> digits{};
+    char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number, hexadecimal).ptr;
+    return std::string("0x").append(digits.data(), end);
 }

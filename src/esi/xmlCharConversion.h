@@ -8,6 +8,7 @@
 #include <QStringView>
 
 #include <cstdint>
+#include <string>
 
 // The seven conversions by their fixed names. A text is a pointer to zero-terminated characters, taken whole: no caller
 // trims. A null pointer counts as the empty text.
@@ -43,3 +44,4 @@
 [[nodiscard]] std::uint32_t toUint(QStringView text); ///< see `xmlGetuintString`
 [[nodiscard]] std::int32_t toInt(QStringView text); ///< see `xmlGetIntString`
 [[nodiscard]] std::uint32_t toUintFromBytes(QStringView text); ///< see `xmlGetuintStringBigEnd`
+[[nodiscard]] std::string numberText(std::uint32_t number); ///< see `xmlGetStringuint`; a text as records hold it

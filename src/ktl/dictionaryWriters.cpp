@@ -127,28 +127,28 @@ void KTL_write_device_Objects(std::FILE* out, struct_EtherCatDevice* device)
     }
 }
 
-void KTL_write_device_ObjectScan(std::FILE* out, struct_EtherCatDevice* device, const std::string& Type,
+void KTL_write_device_ObjectScan(std::FILE* out, struct_EtherCatDevice* device, const std::string& type,
                                  const struct_KTL_ObjectType* object)
 {
     if (out != nullptr && device != nullptr && object != nullptr)
-        scanDictionary(out, device->Dictionary, Type, *object);
+        scanDictionary(out, device->Dictionary, type, *object);
 }
 
-void KTL_write_device_ObjectmoduleScan(std::FILE* out, struct_module* module, const std::string& Type,
+void KTL_write_device_ObjectmoduleScan(std::FILE* out, struct_module* module, const std::string& type,
                                        const struct_KTL_ObjectType* object)
 {
     if (out != nullptr && module != nullptr && object != nullptr)
-        scanDictionary(out, module->Dictionary, Type, *object);
+        scanDictionary(out, module->Dictionary, type, *object);
 }
 
-int KTL_get_device_datatypeSize(struct_EtherCatDevice* device, const std::string& Type)
+int KTL_get_device_datatypeSize(struct_EtherCatDevice* device, const std::string& type)
 {
-    return device != nullptr ? dataTypeSize(device->Dictionary, Type) : 0;
+    return device != nullptr ? dataTypeSize(device->Dictionary, type) : 0;
 }
 
-int KTL_get_device_datatypemoduleSize(struct_module* module, const std::string& Type)
+int KTL_get_device_datatypemoduleSize(struct_module* module, const std::string& type)
 {
-    return module != nullptr ? dataTypeSize(module->Dictionary, Type) : 0;
+    return module != nullptr ? dataTypeSize(module->Dictionary, type) : 0;
 }
 
 str_Info KTL_get_device_objectInfo(struct_EtherCatDevice* device, std::uint32_t index, std::uint32_t subIndex)

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
+#include <vector>
 
 /// The bytes of one item, head included. They belong to somebody else and must outlive this.
 class ItemBytes
@@ -29,17 +30,24 @@ public:
         return record;
     }
 
-    /// Calls `visit(record, index)` for each record behind a head, `count` of them at most: a record of which no byte
-    /// is there is not read.
-    template<typename Record, typename Visitor>
-    void forEachRecord(std::size_t headSize, std::size_t count, Visitor visit) const
+    /// Number of records behind a head, `count` of them at most: a record of which no byte is there does not count.
+    template<typename Record> [[nodiscard]] std::size_t recordCount(std::size_t headSize, std::size_t count) const
     {
-        for (std::size_t index = 0; index < count; ++index) {
-            const std::size_t offset = headSize + index * sizeof(Record);
-            if (offset >= m_size)
-                return;
-            visit(at<Record>(offset), index);
-        }
+        const std::size_t room = m_size > headSize ? m_size - headSize : 0;
+        return std::min(count, (room + sizeof(Record) - 1) / sizeof(Record));
+    }
+
+    /// Appends what is made of each record behind a head, in their order.
+    /// @param count   of records at most, see `recordCount`
+    /// @param makeOf  `makeOf(record, index)` gives the element
+    template<typename Record, typename Element, typename MakeOf>
+    void appendRecords(std::vector<Element>& to, std::size_t headSize, std::size_t count, MakeOf makeOf) const
+    {
+        const std::size_t records = recordCount<Record>(headSize, count);
+        if (to.empty())
+            to.reserve(records); // not behind others: many short items would move them again and again
+        for (std::size_t index = 0; index < records; ++index)
+            to.push_back(makeOf(at<Record>(headSize + index * sizeof(Record)), index));
     }
 
 private:

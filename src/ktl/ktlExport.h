@@ -109,17 +109,17 @@ void KTL_write_device_Objects(std::FILE* out, struct_EtherCatDevice* device);
 
 /// An item for each sub-item and each array element of a data type; none for a simple type. The first sub-item of a
 /// record has none: it holds the number of the others.
-/// @param Type    name of the data type, looked up in the device's dictionary
+/// @param type    name of the data type, looked up in the device's dictionary
 /// @param object  the object that is of this type: its index and access flags go into the items
-void KTL_write_device_ObjectScan(std::FILE* out, struct_EtherCatDevice* device, const std::string& Type,
+void KTL_write_device_ObjectScan(std::FILE* out, struct_EtherCatDevice* device, const std::string& type,
                                  const struct_KTL_ObjectType* object);
 /// As above, in the dictionary of a module.
-void KTL_write_device_ObjectmoduleScan(std::FILE* out, struct_module* module, const std::string& Type,
+void KTL_write_device_ObjectmoduleScan(std::FILE* out, struct_module* module, const std::string& type,
                                        const struct_KTL_ObjectType* object);
 
 /// Bits of the first data type of that name; 0 if there is none.
-int KTL_get_device_datatypeSize(struct_EtherCatDevice* device, const std::string& Type);
-int KTL_get_device_datatypemoduleSize(struct_module* module, const std::string& Type); ///< as above, of a module
+int KTL_get_device_datatypeSize(struct_EtherCatDevice* device, const std::string& type);
+int KTL_get_device_datatypemoduleSize(struct_module* module, const std::string& type); ///< as above, of a module
 
 /// Default data and limits of a sub-item, from the first object of that index that has so many sub-items.
 /// @param subIndex  place in the object's list of sub-items

@@ -18,11 +18,6 @@ constexpr const char* nameless = "TEMP";
 constexpr const char* moduleText = "Module";
 constexpr const char* commandText = "IniCmd";
 
-std::string numberText(std::uint32_t number)
-{
-    return xmlGetStringuint(number).toStdString();
-}
-
 bool readGeneral(const KtlReadTarget& target, const ItemBytes& item)
 {
     const auto general = item.at<struct_KTL_EtherCatDeviceType>(0);
@@ -55,7 +50,7 @@ bool readSyncManagers(const KtlReadTarget& target, const ItemBytes& item)
 {
     constexpr std::size_t headSize = headSizeOf<struct_KTL_SmType, struct_KTL_SmAttributes>;
     std::vector<struct_SM>& syncManagers = target.device.vSM;
-    const auto append = [&](const struct_KTL_SmAttributes& record, std::size_t index) {
+    const auto made = [&](const struct_KTL_SmAttributes& record, std::size_t index) {
         struct_SM syncManager;
         syncManager.Attributes.StartAddress = record.m_iStartAddress;
         syncManager.Attributes.MinSize = record.m_iMinSize;
@@ -67,38 +62,40 @@ bool readSyncManagers(const KtlReadTarget& target, const ItemBytes& item)
         syncManager.Name = std::to_string(index);
         syncManager.SM = static_cast<std::uint8_t>(syncManagers.size());
         syncManager.Smtype = usualType(syncManager.SM);
-        syncManagers.push_back(std::move(syncManager));
+        return syncManager;
     };
-    item.forEachRecord<struct_KTL_SmAttributes>(headSize, item.at<struct_KTL_SmType>(0).m_iCount, append);
+    item.appendRecords<struct_KTL_SmAttributes>(syncManagers, headSize, item.at<struct_KTL_SmType>(0).m_iCount, made);
     return true;
 }
 
 bool readModes(const KtlReadTarget& target, const ItemBytes& item)
 {
     constexpr std::size_t headSize = headSizeOf<struct_KTL_DcType, struct_KTL_DcAttributes>;
-    const auto append = [&](const struct_KTL_DcAttributes& record, std::size_t index) {
+    const auto made = [&](const struct_KTL_DcAttributes& record, std::size_t index) {
         Struct_DCOpMode mode;
         mode.AssignActivate = record.AssignActivate;
         mode.Name = std::to_string(index);
         mode.Desc = mode.Name;
-        target.device.vopmode.push_back(std::move(mode));
+        return mode;
     };
-    item.forEachRecord<struct_KTL_DcAttributes>(headSize, item.at<struct_KTL_DcType>(0).m_iCount, append);
+    item.appendRecords<struct_KTL_DcAttributes>(target.device.vopmode, headSize, item.at<struct_KTL_DcType>(0).m_iCount,
+                                                made);
     return true;
 }
 
 bool readFmmus(const KtlReadTarget& target, const ItemBytes& item)
 {
     constexpr std::size_t headSize = headSizeOf<struct_KTL_FmmuType, struct_KTL_FmmuAttributes>;
-    const auto append = [&](const struct_KTL_FmmuAttributes& record, std::size_t /*index*/) {
+    const auto made = [&](const struct_KTL_FmmuAttributes& record, std::size_t /*index*/) {
         Struct_Fmmu fmmu;
         fmmu.m_OpOnly = record.m_iOpOnly != 0;
         fmmu.m_Sm = record.m_iSm;
         fmmu.m_Su = record.m_iSu;
         fmmu.m_FmmuType = record.m_iFmmuType;
-        target.device.vFmmu.push_back(std::move(fmmu));
+        return fmmu;
     };
-    item.forEachRecord<struct_KTL_FmmuAttributes>(headSize, item.at<struct_KTL_FmmuType>(0).m_iCount, append);
+    item.appendRecords<struct_KTL_FmmuAttributes>(target.device.vFmmu, headSize,
+                                                  item.at<struct_KTL_FmmuType>(0).m_iCount, made);
     return true;
 }
 
@@ -120,7 +117,7 @@ struct_PDOList pdoFrom(const ItemBytes& item, const char* name)
     pdo.IndexAttributes.Index = head.IndexAttributes;
     pdo.Name = name;
     std::int32_t bits = 0;
-    const auto append = [&](const struct_KTL_EntryPDOContent& record, std::size_t /*index*/) {
+    const auto made = [&](const struct_KTL_EntryPDOContent& record, std::size_t /*index*/) {
         struct_EntryPDOContent entry;
         entry.Index = record.Index;
         entry.SubIndex = record.SubIndex;
@@ -131,9 +128,9 @@ struct_PDOList pdoFrom(const ItemBytes& item, const char* name)
         entry.DataType = nameless;
         entry.Offs = byteBitForm(bits);
         bits = addBits(bits, record.Bitlen);
-        pdo.Entry.vPdo_c.push_back(std::move(entry));
+        return entry;
     };
-    item.forEachRecord<struct_KTL_EntryPDOContent>(headSize, head.m_iCount, append);
+    item.appendRecords<struct_KTL_EntryPDOContent>(pdo.Entry.vPdo_c, headSize, head.m_iCount, made);
     pdo.Size = byteBitForm(bits);
     return pdo;
 }
@@ -179,7 +176,7 @@ bool readCoe(const KtlReadTarget& target, const ItemBytes& item)
     coe.Attributes.SegmentedSdo = head.m_bSegmentedSdo != 0;
     coe.Attributes.CompleteAccess = head.m_bCompleteAccess != 0;
     coe.Attributes.DiagHistory = head.m_bDiagHistory != 0;
-    const auto append = [&](const struct_KTL_InitCmd& record, std::size_t /*index*/) {
+    const auto made = [&](const struct_KTL_InitCmd& record, std::size_t /*index*/) {
         struct_InitCmd command;
         command.Transition = static_cast<NMTOKEN>(record.Transition);
         command.Index = record.Index;
@@ -189,9 +186,9 @@ bool readCoe(const KtlReadTarget& target, const ItemBytes& item)
         command.Data = record.Data;
         command.Comment = nameless;
         command.strData = numberText(record.Data);
-        coe.InitCmd.vinitcmd.push_back(std::move(command));
+        return command;
     };
-    item.forEachRecord<struct_KTL_InitCmd>(headSize, commandCount(head), append);
+    item.appendRecords<struct_KTL_InitCmd>(coe.InitCmd.vinitcmd, headSize, commandCount(head), made);
     return true;
 }
 
@@ -205,16 +202,16 @@ bool readSlots(const KtlReadTarget& target, const ItemBytes& item)
     attributes.SlotPdoIncrement = head.m_iSlotPdoIncrement;
     attributes.SlotIndexIncrement = head.m_iSlotIndexIncrement;
     attributes.IdentifyModuleBy = "0";
-    const auto append = [&](const struct_KTL_SlotContent& record, std::size_t /*index*/) {
+    const auto made = [&](const struct_KTL_SlotContent& record, std::size_t /*index*/) {
         struct_Slot slot;
         slot.Attributes.MinInstances = record.m_iMinInstances;
         slot.Attributes.MaxInstances = record.m_iMaxInstances;
         slot.Attributes.SlotIndexIncrement = record.SlotIndexIncrement;
         slot.Attributes.SlotPdoIncrement = record.SlotPdoIncrement;
         slot.Name = "slot";
-        target.device.Slots.vslot.push_back(std::move(slot));
+        return slot;
     };
-    item.forEachRecord<struct_KTL_SlotContent>(headSize, head.m_iCurSlotCount, append);
+    item.appendRecords<struct_KTL_SlotContent>(target.device.Slots.vslot, headSize, head.m_iCurSlotCount, made);
     return true;
 }
 
@@ -268,7 +265,7 @@ modulePdo modulePdoFrom(const ItemBytes& item, const char* name)
     takePdoAttributes(head, pdo.Attributes);
     pdo.indexAttributes.index = head.IndexAttributes;
     pdo.Name = name;
-    const auto append = [&](const struct_KTL_modulePdoOne& record, std::size_t /*index*/) {
+    const auto made = [&](const struct_KTL_modulePdoOne& record, std::size_t /*index*/) {
         struct_moduleEntry entry;
         entry.BitLen = record.BitLen;
         entry.indexAttributes.index = record.index;
@@ -278,9 +275,9 @@ modulePdo modulePdoFrom(const ItemBytes& item, const char* name)
         entry.Name = nameless;
         entry.DataType = nameless;
         entry.Comment = nameless;
-        pdo.vEntry.push_back(std::move(entry));
+        return entry;
     };
-    item.forEachRecord<struct_KTL_modulePdoOne>(headSize, head.m_iCount, append);
+    item.appendRecords<struct_KTL_modulePdoOne>(pdo.vEntry, headSize, head.m_iCount, made);
     return pdo;
 }
 
@@ -306,7 +303,7 @@ bool readModuleCommands(const KtlReadTarget& target, const ItemBytes& item)
     if (!hasModule(target))
         return target.modules != nullptr;
     std::vector<struct_moduleInitCmd>& commands = target.modules->vmodule.back().Mailbox.COE.vinitcmd;
-    const auto append = [&](const struct_KTL_moduleStartupOne& record, std::size_t /*index*/) {
+    const auto made = [&](const struct_KTL_moduleStartupOne& record, std::size_t /*index*/) {
         struct_moduleInitCmd command;
         command.indexAttributes.DependOnSlot = record.DependOnSlot != 0;
         command.indexAttributes.index = record.index;
@@ -315,10 +312,10 @@ bool readModuleCommands(const KtlReadTarget& target, const ItemBytes& item)
         command.Data = record.Data;
         command.Comment = commandText;
         command.strData = commandText;
-        commands.push_back(std::move(command));
+        return command;
     };
-    item.forEachRecord<struct_KTL_moduleStartupOne>(headSize, item.at<struct_KTL_moduleInitCmdType>(0).m_iCount,
-                                                    append);
+    item.appendRecords<struct_KTL_moduleStartupOne>(commands, headSize,
+                                                    item.at<struct_KTL_moduleInitCmdType>(0).m_iCount, made);
     return true;
 }
 

@@ -90,7 +90,7 @@ void readItem(std::FILE* file, std::int32_t type, std::int32_t size, std::vector
     const KtlItemHead head{static_cast<std::uint32_t>(type), static_cast<std::uint32_t>(size)};
     item.resize(sizeof head);
     std::memcpy(item.data(), &head, sizeof head);
-    std::array<unsigned char, 4096> block{};
+    std::array<unsigned char, 4096> block; // what is read of it only counts
     while (item.size() < announced) {
         const std::size_t wanted = std::min(block.size(), announced - item.size());
         const std::size_t read = std::fread(block.data(), 1, wanted, file);
