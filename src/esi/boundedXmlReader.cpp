@@ -1,11 +1,18 @@
 #include "esi/boundedXmlReader.h"
 
+#include "esi/xmlDecoding.h"
+#include "esi/xmlLimits.h"
+
+#include <QByteArray>
 #include <QDomDocument>
 #include <QFile>
+#include <QSet>
 #include <QXmlAttributes>
 #include <QXmlContentHandler>
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
+
+#include <optional>
 
 // The classes below are marked as outdated in favour of a pull parser. That one normalises line ends inside texts,
 // which would change the texts of exported files, so the reader that the document class itself is built on stays in
@@ -15,9 +22,9 @@ QT_WARNING_DISABLE_DEPRECATED
 
 namespace {
 
-/// Hands everything on to the document builder, and refuses an element that is nested too deep before the parser
-/// descends into it.
-class DepthGuard final : public QXmlContentHandler
+/// Hands everything on to the document builder, and refuses what goes beyond a limit: an element before the parser
+/// descends into it and before the builder takes its attributes, a namespace before the parser reads on.
+class LimitGuard final : public QXmlContentHandler
 {
 public:
     void handOnTo(QXmlContentHandler* builder) { m_builder = builder; }
@@ -27,14 +34,18 @@ public:
     bool endDocument() override { return m_builder->endDocument(); }
     bool startPrefixMapping(const QString& prefix, const QString& uri) override
     {
-        return m_builder->startPrefixMapping(prefix, uri);
+        m_prefixes.insert(prefix);
+        return holds(m_prefixes.size() <= mostPrefixes, "the file has more than %1 namespace prefixes", mostPrefixes)
+               && m_builder->startPrefixMapping(prefix, uri);
     }
     bool endPrefixMapping(const QString& prefix) override { return m_builder->endPrefixMapping(prefix); }
     bool startElement(const QString& namespaceUri, const QString& localName, const QString& qualifiedName,
                       const QXmlAttributes& attributes) override
     {
         m_depth += 1;
-        return !isTooDeep() && m_builder->startElement(namespaceUri, localName, qualifiedName, attributes);
+        return holds(m_depth <= deepestNesting, "elements are nested deeper than %1", deepestNesting)
+               && holds(attributes.count() <= mostAttributes, "an element has more than %1 attributes", mostAttributes)
+               && m_builder->startElement(namespaceUri, localName, qualifiedName, attributes);
     }
     bool endElement(const QString& namespaceUri, const QString& localName, const QString& qualifiedName) override
     {
@@ -54,18 +65,24 @@ public:
     }
     [[nodiscard]] QString errorString() const override
     {
-        return isTooDeep() ? QStringLiteral("elements are nested deeper than %1").arg(deepestNesting)
-                           : m_builder->errorString();
+        return m_brokenLimit.isEmpty() ? m_builder->errorString() : m_brokenLimit;
     }
 
     /// Whether the document refers to an entity that it does not declare.
     [[nodiscard]] bool sawSkippedEntity() const { return m_sawSkippedEntity; }
 
 private:
-    [[nodiscard]] bool isTooDeep() const { return m_depth > deepestNesting; }
+    bool holds(bool isWithin, const char* message, int limit)
+    {
+        if (!isWithin)
+            m_brokenLimit = QString::fromLatin1(message).arg(limit);
+        return isWithin;
+    }
 
     QXmlContentHandler* m_builder = nullptr; ///< belongs to the document, set for the time of a parse
     int m_depth = 0;
+    QSet<QString> m_prefixes;
+    QString m_brokenLimit; ///< empty as long as all limits hold
     bool m_sawSkippedEntity = false;
 };
 
@@ -89,23 +106,43 @@ public:
     [[nodiscard]] bool sawSkippedEntity() const { return m_guard.sawSkippedEntity(); }
 
 private:
-    DepthGuard m_guard;
+    LimitGuard m_guard;
 };
+
+/// The characters of a file, its line ends as they stand; nothing if it is too large. The size is that of what is read,
+/// since a device or pipe does not tell its own.
+std::optional<QString> textOf(QFile& file)
+{
+    file.setTextModeEnabled(false);
+    const QByteArray bytes = file.read(largestXmlFile + 1);
+    if (bytes.size() > largestXmlFile)
+        return std::nullopt;
+    return decodedXml(bytes);
+}
 
 } // namespace
 
 bool parseXml(QFile& file, QDomDocument& document, XmlFormatError& error)
 {
+    const std::optional<QString> text = textOf(file);
+    if (!text.has_value()) {
+        error = {QStringLiteral("the file is larger than %1 bytes").arg(largestXmlFile), 1, 1};
+        return false;
+    }
+    if (const std::optional<XmlFormatError> broken = brokenDocumentTypeLimit(*text)) {
+        error = *broken;
+        return false;
+    }
     BoundedXmlReader reader;
-    QXmlInputSource source(&file);
+    QXmlInputSource source;
+    source.setData(*text);
     if (!document.setContent(&source, &reader, &error.message, &error.line, &error.column))
         return false;
     if (!reader.sawSkippedEntity())
         return true;
     // With a reader from outside the builder cannot tell an undeclared entity inside an attribute from one in the
-    // content, and would keep both as nodes. With its own reader it can, and by now the depth of the file is known to
-    // be harmless.
-    return file.seek(0) && document.setContent(&file, true, &error.message, &error.line, &error.column);
+    // content, and would keep both as nodes. With its own reader it can, and by now the file is known to be harmless.
+    return document.setContent(*text, true, &error.message, &error.line, &error.column);
 }
 
 QT_WARNING_POP

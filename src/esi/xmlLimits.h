@@ -1,0 +1,39 @@
+// xmlLimits.h - what no device description reaches, and what would keep the XML parser busy for hours or overflow its
+// stack.
+#pragma once
+
+#include "esi/xmlFormatError.h"
+
+#include <optional>
+
+/// Largest file that is read, in bytes. ESI files reach about 30 MB, and a document takes many times the memory of its
+/// file.
+inline constexpr int largestXmlFile = 256 * 1024 * 1024;
+
+/// Deepest nesting of elements that is read; the root element is at depth 1. ESI files reach about 20. The parser and
+/// the document tree recurse, so an unbounded depth would overflow the stack.
+inline constexpr int deepestNesting = 1000;
+
+/// Most attributes of one element, repeated ones included. ESI files reach about 20. The document looks through all
+/// attributes of an element before it adds one.
+inline constexpr int mostAttributes = 100;
+
+/// Most different namespace prefixes in a file. ESI files have one or two. At the end of each element the parser
+/// compares all prefixes with one another.
+inline constexpr int mostPrefixes = 16;
+
+/// Longest document type declaration, in characters. ESI files have none. The parser descends into each parenthesis of
+/// a content model, and goes through all entities again for each that is declared.
+inline constexpr int longestDocumentType = 4096;
+
+/// Most references to entities inside document type declarations, and most in a file that declares entities itself.
+/// Each of those inside may multiply what one in the text stands for: the longest text that a small file can make of
+/// itself is the product of both and of the length of the declaration.
+inline constexpr int mostNestedReferences = 4;
+inline constexpr int mostReferences = 250;
+
+/// Holds the document type declarations of a file, and the entities that they declare, against the limits above. The
+/// parser is not asked, for it is not safe to let it see such a declaration.
+/// @param text  a whole XML file
+/// @return      the first limit that is broken, with its place; nothing if none is
+[[nodiscard]] std::optional<XmlFormatError> brokenDocumentTypeLimit(const QString& text);
