@@ -1,8 +1,10 @@
-// loadBench.cpp - loading ESI files: against the parser alone, and large files against small ones.
+// loadBench.cpp - loading ESI files: against the parser alone, the limits alone against the parser, and large files
+// against small ones.
 #include "generatedEsi.h"
 #include "ratioLimits.h"
 #include "stopwatch.h"
 
+#include "esi/boundedXmlReader.h"
 #include "esi/esiFile.h"
 #include "model/XMLParsing.h"
 
@@ -38,8 +40,8 @@ void freeLoadedFiles()
     giveMemoryBack();
 }
 
-/// Time of `QDomDocument::setContent` alone: opening the file and freeing the document do not count.
-double secondsOfParse(const GeneratedEsi& esi)
+/// Time to parse an open file into a document: opening the file and freeing the document do not count.
+template<typename Parse> double secondsOfParse(const GeneratedEsi& esi, Parse parse)
 {
     QFile file(esi.path());
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
@@ -48,13 +50,28 @@ double secondsOfParse(const GeneratedEsi& esi)
     {
         QDomDocument document;
         const Stopwatch stopwatch;
-        const bool isParsed = document.setContent(&file, true);
+        const bool isParsed = parse(file, document);
         seconds = stopwatch.seconds();
         if (!isParsed)
             throw std::runtime_error("the generated file is not well-formed");
     }
     giveMemoryBack();
     return seconds;
+}
+
+/// Time of `QDomDocument::setContent` alone.
+double secondsOfPlainParse(const GeneratedEsi& esi)
+{
+    return secondsOfParse(esi, [](QFile& file, QDomDocument& document) { return document.setContent(&file, true); });
+}
+
+/// Time of the parse as the reader makes it, with its own decoding and all limits.
+double secondsOfBoundedParse(const GeneratedEsi& esi)
+{
+    return secondsOfParse(esi, [](QFile& file, QDomDocument& document) {
+        XmlFormatError error;
+        return parseXml(file, document, error);
+    });
 }
 
 /// Time from the file to its record in `g_xmlfiledevices`; freeing document and record does not count.
@@ -79,7 +96,7 @@ void parseSmallFile(benchmark::State& state)
 {
     const GeneratedEsi esi = GeneratedEsi::ofSize(smallFile);
     for ([[maybe_unused]] auto _ : state)
-        state.SetIterationTime(secondsOfParse(esi));
+        state.SetIterationTime(secondsOfPlainParse(esi));
     reportRate(state, esi);
 }
 BENCHMARK(parseSmallFile)->UseManualTime()->Unit(benchmark::kMillisecond);
@@ -98,11 +115,11 @@ void loadAgainstParse(benchmark::State& state)
 {
     constexpr double limit = 1.35;
     const GeneratedEsi esi = GeneratedEsi::ofSize(mediumFile);
-    secondsOfParse(esi); // warm-up of the file cache and of the program's own pages
+    secondsOfPlainParse(esi); // warm-up of the file cache and of the program's own pages
     secondsOfLoad(esi);
     std::vector<double> ratios;
     for ([[maybe_unused]] auto _ : state) {
-        const double parse = secondsOfParse(esi);
+        const double parse = secondsOfPlainParse(esi);
         const double load = secondsOfLoad(esi);
         state.SetIterationTime(load);
         ratios.push_back(load / parse);
@@ -111,6 +128,25 @@ void loadAgainstParse(benchmark::State& state)
     checkRatio(state, "time to load a 30 MB file against QDomDocument::setContent alone", ratios, limit);
 }
 BENCHMARK(loadAgainstParse)->Iterations(9)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+/// What decoding and limits add to the parse.
+void limitsAgainstParse(benchmark::State& state)
+{
+    constexpr double limit = 1.05;
+    const GeneratedEsi esi = GeneratedEsi::ofSize(mediumFile);
+    secondsOfPlainParse(esi);
+    secondsOfBoundedParse(esi);
+    std::vector<double> ratios;
+    for ([[maybe_unused]] auto _ : state) {
+        const double plain = secondsOfPlainParse(esi);
+        const double bounded = secondsOfBoundedParse(esi);
+        state.SetIterationTime(bounded);
+        ratios.push_back(bounded / plain);
+    }
+    reportRate(state, esi);
+    checkRatio(state, "time to parse a 30 MB file within the limits against QDomDocument::setContent", ratios, limit);
+}
+BENCHMARK(limitsAgainstParse)->Iterations(9)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 /// The small file is loaded often enough to take about as long as the large one: one short run would catch a
 /// disturbance whole or not at all.
