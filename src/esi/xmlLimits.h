@@ -32,8 +32,9 @@ inline constexpr int longestDocumentType = 4096;
 inline constexpr int mostNestedReferences = 4;
 inline constexpr int mostReferences = 250;
 
-/// Holds the document type declarations of a file, and the entities that they declare, against the limits above. The
-/// parser is not asked, for it is not safe to let it see such a declaration.
+/// Holds the document type declarations of a file, and the entities that they declare, against the limits above;
+/// references to parameter entities are refused at all. The parser is not asked, for it is not safe to let it see such
+/// a declaration.
 /// @param text  a whole XML file
 /// @return      the first limit that is broken, with its place; nothing if none is
 [[nodiscard]] std::optional<XmlFormatError> brokenDocumentTypeLimit(const QString& text);
