@@ -132,6 +132,8 @@ void tst_XmlLimits::prefixes_data()
     QTest::addRow("one more further down")
         << "<a" + numbered(declaration, 16) + "><b xmlns:p='urn:p'/></a>" << tooManyPrefixes;
     QTest::addRow("far more") << "<a" + numbered(declaration, 100000) + "/>" << tooManyPrefixes;
+    QTest::addRow("one for many namespaces")
+        << "<a>" + numbered(QStringLiteral("<b xmlns='urn:%1'/>"), 1000) + "</a>" << QString();
     QTest::addRow("the same ones on many elements")
         << "<a>" + QStringLiteral("<b xmlns='urn:a' xmlns:p='urn:p'/>").repeated(1000) + "</a>" << QString();
 }
@@ -277,6 +279,8 @@ void tst_XmlLimits::references_data()
     QTest::addRow("one more in an attribute") << declaring + "<a k='&x;'>" + mostTimes + "</a>" << tooManyReferences;
     QTest::addRow("one more that is predefined") << declaring + "<a>" + mostTimes + "&amp;</a>" << tooManyReferences;
     QTest::addRow("characters don't count") << declaring + "<a>" + mostTimes + "&#65;&#x41;</a>" << QString();
+    QTest::addRow("those inside the declaration count for themselves")
+        << "<!DOCTYPE a [<!ENTITY x 'y'><!ENTITY z '&x;&x;&x;&x;'>]><a>" + mostTimes + "</a>" << QString();
     QTest::addRow("predefined ones where none is declared")
         << "<a>" + QStringLiteral("&amp;").repeated(10000) + "</a>" << QString();
     QTest::addRow("predefined ones with a plain document type")
