@@ -54,10 +54,9 @@ const QTextCodec* declaredCodec(const QByteArray& bytes)
 /// Cuts the text where the parser would take a character for the end of its input.
 void cutAtNonCharacter(QString& text)
 {
-    constexpr ushort firstNonCharacter = 0xFFFE;
-    const auto* const end =
-        std::find_if(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() >= firstNonCharacter; });
-    text.truncate(static_cast<int>(end - text.cbegin()));
+    for (const QChar nonCharacter : {QChar(0xFFFE), QChar(0xFFFF)})
+        if (const int position = text.indexOf(nonCharacter); position >= 0)
+            text.truncate(position);
 }
 
 } // namespace
