@@ -10,6 +10,9 @@ if(KINETRA_SANITIZE)
   # Whoever links a library of ours needs the sanitizers' runtime too, so this one is for the whole tree.
   add_link_options(-fsanitize=address,undefined)
 endif()
+if(KINETRA_FUZZ)
+  target_compile_options(kinetra_options INTERFACE -fsanitize=fuzzer-no-link) # tells the fuzzer which code an input reaches
+endif()
 
 # kinetra_library(NAME SOURCES ... [LINK ...]): a static library that is one floor of the house. Its headers are reached
 # from src/, the only include root.

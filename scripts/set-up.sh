@@ -5,6 +5,7 @@
 #   scripts/set-up.sh test    build and run the tests
 #   scripts/set-up.sh ci      the same, and the format and lint checks
 #   scripts/set-up.sh bench   build and run the benchmarks
+#   scripts/set-up.sh fuzz    build and run the fuzz targets
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source "$(dirname "$0")/common.sh"
@@ -22,6 +23,10 @@ case ${1-} in
         commands+=(git clang-format clang-tidy)
         ;;
     bench) packages=("${base[@]}" libbenchmark-dev) ;;
+    fuzz)
+        packages=("${base[@]}" clang)
+        commands+=(clang++)
+        ;;
     *) no_arguments "${1-none}" ;;
 esac
 
