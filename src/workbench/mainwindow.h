@@ -152,6 +152,7 @@ private:
     // Parts of the Process Data tab (mainwindow_pdo.cpp).
     std::optional<QModelIndex> selectedEntry();
     bool refuseModuleEntry();
+    std::optional<int> changeEntries(void (*change)(struct_EtherCatDevice&, int, int));
 
     // Parts of the Module tab (mainwindow_module.cpp and mainwindow_modulepdo.cpp).
     bool takesModules(const struct_EtherCatDevice& device);

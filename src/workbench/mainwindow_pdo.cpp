@@ -115,39 +115,40 @@ void MainWindow::on_PdoContentView_doubleClicked(const QModelIndex& /*index*/)
     openPdoEditor(tr("Pdo editor"));
 }
 
-void MainWindow::on_pdoContect_add()
+/// Changes the entries of the current PDO at the first selected one, and shows them anew.
+/// @param change  given the device, the row of the PDO and the row of the entry
+/// @return        row of that entry, nothing after a refusal
+std::optional<int> MainWindow::changeEntries(void (*change)(struct_EtherCatDevice&, int, int))
 {
     if (refuseModuleEntry())
-        return;
+        return std::nullopt;
     const std::optional<QModelIndex> entry = selectedEntry();
     if (!entry)
-        return;
+        return std::nullopt;
     g_bpdoormodulepdo = false;
     g_bpdoMultiplechoice = false;
     const int pdoRow = ui->PdoListView->currentIndex().row();
     const int entryRow = entry->row();
     if (struct_EtherCatDevice* device = selectedDevice())
-        insertPdoEntry(*device, pdoRow, entryRow);
+        change(*device, pdoRow, entryRow);
     ui->PdoListView->selectRow(pdoRow);
     PdoEditWindowSendMsg(QStringLiteral("hello"));
-    ui->PdoContentView->selectRow(entryRow + 1);
-    on_PdoContentView_doubleClicked(*entry);
+    return entryRow;
+}
+
+/// The new entry opens in the editor at once. Behind the closing row there is none, and the editor says so.
+void MainWindow::on_pdoContect_add()
+{
+    const std::optional<int> entryRow = changeEntries(insertPdoEntry);
+    if (!entryRow)
+        return;
+    ui->PdoContentView->selectRow(*entryRow + 1);
+    on_PdoContentView_doubleClicked(ui->PdoContentView->currentIndex());
 }
 
 void MainWindow::on_pdoContect_delete()
 {
-    if (refuseModuleEntry())
-        return;
-    const std::optional<QModelIndex> entry = selectedEntry();
-    if (!entry)
-        return;
-    g_bpdoormodulepdo = false;
-    g_bpdoMultiplechoice = false;
-    const int pdoRow = ui->PdoListView->currentIndex().row();
-    if (struct_EtherCatDevice* device = selectedDevice())
-        erasePdoEntry(*device, pdoRow, entry->row());
-    ui->PdoListView->selectRow(pdoRow);
-    PdoEditWindowSendMsg(QStringLiteral("hello"));
+    changeEntries(erasePdoEntry);
 }
 
 void MainWindow::PdoEditWindowSendMsg(const QString& /*text*/)
