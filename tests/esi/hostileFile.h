@@ -36,6 +36,17 @@ inline constexpr double longestTime =
     5;
 #endif
 
+/// How many of something a large file holds: a tenth under the sanitizers.
+[[nodiscard]] constexpr int sized(int count)
+{
+#if defined(__SANITIZE_ADDRESS__)
+    constexpr int share = 10;
+#else
+    constexpr int share = 1;
+#endif
+    return count / share;
+}
+
 [[nodiscard]] inline double processorSeconds()
 {
     return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;

@@ -162,27 +162,28 @@ void tst_HostileEsi::bombs()
 void tst_HostileEsi::largeButHarmless_data()
 {
     QTest::addColumn<QByteArray>("content");
-    QTest::addRow("a comment") << inDevice("<!--" + QByteArray(50000000, 'x') + "-->");
-    QTest::addRow("an attribute") << inDevice("<Sm k='" + QByteArray(50000000, 'x') + "'/>");
-    QTest::addRow("a name of an element") << inDevice("<" + QByteArray(5000000, 'x') + "/>");
-    QTest::addRow("an instruction") << inDevice("<?p " + QByteArray(20000000, 'x') + "?>");
-    QTest::addRow("a text in CDATA") << inDevice("<Type><![CDATA[" + QByteArray(20000000, 'x') + "]]></Type>");
-    QTest::addRow("line ends") << inDevice(QByteArray(20000000, '\n'));
-    QTest::addRow("blanks in a tag") << inDevice("<Sm" + QByteArray(20000000, ' ') + "/>");
-    QTest::addRow("a million children") << inDevice(QByteArray("<b/>").repeated(1000000));
-    QTest::addRow("instructions in numbers") << inDevice(QByteArray("<?p x?>").repeated(100000));
-    QTest::addRow("comments before the root") << QByteArray("<!---->").repeated(100000) + inDevice({});
+    QTest::addRow("a comment") << inDevice("<!--" + QByteArray(sized(50000000), 'x') + "-->");
+    QTest::addRow("an attribute") << inDevice("<Sm k='" + QByteArray(sized(50000000), 'x') + "'/>");
+    QTest::addRow("a name of an element") << inDevice("<" + QByteArray(sized(5000000), 'x') + "/>");
+    QTest::addRow("an instruction") << inDevice("<?p " + QByteArray(sized(20000000), 'x') + "?>");
+    QTest::addRow("a text in CDATA") << inDevice("<Type><![CDATA[" + QByteArray(sized(20000000), 'x') + "]]></Type>");
+    QTest::addRow("line ends") << inDevice(QByteArray(sized(20000000), '\n'));
+    QTest::addRow("blanks in a tag") << inDevice("<Sm" + QByteArray(sized(20000000), ' ') + "/>");
+    QTest::addRow("a million children") << inDevice(QByteArray("<b/>").repeated(sized(1000000)));
+    QTest::addRow("instructions in numbers") << inDevice(QByteArray("<?p x?>").repeated(sized(100000)));
+    QTest::addRow("comments before the root") << QByteArray("<!---->").repeated(sized(100000)) + inDevice({});
     QTest::addRow("references to characters in numbers")
-        << inDevice("<Type>" + QByteArray("&#65;").repeated(500000) + "</Type>");
+        << inDevice("<Type>" + QByteArray("&#65;").repeated(sized(500000)) + "</Type>");
     QTest::addRow("undeclared entities in numbers")
-        << inDevice("<Type>" + QByteArray("&u;").repeated(100000) + "</Type>");
-    QTest::addRow("names of elements in numbers") << inDevice(numbered("<b%1/>", 1, 100000));
-    QTest::addRow("sync managers in numbers") << inDevice(QByteArray("<Sm>Outputs</Sm>").repeated(100000));
+        << inDevice("<Type>" + QByteArray("&u;").repeated(sized(100000)) + "</Type>");
+    QTest::addRow("names of elements in numbers") << inDevice(numbered("<b%1/>", 1, sized(100000)));
+    QTest::addRow("sync managers in numbers") << inDevice(QByteArray("<Sm>Outputs</Sm>").repeated(sized(100000)));
     QTest::addRow("devices inside each other")
         << inDevice(QByteArray("<Device>").repeated(900) + QByteArray("</Device>").repeated(900));
     QTest::addRow("groups of modules in numbers")
         << "<EtherCATInfo><Vendor/><Device><Name/></Device><Descriptions><Modules>"
-               + QByteArray("<!--c--><Module/>x<Other/>").repeated(50000) + "</Modules></Descriptions></EtherCATInfo>";
+               + QByteArray("<!--c--><Module/>x<Other/>").repeated(sized(50000))
+               + "</Modules></Descriptions></EtherCATInfo>";
 }
 
 void tst_HostileEsi::largeButHarmless()
