@@ -12,6 +12,7 @@
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
 
+#include <algorithm>
 #include <optional>
 
 // The classes below are marked as outdated in favour of a pull parser. That one normalises line ends inside texts,
@@ -113,10 +114,15 @@ private:
 /// since a device or pipe does not tell its own.
 std::optional<QString> textOf(QFile& file)
 {
+    constexpr qint64 blockSize = 65536; // a read takes memory for all that it asks for, so it asks for little
     file.setTextModeEnabled(false);
-    const QByteArray bytes = file.read(largestXmlFile + 1);
-    if (bytes.size() > largestXmlFile)
-        return std::nullopt;
+    QByteArray bytes;
+    bytes.reserve(static_cast<int>(std::min<qint64>(file.size(), largestXmlFile)));
+    for (QByteArray block = file.read(blockSize); !block.isEmpty(); block = file.read(blockSize)) {
+        bytes += block;
+        if (bytes.size() > largestXmlFile)
+            return std::nullopt;
+    }
     return decodedXml(bytes);
 }
 
