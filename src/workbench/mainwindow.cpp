@@ -1,7 +1,7 @@
 // mainwindow.cpp - the constructor of the main window: views and connections.
 #include "workbench/mainwindow.h"
 
-#include "workbench/deviceTypeTexts.h"
+#include "editing/deviceTypeTexts.h"
 #include "workbench/quietByName.h"
 #include "workbench/tableViews.h"
 

@@ -1,10 +1,10 @@
 // mainwindow_export.cpp - the export of the checked devices.
 #include "workbench/mainwindow.h"
 
+#include "editing/exportChecks.h"
 #include "ktl/ktlExport.h"
 #include "ktl/ktlFile.h"
 #include "ktl/treeSelection.h"
-#include "workbench/exportChecks.h"
 #include "workbench/messages.h"
 #include "workbench/overwriteQuestion.h"
 #include "workbench/waitCursor.h"

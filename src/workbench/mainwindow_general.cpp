@@ -1,11 +1,11 @@
 // mainwindow_general.cpp - the General tab: identity, device type and operation modes; the about box.
 #include "workbench/mainwindow.h"
 
+#include "editing/deviceTypeTexts.h"
 #include "esi/derivation/driveAxes.h"
 #include "esi/xmlCharConversion.h"
 #include "model/deviceType.h"
 #include "model/version.h"
-#include "workbench/deviceTypeTexts.h"
 #include "workbench/messages.h"
 
 #include "ui_mainwindow.h"

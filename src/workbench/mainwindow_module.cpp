@@ -1,13 +1,13 @@
 // mainwindow_module.cpp - the Module tab: slots, and the modules of the file.
 #include "workbench/mainwindow.h"
 
+#include "editing/deviceTypeTexts.h"
+#include "editing/slotPlaces.h"
 #include "esi/derivation/moduleInSlot.h"
 #include "esi/derivation/startupCommands.h"
 #include "esi/xmlCharConversion.h"
 #include "model/deviceType.h"
-#include "workbench/deviceTypeTexts.h"
 #include "workbench/messages.h"
-#include "workbench/slotPlaces.h"
 #include "workbench/tableViews.h"
 
 #include "ui_mainwindow.h"

@@ -1,10 +1,10 @@
 // mainwindow_modulepdo.cpp - the PDO views of a module as its file declares it.
 #include "workbench/mainwindow.h"
 
+#include "editing/pdoRows.h"
 #include "model/pdoAccess.h"
 #include "workbench/messages.h"
 #include "workbench/pdoEntries.h"
-#include "workbench/pdoRows.h"
 #include "workbench/rowTexts.h"
 #include "workbench/tableViews.h"
 

@@ -1,11 +1,11 @@
 // mainwindow_pdo.cpp - the Process Data tab.
 #include "workbench/mainwindow.h"
 
+#include "editing/pdoRows.h"
 #include "esi/xmlCharConversion.h"
 #include "model/pdoAccess.h"
 #include "model/syncDirection.h"
 #include "workbench/pdoEntries.h"
-#include "workbench/pdoRows.h"
 #include "workbench/rowTexts.h"
 #include "workbench/tableViews.h"
 

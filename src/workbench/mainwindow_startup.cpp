@@ -1,9 +1,9 @@
 // mainwindow_startup.cpp - the Startup tab.
 #include "workbench/mainwindow.h"
 
+#include "editing/startupRows.h"
 #include "model/startupAccess.h"
 #include "workbench/rowTexts.h"
-#include "workbench/startupRows.h"
 #include "workbench/startupeditwin.h"
 #include "workbench/tableViews.h"
 

@@ -1,8 +1,8 @@
 #include "workbench/pdoEntries.h"
 
+#include "editing/pdoRows.h"
 #include "model/pdoAccess.h"
 #include "model/syncDirection.h"
-#include "workbench/pdoRows.h"
 #include "workbench/rowTexts.h"
 #include "workbench/tableViews.h"
 

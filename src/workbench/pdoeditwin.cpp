@@ -1,10 +1,10 @@
 #include "workbench/pdoeditwin.h"
 
+#include "editing/pdoRows.h"
 #include "esi/xmlCharConversion.h"
 #include "model/XMLParsing.h"
 #include "model/pdoAccess.h"
 #include "workbench/editorWindow.h"
-#include "workbench/pdoRows.h"
 #include "workbench/rowTexts.h"
 #include "workbench/selection.h"
 

@@ -1,7 +1,7 @@
 // pdoeditwin.h - the editor of a PDO entry's link.
 #pragma once
 
-#include "workbench/linkTexts.h"
+#include "editing/linkTexts.h"
 
 #include <QWidget>
 

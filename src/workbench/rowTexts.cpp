@@ -1,10 +1,10 @@
 #include "workbench/rowTexts.h"
 
+#include "editing/linkTexts.h"
 #include "esi/xmlCharConversion.h"
 #include "model/byteBit.h"
 #include "model/pdoAccess.h"
 #include "model/startupAccess.h"
-#include "workbench/linkTexts.h"
 
 namespace {
 

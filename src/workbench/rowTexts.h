@@ -2,8 +2,8 @@
 // item, an empty one (`""`) sets an empty item.
 #pragma once
 
+#include "editing/startupRows.h"
 #include "model/deviceRecords.h"
-#include "workbench/startupRows.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,10 +1,10 @@
 #include "workbench/startupeditwin.h"
 
+#include "editing/startupRows.h"
 #include "esi/xmlCharConversion.h"
 #include "model/startupAccess.h"
 #include "workbench/editorWindow.h"
 #include "workbench/selection.h"
-#include "workbench/startupRows.h"
 
 #include "ui_startupeditwin.h"
 

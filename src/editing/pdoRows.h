@@ -2,8 +2,8 @@
 // the row's number, so that a row that has become stale finds nothing instead of a record that is gone.
 #pragma once
 
+#include "editing/linkTexts.h"
 #include "model/deviceRecords.h"
-#include "workbench/linkTexts.h"
 
 #include <cstddef>
 #include <type_traits>

@@ -1,4 +1,4 @@
-#include "workbench/linkTexts.h"
+#include "editing/linkTexts.h"
 
 #include "ktl/ktlCodes.h"
 

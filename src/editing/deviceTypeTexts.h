@@ -1,4 +1,4 @@
-// deviceTypeTexts.h - the words that the window offers for the device classes.
+// deviceTypeTexts.h - the words that are offered for the device classes.
 #pragma once
 
 #include "model/deviceRecords.h"

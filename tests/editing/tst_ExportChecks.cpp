@@ -1,5 +1,5 @@
 // What is said before an export, and the file name that it proposes.
-#include "workbench/exportChecks.h"
+#include "editing/exportChecks.h"
 #include "workbench/modelBuilders.h"
 
 #include <QtTest>

@@ -1,4 +1,4 @@
-#include "workbench/startupRows.h"
+#include "editing/startupRows.h"
 
 #include <iterator>
 #include <type_traits>

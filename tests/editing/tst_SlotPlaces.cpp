@@ -1,7 +1,7 @@
 // The places of slots without a window: names, which slot a place belongs to, what fits, putting in and taking out, and
 // the list of configured idents.
+#include "editing/slotPlaces.h"
 #include "workbench/pdoBuilders.h"
-#include "workbench/slotPlaces.h"
 
 #include <QtTest>
 

@@ -1,4 +1,4 @@
-#include "workbench/exportChecks.h"
+#include "editing/exportChecks.h"
 
 #include "esi/xmlCharConversion.h"
 

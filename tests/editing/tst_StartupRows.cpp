@@ -1,5 +1,5 @@
 // Which row of the startup list stands for which command, and the changes of that list.
-#include "workbench/startupRows.h" // first, so that the header stands on its own
+#include "editing/startupRows.h" // first, so that the header stands on its own
 
 #include "model/startupAccess.h"
 

@@ -1,4 +1,4 @@
-#include "workbench/slotPlaces.h"
+#include "editing/slotPlaces.h"
 
 #include "esi/xmlCharConversion.h"
 
