@@ -11,7 +11,7 @@ work=build/fuzz/run
 mkdir -p "$work"/{esi,ktl-reader,ktl-dump}
 cp samples/*.xml "$work/esi/"
 for sample in samples/*.xml; do
-  build/fuzz/bin/ktl convert "$sample" -o "$work/ktl-reader/$(basename "$sample" .xml).ktl"
+  build/fuzz/bin/ktl convert "$sample" -o "$work/ktl-reader/$(basename "$sample" .xml).ktl" --force
 done
 rm -f "$work"/ktl-reader/*.txt
 cp "$work"/ktl-reader/*.ktl "$work/ktl-dump/"

@@ -1,81 +1,58 @@
 #include "cli/convertCommand.h"
 
-#include "esi/esiFile.h"
+#include "cli/deviceSelectors.h"
+#include "cli/exportTime.h"
+#include "cli/inputFile.h"
+#include "cli/progress.h"
+#include "cli/wholeSave.h"
+#include "editing/exportChecks.h"
 #include "ktl/ktlExport.h"
-#include "ktl/ktlFile.h"
 
-#include <QDateTime>
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
-#include <ostream>
 #include <stdexcept>
+
+const SubCommandText convertText{
+    QLatin1String("convert"),
+    QLatin1String("turns ESI files into one KTL file with its text dump"),
+    QLatin1String("ESI..."),
+    QLatin1String("ESI files, in the order of the output; - for standard input."),
+    QLatin1String(
+        "Turns EtherCAT slave descriptions (ESI) into one KTL file for the motion controller, as the export of\n"
+        "the workbench does, and writes its text dump beside it, with \".txt\" behind the name. Both files are\n"
+        "replaced when they are complete: a run that fails leaves the old ones as they were."),
+    QLatin1String("  ktl convert drive.xml\n"
+                  "  ktl convert drive.xml coupler.xml -o machine.ktl --force\n"
+                  "  ktl convert terminals.xml -o one.ktl --device 0x7e570003:0x16160001\n"
+                  "  ktl convert drive.xml -o machine.ktl --append --date 2026-11-21T10:00:00Z\n"),
+};
 
 namespace {
 
-/// The error of a load as a compiler would tell it: file first, then line and column if there are any.
-QString loadMessage(const QString& path, const EsiLoadResult& result)
-{
-    const QString file = QDir::toNativeSeparators(path);
-    switch (result.status) {
-    case EsiLoadStatus::Loaded:
-        break;
-    case EsiLoadStatus::CannotOpen:
-        return QStringLiteral("%1: error: the file cannot be read: %2").arg(file, result.openError);
-    case EsiLoadStatus::NotWellFormed:
-        return QStringLiteral("%1:%2:%3: error: %4")
-            .arg(file)
-            .arg(result.formatError.line)
-            .arg(result.formatError.column)
-            .arg(result.formatError.message);
-    case EsiLoadStatus::NotEsi:
-        return QStringLiteral("%1: error: this is no ESI file: it has no Vendor element").arg(file);
-    }
-    return {};
-}
+const QString outputOption = QStringLiteral("output");
+const QString appendSwitch = QStringLiteral("append");
+const QString forceSwitch = QStringLiteral("force");
+const QString deviceOption = QStringLiteral("device");
+const QString dateOption = QStringLiteral("date");
+const QString strictSwitch = QStringLiteral("strict");
 
-/// @return  empty if everything was saved
-QString saveMessage(const QString& path, const KtlSaveResult& result)
+QList<QCommandLineOption> convertOptions()
 {
-    const QString file = QDir::toNativeSeparators(path);
-    const QString reason =
-        result.reason.empty() ? QString() : QStringLiteral(": ") + QString::fromStdString(result.reason);
-    switch (result.status) {
-    case KtlSaveStatus::Saved:
-        break;
-    case KtlSaveStatus::CannotWrite:
-        return QStringLiteral("%1: error: the file cannot be written in full%2").arg(file, reason);
-    case KtlSaveStatus::CannotReopen:
-        return QStringLiteral("%1: error: the file was written, but cannot be opened again for its text dump%2")
-            .arg(file, reason);
-    case KtlSaveStatus::CannotWriteDump:
-        return QStringLiteral("%1.txt: error: the text dump cannot be written in full%2").arg(file, reason);
-    }
-    return {};
-}
-
-/// Loads a file.
-/// @return  whether it was loaded; if not, `messages` tells why
-bool load(const QString& path, std::ostream& messages)
-{
-    try {
-        const EsiLoadResult result = loadEsiFile(path);
-        if (result.status == EsiLoadStatus::Loaded)
-            return true;
-        messages << loadMessage(path, result).toStdString() << '\n';
-    } catch (const std::out_of_range& error) {
-        messages << QDir::toNativeSeparators(path).toStdString()
-                 << ": error: a PDO names a sync manager that its device does not declare: " << error.what() << '\n';
-    }
-    return false;
-}
-
-bool holdsDevices(const std::vector<struct_FilenameDevice>& files)
-{
-    return std::any_of(files.cbegin(), files.cend(),
-                       [](const struct_FilenameDevice& file) { return !file.device.empty(); });
+    return {
+        {{QStringLiteral("o"), outputOption},
+         QStringLiteral("The KTL file to write. Without it the name that the workbench proposes, with .ktl."),
+         QStringLiteral("OUT.ktl")},
+        {appendSwitch, QStringLiteral("Adds to a file that exists.")},
+        {forceSwitch, QStringLiteral("Replaces a file that exists.")},
+        {deviceOption,
+         QStringLiteral("Takes this device only; may be given several times. A number (from 1, over all files), a "
+                        "name, or VENDOR:PRODUCT[:REVISION]."),
+         QStringLiteral("SELECTOR")},
+        {dateOption,
+         QStringLiteral("Time of the export that the file shows. Without it SOURCE_DATE_EPOCH counts, or now."),
+         QStringLiteral("ISO-TIME")},
+        {strictSwitch, QStringLiteral("Exit status 1 if there are warnings.")},
+    };
 }
 
 /// Whether two paths name the same file that exists.
@@ -85,31 +62,105 @@ bool isSameFile(const QString& first, const QString& second)
     return !canonical.isEmpty() && canonical == QFileInfo(second).canonicalFilePath();
 }
 
+/// What is wrong with the arguments, empty if nothing is.
+QString problemOf(const CommandLine& line)
+{
+    if (line.operands().isEmpty())
+        return QStringLiteral("no ESI file is given");
+    if (line.isSet(appendSwitch) && line.isSet(forceSwitch))
+        return QStringLiteral("--append and --force cannot be given together");
+    const QString output = line.value(outputOption);
+    if (line.isSet(outputOption) && (output.isEmpty() || isStandardInput(output)))
+        return QStringLiteral("the output \"%1\" is no name of a file").arg(output);
+    if (!line.isSet(outputOption) && line.operands().contains(QStringLiteral("-")))
+        return QStringLiteral("standard input has no name to make one for the output from; -o is needed");
+    return {};
+}
+
+/// Whether the output may be written, before anything is done; tells if not.
+bool mayWrite(const CommandLine& line, const QString& output, Messages& messages)
+{
+    for (const QString& input : line.operands())
+        if (isSameFile(input, output)) {
+            messages.error(input, QStringLiteral("the output would replace this file"));
+            return false;
+        }
+    if (QFileInfo::exists(output) && !line.isSet(appendSwitch) && !line.isSet(forceSwitch)) {
+        messages.error(output, QStringLiteral("the file exists; --force replaces it, --append adds to it"));
+        return false;
+    }
+    return true;
+}
+
+/// Says what the window says before an export.
+void warnAbout(const std::set<DevicePosition>& devices, Messages& messages)
+{
+    for (const DevicePosition& position : devices) {
+        const struct_FilenameDevice& file = g_xmlfiledevices[position.first];
+        for (const QString& warning : exportWarnings(file.device[position.second]))
+            messages.warning(QString::fromStdString(file.xmlfilepath), warning);
+    }
+}
+
+/// Writes the devices; tells of a failure.
+void write(const CommandLine& line, const QString& output, const std::set<DevicePosition>& devices,
+           const QDateTime& exportTime, Messages& messages)
+{
+    std::size_t fileBeingWritten = 0;
+    const auto isSelected = [&](std::size_t file, std::size_t device) {
+        fileBeingWritten = file;
+        return devices.count({file, device}) != 0;
+    };
+    const auto writeRun = [&](std::FILE* out, int* errorCode) {
+        return writeDevices(out, g_xmlfiledevices, isSelected, errorCode, exportTime);
+    };
+    const Progress progress(QStringLiteral("writing %1").arg(shownName(output)), 1, 1);
+    try {
+        const KtlSaveMode mode = line.isSet(appendSwitch) ? KtlSaveMode::Append : KtlSaveMode::Overwrite;
+        if (const std::optional<WholeSaveFailure> failure = saveWhole(output, mode, writeRun))
+            messages.error(failure->file, failure->reason);
+    } catch (const std::out_of_range& error) {
+        messages.error(QString::fromStdString(g_xmlfiledevices[fileBeingWritten].xmlfilepath), rangeErrorText(error));
+    }
+}
+
+/// Loads the files and writes the devices that are asked for.
+ExitCode convert(const CommandLine& line, const QDateTime& exportTime, Messages& messages)
+{
+    QString output = line.value(outputOption);
+    if (!output.isEmpty() && !mayWrite(line, output, messages))
+        return messages.exitCode();
+    if (!loadEsiFiles(line.operands(), messages))
+        return messages.exitCode();
+    const auto devices = selectedDevices(line.values(deviceOption), g_xmlfiledevices, messages);
+    if (!devices.has_value())
+        return messages.exitCode();
+    if (devices->empty()) {
+        messages.error({}, QStringLiteral("the files hold no device, nothing is written"));
+        return messages.exitCode();
+    }
+    warnAbout(*devices, messages);
+    if (output.isEmpty()) {
+        output = proposedKtlName(g_xmlfiledevices[devices->begin()->first]) + QStringLiteral(".ktl");
+        if (!mayWrite(line, output, messages))
+            return messages.exitCode();
+    }
+    write(line, output, *devices, exportTime, messages);
+    return messages.exitCode(line.isSet(strictSwitch));
+}
+
 } // namespace
 
-ExitCode convert(const QStringList& esiFiles, const QString& outputFile, std::ostream& messages)
+ExitCode runConvert(const QStringList& arguments, Console& console)
 {
-    for (const QString& path : esiFiles)
-        if (isSameFile(path, outputFile)) {
-            messages << QDir::toNativeSeparators(path).toStdString() << ": error: the output would replace this file\n";
-            return ExitCode::Usage;
-        }
-    for (const QString& path : esiFiles)
-        if (!load(path, messages))
-            return ExitCode::Failure;
-    if (!holdsDevices(g_xmlfiledevices)) {
-        messages << "error: the files hold no device, nothing is written\n";
-        return ExitCode::Failure;
-    }
-    const auto everyDevice = [](std::size_t /*file*/, std::size_t /*device*/) { return true; };
-    const QDateTime exportTime = QDateTime::currentDateTime();
-    const auto writeRun = [&](std::FILE* out, int* errorCode) {
-        return writeDevices(out, g_xmlfiledevices, everyDevice, errorCode, exportTime);
-    };
-    const KtlSaveResult result =
-        saveKtlFile(QFile::encodeName(outputFile).toStdString(), KtlSaveMode::Overwrite, writeRun);
-    if (result.status == KtlSaveStatus::Saved)
-        return ExitCode::Success;
-    messages << saveMessage(outputFile, result).toStdString() << '\n';
-    return ExitCode::Failure;
+    CommandLine line(convertText, convertOptions());
+    if (const std::optional<ExitCode> ended = line.parse(arguments, console))
+        return *ended;
+    if (const QString problem = problemOf(line); !problem.isEmpty())
+        return line.refuse(problem, console);
+    const ExportTime exportTime =
+        exportTimeFrom(line.isSet(dateOption) ? std::make_optional(line.value(dateOption)) : std::nullopt);
+    if (!exportTime.problem.isEmpty())
+        return line.refuse(exportTime.problem, console);
+    return convert(line, exportTime.time, console.messages);
 }

@@ -1,16 +1,29 @@
 // main.cpp - `ktl`, the companion command for build servers: the engine of the workbench without a window.
 #include "cli/convertCommand.h"
+#include "cli/dumpCommand.h"
 #include "esi/lastWords.h"
 #include "model/version.h"
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <iterator>
 
 namespace {
+
+struct SubCommand
+{
+    const SubCommandText* text;
+    ExitCode (*run)(const QStringList& arguments, Console& console);
+};
+
+constexpr SubCommand subCommands[] = {
+    {&convertText, runConvert},
+    {&dumpText, runDump},
+};
 
 [[noreturn]] void endWithReason()
 {
@@ -18,51 +31,43 @@ namespace {
     std::abort();
 }
 
-ExitCode usageError(const QCommandLineParser& parser, const QString& reason)
+void tellHelp(std::ostream& out)
 {
-    std::cerr << "error: " << reason.toStdString() << "\n\n" << parser.helpText().toStdString();
-    return ExitCode::Usage;
+    out << "Usage: ktl SUB-COMMAND [options] FILE...\n"
+           "What the workbench for EtherCAT slave descriptions does, without a window.\n\n"
+           "Sub-commands:\n";
+    for (const SubCommand& subCommand : subCommands)
+        out << "  " << QString(subCommand.text->name).leftJustified(10).toStdString()
+            << subCommand.text->summary.latin1() << '\n';
+    out << "\nOptions:\n"
+           "  -h, --help     Shows this help; behind a sub-command, that of the sub-command.\n"
+           "  -v, --version  Shows the version.\n\n"
+           "Exit status: 0 done, 1 done with warnings where --strict is given, 2 input or arguments that cannot be\n"
+           "used.\n\n"
+           "Examples:\n"
+        << convertText.examples.latin1() << dumpText.examples.latin1();
 }
 
-ExitCode run(const QStringList& arguments)
+ExitCode run(const QStringList& arguments, Console& console)
 {
-    QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Turns EtherCAT slave descriptions (ESI) into one KTL file for the motion controller.\n"
-        "Every device of the given files is written, and beside OUT.ktl a text dump of it, OUT.ktl.txt.\n"
-        "Exit codes: 0 done, 1 a file could not be read or written, 2 wrong command line."));
-    parser.addPositionalArgument(QStringLiteral("convert"), QStringLiteral("The sub-command."),
-                                 QStringLiteral("convert"));
-    parser.addPositionalArgument(QStringLiteral("ESI"), QStringLiteral("ESI files, in the order of the output."),
-                                 QStringLiteral("ESI..."));
-    const QCommandLineOption outputOption(QStringList{QStringLiteral("o"), QStringLiteral("output")},
-                                          QStringLiteral("The KTL file to write; an existing one is replaced."),
-                                          QStringLiteral("OUT.ktl"));
-    parser.addOption(outputOption);
-    const QCommandLineOption helpOption(QStringList{QStringLiteral("h"), QStringLiteral("help")},
-                                        QStringLiteral("Shows this help."));
-    parser.addOption(helpOption);
-    const QCommandLineOption versionOption = parser.addVersionOption();
-
-    if (!parser.parse(arguments))
-        return usageError(parser, parser.errorText());
-    if (parser.isSet(versionOption)) {
-        std::cout << "ktl " << versionText << '\n';
-        return ExitCode::Success;
+    const QString first = arguments.value(0);
+    if (first == QLatin1String("--help") || first == QLatin1String("-h")) {
+        tellHelp(console.results);
+        return ExitCode::Done;
     }
-    if (parser.isSet(helpOption)) {
-        std::cout << parser.helpText().toStdString();
-        return ExitCode::Success;
+    if (first == QLatin1String("--version") || first == QLatin1String("-v")) {
+        console.results << "ktl " << versionText << '\n';
+        return ExitCode::Done;
     }
-    QStringList files = parser.positionalArguments();
-    if (files.isEmpty() || files.takeFirst() != QLatin1String("convert"))
-        return usageError(parser, QStringLiteral("the sub-command is missing or unknown; there is: convert"));
-    if (files.isEmpty())
-        return usageError(parser, QStringLiteral("no ESI file is given"));
-    const QString outputFile = parser.value(outputOption);
-    if (outputFile.isEmpty())
-        return usageError(parser, QStringLiteral("no output file is given (-o OUT.ktl)"));
-    return convert(files, outputFile, std::cerr);
+    const auto* const found =
+        std::find_if(std::begin(subCommands), std::end(subCommands),
+                     [&](const SubCommand& subCommand) { return first == subCommand.text->name; });
+    if (found != std::end(subCommands))
+        return found->run(arguments.mid(1), console);
+    console.messages.error({}, first.isEmpty()
+                                   ? QStringLiteral("the sub-command is missing (see: ktl --help)")
+                                   : QStringLiteral("\"%1\" is no sub-command (see: ktl --help)").arg(first));
+    return console.messages.exitCode();
 }
 
 } // namespace
@@ -70,7 +75,15 @@ ExitCode run(const QStringList& arguments)
 int main(int argc, char** argv)
 {
     std::set_terminate(endWithReason);
+    std::ios::sync_with_stdio(false);
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("ktl"));
-    return static_cast<int>(run(QCoreApplication::arguments()));
+    Messages messages(std::cerr);
+    Console console{std::cout, messages};
+    ExitCode ended = run(QCoreApplication::arguments().mid(1), console);
+    if (!std::cout.flush()) {
+        messages.error({}, QStringLiteral("standard output cannot be written"));
+        ended = ExitCode::Unusable;
+    }
+    return static_cast<int>(ended);
 }

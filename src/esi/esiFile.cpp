@@ -7,16 +7,19 @@
 
 EsiLoadResult loadEsiFile(const QString& path)
 {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return {EsiLoadStatus::CannotOpen, file.errorString(), {}};
+    return loadOpenEsiFile(file, path);
+}
+
+EsiLoadResult loadOpenEsiFile(QFile& file, const QString& path)
+{
     const FileBeingRead reading(path);
     EsiLoadResult result;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        result.status = EsiLoadStatus::CannotOpen;
-        result.openError = file.errorString();
-    } else if (!parseXml(file, domDocument, result.formatError)) {
+    if (!parseXml(file, domDocument, result.formatError))
         result.status = EsiLoadStatus::NotWellFormed;
-    } else if (!read_xmldevice(path)) {
+    else if (!read_xmldevice(path))
         result.status = EsiLoadStatus::NotEsi;
-    }
     return result;
 }

@@ -3,6 +3,7 @@
 
 #include "esi/boundedXmlReader.h"
 
+#include <QFile>
 #include <QString>
 
 /// How loading a file ended.
@@ -24,5 +25,8 @@ struct EsiLoadResult
 
 /// Reads an ESI file into one record at the end of `g_xmlfiledevices`; on failure the list is unchanged.
 /// @param path  stored unchanged as the file's path
-/// @throws std::out_of_range if a PDO names a sync manager that its device does not declare
+/// @throws MissingSyncManager, a std::out_of_range, if a PDO names a sync manager that its device does not declare
 [[nodiscard]] EsiLoadResult loadEsiFile(const QString& path);
+
+/// As `loadEsiFile`, for a file that is open for reading, such as standard input; it is read to its end and not closed.
+[[nodiscard]] EsiLoadResult loadOpenEsiFile(QFile& file, const QString& path);

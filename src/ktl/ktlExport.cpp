@@ -1,6 +1,8 @@
 // ktlExport.cpp - the order of items in a run.
 #include "ktl/ktlExport.h"
 
+#include "model/missingSyncManager.h"
+
 #include <cstdint>
 
 namespace {
@@ -46,7 +48,8 @@ bool writeDevices(std::FILE* out, std::vector<struct_FilenameDevice>& files, con
         for (std::size_t deviceIndex = 0; deviceIndex < file.device.size(); ++deviceIndex) {
             if (!isSelected(fileIndex, deviceIndex))
                 continue;
-            result = writeDevice(out, file.device[deviceIndex], file, exportTime);
+            struct_EtherCatDevice& device = file.device[deviceIndex];
+            onDevice(device, [&] { result = writeDevice(out, device, file, exportTime); });
             if (result <= 0)
                 return false;
         }

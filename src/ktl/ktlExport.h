@@ -27,8 +27,8 @@ using DeviceSelection = std::function<bool(std::size_t file, std::size_t device)
 /// @param exportTime  valid, as the file is to show it: local time; one for all devices of the run
 /// @return            false if a General item could not be written; the run then stops there, without an end item. Only
 ///                    that item is tested: a caller that must know of a full disk later on asks the file itself
-/// @throws std::out_of_range if a PDO names a sync manager that its device does not declare; the stream then ends in
-///                    the middle of that device
+/// @throws MissingSyncManager, a std::out_of_range, if a PDO names a sync manager that its device does not declare; the
+///                    stream then ends in the middle of that device
 [[nodiscard]] bool writeDevices(std::FILE* out, std::vector<struct_FilenameDevice>& files,
                                 const DeviceSelection& isSelected, int* piErrorCode,
                                 const QDateTime& exportTime = QDateTime::currentDateTime());

@@ -2,6 +2,7 @@
 // on a PDO that reader, writers and views share.
 #pragma once
 
+#include "model/missingSyncManager.h"
 #include "model/moduleRecords.h"
 #include "model/pdoRecords.h"
 #include "model/syncRecords.h"
@@ -92,11 +93,11 @@ template<typename Entry> [[nodiscard]] std::uint32_t mappingValueOf(const Entry&
 /// manager that bears the number. One would expect one rule; in a file as it was read position and number agree, and
 /// only the look-up by position finds out that a sync manager is missing. Pinned by tst_StartupCommands::unmappedPdos.
 /// @param syncManagers  those of the device
-/// @throws std::out_of_range if the PDO names one that is not there
+/// @throws MissingSyncManager, a std::out_of_range, if the PDO names one that is not there
 template<typename Pdo>
 [[nodiscard]] bool isOnVirtualSyncManager(const Pdo& pdo, const std::vector<struct_SM>& syncManagers)
 {
     if (pdo.Attributes.SM < 0)
         return false;
-    return syncManagers.at(static_cast<std::uint16_t>(pdo.Attributes.SM)).Attributes.m_Virtual != 0;
+    return syncManagerAt(syncManagers, static_cast<std::uint16_t>(pdo.Attributes.SM), pdo).Attributes.m_Virtual != 0;
 }

@@ -23,7 +23,7 @@ void addPdoSizes(std::vector<struct_SM>& syncManagers, const std::vector<Pdo>& p
     for (const Pdo& pdo : pdos) {
         if (pdo.Attributes.SM < 0)
             continue;
-        struct_SM& syncManager = syncManagers.at(static_cast<std::size_t>(pdo.Attributes.SM));
+        struct_SM& syncManager = syncManagerAt(syncManagers, static_cast<std::size_t>(pdo.Attributes.SM), pdo);
         if (takes(syncManager))
             syncManager.Length += sizeOf(pdo);
     }
@@ -49,7 +49,7 @@ void device_sm_defalutset(struct_FilenameDevice* file)
     if (file == nullptr)
         return;
     for (struct_EtherCatDevice& device : file->device)
-        computeLengths(device);
+        onDevice(device, [&] { computeLengths(device); });
 }
 
 void updateProcessDataLengths(struct_EtherCatDevice& device)

@@ -1,0 +1,51 @@
+// commandLine.h - the command line of a sub-command: its options, its help, and what is wrong with it.
+#pragma once
+
+#include "cli/console.h"
+
+#include <QCommandLineOption>
+#include <QCommandLineParser>
+#include <QLatin1String>
+#include <QList>
+#include <QStringList>
+
+#include <optional>
+
+/// What `ktl SUB-COMMAND --help` tells.
+struct SubCommandText
+{
+    QLatin1String name;
+    QLatin1String summary; ///< one line, for the list of sub-commands
+    QLatin1String operands; ///< what stands behind the options: "ESI..."
+    QLatin1String operandsHelp; ///< what the operands are
+    QLatin1String description;
+    QLatin1String examples; ///< a line each, ended by a line feed
+};
+
+/// Parses the arguments of one sub-command.
+class CommandLine
+{
+public:
+    /// @param options  besides `--help` and `--version`, which every sub-command has
+    CommandLine(const SubCommandText& text, const QList<QCommandLineOption>& options);
+
+    /// Reads the arguments behind the sub-command's name.
+    /// @return  nothing if the sub-command can go on; else its exit status: help was given, or something is wrong and
+    ///          has been told
+    [[nodiscard]] std::optional<ExitCode> parse(const QStringList& arguments, Console& console);
+
+    [[nodiscard]] bool isSet(const QString& option) const { return m_parser.isSet(option); }
+    /// Value of an option, the last one if it was given more than once.
+    [[nodiscard]] QString value(const QString& option) const { return m_parser.value(option); }
+    [[nodiscard]] QStringList values(const QString& option) const { return m_parser.values(option); }
+    [[nodiscard]] QStringList operands() const { return m_parser.positionalArguments(); }
+
+    /// Tells that the arguments make no sense together.
+    ExitCode refuse(const QString& reason, Console& console) const;
+
+private:
+    [[nodiscard]] QString helpText() const;
+
+    SubCommandText m_text;
+    QCommandLineParser m_parser;
+};

@@ -1,0 +1,10 @@
+// dumpCommand.h - `ktl dump`: the text dump of a KTL file.
+#pragma once
+
+#include "cli/commandLine.h"
+
+extern const SubCommandText dumpText;
+
+/// Writes the dump of one KTL file to standard output.
+/// @param arguments  those behind the name of the sub-command
+[[nodiscard]] ExitCode runDump(const QStringList& arguments, Console& console);

@@ -1,0 +1,10 @@
+// exitCode.h - what the command tells the script that called it.
+#pragma once
+
+/// Exit status of the command.
+enum class ExitCode
+{
+    Done = 0,
+    DoneWithWarnings = 1, ///< done, but there were warnings, and the caller wants to know (`--strict`)
+    Unusable = 2, ///< input or arguments cannot be used, or a result cannot be written
+};

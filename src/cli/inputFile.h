@@ -1,0 +1,26 @@
+// inputFile.h - the files that the user names on the command line.
+#pragma once
+
+#include "cli/messages.h"
+
+#include <QFile>
+#include <QString>
+#include <QStringList>
+
+#include <stdexcept>
+
+/// Whether a path stands for standard input.
+[[nodiscard]] bool isStandardInput(const QString& path);
+
+/// Opens a file, or standard input, for reading; tells if it cannot be opened.
+/// @param file  takes the path; closed before
+[[nodiscard]] bool openInput(QFile& file, const QString& path, Messages& messages);
+
+/// Loads ESI files into `g_xmlfiledevices`, in the given order. Every file that cannot be loaded is told, so that one
+/// run shows all that is wrong. Standard input can be given once.
+/// @return  whether all were loaded
+[[nodiscard]] bool loadEsiFiles(const QStringList& paths, Messages& messages);
+
+/// The words for a PDO on a sync manager that its device does not have.
+/// @param error  of `MissingSyncManager` or another range error
+[[nodiscard]] QString rangeErrorText(const std::out_of_range& error);

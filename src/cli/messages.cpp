@@ -1,0 +1,59 @@
+#include "cli/messages.h"
+
+#include "cli/inputFile.h"
+#include "cli/progress.h"
+
+#include <QDir>
+
+#include <ostream>
+
+namespace {
+
+/// Texts of the window and names from files may hold line feeds; a message is one line.
+QString oneLine(QString text)
+{
+    for (QChar& character : text)
+        if (character.category() == QChar::Other_Control)
+            character = QLatin1Char(' ');
+    return text.trimmed();
+}
+
+} // namespace
+
+QString shownName(const QString& file)
+{
+    return isStandardInput(file) ? QStringLiteral("<stdin>") : QDir::toNativeSeparators(file);
+}
+
+void Messages::error(const QString& file, const QString& text)
+{
+    m_hasErrors = true;
+    tell(file.isEmpty() ? QStringLiteral("ktl") : shownName(file), "error", text);
+}
+
+void Messages::error(const QString& file, int line, int column, const QString& text)
+{
+    m_hasErrors = true;
+    // Several arguments at once: the name of a file may hold what looks like a place for the next one.
+    tell(QStringLiteral("%1:%2:%3").arg(shownName(file), QString::number(line), QString::number(column)), "error",
+         text);
+}
+
+void Messages::warning(const QString& file, const QString& text)
+{
+    m_hasWarnings = true;
+    tell(file.isEmpty() ? QStringLiteral("ktl") : shownName(file), "warning", text);
+}
+
+ExitCode Messages::exitCode(bool strict) const
+{
+    if (m_hasErrors)
+        return ExitCode::Unusable;
+    return strict && m_hasWarnings ? ExitCode::DoneWithWarnings : ExitCode::Done;
+}
+
+void Messages::tell(const QString& place, const char* severity, const QString& text)
+{
+    const Progress::Pause pause; // its line must not stand in front of the message
+    m_out << oneLine(place).toStdString() << ": " << severity << ": " << oneLine(text).toStdString() << std::endl;
+}

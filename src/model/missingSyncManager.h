@@ -1,0 +1,57 @@
+// missingSyncManager.h - the range error of a PDO on a sync manager that its device does not have.
+#pragma once
+
+#include "model/deviceRecords.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+/// The standard range error, with its own words, that also knows which PDO of which device it is about.
+class MissingSyncManager : public std::out_of_range
+{
+public:
+    MissingSyncManager(const std::out_of_range& error, std::uint16_t pdoIndex, std::string pdoName)
+        : std::out_of_range(error)
+        , m_pdoIndex(pdoIndex)
+        , m_pdoName(std::move(pdoName))
+    {}
+
+    [[nodiscard]] std::uint16_t pdoIndex() const noexcept { return m_pdoIndex; }
+    [[nodiscard]] const std::string& pdoName() const noexcept { return m_pdoName; }
+
+    /// Name of the device; empty where the error was raised outside `onDevice`.
+    [[nodiscard]] const std::string& device() const noexcept { return m_device; }
+    void setDevice(const std::string& name) { m_device = name; }
+
+private:
+    std::uint16_t m_pdoIndex;
+    std::string m_pdoName;
+    std::string m_device;
+};
+
+/// The sync manager at the position that a PDO names.
+/// @param position  in `syncManagers`
+/// @throws MissingSyncManager if there are not so many
+template<typename SyncManagers, typename Pdo>
+[[nodiscard]] auto& syncManagerAt(SyncManagers& syncManagers, std::size_t position, const Pdo& pdo)
+{
+    try {
+        return syncManagers.at(position);
+    } catch (const std::out_of_range& error) {
+        throw MissingSyncManager(error, indexOf(pdo), pdo.Name);
+    }
+}
+
+/// Runs `work()`, and tells an error on its way out which device it is about.
+template<typename Work> void onDevice(const struct_EtherCatDevice& device, Work work)
+{
+    try {
+        work();
+    } catch (MissingSyncManager& error) {
+        error.setDevice(device.Name);
+        throw;
+    }
+}
