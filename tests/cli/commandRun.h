@@ -16,25 +16,38 @@ struct CommandRun
     QByteArray errors;
 };
 
-/// The variables by which a program would find a display, or would be told to do without one.
-inline QStringList displayVariables()
+/// What a run starts from.
+struct CommandStart
 {
-    return {QStringLiteral("DISPLAY"), QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("QT_QPA_PLATFORM"),
-            QStringLiteral("XDG_RUNTIME_DIR"), QStringLiteral("XAUTHORITY")};
+    QString folder; ///< the folder it works in
+    QByteArray input; ///< standard input
+    QStringList variables; ///< "NAME=value", besides those of the system
+    QString program = QStringLiteral(KTL_PROGRAM);
+};
+
+/// Variables that would change what the command does: by which a program would find a display, or would be told to do
+/// without one, and the time of an export.
+inline QStringList strayVariables()
+{
+    return {QStringLiteral("DISPLAY"),         QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("QT_QPA_PLATFORM"),
+            QStringLiteral("XDG_RUNTIME_DIR"), QStringLiteral("XAUTHORITY"),      QStringLiteral("SOURCE_DATE_EPOCH")};
 }
 
 /// Runs the command to its end; no display is known to it.
-/// @param folder  the folder it works in
-inline CommandRun runKtl(const QStringList& arguments, const QString& folder = {})
+inline CommandRun runKtl(const QStringList& arguments, const CommandStart& start)
 {
     constexpr int minute = 60 * 1000;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const QString& name : displayVariables())
+    for (const QString& name : strayVariables())
         environment.remove(name);
+    for (const QString& variable : start.variables)
+        environment.insert(variable.section(QLatin1Char('='), 0, 0), variable.section(QLatin1Char('='), 1));
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(folder);
-    process.start(QStringLiteral(KTL_PROGRAM), arguments);
+    process.setWorkingDirectory(start.folder);
+    process.start(start.program, arguments);
+    process.write(start.input);
+    process.closeWriteChannel();
     CommandRun run;
     run.hasEnded = process.waitForFinished(minute);
     if (!run.hasEnded)
@@ -45,4 +58,12 @@ inline CommandRun runKtl(const QStringList& arguments, const QString& folder = {
     run.output = process.readAllStandardOutput();
     run.errors = process.readAllStandardError();
     return run;
+}
+
+/// As above, in a folder and without input.
+inline CommandRun runKtl(const QStringList& arguments, const QString& folder = {})
+{
+    CommandStart start;
+    start.folder = folder;
+    return runKtl(arguments, start);
 }

@@ -1,8 +1,7 @@
 // `ktl`: what it makes of its command line before any file is touched.
 #include "cli/commandRun.h"
+#include "cli/workplace.h"
 
-#include <QDir>
-#include <QTemporaryDir>
 #include <QtTest>
 
 class tst_CommandLine : public QObject
@@ -14,8 +13,11 @@ private slots:
     void version();
     void help_data();
     void help();
+    void helpOfSubCommand_data();
+    void helpOfSubCommand();
     void wrongUse_data();
     void wrongUse();
+    void standardOutputIsFull();
 };
 
 void tst_CommandLine::version_data()
@@ -40,15 +42,47 @@ void tst_CommandLine::help_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addRow("long") << QStringList{"--help"};
     QTest::addRow("short") << QStringList{"-h"};
-    QTest::addRow("with a sub-command") << QStringList{"convert", "--help"};
 }
 
+/// All sub-commands, each with an example.
 void tst_CommandLine::help()
 {
     QFETCH(QStringList, arguments);
     const CommandRun run = runKtl(arguments);
-    for (const char* word : {"convert", "ESI", "-o", "OUT.ktl", "--version", "--help"})
+    for (const char* word :
+         {"Usage: ktl ", "\n  convert ", "\n  dump ", "ktl convert drive.xml", "ktl dump machine.ktl", "--version",
+          "--help", "0 done", "1 done with warnings", "2 input"})
         QVERIFY2(run.output.contains(word), word);
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(run.exitCode, 0);
+}
+
+void tst_CommandLine::helpOfSubCommand_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QStringList>("words");
+    const QStringList convert{"Usage: ktl convert [options] ESI...\n",
+                              "--output <OUT.ktl>",
+                              "--append",
+                              "--force",
+                              "--device <SELECTOR>",
+                              "--date <ISO-TIME>",
+                              "--strict",
+                              "\nExamples:\n  ktl convert drive.xml\n"};
+    QTest::addRow("convert, long") << QStringList{"convert", "--help"} << convert;
+    QTest::addRow("convert, short and behind other things") << QStringList{"convert", "a.xml", "-h"} << convert;
+    QTest::addRow("dump") << QStringList{"dump", "--help"}
+                          << QStringList{"Usage: ktl dump [options] FILE.ktl\n",
+                                         "\nExamples:\n  ktl dump machine.ktl\n"};
+}
+
+void tst_CommandLine::helpOfSubCommand()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QStringList, words);
+    const CommandRun run = runKtl(arguments);
+    for (const QString& word : words)
+        QVERIFY2(run.output.contains(word.toUtf8()), qPrintable(word));
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
 }
@@ -56,29 +90,53 @@ void tst_CommandLine::help()
 void tst_CommandLine::wrongUse_data()
 {
     QTest::addColumn<QStringList>("arguments");
-    const QString sample = QStringLiteral(KINETRA_SOURCE_DIR "/samples/io-block.xml");
-    QTest::addRow("nothing") << QStringList{};
-    QTest::addRow("no sub-command") << QStringList{sample, "-o", "out.ktl"};
-    QTest::addRow("unknown sub-command") << QStringList{"translate", sample, "-o", "out.ktl"};
-    QTest::addRow("sub-command in capitals") << QStringList{"CONVERT", sample, "-o", "out.ktl"};
-    QTest::addRow("no output file") << QStringList{"convert", sample};
-    QTest::addRow("output option without a value") << QStringList{"convert", sample, "-o"};
-    QTest::addRow("output option with an empty value") << QStringList{"convert", sample, "-o", ""};
-    QTest::addRow("no ESI file") << QStringList{"convert", "-o", "out.ktl"};
-    QTest::addRow("unknown option") << QStringList{"convert", sample, "-o", "out.ktl", "--fast"};
+    QTest::addColumn<QByteArray>("reason");
+    const auto row = [](const char* name, const QStringList& arguments, const char* reason) {
+        QTest::addRow("%s", name) << arguments << QByteArray(reason);
+    };
+    row("nothing", {}, "the sub-command is missing");
+    row("no sub-command", {sample(), "-o", "out.ktl"}, "is no sub-command");
+    row("unknown sub-command", {"translate", sample(), "-o", "out.ktl"}, "\"translate\" is no sub-command");
+    row("sub-command in capitals", {"CONVERT", sample(), "-o", "out.ktl"}, "\"CONVERT\" is no sub-command");
+    row("output option without a value", {"convert", sample(), "-o"}, "Missing value after '-o'");
+    row("output option with an empty value", {"convert", sample(), "-o", ""}, "the output \"\" is no name of a file");
+    row("standard output as the output", {"convert", sample(), "-o", "-"}, "the output \"-\" is no name of a file");
+    row("no ESI file", {"convert", "-o", "out.ktl"}, "no ESI file is given");
+    row("unknown option", {"convert", sample(), "-o", "out.ktl", "--fast"}, "Unknown option 'fast'");
+    row("both ways with an old file", {"convert", sample(), "-o", "out.ktl", "--append", "--force"},
+        "--append and --force cannot be given together");
+    row("no name to make one from", {"convert", "-"}, "-o is needed");
+    row("standard input twice", {"convert", "-", "-", "-o", "out.ktl"}, "standard input can be read once only");
+    row("date that is none", {"convert", sample(), "-o", "out.ktl", "--date", "tomorrow"}, "\"tomorrow\" is no time");
+    row("dump of nothing", {"dump"}, "one KTL file is to be given");
+    row("dump of two files", {"dump", "a.ktl", "b.ktl"}, "one KTL file is to be given");
 }
 
-/// Exit code 2, a reason and the way it is meant on standard error, and nothing written.
+/// Exit status 2, one line with the reason on standard error, and nothing written.
 void tst_CommandLine::wrongUse()
 {
     QFETCH(QStringList, arguments);
-    const QTemporaryDir folder;
-    const CommandRun run = runKtl(arguments, folder.path());
+    QFETCH(QByteArray, reason);
+    const Workplace place;
+    const CommandRun run = runKtl(arguments, place.folder());
     QCOMPARE(run.exitCode, 2);
-    QVERIFY2(run.errors.startsWith("error: "), run.errors.constData());
-    QVERIFY2(run.errors.contains("Usage: "), run.errors.constData());
+    QVERIFY2(run.errors.startsWith("ktl: error: "), run.errors.constData());
+    QVERIFY2(run.errors.contains(reason), run.errors.constData());
+    QCOMPARE(run.errors.count('\n'), 1);
     QCOMPARE(run.output, QByteArray());
-    QVERIFY(QDir(folder.path()).isEmpty());
+    QCOMPARE(place.names(), QStringList());
+}
+
+/// A result that cannot be written counts as a failure.
+void tst_CommandLine::standardOutputIsFull()
+{
+    if (!QFile::exists(QStringLiteral("/dev/full")))
+        QSKIP("this system has no /dev/full that stands for a full disk");
+    CommandStart start;
+    start.program = QStringLiteral("sh");
+    const CommandRun run = runKtl({"-c", QStringLiteral("exec \"$0\" --help > /dev/full"), KTL_PROGRAM}, start);
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.errors, QByteArray("ktl: error: standard output cannot be written\n"));
 }
 
 QTEST_GUILESS_MAIN(tst_CommandLine)

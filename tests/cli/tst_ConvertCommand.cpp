@@ -1,143 +1,83 @@
 // `ktl convert`: ESI files in, a KTL file and its dump out.
 #include "cli/commandRun.h"
-#include "ktl/ktlItems.h"
+#include "cli/ktlDevices.h"
+#include "cli/workplace.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QtTest>
-
-#include <memory>
-
-namespace {
-
-QString sample(const char* name)
-{
-    return QStringLiteral(KINETRA_SOURCE_DIR "/samples/") + QString::fromLatin1(name);
-}
-
-QByteArray fileContent(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
-}
-
-/// Vendor id and product code of each device of a KTL file.
-QStringList devicesIn(const QByteArray& ktl)
-{
-    QString problem;
-    QStringList devices;
-    for (const KtlItem& item : itemsOf(ktl, &problem))
-        if (item.type == 40000)
-            devices.append(QStringLiteral("%1 %2")
-                               .arg(item.u32(8), 8, 16, QLatin1Char('0'))
-                               .arg(item.u32(12), 8, 16, QLatin1Char('0')));
-    return problem.isEmpty() ? devices : QStringList{problem};
-}
-
-} // namespace
 
 class tst_ConvertCommand : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void init();
     void oneFile_data();
     void oneFile();
     void severalFilesInTheirOrder();
     void sameFileTwice();
-    void existingOutputIsReplaced();
     void dumpAgreesWithFile();
-    void relativePaths();
     void namesOutsideAscii();
-
-private:
-    std::unique_ptr<QTemporaryDir> m_folder;
-    QString m_ktl;
-    QString m_dump;
+    void standardInput();
+    void pipe();
+    void proposedName();
+    void existingFile_data();
+    void existingFile();
 };
-
-void tst_ConvertCommand::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_ktl = m_folder->filePath(QStringLiteral("out.ktl"));
-    m_dump = m_folder->filePath(QStringLiteral("out.ktl.txt"));
-}
 
 void tst_ConvertCommand::oneFile_data()
 {
-    QTest::addColumn<QString>("esi");
-    QTest::addColumn<QStringList>("options");
-    QTest::addColumn<bool>("optionFirst");
-    const QString esi = sample("io-block.xml");
-    QTest::addRow("option behind the file") << esi << QStringList{"-o"} << false;
-    QTest::addRow("option before the sub-command") << esi << QStringList{"-o"} << true;
-    QTest::addRow("long option") << esi << QStringList{"--output"} << false;
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addRow("option behind the file") << QStringList{"convert", sample(), "-o", "out.ktl"};
+    QTest::addRow("option before the file") << QStringList{"convert", "-o", "out.ktl", sample()};
+    QTest::addRow("long option") << QStringList{"convert", sample(), "--output", "out.ktl"};
+    QTest::addRow("long option with its value") << QStringList{"convert", sample(), "--output=out.ktl"};
 }
 
-/// Every device of the file, and nothing on the terminal.
+/// Every device of the file, nothing on the terminal, and nothing else in the folder.
 void tst_ConvertCommand::oneFile()
 {
-    QFETCH(QString, esi);
-    QFETCH(QStringList, options);
-    QFETCH(bool, optionFirst);
-    const QStringList output = options + QStringList{m_ktl};
-    const QStringList command{"convert", esi};
-    const CommandRun run = runKtl(optionFirst ? output + command : command + output);
+    QFETCH(QStringList, arguments);
+    const Workplace place;
+    const CommandRun run = runKtl(arguments, place.folder());
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.output, QByteArray());
     QCOMPARE(run.exitCode, 0);
-    QCOMPARE(devicesIn(fileContent(m_ktl)), (QStringList{"7e570003 16160001", "7e570003 05040002"}));
-    QVERIFY(fileContent(m_dump).startsWith("KTL Version V1.0.28 \nItemHead-dec: 40000,Len: 52    General \r\n"));
-    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), (QStringList{"out.ktl", "out.ktl.txt"}));
+    QCOMPARE(devicesIn(place.content("out.ktl")), sampleDevices());
+    QVERIFY(
+        place.content("out.ktl.txt").startsWith("KTL Version V1.0.28 \nItemHead-dec: 40000,Len: 52    General \r\n"));
+    QCOMPARE(place.names(), (QStringList{"out.ktl", "out.ktl.txt"}));
 }
 
 void tst_ConvertCommand::severalFilesInTheirOrder()
 {
-    const CommandRun run = runKtl({"convert", sample("oversampling-terminal.xml"), sample("bus-coupler.xml"),
-                                   sample("io-block.xml"), "-o", m_ktl});
+    const Workplace place;
+    const CommandRun run =
+        runKtl({"convert", sample("oversampling-terminal.xml"), sample("bus-coupler.xml"), sample(), "-o", "out.ktl"},
+               place.folder());
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
     QStringList vendors;
-    for (const QString& device : devicesIn(fileContent(m_ktl)))
+    for (const QString& device : devicesIn(place.content("out.ktl")))
         vendors.append(device.left(8));
     QCOMPARE(vendors, (QStringList{"7e570004", "7e570004", "7e570002", "7e570003", "7e570003"}));
-    QCOMPARE(fileContent(m_dump).count("ItemHead-dec: 0,"), 1); // one end item for all
+    QCOMPARE(place.content("out.ktl.txt").count("ItemHead-dec: 0,"), 1); // one end item for all
 }
 
 void tst_ConvertCommand::sameFileTwice()
 {
-    const CommandRun run = runKtl({"convert", sample("io-block.xml"), sample("io-block.xml"), "-o", m_ktl});
-    QCOMPARE(run.exitCode, 0);
-    QCOMPARE(devicesIn(fileContent(m_ktl)),
-             (QStringList{"7e570003 16160001", "7e570003 05040002", "7e570003 16160001", "7e570003 05040002"}));
-}
-
-/// A second run gives the same files as the first, whatever was there.
-void tst_ConvertCommand::existingOutputIsReplaced()
-{
-    const QStringList arguments{"convert", sample("io-block.xml"), "-o", m_ktl};
-    QCOMPARE(runKtl(arguments).exitCode, 0);
-    const QByteArray ktl = fileContent(m_ktl);
-    const QByteArray dump = fileContent(m_dump);
-    for (const QString& path : {m_ktl, m_dump}) {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::Append));
-        file.write(QByteArray(10000, 'x'));
-    }
-    QCOMPARE(runKtl(arguments).exitCode, 0);
-    QCOMPARE(fileContent(m_ktl), ktl);
-    QCOMPARE(fileContent(m_dump), dump);
+    const Workplace place;
+    QCOMPARE(runKtl({"convert", sample(), sample(), "-o", "out.ktl"}, place.folder()).exitCode, 0);
+    QCOMPARE(devicesIn(place.content("out.ktl")), sampleDevices() + sampleDevices());
 }
 
 void tst_ConvertCommand::dumpAgreesWithFile()
 {
-    QCOMPARE(runKtl({"convert", sample("servo-drive.xml"), "-o", m_ktl}).exitCode, 0);
+    const Workplace place;
+    QCOMPARE(runKtl({"convert", sample("servo-drive.xml"), "-o", "out.ktl"}, place.folder()).exitCode, 0);
     QString problem;
-    const std::vector<KtlItem> items = itemsOf(fileContent(m_ktl), &problem);
-    const std::vector<DumpItem> shown = dumpItemsOf(fileContent(m_dump), &problem);
+    const std::vector<KtlItem> items = itemsOf(place.content("out.ktl"), &problem);
+    const std::vector<DumpItem> shown = dumpItemsOf(place.content("out.ktl.txt"), &problem);
     QCOMPARE(problem, QString());
+    QVERIFY(items.size() > 1);
     QCOMPARE(shown.size(), items.size());
     for (std::size_t index = 0; index < items.size(); ++index) {
         QCOMPARE(shown[index].type, qint64(items[index].type));
@@ -147,25 +87,96 @@ void tst_ConvertCommand::dumpAgreesWithFile()
     }
 }
 
-void tst_ConvertCommand::relativePaths()
-{
-    QVERIFY(QFile::copy(sample("io-block.xml"), m_folder->filePath(QStringLiteral("in.xml"))));
-    const CommandRun run = runKtl({"convert", "in.xml", "-o", "out.ktl"}, m_folder->path());
-    QCOMPARE(run.errors, QByteArray());
-    QCOMPARE(run.exitCode, 0);
-    QCOMPARE(devicesIn(fileContent(m_ktl)).size(), 2);
-}
-
 void tst_ConvertCommand::namesOutsideAscii()
 {
-    const QString esi = m_folder->filePath(QString::fromUtf8("设备 描述.xml"));
-    const QString ktl = m_folder->filePath(QString::fromUtf8("输出 é.ktl"));
-    QVERIFY(QFile::copy(sample("io-block.xml"), esi));
-    const CommandRun run = runKtl({"convert", esi, "-o", ktl});
+    const Workplace place;
+    const QString esi = place.path(QString::fromUtf8("设备 描述.xml"));
+    QVERIFY(QFile::copy(sample(), esi));
+    const CommandRun run = runKtl({"convert", esi, "-o", QString::fromUtf8("输出 é.ktl")}, place.folder());
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
-    QCOMPARE(devicesIn(fileContent(ktl)).size(), 2);
-    QVERIFY(QFile::exists(ktl + QStringLiteral(".txt")));
+    QCOMPARE(devicesIn(place.content(QString::fromUtf8("输出 é.ktl"))), sampleDevices());
+    QVERIFY(QFile::exists(place.path(QString::fromUtf8("输出 é.ktl.txt"))));
+}
+
+/// The bytes do not depend on the way in.
+void tst_ConvertCommand::standardInput()
+{
+    const Workplace place;
+    CommandStart start;
+    start.folder = place.folder();
+    start.input = contentOf(sample());
+    const CommandRun run = runKtl({"convert", "-", sample("servo-drive.xml"), "-o", "piped.ktl"}, start);
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(runKtl({"convert", sample(), sample("servo-drive.xml"), "-o", "read.ktl"}, place.folder()).exitCode, 0);
+    QCOMPARE(place.content("piped.ktl"), place.content("read.ktl"));
+    QVERIFY(devicesIn(place.content("piped.ktl")).startsWith(sampleDevices().constFirst()));
+}
+
+/// A pipe can be read once, from its start to its end.
+void tst_ConvertCommand::pipe()
+{
+    const Workplace place;
+    CommandStart start;
+    start.folder = place.folder();
+    start.program = QStringLiteral("bash");
+    const CommandRun run =
+        runKtl({"-c", QStringLiteral("exec \"$0\" convert <(cat \"$1\") -o out.ktl"), KTL_PROGRAM, sample()}, start);
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(devicesIn(place.content("out.ktl")), sampleDevices());
+}
+
+/// Without -o: at most 15 characters of the file's name up to its first point, a hyphen and the vendor id, of this at
+/// most 20 characters, and the ending. The file of the first device that is written counts.
+void tst_ConvertCommand::proposedName()
+{
+    const Workplace place;
+    const QString empty = place.make(QStringLiteral("empty.xml"), esiWith(""));
+    QVERIFY(QFile::copy(sample(), place.path(QStringLiteral("a.b.xml"))));
+    QCOMPARE(runKtl({"convert", empty, "a.b.xml", sample("servo-drive.xml")}, place.folder()).exitCode, 0);
+    QCOMPARE(place.names(), (QStringList{"a-0x7e570003.ktl", "a-0x7e570003.ktl.txt", "a.b.xml", "empty.xml"}));
+    // "oversampling-terminal" is cut to "oversampling-te", and with "-0x7e570004" to 20 characters.
+    QCOMPARE(runKtl({"convert", sample("oversampling-terminal.xml")}, place.folder()).exitCode, 0);
+    QVERIFY(place.names().contains(QStringLiteral("oversampling-te-0x7e.ktl")));
+}
+
+void tst_ConvertCommand::existingFile_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<bool>("namesOutput");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<int>("runs"); // of the sample that the file holds in the end
+    QTest::addRow("neither") << QStringList{} << true << 2 << 1;
+    QTest::addRow("replaced") << QStringList{"--force"} << true << 0 << 1;
+    QTest::addRow("added to") << QStringList{"--append"} << true << 0 << 2;
+    QTest::addRow("proposed name, neither") << QStringList{} << false << 2 << 1;
+    QTest::addRow("proposed name, replaced") << QStringList{"--force"} << false << 0 << 1;
+    QTest::addRow("proposed name, added to") << QStringList{"--append"} << false << 0 << 2;
+}
+
+/// Every option also works for a file that does not exist yet.
+void tst_ConvertCommand::existingFile()
+{
+    QFETCH(QStringList, options);
+    QFETCH(bool, namesOutput);
+    QFETCH(int, exitCode);
+    QFETCH(int, runs);
+    const Workplace place;
+    const QString ktl = namesOutput ? QStringLiteral("out.ktl") : QStringLiteral("io-block-0x7e570003.ktl");
+    const QStringList arguments =
+        QStringList{"convert", sample()} + (namesOutput ? QStringList{"-o", ktl} : QStringList()) + options;
+    QCOMPARE(runKtl(arguments, place.folder()).exitCode, 0);
+    const QByteArray one = place.content(ktl);
+    const CommandRun run = runKtl(arguments, place.folder());
+    QCOMPARE(run.exitCode, exitCode);
+    QCOMPARE(run.errors, exitCode == 0
+                             ? QByteArray()
+                             : ktl.toUtf8() + ": error: the file exists; --force replaces it, --append adds to it\n");
+    QCOMPARE(place.content(ktl), one.repeated(runs));
+    QCOMPARE(place.content(ktl + QStringLiteral(".txt")).count("ItemHead-dec: 0,"), runs);
+    QCOMPARE(place.names(), (QStringList{ktl, ktl + QStringLiteral(".txt")}));
 }
 
 QTEST_GUILESS_MAIN(tst_ConvertCommand)

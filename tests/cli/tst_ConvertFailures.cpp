@@ -1,246 +1,190 @@
-// `ktl convert`: what it says, and what it leaves behind, when a file cannot be read or written.
+// `ktl convert`: what it says of files that cannot be loaded, and that nothing is written then.
 #include "cli/commandRun.h"
+#include "cli/ktlDevices.h"
+#include "cli/workplace.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QtTest>
-
-#include <memory>
-
-namespace {
-
-const QByteArray endItem = QByteArray::fromHex("000000000C00000000000000");
-
-QString sample()
-{
-    return QStringLiteral(KINETRA_SOURCE_DIR "/samples/io-block.xml");
-}
-
-QByteArray fileContent(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
-}
-
-/// An ESI file with the given text in its list of devices.
-QByteArray esiWith(const QByteArray& devices)
-{
-    return "<EtherCATInfo>\n<Vendor><Id>#x7E570009</Id></Vendor>\n<Descriptions><Devices>\n" + devices
-           + "\n</Devices></Descriptions>\n</EtherCATInfo>\n";
-}
-
-} // namespace
 
 class tst_ConvertFailures : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void init();
     void fileThatCannotBeLoaded_data();
     void fileThatCannotBeLoaded();
-    void existingOutputStaysWhenLoadingFails();
+    void allBadFilesAreTold();
+    void badStandardInput();
     void lineOfTheError();
     void deepNesting();
     void noDevices();
-    void outputCannotBeMade_data();
-    void outputCannotBeMade();
-    void fullDisk();
-    void fullDiskForDump();
     void undeclaredSyncManager_data();
     void undeclaredSyncManager();
     void outputIsAnInput();
-
-private:
-    [[nodiscard]] QString path(const char* name) const { return m_folder->filePath(QString::fromLatin1(name)); }
-    QString makeFile(const char* name, const QByteArray& content) const;
-    void expectNoOutput() const;
-
-    std::unique_ptr<QTemporaryDir> m_folder;
-    QString m_ktl;
-    QString m_dump;
+    void lineFeedInTheName();
 };
-
-void tst_ConvertFailures::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_ktl = path("out.ktl");
-    m_dump = path("out.ktl.txt");
-}
-
-QString tst_ConvertFailures::makeFile(const char* name, const QByteArray& content) const
-{
-    QFile file(path(name));
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() ? file.fileName() : QString();
-}
-
-void tst_ConvertFailures::expectNoOutput() const
-{
-    QVERIFY(!QFileInfo::exists(m_ktl));
-    QVERIFY(!QFileInfo::exists(m_dump));
-}
 
 void tst_ConvertFailures::fileThatCannotBeLoaded_data()
 {
     QTest::addColumn<QByteArray>("content"); // null: there is no such file
     QTest::addColumn<QString>("message"); // pattern of what stands behind the file
-    QTest::addRow("no such file") << QByteArray() << ": error: .+";
+    QTest::addRow("no such file") << QByteArray() << ": error: the file cannot be read: .+";
     QTest::addRow("not well-formed") << QByteArray("<EtherCATInfo>\n<Vendor>\n</Wendor>\n") << ":3:\\d+: error: .+";
     QTest::addRow("no XML at all") << QByteArray("plain text") << ":1:\\d+: error: .+";
     QTest::addRow("empty file") << QByteArray("") << ":\\d+:\\d+: error: .+";
-    QTest::addRow("XML, but no ESI file") << QByteArray("<html>\n<body/>\n</html>\n") << ": error: .+";
+    QTest::addRow("XML, but no ESI file")
+        << QByteArray("<html>\n<body/>\n</html>\n") << ": error: this is no ESI file: it has no Vendor element";
 }
 
-/// Exit code 1, one line on standard error that begins with the file, and nothing written for the good files either.
+/// Exit status 2, one line on standard error that begins with the file, and nothing written for the good files either.
+/// Old files stay as they are.
 void tst_ConvertFailures::fileThatCannotBeLoaded()
 {
     QFETCH(QByteArray, content);
     QFETCH(QString, message);
-    const QString bad = path("bad.xml");
+    const Workplace place;
+    const QString bad = place.path(QStringLiteral("bad.xml"));
     if (!content.isNull())
-        QCOMPARE(makeFile("bad.xml", content), bad);
+        QCOMPARE(place.make(QStringLiteral("bad.xml"), content), bad);
+    place.make(QStringLiteral("old.ktl"), "earlier");
+    place.make(QStringLiteral("old.ktl.txt"), "earlier dump");
+    const QStringList names = place.names();
     const QRegularExpression wanted(QLatin1Char('^') + QRegularExpression::escape(bad) + message
                                     + QStringLiteral("\n$"));
-    for (const QStringList& files : {QStringList{bad}, QStringList{sample(), bad}, QStringList{bad, sample()}}) {
-        const CommandRun run = runKtl(QStringList{"convert"} + files + QStringList{"-o", m_ktl});
-        QCOMPARE(run.exitCode, 1);
-        QVERIFY2(wanted.match(QString::fromUtf8(run.errors)).hasMatch(), run.errors.constData());
-        QCOMPARE(run.errors.count('\n'), 1);
-        QCOMPARE(run.output, QByteArray());
-        expectNoOutput();
-    }
+    for (const QStringList& files : {QStringList{bad}, QStringList{sample(), bad}, QStringList{bad, sample()}})
+        for (const QStringList& output : {QStringList{"new.ktl"}, QStringList{"old.ktl", "--force"}}) {
+            const CommandRun run = runKtl(QStringList{"convert"} + files + QStringList{"-o"} + output, place.folder());
+            QCOMPARE(run.exitCode, 2);
+            QVERIFY2(wanted.match(QString::fromUtf8(run.errors)).hasMatch(), run.errors.constData());
+            QCOMPARE(run.errors.count('\n'), 1);
+            QCOMPARE(run.output, QByteArray());
+            QCOMPARE(place.names(), names);
+        }
+    QCOMPARE(place.content(QStringLiteral("old.ktl")), QByteArray("earlier"));
+    QCOMPARE(place.content(QStringLiteral("old.ktl.txt")), QByteArray("earlier dump"));
 }
 
-void tst_ConvertFailures::existingOutputStaysWhenLoadingFails()
+/// One run tells of all that is wrong, in the order of the files.
+void tst_ConvertFailures::allBadFilesAreTold()
 {
-    makeFile("out.ktl", "earlier");
-    makeFile("out.ktl.txt", "earlier dump");
-    QCOMPARE(runKtl({"convert", sample(), path("missing.xml"), "-o", m_ktl}).exitCode, 1);
-    QCOMPARE(fileContent(m_ktl), QByteArray("earlier"));
-    QCOMPARE(fileContent(m_dump), QByteArray("earlier dump"));
+    const Workplace place;
+    place.make(QStringLiteral("empty.xml"), "");
+    place.make(QStringLiteral("other.xml"), "<a/>");
+    const CommandRun run =
+        runKtl({"convert", "gone.xml", sample(), "empty.xml", "other.xml", "-o", "out.ktl"}, place.folder());
+    const QList<QByteArray> lines = run.errors.split('\n');
+    QCOMPARE(lines.size(), 4);
+    QVERIFY(lines.at(0).startsWith("gone.xml: error: "));
+    QVERIFY(lines.at(1).startsWith("empty.xml:1:1: error: "));
+    QVERIFY(lines.at(2).startsWith("other.xml: error: "));
+    QCOMPARE(lines.at(3), QByteArray());
+    QCOMPARE(run.exitCode, 2);
+}
+
+void tst_ConvertFailures::badStandardInput()
+{
+    const Workplace place;
+    CommandStart start;
+    start.folder = place.folder();
+    start.input = "<EtherCATInfo>\n</Wrong>";
+    const CommandRun run = runKtl({"convert", "-", "-o", "out.ktl"}, start);
+    QVERIFY2(run.errors.startsWith("<stdin>:2:"), run.errors.constData());
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(place.names(), QStringList());
 }
 
 void tst_ConvertFailures::lineOfTheError()
 {
-    const QString bad = makeFile("bad.xml", esiWith("<Device>\n<Type>A</Type>\n<Name>B</Device>\n"));
-    const CommandRun run = runKtl({"convert", bad, "-o", m_ktl});
-    QCOMPARE(run.exitCode, 1);
-    QVERIFY2(run.errors.startsWith(bad.toUtf8() + ":6:"),
-             run.errors.constData()); // three lines stand before the device
-    expectNoOutput();
+    const Workplace place;
+    place.make(QStringLiteral("bad.xml"), esiWith("<Device>\n<Type>A</Type>\n<Name>B</Device>\n"));
+    const CommandRun run = runKtl({"convert", "bad.xml", "-o", "out.ktl"}, place.folder());
+    QCOMPARE(run.exitCode, 2);
+    QVERIFY2(run.errors.startsWith("bad.xml:6:"), run.errors.constData()); // three lines stand before the device
 }
 
 /// More than 1,000 elements in one another are refused where they pass the limit.
 void tst_ConvertFailures::deepNesting()
 {
+    const Workplace place;
     const int depth = 1200;
-    const QString bad = makeFile("deep.xml", QByteArray("<a>\n").repeated(depth) + QByteArray("</a>").repeated(depth));
-    const CommandRun run = runKtl({"convert", bad, "-o", m_ktl});
-    QCOMPARE(run.exitCode, 1);
-    QVERIFY2(run.errors.startsWith(bad.toUtf8() + ":1001:"), run.errors.constData());
-    expectNoOutput();
+    place.make(QStringLiteral("deep.xml"), QByteArray("<a>\n").repeated(depth) + QByteArray("</a>").repeated(depth));
+    const CommandRun run = runKtl({"convert", "deep.xml", "-o", "out.ktl"}, place.folder());
+    QCOMPARE(run.exitCode, 2);
+    QVERIFY2(run.errors.startsWith("deep.xml:1001:"), run.errors.constData());
+    QCOMPARE(place.names(), QStringList{"deep.xml"});
 }
 
+/// A file without devices beside one that has some is no failure.
 void tst_ConvertFailures::noDevices()
 {
-    const QString empty = makeFile("empty.xml", esiWith(""));
-    const CommandRun run = runKtl({"convert", empty, "-o", m_ktl});
-    QCOMPARE(run.exitCode, 1);
-    QVERIFY2(run.errors.contains("error: "), run.errors.constData());
-    QVERIFY2(run.errors.contains("no device"), run.errors.constData());
-    expectNoOutput();
-    // A file without devices beside one that has some is no failure.
-    QCOMPARE(runKtl({"convert", empty, sample(), "-o", m_ktl}).exitCode, 0);
-    QVERIFY(fileContent(m_ktl).endsWith(endItem));
-}
-
-void tst_ConvertFailures::outputCannotBeMade_data()
-{
-    QTest::addColumn<QString>("output"); // in the folder of the test
-    QTest::addRow("folder that is not there") << "gone/out.ktl";
-    QTest::addRow("a file where a folder should be") << "plain/out.ktl";
-    QTest::addRow("a folder where the file should be") << "folder";
-}
-
-void tst_ConvertFailures::outputCannotBeMade()
-{
-    QFETCH(QString, output);
-    makeFile("plain", "");
-    QVERIFY(QDir().mkdir(path("folder")));
-    const QString ktl = m_folder->filePath(output);
-    const CommandRun run = runKtl({"convert", sample(), "-o", ktl});
-    QCOMPARE(run.exitCode, 1);
-    QVERIFY2(run.errors.startsWith(ktl.toUtf8() + ": error: "), run.errors.constData());
-    QCOMPARE(run.errors.count('\n'), 1);
-    QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-             (QStringList{"folder", "plain"}));
-    QVERIFY(QDir(path("folder")).isEmpty());
-}
-
-void tst_ConvertFailures::fullDisk()
-{
-    if (!QFileInfo::exists(QStringLiteral("/dev/full")))
-        QSKIP("this system has no /dev/full that stands for a full disk");
-    QVERIFY(QFile::link(QStringLiteral("/dev/full"), m_ktl));
-    const CommandRun run = runKtl({"convert", sample(), "-o", m_ktl});
-    QCOMPARE(run.exitCode, 1);
-    QVERIFY2(run.errors.startsWith(m_ktl.toUtf8() + ": error: "), run.errors.constData());
-    QVERIFY(!QFileInfo::exists(m_dump));
-}
-
-void tst_ConvertFailures::fullDiskForDump()
-{
-    if (!QFileInfo::exists(QStringLiteral("/dev/full")))
-        QSKIP("this system has no /dev/full that stands for a full disk");
-    QVERIFY(QFile::link(QStringLiteral("/dev/full"), m_dump));
-    const CommandRun run = runKtl({"convert", sample(), "-o", m_ktl});
-    QCOMPARE(run.exitCode, 1);
-    QVERIFY2(run.errors.startsWith(m_dump.toUtf8() + ": error: "), run.errors.constData());
-    QVERIFY(fileContent(m_ktl).endsWith(endItem)); // the KTL file itself is complete
+    const Workplace place;
+    place.make(QStringLiteral("empty.xml"), esiWith(""));
+    const CommandRun run = runKtl({"convert", "empty.xml", "-o", "out.ktl"}, place.folder());
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.errors, QByteArray("ktl: error: the files hold no device, nothing is written\n"));
+    QCOMPARE(place.names(), QStringList{"empty.xml"});
+    QCOMPARE(runKtl({"convert", "empty.xml", sample(), "-o", "out.ktl"}, place.folder()).exitCode, 0);
+    QCOMPARE(devicesIn(place.content(QStringLiteral("out.ktl"))), sampleDevices());
 }
 
 void tst_ConvertFailures::undeclaredSyncManager_data()
 {
     QTest::addColumn<QByteArray>("pdo");
+    QTest::addColumn<QByteArray>("named");
     QTest::addColumn<QByteArray>("reason");
-    QTest::addRow("output PDO") << QByteArray("<RxPdo Sm=\"5\"><Index>#x1600</Index></RxPdo>")
-                                << QByteArray("vector::_M_range_check: __n (which is 5) >= this->size() (which is 2)");
-    QTest::addRow("input PDO") << QByteArray("<TxPdo Sm=\"2\"><Index>#x1A00</Index></TxPdo>")
-                               << QByteArray("vector::_M_range_check: __n (which is 2) >= this->size() (which is 2)");
+    QTest::addRow("output PDO") << QByteArray("<RxPdo Sm=\"5\"><Index>#x1600</Index><Name>Controls</Name></RxPdo>")
+                                << QByteArray("device \"Axis\": PDO 0x1600 \"Controls\" names a sync manager that")
+                                << QByteArray("(which is 5) >= this->size() (which is 2)");
+    QTest::addRow("input PDO") << QByteArray("<TxPdo Sm=\"2\"><Index>#x1A00</Index><Name>States</Name></TxPdo>")
+                               << QByteArray("device \"Axis\": PDO 0x1a00 \"States\" names a sync manager that")
+                               << QByteArray("(which is 2) >= this->size() (which is 2)");
 }
 
-/// A range error at load is told with the file and its reason, as any other error of a file is.
+/// A range error is told with file, device and PDO, whichever pass over the file finds it: with the mapping of PDOs
+/// asked for the startup commands are first, without it the lengths of the sync managers.
 void tst_ConvertFailures::undeclaredSyncManager()
 {
     QFETCH(QByteArray, pdo);
+    QFETCH(QByteArray, named);
     QFETCH(QByteArray, reason);
-    const QString bad =
-        makeFile("range.xml", esiWith("<Device><Type>A</Type><Sm>Outputs</Sm><Sm>Inputs</Sm>" + pdo + "</Device>"));
-    const CommandRun run = runKtl({"convert", sample(), bad, "-o", m_ktl});
-    QVERIFY(run.hasEnded);
-    QCOMPARE(run.exitCode, 1);
-    QVERIFY2(run.errors.startsWith(bad.toUtf8() + ": error: "), run.errors.constData());
-    QVERIFY2(run.errors.contains(reason), run.errors.constData());
-    expectNoOutput();
+    const Workplace place;
+    for (const char* mailbox : {"", "<Mailbox><CoE PdoConfig=\"1\"/></Mailbox>"}) {
+        place.make(QStringLiteral("range.xml"),
+                   esiWith("<Device><Type>A</Type><Name>Fine</Name></Device>\n<Device><Type>A</Type><Name>Axis</Name>"
+                           + QByteArray(mailbox) + "<Sm>Outputs</Sm><Sm>Inputs</Sm>" + pdo + "</Device>"));
+        const CommandRun run = runKtl({"convert", sample(), "range.xml", "-o", "out.ktl"}, place.folder());
+        QVERIFY(run.hasEnded && !run.hasCrashed);
+        QCOMPARE(run.exitCode, 2);
+        QVERIFY2(run.errors.startsWith("range.xml: error: " + named), run.errors.constData());
+        QVERIFY2(run.errors.contains(reason), run.errors.constData());
+        QCOMPARE(run.errors.count('\n'), 1);
+        QCOMPARE(place.names(), QStringList{"range.xml"});
+    }
 }
 
 /// The command never writes over what it reads: neither under the same name nor through a link.
 void tst_ConvertFailures::outputIsAnInput()
 {
-    const QString input = makeFile("input.xml", esiWith("<Device><Type>A</Type></Device>"));
-    const QByteArray before = fileContent(input);
-    const QString link = input + ".link";
-    QVERIFY(QFile::link(input, link));
-    for (const QString& output : {input, link}) {
-        const CommandRun run = runKtl({"convert", sample(), input, "-o", output});
+    const Workplace place;
+    const QByteArray before = esiWith("<Device><Type>A</Type></Device>");
+    const QString input = place.make(QStringLiteral("input.xml"), before);
+    QVERIFY(QFile::link(input, place.path(QStringLiteral("link.xml"))));
+    for (const char* output : {"input.xml", "link.xml"}) {
+        const CommandRun run = runKtl({"convert", sample(), "input.xml", "-o", output, "--force"}, place.folder());
         QCOMPARE(run.exitCode, 2);
-        QVERIFY2(run.errors.startsWith(input.toUtf8() + ": error: "), run.errors.constData());
-        QCOMPARE(fileContent(input), before);
-        QVERIFY(!QFile::exists(output + ".txt"));
+        QCOMPARE(run.errors, QByteArray("input.xml: error: the output would replace this file\n"));
+        QCOMPARE(place.content(QStringLiteral("input.xml")), before);
+        QCOMPARE(place.names(), (QStringList{"input.xml", "link.xml"}));
     }
+}
+
+/// A message is one line, whatever is in the name of the file.
+void tst_ConvertFailures::lineFeedInTheName()
+{
+    const Workplace place;
+    const CommandRun run = runKtl({"convert", "two\nlines.xml", "-o", "out.ktl"}, place.folder());
+    QVERIFY2(run.errors.startsWith("two lines.xml: error: "), run.errors.constData());
+    QCOMPARE(run.errors.count('\n'), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_ConvertFailures)

@@ -1,0 +1,214 @@
+// `ktl convert`: the KTL file and its dump are written both or not at all, and what stood there before survives.
+#include "cli/commandRun.h"
+#include "cli/ktlDevices.h"
+#include "cli/workplace.h"
+
+#include <QFileInfo>
+#include <QtTest>
+
+#include <unistd.h>
+
+class tst_ConvertSaving : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void fullDisk_data();
+    void fullDisk();
+    void cannotBeMade_data();
+    void cannotBeMade();
+    void readOnlyTarget_data();
+    void readOnlyTarget();
+    void readOnlyFolder();
+    void noRegularFile();
+    void linksAreFollowed();
+    void permissionsStay();
+    void appendToAnything();
+};
+
+/// The command without the rights of root, for whom no file is closed.
+static CommandRun runAsOrdinaryUser(const QStringList& arguments, const Workplace& place)
+{
+    CommandStart start;
+    start.folder = place.folder();
+    if (geteuid() != 0)
+        return runKtl(arguments, start);
+    start.program = QStringLiteral("setpriv");
+    return runKtl(QStringList{"--reuid=65534", "--regid=65534", "--clear-groups", KTL_PROGRAM} + arguments, start);
+}
+
+/// Lets anybody work in the folder of a test; below a home folder of root that may still be in vain.
+static bool openToAll(const Workplace& place)
+{
+    return QFile::setPermissions(place.folder(), QFileDevice::Permissions(0x7777));
+}
+
+void tst_ConvertSaving::fullDisk_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<int>("blocks"); // of 512 bytes that a file can have: the file takes two of them, its dump three
+    QTest::addColumn<QByteArray>("failed");
+    QTest::addRow("the file, replaced") << "--force" << 1 << QByteArray("out.ktl");
+    QTest::addRow("the file, added to") << "--append" << 1 << QByteArray("out.ktl");
+    QTest::addRow("the dump, replaced") << "--force" << 2 << QByteArray("out.ktl.txt");
+    QTest::addRow("the dump, added to") << "--append" << 2 << QByteArray("out.ktl.txt");
+}
+
+/// A limit on the size of files stands for the disk that is full.
+void tst_ConvertSaving::fullDisk()
+{
+    QFETCH(QString, option);
+    QFETCH(int, blocks);
+    QFETCH(QByteArray, failed);
+    const Workplace place;
+    const QByteArray earlier = QByteArray::fromHex("000000000C00000000000000"); // an end item
+    place.make(QStringLiteral("out.ktl"), earlier);
+    place.make(QStringLiteral("out.ktl.txt"), "earlier dump");
+    CommandStart start;
+    start.folder = place.folder();
+    start.program = QStringLiteral("sh");
+    const QString limited =
+        QStringLiteral("trap '' XFSZ; ulimit -f %1; exec \"$0\" convert \"$1\" -o out.ktl %2").arg(blocks).arg(option);
+    const CommandRun run = runKtl({"-c", limited, KTL_PROGRAM, sample()}, start);
+    QCOMPARE(run.exitCode, 2);
+    QVERIFY2(run.errors.startsWith(failed + ": error: the file cannot be written in full"), run.errors.constData());
+    QCOMPARE(run.errors.count('\n'), 1);
+    QCOMPARE(place.content(QStringLiteral("out.ktl")), earlier);
+    QCOMPARE(place.content(QStringLiteral("out.ktl.txt")), QByteArray("earlier dump"));
+    QCOMPARE(place.names(), (QStringList{"out.ktl", "out.ktl.txt"}));
+}
+
+void tst_ConvertSaving::cannotBeMade_data()
+{
+    QTest::addColumn<QString>("output");
+    QTest::addColumn<QByteArray>("message");
+    QTest::addRow("folder that is not there") << "gone/out.ktl" << QByteArray("gone/out.ktl: error: ");
+    QTest::addRow("a file where a folder should be") << "plain/out.ktl" << QByteArray("plain/out.ktl: error: ");
+    QTest::addRow("a folder where the file should be") << "folder" << QByteArray("folder: error: this is a folder\n");
+    QTest::addRow("a folder where the dump should be")
+        << "dumped" << QByteArray("dumped.txt: error: this is a folder\n");
+    QTest::addRow("a link to nothing") << "dangling"
+                                       << QByteArray("dangling: error: this is a link to a file that does not exist\n");
+}
+
+void tst_ConvertSaving::cannotBeMade()
+{
+    QFETCH(QString, output);
+    QFETCH(QByteArray, message);
+    const Workplace place;
+    place.make(QStringLiteral("plain"), "");
+    QVERIFY(QDir().mkdir(place.path(QStringLiteral("folder"))));
+    QVERIFY(QDir().mkdir(place.path(QStringLiteral("dumped.txt"))));
+    QVERIFY(QFile::link(QStringLiteral("nowhere"), place.path(QStringLiteral("dangling"))));
+    const QStringList names = place.names();
+    const CommandRun run = runKtl({"convert", sample(), "-o", output, "--force"}, place.folder());
+    QCOMPARE(run.exitCode, 2);
+    QVERIFY2(run.errors.startsWith(message), run.errors.constData());
+    QCOMPARE(run.errors.count('\n'), 1);
+    QCOMPARE(place.names(), names);
+    QVERIFY(QDir(place.path(QStringLiteral("folder"))).isEmpty());
+}
+
+void tst_ConvertSaving::readOnlyTarget_data()
+{
+    QTest::addColumn<QString>("closed");
+    QTest::addColumn<QString>("option");
+    for (const char* closed : {"out.ktl", "out.ktl.txt"})
+        for (const char* option : {"--force", "--append"})
+            QTest::addRow("%s, %s", closed, option) << QString::fromLatin1(closed) << QString::fromLatin1(option);
+}
+
+/// A file without write permission is not replaced, although its folder would allow it.
+void tst_ConvertSaving::readOnlyTarget()
+{
+    QFETCH(QString, closed);
+    QFETCH(QString, option);
+    const Workplace place;
+    place.make(QStringLiteral("in.xml"), contentOf(sample()));
+    place.make(QStringLiteral("out.ktl"), "earlier file");
+    place.make(QStringLiteral("out.ktl.txt"), "earlier dump");
+    QVERIFY(openToAll(place));
+    QVERIFY(QFile::setPermissions(place.path(closed), QFileDevice::ReadOwner | QFileDevice::ReadOther));
+    const CommandRun run = runAsOrdinaryUser({"convert", "in.xml", "-o", "out.ktl", option}, place);
+    QCOMPARE(run.errors.startsWith(closed.toUtf8() + ": error: the file does not have write permission")
+                 || run.errors.startsWith("out.ktl: error: the file does not have write permission"),
+             true);
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(place.content(QStringLiteral("out.ktl")), QByteArray("earlier file"));
+    QCOMPARE(place.content(QStringLiteral("out.ktl.txt")), QByteArray("earlier dump"));
+}
+
+void tst_ConvertSaving::readOnlyFolder()
+{
+    const Workplace place;
+    place.make(QStringLiteral("in.xml"), contentOf(sample()));
+    QVERIFY(QFile::setPermissions(place.folder(), QFileDevice::Permissions(0x5555)));
+    const CommandRun run = runAsOrdinaryUser({"convert", "in.xml", "-o", "out.ktl"}, place);
+    QVERIFY(QFile::setPermissions(place.folder(), QFileDevice::Permissions(0x7700)));
+    QVERIFY2(run.errors.startsWith("out.ktl: error: the file cannot be written"), run.errors.constData());
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(place.names(), QStringList{"in.xml"});
+}
+
+/// A device or pipe stays what it is.
+void tst_ConvertSaving::noRegularFile()
+{
+    const Workplace place;
+    CommandStart start;
+    start.folder = place.folder();
+    start.program = QStringLiteral("sh");
+    const CommandRun run =
+        runKtl({"-c", QStringLiteral("mkfifo out.ktl && exec \"$0\" convert \"$1\" -o out.ktl --force"), KTL_PROGRAM,
+                sample()},
+               start);
+    QCOMPARE(run.errors, QByteArray("out.ktl: error: this is no regular file\n"));
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(place.names(), QStringList{"out.ktl"});
+    QVERIFY(!QFileInfo(place.path(QStringLiteral("out.ktl"))).isFile());
+}
+
+void tst_ConvertSaving::linksAreFollowed()
+{
+    const Workplace place;
+    QVERIFY(QDir().mkdir(place.path(QStringLiteral("far"))));
+    place.make(QStringLiteral("far/file"), "earlier");
+    place.make(QStringLiteral("far/text"), "earlier");
+    QVERIFY(QFile::link(QStringLiteral("far/file"), place.path(QStringLiteral("out.ktl"))));
+    QVERIFY(QFile::link(QStringLiteral("far/text"), place.path(QStringLiteral("out.ktl.txt"))));
+    const CommandRun run = runKtl({"convert", sample(), "-o", "out.ktl", "--force"}, place.folder());
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(QFileInfo(place.path(QStringLiteral("out.ktl"))).isSymLink());
+    QVERIFY(QFileInfo(place.path(QStringLiteral("out.ktl.txt"))).isSymLink());
+    QCOMPARE(devicesIn(place.content(QStringLiteral("far/file"))), sampleDevices());
+    QVERIFY(place.content(QStringLiteral("far/text")).startsWith("KTL Version V1.0.28 \n"));
+}
+
+/// A new file gets the permissions that any new file gets, an old one keeps its own.
+void tst_ConvertSaving::permissionsStay()
+{
+    const Workplace place;
+    const QString ktl = place.path(QStringLiteral("out.ktl"));
+    const QStringList arguments{"convert", sample(), "-o", "out.ktl", "--force"};
+    QCOMPARE(runKtl(arguments, place.folder()).exitCode, 0);
+    const QString plain = place.make(QStringLiteral("plain"), "");
+    QCOMPARE(QFile::permissions(ktl), QFile::permissions(plain));
+    const QFileDevice::Permissions own =
+        QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadUser | QFileDevice::WriteUser;
+    QVERIFY(QFile::setPermissions(ktl, own));
+    QCOMPARE(runKtl(arguments, place.folder()).exitCode, 0);
+    QCOMPARE(QFile::permissions(ktl), own);
+}
+
+/// What a file holds is no matter of the new run: it stands in front, byte by byte.
+void tst_ConvertSaving::appendToAnything()
+{
+    const Workplace place;
+    QCOMPARE(runKtl({"convert", sample(), "-o", "one.ktl"}, place.folder()).exitCode, 0);
+    place.make(QStringLiteral("out.ktl"), "abc");
+    QCOMPARE(runKtl({"convert", sample(), "-o", "out.ktl", "--append"}, place.folder()).exitCode, 0);
+    QCOMPARE(place.content(QStringLiteral("out.ktl")), "abc" + place.content(QStringLiteral("one.ktl")));
+}
+
+QTEST_GUILESS_MAIN(tst_ConvertSaving)
+#include "tst_ConvertSaving.moc"
