@@ -85,5 +85,7 @@ int main(int argc, char** argv)
         messages.error({}, QStringLiteral("standard output cannot be written"));
         ended = ExitCode::Unusable;
     }
-    return static_cast<int>(ended);
+    // Everything is written and closed by now. The last tree and all records go with the process: to free them piece by
+    // piece before took a sixth of the whole time.
+    std::_Exit(static_cast<int>(ended));
 }
