@@ -1,18 +1,15 @@
 #include "esi/boundedXmlReader.h"
 
-#include "esi/xmlDecoding.h"
+#include "esi/xmlFileSource.h"
 #include "esi/xmlLimits.h"
 
-#include <QByteArray>
 #include <QDomDocument>
 #include <QFile>
 #include <QSet>
 #include <QXmlAttributes>
 #include <QXmlContentHandler>
-#include <QXmlInputSource>
 #include <QXmlSimpleReader>
 
-#include <algorithm>
 #include <optional>
 
 // The classes below are marked as outdated in favour of a pull parser. That one normalises line ends inside texts,
@@ -110,45 +107,44 @@ private:
     LimitGuard m_guard;
 };
 
-/// The characters of a file, its line ends as they stand; nothing if it is too large. The size is that of what is read,
-/// since a device or pipe does not tell its own.
-std::optional<QString> textOf(QFile& file)
+/// Parses with the builder's own reader. With a reader from outside the builder cannot tell an undeclared entity inside
+/// an attribute from one in the content, and would keep both as nodes. With its own reader it can, and by now the file
+/// is known to be harmless.
+/// @param beginning  the text of a file that cannot be read twice
+bool parseAgain(QFile& file, const QString& beginning, QDomDocument& document, XmlFormatError& error)
 {
-    constexpr qint64 blockSize = 65536; // a read takes memory for all that it asks for, so it asks for little
-    file.setTextModeEnabled(false);
-    QByteArray bytes;
-    bytes.reserve(static_cast<int>(std::min<qint64>(file.size(), largestXmlFile)));
-    for (QByteArray block = file.read(blockSize); !block.isEmpty(); block = file.read(blockSize)) {
-        bytes += block;
-        if (bytes.size() > largestXmlFile)
-            return std::nullopt;
-    }
-    return decodedXml(bytes);
+    if (file.isSequential() || !file.seek(0))
+        return document.setContent(beginning, true, &error.message, &error.line, &error.column);
+    XmlFileSource source(file);
+    return document.setContent(&source, true, &error.message, &error.line, &error.column);
+}
+
+XmlFormatError tooLargeError()
+{
+    return {QStringLiteral("the file is larger than %1 bytes").arg(largestXmlFile), 1, 1};
 }
 
 } // namespace
 
 bool parseXml(QFile& file, QDomDocument& document, XmlFormatError& error)
 {
-    const std::optional<QString> text = textOf(file);
-    if (!text.has_value()) {
-        error = {QStringLiteral("the file is larger than %1 bytes").arg(largestXmlFile), 1, 1};
+    XmlFileSource source(file);
+    const QString beginning = source.readBeginning();
+    if (source.isTooLarge()) {
+        error = tooLargeError();
         return false;
     }
-    if (const std::optional<XmlFormatError> broken = brokenDocumentTypeLimit(*text)) {
+    if (const std::optional<XmlFormatError> broken = brokenDocumentTypeLimit(beginning)) {
         error = *broken;
         return false;
     }
     BoundedXmlReader reader;
-    QXmlInputSource source;
-    source.setData(*text);
-    if (!document.setContent(&source, &reader, &error.message, &error.line, &error.column))
+    const bool isWellFormed = document.setContent(&source, &reader, &error.message, &error.line, &error.column);
+    if (source.isTooLarge()) { // it has grown while it was read
+        error = tooLargeError();
         return false;
-    if (!reader.sawSkippedEntity())
-        return true;
-    // With a reader from outside the builder cannot tell an undeclared entity inside an attribute from one in the
-    // content, and would keep both as nodes. With its own reader it can, and by now the file is known to be harmless.
-    return document.setContent(*text, true, &error.message, &error.line, &error.column);
+    }
+    return isWellFormed && (!reader.sawSkippedEntity() || parseAgain(file, beginning, document, error));
 }
 
 QT_WARNING_POP

@@ -1,7 +1,6 @@
 #include "esi/xmlDecoding.h"
 
 #include <QRegularExpression>
-#include <QTextCodec>
 
 #include <algorithm>
 #include <array>
@@ -31,46 +30,57 @@ const std::array<Opening, 7>& openings()
     return rows;
 }
 
-QString decoded(const QByteArray& bytes, int start, const QTextCodec& codec)
-{
-    // The mark is left out by `start`, so the codec need not look for one.
-    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    return codec.toUnicode(bytes.constData() + start, bytes.size() - start, &state);
-}
-
 /// Codec that the XML declaration names, or null if there is none that makes sense.
 const QTextCodec* declaredCodec(const QByteArray& bytes)
 {
-    constexpr int longestDeclaration = 1024; // far more than version, encoding and "standalone" take
     static const QRegularExpression declaration(QStringLiteral(R"(^<\?xml\s[^>]*?\bencoding\s*=\s*["']([^"'>]*)["'])"));
-    const QRegularExpressionMatch match = declaration.match(QString::fromLatin1(bytes.left(longestDeclaration)));
+    const QRegularExpressionMatch match =
+        declaration.match(QString::fromLatin1(bytes.left(XmlDecoder::longestDeclaration)));
     if (!match.hasMatch())
         return nullptr;
     const QTextCodec* codec = QTextCodec::codecForName(match.captured(1).toLatin1());
     const QByteArray start = QByteArrayLiteral("<?xml");
-    return codec != nullptr && decoded(start, 0, *codec) == QLatin1String(start) ? codec : nullptr;
+    return codec != nullptr && codec->toUnicode(start) == QLatin1String(start) ? codec : nullptr;
 }
 
 /// Cuts the text where the parser would take a character for the end of its input.
-void cutAtNonCharacter(QString& text)
+/// @return  whether it did
+bool cutAtNonCharacter(QString& text)
 {
+    const int length = text.size();
     for (const QChar nonCharacter : {QChar(0xFFFE), QChar(0xFFFF)})
         if (const int position = text.indexOf(nonCharacter); position >= 0)
             text.truncate(position);
+    return text.size() < length;
 }
 
 } // namespace
 
-QString decodedXml(const QByteArray& bytes)
+XmlDecoder::XmlDecoder(const QByteArray& start)
+    : m_state(QTextCodec::IgnoreHeader) // the mark is left out here, so the codec need not look for one
 {
     const auto opening = std::find_if(openings().begin(), openings().end(),
-                                      [&](const Opening& row) { return bytes.startsWith(row.bytes); });
-    const QTextCodec* codec =
-        opening != openings().end() ? QTextCodec::codecForName(opening->encoding) : declaredCodec(bytes);
-    if (codec == nullptr)
-        codec = QTextCodec::codecForName("UTF-8");
-    const bool hasMark = opening != openings().end() && opening->isMark;
-    QString text = decoded(bytes, hasMark ? opening->bytes.size() : 0, *codec);
-    cutAtNonCharacter(text);
+                                      [&](const Opening& row) { return start.startsWith(row.bytes); });
+    const bool isKnown = opening != openings().end();
+    m_codec = isKnown ? QTextCodec::codecForName(opening->encoding) : declaredCodec(start);
+    if (m_codec == nullptr)
+        m_codec = QTextCodec::codecForName("UTF-8");
+    if (isKnown && opening->isMark)
+        m_markLength = opening->bytes.size();
+}
+
+QString XmlDecoder::decode(const QByteArray& bytes)
+{
+    if (m_hasEnded)
+        return {};
+    const int start = std::min(m_markLength, bytes.size());
+    m_markLength -= start;
+    QString text = m_codec->toUnicode(bytes.constData() + start, bytes.size() - start, &m_state);
+    m_hasEnded = cutAtNonCharacter(text);
     return text;
+}
+
+QString decodedXml(const QByteArray& bytes)
+{
+    return XmlDecoder(bytes).decode(bytes);
 }

@@ -70,13 +70,17 @@ struct DocumentTypes
     QString text; ///< one after the other; the parser takes several, although one is allowed
     int start = 0; ///< of the first
     int end = 0; ///< behind the last
+    int endOfSearch = 0; ///< where something stands that may not stand before the root element
+    [[nodiscard]] bool isTooLong() const { return text.size() > longestDocumentType; }
+    [[nodiscard]] bool declaresEntity() const { return text.contains(QLatin1String("<!ENTITY")); }
 };
 
 /// Goes through what may stand before the root element.
 DocumentTypes documentTypesOf(const QString& text)
 {
     DocumentTypes found;
-    for (int position = 0; position < text.size() && found.text.size() <= longestDocumentType;) {
+    int& position = found.endOfSearch;
+    while (position < text.size() && !found.isTooLong()) {
         const int start = position;
         if (text.at(position).isSpace()) {
             position += 1;
@@ -142,7 +146,7 @@ XmlFormatError errorAt(const QString& text, int position, const QString& message
 std::optional<XmlFormatError> brokenDocumentTypeLimit(const QString& text)
 {
     const DocumentTypes types = documentTypesOf(text);
-    if (types.text.size() > longestDocumentType)
+    if (types.isTooLong())
         return errorAt(
             text, types.start,
             QStringLiteral("the document type declaration is longer than %1 characters").arg(longestDocumentType));
@@ -152,7 +156,7 @@ std::optional<XmlFormatError> brokenDocumentTypeLimit(const QString& text)
         return errorAt(text, types.start,
                        QStringLiteral("the document type declaration has more than %1 references to entities")
                            .arg(mostNestedReferences));
-    if (!types.text.contains(QLatin1String("<!ENTITY")))
+    if (!types.declaresEntity())
         return std::nullopt;
     const int tooMany = positionOfReferenceTooMany(text, types.end);
     if (tooMany < 0)
@@ -160,4 +164,11 @@ std::optional<XmlFormatError> brokenDocumentTypeLimit(const QString& text)
     return errorAt(
         text, tooMany,
         QStringLiteral("a file that declares entities has more than %1 references to entities").arg(mostReferences));
+}
+
+bool isEnoughForDocumentTypeLimit(const QString& beginning)
+{
+    const DocumentTypes types = documentTypesOf(beginning);
+    const bool isSearchedThrough = types.endOfSearch + documentTypeMark.size() <= beginning.size(); // no mark is cut
+    return types.isTooLong() || (isSearchedThrough && !types.declaresEntity());
 }

@@ -38,3 +38,8 @@ inline constexpr int mostReferences = 250;
 /// @param text  a whole XML file
 /// @return      the first limit that is broken, with its place; nothing if none is
 [[nodiscard]] std::optional<XmlFormatError> brokenDocumentTypeLimit(const QString& text);
+
+/// Whether the beginning of a file is enough to know that its whole text breaks no limit of document types, or which
+/// one: all that may stand before the root element is in it, and no entity is declared there. References to declared
+/// entities count up to the end of the file.
+[[nodiscard]] bool isEnoughForDocumentTypeLimit(const QString& beginning);
