@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -181,21 +182,44 @@ void appendModuleMappings(struct_EtherCatDevice& device, const std::vector<modul
                           moduleMappingTexts);
 }
 
-/// Calls `visit(index, isFixed)` for each PDO of a sync manager, of device and modules. The direction of the sync
-/// manager plays no part: an output PDO that names an input sync manager is assigned there.
-template<typename Visitor>
-void forEachPdoOf(const struct_EtherCatDevice& device, const struct_SM& syncManager, Visitor visit)
+/// A PDO as it is assigned.
+struct AssignedPdo
 {
-    const auto visitList = [&](const auto& pdos) {
-        for (const auto& pdo : pdos)
-            if (pdo.Attributes.SM == syncManager.SM)
-                visit(indexOf(pdo), pdo.Attributes.Fixed);
-    };
-    visitList(device.RxPdo.vpdo);
-    visitList(device.mRxPdo.mpdo);
-    visitList(device.TxPdo.vpdo);
-    visitList(device.mTxPdo.mpdo);
-}
+    std::uint16_t index = 0;
+    bool isFixed = false;
+};
+
+/// The PDOs of a device and of its modules by the number of the sync manager that they name, collected once for all of
+/// them. The direction of a sync manager plays no part: an output PDO that names an input sync manager is assigned
+/// there.
+class PdosBySyncManager
+{
+public:
+    explicit PdosBySyncManager(const struct_EtherCatDevice& device)
+    {
+        add(device.RxPdo.vpdo);
+        add(device.mRxPdo.mpdo);
+        add(device.TxPdo.vpdo);
+        add(device.mTxPdo.mpdo);
+    }
+
+    /// The reference is valid as long as this object.
+    [[nodiscard]] const std::vector<AssignedPdo>& of(const struct_SM& syncManager) const
+    {
+        static const std::vector<AssignedPdo> none;
+        const auto found = m_pdos.find(syncManager.SM);
+        return found == m_pdos.end() ? none : found->second;
+    }
+
+private:
+    template<typename Pdo> void add(const std::vector<Pdo>& pdos)
+    {
+        for (const Pdo& pdo : pdos)
+            m_pdos[pdo.Attributes.SM].push_back({indexOf(pdo), pdo.Attributes.Fixed});
+    }
+
+    std::unordered_map<int, std::vector<AssignedPdo>> m_pdos;
+};
 
 /// Assigns the PDOs of a sync manager by one complete access, also when there are none.
 /// ODD, KEPT: PDOs of fixed content are left out here, while the single commands assign them. A slave that takes the
@@ -204,13 +228,12 @@ void forEachPdoOf(const struct_EtherCatDevice& device, const struct_SM& syncMana
 /// ODD, KEPT: its comment speaks of the entries of a module's PDO, although it writes an assign object. One would
 /// expect words of its own, but lists of commands are compared by these texts. Pinned by
 /// tst_StartupAssignment::completeAccess.
-struct_moduleInitCmd wholeAssignment(const struct_EtherCatDevice& device, const struct_SM& syncManager)
+struct_moduleInitCmd wholeAssignment(const std::vector<AssignedPdo>& pdos, const struct_SM& syncManager)
 {
     std::vector<unsigned int> indexes;
-    forEachPdoOf(device, syncManager, [&](std::uint16_t index, bool isFixed) {
-        if (!isFixed)
-            indexes.push_back(index);
-    });
+    for (const AssignedPdo& pdo : pdos)
+        if (!pdo.isFixed)
+            indexes.push_back(pdo.index);
     const auto count = static_cast<std::uint32_t>(indexes.size());
     const auto dataBytes = static_cast<std::uint16_t>(count * bytesPerValue);
     return completeAccessCommand<struct_moduleInitCmd>(assignObjectOf(syncManager), count, dataBytes,
@@ -218,16 +241,15 @@ struct_moduleInitCmd wholeAssignment(const struct_EtherCatDevice& device, const 
 }
 
 /// Assigns the PDOs of a sync manager one by one and sets their count; nothing if there are none.
-void appendSingleAssignments(struct_EtherCatDevice& device, const struct_SM& syncManager)
+void appendSingleAssignments(std::vector<struct_moduleInitCmd>& commands, const std::vector<AssignedPdo>& pdos,
+                             const struct_SM& syncManager)
 {
     constexpr std::uint16_t bytesPerPdo = 2;
     const std::uint16_t assignObject = assignObjectOf(syncManager);
-    std::vector<struct_moduleInitCmd>& commands = device.mMailbox.COE.vinitcmd;
     std::uint32_t number = 0;
-    forEachPdoOf(device, syncManager, [&](std::uint16_t assigned, bool /*isFixed*/) {
-        commands.push_back(plainCommand<struct_moduleInitCmd>(assignObject, ++number, bytesPerPdo, assigned,
+    for (const AssignedPdo& pdo : pdos)
+        commands.push_back(plainCommand<struct_moduleInitCmd>(assignObject, ++number, bytesPerPdo, pdo.index,
                                                               DataText::Bare, "download pdo 0x%1 index"));
-    });
     // ODD, KEPT: two blanks in the comment where one would expect one, since lists of commands are compared by these
     // texts. Pinned by tst_StartupAssignment::singleCommands.
     if (number > 0)
@@ -237,13 +259,15 @@ void appendSingleAssignments(struct_EtherCatDevice& device, const struct_SM& syn
 
 void appendAssignments(struct_EtherCatDevice& device, bool assignsVirtual)
 {
+    const PdosBySyncManager pdos(device);
+    std::vector<struct_moduleInitCmd>& commands = device.mMailbox.COE.vinitcmd;
     for (const struct_SM& syncManager : device.vSM) {
         if (!carriesProcessData(syncManager.Smtype) || (syncManager.Attributes.m_Virtual != 0 && !assignsVirtual))
             continue;
         if (device.Mailbox.COE.Attributes.CompleteAccess)
-            device.mMailbox.COE.vinitcmd.push_back(wholeAssignment(device, syncManager));
+            commands.push_back(wholeAssignment(pdos.of(syncManager), syncManager));
         else
-            appendSingleAssignments(device, syncManager);
+            appendSingleAssignments(commands, pdos.of(syncManager), syncManager);
     }
 }
 
