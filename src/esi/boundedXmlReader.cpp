@@ -1,5 +1,6 @@
 #include "esi/boundedXmlReader.h"
 
+#include "esi/exactName.h"
 #include "esi/xmlFileSource.h"
 #include "esi/xmlLimits.h"
 
@@ -19,6 +20,30 @@ QT_WARNING_PUSH
 QT_WARNING_DISABLE_DEPRECATED
 
 namespace {
+
+/// Counts how deep the parser is inside elements of one name.
+class OpenElements
+{
+public:
+    explicit OpenElements(QLatin1String name)
+        : m_name(name)
+    {}
+
+    /// @return  whether it is one of these elements
+    bool enter(const QString& name)
+    {
+        const bool isOne = isNamed(name, m_name);
+        m_open += isOne ? 1 : 0;
+        return isOne;
+    }
+    void leave(const QString& name) { m_open -= isNamed(name, m_name) ? 1 : 0; }
+
+    [[nodiscard]] int open() const { return m_open; }
+
+private:
+    QLatin1String m_name;
+    int m_open = 0;
+};
 
 /// Hands everything on to the document builder, and refuses what goes beyond a limit: an element before the parser
 /// descends into it and before the builder takes its attributes, a namespace before the parser reads on.
@@ -43,14 +68,24 @@ public:
         m_depth += 1;
         return holds(m_depth <= deepestNesting, "elements are nested deeper than %1", deepestNesting)
                && holds(attributes.count() <= mostAttributes, "an element has more than %1 attributes", mostAttributes)
+               && multipliesLittle(localName)
                && m_builder->startElement(namespaceUri, localName, qualifiedName, attributes);
     }
     bool endElement(const QString& namespaceUri, const QString& localName, const QString& qualifiedName) override
     {
         m_depth -= 1;
+        for (OpenElements* elements : {&m_devices, &m_slots, &m_groups})
+            elements->leave(localName);
         return m_builder->endElement(namespaceUri, localName, qualifiedName);
     }
-    bool characters(const QString& text) override { return m_builder->characters(text); }
+    bool characters(const QString& text) override
+    {
+        if (m_groups.open() > 0)
+            m_lengthOfGroupNames += text.size();
+        return holds(m_lengthOfGroupNames <= longestGroupNames,
+                     "the names of the slot groups are longer than %1 characters", longestGroupNames)
+               && m_builder->characters(text);
+    }
     bool ignorableWhitespace(const QString& text) override { return m_builder->ignorableWhitespace(text); }
     bool processingInstruction(const QString& target, const QString& data) override
     {
@@ -70,6 +105,18 @@ public:
     [[nodiscard]] bool sawSkippedEntity() const { return m_sawSkippedEntity; }
 
 private:
+    /// Whether an element that begins stands in few of those that count its content for themselves.
+    bool multipliesLittle(const QString& name)
+    {
+        if (m_slots.enter(name) && m_slots.open() == 1)
+            m_lengthOfGroupNames = 0;
+        m_devices.enter(name);
+        m_groups.enter(name);
+        return holds(m_devices.open() <= mostInEachOther, "more than %1 devices stand in each other", mostInEachOther)
+               && holds(m_slots.open() <= mostInEachOther, "more than %1 lists of slots stand in each other",
+                        mostInEachOther);
+    }
+
     bool holds(bool isWithin, const char* message, int limit)
     {
         if (!isWithin)
@@ -79,6 +126,10 @@ private:
 
     QXmlContentHandler* m_builder = nullptr; ///< belongs to the document, set for the time of a parse
     int m_depth = 0;
+    OpenElements m_devices{QLatin1String("Device")};
+    OpenElements m_slots{QLatin1String("Slots")};
+    OpenElements m_groups{QLatin1String("SlotGroupData")};
+    qint64 m_lengthOfGroupNames = 0; ///< in the outermost list of slots
     QSet<QString> m_prefixes;
     QString m_brokenLimit; ///< empty as long as all limits hold
     bool m_sawSkippedEntity = false;

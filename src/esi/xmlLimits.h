@@ -22,6 +22,14 @@ inline constexpr int mostAttributes = 100;
 /// compares all prefixes with one another.
 inline constexpr int mostPrefixes = 16;
 
+/// Most elements `Device` inside each other, and most elements `Slots`. ESI files have no such thing. What is in the
+/// innermost counts for each around it, so nesting multiplies a file.
+inline constexpr int mostInEachOther = 8;
+
+/// Longest names of slot groups in one `Slots` element, in characters, all of them together. ESI files reach about 100.
+/// They are added to the name of every slot of the group.
+inline constexpr int longestGroupNames = 4096;
+
 /// Longest document type declaration, in characters. ESI files have none. The parser descends into each parenthesis of
 /// a content model, and goes through all entities again for each that is declared.
 inline constexpr int longestDocumentType = 4096;
