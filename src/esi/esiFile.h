@@ -11,7 +11,7 @@ enum class EsiLoadStatus
 {
     Loaded,
     CannotOpen, ///< see `EsiLoadResult::openError`
-    NotWellFormed, ///< see `EsiLoadResult::formatError`
+    NotWellFormed, ///< or beyond a limit; see `EsiLoadResult::formatError`
     NotEsi, ///< well-formed, but without a `Vendor` element
 };
 

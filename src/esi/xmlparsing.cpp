@@ -1,6 +1,7 @@
 // xmlparsing.cpp - the walk over an ESI document.
 #include "esi/xmlparsing.h"
 
+#include "esi/derivation/copyLimit.h"
 #include "esi/documentElements.h"
 #include "esi/domIteration.h"
 #include "esi/fieldRules.h"
@@ -147,18 +148,20 @@ void appendModuleGroups(const QDomElement& modules, std::vector<struct_commentmo
 
 } // namespace
 
-bool read_xmldevice(const QString& projectName)
+DocumentReading readEsiDocument(const QString& projectName)
 {
     struct_FilenameDevice file;
     const DocumentElements elements = walkDocument(
         domDocument.documentElement(), [&](DeviceElements& device) { file.device.push_back(deviceFrom(device)); });
     if (elements.vendor.isNull())
-        return false;
+        return DocumentReading::NotEsi;
     file.xmlfilepath = projectName.toStdString();
     file.Vendor_Id = vendorIdOf(elements.vendor);
     for (const QDomElement& moduleList : elements.moduleLists)
         appendModuleGroups(moduleList, file.vcommentmodule);
 
+    if (!isWithinCopyLimit(file))
+        return DocumentReading::TooManyCopies;
     // The order counts: slots are made uniform before modules move into them, oversampled PDOs are plain before they
     // get startup commands, and the lengths add up what is assigned in the end.
     device_check_Slots(&file);
@@ -167,5 +170,10 @@ bool read_xmldevice(const QString& projectName)
     device_startup_defalutset(&file);
     device_sm_defalutset(&file);
     g_xmlfiledevices.push_back(std::move(file));
-    return true;
+    return DocumentReading::Read;
+}
+
+bool read_xmldevice(const QString& projectName)
+{
+    return readEsiDocument(projectName) == DocumentReading::Read;
 }

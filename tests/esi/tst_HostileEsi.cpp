@@ -178,8 +178,6 @@ void tst_HostileEsi::largeButHarmless_data()
         << inDevice("<Type>" + QByteArray("&u;").repeated(sized(100000)) + "</Type>");
     QTest::addRow("names of elements in numbers") << inDevice(numbered("<b%1/>", 1, sized(100000)));
     QTest::addRow("sync managers in numbers") << inDevice(QByteArray("<Sm>Outputs</Sm>").repeated(sized(100000)));
-    QTest::addRow("devices inside each other")
-        << inDevice(QByteArray("<Device>").repeated(900) + QByteArray("</Device>").repeated(900));
     QTest::addRow("groups of modules in numbers")
         << "<EtherCATInfo><Vendor/><Device><Name/></Device><Descriptions><Modules>"
                + QByteArray("<!--c--><Module/>x<Other/>").repeated(sized(50000))

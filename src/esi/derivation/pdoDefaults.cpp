@@ -1,46 +1,16 @@
 // pdoDefaults.cpp - the second pass: oversampled PDOs become one PDO per sample.
+#include "esi/derivation/oversampling.h"
 #include "esi/xmlparsing.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
-#include <limits>
 #include <list>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace {
-
-/// Samples that one declared PDO stands for: their numbers count from `first` to `last`, both included.
-struct SampleRange
-{
-    std::uint16_t first = 0;
-    int last = 0;
-
-    [[nodiscard]] bool isEmpty() const { return static_cast<int>(first) > last; }
-
-    /// The sample number has 16 bits, so a range that reaches its end could never be counted through.
-    [[nodiscard]] bool isEndless() const { return last >= std::numeric_limits<std::uint16_t>::max(); }
-};
-
-SampleRange sampleRangeOf(const PdoAttributes& attributes)
-{
-    return {static_cast<std::uint16_t>(attributes.m_OSMin), attributes.m_OSMax};
-}
-
-/// Whether a PDO stands for samples. `m_OSMin` plays no part: a file that leaves it out still declares oversampling.
-bool isOversampled(const struct_PDOList& pdo)
-{
-    return pdo.Attributes.m_OSFac >= 1 && pdo.Attributes.m_OSMax >= 1 && pdo.Attributes.m_OSIndexInc >= 1;
-}
-
-/// Whether a PDO is replaced by its samples. One whose range gives no sample, or no end of samples, stays as declared.
-bool isExpandable(const struct_PDOList& pdo)
-{
-    const SampleRange range = sampleRangeOf(pdo.Attributes);
-    return isOversampled(pdo) && !range.isEmpty() && !range.isEndless();
-}
 
 struct_EntryPDOContent sampleEntry(const struct_EntryPDOContent& declared, std::uint32_t steps, int indexIncrement)
 {

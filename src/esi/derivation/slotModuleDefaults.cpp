@@ -1,34 +1,12 @@
 // slotModuleDefaults.cpp - the third pass: default modules in the slots.
 #include "esi/derivation/moduleInSlot.h"
+#include "esi/derivation/modulesByIdent.h"
 #include "esi/xmlparsing.h"
 
 #include <cstdint>
-#include <unordered_map>
 #include <utility>
 
 namespace {
-
-/// The modules of a file by their ident. Of several with the same ident the first one of the first group counts.
-class ModulesByIdent
-{
-public:
-    explicit ModulesByIdent(const struct_FilenameDevice& file)
-    {
-        for (const struct_commentmodule& group : file.vcommentmodule)
-            for (const struct_module& module : group.vmodule)
-                m_modules.emplace(module.TypeAttributes.ModuleIdent, &module);
-    }
-
-    /// Null if there is none; valid as long as the modules of the file.
-    [[nodiscard]] const struct_module* find(std::uint32_t ident) const
-    {
-        const auto found = m_modules.find(ident);
-        return found == m_modules.end() ? nullptr : found->second;
-    }
-
-private:
-    std::unordered_map<std::uint32_t, const struct_module*> m_modules;
-};
 
 /// Copies a module over `to`; its class and type name only if they have a text.
 void copyModule(const struct_module& from, struct_module& to)
@@ -59,7 +37,7 @@ void countAxis(struct_EtherCatDevice& device, const struct_module& module)
 void fillSlot(struct_EtherCatDevice& device, struct_Slot& slot, std::uint16_t slotNumber, const ModulesByIdent& modules)
 {
     for (const struct_ModuleIdent& ident : slot.ModuleIdent) {
-        if (ident.Attributes.Default == 0 || slot.Attributes.MaxInstances == 0)
+        if (!isDefaultOf(slot, ident))
             continue;
         const struct_module* const module = modules.find(ident.ModuleIdent);
         if (module == nullptr)
