@@ -3,7 +3,8 @@
 #
 #   scripts/set-up.sh run     build and open the workbench
 #   scripts/set-up.sh test    build and run the tests
-#   scripts/set-up.sh ci      the same, and the format and lint checks
+#   scripts/set-up.sh package build the Debian package and try it out
+#   scripts/set-up.sh ci      both, and the format and lint checks
 #   scripts/set-up.sh bench   build and run the benchmarks
 #   scripts/set-up.sh fuzz    build and run the fuzz targets
 set -euo pipefail
@@ -15,12 +16,22 @@ source "$(dirname "$0")/common.sh"
 base=(build-essential cmake ninja-build ccache qtbase5-dev fonts-noto-cjk)
 commands=(g++ cmake ninja)
 
+# dpkg-dev and file find out what the programs depend on. uidmap lets mmdebstrap make a system where you are not root.
+packaging=(dpkg-dev file gzip lintian man-db desktop-file-utils libxml2-utils shared-mime-info libglib2.0-bin
+    mmdebstrap uidmap)
+packaging_commands=(dpkg-shlibdeps file gzip lintian man desktop-file-validate xmllint update-mime-database gio
+    mmdebstrap)
+
 case ${1-} in
     run) packages=("${base[@]}" qtwayland5 x11-utils) ;; # xdpyinfo of x11-utils tells whether a window can open
     test) packages=("${base[@]}") ;;
+    package)
+        packages=("${base[@]}" "${packaging[@]}")
+        commands+=("${packaging_commands[@]}")
+        ;;
     ci)
-        packages=("${base[@]}" git clang-format clang-tidy)
-        commands+=(git clang-format clang-tidy)
+        packages=("${base[@]}" "${packaging[@]}" git clang-format clang-tidy)
+        commands+=("${packaging_commands[@]}" git clang-format clang-tidy)
         ;;
     bench) packages=("${base[@]}" libbenchmark-dev) ;;
     fuzz)

@@ -1,0 +1,71 @@
+#!/usr/bin/env bash
+# Tries the completion of `ktl` without a terminal. Usage: completion.bash FILE, the completion to try.
+set -euo pipefail
+completion=$(realpath "$1")
+failures=0
+
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder"
+export HOME=$folder/home
+mkdir -p home 'spare parts'
+touch drive.xml DRIVE.XML 'two words.xml' machine.ktl machine.ktl.txt choices.json notes.txt home/own.ktl
+
+# shellcheck source=packaging/ktl.bash
+source "$completion"
+
+# completes EXPECTED WORD...: what is offered for the last word, sorted and with a comma between, has to be EXPECTED.
+completes()
+{
+    local expected=$1 offered
+    shift
+    COMP_WORDS=("$@")
+    COMP_CWORD=$(($# - 1))
+    COMPREPLY=()
+    _ktl ktl "${COMP_WORDS[COMP_CWORD]}" "${COMP_WORDS[COMP_CWORD - 1]}"
+    offered=$(printf '%s\n' "${COMPREPLY[@]}" | LC_ALL=C sort | paste -sd ,)
+    [[ $offered == "$expected" ]] && return
+    printf '%s\n    offered:  %s\n    expected: %s\n' "$*" "$offered" "$expected" >&2
+    failures=$((failures + 1))
+}
+
+if [[ $(complete -p ktl) != *'-F _ktl ktl' ]]; then
+    printf 'No completion is set for ktl.\n' >&2
+    failures=1
+fi
+
+# Sub-commands.
+completes '--help,--version,choices,convert,dump,show' ktl ''
+completes 'choices,convert' ktl c
+completes '--version' ktl --v
+completes '' ktl unknown ''
+
+# Options of each.
+completes '--append,--choices,--date,--device,--force,--help,--output,--strict,-o' ktl convert -
+completes '--date,--device' ktl convert drive.xml --d
+completes '--help' ktl choices -
+completes '--csv,--help,--json' ktl show -
+completes '--help' ktl dump -
+
+# Files of each.
+completes 'DRIVE.XML,drive.xml,home,spare parts,two words.xml' ktl convert ''
+completes 'DRIVE.XML,drive.xml,home,spare parts,two words.xml' ktl choices ''
+completes 'DRIVE.XML,drive.xml,home,machine.ktl,spare parts,two words.xml' ktl show ''
+completes 'home,machine.ktl,spare parts' ktl dump ''
+completes 'two words.xml' ktl convert drive.xml 'two\ w'
+completes 'two words.xml' ktl convert '"two w'
+# shellcheck disable=SC2088 # the tilde is offered as it was typed
+completes '~/own.ktl' ktl dump '~/o'
+
+# Values of options.
+completes 'machine.ktl' ktl convert drive.xml -o m
+completes 'machine.ktl' ktl convert --output m
+completes 'choices.json' ktl convert --choices c
+completes 'choices.json' ktl convert --choices = c
+completes '' ktl convert --device d
+completes '' ktl convert --date ''
+completes 'dictionary,pdo,startup' ktl show --csv ''
+completes 'dictionary,pdo,startup' ktl show --csv =
+completes 'startup' ktl show --csv = s
+
+[[ $failures -eq 0 ]] || exit 1

@@ -1,0 +1,81 @@
+# shellcheck shell=bash
+# Completion of `ktl` in bash. It is installed as bash-completion/completions/ktl and needs nothing but bash.
+
+# One row per sub-command: its name, the endings of the files that it takes, its options. Behind the "=" of an option
+# stands what its value is: the ending of a file, words to choose from with "|" between them, or "?" for free text.
+_ktl_sub_commands=(
+    'convert xml     -o=ktl --output=ktl --append --force --device=? --choices=json --date=? --strict --help'
+    'choices xml     --help'
+    'show    xml,ktl --json --csv=dictionary|pdo|startup --help'
+    'dump    ktl     --help'
+)
+
+# Offers those of the words that begin with what is typed.
+_ktl_words()
+{
+    local typed=$1
+    shift
+    mapfile -t COMPREPLY < <(compgen -W "$*" -- "$typed")
+}
+
+# Offers folders, and files with one of the endings; there is a comma between endings, and case does not count.
+_ktl_files()
+{
+    local typed=$1 endings=,$2, file path ending
+    typed=${typed#[\"\']} # what is typed may be quoted, names of files are not
+    typed=${typed//\\/}
+    while IFS= read -r file; do
+        path=${file/#'~/'/"$HOME/"}
+        ending=${file##*.}
+        if [[ -d $path || $endings == *,"${ending,,}",* ]]; then
+            COMPREPLY+=("$file")
+        fi
+    done < <(compgen -f -- "$typed")
+}
+
+# Offers values of an option, or nothing where any text may stand.
+_ktl_values()
+{
+    local typed=$1 kind=$2
+    case $kind in
+        '?') ;;
+        *'|'*) _ktl_words "$typed" "${kind//|/ }" ;;
+        *) _ktl_files "$typed" "$kind" ;;
+    esac
+}
+
+_ktl()
+{
+    local typed=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
+    if [[ $typed == = ]]; then # "--csv=pdo" comes as three words
+        typed=
+    elif [[ $before == = ]]; then
+        before=${COMP_WORDS[COMP_CWORD - 2]}
+    fi
+    COMPREPLY=()
+
+    if [[ $COMP_CWORD -eq 1 ]]; then
+        _ktl_words "$typed" "${_ktl_sub_commands[@]%% *}" --help --version
+        return
+    fi
+    local row endings options option
+    for row in "${_ktl_sub_commands[@]}"; do
+        [[ $row == "${COMP_WORDS[1]} "* ]] || continue
+        read -ra options <<<"$row"
+        endings=${options[1]}
+        options=("${options[@]:2}")
+        for option in "${options[@]}"; do
+            if [[ $option == "$before="* ]]; then
+                _ktl_values "$typed" "${option#*=}"
+                return
+            fi
+        done
+        if [[ $typed == -* ]]; then
+            _ktl_words "$typed" "${options[@]%%=*}"
+        else
+            _ktl_files "$typed" "$endings"
+        fi
+    done
+}
+
+complete -o filenames -F _ktl ktl
