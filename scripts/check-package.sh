@@ -75,6 +75,9 @@ check_mime_types()
     mkdir -p "$packages"
     cp /usr/share/mime/packages/freedesktop.org.xml "$share/mime/packages/kinetra.xml" "$packages"
     XDG_DATA_DIRS=$work/data update-mime-database "$work/data/mime"
+    # What is asked below looks for magic only; others look for the root element.
+    grep -Fqx ' EtherCATInfo application/x-ethercat-esi+xml' "$work/data/mime/XMLnamespaces" ||
+        fail 'The root element of an ESI file is not registered.'
 
     for sample in samples/*.xml; do
         cp "$sample" "$work/esi"

@@ -10,19 +10,22 @@ fail()
     exit 1
 }
 
-# Runs a command as an ordinary user whose home and working folder is $home.
+# as_user SECONDS COMMAND...: runs it as an ordinary user whose home is $home. When the time is over it is ended, and
+# the status is 124.
 as_user()
 {
-    runuser -u nobody -- env HOME="$home" XDG_RUNTIME_DIR="$home" QT_QPA_PLATFORM=offscreen "$@"
+    runuser -u nobody -- env HOME="$home" XDG_RUNTIME_DIR="$home" QT_QPA_PLATFORM=offscreen timeout "$@"
 }
 
 check_command()
 {
-    local version
+    local version needed
+    needed=$(ldd /usr/bin/ktl)
+    [[ $needed != *'not found'* ]] || fail "Libraries of ktl are missing: $needed"
+    [[ $needed != *libQt5Widgets* ]] || fail 'ktl needs Qt Widgets.'
     version=$(dpkg-query --show --showformat='${source:Upstream-Version}' kinetra)
-    [[ $(as_user ktl --version) == *"$version" ]] || fail "ktl does not name the version of the package, $version."
-    [[ $(ldd /usr/bin/ktl) != *libQt5Widgets* ]] || fail 'ktl needs Qt Widgets.'
-    as_user ktl convert /usr/share/doc/kinetra/samples/{io-block,servo-drive}.xml -o machine.ktl
+    [[ $(as_user 20 ktl --version) == *"$version" ]] || fail "ktl does not name the version of the package, $version."
+    as_user 20 ktl convert /usr/share/doc/kinetra/samples/{io-block,servo-drive}.xml -o machine.ktl
     [[ -s machine.ktl && -s machine.ktl.txt ]] || fail 'ktl convert wrote nothing.'
 }
 
@@ -30,7 +33,7 @@ check_command()
 check_workbench()
 {
     local status=0
-    as_user timeout 5 kinetra || status=$?
+    as_user 5 kinetra || status=$?
     [[ $status -eq 124 ]] || fail "The workbench ended by itself, with status $status."
 }
 
