@@ -100,7 +100,8 @@ distribution_sources()
 
 check_in_clean_system()
 {
-    local distribution release options=(--variant=apt --format=null --quiet) setting
+    # What is thrown away need not be safe on the disk at every step.
+    local options=(--variant=apt --format=null --quiet --dpkgopt=force-unsafe-io) distribution release setting
     # shellcheck source=/dev/null
     read -r distribution release < <(source /etc/os-release && printf '%s %s\n' "$ID" "$VERSION_CODENAME")
     distribution_sources >"$work/sources.list"
