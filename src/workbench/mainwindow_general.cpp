@@ -1,16 +1,14 @@
 // mainwindow_general.cpp - the General tab: identity, device type and operation modes; the about box.
 #include "workbench/mainwindow.h"
 
+#include "editing/deviceEdits.h"
 #include "editing/deviceTypeTexts.h"
-#include "esi/derivation/driveAxes.h"
 #include "esi/xmlCharConversion.h"
 #include "model/deviceType.h"
 #include "model/version.h"
 #include "workbench/messages.h"
 
 #include "ui_mainwindow.h"
-
-#include <utility>
 
 void MainWindow::showIdentity(const struct_FilenameDevice& file, const struct_EtherCatDevice& device)
 {
@@ -39,10 +37,9 @@ void MainWindow::showDeviceType(struct_EtherCatDevice& device)
     ui->comboBox_DeviceType->setCurrentIndex(ui->comboBox_DeviceType->findData(device.m_iDeviceType, Qt::UserRole));
     const bool isMultiDriver = device.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver;
     ui->DriveAxies->setEnabled(isMultiDriver);
-    if (isMultiDriver) {
-        device.m_iDriveAxies = driveAxes;
+    keepDriveAxes(device, driveAxes);
+    if (isMultiDriver)
         ui->DriveAxies->setText(xmlGetStringuint(driveAxes));
-    }
 }
 
 /// Lists the operation modes, the chosen one first, and shows what the chosen one activates.
@@ -76,7 +73,7 @@ void MainWindow::on_comboBox_DeviceType_currentIndexChanged(int index)
     struct_EtherCatDevice* device = selectedDevice();
     if (device == nullptr || index < 0)
         return;
-    device->m_iDeviceType = static_cast<std::uint16_t>(ui->comboBox_DeviceType->itemData(index).toUInt());
+    setDeviceType(*device, static_cast<std::uint16_t>(ui->comboBox_DeviceType->itemData(index).toUInt()));
     if (device->m_iDeviceType == KTL_DEVICE_TYPE_ManualIOBlock && device->Slots.Attributes.DownloadModuleIdentList) {
         warn(this, fileMatters(), moduleListAdvice(*device));
         device = selectedDevice(); // the box has run the event loop
@@ -84,7 +81,6 @@ void MainWindow::on_comboBox_DeviceType_currentIndexChanged(int index)
             return;
     }
     ui->DriveAxies->setEnabled(device->m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver);
-    device->m_iDriveAxies = axesOfType(*device);
     ui->DriveAxies->setText(xmlGetStringuint(device->m_iDriveAxies));
     device_information_display(ui->DeviceTree->currentItem(), 0); // modules and commands depend on the type
 }
@@ -94,8 +90,7 @@ void MainWindow::on_DriveAxies_editingFinished()
     struct_EtherCatDevice* const device = selectedDevice();
     if (device == nullptr)
         return;
-    const bool isMultiDriver = device->m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver;
-    device->m_iDriveAxies = isMultiDriver ? static_cast<std::uint16_t>(toUint(ui->DriveAxies->text())) : 0;
+    setDriveAxes(*device, toUint(ui->DriveAxies->text()));
     ui->DriveAxies->setText(xmlGetStringuint(device->m_iDriveAxies));
 }
 
@@ -104,13 +99,10 @@ void MainWindow::on_comboBox_Dc_currentIndexChanged(int index)
     struct_EtherCatDevice* const device = selectedDevice();
     if (device == nullptr || index < 0)
         return;
-    const std::size_t position = ui->comboBox_Dc->itemData(index, Qt::UserRole).toUInt();
-    if (position >= device->vopmode.size()) {
+    if (!chooseOperationMode(*device, ui->comboBox_Dc->itemData(index, Qt::UserRole).toUInt())) {
         warn(this, fileMatters(), tr("超出DC选择范围 %1:\n").arg(QString::fromStdString(device->Name)));
         return;
     }
-    // The first mode is the chosen one. Nothing else remembers the choice, and the exported file holds this order.
-    std::swap(device->vopmode.front(), device->vopmode[position]);
     showOperationModes(*device);
 }
 

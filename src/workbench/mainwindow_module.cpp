@@ -2,27 +2,17 @@
 #include "workbench/mainwindow.h"
 
 #include "editing/deviceTypeTexts.h"
+#include "editing/moduleEdits.h"
 #include "editing/slotPlaces.h"
 #include "esi/derivation/moduleInSlot.h"
 #include "esi/derivation/startupCommands.h"
 #include "esi/xmlCharConversion.h"
-#include "model/deviceType.h"
 #include "workbench/messages.h"
 #include "workbench/tableViews.h"
 
 #include "ui_mainwindow.h"
 
 namespace {
-
-/// Why modules cannot be put in or taken out by hand, empty if they can.
-QString refusalOf(std::uint16_t deviceType)
-{
-    if (deviceType <= KTL_DEVICE_TYPE_SingleDriver)
-        return MainWindow::tr("当前设备配置成类型1或类型2，此设备类型不存在模块，请检查设备类型配置是否正确");
-    if (deviceType == KTL_DEVICE_TYPE_PnpIOBlock)
-        return MainWindow::tr("当前设备配置成类型4，不需要手动插入模块预配置，如果需要预配置模块信息，请配置成类型6");
-    return {};
-}
 
 QTreeWidgetItem* groupItem(const struct_commentmodule& group)
 {
@@ -151,7 +141,7 @@ void MainWindow::on_ModuleTree_currentItemChanged(QTreeWidgetItem* current, QTre
 /// Whether modules of the device can be put in and taken out by hand; if not the user is told why.
 bool MainWindow::takesModules(const struct_EtherCatDevice& device)
 {
-    const QString refusal = refusalOf(device.m_iDeviceType);
+    const QString refusal = moduleRefusal(device.m_iDeviceType);
     if (!refusal.isEmpty())
         warn(this, refusedActions(), refusal);
     return refusal.isEmpty();
@@ -172,14 +162,10 @@ void MainWindow::on_InsertModule_clicked()
     device = selectedDevice(); // a box has run the event loop
     if (device == nullptr)
         return;
-    const struct_module module = moduleOf(moduleIndex);
-    if (struct_Slot* slot = slotAt(device->Slots, place.row())) {
-        if (!acceptsModule(*slot, module.TypeAttributes.ModuleIdent)) {
-            warn(this, refusedActions(),
-                 tr("当前模块不能插入模块到当前槽 %1:\n").arg(QString::fromStdString(module.Name)));
-            return;
-        }
-        putModule(*slot, place.row(), module);
+    const QString refusal = insertModule(*device, place.row(), moduleOf(moduleIndex));
+    if (!refusal.isEmpty()) {
+        warn(this, refusedActions(), refusal);
+        return;
     }
     refreshModules();
 }
@@ -192,8 +178,7 @@ void MainWindow::on_DeleteModule_clicked()
     const QModelIndex place = ui->ModuleView->currentIndex();
     if (!warnUnless(place.isValid() && !device->Slots.vslot.empty(), tr("Select valid slot\n")))
         return;
-    if (struct_Slot* slot = slotAt(device->Slots, place.row()))
-        takeModule(*slot, place.row());
+    removeModule(*device, place.row());
     refreshModules();
 }
 

@@ -1,8 +1,8 @@
 // mainwindow_tree.cpp - the device tree: filling, selecting, checking and deleting.
 #include "workbench/mainwindow.h"
 
+#include "editing/deviceEdits.h"
 #include "esi/xmlCharConversion.h"
-#include "model/deviceType.h"
 #include "workbench/checkState.h"
 #include "workbench/tableViews.h"
 
@@ -88,9 +88,7 @@ void MainWindow::showDevice()
     device_startup_display();
     device_fmmu_display();
     device_sm_display();
-    // Only couplers that find their modules by themselves, and special devices, have module indexes to enter.
-    enableModuleIndexes(device.m_iDeviceType > KTL_DEVICE_TYPE_MultiDriver
-                        && device.m_iDeviceType != KTL_DEVICE_TYPE_ManualIOBlock);
+    enableModuleIndexes(takesModuleIndexes(device.m_iDeviceType));
 }
 
 void MainWindow::enableModuleIndexes(bool enable)
@@ -102,11 +100,8 @@ void MainWindow::enableModuleIndexes(bool enable)
 /// Saves the module index fields: the only way by which these two edits reach the model.
 void MainWindow::device_switch_event()
 {
-    struct_EtherCatDevice* device = selectedDevice();
-    if (device == nullptr)
-        return;
-    device->configindex = static_cast<std::uint16_t>(toUint(ui->ConfigModuleEdit->text()));
-    device->detectindex = static_cast<std::uint16_t>(toUint(ui->DetectModuleEdit->text()));
+    if (struct_EtherCatDevice* device = selectedDevice())
+        setModuleIndexes(*device, toUint(ui->ConfigModuleEdit->text()), toUint(ui->DetectModuleEdit->text()));
 }
 
 void MainWindow::Device_Information_UIClear()

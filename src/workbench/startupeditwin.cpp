@@ -1,6 +1,7 @@
 #include "workbench/startupeditwin.h"
 
 #include "editing/startupRows.h"
+#include "editing/startupValues.h"
 #include "esi/xmlCharConversion.h"
 #include "model/startupAccess.h"
 #include "workbench/editorWindow.h"
@@ -52,11 +53,8 @@ template<typename Command> void Startupeditwin::fillForm(const Command& command)
 /// The values of a complete access stay as they were. Pinned by tst_StartupEditor::numberForms.
 template<typename Command> void Startupeditwin::save(Command& command) const
 {
-    indexOf(command) = static_cast<std::uint16_t>(toUint(ui->Index->text()));
-    command.SubIndex = static_cast<decltype(command.SubIndex)>(ui->SubIndex->text().toUInt());
-    command.DataBytes = static_cast<std::uint16_t>(ui->Datalen->text().toUInt());
-    command.Data = ui->Data->text().toUInt();
-    command.strData = xmlGetStringuint(command.Data).toStdString();
+    setStartupValues(command, {toUint(ui->Index->text()), ui->SubIndex->text().toUInt(), ui->Datalen->text().toUInt(),
+                               ui->Data->text().toUInt()});
 }
 
 void Startupeditwin::on_StartupSavebutton_clicked()

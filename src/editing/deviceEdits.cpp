@@ -1,0 +1,93 @@
+#include "editing/deviceEdits.h"
+
+#include "editing/deviceTypeTexts.h"
+#include "esi/derivation/driveAxes.h"
+#include "esi/derivation/moduleInSlot.h"
+#include "esi/derivation/smLengths.h"
+#include "esi/derivation/startupCommands.h"
+#include "model/missingSyncManager.h"
+#include "model/pdoAccess.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace {
+
+bool isInTypeList(std::uint16_t type)
+{
+    return std::any_of(std::begin(deviceTypeTexts), std::end(deviceTypeTexts),
+                       [type](const DeviceTypeText& entry) { return entry.type == type; });
+}
+
+} // namespace
+
+void setDeviceType(struct_EtherCatDevice& device, std::uint16_t type)
+{
+    device.m_iDeviceType = type;
+    device.m_iDriveAxies = axesOfType(device);
+}
+
+void keepDriveAxes(struct_EtherCatDevice& device, std::uint16_t axes)
+{
+    if (device.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver)
+        device.m_iDriveAxies = axes;
+}
+
+void setDriveAxes(struct_EtherCatDevice& device, std::uint32_t axes)
+{
+    const bool isMultiDriver = device.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver;
+    device.m_iDriveAxies = isMultiDriver ? static_cast<std::uint16_t>(axes) : 0;
+}
+
+bool chooseOperationMode(struct_EtherCatDevice& device, std::size_t position)
+{
+    if (position >= device.vopmode.size())
+        return false;
+    // The first mode is the chosen one. Nothing else remembers the choice, and the exported file holds this order.
+    std::swap(device.vopmode.front(), device.vopmode[position]);
+    return true;
+}
+
+bool takesModuleIndexes(std::uint16_t deviceType)
+{
+    return deviceType > KTL_DEVICE_TYPE_MultiDriver && deviceType != KTL_DEVICE_TYPE_ManualIOBlock;
+}
+
+void setModuleIndexes(struct_EtherCatDevice& device, std::uint32_t configuration, std::uint32_t detection)
+{
+    device.configindex = static_cast<std::uint16_t>(configuration);
+    device.detectindex = static_cast<std::uint16_t>(detection);
+}
+
+void renewModuleData(struct_EtherCatDevice& device)
+{
+    onDevice(device, [&] {
+        rebuildModuleLists(device);
+        appendModuleStartup(device, atEditTime);
+        updateProcessDataLengths(device);
+    });
+}
+
+void DeviceSelection::select(struct_EtherCatDevice& device)
+{
+    if (m_shownType != device.m_iDeviceType) {
+        const std::uint16_t axes = device.m_iDriveAxies;
+        const bool hasEntry = isInTypeList(device.m_iDeviceType);
+        m_shownType = hasEntry ? device.m_iDeviceType : -1;
+        if (hasEntry)
+            setDeviceType(device, device.m_iDeviceType);
+        keepDriveAxes(device, axes);
+    }
+    renewModuleData(device);
+}
+
+bool DeviceSelection::chooseType(struct_EtherCatDevice& device, std::uint16_t type)
+{
+    if (m_shownType == type)
+        return false;
+    m_shownType = type;
+    setDeviceType(device, type);
+    renewModuleData(device);
+    return true;
+}

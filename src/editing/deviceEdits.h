@@ -1,0 +1,57 @@
+// deviceEdits.h - what selecting a device does to it, and the settings of the General tab.
+#pragma once
+
+#include "model/deviceRecords.h"
+
+#include <cstddef>
+#include <cstdint>
+
+/// Gives a device a type, and the drive axes that go with it. What its modules bring in follows the type only when
+/// `renewModuleData` runs.
+void setDeviceType(struct_EtherCatDevice& device, std::uint16_t type);
+
+/// Gives a multi-axis drive back the axes that it had before the list of device types was set to its entry; another
+/// type is left as it is.
+void keepDriveAxes(struct_EtherCatDevice& device, std::uint16_t axes);
+
+/// Sets the drive axes, in 16 bits. Only a multi-axis drive has axes to set: every other type takes 0.
+void setDriveAxes(struct_EtherCatDevice& device, std::uint32_t axes);
+
+/// Chooses an operation mode: it changes places with the first one, which is the chosen one.
+/// @param position  in `vopmode` as it stands now
+/// @return  false, with nothing changed, if there are not so many modes
+[[nodiscard]] bool chooseOperationMode(struct_EtherCatDevice& device, std::size_t position);
+
+/// Whether a device of that type has module indexes to enter: only couplers that find their modules by themselves, and
+/// special devices.
+[[nodiscard]] bool takesModuleIndexes(std::uint16_t deviceType);
+
+/// Sets the object indexes of module configuration and detection, each in 16 bits.
+void setModuleIndexes(struct_EtherCatDevice& device, std::uint32_t configuration, std::uint32_t detection);
+
+/// Makes anew whatever follows from the modules in the slots: what they bring into the device, the startup commands of
+/// the module list, and the lengths of the sync managers. Manual changes of module commands are lost.
+/// @throws MissingSyncManager, a std::out_of_range, if a PDO names a sync manager that the device does not declare
+void renewModuleData(struct_EtherCatDevice& device);
+
+/// Selects devices one after the other as clicks in the device tree do, without a window.
+class DeviceSelection
+{
+public:
+    /// Does to a device what selecting it does: the list of device types moves to its type, and the module data is made
+    /// anew.
+    /// ODD, KEPT: a device of the type at which the list stands keeps its drive axes, and so does a multi-axis drive;
+    /// any other one takes those of its type. One would expect that looking at a device changes nothing, but files in
+    /// the field were exported after such a look. Pinned by tst_DeviceEdits::axesOfSelection.
+    /// @throws MissingSyncManager as `renewModuleData`
+    void select(struct_EtherCatDevice& device);
+
+    /// Chooses a type for the device that was selected last. The entry at which the list stands is no choice: nothing
+    /// changes then.
+    /// @return  whether the device has changed
+    /// @throws MissingSyncManager as `renewModuleData`
+    bool chooseType(struct_EtherCatDevice& device, std::uint16_t type);
+
+private:
+    int m_shownType = 0; ///< entry of the list of device types, which starts at its first one; -1 for none
+};

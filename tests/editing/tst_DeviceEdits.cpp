@@ -1,0 +1,247 @@
+// What selecting a device does to it, and the settings of the General tab, without a window.
+#include "editing/deviceEdits.h"
+#include "editing/startupValues.h"
+#include "model/missingSyncManager.h"
+#include "workbench/modelBuilders.h"
+#include "workbench/pdoBuilders.h"
+
+#include <QtTest>
+
+class tst_DeviceEdits : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    static void axesOfSelection_data();
+    static void axesOfSelection();
+    static void chosenType_data();
+    static void chosenType();
+    static void entryThatIsCurrent();
+    static void typedAxes_data();
+    static void typedAxes();
+    static void operationModes_data();
+    static void operationModes();
+    static void moduleIndexes();
+    static void typesWithModuleIndexes_data();
+    static void typesWithModuleIndexes();
+    static void moduleDataIsMadeAnew();
+    static void missingSyncManager();
+    static void startupValues();
+};
+
+/// A device with four slots, two of them named as axes; without slot groups all four count.
+static struct_EtherCatDevice deviceWithSlots(int type, std::uint16_t axes)
+{
+    struct_EtherCatDevice device = deviceOfType(type);
+    device.m_iDriveAxies = axes;
+    device.Slots.vslot.resize(4);
+    return device;
+}
+
+void tst_DeviceEdits::axesOfSelection_data()
+{
+    QTest::addColumn<int>("before"); // type of the device that was selected before, -1 for none
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("axes");
+    QTest::addRow("the list starts at the first type") << -1 << 0 << 7;
+    QTest::addRow("a single drive has one") << -1 << 1 << 1;
+    QTest::addRow("a multi-axis drive keeps its axes") << -1 << 2 << 7;
+    QTest::addRow("a coupler has none") << -1 << 3 << 0;
+    QTest::addRow("a special device has none") << -1 << 4 << 0;
+    QTest::addRow("a preset coupler has none") << -1 << 5 << 0;
+    QTest::addRow("the list stands at the type already") << 4 << 4 << 7;
+    QTest::addRow("the list comes back to the first type") << 4 << 0 << 0;
+    QTest::addRow("a type that the list does not have") << 4 << 6 << 7;
+}
+
+void tst_DeviceEdits::axesOfSelection()
+{
+    QFETCH(int, before);
+    QFETCH(int, type);
+    QFETCH(int, axes);
+    DeviceSelection selection;
+    struct_EtherCatDevice earlier = deviceOfType(before);
+    if (before >= 0)
+        selection.select(earlier);
+    struct_EtherCatDevice device = deviceWithSlots(type, 7);
+    selection.select(device);
+    QCOMPARE(int(device.m_iDriveAxies), axes);
+    QCOMPARE(int(device.m_iDeviceType), type);
+}
+
+void tst_DeviceEdits::chosenType_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("axes");
+    QTest::addRow("block") << 0 << 0;
+    QTest::addRow("single drive") << 1 << 1;
+    QTest::addRow("multi-axis drive counts its slots") << 2 << 4;
+    QTest::addRow("coupler") << 3 << 0;
+    QTest::addRow("special") << 4 << 0;
+}
+
+void tst_DeviceEdits::chosenType()
+{
+    QFETCH(int, type);
+    QFETCH(int, axes);
+    DeviceSelection selection;
+    struct_EtherCatDevice device = deviceWithSlots(5, 7);
+    selection.select(device);
+    QVERIFY(selection.chooseType(device, static_cast<std::uint16_t>(type)));
+    QCOMPARE(int(device.m_iDeviceType), type);
+    QCOMPARE(int(device.m_iDriveAxies), axes);
+}
+
+void tst_DeviceEdits::entryThatIsCurrent()
+{
+    DeviceSelection selection;
+    struct_EtherCatDevice device = deviceWithSlots(2, 7);
+    selection.select(device);
+    QVERIFY(!selection.chooseType(device, 2));
+    QCOMPARE(int(device.m_iDriveAxies), 7); // not counted by the slots
+}
+
+void tst_DeviceEdits::typedAxes_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<unsigned int>("typed");
+    QTest::addColumn<int>("axes");
+    QTest::addRow("multi-axis drive") << 2 << 3U << 3;
+    QTest::addRow("16 bits are held") << 2 << 0x10005U << 5;
+    QTest::addRow("single drive has none to set") << 1 << 3U << 0;
+    QTest::addRow("special device") << 4 << 3U << 0;
+}
+
+void tst_DeviceEdits::typedAxes()
+{
+    QFETCH(int, type);
+    QFETCH(unsigned int, typed);
+    QFETCH(int, axes);
+    struct_EtherCatDevice device = deviceWithSlots(type, 7);
+    setDriveAxes(device, typed);
+    QCOMPARE(int(device.m_iDriveAxies), axes);
+}
+
+void tst_DeviceEdits::operationModes_data()
+{
+    QTest::addColumn<int>("position");
+    QTest::addColumn<bool>("isChosen");
+    QTest::addColumn<QString>("modes");
+    QTest::addRow("first stays") << 0 << true << "abc";
+    QTest::addRow("second") << 1 << true << "bac";
+    QTest::addRow("third changes places with the first") << 2 << true << "cba";
+    QTest::addRow("there is no fourth") << 3 << false << "abc";
+}
+
+void tst_DeviceEdits::operationModes()
+{
+    QFETCH(int, position);
+    QFETCH(bool, isChosen);
+    QFETCH(QString, modes);
+    struct_EtherCatDevice device;
+    for (const char* name : {"a", "b", "c"}) {
+        device.vopmode.emplace_back();
+        device.vopmode.back().Name = name;
+    }
+    QCOMPARE(chooseOperationMode(device, std::size_t(position)), isChosen);
+    QString order;
+    for (const Struct_DCOpMode& mode : device.vopmode)
+        order += QString::fromStdString(mode.Name);
+    QCOMPARE(order, modes);
+}
+
+void tst_DeviceEdits::moduleIndexes()
+{
+    struct_EtherCatDevice device;
+    setModuleIndexes(device, 0x1F030, 0x1F050); // 16 bits are held
+    QCOMPARE(int(device.configindex), 0xF030);
+    QCOMPARE(int(device.detectindex), 0xF050);
+}
+
+void tst_DeviceEdits::typesWithModuleIndexes_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<bool>("takes");
+    for (const int type : {0, 1, 2, 5})
+        QTest::addRow("type %d has none", type) << type << false;
+    for (const int type : {3, 4})
+        QTest::addRow("type %d has them", type) << type << true;
+}
+
+void tst_DeviceEdits::typesWithModuleIndexes()
+{
+    QFETCH(int, type);
+    QFETCH(bool, takes);
+    QCOMPARE(takesModuleIndexes(static_cast<std::uint16_t>(type)), takes);
+}
+
+/// A special device with one slot, in which a module with an output of 3 bytes stands on the only sync manager.
+static struct_EtherCatDevice deviceWithModule()
+{
+    struct_EtherCatDevice device = deviceOfType(4);
+    device.Slots.vslot = {slotNamed("A", 1)};
+    struct_module module = moduleWithPdos("IO", 1);
+    module.TxPdo.vpdo.clear();
+    module.RxPdo.vpdo[0].Attributes.SM = 0;
+    module.RxPdo.vpdo[0].size = 3.0F;
+    device.Slots.vslot[0].slotmodule = {standing(0, module)};
+    device.vSM.resize(1);
+    device.vSM[0].Smtype = 3;
+    device.vSM[0].Length = 99.0F;
+    device.Mailbox.COE.Attributes.PdoAssign = true;
+    return device;
+}
+
+void tst_DeviceEdits::moduleDataIsMadeAnew()
+{
+    struct_EtherCatDevice device = deviceWithModule();
+    device.mMailbox.COE.vinitcmd.resize(9); // of load time
+    renewModuleData(device);
+    QCOMPARE(device.mRxPdo.mpdo.size(), std::size_t(1));
+    QCOMPARE(device.mMailbox.COE.vinitcmd.size(), std::size_t(2)); // the assignment of one PDO, and their number
+    QCOMPARE(device.vSM[0].Length, 3.0F);
+    renewModuleData(device);
+    QCOMPARE(device.mMailbox.COE.vinitcmd.size(), std::size_t(2));
+    QCOMPARE(device.vSM[0].Length, 3.0F);
+}
+
+void tst_DeviceEdits::missingSyncManager()
+{
+    struct_EtherCatDevice device = deviceWithModule();
+    device.Name = "Coupler";
+    device.vSM.clear();
+    try {
+        renewModuleData(device);
+        QFAIL("no error is thrown");
+    } catch (const MissingSyncManager& error) {
+        QCOMPARE(error.device(), std::string("Coupler"));
+        QCOMPARE(int(error.pdoIndex()), 0x1600);
+    }
+}
+
+void tst_DeviceEdits::startupValues()
+{
+    struct_InitCmd own;
+    own.Comment = "stays";
+    own.bIfCA = 1;
+    setStartupValues(own, {0x12010, 0x107, 0x10002, 0xFFFFFFFF});
+    QCOMPARE(int(own.Index), 0x2010);
+    QCOMPARE(int(own.SubIndex), 7); // 8 bits
+    QCOMPARE(int(own.DataBytes), 2);
+    QCOMPARE(own.Data, 0xFFFFFFFFU);
+    QCOMPARE(own.strData, std::string("0xffffffff"));
+    QCOMPARE(own.Comment, std::string("stays"));
+    QCOMPARE(int(own.bIfCA), 1);
+
+    struct_moduleInitCmd ofModule;
+    setStartupValues(ofModule, {0x2010, 0x10107, 2, 10});
+    QCOMPARE(int(ofModule.SubIndex), 0x107); // 16 bits
+    const StartupValues values = startupValuesOf(ofModule);
+    QCOMPARE(values.index, 0x2010U);
+    QCOMPARE(values.subIndex, 0x107U);
+    QCOMPARE(values.dataBytes, 2U);
+    QCOMPARE(values.data, 10U);
+}
+
+QTEST_GUILESS_MAIN(tst_DeviceEdits)
+#include "tst_DeviceEdits.moc"

@@ -1,0 +1,113 @@
+// Modules put in and taken out by hand, and why they are refused, without a window.
+#include "editing/moduleEdits.h"
+#include "workbench/modelBuilders.h"
+#include "workbench/pdoBuilders.h"
+
+#include <QtTest>
+
+class tst_ModuleEdits : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    static void refusedTypes_data();
+    static void refusedTypes();
+    static void putIn_data();
+    static void putIn();
+    static void takenOut_data();
+    static void takenOut();
+};
+
+void tst_ModuleEdits::refusedTypes_data()
+{
+    const QString noModules = "当前设备配置成类型1或类型2，此设备类型不存在模块，请检查设备类型配置是否正确";
+    const QString foundAtPowerOn =
+        "当前设备配置成类型4，不需要手动插入模块预配置，如果需要预配置模块信息，请配置成类型6";
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("refusal");
+    QTest::addRow("block") << 0 << noModules;
+    QTest::addRow("single drive") << 1 << noModules;
+    QTest::addRow("multi-axis drive") << 2 << QString();
+    QTest::addRow("coupler that finds its modules") << 3 << foundAtPowerOn;
+    QTest::addRow("special") << 4 << QString();
+    QTest::addRow("preset coupler") << 5 << QString();
+}
+
+void tst_ModuleEdits::refusedTypes()
+{
+    QFETCH(int, type);
+    QFETCH(QString, refusal);
+    QCOMPARE(moduleRefusal(static_cast<std::uint16_t>(type)), refusal);
+}
+
+/// Two slots: "A" has places 0 and 1 and takes any module, "B" has place 2 and takes the ident 0x20 only.
+static struct_EtherCatDevice deviceWithTwoSlots()
+{
+    struct_EtherCatDevice device = deviceOfType(4);
+    device.Slots.vslot = {slotNamed("A", 2), slotNamed("B", 1, {0x20})};
+    device.Slots.vslot[0].slotmodule = {standing(0, moduleNamed("old", 1))};
+    device.Slots.vslot[1].slotmodule = {standing(0, moduleNamed("default by slot number", 2))};
+    return device;
+}
+
+/// The modules of all slots as "slot place name".
+static QStringList modulesOf(const struct_EtherCatDevice& device)
+{
+    QStringList modules;
+    for (const struct_Slot& slot : device.Slots.vslot)
+        for (const struct_slotmodule& placed : slot.slotmodule)
+            modules += QStringLiteral("%1 %2 %3")
+                           .arg(QString::fromStdString(slot.Name), QString::number(placed.Instances),
+                                QString::fromStdString(placed.module.Name));
+    return modules;
+}
+
+void tst_ModuleEdits::putIn_data()
+{
+    const QString unchanged = "A 0 old,B 0 default by slot number";
+    QTest::addColumn<int>("place");
+    QTest::addColumn<unsigned int>("ident");
+    QTest::addColumn<QString>("refusal");
+    QTest::addColumn<QString>("modules");
+    QTest::addRow("into an empty place") << 1 << 5U << ""
+                                         << "A 0 old,A 1 new,B 0 default by slot number";
+    QTest::addRow("in place of another") << 0 << 5U << ""
+                                         << "A 0 new,B 0 default by slot number";
+    QTest::addRow("an ident that the slot names") << 2 << 0x20U << ""
+                                                  << "A 0 old,B 0 default by slot number,B 2 new";
+    QTest::addRow("one that it does not name") << 2 << 5U << "当前模块不能插入模块到当前槽 new:\n" << unchanged;
+    QTest::addRow("behind the last place") << 3 << 5U << "" << unchanged;
+}
+
+void tst_ModuleEdits::putIn()
+{
+    QFETCH(int, place);
+    QFETCH(unsigned int, ident);
+    QFETCH(QString, refusal);
+    QFETCH(QString, modules);
+    struct_EtherCatDevice device = deviceWithTwoSlots();
+    QCOMPARE(insertModule(device, place, moduleNamed("new", ident)), refusal);
+    QCOMPARE(modulesOf(device).join(','), modules);
+}
+
+void tst_ModuleEdits::takenOut_data()
+{
+    QTest::addColumn<int>("place");
+    QTest::addColumn<QString>("modules");
+    QTest::addRow("module") << 0 << "B 0 default by slot number";
+    QTest::addRow("empty place") << 1 << "A 0 old,B 0 default by slot number";
+    QTest::addRow("a default module bears another number than its place") << 2 << "A 0 old,B 0 default by slot number";
+    QTest::addRow("behind the last place") << 3 << "A 0 old,B 0 default by slot number";
+}
+
+void tst_ModuleEdits::takenOut()
+{
+    QFETCH(int, place);
+    QFETCH(QString, modules);
+    struct_EtherCatDevice device = deviceWithTwoSlots();
+    removeModule(device, place);
+    QCOMPARE(modulesOf(device).join(','), modules);
+}
+
+QTEST_GUILESS_MAIN(tst_ModuleEdits)
+#include "tst_ModuleEdits.moc"
