@@ -1,5 +1,6 @@
 #include "cli/convertCommand.h"
 
+#include "cli/choices/choicesFile.h"
 #include "cli/deviceSelectors.h"
 #include "cli/exportTime.h"
 #include "cli/inputFile.h"
@@ -24,6 +25,7 @@ const SubCommandText convertText{
     QLatin1String("  ktl convert drive.xml\n"
                   "  ktl convert drive.xml coupler.xml -o machine.ktl --force\n"
                   "  ktl convert terminals.xml -o one.ktl --device 0x7e570003:0x16160001\n"
+                  "  ktl convert drive.xml -o machine.ktl --choices choices.json\n"
                   "  ktl convert drive.xml -o machine.ktl --append --date 2026-11-21T10:00:00Z\n"),
 };
 
@@ -33,6 +35,7 @@ const QString outputOption = QStringLiteral("output");
 const QString appendSwitch = QStringLiteral("append");
 const QString forceSwitch = QStringLiteral("force");
 const QString deviceOption = QStringLiteral("device");
+const QString choicesOption = QStringLiteral("choices");
 const QString dateOption = QStringLiteral("date");
 const QString strictSwitch = QStringLiteral("strict");
 
@@ -48,6 +51,10 @@ QList<QCommandLineOption> convertOptions()
          QStringLiteral("Takes this device only; may be given several times. A number (from 1, over all files), a "
                         "name, or VENDOR:PRODUCT[:REVISION]."),
          QStringLiteral("SELECTOR")},
+        {choicesOption,
+         QStringLiteral("What an engineer would set in the workbench, from a JSON file; - for standard input. \"ktl "
+                        "choices\" writes a template."),
+         QStringLiteral("FILE")},
         {dateOption,
          QStringLiteral("Time of the export that the file shows. Without it SOURCE_DATE_EPOCH counts, or now."),
          QStringLiteral("ISO-TIME")},
@@ -74,13 +81,17 @@ QString problemOf(const CommandLine& line)
         return QStringLiteral("the output \"%1\" is no name of a file").arg(output);
     if (!line.isSet(outputOption) && line.operands().contains(QStringLiteral("-")))
         return QStringLiteral("standard input has no name to make one for the output from; -o is needed");
+    if (line.values(choicesOption).size() > 1)
+        return QStringLiteral("--choices can be given once only");
+    if (line.operands().contains(QStringLiteral("-")) && isStandardInput(line.value(choicesOption)))
+        return QStringLiteral("standard input can be read once only");
     return {};
 }
 
 /// Whether the output may be written, before anything is done; tells if not.
 bool mayWrite(const CommandLine& line, const QString& output, Messages& messages)
 {
-    for (const QString& input : line.operands())
+    for (const QString& input : line.operands() + line.values(choicesOption))
         if (isSameFile(input, output)) {
             messages.error(input, QStringLiteral("the output would replace this file"));
             return false;
@@ -131,6 +142,8 @@ ExitCode convert(const CommandLine& line, const QDateTime& exportTime, Messages&
     if (!output.isEmpty() && !mayWrite(line, output, messages))
         return messages.exitCode();
     if (!loadEsiFiles(line.operands(), messages))
+        return messages.exitCode();
+    if (line.isSet(choicesOption) && !applyChoicesFile(line.value(choicesOption), g_xmlfiledevices, messages))
         return messages.exitCode();
     const auto devices = selectedDevices(line.values(deviceOption), g_xmlfiledevices, messages);
     if (!devices.has_value())

@@ -1,4 +1,5 @@
 // main.cpp - `ktl`, the companion command for build servers: the engine of the workbench without a window.
+#include "cli/choicesCommand.h"
 #include "cli/convertCommand.h"
 #include "cli/dumpCommand.h"
 #include "esi/lastWords.h"
@@ -22,6 +23,7 @@ struct SubCommand
 
 constexpr SubCommand subCommands[] = {
     {&convertText, runConvert},
+    {&choicesText, runChoices},
     {&dumpText, runDump},
 };
 
@@ -45,7 +47,7 @@ void tellHelp(std::ostream& out)
            "Exit status: 0 done, 1 done with warnings where --strict is given, 2 input or arguments that cannot be\n"
            "used.\n\n"
            "Examples:\n"
-        << convertText.examples.latin1() << dumpText.examples.latin1();
+        << convertText.examples.latin1() << choicesText.examples.latin1() << dumpText.examples.latin1();
 }
 
 ExitCode run(const QStringList& arguments, Console& console)

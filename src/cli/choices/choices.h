@@ -1,0 +1,99 @@
+// choices.h - what a choices file says: per device, what an engineer sets in the window.
+#pragma once
+
+#include <QLatin1String>
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+/// Value of the key "format" of a choices file, by which it is known.
+inline const QLatin1String choicesFormat("kinetra-choices");
+
+/// Value of the key "version". A reader that knows more keys reads the older files too.
+inline constexpr int choicesVersion = 1;
+
+/// Object index and sub-index: "0x6040:0".
+struct ObjectAddress
+{
+    std::uint32_t index = 0;
+    std::uint32_t subIndex = 0;
+};
+
+[[nodiscard]] inline bool operator==(const ObjectAddress& left, const ObjectAddress& right)
+{
+    return left.index == right.index && left.subIndex == right.subIndex;
+}
+
+/// A place in the file as messages name it: "devices[0].links[3]".
+struct ChoicePlace
+{
+    QString path;
+};
+
+/// A module, by its ident or else by its name.
+struct ModuleName
+{
+    std::optional<std::uint32_t> ident;
+    QString name;
+};
+
+/// A module for a place of the device; none takes out what stands there.
+struct ModuleChoice : ChoicePlace
+{
+    std::uint32_t place = 0;
+    std::optional<ModuleName> module;
+};
+
+/// The link of an entry. Row or index name the PDO, position or object its entry; what else is given has to agree.
+struct LinkChoice : ChoicePlace
+{
+    ModuleName module; ///< for links of a module only
+    std::optional<std::uint32_t> pdoRow;
+    std::optional<std::uint32_t> pdoIndex; ///< names the PDO where no row is given
+    std::optional<std::uint32_t> entryPosition;
+    std::optional<ObjectAddress> entryObject; ///< names the entry where no position is given
+    std::optional<std::uint32_t> checkedIndex; ///< index that the PDO must have
+    std::optional<ObjectAddress> checkedObject; ///< object that the entry must have
+    std::optional<QString> checkedName; ///< name that the entry must have
+    std::int32_t link = 0;
+};
+
+/// What a startup command must be for a choice to fit; nothing is asked where nothing is given.
+struct StartupCheck
+{
+    std::optional<std::uint32_t> index;
+    std::optional<std::uint32_t> subIndex;
+    std::optional<QString> comment;
+};
+
+/// A choice on a row of the startup list.
+struct StartupChoice : ChoicePlace
+{
+    std::uint32_t row = 0; ///< the row itself; for an added command the one before it
+    StartupCheck was;
+    // Values to set; a value that is not given stays as it is, of an added command 0.
+    std::optional<std::uint32_t> index;
+    std::optional<std::uint32_t> subIndex;
+    std::optional<std::uint32_t> dataBytes;
+    std::optional<std::uint32_t> data;
+};
+
+/// The choices of one device, in the order in which they are made.
+struct DeviceChoices : ChoicePlace
+{
+    QString device; ///< selector
+    std::optional<std::uint16_t> deviceType;
+    std::optional<std::uint16_t> driveAxes;
+    std::optional<std::uint32_t> dcModePosition;
+    std::optional<QString> dcModeName; ///< names the mode where no position is given
+    std::optional<std::uint16_t> configIndex;
+    std::optional<std::uint16_t> detectIndex;
+    std::vector<LinkChoice> moduleLinks;
+    std::vector<ModuleChoice> modules;
+    std::vector<LinkChoice> links;
+    std::vector<StartupChoice> changedCommands;
+    std::vector<StartupChoice> removedCommands;
+    std::vector<StartupChoice> addedCommands;
+};

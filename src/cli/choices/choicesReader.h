@@ -1,0 +1,12 @@
+// choicesReader.h - reads choices from JSON and holds them against the form of a choices file, not yet against devices.
+#pragma once
+
+#include "cli/choices/choices.h"
+#include "cli/choices/problems.h"
+
+#include <QJsonValue>
+
+#include <vector>
+
+/// The choices of a file, in its order. A device whose choices are not in the form is told and left out.
+[[nodiscard]] std::vector<DeviceChoices> choicesFrom(const QJsonValue& file, Problems& problems);

@@ -1,0 +1,53 @@
+#include "cli/choicesCommand.h"
+
+#include "cli/choices/choicesTemplate.h"
+#include "cli/inputFile.h"
+#include "editing/deviceEdits.h"
+#include "model/XMLParsing.h"
+
+#include <stdexcept>
+
+const SubCommandText choicesText{
+    QLatin1String("choices"),
+    QLatin1String("shows what can be chosen, as a template of a choices file"),
+    QLatin1String("ESI..."),
+    QLatin1String("ESI files, in the order of the conversion; - for standard input."),
+    QLatin1String(
+        "Writes a choices file for \"ktl convert --choices\": what an engineer would set in the workbench, here as it\n"
+        "stands in EtherCAT slave descriptions (ESI), with names and allowed values beside it. Edit what is to be\n"
+        "different and leave out the rest."),
+    QLatin1String("  ktl choices drive.xml > choices.json\n"
+                  "  ktl convert drive.xml -o machine.ktl --choices choices.json\n"),
+};
+
+namespace {
+
+/// Selects every device once, as the choices of a file do; tells of a device for which that fails.
+bool selectAll(std::vector<struct_FilenameDevice>& files, Messages& messages)
+{
+    DeviceSelection selection;
+    bool areSelected = true;
+    for (struct_FilenameDevice& file : files)
+        for (struct_EtherCatDevice& device : file.device)
+            try {
+                selection.select(device);
+            } catch (const std::out_of_range& error) {
+                messages.error(QString::fromStdString(file.xmlfilepath), rangeErrorText(error));
+                areSelected = false;
+            }
+    return areSelected;
+}
+
+} // namespace
+
+ExitCode runChoices(const QStringList& arguments, Console& console)
+{
+    CommandLine line(choicesText, {});
+    if (const std::optional<ExitCode> ended = line.parse(arguments, console))
+        return *ended;
+    if (line.operands().isEmpty())
+        return line.refuse(QStringLiteral("no ESI file is given"), console);
+    if (loadEsiFiles(line.operands(), console.messages) && selectAll(g_xmlfiledevices, console.messages))
+        writeChoicesTemplate(console.results, g_xmlfiledevices);
+    return console.messages.exitCode();
+}
