@@ -1,0 +1,138 @@
+// choicesParts.h - a conversion with a choices file, and a look at what the choices did to the bytes.
+#pragma once
+
+#include "cli/commandRun.h"
+#include "ktl/ktlItems.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+/// Path of a sample.
+inline QString samplePath(const QString& name)
+{
+    return QStringLiteral(KINETRA_SOURCE_DIR "/samples/") + name + QStringLiteral(".xml");
+}
+
+inline QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Writes a file. @return  its path, empty if that failed
+inline QString writtenFile(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() ? path : QString();
+}
+
+/// A choices file with these devices.
+inline QByteArray choicesWith(const QByteArray& devices)
+{
+    return "{\"format\": \"kinetra-choices\", \"version\": 1, \"devices\": [" + devices + "]}";
+}
+
+/// A choices file with one device, the first one, and these members.
+inline QByteArray choicesOfFirst(const QByteArray& members)
+{
+    return choicesWith("{\"device\": 1" + (members.isEmpty() ? QByteArray() : ", " + members) + '}');
+}
+
+/// Runs the command with a file as its standard input.
+inline CommandRun runKtlOn(const QString& input, const QStringList& arguments)
+{
+    constexpr int minute = 60 * 1000;
+    QProcess process;
+    process.setStandardInputFile(input);
+    process.start(QStringLiteral(KTL_PROGRAM), arguments);
+    CommandRun run;
+    run.hasEnded = process.waitForFinished(minute);
+    run.hasCrashed = process.exitStatus() == QProcess::CrashExit;
+    run.exitCode = run.hasCrashed ? -1 : process.exitCode();
+    run.output = process.readAllStandardOutput();
+    run.errors = process.readAllStandardError();
+    return run;
+}
+
+/// What a conversion said and wrote.
+struct Conversion
+{
+    CommandRun run;
+    QByteArray ktl; ///< empty if nothing was written
+    QStringList files; ///< what stands in the folder of the output
+
+    [[nodiscard]] std::vector<KtlItem> items() const
+    {
+        QString problem;
+        std::vector<KtlItem> all = itemsOf(ktl, &problem);
+        return problem.isEmpty() ? all : std::vector<KtlItem>();
+    }
+
+    /// The items of a type.
+    [[nodiscard]] std::vector<KtlItem> items(std::uint32_t type) const
+    {
+        std::vector<KtlItem> found;
+        for (const KtlItem& item : items())
+            if (item.type == type)
+                found.push_back(item);
+        return found;
+    }
+
+    /// "type axes" of each device.
+    [[nodiscard]] QString typesAndAxes() const
+    {
+        QStringList devices;
+        for (const KtlItem& item : items(40000))
+            devices += QStringLiteral("%1 %2").arg(item.u16(24)).arg(item.u16(48));
+        return devices.join(QStringLiteral(", "));
+    }
+
+    /// Links of the entries of each PDO of the devices: "0 -2|0 0".
+    [[nodiscard]] QString links() const
+    {
+        QStringList pdos;
+        for (const KtlItem& item : items()) {
+            if (item.type != 40003 && item.type != 40004)
+                continue;
+            QStringList links;
+            for (std::uint32_t entry = 0; entry < item.u32(24); ++entry)
+                links += QString::number(static_cast<std::int32_t>(item.u32(static_cast<int>(28 + 20 * entry + 16))));
+            pdos += links.join(QLatin1Char(' '));
+        }
+        return pdos.join(QLatin1Char('|'));
+    }
+
+    /// The CoE commands of the first device, "transition index:subindex bytes data".
+    [[nodiscard]] QStringList commands() const
+    {
+        QStringList all;
+        const std::vector<KtlItem> coe = items(40006);
+        for (int offset = 16; !coe.empty() && offset + 12 <= coe[0].content.size(); offset += 12)
+            all += QStringLiteral("%1 %2:%3 %4 %5")
+                       .arg(coe[0].u16(offset))
+                       .arg(coe[0].u16(offset + 2), 0, 16)
+                       .arg(coe[0].u8(offset + 4))
+                       .arg(coe[0].u16(offset + 6))
+                       .arg(coe[0].u32(offset + 8));
+        return all;
+    }
+};
+
+/// Converts ESI files into a folder of their own, always at the same time.
+/// @param choices  content of the choices file; null for none
+inline Conversion converted(const QStringList& esiFiles, const QByteArray& choices = {})
+{
+    const QTemporaryDir folder;
+    const QTemporaryDir out;
+    const QString ktl = out.filePath(QStringLiteral("out.ktl"));
+    QStringList arguments = QStringList{"convert"} + esiFiles + QStringList{"-o", ktl, "--date", "2026-11-21T10:00:00"};
+    if (!choices.isNull())
+        arguments += {"--choices", writtenFile(folder.filePath(QStringLiteral("choices.json")), choices)};
+    Conversion conversion;
+    conversion.run = runKtl(arguments);
+    conversion.ktl = contentOf(ktl);
+    conversion.files = QDir(out.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    return conversion;
+}
