@@ -136,3 +136,24 @@ inline Conversion converted(const QStringList& esiFiles, const QByteArray& choic
     conversion.files = QDir(out.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     return conversion;
 }
+
+/// The lines of messages, each without the name of the choices file in front.
+inline QStringList messagesOf(const Conversion& conversion)
+{
+    QStringList messages;
+    for (const QByteArray& line : conversion.run.errors.split('\n')) {
+        const int name = line.indexOf("choices.json:");
+        if (!line.isEmpty())
+            messages += QString::fromUtf8(name < 0 ? line : line.mid(name + 13).trimmed());
+    }
+    return messages;
+}
+
+/// Exit status 2, nothing written, and only this message.
+inline void compareRefused(const Conversion& conversion, const QString& message)
+{
+    QCOMPARE(messagesOf(conversion), QStringList{message});
+    QCOMPARE(conversion.run.exitCode, 2);
+    QCOMPARE(conversion.run.output, QByteArray());
+    QCOMPARE(conversion.files, QStringList());
+}

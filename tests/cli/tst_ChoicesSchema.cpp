@@ -1,0 +1,138 @@
+// The JSON schema of choices files: it names the keys that the reader knows and no others, asks for the same ones, and
+// holds for what the product writes and documents.
+#include "cli/choicesParts.h"
+#include "cli/jsonSchema.h"
+
+#include <QJsonDocument>
+
+class tst_ChoicesSchema : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    static void keys_data();
+    static void keys();
+    static void describesEverything();
+    static void holdsForTemplates_data();
+    static void holdsForTemplates();
+    static void holdsForTheExample();
+    static void refuses_data();
+    static void refuses();
+};
+
+static JsonSchema schema()
+{
+    return JsonSchema(QJsonDocument::fromJson(contentOf(KINETRA_SOURCE_DIR "/docs/choices.schema.json")).object());
+}
+
+void tst_ChoicesSchema::keys_data()
+{
+    QTest::addColumn<QString>("definition"); // in the schema, empty for the file itself
+    QTest::addColumn<QByteArray>("choices"); // with an object of that kind that has nothing but the key "unknown"
+    const QByteArray object = R"({"unknown": 1})";
+    const auto startup = [&](const QByteArray& key) { return "\"startup\": {\"" + key + "\": [" + object + "]}"; };
+    QTest::addRow("file") << "" << object;
+    QTest::addRow("device") << "device" << choicesWith(object);
+    QTest::addRow("placed module") << "placedModule" << choicesOfFirst("\"modules\": [" + object + "]");
+    QTest::addRow("link") << "link" << choicesOfFirst("\"links\": [" + object + "]");
+    QTest::addRow("link of a module") << "moduleLink" << choicesOfFirst("\"moduleLinks\": [" + object + "]");
+    QTest::addRow("startup") << "startup" << choicesOfFirst("\"startup\": " + object);
+    QTest::addRow("changed command") << "changedCommand" << choicesOfFirst(startup("changed"));
+    QTest::addRow("removed command") << "removedCommand" << choicesOfFirst(startup("removed"));
+    QTest::addRow("added command") << "addedCommand" << choicesOfFirst(startup("added"));
+    QTest::addRow("check of a command") << "was"
+                                        << choicesOfFirst(R"("startup": {"removed": [{"row": 0, "was": )" + object
+                                                          + "}]}");
+}
+
+/// The reader names its keys when it meets an unknown one, and each needed key that is missing.
+void tst_ChoicesSchema::keys()
+{
+    QFETCH(QString, definition);
+    QFETCH(QByteArray, choices);
+    const QString errors = QString::fromUtf8(converted({samplePath("servo-drive")}, choices).run.errors);
+    static const QRegularExpression known(QStringLiteral("\"unknown\" is no key here \\(known: ([^)]*)\\)"));
+    static const QRegularExpression missing(QStringLiteral("the key \"(\\w+)\" is missing"));
+    QStringList ofReader = known.match(errors).captured(1).split(QStringLiteral(", "));
+    QStringList neededByReader;
+    for (auto match = missing.globalMatch(errors); match.hasNext();)
+        neededByReader += match.next().captured(1);
+    ofReader += QStringLiteral("about");
+    ofReader.sort();
+    neededByReader.sort();
+    const QJsonObject form = schema().definition(definition);
+    QCOMPARE(form.value("properties").toObject().keys(), ofReader);
+    QStringList needed = form.value("required").toVariant().toStringList();
+    needed.sort();
+    QCOMPARE(needed, neededByReader);
+    QCOMPARE(form.value("additionalProperties"), QJsonValue(false));
+}
+
+/// Each property says what it is, by itself or by the definition that it points to.
+void tst_ChoicesSchema::describesEverything()
+{
+    const JsonSchema all = schema();
+    QStringList mute;
+    for (const QString& name : QStringList{QString()} + all.definitionNames()) {
+        const QJsonObject properties = all.definition(name).value("properties").toObject();
+        for (auto property = properties.begin(); property != properties.end(); ++property)
+            if (all.resolved(property.value().toObject()).value("description").toString().isEmpty())
+                mute += name + '.' + property.key();
+    }
+    QCOMPARE(mute, QStringList());
+}
+
+void tst_ChoicesSchema::holdsForTemplates_data()
+{
+    QTest::addColumn<QString>("sample");
+    for (const QString& name : QDir(KINETRA_SOURCE_DIR "/samples").entryList({"*.xml"}, QDir::Files))
+        QTest::addRow("%s", qPrintable(name)) << name.section('.', 0, 0);
+}
+
+void tst_ChoicesSchema::holdsForTemplates()
+{
+    QFETCH(QString, sample);
+    const QJsonDocument choices = QJsonDocument::fromJson(runKtl({"choices", samplePath(sample)}).output);
+    QVERIFY(choices.isObject());
+    QCOMPARE(schema().problemsOf(choices.object()), QStringList());
+}
+
+/// The example of the page is in the form, and its choices fit the sample that it names.
+void tst_ChoicesSchema::holdsForTheExample()
+{
+    const QByteArray page = contentOf(KINETRA_SOURCE_DIR "/docs/choices.md");
+    const int start = page.indexOf("```json\n") + 8;
+    const QByteArray example = page.mid(start, page.indexOf("```", start) - start);
+    QCOMPARE(schema().problemsOf(QJsonDocument::fromJson(example).object()), QStringList());
+    const Conversion conversion = converted({samplePath("bus-coupler")}, example);
+    QCOMPARE(conversion.run.exitCode, 0);
+    QCOMPARE(conversion.typesAndAxes(), QStringLiteral("5 0"));
+}
+
+void tst_ChoicesSchema::refuses_data()
+{
+    QTest::addColumn<QByteArray>("choices");
+    QTest::addRow("unknown key") << choicesOfFirst("\"colour\": 1");
+    QTest::addRow("missing key") << choicesWith("{}");
+    QTest::addRow("another format") << QByteArray(R"({"format": "x", "version": 1, "devices": []})");
+    QTest::addRow("device type") << choicesOfFirst("\"deviceType\": \"Drive\"");
+    QTest::addRow("type number") << choicesOfFirst("\"deviceType\": 6");
+    QTest::addRow("axes of 17 bits") << choicesOfFirst("\"driveAxes\": 65536");
+    QTest::addRow("negative place") << choicesOfFirst(R"("modules": [{"place": -1, "module": null}])");
+    QTest::addRow("module is no name") << choicesOfFirst(R"("modules": [{"place": 0, "module": ""}])");
+    QTest::addRow("object") << choicesOfFirst(R"("links": [{"pdo": 0, "entry": "0x6040", "link": 0}])");
+    QTest::addRow("link") << choicesOfFirst(R"("links": [{"pdo": 0, "entry": 0, "link": "OUT"}])");
+    QTest::addRow("broken number") << choicesOfFirst(R"("startup": {"removed": [{"row": 1.5}]})");
+    QTest::addRow("number in words") << choicesOfFirst(R"("startup": {"changed": [{"row": 1, "data": "one"}]})");
+}
+
+/// What the schema refuses the reader refuses too.
+void tst_ChoicesSchema::refuses()
+{
+    QFETCH(QByteArray, choices);
+    QVERIFY(!schema().problemsOf(QJsonDocument::fromJson(choices).object()).isEmpty());
+    QCOMPARE(converted({samplePath("servo-drive")}, choices).run.exitCode, 2);
+}
+
+QTEST_GUILESS_MAIN(tst_ChoicesSchema)
+#include "tst_ChoicesSchema.moc"

@@ -1,0 +1,211 @@
+// `ktl choices`: a template that is JSON in the form of a choices file, says what can be chosen, and changes nothing.
+#include "cli/choicesParts.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+class tst_ChoicesTemplate : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    static void fedBack_data();
+    static void fedBack();
+    static void settings_data();
+    static void settings();
+    static void rows();
+    static void context();
+    static void placesAndModules();
+    static void modulesThatStay();
+    static void selectorsOfTwins();
+    static void standardInput();
+    static void mistakes_data();
+    static void mistakes();
+};
+
+static QString realFilesFolder()
+{
+    return qEnvironmentVariable("KINETRA_ESI_DIR", QStringLiteral(KINETRA_SOURCE_DIR "/../shared/esi"));
+}
+
+static QJsonObject templateOf(const QStringList& files)
+{
+    const CommandRun run = runKtl(QStringList{"choices"} + files);
+    return run.exitCode == 0 ? QJsonDocument::fromJson(run.output).object() : QJsonObject();
+}
+
+static QJsonObject deviceOf(const QJsonObject& choices, int position = 0)
+{
+    return choices.value("devices").toArray().at(position).toObject();
+}
+
+void tst_ChoicesTemplate::fedBack_data()
+{
+    QTest::addColumn<QString>("path");
+    for (const QString& folder : {QStringLiteral(KINETRA_SOURCE_DIR "/samples"), realFilesFolder()})
+        for (const QString& name : QDir(folder).entryList({"*.xml"}, QDir::Files))
+            if (!name.contains("_bad"))
+                QTest::addRow("%s", qPrintable(name)) << QDir(folder).filePath(name);
+}
+
+/// As it is, a template does no more than to select each device.
+void tst_ChoicesTemplate::fedBack()
+{
+    QFETCH(QString, path);
+    const CommandRun choices = runKtl({"choices", path});
+    QCOMPARE(choices.errors, QByteArray());
+    QCOMPARE(choices.exitCode, 0);
+    QByteArrayList selections;
+    const int devices = QJsonDocument::fromJson(choices.output).object().value("devices").toArray().size();
+    for (int number = 1; number <= devices; ++number)
+        selections += "{\"device\": " + QByteArray::number(number) + '}';
+    const Conversion unedited = converted({path}, choices.output);
+    const Conversion selected = converted({path}, choicesWith(selections.join(',')));
+    QVERIFY(!unedited.ktl.isEmpty());
+    QCOMPARE(unedited.ktl, selected.ktl);
+    QCOMPARE(unedited.run.errors, selected.run.errors); // the warnings of an export, and no others
+}
+
+void tst_ChoicesTemplate::settings_data()
+{
+    QTest::addColumn<QString>("sample");
+    QTest::addColumn<QStringList>("settings"); // keys with simple values
+    QTest::addRow("single drive") << "servo-drive"
+                                  << QStringList{"device 0x7e570001:0x10400:0x10002", "deviceType SingleDriver",
+                                                 "dcMode DcSync0"};
+    QTest::addRow("multi-axis drive") << "dual-axis-drive"
+                                      << QStringList{"device 0x7e570001:0x20400:0x10005", "deviceType MultiDriver",
+                                                     "driveAxes 2", "dcMode DcSync0"};
+    QTest::addRow("coupler") << "bus-coupler"
+                             << QStringList{"device 0x7e570002:0x5001:0x30001", "deviceType PnpIOBlock",
+                                            "configIndex 0x00", "detectIndex 0x00"};
+    QTest::addRow("block") << "io-block" << QStringList{"device 0x7e570003:0x16160001:0x10003", "deviceType IOBlock"};
+}
+
+void tst_ChoicesTemplate::settings()
+{
+    QFETCH(QString, sample);
+    QFETCH(QStringList, settings);
+    const QJsonObject device = deviceOf(templateOf({samplePath(sample)}));
+    QStringList found;
+    for (const char* key : {"device", "deviceType", "driveAxes", "dcMode", "configIndex", "detectIndex"})
+        if (device.contains(key))
+            found += QLatin1String(key) + QLatin1Char(' ') + device.value(key).toVariant().toString();
+    QCOMPARE(found, settings);
+}
+
+void tst_ChoicesTemplate::rows()
+{
+    const CommandRun run = runKtl({"choices", samplePath("io-block")});
+    QVERIFY(run.output.contains(R"({"pdo": 1, "index": "0x1a00", "entry": 0, "object": "0x6000:1", )"
+                                R"("name": "Inputs 1 to 8", "link": "NONE"})"));
+    const QJsonObject servo = deviceOf(templateOf({samplePath("servo-drive")}));
+    const QJsonArray commands = servo.value("startup").toObject().value("changed").toArray();
+    QCOMPARE(commands.size(), 43);
+    QCOMPARE(commands.at(37).toObject(),
+             (QJsonObject{{"row", 37},
+                          {"about", "EoE IP_PS"},
+                          {"was", QJsonObject{{"index", "0x00"}, {"subIndex", 0}, {"comment", "eoeinit"}}},
+                          {"index", "0x00"},
+                          {"subIndex", 0},
+                          {"dataBytes", 1},
+                          {"data", 0}}));
+}
+
+void tst_ChoicesTemplate::context()
+{
+    const QJsonObject choices = templateOf({samplePath("io-block"), samplePath("servo-drive")});
+    const QJsonObject about = choices.value("about").toObject();
+    QCOMPARE(about.value("deviceTypes").toArray().size(), 6);
+    QCOMPARE(about.value("deviceTypes").toArray().at(2).toObject(),
+             (QJsonObject{{"deviceType", "MultiDriver"}, {"shownAs", "3:MultiDriver(多电机)"}}));
+    QCOMPARE(about.value("linksOfOutputs").toArray(), (QJsonArray{"NONE", "DOUT", "AOUT16", "AOUT32", "FAOUT"}));
+    QCOMPARE(about.value("linksOfInputs").toArray(),
+             (QJsonArray{"NONE", "DIN", "AIN16", "AIN32", "FAIN", "ENCODER32"}));
+    const QJsonObject ofServo = deviceOf(choices, 2).value("about").toObject();
+    QCOMPARE(ofServo.value("number").toInt(), 3);
+    QCOMPARE(ofServo.value("file").toString(), samplePath("servo-drive"));
+    QCOMPARE(ofServo.value("dcModes").toArray().at(1).toObject(),
+             (QJsonObject{{"dcMode", 1},
+                          {"name", "DcSync01"},
+                          {"description", "DC, Sync0 with advanced Sync1"},
+                          {"assignActivate", "0x700"}}));
+}
+
+void tst_ChoicesTemplate::placesAndModules()
+{
+    const QJsonObject device = deviceOf(templateOf({samplePath("dual-axis-drive")}));
+    const QJsonArray modules = device.value("modules").toArray();
+    QCOMPARE(modules.size(), 4);
+    QCOMPARE(modules.at(0).toObject().value("module").toString(), QStringLiteral("0x20001"));
+    QVERIFY(modules.at(1).toObject().value("module").isNull());
+    const QJsonObject about = device.value("about").toObject();
+    QCOMPARE(
+        about.value("slots").toArray().at(3).toObject(),
+        (QJsonObject{
+            {"slot", "Encoder-->Axis 2"}, {"firstPlace", 3}, {"places", 1}, {"modulesTaken", QJsonArray{"0x20011"}}}));
+    QCOMPARE(about.value("modulesOfFile").toArray().size(), 4);
+    // A coupler that finds its modules takes none by hand, but tells what it could take.
+    const QJsonObject coupler = deviceOf(templateOf({samplePath("bus-coupler")}));
+    QVERIFY(!coupler.contains("modules"));
+    QCOMPARE(coupler.value("about").toObject().value("modulesOfFile").toArray().size(), 7);
+    QVERIFY(!coupler.value("moduleLinks").toArray().isEmpty());
+}
+
+/// The default module of the second slot bears the number of its slot, 1, which is a place of the first slot.
+void tst_ChoicesTemplate::modulesThatStay()
+{
+    const QByteArray esi =
+        "<EtherCATInfo><Vendor><Id>1</Id></Vendor><Descriptions><Devices><Device><Type>T</Type>"
+        "<Profile><ProfileNo>100</ProfileNo></Profile><Slots><Slot MaxInstances=\"3\"><Name>A</Name></Slot>"
+        "<Slot MaxInstances=\"1\"><Name>B</Name><ModuleIdent Default=\"1\">7</ModuleIdent></Slot></Slots></Device>"
+        "</Devices><Modules><Module><Type ModuleIdent=\"7\">M</Type><Name>Seven</Name></Module></Modules>"
+        "</Descriptions></EtherCATInfo>";
+    const QTemporaryDir folder;
+    const QJsonObject device = deviceOf(templateOf({writtenFile(folder.filePath("a.xml"), esi)}));
+    const QJsonArray places = device.value("about").toObject().value("slots").toArray();
+    QCOMPARE(places.at(0).toObject(),
+             (QJsonObject{{"slot", "A"}, {"firstPlace", 0}, {"places", 3}, {"modulesTaken", "any"}}));
+    QCOMPARE(places.at(1).toObject().value("modulesThatStay").toArray(), QJsonArray{"Seven"});
+    for (const QJsonValue& module : device.value("modules").toArray())
+        QVERIFY(module.toObject().value("module").isNull());
+}
+
+/// A device that shares its identity with another one is named by its number.
+void tst_ChoicesTemplate::selectorsOfTwins()
+{
+    const QJsonObject choices = templateOf({samplePath("servo-drive"), samplePath("servo-drive")});
+    QCOMPARE(deviceOf(choices, 0).value("device").toString(), QStringLiteral("1"));
+    QCOMPARE(deviceOf(choices, 1).value("device").toString(), QStringLiteral("2"));
+}
+
+void tst_ChoicesTemplate::standardInput()
+{
+    const CommandRun run = runKtlOn(samplePath("io-block"), {"choices", "-"});
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(deviceOf(QJsonDocument::fromJson(run.output).object()).value("about").toObject().value("file").toString(),
+             QStringLiteral("<stdin>"));
+}
+
+void tst_ChoicesTemplate::mistakes_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("message");
+    QTest::addRow("no file") << QStringList{"choices"} << QByteArray("no ESI file is given");
+    QTest::addRow("no such file") << QStringList{"choices", "gone.xml"} << QByteArray("gone.xml: error: ");
+    QTest::addRow("unknown option") << QStringList{"choices", "--all", "a.xml"} << QByteArray("all");
+}
+
+void tst_ChoicesTemplate::mistakes()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, message);
+    const CommandRun run = runKtl(arguments);
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.output, QByteArray());
+    QVERIFY2(run.errors.contains(message), run.errors.constData());
+}
+
+QTEST_GUILESS_MAIN(tst_ChoicesTemplate)
+#include "tst_ChoicesTemplate.moc"
