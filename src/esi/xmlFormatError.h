@@ -3,7 +3,7 @@
 
 #include <QString>
 
-/// Why a file is no well-formed document, or goes beyond a limit of `xmlLimits.h`.
+/// Why a file is no well-formed document, or goes beyond a limit of `xmlLimits.h` or `copyLimit.h`.
 struct XmlFormatError
 {
     QString message; ///< in the parser's words, or the limit
