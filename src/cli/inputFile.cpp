@@ -29,16 +29,7 @@ void tellFailure(const QString& path, const EsiLoadResult& result, Messages& mes
 bool loadEsi(const QString& path, Messages& messages)
 {
     QFile file;
-    if (!openInput(file, path, messages))
-        return false;
-    try {
-        const EsiLoadResult result = loadOpenEsiFile(file, isStandardInput(path) ? shownName(path) : path);
-        tellFailure(path, result, messages);
-        return result.status == EsiLoadStatus::Loaded;
-    } catch (const std::out_of_range& error) {
-        messages.error(path, rangeErrorText(error));
-        return false;
-    }
+    return openInput(file, path, messages) && loadOpenEsi(file, path, messages);
 }
 
 } // namespace
@@ -55,6 +46,18 @@ bool openInput(QFile& file, const QString& path, Messages& messages)
     if (!isOpen)
         messages.error(path, QStringLiteral("the file cannot be read: ") + file.errorString());
     return isOpen;
+}
+
+bool loadOpenEsi(QFile& file, const QString& path, Messages& messages)
+{
+    try {
+        const EsiLoadResult result = loadOpenEsiFile(file, isStandardInput(path) ? shownName(path) : path);
+        tellFailure(path, result, messages);
+        return result.status == EsiLoadStatus::Loaded;
+    } catch (const std::out_of_range& error) {
+        messages.error(path, rangeErrorText(error));
+        return false;
+    }
 }
 
 bool loadEsiFiles(const QStringList& paths, Messages& messages)

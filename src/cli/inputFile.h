@@ -16,6 +16,10 @@
 /// @param file  takes the path; closed before
 [[nodiscard]] bool openInput(QFile& file, const QString& path, Messages& messages);
 
+/// Loads an ESI file that is open for reading to the end of `g_xmlfiledevices`; tells if it cannot be loaded.
+/// @param path  for messages, and as the path of the loaded file
+[[nodiscard]] bool loadOpenEsi(QFile& file, const QString& path, Messages& messages);
+
 /// Loads ESI files into `g_xmlfiledevices`, in the given order. Every file that cannot be loaded is told, so that one
 /// run shows all that is wrong. Standard input can be given once.
 /// @return  whether all were loaded

@@ -2,6 +2,7 @@
 #include "cli/choicesCommand.h"
 #include "cli/convertCommand.h"
 #include "cli/dumpCommand.h"
+#include "cli/showCommand.h"
 #include "esi/lastWords.h"
 #include "model/version.h"
 
@@ -24,6 +25,7 @@ struct SubCommand
 constexpr SubCommand subCommands[] = {
     {&convertText, runConvert},
     {&choicesText, runChoices},
+    {&showText, runShow},
     {&dumpText, runDump},
 };
 
@@ -46,8 +48,9 @@ void tellHelp(std::ostream& out)
            "  -v, --version  Shows the version.\n\n"
            "Exit status: 0 done, 1 done with warnings where --strict is given, 2 input or arguments that cannot be\n"
            "used.\n\n"
-           "Examples:\n"
-        << convertText.examples.latin1() << choicesText.examples.latin1() << dumpText.examples.latin1();
+           "Examples:\n";
+    for (const SubCommand& subCommand : subCommands)
+        out << subCommand.text->examples.latin1();
 }
 
 ExitCode run(const QStringList& arguments, Console& console)

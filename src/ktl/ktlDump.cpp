@@ -1,5 +1,6 @@
 // ktlDump.cpp - the text dump of a KTL file. It knows item heads only and interprets no records.
 #include "ktl/ktlExport.h"
+#include "ktl/ktlLayout.h"
 
 #include <cstdint>
 #include <cstring>
@@ -8,45 +9,14 @@ namespace {
 
 constexpr int mostItems = 2000;
 
-struct ItemName
+/// Writes the name of an item; a code without one, and the end item too, leaves a gap.
+void dumpName(std::FILE* log, std::int32_t itemType)
 {
-    std::int32_t type;
-    const char* text;
-};
-
-constexpr ItemName itemNames[] = {
-    {KTL_ITEM_General, " General \r\n  0x"},
-    {KTL_ITEM_SM, " SM \r\n  0x"},
-    {KTL_ITEM_DC, " DC \r\n  0x"},
-    {KTL_ITEM_RxPdo, " RxPdo \r\n  0x"},
-    {KTL_ITEM_TxPdo, " TxPdo \r\n  0x"},
-    {KTL_ITEM_EoE, " EoE \r\n  0x"},
-    {KTL_ITEM_CoE, " CoE \r\n  0x"},
-    {KTL_ITEM_Slot, " Slot \r\n  0x"},
-    {KTL_ITEM_EEPROM, " EEPROM \r\n  0x"},
-    {KTL_ITEM_ObjectDetectType, " ObjectDetectType \r\n  0x"},
-    {KTL_ITEM_ObjectConfigType, " ObjectConfigType \r\n  0x"},
-    {KTL_ITEM_ObjectModule, " ObjectModule \r\n  0x"},
-    {KTL_ITEM_SubObjectType, " SubObjectType \r\n  0x"},
-    {KTL_ITEM_ModuleType, " ModuleType \r\n  0x"},
-    {KTL_ITEM_FMMU, " FMMU \r\n  0x"},
-    {KTL_ITEM_SlotPreConfig, " SlotPreConfig \r\n  0x"},
-    {KTL_ITEM_DeviceMoreInfo, " DeviceMoreInfo \r\n  0x"},
-    {KTL_ITEM_ModuleRxPDOType, " ModuleRxPDO \r\n  0x"},
-    {KTL_ITEM_ModuleTxPDOType, " ModuleTxPDO \r\n  0x"},
-    {KTL_ITEM_ModuleTPDOEntryType, " ModuleTPDOEntry \r\n  0x"},
-    {KTL_ITEM_ModuleRPDOEntryType, " ModuleRPDOEntry \r\n  0x"},
-    {KTL_ITEM_ModuleCoEInitCmdType, " ModuleCoEInitCmd \r\n  0x"},
-    {KTL_ITEM_ModuleDictDT, " ModuleDictDT \r\n  0x"},
-    {KTL_ITEM_ModuleDictObject, " ModuleDictObject \r\n  0x"},
-};
-
-const char* itemName(std::int32_t type)
-{
-    for (const ItemName& row : itemNames)
-        if (row.type == type)
-            return row.text;
-    return "  \r\n  0x"; // the end item too
+    const auto type = static_cast<std::uint32_t>(itemType);
+    if (type == KTL_ITEM_END || !isKnownItem(type))
+        std::fputs("  \r\n  0x", log);
+    else
+        std::fprintf(log, " %s \r\n  0x", layoutOf(type).name);
 }
 
 /// Reads one number of an item head; a read that fails keeps what the item before left there.
@@ -94,7 +64,7 @@ bool dumpItems(std::FILE* log, std::FILE* ktl)
         if (std::feof(ktl) != 0)
             return true;
         std::fprintf(log, "ItemHead-dec: %d,Len: %d   ", type, size);
-        std::fputs(itemName(type), log);
+        dumpName(log, type);
         dumpWords(log, ktl, size);
         std::fputs("\r\n", log);
     }

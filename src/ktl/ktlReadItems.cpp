@@ -1,6 +1,7 @@
 #include "ktl/ktlReadItems.h"
 
 #include "esi/xmlCharConversion.h"
+#include "ktl/coeCommandCount.h"
 #include "ktl/itemWriter.h"
 #include "ktl/ktlFormat.h"
 #include "model/byteBit.h"
@@ -145,21 +146,6 @@ bool readTxPdo(const KtlReadTarget& target, const ItemBytes& item)
 {
     target.device.TxPdo.vpdo.push_back(pdoFrom(item, "TPDO"));
     return true;
-}
-
-/// Number of commands of a CoE item. The count in its head has one byte; 255 means that they are counted by the size.
-/// ODD, KEPT: a size with room for more than 254 wins over any count, also where the room is taken by the values of
-/// complete accesses, which are then read as commands. One would expect a count below 255 to be true.
-/// The size tells how far the item reaches in any case, and in a list of commands one too many is seen, while one that
-/// is missing is not. Pinned by tst_KtlReadCoe::commandCount.
-std::size_t commandCount(const struct_KTL_COE& head)
-{
-    constexpr std::uint8_t countFromSize = 255;
-    constexpr std::uint32_t mostCounted = 254;
-    constexpr std::uint32_t headSize = headSizeOf<struct_KTL_COE, struct_KTL_InitCmd>;
-    const std::uint32_t room =
-        head.m_iSize < headSize ? 0 : (head.m_iSize - headSize) / std::uint32_t{sizeof(struct_KTL_InitCmd)};
-    return head.m_iInitCmdCount == countFromSize || room > mostCounted ? room : head.m_iInitCmdCount;
 }
 
 /// The values of complete accesses stand behind the commands and are not read: nothing tells which command they belong

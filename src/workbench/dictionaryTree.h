@@ -1,8 +1,8 @@
 // dictionaryTree.h - the items of the CoE tab: one for each object of a dictionary, and under it what its type holds.
 #pragma once
 
+#include "editing/dictionaryTexts.h"
 #include "model/deviceRecords.h"
-#include "workbench/dictionaryTexts.h"
 
 #include <QTreeWidget>
 

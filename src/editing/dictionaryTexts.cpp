@@ -1,4 +1,4 @@
-#include "workbench/dictionaryTexts.h"
+#include "editing/dictionaryTexts.h"
 
 #include "esi/xmlCharConversion.h"
 #include "model/dataTypeNames.h"

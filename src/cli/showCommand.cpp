@@ -1,0 +1,187 @@
+#include "cli/showCommand.h"
+
+#include "cli/inputFile.h"
+#include "cli/progress.h"
+#include "cli/showItems.h"
+#include "cli/showJson.h"
+#include "cli/showModel.h"
+#include "cli/showSource.h"
+#include "cli/showTables.h"
+#include "cli/showText.h"
+#include "cli/showWords.h"
+#include "model/XMLParsing.h"
+
+#include <ostream>
+
+const SubCommandText showText{
+    QLatin1String("show"),
+    QLatin1String("shows what ESI and KTL files hold"),
+    QLatin1String("FILE..."),
+    QLatin1String("ESI and KTL files; - for standard input."),
+    QLatin1String("Shows what ESI and KTL files hold: of a KTL file every item, field by field, of an ESI file every\n"
+                  "device as it is after loading, and of both the devices as the controller gets them. What a file is\n"
+                  "shows in its first bytes; its name does not count. There is no limit on the number of items."),
+    QLatin1String("  ktl show machine.ktl | less\n"
+                  "  ktl show drive.xml --json > drive.json\n"
+                  "  ktl show coupler.xml machine.ktl --csv startup > startup.csv\n"),
+};
+
+namespace {
+
+const QString jsonSwitch = QStringLiteral("json");
+const QString csvOption = QStringLiteral("csv");
+
+QList<QCommandLineOption> showOptions()
+{
+    return {
+        {jsonSwitch, QStringLiteral("Everything, as JSON.")},
+        {csvOption, QStringLiteral("One table as comma-separated values: dictionary, pdo or startup."),
+         QStringLiteral("TABLE")},
+    };
+}
+
+/// What is wrong with the arguments, empty if nothing is.
+QString problemOf(const CommandLine& line)
+{
+    if (line.operands().isEmpty())
+        return QStringLiteral("no file is given");
+    if (line.operands().count(QStringLiteral("-")) > 1)
+        return QStringLiteral("standard input can be read once only");
+    if (line.isSet(jsonSwitch) && line.isSet(csvOption))
+        return QStringLiteral("--json and --csv cannot be given together");
+    if (line.isSet(csvOption) && showTableNamed(line.value(csvOption)) == nullptr)
+        return QStringLiteral("\"%1\" is no table; there are dictionary, pdo and startup").arg(line.value(csvOption));
+    return {};
+}
+
+const struct_FilenameDevice& loadedEsi()
+{
+    return g_xmlfiledevices.back();
+}
+
+// ---- JSON ----
+
+ShowObject jsonDevice(const ShownFile& file, std::size_t index)
+{
+    ShowObject members = deviceMembers(file.devices[index]);
+    if (file.isEsi)
+        members.push_back({"model", {modelMembers(loadedEsi().device[index], ShowDetail::Everything)}});
+    return members;
+}
+
+ShowObject jsonFile(const ShownFile& file)
+{
+    const auto deviceAt = [&file](std::size_t index) -> ShowValue { return {jsonDevice(file, index)}; };
+    ShowObject members{{"file", text(shownName(file.path).toStdString())},
+                       {"kind", text(file.isEsi ? "ESI" : "KTL")},
+                       {"complete", flag(file.isComplete)},
+                       {"devices", {ShowList{file.devices.size(), deviceAt}}}};
+    if (file.isEsi) {
+        members.push_back({"vendorId", hexadecimal(loadedEsi().Vendor_Id)});
+        members.push_back({"moduleGroups", moduleGroups(loadedEsi(), ShowDetail::Everything)});
+    } else {
+        members.push_back({"items", listOf(file.walk.items, itemMembers)});
+    }
+    return members;
+}
+
+// ---- Text ----
+
+/// A device of an ESI file for people: the model, and the startup commands as the controller gets them.
+ShowObject readableDevice(const ShownFile& file, std::size_t index)
+{
+    if (!file.isEsi)
+        return deviceMembers(file.devices[index]);
+    ShowObject members = modelMembers(loadedEsi().device[index], ShowDetail::ForPeople);
+    members.push_back({"startup", startupGroups(file.devices[index])});
+    return members;
+}
+
+void writeReadable(std::ostream& out, const ShownFile& file)
+{
+    constexpr std::size_t indentation = 2;
+    out << oneLine(shownName(file.path).toStdString()) << ": " << (file.isEsi ? "ESI" : "KTL") << " file, "
+        << file.devices.size() << (file.devices.size() == 1 ? " device\n" : " devices\n");
+    if (!file.isEsi)
+        out << '\n';
+    for (const KtlFileItem& item : file.walk.items)
+        writeItemText(out, item);
+    for (std::size_t index = 0; index < file.devices.size(); ++index) {
+        out << "\nDevice " << index + 1 << " of " << file.devices.size() << '\n';
+        writeText(out, readableDevice(file, index), indentation);
+    }
+    if (file.isEsi) {
+        out << "\nFile\n";
+        writeText(out,
+                  {{"vendorId", hexadecimal(loadedEsi().Vendor_Id)},
+                   {"moduleGroups", moduleGroups(loadedEsi(), ShowDetail::ForPeople)}},
+                  indentation);
+    }
+}
+
+/// Writes files in one of the forms, one after another.
+class Shower
+{
+public:
+    Shower(const CommandLine& line, std::ostream& out)
+        : m_out(out)
+        , m_isJson(line.isSet(jsonSwitch))
+        , m_table(showTableNamed(line.value(csvOption)))
+    {}
+
+    void begin()
+    {
+        if (m_isJson)
+            m_out << "{\"files\": [";
+        else if (m_table != nullptr)
+            m_table->writeHeader(m_out);
+    }
+
+    void show(const ShownFile& file)
+    {
+        if (m_isJson) {
+            m_out << (m_isFirst ? "\n" : ",\n");
+            writeJson(m_out, {jsonFile(file)});
+        } else if (m_table != nullptr) {
+            m_table->writeRows(m_out, file);
+        } else {
+            m_out << (m_isFirst ? "" : "\n");
+            writeReadable(m_out, file);
+        }
+        m_isFirst = false;
+    }
+
+    void end()
+    {
+        if (m_isJson)
+            m_out << "\n]}\n";
+    }
+
+private:
+    std::ostream& m_out;
+    bool m_isJson;
+    const ShowTable* m_table;
+    bool m_isFirst = true;
+};
+
+} // namespace
+
+ExitCode runShow(const QStringList& arguments, Console& console)
+{
+    CommandLine line(showText, showOptions());
+    if (const std::optional<ExitCode> ended = line.parse(arguments, console))
+        return *ended;
+    if (const QString problem = problemOf(line); !problem.isEmpty())
+        return line.refuse(problem, console);
+    const QStringList paths = line.operands();
+    Shower shower(line, console.results);
+    shower.begin();
+    int number = 0;
+    for (const QString& path : paths) {
+        const Progress progress(QStringLiteral("showing %1").arg(shownName(path)), ++number, paths.size());
+        if (const std::optional<ShownFile> file = openShownFile(path, console.messages))
+            shower.show(*file);
+    }
+    shower.end();
+    return console.messages.exitCode();
+}

@@ -1,0 +1,10 @@
+// showCommand.h - `ktl show`: what ESI and KTL files hold.
+#pragma once
+
+#include "cli/commandLine.h"
+
+extern const SubCommandText showText;
+
+/// Writes to standard output what files hold: as text, as JSON, or one table of it as CSV.
+/// @param arguments  those behind the name of the sub-command
+[[nodiscard]] ExitCode runShow(const QStringList& arguments, Console& console);

@@ -1,0 +1,14 @@
+// showItems.h - the items of a KTL file, field by field.
+#pragma once
+
+#include "cli/showValue.h"
+#include "ktl/ktlItemWalk.h"
+
+#include <iosfwd>
+
+/// Members of an item: every byte of it stands in one of them.
+/// @param item  has to outlive the result
+[[nodiscard]] ShowObject itemMembers(const KtlFileItem& item);
+
+/// Writes an item for people: a line for each field with its offset in the item, decimal and hexadecimal.
+void writeItemText(std::ostream& out, const KtlFileItem& item);

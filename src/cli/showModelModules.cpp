@@ -1,0 +1,197 @@
+// showModelModules.cpp - what devices and modules have in common, slots, and the modules themselves.
+#include "cli/showModel.h"
+#include "cli/showWords.h"
+#include "editing/linkTexts.h"
+#include "model/pdoAccess.h"
+#include "model/startupAccess.h"
+
+namespace {
+
+/// What entries of devices and of modules have in common.
+template<typename Entry> ShowObject commonEntryMembers(const Entry& entry)
+{
+    return {{"index", hexadecimal(indexOf(entry))},
+            {"subIndex", decimal(entry.SubIndex)},
+            {"bitLength", decimal(bitLengthOf(entry))},
+            {"offset", fraction(entry.Offs)},
+            {"name", text(entry.Name)},
+            {"dataType", text(entry.DataType)},
+            {"link", decimal(entry.Linkto)},
+            {"linkName", text(linkText(entry.Linkto).toStdString())},
+            {"defaultData", decimal(entry.DefaultData)}};
+}
+
+ShowObject with(ShowObject members, ShowObject more)
+{
+    for (ShowMember& member : more)
+        members.push_back(std::move(member));
+    return members;
+}
+
+ShowObject entryMembers(const struct_EntryPDOContent& entry)
+{
+    return with(commonEntryMembers(entry), {{"fixed", flag(entry.Attributes.Fixed)}});
+}
+
+ShowObject entryMembers(const struct_moduleEntry& entry)
+{
+    return with(commonEntryMembers(entry), {{"dependOnSlot", flag(entry.indexAttributes.DependOnSlot)},
+                                            {"dependOnSlotGroup", flag(entry.indexAttributes.m_DependOnSlotGroup)},
+                                            {"comment", text(entry.Comment)}});
+}
+
+/// What PDOs of devices and of modules have in common.
+template<typename Pdo> ShowObject commonPdoMembers(const Pdo& pdo)
+{
+    return {{"index", hexadecimal(indexOf(pdo))},
+            {"name", text(pdo.Name)},
+            {"fixed", flag(pdo.Attributes.Fixed)},
+            {"mandatory", flag(pdo.Attributes.Mandatory)},
+            {"syncManager", decimal(pdo.Attributes.SM)},
+            {"syncUnit", decimal(pdo.Attributes.SU)},
+            {"size", fraction(sizeOf(pdo))}};
+}
+
+template<typename Pdo> ShowMember entriesMember(const Pdo& pdo)
+{
+    return {"entries", listOf(entriesOf(pdo), [](const auto& entry) { return entryMembers(entry); })};
+}
+
+ShowObject pdoMembers(const struct_PDOList& pdo)
+{
+    const PdoAttributes& attributes = pdo.Attributes;
+    return with(commonPdoMembers(pdo), {{"oversamplingFactor", decimal(attributes.m_OSFac)},
+                                        {"oversamplingMin", decimal(attributes.m_OSMin)},
+                                        {"oversamplingMax", decimal(attributes.m_OSMax)},
+                                        {"oversamplingIndexIncrement", decimal(attributes.m_OSIndexInc)},
+                                        entriesMember(pdo)});
+}
+
+ShowObject pdoMembers(const modulePdo& pdo)
+{
+    return with(commonPdoMembers(pdo), {{"dependOnSlot", flag(pdo.indexAttributes.DependOnSlot)},
+                                        {"dependOnSlotGroup", flag(pdo.indexAttributes.DependOnSlotGroup)},
+                                        {"instances", decimal(pdo.Instances)},
+                                        entriesMember(pdo)});
+}
+
+/// What commands of devices and of modules have in common.
+template<typename Command> ShowObject commonCommandMembers(const Command& command)
+{
+    const auto valueOf = [](unsigned int value) { return hexadecimal(value); };
+    return {{"transition", decimal(command.Transition)},
+            {"transitionName", text(tokenName(command.Transition))},
+            {"index", hexadecimal(indexOf(command))},
+            {"subIndex", decimal(command.SubIndex)},
+            {"completeAccess", decimal(command.bIfCA)},
+            {"dataBytes", decimal(command.DataBytes)},
+            {"data", bothForms(command.Data)},
+            {"values", listOf(command.m_CADataList, valueOf)},
+            {"text", text(command.strData)},
+            {"comment", text(command.Comment)}};
+}
+
+ShowObject moduleCommandMembers(const struct_moduleInitCmd& command)
+{
+    const ModuleInitCmdIndex& index = command.indexAttributes;
+    return with(commonCommandMembers(command), {{"dependOnSlot", flag(index.DependOnSlot)},
+                                                {"dependOnSlotGroup", flag(index.DependOnSlotGroup)},
+                                                {"adaptAutomatically", flag(index.AdaptAutomatically)},
+                                                {"instances", decimal(command.Instances)}});
+}
+
+ShowObject classMembers(const struct_ModuleClass& moduleClass)
+{
+    return {{"class", text(moduleClass.Class)}, {"name", text(moduleClass.Name)}};
+}
+
+ShowObject identMembers(const struct_ModuleIdent& ident)
+{
+    return {{"ident", hexadecimal(ident.ModuleIdent)}, {"default", decimal(ident.Attributes.Default)}};
+}
+
+/// The module itself is a copy of that in its group.
+ShowObject slotModuleMembers(const struct_slotmodule& standing)
+{
+    return {{"instances", decimal(standing.Instances)},
+            {"ident", hexadecimal(standing.module.TypeAttributes.ModuleIdent)},
+            {"name", text(standing.module.Name)}};
+}
+
+ShowObject slotMembers(const struct_Slot& slot)
+{
+    const SlotAttributes& attributes = slot.Attributes;
+    return {{"name", text(slot.Name)},
+            {"minInstances", decimal(attributes.MinInstances)},
+            {"maxInstances", decimal(attributes.MaxInstances)},
+            {"slotIndexIncrement", hexadecimal(attributes.SlotIndexIncrement)},
+            {"slotPdoIncrement", hexadecimal(attributes.SlotPdoIncrement)},
+            {"slotGroup", decimal(attributes.m_SlotGroup)},
+            {"slotGroupIndexIncrement", hexadecimal(attributes.m_SlotGroupIndexIncrement)},
+            {"slotGroupPdoIncrement", hexadecimal(attributes.m_SlotGroupPdoIncrement)},
+            {"moduleClasses", listOf(slot.ModuleClass, classMembers)},
+            {"moduleIdents", listOf(slot.ModuleIdent, identMembers)},
+            {"modules", listOf(slot.slotmodule, slotModuleMembers)}};
+}
+
+ShowObject moduleMembers(const struct_module& module, ShowDetail detail)
+{
+    const ModuleTypeAttributes& type = module.TypeAttributes;
+    return {{"name", text(module.Name)},
+            {"type", text(type.Name)},
+            {"ident", hexadecimal(type.ModuleIdent)},
+            {"moduleClass", text(type.ModuleClass)},
+            {"pdoGroup", decimal(type.ModulePdoGroup)},
+            {"sraParameterSupported", flag(type.SRA_ParamterSupported)},
+            {"profileNo", decimal(module.m_profileNO)},
+            {"rxPdos", pdosOf(module.RxPdo.vpdo)},
+            {"txPdos", pdosOf(module.TxPdo.vpdo)},
+            {"commands", commandList(module.Mailbox.COE.vinitcmd)},
+            {"dictionary", {dictionaryMembers(module.Dictionary.vdatatype, module.Dictionary.vobject, detail)}}};
+}
+
+} // namespace
+
+ShowValue pdosOf(const std::vector<struct_PDOList>& pdos)
+{
+    return listOf(pdos, [](const struct_PDOList& pdo) { return pdoMembers(pdo); });
+}
+
+ShowValue pdosOf(const std::vector<modulePdo>& pdos)
+{
+    return listOf(pdos, [](const modulePdo& pdo) { return pdoMembers(pdo); });
+}
+
+ShowValue commandList(const std::vector<struct_InitCmd>& commands)
+{
+    return listOf(commands, commonCommandMembers<struct_InitCmd>);
+}
+
+ShowValue commandList(const std::vector<struct_moduleInitCmd>& commands)
+{
+    return listOf(commands, moduleCommandMembers);
+}
+
+ShowObject slotsMembers(const DeviceSlots& deviceSlots)
+{
+    const SlotsAttributes& attributes = deviceSlots.Attributes;
+    return {{"downloadModuleIdentList", flag(attributes.DownloadModuleIdentList)},
+            {"downloadModuleAddressList", flag(attributes.DownloadModuleAddressList)},
+            {"downloadModuleListTransition", text(tokenName(attributes.m_DownloadModuleListTransition))},
+            {"identifyModuleBy", text(attributes.IdentifyModuleBy)},
+            {"maxSlotCount", decimal(attributes.m_MaxSlotCount)},
+            {"maxSlotGroupCount", decimal(attributes.m_MaxSlotGroupCount)},
+            {"slotIndexIncrement", hexadecimal(attributes.SlotIndexIncrement)},
+            {"slotPdoIncrement", hexadecimal(attributes.SlotPdoIncrement)},
+            {"slotGroupIndexIncrement", hexadecimal(attributes.m_SlotGroupIndexIncrement)},
+            {"slotGroupPdoIncrement", hexadecimal(attributes.m_SlotGroupPdoIncrement)},
+            {"list", listOf(deviceSlots.vslot, slotMembers)}};
+}
+
+ShowValue moduleGroups(const struct_FilenameDevice& file, ShowDetail detail)
+{
+    return listOf(file.vcommentmodule, [detail](const struct_commentmodule& group) -> ShowObject {
+        const auto moduleOf = [detail](const struct_module& module) { return moduleMembers(module, detail); };
+        return {{"comment", text(group.comment)}, {"modules", listOf(group.vmodule, moduleOf)}};
+    });
+}

@@ -1,0 +1,188 @@
+#include "cli/showSource.h"
+
+#include "cli/inputFile.h"
+#include "cli/ktlInput.h"
+#include "ktl/ktlExport.h"
+#include "model/XMLParsing.h"
+
+#include <QDate>
+#include <QDateTime>
+#include <QFile>
+
+#include <array>
+#include <cstdio>
+
+namespace {
+
+enum class FileKind
+{
+    Esi,
+    Ktl,
+    Neither
+};
+
+/// Whether text begins with "<" behind blanks, a byte order mark, and the zeros of wider characters.
+bool beginsAsXml(std::FILE* stream)
+{
+    constexpr std::array markBytes{0xEF, 0xBB, 0xBF, 0xFE, 0xFF};
+    std::rewind(stream);
+    int zeros = 0;
+    for (int byte = std::fgetc(stream); byte != EOF; byte = std::fgetc(stream)) {
+        const bool isMark = std::find(markBytes.begin(), markBytes.end(), byte) != markBytes.end();
+        zeros = byte == 0 ? zeros + 1 : 0;
+        if (byte == '<')
+            return true;
+        if (!isMark && byte != ' ' && byte != '\t' && byte != '\r' && byte != '\n' && (byte != 0 || zeros > 3))
+            return false;
+    }
+    return false;
+}
+
+/// Whether a first item is of the format, also of a version that has more items than this one.
+bool beginsAsKtl(std::FILE* stream)
+{
+    constexpr std::uint32_t firstCode = 40000;
+    constexpr std::uint32_t lastCode = 40999;
+    std::rewind(stream);
+    std::uint32_t type = 0;
+    return std::fread(&type, 1, sizeof type, stream) == sizeof type
+           && (isKnownItem(type) || (type >= firstCode && type <= lastCode));
+}
+
+FileKind kindOf(std::FILE* stream)
+{
+    const bool isKtl = beginsAsKtl(stream);
+    const bool isXml = !isKtl && beginsAsXml(stream);
+    std::rewind(stream);
+    if (isKtl)
+        return FileKind::Ktl;
+    return isXml ? FileKind::Esi : FileKind::Neither;
+}
+
+/// What is left of a stream.
+std::vector<unsigned char> bytesOf(std::FILE* stream)
+{
+    std::vector<unsigned char> bytes;
+    std::array<unsigned char, 65536> block; // what is read of it only counts
+    for (std::size_t size = std::fread(block.data(), 1, block.size(), stream); size > 0;
+         size = std::fread(block.data(), 1, block.size(), stream))
+        bytes.insert(bytes.end(), block.begin(), block.begin() + static_cast<std::ptrdiff_t>(size));
+    return bytes;
+}
+
+void tellEnd(const ShownFile& file, Messages& messages)
+{
+    const QString place = QStringLiteral("0x%1").arg(file.walk.offset, 0, 16);
+    switch (file.walk.end) {
+    case KtlWalkEnd::Whole:
+        break;
+    case KtlWalkEnd::NoEndItem:
+        messages.error(file.path, QStringLiteral("the last run has no End item: the file was cut short"));
+        break;
+    case KtlWalkEnd::CutItem:
+        messages.error(file.path, QStringLiteral("the file ends at %1, inside an item").arg(place));
+        break;
+    case KtlWalkEnd::CutHead:
+        messages.error(file.path, QStringLiteral("the file ends inside the item head at %1").arg(place));
+        break;
+    case KtlWalkEnd::ImpossibleHead:
+        messages.error(file.path, QStringLiteral("the item head at %1 cannot be right").arg(place));
+        break;
+    }
+}
+
+ShownFile ktlFile(const QString& path, std::FILE* stream, Messages& messages)
+{
+    ShownFile file;
+    file.path = path;
+    file.bytes = bytesOf(stream);
+    file.walk = walkItems(file.bytes);
+    file.isComplete = file.walk.end == KtlWalkEnd::Whole;
+    for (KtlDeviceBlock& block : deviceBlocksOf(file.walk)) {
+        StartupSources sources = startupSourcesOf(block);
+        file.devices.push_back({std::move(block), std::move(sources), true});
+    }
+    tellEnd(file, messages);
+    return file;
+}
+
+/// What an export writes of one device of the loaded file; as much as it wrote if it failed.
+std::vector<unsigned char> exportedBytes(std::size_t device, ShownFile& file, Messages& messages)
+{
+    const FileHandle stream(std::tmpfile());
+    if (stream == nullptr) {
+        messages.error(file.path, QStringLiteral("there is no room for a temporary file"));
+        file.isComplete = false;
+        return {};
+    }
+    const auto isThisOne = [device](std::size_t /*file*/, std::size_t candidate) { return candidate == device; };
+    const QDateTime anyTime(QDate(1970, 1, 1), QTime(0, 0)); // it is not shown: this is no export
+    int errorCode = 0;
+    try {
+        if (!writeDevices(stream.get(), g_xmlfiledevices, isThisOne, &errorCode, anyTime)
+            || std::fflush(stream.get()) != 0) {
+            messages.error(file.path, QStringLiteral("there is no room for a temporary file"));
+            file.isComplete = false;
+        }
+    } catch (const std::out_of_range& error) {
+        messages.error(file.path, rangeErrorText(error));
+        file.isComplete = false;
+    }
+    std::rewind(stream.get());
+    return bytesOf(stream.get());
+}
+
+/// A device as an export carries it. An export can hold more or fewer bytes than its items announce; what stands behind
+/// such a place is lost for every reader.
+ShownDevice exportedDevice(std::size_t device, ShownFile& file, Messages& messages)
+{
+    const struct_EtherCatDevice& loaded = g_xmlfiledevices.back().device[device];
+    const std::vector<unsigned char> bytes = exportedBytes(device, file, messages);
+    const KtlWalk walk = walkItems(bytes);
+    if (file.isComplete && walk.end != KtlWalkEnd::Whole) {
+        messages.warning(file.path,
+                         QStringLiteral("device \"%1\": in an export the items behind byte %2 cannot be found")
+                             .arg(QString::fromStdString(loaded.Name), QString::number(walk.offset)));
+    }
+    std::vector<KtlDeviceBlock> blocks = deviceBlocksOf(walk);
+    blocks.resize(1);
+    return {std::move(blocks.front()), startupSourcesOf(loaded), false};
+}
+
+std::optional<ShownFile> esiFile(const QString& path, std::FILE* stream, Messages& messages)
+{
+    g_xmlfiledevices.clear();
+    QFile input;
+    if (!input.open(stream, QIODevice::ReadOnly)) {
+        messages.error(path, QStringLiteral("the file cannot be read: ") + input.errorString());
+        return std::nullopt;
+    }
+    if (!loadOpenEsi(input, path, messages))
+        return std::nullopt;
+    ShownFile file;
+    file.path = path;
+    file.isEsi = true;
+    file.isComplete = true;
+    for (std::size_t device = 0; device < g_xmlfiledevices.back().device.size(); ++device)
+        file.devices.push_back(exportedDevice(device, file, messages));
+    return file;
+}
+
+} // namespace
+
+std::optional<ShownFile> openShownFile(const QString& path, Messages& messages)
+{
+    const FileHandle stream = openSeekable(path, messages);
+    if (stream == nullptr)
+        return std::nullopt;
+    switch (kindOf(stream.get())) {
+    case FileKind::Esi:
+        return esiFile(path, stream.get(), messages);
+    case FileKind::Ktl:
+        return ktlFile(path, stream.get(), messages);
+    case FileKind::Neither:
+        break;
+    }
+    messages.error(path, QStringLiteral("this is neither an ESI file nor a KTL file"));
+    return std::nullopt;
+}

@@ -1,0 +1,168 @@
+// showStartup.cpp - startup commands of a device block.
+#include "cli/showDevice.h"
+#include "cli/showWords.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+/// "0x6040:0, 16 bits" of the value that maps an entry.
+std::string mappedEntry(std::uint32_t value)
+{
+    constexpr unsigned indexShift = 16;
+    constexpr unsigned subIndexShift = 8;
+    constexpr std::uint32_t byteMask = 0xFF;
+    const std::string bits = std::to_string(value & byteMask) + " bits";
+    const std::uint32_t subIndex = value >> subIndexShift & byteMask;
+    const std::uint32_t index = value >> indexShift;
+    return index == 0 && subIndex == 0 ? "gap of " + bits
+                                       : hexText(index) + ':' + std::to_string(subIndex) + ", " + bits;
+}
+
+std::string assignedPdo(std::uint32_t value)
+{
+    return "PDO " + hexText(value);
+}
+
+/// What a command does that writes the list of an assign or mapping object.
+/// @param elementWords  words of one element of the list
+std::string listMeaning(const ShownCommand& command, const char* unit, std::string (*elementWords)(std::uint32_t value))
+{
+    if (command.record.bIfCA == 0) {
+        if (command.record.SubIndex != 0)
+            return elementWords(command.record.Data);
+        return command.record.Data == 0 ? "clears the list" : std::to_string(command.record.Data) + ' ' + unit;
+    }
+    std::string all;
+    if (command.values != nullptr)
+        for (const std::uint32_t value : *command.values)
+            all += (all.empty() ? "" : "; ") + elementWords(value);
+    return all;
+}
+
+/// The number that a command writes.
+ShowValue numberOf(const struct_KTL_InitCmd& record)
+{
+    return hasNumber(record) ? bothForms(record.Data) : ShowValue();
+}
+
+ShowValue valuesOf(const ShownCommand& command)
+{
+    if (command.record.bIfCA == 0 || command.values == nullptr)
+        return {};
+    std::vector<ShowValue> values;
+    for (const std::uint32_t value : *command.values)
+        values.push_back(hexadecimal(value));
+    return listOf(std::move(values));
+}
+
+ShowValue optionalText(const std::optional<std::string>& words)
+{
+    return words ? text(*words) : ShowValue();
+}
+
+ShowValue sourceOf(const StartupSource* source)
+{
+    if (source == nullptr)
+        return {};
+    return {ShowObject{{"origin", text(source->origin)},
+                       {"comment", optionalText(source->comment)},
+                       {"text", optionalText(source->text)}}};
+}
+
+/// Commands of one transition.
+struct TransitionGroup
+{
+    std::uint16_t transition;
+    std::vector<ShownCommand> commands;
+};
+
+/// The groups of a device; the commands refer to the values beside them.
+struct Startup
+{
+    std::optional<std::vector<std::vector<std::uint32_t>>> values;
+    std::vector<TransitionGroup> groups;
+};
+
+std::vector<TransitionGroup> groupsOf(const std::vector<ShownCommand>& commands)
+{
+    std::vector<TransitionGroup> groups;
+    for (const ShownCommand& command : commands) {
+        const std::uint16_t transition = command.record.Transition;
+        const auto found = std::find_if(groups.begin(), groups.end(),
+                                        [=](const TransitionGroup& group) { return group.transition == transition; });
+        (found == groups.end() ? groups.emplace_back(TransitionGroup{transition, {}}) : *found)
+            .commands.push_back(command);
+    }
+    return groups;
+}
+
+/// Appends the commands of one list.
+void appendCommands(std::vector<ShownCommand>& to, const std::vector<struct_KTL_InitCmd>& records, bool isEoe,
+                    const std::vector<StartupSource>& sources)
+{
+    for (std::size_t index = 0; index < records.size(); ++index) {
+        const StartupSource* const source = index < sources.size() ? &sources[index] : nullptr;
+        to.push_back({to.size() + 1, isEoe, records[index], nullptr, source});
+    }
+}
+
+} // namespace
+
+bool hasNumber(const struct_KTL_InitCmd& record)
+{
+    return record.bIfCA == 0 && record.DataBytes <= sizeof record.Data;
+}
+
+std::string meaningOf(const ShownCommand& command)
+{
+    if (command.isEoe)
+        return {};
+    if (command.record.bIfCA == 0 && !hasNumber(command.record))
+        return "value of " + std::to_string(command.record.DataBytes) + " bytes, which the format does not carry";
+    if (isAssignObject(command.record.Index))
+        return listMeaning(command, "PDOs", assignedPdo);
+    return isMappingObject(command.record.Index) ? listMeaning(command, "entries", mappedEntry) : std::string();
+}
+
+std::vector<ShownCommand> commandsOf(const ShownDevice& device,
+                                     const std::optional<std::vector<std::vector<std::uint32_t>>>& values)
+{
+    std::vector<ShownCommand> commands;
+    appendCommands(commands, device.block.eoeCommands, true, device.sources.eoe);
+    const std::size_t firstCoe = commands.size();
+    appendCommands(commands, device.block.coeCommands, false, device.sources.coe);
+    if (values)
+        for (std::size_t index = firstCoe; index < commands.size(); ++index)
+            commands[index].values = &(*values)[index - firstCoe];
+    return commands;
+}
+
+ShowObject commandMembers(const ShownCommand& command)
+{
+    const struct_KTL_InitCmd& record = command.record;
+    return {{"position", decimal(static_cast<std::int64_t>(command.position))},
+            {"protocol", text(command.isEoe ? "EoE" : "CoE")},
+            {"index", hexadecimal(record.Index)},
+            {"subIndex", decimal(record.SubIndex)},
+            {"completeAccess", flag(record.bIfCA != 0)},
+            {"dataBytes", decimal(record.DataBytes)},
+            {"value", numberOf(record)},
+            {"values", valuesOf(command)},
+            {"meaning", text(meaningOf(command))},
+            {"source", sourceOf(command.source)}};
+}
+
+ShowValue startupGroups(const ShownDevice& device)
+{
+    const auto startup = std::make_shared<Startup>();
+    startup->values = valuesOfCommands(device.block.coeCommands, device.block.accessValues);
+    startup->groups = groupsOf(commandsOf(device, startup->values));
+    return {ShowList{startup->groups.size(), [startup](std::size_t index) -> ShowValue {
+                         const TransitionGroup& group = startup->groups[index];
+                         return {ShowObject{{"transition", decimal(group.transition)},
+                                            {"transitionName", text(tokenName(group.transition))},
+                                            {"commands", listOf(group.commands, commandMembers)}}};
+                     }}};
+}
