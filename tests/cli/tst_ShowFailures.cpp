@@ -219,7 +219,7 @@ void tst_ShowFailures::hostileSizes()
     QVERIFY(process.readAllStandardOutput().endsWith("]}\n"));
 }
 
-/// The device is loaded, since nothing is mapped, but an export of it cannot be written.
+/// As for an export of it.
 void tst_ShowFailures::missingSyncManager()
 {
     const QByteArray esi = "<EtherCATInfo><Vendor><Id>1</Id></Vendor><Descriptions><Devices><Device>"
@@ -232,11 +232,7 @@ void tst_ShowFailures::missingSyncManager()
              run.errors.constData());
     QCOMPARE(run.exitCode, 2);
     QVERIFY2(run.errors.startsWith(path.toUtf8() + ": error: device \"Dev\": "), run.errors.constData());
-    const QJsonObject file = filesIn(run).at(0).toObject();
-    QCOMPARE(file.value("complete").toBool(true), false);
-    const QJsonObject device = file.value("devices").toArray().at(0).toObject();
-    QCOMPARE(device.value("syncManagers").toArray().size(), 1); // written before the PDO
-    QCOMPARE(device.value("model").toObject().value("rxPdos").toArray().size(), 1);
+    QCOMPARE(filesIn(run).size(), 0);
 }
 
 void tst_ShowFailures::fullDisk_data()

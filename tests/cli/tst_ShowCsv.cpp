@@ -1,0 +1,197 @@
+// `ktl show --csv`: headers, rows and quoting.
+#include "cli/showRun.h"
+#include "ktl/ktlBytes.h"
+
+#include <QtTest>
+
+class tst_ShowCsv : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void headers_data();
+    void headers();
+    void rows_data();
+    void rows();
+    void quotes();
+    void pdoWithoutEntries();
+    void ktlFilesHaveNoDictionary();
+    void everyRowHasEveryColumn_data();
+    void everyRowHasEveryColumn();
+
+private:
+    QTemporaryDir m_folder;
+};
+
+namespace {
+
+const QByteArray dictionaryHeader = "file,device,deviceName,owner,index,subIndex,name,access,bitSize,type,value\r\n";
+const QByteArray pdoHeader = "file,device,deviceName,owner,direction,pdo,pdoName,fixed,mandatory,syncManager,syncUnit,"
+                             "entry,index,subIndex,bitLength,name,dataType,link\r\n";
+const QByteArray startupHeader = "file,device,deviceName,owner,position,protocol,transition,index,subIndex,"
+                                 "completeAccess,dataBytes,value,values,meaning,origin,comment,text\r\n";
+
+/// Rows of a CSV text by RFC 4180, as another program would read them.
+QList<QStringList> parsed(const QByteArray& csv)
+{
+    QList<QStringList> rows;
+    QStringList row;
+    QByteArray field;
+    bool isQuoted = false;
+    for (int index = 0; index < csv.size(); ++index) {
+        const char character = csv.at(index);
+        if (character == '"' && isQuoted && csv.mid(index + 1, 1) == "\"")
+            field += csv.at(++index);
+        else if (character == '"')
+            isQuoted = !isQuoted;
+        else if (isQuoted || (character != ',' && character != '\r' && character != '\n'))
+            field += character;
+        else if (character != '\r') {
+            row.append(QString::fromUtf8(field));
+            field.clear();
+            if (character == '\n') {
+                rows.append(row);
+                row.clear();
+            }
+        }
+    }
+    return rows;
+}
+
+QByteArray esiWith(const QByteArray& name, const QByteArray& pdo)
+{
+    return "<EtherCATInfo><Vendor><Id>1</Id></Vendor><Descriptions><Devices><Device><Type ProductCode=\"2\">D</Type>"
+           "<Name>"
+           + name + "</Name><Sm>Outputs</Sm>" + pdo + "</Device></Devices></Descriptions></EtherCATInfo>";
+}
+
+} // namespace
+
+void tst_ShowCsv::headers_data()
+{
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<QByteArray>("header");
+    QTest::addRow("dictionary") << "dictionary" << dictionaryHeader;
+    QTest::addRow("pdo") << "pdo" << pdoHeader;
+    QTest::addRow("startup") << "startup" << startupHeader;
+}
+
+/// A file without devices gives the header alone; several files share one header.
+void tst_ShowCsv::headers()
+{
+    QFETCH(QString, table);
+    QFETCH(QByteArray, header);
+    const QString empty = writtenFile(m_folder, "end.ktl", bytes("00 00 00 00 0C 00 00 00 00 00 00 00"));
+    const CommandRun run = runShow({"--csv", table, empty, empty});
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.output, header);
+}
+
+void tst_ShowCsv::rows_data()
+{
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<QString>("sample");
+    QTest::addColumn<QByteArray>("row");
+    const QByteArray coupler = "MB-C100 bus coupler for 16 modules";
+    QTest::addRow("object") << "dictionary"
+                            << "servo-drive.xml"
+                            << QByteArray("1,SX1-400 单轴伺服驱动器 400 W,device,0x1018,0,Identity,ro,144,,4");
+    QTest::addRow("name with a comma") << "dictionary"
+                                       << "servo-drive.xml"
+                                       << QByteArray("device,0x1600,0,\"Receive PDO mapping, cyclic modes\",rw,208,,6");
+    QTest::addRow("element of an array") << "dictionary"
+                                         << "servo-drive.xml" << QByteArray("device,0x1c12,2,SubIndex 2,rw,16,UINT,");
+    QTest::addRow("object of a module") << "dictionary"
+                                        << "bus-coupler.xml" << QByteArray(",,module 0x304,0x8000,0,Ranges,rw,48,,4");
+    QTest::addRow("entry of a device") << "pdo"
+                                       << "io-block.xml"
+                                       << QByteArray(
+                                              "1,\"FB-1616D 16 digital outputs, 16 digital inputs\",device,output,"
+                                              "0x1600,Digital outputs,yes,yes,0,0,2,0x7000,2,8,Outputs 9 to 16,"
+                                              "USINT,NONE Type");
+    QTest::addRow("entry of a module in a slot") << "pdo"
+                                                 << "bus-coupler.xml"
+                                                 << "1," + coupler
+                                                        + ",slots,input,0x1a01,Inputs,yes,no,3,0,9,0x6010,9,1,"
+                                                          "Input 9,BOOL,NONE Type";
+    QTest::addRow("entry of a module") << "pdo"
+                                       << "bus-coupler.xml"
+                                       << QByteArray(",,module 0x116,input,0x1a00,Inputs,yes,no,3,0,12,0x6000,12,1,"
+                                                     "Input 12,BOOL,NONE Type");
+    QTest::addRow("EoE command") << "startup"
+                                 << "servo-drive.xml" << QByteArray("device,1,EoE,IP_PS,0x0,0,no,1,0,,,EoE,eoeinit, ");
+    QTest::addRow("CoE command") << "startup"
+                                 << "dual-axis-drive.xml"
+                                 << QByteArray(
+                                        "device,9,CoE,PS,0x1600,3,no,4,1622278160,,\"0x60b2:0, 16 bits\",PDO mapping,"
+                                        "download mpdo 0x1600 entry,0x60b20010");
+    QTest::addRow("command of a module block") << "startup"
+                                               << "bus-coupler.xml"
+                                               << "1," + coupler + ",module 0x404,8,CoE,,0x8000,2,no,4,2147450880,,,,,";
+}
+
+void tst_ShowCsv::rows()
+{
+    QFETCH(QString, table);
+    QFETCH(QString, sample);
+    QFETCH(QByteArray, row);
+    const CommandRun run = runShow({"--csv", table, samplePath(sample)});
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY2(run.output.contains(row + "\r\n"), run.output.constData());
+}
+
+void tst_ShowCsv::quotes()
+{
+    const QByteArray pdo = "<RxPdo Sm=\"0\"><Index>#x1600</Index><Name>a&#10;b</Name><Entry><Index>#x7000</Index>"
+                           "<BitLen>8</BitLen><Name>\"</Name></Entry></RxPdo>";
+    const QString path = writtenFile(m_folder, "a,b.xml", esiWith("say \"go\", then stop", pdo));
+    const CommandRun run = runShow({"--csv", "pdo", path});
+    QCOMPARE(run.output,
+             pdoHeader + '"' + path.toUtf8()
+                 + "\",1,\"say \"\"go\"\", then stop\",device,output,0x1600,\"a\nb\",no,no,0,0,1,0x7000,0,8,"
+                   "\"\"\"\",,NONE Type\r\n");
+}
+
+void tst_ShowCsv::pdoWithoutEntries()
+{
+    const QString path =
+        writtenFile(m_folder, "no-entries.xml", esiWith("N", "<RxPdo Sm=\"0\"><Index>#x1600</Index></RxPdo>"));
+    const CommandRun run = runShow({"--csv", "pdo", path});
+    QCOMPARE(run.output, pdoHeader + path.toUtf8() + ",1,N,device,output,0x1600,,no,no,0,0,,,,,,,\r\n");
+}
+
+void tst_ShowCsv::ktlFilesHaveNoDictionary()
+{
+    const QString ktl = m_folder.filePath("drive.ktl");
+    QCOMPARE(runKtl({"convert", samplePath("servo-drive.xml"), "-o", ktl}).exitCode, 0);
+    const CommandRun run = runShow({"--csv", "dictionary", ktl});
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.output, dictionaryHeader);
+    QVERIFY(runShow({"--csv", "pdo", ktl})
+                .output.contains(",1,,device,output,0x1600,,no,no,2,0,1,0x6040,0,16,,,NONE Type\r\n"));
+    QVERIFY(
+        runShow({"--csv", "startup", ktl}).output.contains(",1,,device,2,CoE,PS,0x2010,1,no,4,10000,,,unknown,,\r\n"));
+}
+
+void tst_ShowCsv::everyRowHasEveryColumn_data()
+{
+    headers_data();
+}
+
+void tst_ShowCsv::everyRowHasEveryColumn()
+{
+    QFETCH(QString, table);
+    const QString ktl = m_folder.filePath(table + ".ktl");
+    QStringList paths{ktl};
+    for (const QString& name : sampleNames())
+        paths.append(samplePath(name));
+    QCOMPARE(runKtl(QStringList{"convert"} + paths.mid(1) + QStringList{"-o", ktl}).exitCode, 0);
+    const QList<QStringList> all = parsed(runShow(QStringList{"--csv", table} + paths).output);
+    QVERIFY(all.size() > 50);
+    for (const QStringList& row : all)
+        QCOMPARE(row.size(), all.at(0).size());
+}
+
+QTEST_GUILESS_MAIN(tst_ShowCsv)
+#include "tst_ShowCsv.moc"
