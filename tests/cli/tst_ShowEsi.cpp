@@ -25,6 +25,7 @@ private slots:
     void dictionaryRows();
     void textForPeople();
     void exportTimeAndRuns();
+    void exportThatCannotBeReadInFull();
 
 private:
     QTemporaryDir m_folder;
@@ -345,6 +346,27 @@ void tst_ShowEsi::exportTimeAndRuns()
     QCOMPARE(devices.at(1).toObject().value("run").toInt(), 2);
     QCOMPARE(devices.at(1).toObject().value("export").toObject(),
              objectOf(R"({"date":"2026-01-02","time":"03:04:05","formatVersion":65576})"));
+}
+
+/// A module PDO on no sync manager has startup records that its item does not count: what stands behind is not found.
+void tst_ShowEsi::exportThatCannotBeReadInFull()
+{
+    const QByteArray esi =
+        "<EtherCATInfo><Vendor><Id>1</Id></Vendor><Descriptions><Devices><Device><Type ProductCode=\"2\">D</Type>"
+        "<Name>Coupler</Name><Profile><ProfileNo>5001</ProfileNo></Profile>"
+        "<Mailbox><CoE PdoConfig=\"1\"/></Mailbox><Slots><Slot MaxInstances=\"1\"><Name>S</Name></Slot></Slots>"
+        "</Device></Devices><Modules><Module><Type ModuleIdent=\"16\">M</Type><Name>Mod</Name>"
+        "<RxPdo><Index>#x1600</Index><Entry><Index>#x7000</Index><BitLen>8</BitLen></Entry></RxPdo>"
+        "<Mailbox><CoE><InitCmd><Transition>PS</Transition><Index>#x8000</Index><Data>01</Data></InitCmd></CoE>"
+        "</Mailbox></Module></Modules></Descriptions></EtherCATInfo>";
+    const QString path = writtenFile(m_folder, "uncounted.xml", esi);
+    const CommandRun run = runShow({"--json", path});
+    QVERIFY2(
+        run.errors.startsWith(path.toUtf8() + ": warning: device \"Coupler\": in an export the items behind byte "),
+        run.errors.constData());
+    QCOMPARE(run.exitCode, 0);
+    const QJsonObject device = list(filesIn(run).at(0).toObject(), "devices").at(0).toObject();
+    QCOMPARE(list(list(device, "modules").at(0).toObject(), "startup").size(), 1); // as many as are announced
 }
 
 QTEST_GUILESS_MAIN(tst_ShowEsi)
