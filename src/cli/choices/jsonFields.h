@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <utility>
 
 /// A key that an object may have.
 struct JsonKey
@@ -40,9 +41,9 @@ public:
     /// Tells unknown keys, and needed ones that are missing. The key "about" may stand anywhere and hold anything.
     /// @param problems  must outlive this object
     template<std::size_t Count>
-    JsonFields(const QJsonValue& value, const QString& path, const std::array<JsonKey, Count>& keys, Problems& problems)
+    JsonFields(const QJsonValue& value, QString path, const std::array<JsonKey, Count>& keys, Problems& problems)
         : m_object(value.toObject())
-        , m_path(path)
+        , m_path(std::move(path))
         , m_problems(problems)
     {
         check(value, keys.data(), Count);
@@ -66,7 +67,8 @@ public:
         if (has(key) && !list.isArray())
             refuse(key, QStringLiteral("a list"));
         int position = 0;
-        for (const QJsonValue& element : list.toArray())
+        const QJsonArray elements = list.toArray();
+        for (const QJsonValue& element : elements)
             visit(element, QStringLiteral("%1[%2]").arg(pathOf(key), QString::number(position++)));
     }
 
