@@ -49,9 +49,9 @@ void tst_CommandLine::help()
 {
     QFETCH(QStringList, arguments);
     const CommandRun run = runKtl(arguments);
-    for (const char* word :
-         {"Usage: ktl ", "\n  convert ", "\n  dump ", "ktl convert drive.xml", "ktl dump machine.ktl", "--version",
-          "--help", "0 done", "1 done with warnings", "2 input"})
+    for (const char* word : {"Usage: ktl ", "\n  convert ", "\n  choices ", "\n  show ", "\n  dump ",
+                             "ktl convert drive.xml", "ktl choices ", "ktl show ", "ktl dump machine.ktl", "--version",
+                             "--help", "0 done", "1 done with warnings", "2 input"})
         QVERIFY2(run.output.contains(word), word);
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
