@@ -17,6 +17,7 @@ private slots:
     static void chosenType_data();
     static void chosenType();
     static void entryThatIsCurrent();
+    static void listStaysAtTheChosenType();
     static void typedAxes_data();
     static void typedAxes();
     static void operationModes_data();
@@ -99,6 +100,20 @@ void tst_DeviceEdits::entryThatIsCurrent()
     selection.select(device);
     QVERIFY(!selection.chooseType(device, 2));
     QCOMPARE(int(device.m_iDriveAxies), 7); // not counted by the slots
+}
+
+/// The choice moves the list, so the next device of that type keeps its axes, and one of the former type does not.
+void tst_DeviceEdits::listStaysAtTheChosenType()
+{
+    for (const auto& [type, axes] : {std::pair(4, 7), std::pair(0, 0)}) {
+        DeviceSelection selection;
+        struct_EtherCatDevice device = deviceWithSlots(0, 7);
+        selection.select(device);
+        QVERIFY(selection.chooseType(device, 4));
+        struct_EtherCatDevice next = deviceWithSlots(type, 7);
+        selection.select(next);
+        QCOMPARE(int(next.m_iDriveAxies), axes);
+    }
 }
 
 void tst_DeviceEdits::typedAxes_data()
