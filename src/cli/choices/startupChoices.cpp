@@ -4,6 +4,7 @@
 #include "editing/startupValues.h"
 #include "esi/xmlCharConversion.h"
 
+#include <algorithm>
 #include <limits>
 #include <map>
 #include <type_traits>
@@ -18,11 +19,13 @@ struct RowChoices
     bool isRemoved = false;
 };
 
+/// How many rows can be named: rows have 16 bits, and the one behind the last of them has to fit too.
 std::uint32_t rowCount(const struct_EtherCatDevice& device)
 {
+    constexpr std::uint32_t mostRows = std::numeric_limits<std::uint16_t>::max();
     std::uint32_t count = 0;
     forEachStartupList(device, [&](const auto&, std::uint16_t ofList, StartupList) { count += ofList; });
-    return count;
+    return std::min(count, mostRows);
 }
 
 template<typename Command> void checkCommand(const Command& command, const StartupChoice& choice, Problems& problems)
