@@ -8,6 +8,7 @@ namespace {
 std::vector<ShowValue> textList(const std::vector<std::string>& words)
 {
     std::vector<ShowValue> values;
+    values.reserve(words.size());
     for (const std::string& word : words)
         values.push_back(text(word));
     return values;

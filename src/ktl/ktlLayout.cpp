@@ -16,7 +16,8 @@ template<typename Type> constexpr KtlField fieldOf(const char* name, std::size_t
     return {name, offset, sizeof(Value), count, std::is_signed_v<Value>, KtlMeaning::Number};
 }
 
-// A macro, since nothing else gives the name, place and type of a member at once.
+// A macro, since nothing else gives the name, place and type of a member at once; the name of a type takes no brackets.
+// NOLINTNEXTLINE(bugprone-macro-parentheses)
 #define KTL_FIELD(Record, member) fieldOf<decltype(std::declval<Record&>().member)>(#member, offsetof(Record, member))
 
 /// Whether fields follow each other without a gap, up to the end of the record.

@@ -144,13 +144,13 @@ void tst_ShowCsv::rows()
 void tst_ShowCsv::quotes()
 {
     const QByteArray pdo = "<RxPdo Sm=\"0\"><Index>#x1600</Index><Name>a&#10;b</Name><Entry><Index>#x7000</Index>"
-                           "<BitLen>8</BitLen><Name>\"</Name></Entry></RxPdo>";
+                           "<BitLen>8</BitLen><Name>\"</Name><DataType>c&#13;d</DataType></Entry></RxPdo>";
     const QString path = writtenFile(m_folder, "a,b.xml", esiWith("say \"go\", then stop", pdo));
     const CommandRun run = runShow({"--csv", "pdo", path});
     QCOMPARE(run.output,
              pdoHeader + '"' + path.toUtf8()
                  + "\",1,\"say \"\"go\"\", then stop\",device,output,0x1600,\"a\nb\",no,no,0,0,1,0x7000,0,8,"
-                   "\"\"\"\",,NONE Type\r\n");
+                   "\"\"\"\",\"c\rd\",NONE Type\r\n");
 }
 
 void tst_ShowCsv::pdoWithoutEntries()

@@ -2,7 +2,10 @@
 #include "cli/showRun.h"
 #include "ktl/ktlBytes.h"
 
+#include <QTextCodec>
 #include <QtTest>
+
+#include <memory>
 
 class tst_ShowEsi : public QObject
 {
@@ -67,11 +70,14 @@ QByteArray readAll(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// A sample in UTF-16, by its own byte order mark.
-QByteArray utf16(const QString& path)
+/// A sample in UTF-16 or UTF-32, with a byte order mark.
+QByteArray encoded(const QString& path, const char* codec)
 {
-    const QString text = QString::fromUtf8(readAll(path)).replace("encoding=\"UTF-8\"", "encoding=\"UTF-16\"");
-    return bytes("FF FE") + QByteArray(reinterpret_cast<const char*>(text.utf16()), text.size() * 2);
+    QTextCodec* const found = QTextCodec::codecForName(codec);
+    if (found == nullptr)
+        return {};
+    const std::unique_ptr<QTextEncoder> encoder(found->makeEncoder());
+    return encoder->fromUnicode(QString::fromUtf8(readAll(path)));
 }
 
 /// A KTL file of one device: a CoE item with one complete access, and its values.
@@ -94,7 +100,8 @@ void tst_ShowEsi::kindIsInTheContent_data()
     QTest::addRow("ESI") << esi << "ESI";
     QTest::addRow("ESI with a byte order mark") << bytes("EF BB BF") + esi << "ESI";
     QTest::addRow("ESI behind blanks") << "\n  " + esi.mid(esi.indexOf("<EtherCATInfo")) << "ESI";
-    QTest::addRow("ESI in UTF-16") << utf16(samplePath("io-block.xml")) << "ESI";
+    for (const char* codec : {"UTF-16LE", "UTF-16BE", "UTF-32LE", "UTF-32BE"})
+        QTest::addRow("ESI in %s", codec) << encoded(samplePath("io-block.xml"), codec) << "ESI";
     QTest::addRow("End item alone") << bytes("00 00 00 00 0C 00 00 00 00 00 00 00") << "KTL";
     QTest::addRow("item of a later version first")
         << bytes("F4 9F 00 00 08 00 00 00 00 00 00 00 0C 00 00 00 00 00 00 00") << "KTL";
