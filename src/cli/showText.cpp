@@ -6,13 +6,31 @@
 #include <QString>
 
 #include <algorithm>
+#include <optional>
 #include <ostream>
+#include <string>
+#include <vector>
 
 namespace {
 
 using Row = std::vector<std::string>;
 
 constexpr std::size_t step = 2; // blanks by which what belongs to a heading is indented, and between columns
+
+std::string cellOf(const ShowValue& value);
+
+/// The words of a key: "syncManagers" are "sync managers".
+std::string labelOf(const std::string& key)
+{
+    std::string label;
+    for (const char character : key) {
+        const QChar letter = QLatin1Char(character);
+        if (letter.isUpper())
+            label += ' ';
+        label += letter.toLower().toLatin1();
+    }
+    return label;
+}
 
 std::string plainText(const ShowNumber& number)
 {
@@ -60,6 +78,12 @@ std::string plainText(const ShowObject& /*object*/)
     return {};
 }
 
+/// A plain value, or a list of such, on one line; "-" for nothing.
+std::string cellOf(const ShowValue& value)
+{
+    return std::visit([](const auto& content) { return plainText(content); }, value.content);
+}
+
 /// @return  false at a list of objects
 bool addCells(const ShowObject& object, Row& cells, Row* labels)
 {
@@ -77,6 +101,17 @@ bool addCells(const ShowObject& object, Row& cells, Row* labels)
             labels->push_back(labelOf(member.key));
     }
     return true;
+}
+
+/// The plain members of an object and of the objects in it, in one row; nothing if it holds a list of objects.
+/// @param labels  takes the label of each cell; may be null
+std::optional<Row> rowOf(const ShowValue& object, Row* labels)
+{
+    Row cells;
+    const auto* const members = std::get_if<ShowObject>(&object.content);
+    if (members == nullptr || !addCells(*members, cells, labels))
+        return std::nullopt;
+    return cells;
 }
 
 /// Characters that a text takes on a terminal, about: combining ones are rare here, Chinese ones take two.
@@ -153,32 +188,6 @@ bool isListOfObjects(const ShowValue& value)
 }
 
 } // namespace
-
-std::string labelOf(const std::string& key)
-{
-    std::string label;
-    for (const char character : key) {
-        const QChar letter = QLatin1Char(character);
-        if (letter.isUpper())
-            label += ' ';
-        label += letter.toLower().toLatin1();
-    }
-    return label;
-}
-
-std::string cellOf(const ShowValue& value)
-{
-    return std::visit([](const auto& content) { return plainText(content); }, value.content);
-}
-
-std::optional<std::vector<std::string>> rowOf(const ShowValue& object, std::vector<std::string>* labels)
-{
-    Row cells;
-    const auto* const members = std::get_if<ShowObject>(&object.content);
-    if (members == nullptr || !addCells(*members, cells, labels))
-        return std::nullopt;
-    return cells;
-}
 
 void writeText(std::ostream& out, const ShowObject& object, std::size_t indentation)
 {

@@ -1,6 +1,6 @@
 // The texts of the CoE tab's rows, without a window.
-#include "model/dictionaryBuilders.h"
 #include "editing/dictionaryTexts.h"
+#include "model/dictionaryBuilders.h"
 
 #include <QtTest>
 
