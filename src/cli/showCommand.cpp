@@ -2,13 +2,13 @@
 
 #include "cli/inputFile.h"
 #include "cli/progress.h"
-#include "cli/showItems.h"
-#include "cli/showJson.h"
-#include "cli/showModel.h"
-#include "cli/showSource.h"
-#include "cli/showTables.h"
-#include "cli/showText.h"
-#include "cli/showWords.h"
+#include "cli/show/showItems.h"
+#include "cli/show/showJson.h"
+#include "cli/show/showModel.h"
+#include "cli/show/showSource.h"
+#include "cli/show/showTables.h"
+#include "cli/show/showText.h"
+#include "cli/show/showWords.h"
 #include "model/XMLParsing.h"
 
 #include <ostream>

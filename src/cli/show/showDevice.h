@@ -2,8 +2,8 @@
 // that an export writes of them, so that both agree in all that the format has.
 #pragma once
 
-#include "cli/showValue.h"
-#include "cli/startupOrigins.h"
+#include "cli/show/showValue.h"
+#include "cli/show/startupOrigins.h"
 #include "ktl/ktlDeviceBlocks.h"
 
 #include <vector>

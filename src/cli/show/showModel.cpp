@@ -1,7 +1,7 @@
-#include "cli/showModel.h"
+#include "cli/show/showModel.h"
 
-#include "cli/showDevice.h"
-#include "cli/showWords.h"
+#include "cli/show/showDevice.h"
+#include "cli/show/showWords.h"
 
 namespace {
 

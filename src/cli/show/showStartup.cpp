@@ -1,6 +1,6 @@
 // showStartup.cpp - startup commands of a device block.
-#include "cli/showDevice.h"
-#include "cli/showWords.h"
+#include "cli/show/showDevice.h"
+#include "cli/show/showWords.h"
 
 #include <algorithm>
 #include <memory>

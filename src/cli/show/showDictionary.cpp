@@ -1,4 +1,4 @@
-#include "cli/showDictionary.h"
+#include "cli/show/showDictionary.h"
 
 #include "esi/xmlCharConversion.h"
 

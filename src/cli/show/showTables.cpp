@@ -1,8 +1,8 @@
-#include "cli/showTables.h"
+#include "cli/show/showTables.h"
 
-#include "cli/showCsv.h"
-#include "cli/showDictionary.h"
-#include "cli/showWords.h"
+#include "cli/show/showCsv.h"
+#include "cli/show/showDictionary.h"
+#include "cli/show/showWords.h"
 #include "editing/linkTexts.h"
 #include "model/XMLParsing.h"
 #include "model/pdoAccess.h"

@@ -1,7 +1,7 @@
 // showModel.h - devices and modules of an ESI file as the model holds them after loading.
 #pragma once
 
-#include "cli/showValue.h"
+#include "cli/show/showValue.h"
 #include "model/deviceRecords.h"
 
 /// How much of a record is shown.

@@ -1,6 +1,6 @@
-#include "cli/showJson.h"
+#include "cli/show/showJson.h"
 
-#include "cli/showWords.h"
+#include "cli/show/showWords.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "cli/startupOrigins.h"
+#include "cli/show/startupOrigins.h"
 
 #include "esi/derivation/startupCommands.h"
 

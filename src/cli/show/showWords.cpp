@@ -1,4 +1,4 @@
-#include "cli/showWords.h"
+#include "cli/show/showWords.h"
 
 #include "editing/linkTexts.h"
 #include "esi/xmlCharConversion.h"

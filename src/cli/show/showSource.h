@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cli/messages.h"
-#include "cli/showDevice.h"
+#include "cli/show/showDevice.h"
 #include "ktl/ktlItemWalk.h"
 
 #include <QString>

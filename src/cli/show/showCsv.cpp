@@ -1,6 +1,6 @@
-#include "cli/showCsv.h"
+#include "cli/show/showCsv.h"
 
-#include "cli/showWords.h"
+#include "cli/show/showWords.h"
 
 #include <ostream>
 

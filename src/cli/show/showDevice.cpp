@@ -1,6 +1,6 @@
-#include "cli/showDevice.h"
+#include "cli/show/showDevice.h"
 
-#include "cli/showWords.h"
+#include "cli/show/showWords.h"
 #include "editing/linkTexts.h"
 
 namespace {

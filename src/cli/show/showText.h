@@ -1,7 +1,7 @@
 // showText.h - values as text for people.
 #pragma once
 
-#include "cli/showValue.h"
+#include "cli/show/showValue.h"
 
 #include <cstddef>
 #include <iosfwd>

@@ -1,7 +1,7 @@
 // showModelDictionary.cpp - CoE dictionaries of the model: data types, objects, and the rows that they give.
-#include "cli/showDictionary.h"
-#include "cli/showModel.h"
-#include "cli/showWords.h"
+#include "cli/show/showDictionary.h"
+#include "cli/show/showModel.h"
+#include "cli/show/showWords.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 // showTables.h - the tables that `ktl show --csv` gives.
 #pragma once
 
-#include "cli/showSource.h"
+#include "cli/show/showSource.h"
 
 #include <QString>
 

@@ -1,4 +1,4 @@
-#include "cli/showSource.h"
+#include "cli/show/showSource.h"
 
 #include "cli/inputFile.h"
 #include "cli/ktlInput.h"

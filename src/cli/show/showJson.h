@@ -1,7 +1,7 @@
 // showJson.h - values as JSON.
 #pragma once
 
-#include "cli/showValue.h"
+#include "cli/show/showValue.h"
 
 #include <iosfwd>
 

@@ -1,6 +1,6 @@
-#include "cli/showItems.h"
+#include "cli/show/showItems.h"
 
-#include "cli/showWords.h"
+#include "cli/show/showWords.h"
 
 #include <algorithm>
 #include <iomanip>

@@ -1,6 +1,6 @@
-#include "cli/showText.h"
+#include "cli/show/showText.h"
 
-#include "cli/showWords.h"
+#include "cli/show/showWords.h"
 
 #include <QChar>
 #include <QString>

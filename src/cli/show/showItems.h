@@ -1,7 +1,7 @@
 // showItems.h - the items of a KTL file, field by field.
 #pragma once
 
-#include "cli/showValue.h"
+#include "cli/show/showValue.h"
 #include "ktl/ktlItemWalk.h"
 
 #include <iosfwd>

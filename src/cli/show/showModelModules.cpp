@@ -1,6 +1,6 @@
 // showModelModules.cpp - what devices and modules have in common, slots, and the modules themselves.
-#include "cli/showModel.h"
-#include "cli/showWords.h"
+#include "cli/show/showModel.h"
+#include "cli/show/showWords.h"
 #include "editing/linkTexts.h"
 #include "model/pdoAccess.h"
 #include "model/startupAccess.h"
