@@ -25,12 +25,12 @@ namespace {
 /// Selects every device once, as the choices of a file do; tells of a device for which that fails.
 bool selectAll(std::vector<struct_FilenameDevice>& files, Messages& messages)
 {
-    DeviceSelection selection;
+    DeviceClicks clicks;
     bool areSelected = true;
     for (struct_FilenameDevice& file : files)
         for (struct_EtherCatDevice& device : file.device)
             try {
-                selection.select(device);
+                clicks.select(device);
             } catch (const std::out_of_range& error) {
                 messages.error(QString::fromStdString(file.xmlfilepath), rangeErrorText(error));
                 areSelected = false;

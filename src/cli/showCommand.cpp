@@ -11,7 +11,10 @@
 #include "cli/show/showWords.h"
 #include "model/XMLParsing.h"
 
+#include <optional>
 #include <ostream>
+
+#include <unistd.h>
 
 const SubCommandText showText{
     QLatin1String("show"),
@@ -178,7 +181,11 @@ ExitCode runShow(const QStringList& arguments, Console& console)
     shower.begin();
     int number = 0;
     for (const QString& path : paths) {
-        const Progress progress(QStringLiteral("showing %1").arg(shownName(path)), ++number, paths.size());
+        // At a terminal the results themselves tell that something goes on, and the line would stand between them.
+        std::optional<Progress> progress;
+        ++number;
+        if (isatty(STDOUT_FILENO) == 0)
+            progress.emplace(QStringLiteral("showing %1").arg(shownName(path)), number, paths.size());
         if (const std::optional<ShownFile> file = openShownFile(path, console.messages))
             shower.show(*file);
     }

@@ -69,7 +69,7 @@ void renewModuleData(struct_EtherCatDevice& device)
     });
 }
 
-void DeviceSelection::select(struct_EtherCatDevice& device)
+void DeviceClicks::select(struct_EtherCatDevice& device)
 {
     if (m_shownType != device.m_iDeviceType) {
         const std::uint16_t axes = device.m_iDriveAxies;
@@ -82,7 +82,7 @@ void DeviceSelection::select(struct_EtherCatDevice& device)
     renewModuleData(device);
 }
 
-bool DeviceSelection::chooseType(struct_EtherCatDevice& device, std::uint16_t type)
+bool DeviceClicks::chooseType(struct_EtherCatDevice& device, std::uint16_t type)
 {
     if (m_shownType == type)
         return false;

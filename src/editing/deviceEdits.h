@@ -35,7 +35,7 @@ void setModuleIndexes(struct_EtherCatDevice& device, std::uint32_t configuration
 void renewModuleData(struct_EtherCatDevice& device);
 
 /// Selects devices one after the other as clicks in the device tree do, without a window.
-class DeviceSelection
+class DeviceClicks
 {
 public:
     /// Does to a device what selecting it does: the list of device types moves to its type, and the module data is made

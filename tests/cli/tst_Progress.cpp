@@ -63,6 +63,7 @@ private slots:
     void messageStandsAlone();
     void shortStepAtATerminal();
     void noTerminal();
+    void resultsAtATerminal();
 
 private:
     static std::unique_ptr<QProcess> start(const Workplace& place, const QString& script);
@@ -128,7 +129,7 @@ void tst_Progress::shortStepAtATerminal()
     QVERIFY(terminal.readUntil("\n").startsWith("gone.xml: error: "));
 }
 
-/// A log of a build server holds messages only.
+/// A log of a build server holds messages only. The pause is longer than what is waited for at a terminal.
 void tst_Progress::noTerminal()
 {
     const Workplace place;
@@ -141,6 +142,20 @@ void tst_Progress::noTerminal()
     }();
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.errors, QByteArray());
+}
+
+/// Results that go to the terminal as well tell by themselves that something goes on.
+void tst_Progress::resultsAtATerminal()
+{
+    const Workplace place;
+    Terminal terminal;
+    const auto process = start(
+        place, QStringLiteral("(sleep 1.5; cat \"$1\") | \"$0\" show - --csv pdo > %1 2>&1").arg(terminal.name()));
+    QVERIFY(process->waitForFinished());
+    QCOMPARE(process->exitCode(), 0);
+    const QByteArray shown = terminal.readUntil("Service counters");
+    QVERIFY(shown.contains("Service counters"));
+    QVERIFY2(!shown.contains("\033[K"), shown.constData());
 }
 
 QTEST_GUILESS_MAIN(tst_Progress)

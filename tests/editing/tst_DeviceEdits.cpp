@@ -60,7 +60,7 @@ void tst_DeviceEdits::axesOfSelection()
     QFETCH(int, before);
     QFETCH(int, type);
     QFETCH(int, axes);
-    DeviceSelection selection;
+    DeviceClicks selection;
     struct_EtherCatDevice earlier = deviceOfType(before);
     if (before >= 0)
         selection.select(earlier);
@@ -85,7 +85,7 @@ void tst_DeviceEdits::chosenType()
 {
     QFETCH(int, type);
     QFETCH(int, axes);
-    DeviceSelection selection;
+    DeviceClicks selection;
     struct_EtherCatDevice device = deviceWithSlots(5, 7);
     selection.select(device);
     QVERIFY(selection.chooseType(device, static_cast<std::uint16_t>(type)));
@@ -95,7 +95,7 @@ void tst_DeviceEdits::chosenType()
 
 void tst_DeviceEdits::entryThatIsCurrent()
 {
-    DeviceSelection selection;
+    DeviceClicks selection;
     struct_EtherCatDevice device = deviceWithSlots(2, 7);
     selection.select(device);
     QVERIFY(!selection.chooseType(device, 2));
@@ -106,7 +106,7 @@ void tst_DeviceEdits::entryThatIsCurrent()
 void tst_DeviceEdits::listStaysAtTheChosenType()
 {
     for (const auto& [type, axes] : {std::pair(4, 7), std::pair(0, 0)}) {
-        DeviceSelection selection;
+        DeviceClicks selection;
         struct_EtherCatDevice device = deviceWithSlots(0, 7);
         selection.select(device);
         QVERIFY(selection.chooseType(device, 4));

@@ -52,12 +52,12 @@ public:
         , m_problems(problems)
     {}
 
-    void run(DeviceSelection& selection)
+    void run(DeviceClicks& clicks)
     {
         try {
-            selection.select(m_device);
+            clicks.select(m_device);
             if (m_choices.deviceType.has_value())
-                chooseType(selection);
+                chooseType(clicks);
             chooseAxes();
             chooseMode();
             chooseIndexes();
@@ -89,9 +89,9 @@ private:
             m_warnings.insert(moduleListAdvice(m_device));
     }
 
-    void chooseType(DeviceSelection& selection)
+    void chooseType(DeviceClicks& clicks)
     {
-        if (selection.chooseType(m_device, *m_choices.deviceType)
+        if (clicks.chooseType(m_device, *m_choices.deviceType)
             && m_device.m_iDeviceType == KTL_DEVICE_TYPE_ManualIOBlock)
             warnOfModuleList();
     }
@@ -210,7 +210,7 @@ std::vector<ChoiceWarning> makeChoices(const std::vector<DeviceChoices>& choices
                                        std::vector<struct_FilenameDevice>& files, Problems& problems)
 {
     std::vector<ChoiceWarning> warnings;
-    DeviceSelection selection;
+    DeviceClicks clicks;
     ChosenDevices chosen;
     for (const DeviceChoices& ofDevice : choices) {
         const std::optional<DevicePosition> position = deviceOf(ofDevice, files, chosen, problems);
@@ -218,7 +218,7 @@ std::vector<ChoiceWarning> makeChoices(const std::vector<DeviceChoices>& choices
             continue;
         struct_FilenameDevice& file = files[position->first];
         DeviceEditing editing(file, file.device[position->second], ofDevice, problems);
-        editing.run(selection);
+        editing.run(clicks);
         for (const QString& warning : editing.warnings())
             warnings.push_back({QString::fromStdString(file.xmlfilepath), warning});
     }
