@@ -4,11 +4,14 @@
 #include "cli/deviceSelectors.h"
 #include "cli/exportTime.h"
 #include "cli/inputFile.h"
+#include "cli/ktlInput.h"
 #include "cli/progress.h"
 #include "cli/wholeSave.h"
 #include "editing/exportChecks.h"
 #include "ktl/ktlExport.h"
+#include "ktl/ktlItemWalk.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <stdexcept>
@@ -88,19 +91,40 @@ QString problemOf(const CommandLine& line)
     return {};
 }
 
-/// Whether the output may be written, before anything is done; tells if not.
+/// Whether the output and its dump may be written, before anything is done; tells if not.
 bool mayWrite(const CommandLine& line, const QString& output, Messages& messages)
 {
-    for (const QString& input : line.operands() + line.values(choicesOption))
-        if (isSameFile(input, output)) {
-            messages.error(input, QStringLiteral("the output would replace this file"));
+    const QString dump = QFile::decodeName(dumpPathOf(QFile::encodeName(output).toStdString()).c_str());
+    const bool isAllowed = line.isSet(appendSwitch) || line.isSet(forceSwitch);
+    for (const QString& target : {output, dump}) {
+        for (const QString& input : line.operands() + line.values(choicesOption))
+            if (isSameFile(input, target)) {
+                messages.error(input, QStringLiteral("the output would replace this file"));
+                return false;
+            }
+        const QFileInfo existing(target);
+        if (existing.isDir() || (existing.exists() && !isAllowed)) {
+            messages.error(target, existing.isDir()
+                                       ? QStringLiteral("this is a folder")
+                                       : QStringLiteral("the file exists; --force replaces it, --append adds to it"));
             return false;
         }
-    if (QFileInfo::exists(output) && !line.isSet(appendSwitch) && !line.isSet(forceSwitch)) {
-        messages.error(output, QStringLiteral("the file exists; --force replaces it, --append adds to it"));
-        return false;
     }
     return true;
+}
+
+/// Warns of a file that is not what a run can be found behind: controllers and readers lose their way in it.
+void warnOfBrokenTarget(const CommandLine& line, const QString& output, Messages& messages)
+{
+    if (!line.isSet(appendSwitch) || !QFileInfo(output).isFile())
+        return;
+    const FileHandle file(std::fopen(QFile::encodeName(output).constData(), "rb"));
+    if (file == nullptr)
+        return; // told when it is written
+    const std::vector<unsigned char> bytes = bytesOf(file.get());
+    if (const QString problem = problemAtEnd(walkItems(bytes)); !bytes.empty() && !problem.isEmpty())
+        messages.warning(output,
+                         QStringLiteral("what is added cannot be found behind what the file holds: ") + problem);
 }
 
 /// Says what the window says before an export.
@@ -158,6 +182,7 @@ ExitCode convert(const CommandLine& line, const QDateTime& exportTime, Messages&
         if (!mayWrite(line, output, messages))
             return messages.exitCode();
     }
+    warnOfBrokenTarget(line, output, messages);
     write(line, output, *devices, exportTime, messages);
     return messages.exitCode(line.isSet(strictSwitch));
 }

@@ -3,9 +3,9 @@
 #include "cli/ktlInput.h"
 #include "ktl/ktlExport.h"
 
-#include <array>
 #include <cstdio>
 #include <ostream>
+#include <vector>
 
 const SubCommandText dumpText{
     QLatin1String("dump"),
@@ -20,14 +20,19 @@ const SubCommandText dumpText{
 
 namespace {
 
-/// Copies a stream from its start.
-void copyAll(std::FILE* from, std::ostream& to)
+/// Tells of what the dump does not show: the rest of a file that is broken, and what stands behind its last item.
+void tellWhatIsMissing(const QString& path, std::FILE* ktl, Messages& messages)
 {
-    std::rewind(from);
-    std::array<char, 65536> block{};
-    for (std::size_t size = std::fread(block.data(), 1, block.size(), from); size > 0;
-         size = std::fread(block.data(), 1, block.size(), from))
-        to.write(block.data(), static_cast<std::streamsize>(size));
+    constexpr std::size_t mostItems = 2000; // that a dump shows
+    std::rewind(ktl);
+    const std::vector<unsigned char> bytes = bytesOf(ktl);
+    const KtlWalk walk = walkItems(bytes);
+    if (const QString problem = problemAtEnd(walk); !problem.isEmpty())
+        messages.error(path, problem);
+    if (walk.items.size() > mostItems)
+        messages.warning(path, QStringLiteral("the file has %1 items, of which a dump shows the first %2")
+                                   .arg(walk.items.size())
+                                   .arg(mostItems));
 }
 
 } // namespace
@@ -43,15 +48,13 @@ ExitCode runDump(const QStringList& arguments, Console& console)
     const FileHandle ktl = openSeekable(path, console.messages);
     if (ktl == nullptr)
         return console.messages.exitCode();
-    const FileHandle text(std::tmpfile());
-    if (text == nullptr) {
-        console.messages.error(path, QStringLiteral("there is no room for the dump"));
+    int errorCode = 0;
+    console.results.flush(); // the dump is written by the C library, into the same output
+    static_cast<void>(KTL_write_log_devices(stdout, ktl.get(), &errorCode));
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        console.messages.error({}, QStringLiteral("standard output cannot be written"));
         return console.messages.exitCode();
     }
-    int errorCode = 0;
-    const bool isWhole = KTL_write_log_devices(text.get(), ktl.get(), &errorCode);
-    copyAll(text.get(), console.results);
-    if (!isWhole)
-        console.messages.error(path, QStringLiteral("an item head cannot be right; the dump ends there"));
+    tellWhatIsMissing(path, ktl.get(), console.messages);
     return console.messages.exitCode();
 }

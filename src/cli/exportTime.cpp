@@ -1,17 +1,27 @@
 #include "cli/exportTime.h"
 
+#include <QRegularExpression>
 #include <QtGlobal>
 
 namespace {
 
 const char* const epochVariable = "SOURCE_DATE_EPOCH";
 
-/// The file holds the year in decimal digits before those of month and day: four of them are what readers expect.
-bool hasFourDigits(int year)
+/// The time that a text in the form of ISO 8601 shows; not valid if it is none. Only the digits count: they go into the
+/// file as they are written, so neither an offset nor the time zone of the machine changes them. The file holds the
+/// year in decimal digits before those of month and day: four of them are what readers expect.
+QDateTime writtenTime(const QString& text)
 {
-    constexpr int first = 1;
-    constexpr int last = 9999;
-    return year >= first && year <= last;
+    static const QRegularExpression form(QStringLiteral(R"(^([1-9]\d{3}-\d\d-\d\d))" // date
+                                                        R"((?:[T ](\d\d:\d\d(?::\d\d(?:\.\d+)?)?))" // time
+                                                        R"((?:[Zz]|[+-]\d\d(?::?\d\d)?)?)?$)")); // offset
+    const QRegularExpressionMatch match = form.match(text);
+    if (!match.hasMatch())
+        return {};
+    const QTime time =
+        match.captured(2).isEmpty() ? QTime(0, 0) : QTime::fromString(match.captured(2), Qt::ISODateWithMs);
+    const QDate date = QDate::fromString(match.captured(1), Qt::ISODate);
+    return date.isValid() && time.isValid() ? QDateTime(date, time, Qt::UTC) : QDateTime();
 }
 
 } // namespace
@@ -19,8 +29,7 @@ bool hasFourDigits(int year)
 ExportTime exportTimeFrom(const std::optional<QString>& date)
 {
     if (date.has_value()) {
-        const QDateTime time = QDateTime::fromString(*date, Qt::ISODate);
-        if (time.isValid() && hasFourDigits(time.date().year()))
+        if (const QDateTime time = writtenTime(*date); time.isValid())
             return {time, {}};
         return {{}, QStringLiteral("\"%1\" is no time in the form 2026-11-21T10:00:00Z").arg(*date)};
     }

@@ -14,8 +14,8 @@ struct ExportTime
 };
 
 /// The time of an export: that of the option `--date`; without one that of the variable SOURCE_DATE_EPOCH, in UTC; else
-/// now, in local time. A time with an offset is shown as it is written and never converted, so that the same command
-/// gives the same bytes in every time zone.
+/// now, in local time. A time of the option is shown as it is written, whatever its offset, so that the same
+/// command gives the same bytes in every time zone.
 /// @param date  of the option, in the form of ISO 8601: "2026-11-21", "2026-11-21T10:00:00Z"; nothing without the
 /// option
 [[nodiscard]] ExportTime exportTimeFrom(const std::optional<QString>& date);

@@ -41,6 +41,10 @@ bool isStandardInput(const QString& path)
 
 bool openInput(QFile& file, const QString& path, Messages& messages)
 {
+    if (path.isEmpty()) {
+        messages.error({}, QStringLiteral("the name of a file is empty"));
+        return false;
+    }
     file.setFileName(path);
     const bool isOpen = isStandardInput(path) ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
     if (!isOpen)

@@ -9,10 +9,14 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
 #include <iterator>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -35,6 +39,15 @@ constexpr SubCommand subCommands[] = {
     std::abort();
 }
 
+/// Gives a use to each of the three standard streams that is closed, before a file of ours gets its number and is taken
+/// for it. Standard output stays one that cannot be written, so that a result which is lost is noticed.
+void fillClosedStreams()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (fcntl(stream, F_GETFD) < 0)
+            static_cast<void>(open("/dev/null", stream == STDERR_FILENO ? O_WRONLY : O_RDONLY));
+}
+
 void tellHelp(std::ostream& out)
 {
     out << "Usage: ktl SUB-COMMAND [options] FILE...\n"
@@ -46,8 +59,8 @@ void tellHelp(std::ostream& out)
     out << "\nOptions:\n"
            "  -h, --help     Shows this help; behind a sub-command, that of the sub-command.\n"
            "  -v, --version  Shows the version.\n\n"
-           "Exit status: 0 done, 1 done with warnings where --strict is given, 2 input or arguments that cannot be\n"
-           "used.\n\n"
+           "Exit status: 0 done, 1 done with warnings where --strict of convert is given, 2 input or arguments that\n"
+           "cannot be used.\n\n"
            "Examples:\n";
     for (const SubCommand& subCommand : subCommands)
         out << subCommand.text->examples.latin1();
@@ -80,6 +93,8 @@ ExitCode run(const QStringList& arguments, Console& console)
 int main(int argc, char** argv)
 {
     std::set_terminate(endWithReason);
+    fillClosedStreams();
+    static_cast<void>(std::signal(SIGXFSZ, SIG_IGN)); // a limit on the size of files is told like a disk that is full
     std::ios::sync_with_stdio(false);
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("ktl"));

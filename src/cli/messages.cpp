@@ -7,18 +7,16 @@
 
 #include <ostream>
 
-namespace {
-
-/// Texts of the window and names from files may hold line feeds; a message is one line.
 QString oneLine(QString text)
 {
-    for (QChar& character : text)
-        if (character.category() == QChar::Other_Control)
+    for (QChar& character : text) {
+        const QChar::Category category = character.category();
+        if (category == QChar::Other_Control || category == QChar::Other_Format || category == QChar::Separator_Line
+            || category == QChar::Separator_Paragraph)
             character = QLatin1Char(' ');
+    }
     return text.trimmed();
 }
-
-} // namespace
 
 QString shownName(const QString& file)
 {

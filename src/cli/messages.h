@@ -36,3 +36,6 @@ private:
 
 /// A file as messages and listings name it: its path with native separators, "<stdin>" for standard input.
 [[nodiscard]] QString shownName(const QString& file);
+
+/// A text as one line: line feeds and other characters that would move what stands around them become blanks.
+[[nodiscard]] QString oneLine(QString text);

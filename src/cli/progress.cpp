@@ -1,17 +1,28 @@
 #include "cli/progress.h"
 
+#include "cli/messages.h"
+
 #include <chrono>
 #include <condition_variable>
 #include <cstdio>
 #include <mutex>
-#include <string>
 #include <thread>
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
+
+/// Characters that surely stand on one line of the terminal; wide ones count twice. A longer line could not be wiped.
+int widthOfTerminal()
+{
+    constexpr int usualColumns = 80;
+    winsize size{};
+    const bool isKnown = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return (isKnown ? size.ws_col : usualColumns) - 1;
+}
 
 /// The one line on the terminal, drawn by a thread of its own: the work itself runs without a break.
 class ProgressLine
@@ -37,7 +48,7 @@ public:
     ProgressLine& operator=(ProgressLine&&) = delete;
 
     /// @param text  of the step that begins; empty when a step ends
-    void setText(const std::string& text)
+    void setText(const QString& text)
     {
         if (!m_isTerminal)
             return;
@@ -64,8 +75,9 @@ private:
         auto next = m_start + patience;
         while (!m_wakeUp.wait_until(lock, next, [this] { return m_isEnding; })) {
             const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - m_start).count();
-            if (!m_text.empty()) {
-                std::fprintf(stderr, "\r\033[K%s, %lld s", m_text.c_str(), static_cast<long long>(seconds));
+            if (!m_text.isEmpty()) {
+                const QString text = QStringLiteral("%1, %2 s").arg(m_text, QString::number(seconds));
+                std::fprintf(stderr, "\r\033[K%s", text.left(widthOfTerminal()).toUtf8().constData());
                 std::fflush(stderr);
                 m_isShown = true;
             }
@@ -87,7 +99,7 @@ private:
     const Clock::time_point m_start = Clock::now();
     std::mutex m_mutex;
     std::condition_variable m_wakeUp;
-    std::string m_text;
+    QString m_text;
     bool m_isShown = false;
     bool m_isEnding = false;
     std::thread m_thread;
@@ -104,7 +116,7 @@ ProgressLine& line()
 Progress::Progress(const QString& what, int number, int count)
 {
     const QString text = count == 1 ? what : QStringLiteral("%1 (%2 of %3)").arg(what).arg(number).arg(count);
-    line().setText(text.toStdString());
+    line().setText(oneLine(text));
 }
 
 Progress::~Progress()

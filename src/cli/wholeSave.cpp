@@ -5,9 +5,13 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <exception>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 namespace {
@@ -86,6 +90,59 @@ void copyPermissions(const Move& move)
         QFile::setPermissions(move.from, QFile::permissions(move.to));
 }
 
+/// Keeps the signals by which a user or a build server ends programs waiting as long as it lives, so that no run leaves
+/// half of its files behind.
+class SignalsWait
+{
+public:
+    SignalsWait()
+    {
+        sigset_t signalSet;
+        sigemptyset(&signalSet);
+        for (const int number : {SIGINT, SIGTERM, SIGHUP})
+            sigaddset(&signalSet, number);
+        m_isSet = pthread_sigmask(SIG_BLOCK, &signalSet, &m_before) == 0;
+    }
+    ~SignalsWait()
+    {
+        if (m_isSet)
+            pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
+    }
+    SignalsWait(const SignalsWait&) = delete;
+    SignalsWait& operator=(const SignalsWait&) = delete;
+    SignalsWait(SignalsWait&&) = delete;
+    SignalsWait& operator=(SignalsWait&&) = delete;
+
+private:
+    sigset_t m_before{};
+    bool m_isSet = false;
+};
+
+/// Lets one run at a time write into a folder: of two that add to the same file at once, one would be lost. Where the
+/// disk knows no locks, or the folder cannot be read, it does nothing.
+class FolderLock
+{
+public:
+    explicit FolderLock(const QString& folder)
+        : m_folder(open(encoded(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    {
+        if (m_folder >= 0)
+            static_cast<void>(flock(m_folder, LOCK_EX));
+    }
+    ~FolderLock()
+    {
+        if (m_folder >= 0)
+            close(m_folder); // gives the lock back
+    }
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+    FolderLock(FolderLock&&) = delete;
+    FolderLock& operator=(FolderLock&&) = delete;
+
+private:
+    int m_folder;
+};
+
 QString reasonOf(const KtlSaveResult& result)
 {
     const QString words = result.status == KtlSaveStatus::CannotReopen
@@ -105,6 +162,8 @@ std::optional<WholeSaveFailure> saveWhole(const QString& path, KtlSaveMode mode,
         if (const std::optional<QString> reason = obstacle(target))
             return WholeSaveFailure{target == ktl ? path : dumpOf(path), *reason};
 
+    const SignalsWait signalsWait;
+    const FolderLock lock(QFileInfo(ktl).absolutePath());
     const QTemporaryDir folder(QFileInfo(ktl).absolutePath() + QStringLiteral("/.ktl-XXXXXX"));
     if (!folder.isValid())
         return WholeSaveFailure{path, QStringLiteral("the file cannot be written: ") + folder.errorString()};
@@ -133,8 +192,9 @@ std::optional<WholeSaveFailure> saveWhole(const QString& path, KtlSaveMode mode,
     for (const Move& move : moves)
         copyPermissions(move);
     const Move* const failed = moveBoth(moves[0], moves[1], folder.filePath(QStringLiteral("kept.ktl")));
+    const QString reason = qt_error_string(errno);
     if (failed == nullptr)
         return std::nullopt;
     return WholeSaveFailure{failed == &moves[0] ? path : dumpOf(path),
-                            QStringLiteral("the file cannot be replaced by the new one")};
+                            QStringLiteral("the file cannot be replaced by the new one: ") + reason};
 }

@@ -21,6 +21,7 @@ private slots:
     void proposedName();
     void existingFile_data();
     void existingFile();
+    void existingDump();
 };
 
 void tst_ConvertCommand::oneFile_data()
@@ -177,6 +178,25 @@ void tst_ConvertCommand::existingFile()
     QCOMPARE(place.content(ktl), one.repeated(runs));
     QCOMPARE(place.content(ktl + QStringLiteral(".txt")).count("ItemHead-dec: 0,"), runs);
     QCOMPARE(place.names(), (QStringList{ktl, ktl + QStringLiteral(".txt")}));
+}
+
+/// A dump that stands alone counts like the file.
+void tst_ConvertCommand::existingDump()
+{
+    const Workplace place;
+    place.make(QStringLiteral("out.ktl.txt"), "notes");
+    const QStringList arguments{"convert", sample(), "-o", "out.ktl"};
+    const CommandRun run = runKtl(arguments, place.folder());
+    QCOMPARE(run.errors, QByteArray("out.ktl.txt: error: the file exists; --force replaces it, --append adds to it\n"));
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(place.content(QStringLiteral("out.ktl.txt")), QByteArray("notes"));
+    QCOMPARE(place.names(), QStringList{"out.ktl.txt"});
+    for (const char* option : {"--append", "--force"}) {
+        QCOMPARE(runKtl(arguments + QStringList{option}, place.folder()).exitCode, 0);
+        QCOMPARE(devicesIn(place.content(QStringLiteral("out.ktl"))), sampleDevices());
+        QVERIFY(place.content(QStringLiteral("out.ktl.txt")).startsWith("KTL Version"));
+        QVERIFY(QFile::remove(place.path(QStringLiteral("out.ktl"))));
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_ConvertCommand)

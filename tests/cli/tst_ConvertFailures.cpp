@@ -20,7 +20,9 @@ private slots:
     void noDevices();
     void undeclaredSyncManager_data();
     void undeclaredSyncManager();
+    void outputIsAnInput_data();
     void outputIsAnInput();
+    void emptyNames();
     void lineFeedInTheName();
 };
 
@@ -162,19 +164,60 @@ void tst_ConvertFailures::undeclaredSyncManager()
     }
 }
 
-/// The command never writes over what it reads: neither under the same name nor through a link.
+void tst_ConvertFailures::outputIsAnInput_data()
+{
+    QTest::addColumn<QString>("output");
+    QTest::addRow("same name") << "in.xml";
+    QTest::addRow("through a link") << "link.xml";
+    QTest::addRow("dump of that name") << "out.ktl";
+    QTest::addRow("dump through a link") << "linked.ktl";
+    QTest::addRow("choices file") << "choices.json";
+    QTest::addRow("choices file as the dump") << "choices.ktl";
+}
+
+/// The command never writes over what it reads, neither with the KTL file nor with its dump, whatever is allowed.
 void tst_ConvertFailures::outputIsAnInput()
 {
+    QFETCH(QString, output);
     const Workplace place;
-    const QByteArray before = esiWith("<Device><Type>A</Type></Device>");
-    const QString input = place.make(QStringLiteral("input.xml"), before);
-    QVERIFY(QFile::link(input, place.path(QStringLiteral("link.xml"))));
-    for (const char* output : {"input.xml", "link.xml"}) {
-        const CommandRun run = runKtl({"convert", sample(), "input.xml", "-o", output, "--force"}, place.folder());
+    const QByteArray esi = esiWith("<Device><Type>A</Type></Device>");
+    const QByteArray choices = R"({"format": "kinetra-choices", "version": 1, "devices": []})";
+    for (const char* name : {"in.xml", "out.ktl.txt"})
+        place.make(QString::fromLatin1(name), esi);
+    for (const char* name : {"choices.json", "choices.ktl.txt"})
+        place.make(QString::fromLatin1(name), choices);
+    for (const char* name : {"link.xml", "linked.ktl.txt"})
+        QVERIFY(QFile::link(QStringLiteral("in.xml"), place.path(QString::fromLatin1(name))));
+    const QStringList names = place.names();
+    const QString choicesFile = output == QLatin1String("choices.ktl") ? "choices.ktl.txt" : "choices.json";
+    for (const char* option : {"--force", "--append"}) {
+        const CommandRun run = runKtl(
+            {"convert", "in.xml", "out.ktl.txt", "--choices", choicesFile, "-o", output, option}, place.folder());
         QCOMPARE(run.exitCode, 2);
-        QCOMPARE(run.errors, QByteArray("input.xml: error: the output would replace this file\n"));
-        QCOMPARE(place.content(QStringLiteral("input.xml")), before);
-        QCOMPARE(place.names(), (QStringList{"input.xml", "link.xml"}));
+        QVERIFY2(run.errors.endsWith(": error: the output would replace this file\n"), run.errors.constData());
+        QCOMPARE(run.errors.count('\n'), 1);
+        QCOMPARE(place.content(QStringLiteral("in.xml")), esi);
+        QCOMPARE(place.content(QStringLiteral("out.ktl.txt")), esi);
+        QCOMPARE(place.content(QStringLiteral("choices.json")), choices);
+        QCOMPARE(place.content(QStringLiteral("choices.ktl.txt")), choices);
+        QCOMPARE(place.names(), names);
+    }
+}
+
+/// Without a name there is no file; nothing but the one line is said.
+void tst_ConvertFailures::emptyNames()
+{
+    const Workplace place;
+    const QStringList commands[] = {{"convert", "", "-o", "out.ktl"},
+                                    {"convert", sample(), "--choices", "", "-o", "out.ktl"},
+                                    {"choices", ""},
+                                    {"show", ""},
+                                    {"dump", ""}};
+    for (const QStringList& command : commands) {
+        const CommandRun run = runKtl(command, place.folder());
+        QCOMPARE(run.errors, QByteArray("ktl: error: the name of a file is empty\n"));
+        QCOMPARE(run.exitCode, 2);
+        QCOMPARE(place.names(), QStringList());
     }
 }
 
@@ -182,8 +225,9 @@ void tst_ConvertFailures::outputIsAnInput()
 void tst_ConvertFailures::lineFeedInTheName()
 {
     const Workplace place;
-    const CommandRun run = runKtl({"convert", "two\nlines.xml", "-o", "out.ktl"}, place.folder());
-    QVERIFY2(run.errors.startsWith("two lines.xml: error: "), run.errors.constData());
+    const QString name = QStringLiteral("two\nlines\u2028and \u202Eback.xml");
+    const CommandRun run = runKtl({"convert", name, "-o", "out.ktl"}, place.folder());
+    QVERIFY2(run.errors.startsWith("two lines and  back.xml: error: "), run.errors.constData());
     QCOMPARE(run.errors.count('\n'), 1);
 }
 

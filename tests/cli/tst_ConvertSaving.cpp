@@ -23,8 +23,13 @@ private slots:
     void noRegularFile();
     void linksAreFollowed();
     void permissionsStay();
+    void appendToAnything_data();
     void appendToAnything();
+    void appendAtOnce();
+    void endedByASignal();
 };
+
+static const QByteArray endItem = QByteArray::fromHex("000000000C00000000000000");
 
 /// Lets anybody work in the folder of a test.
 static bool openToAll(const Workplace& place)
@@ -67,19 +72,18 @@ void tst_ConvertSaving::fullDisk()
     QFETCH(int, blocks);
     QFETCH(QByteArray, failed);
     const Workplace place;
-    const QByteArray earlier = QByteArray::fromHex("000000000C00000000000000"); // an end item
-    place.make(QStringLiteral("out.ktl"), earlier);
+    place.make(QStringLiteral("out.ktl"), endItem);
     place.make(QStringLiteral("out.ktl.txt"), "earlier dump");
     CommandStart start;
     start.folder = place.folder();
     start.program = QStringLiteral("sh");
     const QString limited =
-        QStringLiteral("trap '' XFSZ; ulimit -f %1; exec \"$0\" convert \"$1\" -o out.ktl %2").arg(blocks).arg(option);
+        QStringLiteral("ulimit -f %1; exec \"$0\" convert \"$1\" -o out.ktl %2").arg(blocks).arg(option);
     const CommandRun run = runKtl({"-c", limited, KTL_PROGRAM, sample()}, start);
     QCOMPARE(run.exitCode, 2);
     QVERIFY2(run.errors.startsWith(failed + ": error: the file cannot be written in full"), run.errors.constData());
     QCOMPARE(run.errors.count('\n'), 1);
-    QCOMPARE(place.content(QStringLiteral("out.ktl")), earlier);
+    QCOMPARE(place.content(QStringLiteral("out.ktl")), endItem);
     QCOMPARE(place.content(QStringLiteral("out.ktl.txt")), QByteArray("earlier dump"));
     QCOMPARE(place.names(), (QStringList{"out.ktl", "out.ktl.txt"}));
 }
@@ -131,7 +135,7 @@ void tst_ConvertSaving::readOnlyTarget()
     QFETCH(QString, option);
     const Workplace place;
     place.make(QStringLiteral("in.xml"), contentOf(sample()));
-    place.make(QStringLiteral("out.ktl"), "earlier file");
+    place.make(QStringLiteral("out.ktl"), endItem);
     place.make(QStringLiteral("out.ktl.txt"), "earlier dump");
     QVERIFY(openToAll(place));
     for (const char* name : {"out.ktl", "out.ktl.txt"})
@@ -140,7 +144,7 @@ void tst_ConvertSaving::readOnlyTarget()
     const CommandRun run = runAsOrdinaryUser({"convert", "in.xml", "-o", "out.ktl", option}, place);
     QCOMPARE(run.errors, closed.toUtf8() + ": error: the file does not have write permission\n");
     QCOMPARE(run.exitCode, 2);
-    QCOMPARE(place.content(QStringLiteral("out.ktl")), QByteArray("earlier file"));
+    QCOMPARE(place.content(QStringLiteral("out.ktl")), endItem);
     QCOMPARE(place.content(QStringLiteral("out.ktl.txt")), QByteArray("earlier dump"));
 }
 
@@ -206,14 +210,70 @@ void tst_ConvertSaving::permissionsStay()
     QCOMPARE(QFile::permissions(ktl), own);
 }
 
-/// What a file holds is no matter of the new run: it stands in front, byte by byte.
+void tst_ConvertSaving::appendToAnything_data()
+{
+    QTest::addColumn<QByteArray>("earlier");
+    QTest::addColumn<QByteArray>("problem");
+    QTest::addRow("whole") << endItem << QByteArray();
+    QTest::addRow("empty") << QByteArray("") << QByteArray();
+    QTest::addRow("no KTL file") << QByteArray("abcdefgh ijkl") << QByteArray("the file ends at 0xd, inside an item");
+    QTest::addRow("cut head") << endItem + "abc" << QByteArray("the file ends inside the item head at 0xc");
+    QTest::addRow("no End item") << QByteArray::fromHex("419C00000C00000000000000")
+                                 << QByteArray("the last run has no End item: the file was cut short");
+}
+
+/// What a file holds stands in front of the new run, byte by byte. If nobody can find the run behind it, a warning says
+/// so.
 void tst_ConvertSaving::appendToAnything()
 {
+    QFETCH(QByteArray, earlier);
+    QFETCH(QByteArray, problem);
     const Workplace place;
     QCOMPARE(runKtl({"convert", sample(), "-o", "one.ktl"}, place.folder()).exitCode, 0);
-    place.make(QStringLiteral("out.ktl"), "abc");
-    QCOMPARE(runKtl({"convert", sample(), "-o", "out.ktl", "--append"}, place.folder()).exitCode, 0);
-    QCOMPARE(place.content(QStringLiteral("out.ktl")), "abc" + place.content(QStringLiteral("one.ktl")));
+    place.make(QStringLiteral("out.ktl"), earlier);
+    const CommandRun run = runKtl({"convert", sample(), "-o", "out.ktl", "--append", "--strict"}, place.folder());
+    QCOMPARE(run.errors,
+             problem.isEmpty()
+                 ? QByteArray()
+                 : "out.ktl: warning: what is added cannot be found behind what the file holds: " + problem + "\n");
+    QCOMPARE(run.exitCode, problem.isEmpty() ? 0 : 1);
+    QCOMPARE(place.content(QStringLiteral("out.ktl")), earlier + place.content(QStringLiteral("one.ktl")));
+}
+
+/// Of several runs that add to the same file at the same time none is lost.
+void tst_ConvertSaving::appendAtOnce()
+{
+    constexpr int runs = 6;
+    const Workplace place;
+    CommandStart start;
+    start.folder = place.folder();
+    start.program = QStringLiteral("sh");
+    const QString script =
+        QStringLiteral("for i in 1 2 3 4 5 6; do \"$0\" convert \"$1\" -o out.ktl --append & done; wait");
+    const CommandRun run = runKtl({"-c", script, KTL_PROGRAM, sample()}, start);
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(devicesIn(place.content(QStringLiteral("out.ktl"))).size(), 2 * runs);
+    QCOMPARE(place.content(QStringLiteral("out.ktl.txt")).count("ItemHead-dec: 0,"), runs);
+    QCOMPARE(place.names(), (QStringList{"out.ktl", "out.ktl.txt"}));
+}
+
+/// Whenever a run is ended, it leaves both files or neither, and nothing else.
+void tst_ConvertSaving::endedByASignal()
+{
+    const Workplace place;
+    CommandStart start;
+    start.folder = place.folder();
+    start.program = QStringLiteral("bash");
+    const QString script =
+        QStringLiteral("\"$0\" convert \"$1\" -o out.ktl --force & sleep 0.0$((RANDOM % 3))$((RANDOM % 10))"
+                       "; kill -TERM $! 2>/dev/null; wait");
+    for (int round = 0; round < 20; ++round) {
+        runKtl({"-c", script, KTL_PROGRAM, sample()}, start);
+        const QStringList names = place.names();
+        QVERIFY2(names.isEmpty() || names == (QStringList{"out.ktl", "out.ktl.txt"}), qPrintable(names.join(' ')));
+        for (const QString& name : names)
+            QVERIFY(QFile::remove(place.path(name)));
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_ConvertSaving)

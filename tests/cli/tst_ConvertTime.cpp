@@ -41,8 +41,13 @@ void tst_ConvertTime::fixedTime_data()
     row("UTC", {"--date", "2026-11-21T23:59:07Z"}, {}, {20261121, 235907});
     row("with an offset, as it is written", {"--date", "2026-11-21T23:59:07+08:00"}, {}, {20261121, 235907});
     row("local time", {"--date", "2026-11-21T01:02:03"}, {}, {20261121, 10203});
-    row("local time that a change of clocks leaves out", {"--date", "2026-03-29T01:30:00Z"}, {"TZ=Europe/London"},
-        {20260329, 13000});
+    row("a time that a change of clocks leaves out", {"--date", "2026-03-29T02:30:00"}, {"TZ=Europe/Berlin"},
+        {20260329, 23000});
+    row("a blank before the time", {"--date", "2026-11-21 01:02:03"}, {}, {20261121, 10203});
+    row("without seconds", {"--date", "2026-11-21T01:02Z"}, {}, {20261121, 10200});
+    row("with parts of a second", {"--date", "2026-11-21T01:02:03.999+0130"}, {}, {20261121, 10203});
+    row("earliest year", {"--date", "1000-01-01"}, {}, {10000101, 0});
+    row("latest year", {"--date", "9999-12-31T23:59:59"}, {}, {99991231, 235959});
     row("date alone", {"--date", "2026-11-21"}, {}, {20261121, 0});
     row("variable, in UTC", {}, {"SOURCE_DATE_EPOCH=86399", "TZ=Asia/Shanghai"}, {19700101, 235959});
     row("variable at its first second", {}, {"SOURCE_DATE_EPOCH=0", "TZ=America/New_York"}, {19700101, 0});
@@ -71,7 +76,10 @@ void tst_ConvertTime::noTime_data()
     QTest::addColumn<QStringList>("options");
     QTest::addColumn<QStringList>("variables");
     QTest::addColumn<QByteArray>("word");
-    for (const char* text : {"", "today", "21.11.2026", "2026-02-30", "2026-11-21T25:00:00", "10000-01-01", "0"})
+    for (const char* text :
+         {"", "today", "21.11.2026", "2026-02-30", "2026-11-21T25:00:00", "10000-01-01", "0", "0999-12-31",
+          "2026-11-21T10:00:00Zjunk", "2026-11-21T10:00:00junkZ", "2026-11-21T10:00:00+2", "2026/11/21T10:00",
+          " 2026-11-21", "2026-11-21T", "2026-11-21T10", "2026-11-21T10:00:60"})
         QTest::addRow("option \"%s\"", text)
             << QStringList{QStringLiteral("--date=") + QLatin1String(text)} << QStringList{} << QByteArray(text);
     for (const char* text : {"", "now", "-1", "1.5", "253402300800", "99999999999999999999"})

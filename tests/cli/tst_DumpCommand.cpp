@@ -14,7 +14,10 @@ private slots:
     void sameAsBesideTheFile();
     void standardInput();
     void namesOutsideAscii();
-    void brokenHead();
+    void brokenFile_data();
+    void brokenFile();
+    void manyItems();
+    void closedStreams();
     void notReadable_data();
     void notReadable();
 };
@@ -69,16 +72,71 @@ void tst_DumpCommand::namesOutsideAscii()
     QCOMPARE(run.exitCode, 0);
 }
 
-/// What is readable is shown with the line that ends a dump, and the exit status tells.
-void tst_DumpCommand::brokenHead()
+void tst_DumpCommand::brokenFile_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QByteArray>("lastLines"); // behind those of the end item
+    QTest::addColumn<QByteArray>("message");
+    QTest::addRow("head that cannot be") << endItemBytes + QByteArray::fromHex("419C000007000000")
+                                         << QByteArray("Err para: Id value-dec: 40001,Len: 7\r\n  \r\n")
+                                         << QByteArray("the item head at 0xc cannot be right");
+    QTest::addRow("cut inside an item") << endItemBytes + QByteArray::fromHex("419C00000C0000000102")
+                                        << QByteArray("ItemHead-dec: 40001,Len: 12    SM \r\n  0x201 \t\r\n")
+                                        << QByteArray("the file ends at 0x16, inside an item");
+    QTest::addRow("cut inside a head") << endItemBytes + QByteArray::fromHex("419C00") << QByteArray()
+                                       << QByteArray("the file ends inside the item head at 0xc");
+    QTest::addRow("no End item") << endItemBytes + QByteArray::fromHex("419C00000C00000003000000")
+                                 << QByteArray("ItemHead-dec: 40001,Len: 12    SM \r\n  0x3 \t\r\n")
+                                 << QByteArray("the last run has no End item: the file was cut short");
+}
+
+/// What is readable is shown as in the text beside a file, and a message and the exit status tell of the rest.
+void tst_DumpCommand::brokenFile()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QByteArray, lastLines);
+    QFETCH(QByteArray, message);
+    const Workplace place;
+    place.make(QStringLiteral("bad.ktl"), content);
+    const CommandRun run = runKtl({"dump", "bad.ktl"}, place.folder());
+    QCOMPARE(run.output, "KTL Version V1.0.28 \nItemHead-dec: 0,Len: 12     \r\n  0x0 \t\r\n" + lastLines);
+    QCOMPARE(run.errors, "bad.ktl: error: " + message + "\n");
+    QCOMPARE(run.exitCode, 2);
+}
+
+/// A dump ends behind 2,000 items, and says so.
+void tst_DumpCommand::manyItems()
 {
     const Workplace place;
-    place.make(QStringLiteral("bad.ktl"), endItemBytes + QByteArray::fromHex("419C000007000000"));
-    const CommandRun run = runKtl({"dump", "bad.ktl"}, place.folder());
-    QCOMPARE(run.output, QByteArray("KTL Version V1.0.28 \nItemHead-dec: 0,Len: 12     \r\n  0x0 \t\r\n"
-                                    "Err para: Id value-dec: 40001,Len: 7\r\n  \r\n"));
-    QCOMPARE(run.errors, QByteArray("bad.ktl: error: an item head cannot be right; the dump ends there\n"));
-    QCOMPARE(run.exitCode, 2);
+    place.make(QStringLiteral("full.ktl"), endItemBytes.repeated(2000));
+    place.make(QStringLiteral("more.ktl"), endItemBytes.repeated(2001));
+    const CommandRun full = runKtl({"dump", "full.ktl"}, place.folder());
+    QCOMPARE(full.errors, QByteArray());
+    const CommandRun more = runKtl({"dump", "more.ktl"}, place.folder());
+    QCOMPARE(more.output, full.output);
+    QCOMPARE(more.errors,
+             QByteArray("more.ktl: warning: the file has 2001 items, of which a dump shows the first 2000\n"));
+    QCOMPARE(more.exitCode, 0);
+}
+
+/// With a standard stream closed, no file of the command takes its place.
+void tst_DumpCommand::closedStreams()
+{
+    const Workplace place;
+    place.make(QStringLiteral("end.ktl"), endItemBytes);
+    CommandStart start;
+    start.folder = place.folder();
+    start.program = QStringLiteral("sh");
+    const auto dump = [&](const QString& redirection) {
+        return runKtl({"-c", QStringLiteral("exec \"$0\" dump end.ktl ") + redirection, KTL_PROGRAM}, start);
+    };
+    QCOMPARE(dump(QStringLiteral("<&-")).output, dump(QString()).output);
+    QCOMPARE(dump(QStringLiteral("2>&-")).output, dump(QString()).output);
+    for (const char* redirection : {">&-", "<&- >&-"}) {
+        const CommandRun run = dump(QString::fromLatin1(redirection));
+        QCOMPARE(run.errors, QByteArray("ktl: error: standard output cannot be written\n"));
+        QCOMPARE(run.exitCode, 2);
+    }
 }
 
 void tst_DumpCommand::notReadable_data()

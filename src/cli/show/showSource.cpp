@@ -59,38 +59,6 @@ FileKind kindOf(std::FILE* stream)
     return isXml ? FileKind::Esi : FileKind::Neither;
 }
 
-/// What is left of a stream.
-std::vector<unsigned char> bytesOf(std::FILE* stream)
-{
-    std::vector<unsigned char> bytes;
-    std::array<unsigned char, 65536> block; // what is read of it only counts
-    for (std::size_t size = std::fread(block.data(), 1, block.size(), stream); size > 0;
-         size = std::fread(block.data(), 1, block.size(), stream))
-        bytes.insert(bytes.end(), block.begin(), block.begin() + static_cast<std::ptrdiff_t>(size));
-    return bytes;
-}
-
-void tellEnd(const ShownFile& file, Messages& messages)
-{
-    const QString place = QStringLiteral("0x%1").arg(file.walk.offset, 0, 16);
-    switch (file.walk.end) {
-    case KtlWalkEnd::Whole:
-        break;
-    case KtlWalkEnd::NoEndItem:
-        messages.error(file.path, QStringLiteral("the last run has no End item: the file was cut short"));
-        break;
-    case KtlWalkEnd::CutItem:
-        messages.error(file.path, QStringLiteral("the file ends at %1, inside an item").arg(place));
-        break;
-    case KtlWalkEnd::CutHead:
-        messages.error(file.path, QStringLiteral("the file ends inside the item head at %1").arg(place));
-        break;
-    case KtlWalkEnd::ImpossibleHead:
-        messages.error(file.path, QStringLiteral("the item head at %1 cannot be right").arg(place));
-        break;
-    }
-}
-
 ShownFile ktlFile(const QString& path, std::FILE* stream, Messages& messages)
 {
     ShownFile file;
@@ -102,7 +70,8 @@ ShownFile ktlFile(const QString& path, std::FILE* stream, Messages& messages)
         StartupSources sources = startupSourcesOf(block);
         file.devices.push_back({std::move(block), std::move(sources), true});
     }
-    tellEnd(file, messages);
+    if (const QString problem = problemAtEnd(file.walk); !problem.isEmpty())
+        messages.error(path, problem);
     return file;
 }
 
