@@ -9,8 +9,10 @@
 #include <QSet>
 #include <QXmlAttributes>
 #include <QXmlContentHandler>
+#include <QXmlLexicalHandler>
 #include <QXmlSimpleReader>
 
+#include <algorithm>
 #include <optional>
 
 // The classes below are marked as outdated in favour of a pull parser. That one normalises line ends inside texts,
@@ -47,10 +49,11 @@ private:
 
 /// Hands everything on to the document builder, and refuses what goes beyond a limit: an element before the parser
 /// descends into it and before the builder takes its attributes, a namespace before the parser reads on.
-class LimitGuard final : public QXmlContentHandler
+class LimitGuard final : public QXmlContentHandler, public QXmlLexicalHandler
 {
 public:
     void handOnTo(QXmlContentHandler* builder) { m_builder = builder; }
+    void handLexicalOnTo(QXmlLexicalHandler* builder) { m_lexicalBuilder = builder; }
 
     void setDocumentLocator(QXmlLocator* locator) override { m_builder->setDocumentLocator(locator); }
     bool startDocument() override { return m_builder->startDocument(); }
@@ -68,7 +71,7 @@ public:
         m_depth += 1;
         return holds(m_depth <= deepestNesting, "elements are nested deeper than %1", deepestNesting)
                && holds(attributes.count() <= mostAttributes, "an element has more than %1 attributes", mostAttributes)
-               && multipliesLittle(localName)
+               && multipliesLittle(localName) && hasRoomFor(1 + attributes.count())
                && m_builder->startElement(namespaceUri, localName, qualifiedName, attributes);
     }
     bool endElement(const QString& namespaceUri, const QString& localName, const QString& qualifiedName) override
@@ -84,18 +87,31 @@ public:
             m_lengthOfGroupNames += text.size();
         return holds(m_lengthOfGroupNames <= longestGroupNames,
                      "the names of the slot groups are longer than %1 characters", longestGroupNames)
-               && m_builder->characters(text);
+               && hasRoomForText() && m_builder->characters(text);
     }
     bool ignorableWhitespace(const QString& text) override { return m_builder->ignorableWhitespace(text); }
     bool processingInstruction(const QString& target, const QString& data) override
     {
-        return m_builder->processingInstruction(target, data);
+        return hasRoomFor(1) && m_builder->processingInstruction(target, data);
     }
     bool skippedEntity(const QString& name) override
     {
         m_sawSkippedEntity = true;
-        return m_builder->skippedEntity(name);
+        return hasRoomFor(1) && m_builder->skippedEntity(name);
     }
+
+    bool startDTD(const QString& name, const QString& publicId, const QString& systemId) override
+    {
+        return m_lexicalBuilder->startDTD(name, publicId, systemId);
+    }
+    bool endDTD() override { return m_lexicalBuilder->endDTD(); }
+    bool startEntity(const QString& name) override { return m_lexicalBuilder->startEntity(name); }
+    bool endEntity(const QString& name) override { return m_lexicalBuilder->endEntity(name); }
+    bool startCDATA() override { return hasRoomFor(1) && m_lexicalBuilder->startCDATA(); }
+    bool endCDATA() override { return m_lexicalBuilder->endCDATA(); }
+    bool comment(const QString& text) override { return hasRoomFor(1) && m_lexicalBuilder->comment(text); }
+
+    /// Of both interfaces.
     [[nodiscard]] QString errorString() const override
     {
         return m_brokenLimit.isEmpty() ? m_builder->errorString() : m_brokenLimit;
@@ -110,12 +126,26 @@ private:
     {
         if (m_slots.enter(name) && m_slots.open() == 1)
             m_lengthOfGroupNames = 0;
-        m_devices.enter(name);
+        m_deviceCount += m_devices.enter(name) ? 1 : 0;
         m_groups.enter(name);
         return holds(m_devices.open() <= mostInEachOther, "more than %1 devices stand in each other", mostInEachOther)
                && holds(m_slots.open() <= mostInEachOther, "more than %1 lists of slots stand in each other",
-                        mostInEachOther);
+                        mostInEachOther)
+               && holds(m_deviceCount <= mostDevices, "the file has more than %1 devices", mostDevices);
     }
+
+    /// Counts nodes that are about to be built, once for each element around them that reads its content for itself.
+    bool hasRoomFor(int nodes)
+    {
+        m_nodes += nodes * readers();
+        return holds(m_nodes <= mostNodes, "the file has more than %1 elements, attributes and comments", mostNodes);
+    }
+    bool hasRoomForText()
+    {
+        m_texts += readers();
+        return holds(m_texts <= mostNodes, "the file has more than %1 texts", mostNodes);
+    }
+    [[nodiscard]] int readers() const { return std::max(1, m_devices.open()) * std::max(1, m_slots.open()); }
 
     bool holds(bool isWithin, const char* message, int limit)
     {
@@ -125,6 +155,10 @@ private:
     }
 
     QXmlContentHandler* m_builder = nullptr; ///< belongs to the document, set for the time of a parse
+    QXmlLexicalHandler* m_lexicalBuilder = nullptr; ///< as `m_builder`
+    int m_nodes = 0;
+    int m_texts = 0;
+    int m_deviceCount = 0; ///< of the whole file
     int m_depth = 0;
     OpenElements m_devices{QLatin1String("Device")};
     OpenElements m_slots{QLatin1String("Slots")};
@@ -150,6 +184,11 @@ public:
     {
         m_guard.handOnTo(handler);
         QXmlSimpleReader::setContentHandler(handler == nullptr ? nullptr : &m_guard);
+    }
+    void setLexicalHandler(QXmlLexicalHandler* handler) override
+    {
+        m_guard.handLexicalOnTo(handler);
+        QXmlSimpleReader::setLexicalHandler(handler == nullptr ? nullptr : &m_guard);
     }
 
     [[nodiscard]] bool sawSkippedEntity() const { return m_guard.sawSkippedEntity(); }

@@ -10,6 +10,16 @@
 /// file.
 inline constexpr int largestXmlFile = 256 * 1024 * 1024;
 
+/// Most elements, attributes, comments, CDATA sections, processing instructions and references to undeclared entities
+/// of a file, all of them together, and most texts. What stands in elements `Device` or `Slots` inside each other
+/// counts for each of them, since each reads it. ESI files of 30 MB reach about 700,000. Each takes some hundred bytes
+/// in the document and as much again in its record, but as few as 3 in the file.
+inline constexpr int mostNodes = 2500000;
+
+/// Most elements `Device` in a file. ESI files reach some hundreds. The record of a device takes far more than its
+/// element.
+inline constexpr int mostDevices = 100000;
+
 /// Deepest nesting of elements that is read; the root element is at depth 1. ESI files reach about 20. The parser and
 /// the document tree recurse, so an unbounded depth would overflow the stack.
 inline constexpr int deepestNesting = 1000;
