@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <vector>
 
 // The classes below are marked as outdated in favour of a pull parser. That one normalises line ends inside texts,
 // which would change the texts of exported files, so the reader that the document class itself is built on stays in
@@ -76,6 +77,8 @@ public:
     }
     bool endElement(const QString& namespaceUri, const QString& localName, const QString& qualifiedName) override
     {
+        if (!m_moduleLists.empty() && m_moduleLists.back() == m_depth)
+            m_moduleLists.pop_back();
         m_depth -= 1;
         for (OpenElements* elements : {&m_devices, &m_slots, &m_groups})
             elements->leave(localName);
@@ -131,7 +134,18 @@ private:
         return holds(m_devices.open() <= mostInEachOther, "more than %1 devices stand in each other", mostInEachOther)
                && holds(m_slots.open() <= mostInEachOther, "more than %1 lists of slots stand in each other",
                         mostInEachOther)
-               && holds(m_deviceCount <= mostDevices, "the file has more than %1 devices", mostDevices);
+               && holds(m_deviceCount <= mostDevices, "the file has more than %1 devices", mostDevices)
+               && hasRoomForModule(name);
+    }
+
+    /// Counts elements directly in lists of modules: whatever their name, they may be read as modules.
+    bool hasRoomForModule(const QString& name)
+    {
+        if (!m_moduleLists.empty() && m_depth == m_moduleLists.back() + 1)
+            m_modules += 1;
+        if (isNamed(name, QLatin1String("Modules")))
+            m_moduleLists.push_back(m_depth);
+        return holds(m_modules <= mostModules, "the file has more than %1 modules", mostModules);
     }
 
     /// Counts nodes that are about to be built, once for each element around them that reads its content for itself.
@@ -159,6 +173,8 @@ private:
     int m_nodes = 0;
     int m_texts = 0;
     int m_deviceCount = 0; ///< of the whole file
+    int m_modules = 0;
+    std::vector<int> m_moduleLists; ///< depths of the lists of modules that are open
     int m_depth = 0;
     OpenElements m_devices{QLatin1String("Device")};
     OpenElements m_slots{QLatin1String("Slots")};

@@ -20,6 +20,10 @@ inline constexpr int mostNodes = 2500000;
 /// element.
 inline constexpr int mostDevices = 100000;
 
+/// Most elements directly in elements `Modules`, whatever their name: each may be read as a module, whose record takes
+/// more than its element. ESI files reach some hundreds.
+inline constexpr int mostModules = 500000;
+
 /// Deepest nesting of elements that is read; the root element is at depth 1. ESI files reach about 20. The parser and
 /// the document tree recurse, so an unbounded depth would overflow the stack.
 inline constexpr int deepestNesting = 1000;

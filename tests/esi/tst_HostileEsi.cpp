@@ -93,6 +93,9 @@ void tst_HostileEsi::bombs_data()
     const QString tooDeep = QStringLiteral("elements are nested deeper than 1000");
     const QString attributes = QStringLiteral("an element has more than 100 attributes");
     const QString prefixes = QStringLiteral("the file has more than 16 namespace prefixes");
+    const QString nodes = QStringLiteral("the file has more than 2500000 elements, attributes and comments");
+    const QString devices = QStringLiteral("the file has more than 100000 devices");
+    const QString modules = QStringLiteral("the file has more than 500000 modules");
     const QString tooLong = QStringLiteral("the document type declaration is longer than 4096 characters");
     const QString nested = QStringLiteral("the document type declaration has more than 4 references to entities");
     const QString parameter = QStringLiteral("the document type declaration refers to a parameter entity");
@@ -111,6 +114,14 @@ void tst_HostileEsi::bombs_data()
         << inDevice("<Sm" + QByteArray(" k='1'").repeated(100000) + "/>") << attributes;
     QTest::addRow("namespaces") << inDevice("<Sm" + numbered(" xmlns:k%1='urn:%1'", 1, 100000) + "/>") << prefixes;
     QTest::addRow("namespaces one by one") << inDevice(numbered("<Sm xmlns:k%1='urn:%1'/>", 1, 100000)) << prefixes;
+    QTest::addRow("comments in numbers") << QByteArray("<!---->").repeated(3000000) << nodes;
+    QTest::addRow("elements in numbers") << inDevice(QByteArray("<a/>").repeated(8000000)) << nodes;
+    QTest::addRow("sections in devices in each other")
+        << QByteArray("<Device>").repeated(8) + QByteArray("<Sm/>").repeated(1000000) << nodes;
+    QTest::addRow("slots in lists in each other")
+        << inDevice(QByteArray("<Slots><aDevice>").repeated(8) + QByteArray("<Slot/>").repeated(1000000)) << nodes;
+    QTest::addRow("devices in numbers") << QByteArray("<a>") + QByteArray("<Device/>").repeated(200000) << devices;
+    QTest::addRow("modules in numbers") << "<Modules>" + QByteArray("<Module/>x").repeated(1000000) << modules;
     QTest::addRow("entities that multiply a text")
         << withDocumentType("<!ENTITY x0 'lol'>" + numbered("<!ENTITY x%1 '" + tenTimes + "'>", 1, 9), "&x9;")
         << nested;

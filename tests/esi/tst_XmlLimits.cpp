@@ -1,5 +1,6 @@
 // Limits of XML files: the last that is read, the first that is not, and where it stands.
 #include "esi/boundedXmlReader.h"
+#include "esi/parsedFile.h"
 #include "esi/temporaryFile.h"
 #include "esi/xmlLimits.h"
 
@@ -46,25 +47,6 @@ const QString tooManyNested = QStringLiteral("the document type declaration has 
 const QString parameterEntity = QStringLiteral("the document type declaration refers to a parameter entity");
 const QString tooManyReferences =
     QStringLiteral("a file that declares entities has more than 250 references to entities");
-
-struct Parsed
-{
-    bool isRead = false;
-    QDomDocument document;
-    XmlFormatError error;
-};
-
-Parsed parsed(const QString& content)
-{
-    const QTemporaryDir folder;
-    QFile file(writeFile(folder, QStringLiteral("file.xml"), content.toUtf8()));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        qFatal("cannot open the test file");
-    Parsed result;
-    result.isRead = parseXml(file, result.document, result.error);
-    return result;
-}
-
 /// `count` pieces of which each has its number, from 0, in place of "%1".
 QString numbered(const QString& piece, int count)
 {

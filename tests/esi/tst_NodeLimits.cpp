@@ -1,0 +1,93 @@
+// How much a file may hold: the last node, device and module that is read, the first that is not, and where it stands.
+#include "esi/parsedFile.h"
+#include "esi/xmlLimits.h"
+
+#include <QtTest>
+
+class tst_NodeLimits : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    static void nodes_data();
+    static void nodes();
+    static void records_data();
+    static void records();
+};
+
+static_assert(mostNodes == 2500000 && mostDevices == 100000 && mostModules == 500000);
+
+namespace {
+
+const QString tooManyNodes = QStringLiteral("the file has more than 2500000 elements, attributes and comments");
+const QString tooManyTexts = QStringLiteral("the file has more than 2500000 texts");
+const QString tooManyDevices = QStringLiteral("the file has more than 100000 devices");
+const QString tooManyModules = QStringLiteral("the file has more than 500000 modules");
+
+} // namespace
+
+void tst_NodeLimits::nodes_data()
+{
+    QTest::addColumn<int>("devices"); // in each other, in a root element, which counts too
+    QTest::addColumn<QString>("piece");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QString>("message");
+    QTest::addRow("comments up to the limit") << 0 << "<!---->" << 2499999 << QString();
+    QTest::addRow("one comment more") << 0 << "<!---->" << 2500000 << tooManyNodes;
+    QTest::addRow("one element more") << 0 << "<b/>" << 2500000 << tooManyNodes;
+    QTest::addRow("one instruction more") << 0 << "<?p?>" << 2500000 << tooManyNodes;
+    QTest::addRow("one CDATA section more") << 0 << "<![CDATA[x]]>" << 2500000 << tooManyNodes;
+    QTest::addRow("one undeclared entity more") << 0 << "&u;" << 2500000 << tooManyNodes;
+    QTest::addRow("attributes count") << 0 << "<b k='' l='' m='' n=''/>" << 500000 << tooManyNodes;
+    QTest::addRow("texts count for themselves") << 0 << "<b>x</b>x" << 1250001 << tooManyTexts;
+    // 1 for the root, 1 + 2 + ... + 8 for the devices, 8 for each element: 37 + 8 * 312495 is 2499997.
+    QTest::addRow("in devices in each other up to the limit") << 8 << "<b/>" << 312495 << QString();
+    QTest::addRow("one more in devices in each other") << 8 << "<b/>" << 312496 << tooManyNodes;
+}
+
+void tst_NodeLimits::nodes()
+{
+    QFETCH(int, devices);
+    QFETCH(QString, piece);
+    QFETCH(int, count);
+    QFETCH(QString, message);
+    const QString start = QStringLiteral("<Device>").repeated(devices);
+    const QString end = QStringLiteral("</Device>").repeated(devices);
+    const Parsed result = parsed("<a>\n" + start + piece.repeated(count) + end + "</a>");
+    QCOMPARE(result.error.message, message);
+    QCOMPARE(result.isRead, message.isEmpty());
+    if (!result.isRead) { // at the last piece
+        QCOMPARE(result.error.line, 2);
+        QVERIFY(result.error.column > start.size() + piece.size() * (count - 1));
+    }
+}
+
+void tst_NodeLimits::records_data()
+{
+    QTest::addColumn<QString>("content");
+    QTest::addColumn<QString>("message");
+    const QString inModules = QStringLiteral("<a>\n<Modules>%1</Modules>%2</a>");
+    const QString most = QStringLiteral("<b/>").repeated(500000);
+    QTest::addRow("devices up to the limit")
+        << "<a>\n" + QStringLiteral("<Device/>").repeated(100000) + "</a>" << QString();
+    QTest::addRow("one device more") << "<a>\n" + QStringLiteral("<Device/>").repeated(100001) + "</a>"
+                                     << tooManyDevices;
+    QTest::addRow("modules up to the limit") << inModules.arg(most, "<b/>") << QString();
+    QTest::addRow("one module more, whatever its name") << inModules.arg(most + "<b/>", "") << tooManyModules;
+    QTest::addRow("further down is no module") << inModules.arg(most.chopped(4) + "<b><b/></b>", "") << QString();
+    QTest::addRow("in two lists") << inModules.arg(most, "<Modules><b/></Modules>") << tooManyModules;
+    QTest::addRow("behind a list inside the list") << inModules.arg("<b><Modules/></b>" + most, "") << tooManyModules;
+}
+
+void tst_NodeLimits::records()
+{
+    QFETCH(QString, content);
+    QFETCH(QString, message);
+    const Parsed result = parsed(content);
+    QCOMPARE(result.error.message, message);
+    QCOMPARE(result.isRead, message.isEmpty());
+    QVERIFY(message.isEmpty() || result.error.line == 2);
+}
+
+QTEST_GUILESS_MAIN(tst_NodeLimits)
+#include "tst_NodeLimits.moc"
