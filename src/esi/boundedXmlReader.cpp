@@ -72,7 +72,7 @@ public:
         m_depth += 1;
         return holds(m_depth <= deepestNesting, "elements are nested deeper than %1", deepestNesting)
                && holds(attributes.count() <= mostAttributes, "an element has more than %1 attributes", mostAttributes)
-               && multipliesLittle(localName) && hasRoomFor(1 + attributes.count())
+               && multipliesLittle(localName) && standsInFewDevices(qualifiedName) && hasRoomFor(1 + attributes.count())
                && m_builder->startElement(namespaceUri, localName, qualifiedName, attributes);
     }
     bool endElement(const QString& namespaceUri, const QString& localName, const QString& qualifiedName) override
@@ -82,6 +82,7 @@ public:
         m_depth -= 1;
         for (OpenElements* elements : {&m_devices, &m_slots, &m_groups})
             elements->leave(localName);
+        m_deviceParents -= mayHoldSections(qualifiedName) ? 1 : 0;
         return m_builder->endElement(namespaceUri, localName, qualifiedName);
     }
     bool characters(const QString& text) override
@@ -138,6 +139,18 @@ private:
                && hasRoomForModule(name);
     }
 
+    /// As the walk over the document asks for the parents of sections.
+    static bool mayHoldSections(const QString& qualifiedName)
+    {
+        return qualifiedName.contains(QLatin1String("Device"));
+    }
+    bool standsInFewDevices(const QString& qualifiedName)
+    {
+        m_deviceParents += mayHoldSections(qualifiedName) ? 1 : 0;
+        return holds(m_deviceParents <= mostDeviceParents,
+                     "more than %1 elements with \"Device\" in their names stand in each other", mostDeviceParents);
+    }
+
     /// Counts elements directly in lists of modules: whatever their name, they may be read as modules.
     bool hasRoomForModule(const QString& name)
     {
@@ -174,6 +187,7 @@ private:
     int m_texts = 0;
     int m_deviceCount = 0; ///< of the whole file
     int m_modules = 0;
+    int m_deviceParents = 0; ///< that are open
     std::vector<int> m_moduleLists; ///< depths of the lists of modules that are open
     int m_depth = 0;
     OpenElements m_devices{QLatin1String("Device")};

@@ -40,6 +40,10 @@ inline constexpr int mostPrefixes = 16;
 /// innermost counts for each around it, so nesting multiplies a file.
 inline constexpr int mostInEachOther = 8;
 
+/// Most elements with "Device" in their names inside each other. ESI files have two, `Devices` and `Device`. What
+/// stands in such an element may be a section of a device, and the text of a section is that of all elements in it.
+inline constexpr int mostDeviceParents = 16;
+
 /// Longest names of slot groups in one `Slots` element, in characters, all of them together. ESI files reach about 100.
 /// They are added to the name of every slot of the group.
 inline constexpr int longestGroupNames = 4096;

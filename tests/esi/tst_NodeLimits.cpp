@@ -13,6 +13,8 @@ private slots:
     static void nodes();
     static void records_data();
     static void records();
+    static void deviceParents_data();
+    static void deviceParents();
 };
 
 static_assert(mostNodes == 2500000 && mostDevices == 100000 && mostModules == 500000);
@@ -87,6 +89,33 @@ void tst_NodeLimits::records()
     QCOMPARE(result.error.message, message);
     QCOMPARE(result.isRead, message.isEmpty());
     QVERIFY(message.isEmpty() || result.error.line == 2);
+}
+
+void tst_NodeLimits::deviceParents_data()
+{
+    QTest::addColumn<QString>("pair"); // with "%1" for what stands inside
+    QTest::addColumn<int>("times");
+    QTest::addColumn<bool>("isRead");
+    QTest::addRow("up to the limit") << "<Name><aDevice>%1</aDevice></Name>" << 16 << true;
+    QTest::addRow("one more") << "<Name><aDevice>%1</aDevice></Name>" << 17 << false;
+    QTest::addRow("beside each other") << "<xDevices/><xDevices/>%1" << 100 << true;
+    QTest::addRow("other names") << "<Name><device>%1</device></Name>" << 100 << true;
+}
+
+/// Each of them asks for the sections of a device in itself, so they multiply what is inside.
+void tst_NodeLimits::deviceParents()
+{
+    QFETCH(QString, pair);
+    QFETCH(int, times);
+    QFETCH(bool, isRead);
+    QString content = QStringLiteral("text");
+    for (int time = 0; time < times; ++time)
+        content = pair.arg(content);
+    const Parsed result = parsed("<a>" + content + "</a>");
+    QCOMPARE(result.isRead, isRead);
+    QCOMPARE(result.error.message,
+             isRead ? QString()
+                    : QStringLiteral("more than 16 elements with \"Device\" in their names stand in each other"));
 }
 
 QTEST_GUILESS_MAIN(tst_NodeLimits)
