@@ -156,8 +156,8 @@ QJsonArray commandsOf(const QJsonObject& model)
             QJsonObject command = value.toObject();
             QJsonObject shown = pick(command, commandKeys);
             shown.insert("completeAccess", command.value("completeAccess").toInt() != 0);
-            const bool hasValue =
-                command.value("dataBytes").toInt() <= 4 && command.value("completeAccess").toInt() == 0;
+            const bool isLost = command.value("dataBytes").toInt() > 4 && command.value("data").toDouble() == 0;
+            const bool hasValue = !isLost && command.value("completeAccess").toInt() == 0;
             shown.insert("value", hasValue ? command.value("data") : QJsonValue());
             shown.insert("comment", command.value("comment"));
             shown.insert("text", command.value("text"));

@@ -21,14 +21,11 @@ private slots:
     void startupGroups();
     void startupOrigins();
     void originsInAKtlFile();
-    void completeAccess_data();
-    void completeAccess();
     void virtualSyncManager();
     void slotsAndModules();
     void dictionaryRows();
     void textForPeople();
     void exportTimeAndRuns();
-    void exportThatCannotBeReadInFull();
 
 private:
     QTemporaryDir m_folder;
@@ -78,16 +75,6 @@ QByteArray encoded(const QString& path, const char* codec)
         return {};
     const std::unique_ptr<QTextEncoder> encoder(found->makeEncoder());
     return encoder->fromUnicode(QString::fromUtf8(readAll(path)));
-}
-
-/// A KTL file of one device: a CoE item with one complete access, and its values.
-QByteArray completeAccessFile(int dataBytes, const QByteArray& values)
-{
-    const QByteArray command =
-        le16(2) + le16(0x1600) + bytes("00 01") + le16(static_cast<std::uint32_t>(dataBytes)) + le32(0);
-    const QByteArray coe = bytes("00 00 00 01 00 01 00 01") + command + values;
-    return le32(40000) + le32(52) + zeros(44) + le32(40006) + le32(static_cast<std::uint32_t>(8 + coe.size())) + coe
-           + bytes("00 00 00 00 0C 00 00 00 00 00 00 00");
 }
 
 } // namespace
@@ -245,32 +232,6 @@ void tst_ShowEsi::originsInAKtlFile()
     QCOMPARE(source, objectOf(R"({"origin":"EoE","comment":null,"text":null})"));
 }
 
-void tst_ShowEsi::completeAccess_data()
-{
-    QTest::addColumn<int>("dataBytes");
-    QTest::addColumn<QByteArray>("expected");
-    QTest::addRow("as many bytes as values") << 8 << QByteArray("[1614807056,8]");
-    QTest::addRow("fewer bytes than values") << 4 << QByteArray("null");
-    QTest::addRow("more bytes than values") << 12 << QByteArray("null");
-    QTest::addRow("bytes that are no values") << 9 << QByteArray("null");
-}
-
-/// The values of a complete access are its own only if the bytes add up.
-void tst_ShowEsi::completeAccess()
-{
-    QFETCH(int, dataBytes);
-    QFETCH(QByteArray, expected);
-    const QString path = writtenFile(m_folder, "access.ktl", completeAccessFile(dataBytes, le32(0x60400010) + le32(8)));
-    const QJsonObject group = list(deviceOf(path), "startup").at(0).toObject();
-    const QJsonObject command = list(group, "commands").at(0).toObject();
-    const bool isKnown = expected != "null";
-    QCOMPARE(command.value("values"), objectOf("{\"v\":" + expected + '}').value("v"));
-    QCOMPARE(command.value("meaning").toString(),
-             isKnown ? QStringLiteral("0x6040:0, 16 bits; gap of 8 bits") : QString());
-    QVERIFY(command.value("value").isNull());
-    QCOMPARE(command.value("source").toObject().value("origin").toString(), QStringLiteral("PDO mapping"));
-}
-
 /// It stands in the model only, with its PDO.
 void tst_ShowEsi::virtualSyncManager()
 {
@@ -353,27 +314,6 @@ void tst_ShowEsi::exportTimeAndRuns()
     QCOMPARE(devices.at(1).toObject().value("run").toInt(), 2);
     QCOMPARE(devices.at(1).toObject().value("export").toObject(),
              objectOf(R"({"date":"2026-01-02","time":"03:04:05","formatVersion":65576})"));
-}
-
-/// A module PDO on no sync manager has startup records that its item does not count: what stands behind is not found.
-void tst_ShowEsi::exportThatCannotBeReadInFull()
-{
-    const QByteArray esi =
-        "<EtherCATInfo><Vendor><Id>1</Id></Vendor><Descriptions><Devices><Device><Type ProductCode=\"2\">D</Type>"
-        "<Name>Coupler</Name><Profile><ProfileNo>5001</ProfileNo></Profile>"
-        "<Mailbox><CoE PdoConfig=\"1\"/></Mailbox><Slots><Slot MaxInstances=\"1\"><Name>S</Name></Slot></Slots>"
-        "</Device></Devices><Modules><Module><Type ModuleIdent=\"16\">M</Type><Name>Mod</Name>"
-        "<RxPdo><Index>#x1600</Index><Entry><Index>#x7000</Index><BitLen>8</BitLen></Entry></RxPdo>"
-        "<Mailbox><CoE><InitCmd><Transition>PS</Transition><Index>#x8000</Index><Data>01</Data></InitCmd></CoE>"
-        "</Mailbox></Module></Modules></Descriptions></EtherCATInfo>";
-    const QString path = writtenFile(m_folder, "uncounted.xml", esi);
-    const CommandRun run = runShow({"--json", path});
-    QVERIFY2(
-        run.errors.startsWith(path.toUtf8() + ": warning: device \"Coupler\": in an export the items behind byte "),
-        run.errors.constData());
-    QCOMPARE(run.exitCode, 0);
-    const QJsonObject device = list(filesIn(run).at(0).toObject(), "devices").at(0).toObject();
-    QCOMPARE(list(list(device, "modules").at(0).toObject(), "startup").size(), 1); // as many as are announced
 }
 
 QTEST_GUILESS_MAIN(tst_ShowEsi)

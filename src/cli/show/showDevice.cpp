@@ -155,7 +155,7 @@ ShowObject moduleCommandMembers(const struct_KTL_moduleStartupOne& record)
             {"subIndex", decimal(record.SubIndex)},
             {"dependOnSlot", flag(record.DependOnSlot != 0)},
             {"dataBytes", decimal(record.m_DataBytes)},
-            {"value", bothForms(record.Data)}};
+            {"value", numberOf(record)}};
 }
 
 ShowObject moduleMembers(const KtlModule& module)

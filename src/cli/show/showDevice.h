@@ -12,7 +12,7 @@
 struct ShownDevice
 {
     KtlDeviceBlock block;
-    StartupSources sources; ///< at least one for each command
+    StartupSources sources; ///< see `sourceAt` for commands that have none
     bool isExported = true; ///< false for a device of an ESI file, which has no time of export
 };
 
@@ -23,17 +23,26 @@ struct ShownCommand
     bool isEoe = false;
     struct_KTL_InitCmd record = {};
     const std::vector<std::uint32_t>* values = nullptr; ///< of a complete access; null if they are not known
-    const StartupSource* source = nullptr;
+    const StartupSource* source = nullptr; ///< never null in the result of `commandsOf`
 };
 
 /// All commands of a device block in the order of the file: EoE, then CoE.
-/// @param values  see `valuesOfCommands`
+/// @param device  has to outlive the result
+/// @param values  see `valuesOfCommands`; has to outlive the result too
 [[nodiscard]] std::vector<ShownCommand>
 commandsOf(const ShownDevice& device, const std::optional<std::vector<std::vector<std::uint32_t>>>& values);
 
-/// Whether a command writes a number that the file carries: not so a complete access, nor a value of more than four
-/// bytes.
+/// Whether a command writes a number that the file carries. Not so a complete access, nor a value of more than four
+/// bytes whose number is 0: it did not fit. A number that is not 0 is the value, whatever its length says: that counts
+/// a mark in front of the digits, and zeros behind the last byte that counts.
 [[nodiscard]] bool hasNumber(const struct_KTL_InitCmd& record);
+[[nodiscard]] bool hasNumber(const struct_KTL_moduleStartupOne& record); ///< as above, of a module block
+
+/// The number that a command writes; null if the file does not carry it.
+template<typename Record> [[nodiscard]] ShowValue numberOf(const Record& record)
+{
+    return hasNumber(record) ? bothForms(record.Data) : ShowValue();
+}
 
 /// What a command does, in words, where its object tells: "0x6040:0, 16 bits"; else empty.
 [[nodiscard]] std::string meaningOf(const ShownCommand& command);

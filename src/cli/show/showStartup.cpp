@@ -41,12 +41,6 @@ std::string listMeaning(const ShownCommand& command, const char* unit, std::stri
     return all;
 }
 
-/// The number that a command writes.
-ShowValue numberOf(const struct_KTL_InitCmd& record)
-{
-    return hasNumber(record) ? bothForms(record.Data) : ShowValue();
-}
-
 ShowValue valuesOf(const ShownCommand& command)
 {
     if (command.record.bIfCA == 0 || command.values == nullptr)
@@ -62,13 +56,11 @@ ShowValue optionalText(const std::optional<std::string>& words)
     return words ? text(*words) : ShowValue();
 }
 
-ShowValue sourceOf(const StartupSource* source)
+ShowValue sourceOf(const StartupSource& source)
 {
-    if (source == nullptr)
-        return {};
-    return {ShowObject{{"origin", text(source->origin)},
-                       {"comment", optionalText(source->comment)},
-                       {"text", optionalText(source->text)}}};
+    return {ShowObject{{"origin", text(source.origin)},
+                       {"comment", optionalText(source.comment)},
+                       {"text", optionalText(source.text)}}};
 }
 
 /// Commands of one transition.
@@ -102,17 +94,26 @@ std::vector<TransitionGroup> groupsOf(const std::vector<ShownCommand>& commands)
 void appendCommands(std::vector<ShownCommand>& to, const std::vector<struct_KTL_InitCmd>& records, bool isEoe,
                     const std::vector<StartupSource>& sources)
 {
-    for (std::size_t index = 0; index < records.size(); ++index) {
-        const StartupSource* const source = index < sources.size() ? &sources[index] : nullptr;
-        to.push_back({to.size() + 1, isEoe, records[index], nullptr, source});
-    }
+    for (std::size_t index = 0; index < records.size(); ++index)
+        to.push_back({to.size() + 1, isEoe, records[index], nullptr, &sourceAt(sources, index)});
+}
+
+/// Whether the number of a command is its value.
+bool isValue(std::uint32_t dataBytes, std::uint32_t data)
+{
+    return dataBytes <= sizeof data || data != 0;
 }
 
 } // namespace
 
 bool hasNumber(const struct_KTL_InitCmd& record)
 {
-    return record.bIfCA == 0 && record.DataBytes <= sizeof record.Data;
+    return record.bIfCA == 0 && isValue(record.DataBytes, record.Data);
+}
+
+bool hasNumber(const struct_KTL_moduleStartupOne& record)
+{
+    return isValue(record.m_DataBytes, record.Data);
 }
 
 std::string meaningOf(const ShownCommand& command)
@@ -151,7 +152,7 @@ ShowObject commandMembers(const ShownCommand& command)
             {"value", numberOf(record)},
             {"values", valuesOf(command)},
             {"meaning", text(meaningOf(command))},
-            {"source", sourceOf(command.source)}};
+            {"source", sourceOf(*command.source)}};
 }
 
 ShowValue startupGroups(const ShownDevice& device)

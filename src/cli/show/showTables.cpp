@@ -220,7 +220,7 @@ void writeStartupHeader(std::ostream& out)
                  "completeAccess", "dataBytes", "value", "values", "meaning", "origin", "comment", "text"});
 }
 
-std::string numberText(const struct_KTL_InitCmd& record)
+template<typename Record> std::string numberText(const Record& record)
 {
     return hasNumber(record) ? numeral(std::uint32_t{record.Data}) : std::string();
 }
@@ -268,7 +268,7 @@ void writeModuleCommands(std::ostream& out, Place place, const KtlModule& module
                                        numeral(unsigned{record.SubIndex}),
                                        yesOrNo(false),
                                        numeral(unsigned{record.m_DataBytes}),
-                                       numeral(std::uint32_t{record.Data}),
+                                       numberText(record),
                                        {},
                                        {},
                                        {},

@@ -93,6 +93,12 @@ const char* originByObject(const struct_KTL_InitCmd& command, const struct_KTL_C
 
 } // namespace
 
+const StartupSource& sourceAt(const std::vector<StartupSource>& sources, std::size_t place)
+{
+    static const StartupSource unknownSource{unknown, std::nullopt, std::nullopt};
+    return place < sources.size() ? sources[place] : unknownSource;
+}
+
 bool isAssignObject(std::uint16_t index)
 {
     return assignObjects.holds(index);

@@ -4,6 +4,7 @@
 #include "ktl/ktlDeviceBlocks.h"
 #include "model/deviceRecords.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -32,6 +33,10 @@ struct StartupSources
 /// one if the device assigns or configures PDOs at all; an EoE command of IP_PS is a generated one, since no ESI text
 /// reads as that transition. All others are unknown.
 [[nodiscard]] StartupSources startupSourcesOf(const KtlDeviceBlock& block);
+
+/// The source of a command by its place in its list. One behind the last source is unknown: an export that cannot be
+/// read in full can seem to hold more commands than the device has.
+[[nodiscard]] const StartupSource& sourceAt(const std::vector<StartupSource>& sources, std::size_t place);
 
 /// Whether an object lists the PDOs of a sync manager.
 [[nodiscard]] bool isAssignObject(std::uint16_t index);
