@@ -2,6 +2,8 @@
 
 #include "cli/inputFile.h"
 #include "cli/ktlInput.h"
+#include "cli/show/exportCounts.h"
+#include "cli/show/showWords.h"
 #include "ktl/ktlExport.h"
 #include "model/XMLParsing.h"
 
@@ -75,45 +77,73 @@ ShownFile ktlFile(const QString& path, std::FILE* stream, Messages& messages)
     return file;
 }
 
-/// What an export writes of one device of the loaded file; as much as it wrote if it failed.
-std::vector<unsigned char> exportedBytes(std::size_t device, ShownFile& file, Messages& messages)
+// ---- Exports ----
+
+/// What an export writes of one device of the loaded file.
+struct Exported
+{
+    std::vector<unsigned char> bytes; ///< as much as it wrote if it failed
+    bool isWhole = false; ///< whether it came to its end
+};
+
+void tellNoRoom(ShownFile& file, Messages& messages)
+{
+    messages.error(file.path, QStringLiteral("there is no room for a temporary file"));
+    file.isComplete = false;
+}
+
+Exported exportOf(std::size_t device, ShownFile& file, Messages& messages)
 {
     const FileHandle stream(std::tmpfile());
     if (stream == nullptr) {
-        messages.error(file.path, QStringLiteral("there is no room for a temporary file"));
-        file.isComplete = false;
+        tellNoRoom(file, messages);
         return {};
     }
     const auto isThisOne = [device](std::size_t /*file*/, std::size_t candidate) { return candidate == device; };
     const QDateTime anyTime(QDate(1970, 1, 1), QTime(0, 0)); // it is not shown: this is no export
     int errorCode = 0;
+    Exported written;
     try {
-        if (!writeDevices(stream.get(), g_xmlfiledevices, isThisOne, &errorCode, anyTime)
-            || std::fflush(stream.get()) != 0) {
-            messages.error(file.path, QStringLiteral("there is no room for a temporary file"));
-            file.isComplete = false;
-        }
+        written.isWhole = writeDevices(stream.get(), g_xmlfiledevices, isThisOne, &errorCode, anyTime)
+                          && std::fflush(stream.get()) == 0;
+        if (!written.isWhole)
+            tellNoRoom(file, messages);
     } catch (const std::out_of_range& error) {
         messages.error(file.path, rangeErrorText(error));
         file.isComplete = false;
     }
     std::rewind(stream.get());
-    return bytesOf(stream.get());
+    written.bytes = bytesOf(stream.get());
+    return written;
 }
 
-/// A device as an export carries it. An export can hold more or fewer bytes than its items announce; what stands behind
-/// such a place is lost for every reader.
+/// Warns of a device whose export cannot be read in full.
+void tellWhatIsLost(struct_EtherCatDevice& device, ShownFile& file, Messages& messages)
+{
+    const FileHandle scratch(std::tmpfile());
+    if (scratch == nullptr) {
+        tellNoRoom(file, messages);
+        return;
+    }
+    const struct_module* const module = firstMiscountedModule(device, g_xmlfiledevices.back(), scratch.get());
+    if (std::ferror(scratch.get()) != 0)
+        tellNoRoom(file, messages);
+    else if (module != nullptr)
+        messages.warning(file.path,
+                         QStringLiteral("device \"%1\": in an export, module %2 does not have as many startup commands "
+                                        "as it announces; the items behind them cannot be found")
+                             .arg(QString::fromStdString(device.Name),
+                                  QString::fromStdString(hexText(module->TypeAttributes.ModuleIdent))));
+}
+
+/// A device as a reader finds it in an export.
 ShownDevice exportedDevice(std::size_t device, ShownFile& file, Messages& messages)
 {
-    const struct_EtherCatDevice& loaded = g_xmlfiledevices.back().device[device];
-    const std::vector<unsigned char> bytes = exportedBytes(device, file, messages);
-    const KtlWalk walk = walkItems(bytes);
-    if (file.isComplete && walk.end != KtlWalkEnd::Whole) {
-        messages.warning(file.path,
-                         QStringLiteral("device \"%1\": in an export the items behind byte %2 cannot be found")
-                             .arg(QString::fromStdString(loaded.Name), QString::number(walk.offset)));
-    }
-    std::vector<KtlDeviceBlock> blocks = deviceBlocksOf(walk);
+    struct_EtherCatDevice& loaded = g_xmlfiledevices.back().device[device];
+    const Exported written = exportOf(device, file, messages);
+    if (written.isWhole)
+        tellWhatIsLost(loaded, file, messages);
+    std::vector<KtlDeviceBlock> blocks = deviceBlocksOf(walkItems(written.bytes));
     blocks.resize(1);
     return {std::move(blocks.front()), startupSourcesOf(loaded), false};
 }
