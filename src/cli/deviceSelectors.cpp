@@ -44,11 +44,10 @@ conditionOf(const QString& selector)
             return file.Vendor_Id == identity->vendor && device.TypeAttributes.Product_Code == identity->product
                    && (!identity->revision.has_value() || device.TypeAttributes.Revision_No == *identity->revision);
         };
-    bool isNumber = false;
-    const std::uint32_t wanted = selector.toUInt(&isNumber);
-    if (isNumber)
+    constexpr int decimal = 10;
+    if (const std::optional<std::uint32_t> wanted = numberOfDigits(selector, decimal))
         return [wanted](const struct_FilenameDevice&, const struct_EtherCatDevice&, std::uint32_t number) {
-            return number == wanted;
+            return number == *wanted;
         };
     return [name = selector.toStdString()](const struct_FilenameDevice&, const struct_EtherCatDevice& device,
                                            std::uint32_t) { return device.Name == name; };
@@ -58,8 +57,10 @@ conditionOf(const QString& selector)
 
 std::set<DevicePosition> devicesNamed(const QString& selector, const std::vector<struct_FilenameDevice>& files)
 {
-    const auto isMeant = conditionOf(selector);
     std::set<DevicePosition> devices;
+    if (selector.isEmpty()) // a variable of a script that is not set, rather than the devices without a name
+        return devices;
+    const auto isMeant = conditionOf(selector);
     forEachDevice(files, [&](const DevicePosition& position, std::uint32_t number) {
         const struct_FilenameDevice& file = files[position.first];
         if (isMeant(file, file.device[position.second], number))

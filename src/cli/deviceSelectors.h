@@ -16,8 +16,9 @@
 using DevicePosition = std::pair<std::size_t, std::size_t>;
 
 /// The devices that a selector names: `VENDOR:PRODUCT[:REVISION]`, each decimal or in one of the hexadecimal forms of
-/// ESI files; or a number, counted from 1 over all devices of all files; or else a name. Several devices may share a
-/// name or an identity: then all of them are meant.
+/// ESI files; or digits, which are a number counted from 1 over all devices of all files; or else a name. Several
+/// devices may share a name or an identity: then all of them are meant. An empty selector names none, not even a device
+/// without a name.
 [[nodiscard]] std::set<DevicePosition> devicesNamed(const QString& selector,
                                                     const std::vector<struct_FilenameDevice>& files);
 

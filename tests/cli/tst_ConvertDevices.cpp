@@ -14,6 +14,8 @@ private slots:
     void selectors();
     void nothingMeant_data();
     void nothingMeant();
+    void nameIsMissing_data();
+    void nameIsMissing();
     void proposedName();
     void warningsOfOthers();
 };
@@ -45,6 +47,7 @@ void tst_ConvertDevices::selectors_data()
     row("vendor, product and revision", {"0x7e570009:10:2"}, {"a 2"});
     row("vendor in decimal", {"2119630857:11"}, {"b 1"}); // 0x7E570009
     row("several selectors, in the order of the file", {"3", "1"}, {"a 1", "b 1"});
+    row("zeros in front", {"0x7e570009:0011", "0004"}, {"b 1", "c 1"});
     row("one device by several selectors", {"3", "0x7e570009:11", "3"}, {"b 1"});
 }
 
@@ -71,9 +74,29 @@ void tst_ConvertDevices::selectors()
 void tst_ConvertDevices::nothingMeant_data()
 {
     QTest::addColumn<QString>("selector");
-    for (const char* selector : {"0", "5", "Twin", "twi", "", "0x7e570008:10", "0x7e570009:13", "0x7e570009:10:3",
-                                 "0x7e570009", "0x7e570009:10:2:0", "-1", "0x7e570009:", ":10"})
-        QTest::addRow("\"%s\"", selector) << QString::fromLatin1(selector);
+    for (const char* selector : {"0",
+                                 "5",
+                                 "Twin",
+                                 "twi",
+                                 "",
+                                 " 1",
+                                 "1 ",
+                                 "+1",
+                                 "\u0661",
+                                 "4294967297",
+                                 "0x7e570008:10",
+                                 "0x7e570009:13",
+                                 "0x7e570009:10:3",
+                                 "0x7e570009",
+                                 "0x7e570009:10:2:0",
+                                 "-1",
+                                 "0x7e570009:",
+                                 ":10",
+                                 "0x7e570009 :10",
+                                 "0x7e570009: 10",
+                                 "0x7e570009:+10",
+                                 "0x7e570009:0x0xA"})
+        QTest::addRow("\"%s\"", selector) << QString::fromUtf8(selector);
 }
 
 /// An error that names the selector, and nothing is written, although another selector is right.
@@ -87,6 +110,26 @@ void tst_ConvertDevices::nothingMeant()
     QCOMPARE(run.errors, "ktl: error: no device of the given files is \"" + selector.toUtf8() + "\"\n");
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(place.names(), QStringList{"four.xml"});
+}
+
+void tst_ConvertDevices::nameIsMissing_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addRow("no element") << QByteArray();
+    QTest::addRow("an empty one") << QByteArray("<Name></Name>");
+}
+
+/// An empty selector is no name of a device without one, which is there by its number.
+void tst_ConvertDevices::nameIsMissing()
+{
+    QFETCH(QByteArray, name);
+    const Workplace place;
+    const QString esi = place.make(QStringLiteral("one.xml"), esiWith("<Device><Type>A</Type>" + name + "</Device>\n"));
+    const CommandRun run = runKtl({"convert", esi, "-o", "out.ktl", "--device", ""}, place.folder());
+    QCOMPARE(run.errors, QByteArray("ktl: error: no device of the given files is \"\"\n"));
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(place.names(), QStringList{"one.xml"});
+    QCOMPARE(runKtl({"convert", esi, "-o", "out.ktl", "--device", "1"}, place.folder()).exitCode, 0);
 }
 
 /// The name is that of the first file with a chosen device.
