@@ -155,7 +155,6 @@ void tst_Choices::links_data()
     QTest::addRow("with all checks") << QByteArray(R"("pdo": 1, "index": "#x1A00", "entry": 0, "object": "24576:1",
                                                      "name": "Inputs 1 to 8", "link": "AIN16")")
                                      << "0 0|-4 0";
-    QTest::addRow("words of the window") << QByteArray(R"("pdo": 0, "entry": 0, "link": "AOUT32 Type")") << "-8 0|0 0";
     QTest::addRow("value") << QByteArray(R"("pdo": 1, "entry": 1, "link": -10)") << "0 0|0 -10";
     QTest::addRow("none") << QByteArray(R"("pdo": 1, "entry": 1, "link": "NONE")") << "0 0|0 0";
 }

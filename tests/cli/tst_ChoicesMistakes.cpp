@@ -81,7 +81,7 @@ void tst_ChoicesMistakes::form_data()
     QTest::addRow("device is missing") << head + "[{}]}"
                                        << "devices[0]: the key \"device\" is missing";
     QTest::addRow("device is no number") << head + R"([{"device": true}]})"
-                                         << "devices[0].device: true is not a number from 0 to 4294967295";
+                                         << "devices[0].device: true is not a number from 0 to 4294967295 or a name";
     QTest::addRow("unknown key of the file")
         << QByteArray(R"({"format": "kinetra-choices", "version": 1, "devices": [], "device": 1})")
         << "\"device\" is no key here (known: format, version, devices)";
@@ -114,7 +114,30 @@ void tst_ChoicesMistakes::form_data()
                                  << "devices[0].driveAxes: 1.5 is not a number from 0 to 65535";
     QTest::addRow("axes in words") << ofFirst(R"("driveAxes": "two")")
                                    << "devices[0].driveAxes: \"two\" is not a number from 0 to 65535";
-    QTest::addRow("mode") << ofFirst(R"("dcMode": -1)") << "devices[0].dcMode: -1 is not a number from 0 to 4294967295";
+    QTest::addRow("axes with a blank in front")
+        << ofFirst(R"("driveAxes": " 2")") << "devices[0].driveAxes: \" 2\" is not a number from 0 to 65535";
+    QTest::addRow("axes with a blank behind")
+        << ofFirst(R"("driveAxes": "2 ")") << "devices[0].driveAxes: \"2 \" is not a number from 0 to 65535";
+    QTest::addRow("axes with a sign") << ofFirst(R"("driveAxes": "+2")")
+                                      << "devices[0].driveAxes: \"+2\" is not a number from 0 to 65535";
+    QTest::addRow("axes in digits of another script")
+        << ofFirst(R"("driveAxes": "\u0662")") << "devices[0].driveAxes: \"\u0662\" is not a number from 0 to 65535";
+    QTest::addRow("a prefix alone") << ofFirst(R"("driveAxes": "0x")")
+                                    << "devices[0].driveAxes: \"0x\" is not a number from 0 to 65535";
+    QTest::addRow("two prefixes") << ofFirst(R"("driveAxes": "0x0x5")")
+                                  << "devices[0].driveAxes: \"0x0x5\" is not a number from 0 to 65535";
+    QTest::addRow("letters of no base") << ofFirst(R"("driveAxes": "0x1G")")
+                                        << "devices[0].driveAxes: \"0x1G\" is not a number from 0 to 65535";
+    QTest::addRow("mode") << ofFirst(R"("dcMode": -1)")
+                          << "devices[0].dcMode: -1 is not a number from 0 to 4294967295 or a name";
+    QTest::addRow("PDO is a list") << ofFirst(R"("links": [{"pdo": [], "entry": 0, "link": 0}])")
+                                   << "devices[0].links[0].pdo: [] is not a number from 0 to 4294967295 or an index";
+    QTest::addRow("entry is a list") << ofFirst(R"("links": [{"pdo": 0, "entry": [], "link": 0}])")
+                                     << "devices[0].links[0].entry: [] is not a number from 0 to 4294967295 or an "
+                                        "object";
+    QTest::addRow("object with a blank") << ofFirst(R"("links": [{"pdo": 0, "entry": "0x6040: 0", "link": 0}])")
+                                         << "devices[0].links[0].entry: \"0x6040: 0\" is not an object like "
+                                            "\"0x6040:0\"";
     QTest::addRow("configuration index") << ofFirst(R"("configIndex": "0x10000")")
                                          << "devices[0].configIndex: \"0x10000\" is not a number from 0 to 65535";
     QTest::addRow("detection index") << ofFirst(R"("detectIndex": [])")
@@ -134,6 +157,9 @@ void tst_ChoicesMistakes::form_data()
     const QString links = " is not a link (NONE, DOUT, AOUT16, AOUT32, FAOUT, DIN, AIN16, AIN32, FAIN, ENCODER32)";
     QTest::addRow("link name") << ofFirst(R"("links": [{"pdo": 0, "entry": 0, "link": "OUT"}])")
                                << "devices[0].links[0].link: \"OUT\"" + links;
+    QTest::addRow("link in the words of the window")
+        << ofFirst(R"("links": [{"pdo": 0, "entry": 0, "link": "DOUT Type"}])")
+        << "devices[0].links[0].link: \"DOUT Type\"" + links;
     QTest::addRow("link number above all")
         << ofFirst(R"("links": [{"pdo": 0, "entry": 0, "link": 1}])") << "devices[0].links[0].link: 1" + links;
     QTest::addRow("row is missing") << ofFirst(R"("startup": {"removed": [{}]})")

@@ -123,6 +123,12 @@ void tst_ChoicesSchema::refuses_data()
     QTest::addRow("object") << choicesOfFirst(R"("links": [{"pdo": 0, "entry": "0x6040", "link": 0}])");
     QTest::addRow("link") << choicesOfFirst(R"("links": [{"pdo": 0, "entry": 0, "link": "OUT"}])");
     QTest::addRow("broken number") << choicesOfFirst(R"("startup": {"removed": [{"row": 1.5}]})");
+    QTest::addRow("link in the words of the window")
+        << choicesOfFirst(R"("links": [{"pdo": 0, "entry": 0, "link": "DOUT Type"}])");
+    for (const char* number : {" 2", "2 ", "+2", "0x", "0x0x5", "0x1G", "\u0662"})
+        QTest::addRow("axes \"%s\"", number) << choicesOfFirst("\"driveAxes\": \"" + QByteArray(number) + '"');
+    QTest::addRow("object with a blank") << choicesOfFirst(R"("links": [{"pdo": 0, "entry": "0x6040: 0", "link": 0}])");
+    QTest::addRow("device without a name") << choicesWith(R"({"device": ""})");
     QTest::addRow("number in words") << choicesOfFirst(R"("startup": {"changed": [{"row": 1, "data": "one"}]})");
 }
 

@@ -161,6 +161,8 @@ void tst_ChoicesThatDoNotFit::ambiguousNames_data()
                                         << "device: 2 devices are \"1:1:1\"; their numbers tell them apart";
     QTest::addRow("no device") << QByteArray(R"({"device": "Single"})")
                                << "device: no device of the given files is \"Single\"";
+    QTest::addRow("device without a name")
+        << QByteArray(R"({"device": ""})") << "device: no device of the given files is \"\"";
     QTest::addRow("device number") << QByteArray(R"({"device": 3})") << "device: no device of the given files is \"3\"";
     QTest::addRow("mode") << special("\"dcMode\": \"DC\"")
                           << "dcMode: 2 modes are \"DC\"; their numbers tell them apart";
@@ -209,9 +211,11 @@ void tst_ChoicesThatDoNotFit::missingSyncManager()
     QCOMPARE(converted({path}).run.exitCode, 0);
     const Conversion conversion = converted({path}, choicesOfFirst(R"("modules": [{"place": 0, "module": 1}])"));
     QCOMPARE(conversion.run.exitCode, 2);
-    QVERIFY2(
-        conversion.run.errors.contains("devices[0]: device \"Coupler\": PDO 0x1a00 \"State\" names a sync manager"),
-        conversion.run.errors.constData());
+    const QString message = "error: devices[0]: " + path
+                            + ": device \"Coupler\": PDO 0x1a00 \"State\" names a sync manager that the device does "
+                              "not declare (";
+    QCOMPARE(messagesOf(conversion).size(), 1);
+    QVERIFY2(messagesOf(conversion).first().startsWith(message), qPrintable(messagesOf(conversion).first()));
     QCOMPARE(conversion.files, QStringList());
 }
 

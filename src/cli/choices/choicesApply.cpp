@@ -5,6 +5,7 @@
 #include "cli/choices/moduleLookUp.h"
 #include "cli/deviceSelectors.h"
 #include "cli/inputFile.h"
+#include "cli/messages.h"
 #include "editing/deviceEdits.h"
 #include "editing/deviceTypeTexts.h"
 #include "editing/moduleEdits.h"
@@ -67,7 +68,8 @@ public:
             if (m_problems.count() != before)
                 return; // the rows of the lists follow from the modules
         } catch (const std::out_of_range& error) {
-            m_problems.add(m_choices.path, rangeErrorText(error));
+            m_problems.add(m_choices.path, shownName(QString::fromStdString(m_file.xmlfilepath)) + QStringLiteral(": ")
+                                               + rangeErrorText(error));
             return;
         }
         makeLinks(m_choices.links, m_device, m_problems);

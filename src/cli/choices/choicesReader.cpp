@@ -74,13 +74,15 @@ std::optional<std::uint16_t> word(JsonFields& fields, QLatin1String key)
 }
 
 /// A key whose number counts and whose text means something else.
+/// @param alternative  what the text means, as a message names it: "a name"
 template<typename ReadText>
-void readCountOr(JsonFields& fields, QLatin1String key, std::optional<std::uint32_t>& count, ReadText readText)
+void readCountOr(JsonFields& fields, QLatin1String key, QLatin1String alternative, std::optional<std::uint32_t>& count,
+                 ReadText readText)
 {
     if (fields.value(key).isString())
         readText(fields.value(key).toString());
     else
-        count = fields.count(key, most32Bits);
+        count = fields.count(key, most32Bits, alternative);
 }
 
 std::optional<std::uint16_t> deviceTypeIn(JsonFields& fields)
@@ -145,8 +147,9 @@ LinkChoice linkChoiceFrom(JsonFields fields)
 {
     LinkChoice choice;
     choice.path = fields.path();
-    readCountOr(fields, pdoKey, choice.pdoRow, [&](const QString&) { choice.pdoIndex = word(fields, pdoKey); });
-    readCountOr(fields, entryKey, choice.entryPosition,
+    readCountOr(fields, pdoKey, QLatin1String("an index"), choice.pdoRow,
+                [&](const QString&) { choice.pdoIndex = word(fields, pdoKey); });
+    readCountOr(fields, entryKey, QLatin1String("an object"), choice.entryPosition,
                 [&](const QString&) { choice.entryObject = objectIn(fields, entryKey); });
     choice.checkedIndex = word(fields, indexKey);
     choice.checkedObject = objectIn(fields, objectKey);
@@ -224,13 +227,15 @@ DeviceChoices deviceChoicesFrom(const QJsonValue& value, const QString& path, Pr
     JsonFields fields(value, path, deviceKeys, problems);
     DeviceChoices choices;
     choices.path = path;
+    const QLatin1String aName("a name");
     std::optional<std::uint32_t> deviceNumber;
-    readCountOr(fields, deviceKey, deviceNumber, [&](const QString& text) { choices.device = text; });
+    readCountOr(fields, deviceKey, aName, deviceNumber, [&](const QString& text) { choices.device = text; });
     if (deviceNumber.has_value())
         choices.device = QString::number(*deviceNumber);
     choices.deviceType = deviceTypeIn(fields);
     choices.driveAxes = word(fields, driveAxesKey);
-    readCountOr(fields, dcModeKey, choices.dcModePosition, [&](const QString& text) { choices.dcModeName = text; });
+    readCountOr(fields, dcModeKey, aName, choices.dcModePosition,
+                [&](const QString& text) { choices.dcModeName = text; });
     choices.configIndex = word(fields, configIndexKey);
     choices.detectIndex = word(fields, detectIndexKey);
     readLists(fields, choices, problems);

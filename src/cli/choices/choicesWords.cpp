@@ -50,7 +50,7 @@ std::optional<std::int32_t> linkNamed(const QString& name)
 {
     for (const PdoDirection direction : {PdoDirection::Outputs, PdoDirection::Inputs})
         for (const LinkText& link : linksFor(direction))
-            if (name == link.text || name == withoutEnding(link.text))
+            if (name == withoutEnding(link.text))
                 return link.link;
     return std::nullopt;
 }

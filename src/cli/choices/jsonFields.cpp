@@ -60,16 +60,17 @@ std::optional<std::uint32_t> JsonFields::number(QLatin1String key, std::uint32_t
     return inRange(key, numberIn(value(key)), most);
 }
 
-std::optional<std::uint32_t> JsonFields::count(QLatin1String key, std::uint32_t most)
+std::optional<std::uint32_t> JsonFields::count(QLatin1String key, std::uint32_t most, QLatin1String alternative)
 {
-    return inRange(key, wholeNumber(value(key)), most);
+    return inRange(key, wholeNumber(value(key)), most, alternative);
 }
 
 std::optional<std::uint32_t> JsonFields::inRange(QLatin1String key, std::optional<std::uint32_t> number,
-                                                 std::uint32_t most)
+                                                 std::uint32_t most, QLatin1String alternative)
 {
     if (has(key) && (!number.has_value() || *number > most)) {
-        refuse(key, QStringLiteral("a number from 0 to %1").arg(most));
+        const QString wanted = QStringLiteral("a number from 0 to %1").arg(most);
+        refuse(key, alternative.isEmpty() ? wanted : wanted + QStringLiteral(" or ") + alternative);
         return std::nullopt;
     }
     return number;

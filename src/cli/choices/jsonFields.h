@@ -57,7 +57,8 @@ public:
     /// A number from 0 to `most`.
     std::optional<std::uint32_t> number(QLatin1String key, std::uint32_t most);
     /// As `number`, but a text with a number is none: for keys whose texts mean something else, and for counts.
-    std::optional<std::uint32_t> count(QLatin1String key, std::uint32_t most);
+    /// @param alternative  what else the key may be, for the message: "a name"; empty for nothing else
+    std::optional<std::uint32_t> count(QLatin1String key, std::uint32_t most, QLatin1String alternative = {});
     std::optional<QString> text(QLatin1String key);
 
     /// Calls `visit(value, path)` for each value of a list.
@@ -77,7 +78,8 @@ public:
 
 private:
     void check(const QJsonValue& value, const JsonKey* keys, std::size_t count);
-    std::optional<std::uint32_t> inRange(QLatin1String key, std::optional<std::uint32_t> number, std::uint32_t most);
+    std::optional<std::uint32_t> inRange(QLatin1String key, std::optional<std::uint32_t> number, std::uint32_t most,
+                                         QLatin1String alternative = {});
 
     QJsonObject m_object;
     QString m_path;
