@@ -4,10 +4,10 @@
 # One row per sub-command: its name, the endings of the files that it takes, its options. Behind the "=" of an option
 # stands what its value is: the ending of a file, words to choose from with "|" between them, or "?" for free text.
 _ktl_sub_commands=(
-    'convert xml     -o=ktl --output=ktl --append --force --device=? --choices=json --date=? --strict --help'
-    'choices xml     --help'
-    'show    xml,ktl --json --csv=dictionary|pdo|startup --help'
-    'dump    ktl     --help'
+    'convert xml     -o=ktl --output=ktl --append --force --device=? --choices=json --date=? --strict --help --version'
+    'choices xml     --help --version'
+    'show    xml,ktl --json --csv=dictionary|pdo|startup --help --version'
+    'dump    ktl     --help --version'
 )
 
 # Offers those of the words that begin with what is typed.

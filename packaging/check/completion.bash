@@ -41,11 +41,12 @@ completes '--version' ktl --v
 completes '' ktl unknown ''
 
 # Options of each.
-completes '--append,--choices,--date,--device,--force,--help,--output,--strict,-o' ktl convert -
+completes '--append,--choices,--date,--device,--force,--help,--output,--strict,--version,-o' ktl convert -
 completes '--date,--device' ktl convert drive.xml --d
-completes '--help' ktl choices -
-completes '--csv,--help,--json' ktl show -
-completes '--help' ktl dump -
+completes '--help,--version' ktl choices -
+completes '--csv,--help,--json,--version' ktl show -
+completes '--version' ktl show machine.ktl --v
+completes '--help,--version' ktl dump -
 
 # Files of each.
 completes 'DRIVE.XML,drive.xml,home,spare parts,two words.xml' ktl convert ''
