@@ -5,10 +5,13 @@
 #include "model/XMLParsing.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
 /// Reads a choices file and makes its choices. All that is wrong with it is told, and what the window would warn of.
-/// @param path  "-" for standard input
+/// @param path       "-" for standard input
+/// @param selectors  the devices that will be written; choices for other devices are warned of. None stands for all
 /// @return  whether all choices are made; the files are of no use otherwise
-[[nodiscard]] bool applyChoicesFile(const QString& path, std::vector<struct_FilenameDevice>& files, Messages& messages);
+[[nodiscard]] bool applyChoicesFile(const QString& path, std::vector<struct_FilenameDevice>& files, Messages& messages,
+                                    const QStringList& selectors = {});
