@@ -10,6 +10,8 @@ private slots:
     static void content();
     static void contentOfModules_data();
     static void contentOfModules();
+    static void pageTranslates_data();
+    static void pageTranslates();
     static void ambiguousNames_data();
     static void ambiguousNames();
     static void rowsAreNotLookedAtBehindWrongModules();
@@ -146,6 +148,37 @@ static QByteArray twinsEsi()
                                "<Module><Type ModuleIdent=\"2\">A</Type><Name>Third</Name></Module>";
     return "<EtherCATInfo><Vendor><Id>1</Id></Vendor><Descriptions><Devices>" + device + device + "</Devices><Modules>"
            + modules + "</Modules></Descriptions></EtherCATInfo>";
+}
+
+void tst_ChoicesThatDoNotFit::pageTranslates_data()
+{
+    QTest::addColumn<QByteArray>("esi");
+    QTest::addColumn<QByteArray>("members");
+    QTest::addColumn<QString>("name"); // that stands in the words, if one does
+    const QByteArray coupler = contentOf(samplePath("bus-coupler"));
+    QTest::addRow("a type without modules")
+        << twinsEsi() << QByteArray(R"("deviceType": 1, "modules": [{"place": 0, "module": null}])") << "-";
+    QTest::addRow("a type that finds its modules")
+        << coupler << QByteArray(R"("deviceType": 3, "modules": [{"place": 0, "module": null}])") << "-";
+    QTest::addRow("a module that the slot does not take")
+        << twinsEsi() << QByteArray(R"("deviceType": 4, "modules": [{"place": 1, "module": "Third"}])") << "Third";
+    QTest::addRow("a module list that can be written")
+        << coupler << QByteArray(R"("deviceType": 5)") << "MB-C100 bus coupler for 16 modules";
+}
+
+/// The page has a row for what is told in the words of the window.
+void tst_ChoicesThatDoNotFit::pageTranslates()
+{
+    QFETCH(QByteArray, esi);
+    QFETCH(QByteArray, members);
+    QFETCH(QString, name);
+    const QTemporaryDir folder;
+    const Conversion conversion = converted({writtenFile(folder.filePath("a.xml"), esi)}, choicesOfFirst(members));
+    static const QRegularExpression chinese(QStringLiteral(R"([\x{4E00}-\x{9FFF}].*)"));
+    const QString words = chinese.match(QString::fromUtf8(conversion.run.errors)).captured();
+    QVERIFY2(!words.isEmpty(), conversion.run.errors.constData());
+    const QString page = QString::fromUtf8(contentOf(KINETRA_SOURCE_DIR "/docs/choices.md"));
+    QVERIFY2(page.contains("| `" + QString(words).replace(name, "%1") + "` | "), qPrintable(words));
 }
 
 void tst_ChoicesThatDoNotFit::ambiguousNames_data()
