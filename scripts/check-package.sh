@@ -50,6 +50,17 @@ check_manual_pages()
     done
 }
 
+# Relative links of the documents have to lead to something that is in the package too.
+check_links()
+{
+    local page link
+    while IFS= read -r page; do
+        while IFS= read -r link; do
+            [[ $link == *:* || -e ${page%/*}/$link ]] || fail "${page#"$unpacked"} links to $link, which is not there."
+        done < <(grep -o '](\([^)#]\+\)' "$page" | sed 's/^](//')
+    done < <(find "$share/doc" -name '*.md')
+}
+
 # Both name every option, and no other; one of them may be corrected without the other.
 check_manual_against_completion()
 {
@@ -132,6 +143,7 @@ stage 'Rules of Debian'
 check_with_lintian
 stage 'Files, manual pages, completion, desktop'
 check_list_of_files
+check_links
 check_manual_pages
 check_manual_against_completion
 "$checks/completion.bash" "$share/bash-completion/completions/ktl"
