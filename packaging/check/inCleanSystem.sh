@@ -19,7 +19,7 @@ as_user()
 
 check_command()
 {
-    local version needed
+    local version needed shown coupler=/usr/share/doc/kinetra/samples/bus-coupler.xml
     needed=$(ldd /usr/bin/ktl)
     [[ $needed != *'not found'* ]] || fail "Libraries of ktl are missing: $needed"
     [[ $needed != *libQt5Widgets* ]] || fail 'ktl needs Qt Widgets.'
@@ -27,6 +27,11 @@ check_command()
     [[ $(as_user 20 ktl --version) == *"$version" ]] || fail "ktl does not name the version of the package, $version."
     as_user 20 ktl convert /usr/share/doc/kinetra/samples/{io-block,servo-drive}.xml -o machine.ktl
     [[ -s machine.ktl && -s machine.ktl.txt ]] || fail 'ktl convert wrote nothing.'
+    as_user 20 ktl choices "$coupler" | as_user 20 ktl convert "$coupler" -o chosen.ktl --choices -
+    [[ -s chosen.ktl && -s chosen.ktl.txt ]] || fail 'ktl convert wrote nothing with the choices of ktl choices.'
+    shown=$(as_user 20 ktl show machine.ktl --json)
+    [[ $shown == '{'*'"files"'*'}' ]] || fail "ktl show prints no JSON: $shown"
+    as_user 20 ktl dump machine.ktl | cmp - machine.ktl.txt || fail 'ktl dump prints another text than convert wrote.'
 }
 
 # The window stays open until it is closed, so a start that went well is ended by the clock.
