@@ -167,7 +167,8 @@ ExitCode convert(const CommandLine& line, const QDateTime& exportTime, Messages&
         return messages.exitCode();
     if (!loadEsiFiles(line.operands(), messages))
         return messages.exitCode();
-    if (line.isSet(choicesOption) && !applyChoicesFile(line.value(choicesOption), g_xmlfiledevices, messages))
+    if (line.isSet(choicesOption)
+        && !applyChoicesFile(line.value(choicesOption), g_xmlfiledevices, messages, line.values(deviceOption)))
         return messages.exitCode();
     const auto devices = selectedDevices(line.values(deviceOption), g_xmlfiledevices, messages);
     if (!devices.has_value())

@@ -15,6 +15,7 @@ private slots:
     void order();
     void strict_data();
     void strict();
+    void choicesForNothing();
 };
 
 static QByteArray deviceWith(const QByteArray& name, const QByteArray& content)
@@ -106,6 +107,20 @@ void tst_ConvertWarnings::strict()
     QCOMPARE(run.exitCode, exitCode);
     QCOMPARE(QFile::exists(place.path(QStringLiteral("out.ktl"))), exitCode != 2);
     QCOMPARE(QFile::exists(place.path(QStringLiteral("out.ktl.txt"))), exitCode != 2);
+}
+
+/// A device that is chosen for and not written.
+void tst_ConvertWarnings::choicesForNothing()
+{
+    const Workplace place;
+    place.make(QStringLiteral("in.xml"), esiWith(deviceWith("A", "") + deviceWith("B", "")));
+    place.make(QStringLiteral("choices.json"), R"({"format": "kinetra-choices", "version": 1,
+                                                   "devices": [{"device": "A"}, {"device": "B"}]})");
+    const QStringList arguments{"convert", "in.xml", "-o", "out.ktl", "--choices", "choices.json", "--strict"};
+    const CommandRun run = runKtl(arguments + QStringList{"--device", "B"}, place.folder());
+    QCOMPARE(run.errors, QByteArray("choices.json: warning: devices[0].device: \"A\" is left out by --device\n"));
+    QCOMPARE(run.exitCode, 1);
+    QCOMPARE(runKtl(arguments + QStringList{"--force"}, place.folder()).exitCode, 0);
 }
 
 QTEST_GUILESS_MAIN(tst_ConvertWarnings)

@@ -40,6 +40,7 @@ const std::vector<Limit>& allLimits()
         {"mostAttributes", mostAttributes, "attributes of one element"},
         {"mostPrefixes", mostPrefixes, "different namespace prefixes"},
         {"mostInEachOther", mostInEachOther, "elements `Device` inside each other, and elements `Slots`"},
+        {"mostDeviceParents", mostDeviceParents, "elements with \"Device\" in their names inside each other"},
         {"longestGroupNames", longestGroupNames, "names of the slot groups in one element `Slots`, all together"},
         {"longestDocumentType", longestDocumentType, "document type declaration"},
         {"mostNestedReferences", mostNestedReferences, "references to entities in the document type declaration"},
