@@ -104,7 +104,7 @@ void tst_LimitsDoc::everyLimitHasARow()
                 missing.append(name);
         }
     QCOMPARE(missing, QStringList());
-    QCOMPARE(count, 13);
+    QCOMPARE(count, 14);
 }
 
 /// The page names no limit that does not hold.
