@@ -42,8 +42,8 @@ protected:
     {
         const QDir folder(m_folder->path());
         m_command = folder.filePath(QStringLiteral("command.ktl"));
-        QFile::remove(m_command);
-        QStringList arguments = QStringList{"convert"} + files + QStringList{"-o", m_command, "--date", time};
+        QStringList arguments =
+            QStringList{"convert"} + files + QStringList{"-o", m_command, "--force", "--date", time};
         if (!choices.isNull())
             arguments += {"--choices", writeFile(folder, QStringLiteral("choices.json"), choices)};
         return runKtl(arguments);
