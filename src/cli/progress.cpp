@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <csignal>
 #include <cstdio>
 #include <mutex>
 #include <thread>
@@ -56,7 +57,7 @@ public:
         wipe();
         m_text = text;
         if (!m_thread.joinable())
-            m_thread = std::thread(&ProgressLine::draw, this);
+            startThread();
     }
 
     void pause()
@@ -67,6 +68,17 @@ public:
     void goOn() { m_mutex.unlock(); }
 
 private:
+    /// No signal is for this thread: whether one has to wait is the affair of the thread that does the work.
+    void startThread()
+    {
+        sigset_t all;
+        sigset_t before;
+        sigfillset(&all);
+        pthread_sigmask(SIG_SETMASK, &all, &before);
+        m_thread = std::thread(&ProgressLine::draw, this);
+        pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    }
+
     void draw()
     {
         constexpr std::chrono::seconds patience(1);
