@@ -196,8 +196,7 @@ void tst_KtlFile::appendBehindWhatIsNoItem()
 /// The device takes everything until the C library hands it the first bytes, when the file is closed.
 void tst_KtlFile::fullDisk()
 {
-    if (!haveFullDisk())
-        QSKIP("this system has no /dev/full that stands for a full disk");
+    QVERIFY2(haveFullDisk(), "this system has no /dev/full that stands for a full disk");
     QVERIFY(QFile::link(QStringLiteral("/dev/full"), m_ktl));
     QCOMPARE(int(save(m_ktl).status), int(KtlSaveStatus::CannotWrite));
     QVERIFY(!QFileInfo::exists(m_dump));
@@ -206,8 +205,7 @@ void tst_KtlFile::fullDisk()
 /// The run cannot tell a full disk, as it tests none but General items; the file tells it.
 void tst_KtlFile::fullDiskShowsLate()
 {
-    if (!haveFullDisk())
-        QSKIP("this system has no /dev/full that stands for a full disk");
+    QVERIFY2(haveFullDisk(), "this system has no /dev/full that stands for a full disk");
     QVERIFY(QFile::link(QStringLiteral("/dev/full"), m_ktl));
     const auto unbuffered = [](std::FILE* out, int* errorCode) {
         std::setvbuf(out, nullptr, _IONBF, 0); // the write fails, and nothing is left for the close
@@ -221,8 +219,7 @@ void tst_KtlFile::fullDiskShowsLate()
 
 void tst_KtlFile::fullDiskForDump()
 {
-    if (!haveFullDisk())
-        QSKIP("this system has no /dev/full that stands for a full disk");
+    QVERIFY2(haveFullDisk(), "this system has no /dev/full that stands for a full disk");
     QVERIFY(QFile::link(QStringLiteral("/dev/full"), m_dump));
     QCOMPARE(int(save(m_ktl).status), int(KtlSaveStatus::CannotWriteDump));
     QCOMPARE(fileContent(m_ktl), endItem);
@@ -253,8 +250,8 @@ void tst_KtlFile::pathIsAFolder()
 void tst_KtlFile::readOnlyFile()
 {
     const OrdinaryUser user(m_folder->path());
-    if (!user.isOrdinary())
-        QSKIP("root may write read-only files, and this system does not let the test become another user");
+    QVERIFY2(user.isOrdinary(),
+             "root may write read-only files, and this system does not let the test become another user");
     writeFile(m_ktl, "earlier");
     QCOMPARE(::chmod(QFile::encodeName(m_ktl).constData(), S_IRUSR), 0);
     QCOMPARE(int(save(m_ktl).status), int(KtlSaveStatus::CannotWrite));
@@ -265,8 +262,7 @@ void tst_KtlFile::readOnlyFile()
 void tst_KtlFile::unreadableAfterWriting()
 {
     const OrdinaryUser user(m_folder->path());
-    if (!user.isOrdinary())
-        QSKIP("root may read every file, and this system does not let the test become another user");
+    QVERIFY2(user.isOrdinary(), "root may read every file, and this system does not let the test become another user");
     writeFile(m_ktl, "earlier");
     QCOMPARE(::chmod(QFile::encodeName(m_ktl).constData(), S_IWUSR), 0); // may be written and not be read
     QCOMPARE(int(save(m_ktl).status), int(KtlSaveStatus::CannotReopen));

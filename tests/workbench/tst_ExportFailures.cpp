@@ -90,8 +90,7 @@ void tst_ExportFailures::readOnlyFile()
     openFolder();
     QVERIFY(QFile::setPermissions(path, QFile::Permissions(0x4444)));
     const OrdinaryUser user;
-    if (!user.isOrdinary())
-        QSKIP("The system refuses to give up the rights of root, and root may write every file.");
+    QVERIFY2(user.isOrdinary(), "The system refuses to give up the rights of root, and root may write every file.");
     DialogDriver dialogs({choosing(path), pressing(QMessageBox::Yes), pressing(QMessageBox::Ok)});
     runExport(dialogs);
     compareWarning(dialogs.seen(2), "The file does not have write permission " + path + ":\n");
@@ -104,8 +103,8 @@ void tst_ExportFailures::readOnlyFolder()
     QVERIFY(QFile::setPermissions(m_folder->path(), QFile::Permissions(0x7777)));
     QVERIFY(QFile::setPermissions(m_out.path(), QFile::Permissions(0x5555)));
     const OrdinaryUser user;
-    if (!user.isOrdinary())
-        QSKIP("The system refuses to give up the rights of root, and root may write in every folder.");
+    QVERIFY2(user.isOrdinary(),
+             "The system refuses to give up the rights of root, and root may write in every folder.");
     const QString path = outPath("a.ktl");
     DialogDriver dialogs({choosing(path), pressing(QMessageBox::Ok)});
     runExport(dialogs);
@@ -138,8 +137,8 @@ void tst_ExportFailures::fullDisk()
     QFETCH(int, devices);
     QFETCH(bool, append);
     const QString path = outPath("a.ktl");
-    if (!QFile::exists(QStringLiteral("/dev/full")) || !QFile::link(QStringLiteral("/dev/full"), path))
-        QSKIP("The system has no device that is always full.");
+    QVERIFY2(QFile::exists(QStringLiteral("/dev/full")) && QFile::link(QStringLiteral("/dev/full"), path),
+             "The system has no device that is always full.");
     struct_FilenameDevice file = fileOfProducts("a.xml", {});
     file.device.resize(static_cast<std::size_t>(devices));
     load({file});
@@ -154,8 +153,8 @@ void tst_ExportFailures::fullDiskForTheDump()
 {
     const QString path = outPath("a.ktl");
     const QString dumpPath = path + ".txt";
-    if (!QFile::exists(QStringLiteral("/dev/full")) || !QFile::link(QStringLiteral("/dev/full"), dumpPath))
-        QSKIP("The system has no device that is always full.");
+    QVERIFY2(QFile::exists(QStringLiteral("/dev/full")) && QFile::link(QStringLiteral("/dev/full"), dumpPath),
+             "The system has no device that is always full.");
     DialogDriver dialogs({choosing(path), pressing(QMessageBox::Ok)});
     runExport(dialogs);
     compareWarning(dialogs.seen(1), writeFailure(dumpPath));
@@ -181,8 +180,7 @@ void tst_ExportFailures::cannotBeReopened()
         {choosing(path), pressing(QMessageBox::Yes), pressing(QMessageBox::Yes), pressing(QMessageBox::Ok)});
     {
         const OrdinaryUser user;
-        if (!user.isOrdinary())
-            QSKIP("The system refuses to give up the rights of root, and root may read every file.");
+        QVERIFY2(user.isOrdinary(), "The system refuses to give up the rights of root, and root may read every file.");
         runExport(dialogs);
     }
     compareWarning(dialogs.seen(3), "File open failure again " + path + ":\n Unknown ecoding error.");

@@ -156,8 +156,8 @@ static QImage drawn(QChar character, const QFont& font)
 
 void tst_Layout::chineseTexts()
 {
-    if (QFontDatabase().families(QFontDatabase::SimplifiedChinese).isEmpty())
-        QSKIP("The system has no Chinese font; the set-up of the project installs one.");
+    QVERIFY2(!QFontDatabase().families(QFontDatabase::SimplifiedChinese).isEmpty(),
+             "The system has no Chinese font; the set-up of the project installs one.");
     const QFont font = applicationFont(QApplication::font(), 1920);
     const QString characters = QStringLiteral("打开导出入关于退单模块电机多耦合器特殊设备");
     // Characters that no font has all look alike, as the one of the private area does.
