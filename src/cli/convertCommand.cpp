@@ -2,6 +2,7 @@
 
 #include "cli/choices/choicesFile.h"
 #include "cli/deviceSelectors.h"
+#include "cli/deviceWarnings.h"
 #include "cli/exportTime.h"
 #include "cli/inputFile.h"
 #include "cli/ktlInput.h"
@@ -123,18 +124,20 @@ void warnOfBrokenTarget(const CommandLine& line, const QString& output, Messages
         return; // told when it is written
     const std::vector<unsigned char> bytes = bytesOf(file.get());
     if (const QString problem = problemAtEnd(walkItems(bytes)); !bytes.empty() && !problem.isEmpty())
-        messages.warning(output,
+        messages.warning(output, WarningCode::ItemCount,
                          QStringLiteral("what is added cannot be found behind what the file holds: ") + problem);
 }
 
 /// Says what the window says before an export.
 void warnAbout(const std::set<DevicePosition>& devices, Messages& messages)
 {
-    for (const DevicePosition& position : devices) {
-        const struct_FilenameDevice& file = g_xmlfiledevices[position.first];
-        for (const QString& warning : exportWarnings(file.device[position.second]))
-            messages.warning(QString::fromStdString(file.xmlfilepath), warning);
-    }
+    std::size_t number = 0; // of the device, over all files
+    for (std::size_t file = 0; file < g_xmlfiledevices.size(); ++file)
+        for (std::size_t device = 0; device < g_xmlfiledevices[file].device.size(); ++device) {
+            ++number;
+            if (devices.count({file, device}) != 0)
+                warnOfDevice(g_xmlfiledevices[file], g_xmlfiledevices[file].device[device], number, messages);
+        }
 }
 
 /// Writes the devices; tells of a failure.

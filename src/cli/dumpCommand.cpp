@@ -30,9 +30,10 @@ void tellWhatIsMissing(const QString& path, std::FILE* ktl, Messages& messages)
     if (const QString problem = problemAtEnd(walk); !problem.isEmpty())
         messages.error(path, problem);
     if (walk.items.size() > mostItems)
-        messages.warning(path, QStringLiteral("the file has %1 items, of which a dump shows the first %2")
-                                   .arg(walk.items.size())
-                                   .arg(mostItems));
+        messages.warning(path, WarningCode::ItemCount,
+                         QStringLiteral("the file has %1 items, of which a dump shows the first %2")
+                             .arg(walk.items.size())
+                             .arg(mostItems));
 }
 
 } // namespace
@@ -52,7 +53,7 @@ ExitCode runDump(const QStringList& arguments, Console& console)
     console.results.flush(); // the dump is written by the C library, into the same output
     static_cast<void>(KTL_write_log_devices(stdout, ktl.get(), &errorCode));
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-        console.messages.error({}, QStringLiteral("standard output cannot be written"));
+        console.messages.outputError({}, QStringLiteral("standard output cannot be written"));
         return console.messages.exitCode();
     }
     tellWhatIsMissing(path, ktl.get(), console.messages);

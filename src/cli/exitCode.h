@@ -6,5 +6,6 @@ enum class ExitCode
 {
     Done = 0,
     DoneWithWarnings = 1, ///< done, but there were warnings, and the caller wants to know (`--strict`)
-    Unusable = 2, ///< input or arguments cannot be used, or a result cannot be written
+    Unusable = 2, ///< input or arguments cannot be used
+    NotWritten = 3, ///< an output cannot be written: a full disk, a closed pipe, a missing permission
 };

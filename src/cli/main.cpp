@@ -102,8 +102,8 @@ int main(int argc, char** argv)
     Console console{std::cout, messages};
     ExitCode ended = run(QCoreApplication::arguments().mid(1), console);
     if (!std::cout.flush()) {
-        messages.error({}, QStringLiteral("standard output cannot be written"));
-        ended = ExitCode::Unusable;
+        messages.outputError({}, QStringLiteral("standard output cannot be written"));
+        ended = messages.exitCode();
     }
     // Everything is written and closed by now. The last tree and all records go with the process: to free them piece by
     // piece before took a sixth of the whole time.

@@ -37,14 +37,23 @@ void Messages::error(const QString& file, int line, int column, const QString& t
          text);
 }
 
-void Messages::warning(const QString& file, const QString& text)
+void Messages::outputError(const QString& file, const QString& text)
 {
-    m_hasWarnings = true;
-    tell(file.isEmpty() ? QStringLiteral("ktl") : shownName(file), "warning", text);
+    m_hasOutputErrors = true;
+    tell(file.isEmpty() ? QStringLiteral("ktl") : shownName(file), "error", text);
+}
+
+void Messages::warning(const QString& file, WarningCode code, const QString& text)
+{
+    m_hasWarnings = m_hasWarnings || m_ignored.count(code) == 0;
+    tell(file.isEmpty() ? QStringLiteral("ktl") : shownName(file), "warning",
+         QStringLiteral("%1 [%2]").arg(oneLine(text), nameOf(code)));
 }
 
 ExitCode Messages::exitCode(bool strict) const
 {
+    if (m_hasOutputErrors)
+        return ExitCode::NotWritten;
     if (m_hasErrors)
         return ExitCode::Unusable;
     return strict && m_hasWarnings ? ExitCode::DoneWithWarnings : ExitCode::Done;

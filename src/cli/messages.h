@@ -2,13 +2,16 @@
 #pragma once
 
 #include "cli/exitCode.h"
+#include "cli/warningCodes.h"
 
 #include <QString>
 
 #include <iosfwd>
+#include <set>
 
 /// Tells errors and warnings, and knows what they mean for the exit status. A line reads `FILE: severity: text`, with
-/// `:LINE:COLUMN` behind the file where there is a place. What is not about a file stands under the command's own name.
+/// `:LINE:COLUMN` after the file where there is a place, and the name of its kind in brackets at the end of a warning.
+/// What is not about a file is told under the command's own name.
 class Messages
 {
 public:
@@ -21,8 +24,14 @@ public:
     void error(const QString& file, const QString& text);
     /// @param line, column  from 1
     void error(const QString& file, int line, int column, const QString& text);
-    void warning(const QString& file, const QString& text);
+    /// An output that cannot be written.
+    void outputError(const QString& file, const QString& text);
+    void warning(const QString& file, WarningCode code, const QString& text);
 
+    /// Warnings of that kind are told from now on as before, but do not count for the exit status.
+    void ignore(WarningCode code) { m_ignored.insert(code); }
+
+    /// The worst that was told: an output that cannot be written, then any other error, then a warning.
     /// @param strict  whether warnings count
     [[nodiscard]] ExitCode exitCode(bool strict = false) const;
 
@@ -30,8 +39,10 @@ private:
     void tell(const QString& place, const char* severity, const QString& text);
 
     std::ostream& m_out;
+    std::set<WarningCode> m_ignored;
     bool m_hasErrors = false;
-    bool m_hasWarnings = false;
+    bool m_hasOutputErrors = false;
+    bool m_hasWarnings = false; ///< of kinds that count
 };
 
 /// A file as messages and listings name it: its path with native separators, "<stdin>" for standard input.

@@ -17,25 +17,31 @@ bool differs(std::uint32_t slotStep, std::uint32_t deviceStep)
 }
 
 /// The first slot that differs from the device gives the one warning on increments; the PDO step is looked at first.
-std::optional<QString> incrementWarning(const DeviceSlots& deviceSlots)
+std::optional<ExportWarning> incrementWarning(const DeviceSlots& deviceSlots)
 {
     for (const struct_Slot& slot : deviceSlots.vslot) {
         if (differs(slot.Attributes.SlotPdoIncrement, deviceSlots.Attributes.SlotPdoIncrement))
-            return QCoreApplication::translate(
-                translationContext, "存在设备多个slot的SlotPdoIncrement不一致，控制器不支持。请谨慎操作 %1:\n");
+            return ExportWarning::SlotPdoIncrement;
         if (differs(slot.Attributes.SlotIndexIncrement, deviceSlots.Attributes.SlotIndexIncrement))
-            return QCoreApplication::translate(
-                translationContext, "存在设备多个slot的SlotIndexIncrement不一致，控制器不支持。请谨慎操作 %1:\n");
+            return ExportWarning::SlotIndexIncrement;
     }
     return std::nullopt;
 }
 
-/// ODD, KEPT: the device's own commands count with the low 8 bits of their number only. 256 of them count as none; the
-/// controller's old firmware, for which the warning is made, wraps in the same place. Pinned by
-/// tst_ExportChecks::startupCommands.
-std::size_t startupTotal(const struct_EtherCatDevice& device)
+/// The words of the window for a warning, with %1 for the name of the device.
+const char* wordsOf(ExportWarning warning)
 {
-    return static_cast<std::uint8_t>(device.Mailbox.COE.InitCmd.vinitcmd.size()) + device.mMailbox.COE.vinitcmd.size();
+    switch (warning) {
+    case ExportWarning::SyncManagers:
+        return "存在设备sm通道大于4个，控制器不支持sm 大于4个以上。请谨慎操作 %1:\n";
+    case ExportWarning::SlotPdoIncrement:
+        return "存在设备多个slot的SlotPdoIncrement不一致，控制器不支持。请谨慎操作 %1:\n";
+    case ExportWarning::SlotIndexIncrement:
+        return "存在设备多个slot的SlotIndexIncrement不一致，控制器不支持。请谨慎操作 %1:\n";
+    case ExportWarning::StartupCommands:
+        break;
+    }
+    return "设备的startup启动项超过254个。固件必须升级大于20240929 %1:\n";
 }
 
 /// Name of a file by its path: what stands behind the last slash, up to the first dot. A split always gives a part; the
@@ -51,22 +57,33 @@ QString fileStem(const QString& path)
 
 } // namespace
 
+/// ODD, KEPT: the device's own commands count with the low 8 bits of their number only. 256 of them count as none; the
+/// controller's old firmware, for which the warning is made, wraps in the same place. Pinned by
+/// tst_ExportChecks::startupCommands.
+std::size_t startupTotal(const struct_EtherCatDevice& device)
+{
+    return static_cast<std::uint8_t>(device.Mailbox.COE.InitCmd.vinitcmd.size()) + device.mMailbox.COE.vinitcmd.size();
+}
+
+std::vector<ExportWarning> exportWarningsOf(const struct_EtherCatDevice& device)
+{
+    std::vector<ExportWarning> warnings;
+    if (device.vSM.size() > maxSyncManagers)
+        warnings.push_back(ExportWarning::SyncManagers);
+    if (const std::optional<ExportWarning> warning = incrementWarning(device.Slots))
+        warnings.push_back(*warning);
+    if (startupTotal(device) > maxStartupCommands)
+        warnings.push_back(ExportWarning::StartupCommands);
+    return warnings;
+}
+
 QStringList exportWarnings(const struct_EtherCatDevice& device)
 {
-    constexpr std::size_t mostSyncManagers = 4;
-    constexpr std::size_t mostStartupCommands = 254;
-    QStringList warnings;
-    if (device.vSM.size() > mostSyncManagers)
-        warnings += QCoreApplication::translate(translationContext,
-                                                "存在设备sm通道大于4个，控制器不支持sm 大于4个以上。请谨慎操作 %1:\n");
-    if (const std::optional<QString> warning = incrementWarning(device.Slots))
-        warnings += *warning;
-    if (startupTotal(device) > mostStartupCommands)
-        warnings += QCoreApplication::translate(translationContext,
-                                                "设备的startup启动项超过254个。固件必须升级大于20240929 %1:\n");
-    for (QString& warning : warnings)
-        warning = warning.arg(QString::fromStdString(device.Name));
-    return warnings;
+    QStringList texts;
+    for (const ExportWarning warning : exportWarningsOf(device))
+        texts += QCoreApplication::translate(translationContext, wordsOf(warning))
+                     .arg(QString::fromStdString(device.Name));
+    return texts;
 }
 
 QString proposedKtlName(const struct_FilenameDevice& file)

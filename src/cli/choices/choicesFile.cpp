@@ -22,8 +22,9 @@ void warnOfLeftOut(const QString& path, const std::vector<DeviceChoices>& choice
     for (const DeviceChoices& ofDevice : choices)
         for (const DevicePosition& position : devicesNamed(ofDevice.device, files))
             if (written.count(position) == 0)
-                messages.warning(path, QStringLiteral("%1.device: %2 is left out by --device")
-                                           .arg(ofDevice.path, quoted(ofDevice.device)));
+                messages.warning(path, WarningCode::LeftOut,
+                                 QStringLiteral("%1.device: %2 is left out by --device")
+                                     .arg(ofDevice.path, quoted(ofDevice.device)));
 }
 
 } // namespace
@@ -47,7 +48,7 @@ bool applyChoicesFile(const QString& path, std::vector<struct_FilenameDevice>& f
     Problems problems;
     const std::vector<DeviceChoices> choices = choicesFrom(parsing.value, problems);
     for (const ChoiceWarning& warning : makeChoices(choices, files, problems))
-        messages.warning(warning.file, warning.text);
+        messages.warning(warning.file, WarningCode::ModuleList, warning.text);
     for (const QString& problem : problems.texts())
         messages.error(path, problem);
     if (problems.count() == 0 && !selectors.isEmpty())

@@ -129,7 +129,7 @@ void tellWhatIsLost(struct_EtherCatDevice& device, ShownFile& file, Messages& me
     if (std::ferror(scratch.get()) != 0)
         tellNoRoom(file, messages);
     else if (module != nullptr)
-        messages.warning(file.path,
+        messages.warning(file.path, WarningCode::ModuleCommands,
                          QStringLiteral("device \"%1\": in an export, module %2 does not have as many startup commands "
                                         "as it announces; the items behind them cannot be found")
                              .arg(QString::fromStdString(device.Name),

@@ -1,0 +1,17 @@
+// deviceLabel.h - a device as messages name it.
+#pragma once
+
+#include "model/deviceRecords.h"
+
+#include <QString>
+
+#include <cstddef>
+
+/// A device with all by which a user can tell it apart: `device 3 "EL-01" (0x7e570002:0x5001:0x30001)`. A long name is
+/// cut.
+/// @param number  from 1, over all files of the call: the one that `--device` takes
+[[nodiscard]] QString deviceLabel(const struct_FilenameDevice& file, const struct_EtherCatDevice& device,
+                                  std::size_t number);
+
+/// A text as a message shows it: in quotation marks, cut where it is longer than people read.
+[[nodiscard]] QString shownText(const QString& text);
