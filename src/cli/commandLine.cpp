@@ -2,6 +2,7 @@
 
 #include "model/version.h"
 
+#include <algorithm>
 #include <ostream>
 
 namespace {
@@ -9,12 +10,50 @@ namespace {
 const QString helpOption = QStringLiteral("help");
 const QString versionOption = QStringLiteral("version");
 
+constexpr int maxHelpWidth = 79; // the one to which the parser wraps the options
+
+/// A text in lines of at most `maxHelpWidth` characters, broken at blanks.
+QString wrapped(const QString& text)
+{
+    QString lines;
+    int width = 0;
+    for (const QString& word : text.simplified().split(QLatin1Char(' '))) {
+        const bool fits = width == 0 || width + 1 + word.size() <= maxHelpWidth;
+        if (width > 0)
+            lines += fits ? QLatin1Char(' ') : QLatin1Char('\n');
+        lines += word;
+        width = (fits && width > 0 ? width + 1 : 0) + word.size();
+    }
+    return lines;
+}
+
+/// The first of the arguments that is none of the options; nothing if it cannot be told.
+std::optional<QString> unknownArgument(const QStringList& arguments, const QStringList& unknownNames)
+{
+    for (const QString& argument : arguments) {
+        if (argument == QLatin1String("--"))
+            break;
+        const bool isLong = argument.startsWith(QLatin1String("--"));
+        const QString name = isLong ? argument.mid(2).section(QLatin1Char('='), 0, 0) : argument.mid(1);
+        const auto isIn = [&](const QString& unknown) { return isLong ? name == unknown : name.contains(unknown); };
+        if (argument.startsWith(QLatin1Char('-')) && std::any_of(unknownNames.begin(), unknownNames.end(), isIn))
+            return argument;
+    }
+    return std::nullopt;
+}
+
+/// The option, with its hyphens, that the parser's own words name in quotation marks.
+QString optionNamedIn(const QString& parserWords)
+{
+    return parserWords.section(QLatin1Char('\''), 1, 1);
+}
+
 } // namespace
 
 CommandLine::CommandLine(const SubCommandText& text, const QList<QCommandLineOption>& options)
     : m_text(text)
 {
-    m_parser.setApplicationDescription(text.description);
+    m_parser.setApplicationDescription(wrapped(text.description));
     m_parser.addPositionalArgument(text.operands, text.operandsHelp, text.operands);
     m_parser.addOption({{QStringLiteral("h"), helpOption}, QStringLiteral("Shows this help.")});
     m_parser.addOption({{QStringLiteral("v"), versionOption}, QStringLiteral("Shows the version.")});
@@ -25,7 +64,7 @@ std::optional<ExitCode> CommandLine::parse(const QStringList& arguments, Console
 {
     // The parser takes the first argument for the program's name.
     if (!m_parser.parse(QStringList{m_text.name} + arguments))
-        return refuse(m_parser.errorText(), console);
+        return refuse(parserProblem(arguments), console);
     if (isSet(helpOption)) {
         console.results << helpText().toStdString();
         return ExitCode::Done;
@@ -35,6 +74,24 @@ std::optional<ExitCode> CommandLine::parse(const QStringList& arguments, Console
         return ExitCode::Done;
     }
     return std::nullopt;
+}
+
+QString CommandLine::parserProblem(const QStringList& arguments) const
+{
+    const QStringList unknownNames = m_parser.unknownOptionNames();
+    if (const std::optional<QString> unknown = unknownArgument(arguments, unknownNames)) {
+        const QString problem = QStringLiteral("there is no option %1").arg(*unknown);
+        return unknown->startsWith(QLatin1String("--"))
+                   ? problem
+                   : problem + QStringLiteral("; a file of that name is given after --");
+    }
+    // What is left: an option without its value, or a switch that was given one.
+    const QString option = optionNamedIn(m_parser.errorText());
+    const bool wasGivenValue = std::any_of(arguments.begin(), arguments.end(), [&option](const QString& argument) {
+        return argument.startsWith(option + QLatin1Char('='));
+    });
+    return (wasGivenValue ? QStringLiteral("the option %1 takes no value") : QStringLiteral("the option %1 needs a value"))
+        .arg(option);
 }
 
 ExitCode CommandLine::refuse(const QString& reason, Console& console) const

@@ -45,6 +45,8 @@ public:
 
 private:
     [[nodiscard]] QString helpText() const;
+    /// Why the parser cannot read the arguments, in the command's own words.
+    [[nodiscard]] QString parserProblem(const QStringList& arguments) const;
 
     SubCommandText m_text;
     QCommandLineParser m_parser;

@@ -56,36 +56,56 @@ void tellHelp(std::ostream& out)
     for (const SubCommand& subCommand : subCommands)
         out << "  " << QString(subCommand.text->name).leftJustified(10).toStdString()
             << subCommand.text->summary.latin1() << '\n';
-    out << "\nOptions:\n"
-           "  -h, --help     Shows this help; behind a sub-command, that of the sub-command.\n"
+    out << "  help      shows this help, or that of the sub-command after it\n"
+           "\nOptions:\n"
+           "  -h, --help     Shows this help; after a sub-command, that of the sub-command.\n"
            "  -v, --version  Shows the version.\n\n"
-           "Exit status: 0 done, 1 done with warnings where --strict of convert is given, 2 input or arguments that\n"
-           "cannot be used.\n\n"
+           "Exit status: 0 done; 1 done, with warnings where --strict of convert is given;\n"
+           "2 input or arguments that cannot be used; 3 an output that cannot be written.\n\n"
            "Examples:\n";
     for (const SubCommand& subCommand : subCommands)
         out << subCommand.text->examples.latin1();
 }
 
-ExitCode run(const QStringList& arguments, Console& console)
+const SubCommand* subCommandNamed(const QString& name)
 {
-    const QString first = arguments.value(0);
-    if (first == QLatin1String("--help") || first == QLatin1String("-h")) {
+    const auto* const found = std::find_if(std::begin(subCommands), std::end(subCommands),
+                                           [&](const SubCommand& subCommand) { return name == subCommand.text->name; });
+    return found == std::end(subCommands) ? nullptr : found;
+}
+
+ExitCode refuseSubCommand(const QString& name, Console& console)
+{
+    console.messages.error({}, name.isEmpty() ? QStringLiteral("the sub-command is missing (see: ktl --help)")
+                                              : QStringLiteral("\"%1\" is no sub-command (see: ktl --help)").arg(name));
+    return console.messages.exitCode();
+}
+
+/// `ktl help`, `ktl help SUB-COMMAND`.
+ExitCode runHelp(const QStringList& names, Console& console)
+{
+    if (names.isEmpty()) {
         tellHelp(console.results);
         return ExitCode::Done;
     }
+    const SubCommand* const subCommand = subCommandNamed(names.constFirst());
+    return subCommand != nullptr ? subCommand->run({QStringLiteral("--help")}, console)
+                                 : refuseSubCommand(names.constFirst(), console);
+}
+
+ExitCode run(const QStringList& arguments, Console& console)
+{
+    const QString first = arguments.value(0);
+    if (first == QLatin1String("--help") || first == QLatin1String("-h"))
+        return runHelp({}, console);
+    if (first == QLatin1String("help"))
+        return runHelp(arguments.mid(1), console);
     if (first == QLatin1String("--version") || first == QLatin1String("-v")) {
         console.results << "ktl " << versionText << '\n';
         return ExitCode::Done;
     }
-    const auto* const found =
-        std::find_if(std::begin(subCommands), std::end(subCommands),
-                     [&](const SubCommand& subCommand) { return first == subCommand.text->name; });
-    if (found != std::end(subCommands))
-        return found->run(arguments.mid(1), console);
-    console.messages.error({}, first.isEmpty()
-                                   ? QStringLiteral("the sub-command is missing (see: ktl --help)")
-                                   : QStringLiteral("\"%1\" is no sub-command (see: ktl --help)").arg(first));
-    return console.messages.exitCode();
+    const SubCommand* const subCommand = subCommandNamed(first);
+    return subCommand != nullptr ? subCommand->run(arguments.mid(1), console) : refuseSubCommand(first, console);
 }
 
 } // namespace

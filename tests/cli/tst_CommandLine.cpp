@@ -15,6 +15,8 @@ private slots:
     void help();
     void helpOfSubCommand_data();
     void helpOfSubCommand();
+    void widthOfHelp_data();
+    void widthOfHelp();
     void wrongUse_data();
     void wrongUse();
     void standardOutputIsFull();
@@ -42,6 +44,7 @@ void tst_CommandLine::help_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addRow("long") << QStringList{"--help"};
     QTest::addRow("short") << QStringList{"-h"};
+    QTest::addRow("as a sub-command") << QStringList{"help"};
 }
 
 /// All sub-commands, each with an example.
@@ -51,7 +54,7 @@ void tst_CommandLine::help()
     const CommandRun run = runKtl(arguments);
     for (const char* word : {"Usage: ktl ", "\n  convert ", "\n  choices ", "\n  show ", "\n  dump ",
                              "ktl convert drive.xml", "ktl choices ", "ktl show ", "ktl dump machine.ktl", "--version",
-                             "--help", "0 done", "1 done with warnings", "2 input"})
+                             "--help", "0 done", "1 done, with warnings", "2 input", "3 an output"})
         QVERIFY2(run.output.contains(word), word);
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
@@ -71,6 +74,7 @@ void tst_CommandLine::helpOfSubCommand_data()
                               "\nExamples:\n  ktl convert drive.xml\n"};
     QTest::addRow("convert, long") << QStringList{"convert", "--help"} << convert;
     QTest::addRow("convert, short and behind other things") << QStringList{"convert", "a.xml", "-h"} << convert;
+    QTest::addRow("convert, by help") << QStringList{"help", "convert"} << convert;
     QTest::addRow("dump") << QStringList{"dump", "--help"}
                           << QStringList{"Usage: ktl dump [options] FILE.ktl\n",
                                          "\nExamples:\n  ktl dump machine.ktl\n"};
@@ -87,6 +91,24 @@ void tst_CommandLine::helpOfSubCommand()
     QCOMPARE(run.exitCode, 0);
 }
 
+void tst_CommandLine::widthOfHelp_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    for (const char* name : {"convert", "choices", "show", "dump"})
+        QTest::addRow("%s", name) << QStringList{name, "--help"};
+    QTest::addRow("all") << QStringList{"--help"};
+}
+
+/// Every line fits a terminal of 80 columns.
+void tst_CommandLine::widthOfHelp()
+{
+    QFETCH(QStringList, arguments);
+    const QList<QByteArray> lines = runKtl(arguments).output.split('\n');
+    QVERIFY(lines.size() > 10);
+    for (const QByteArray& line : lines)
+        QVERIFY2(line.size() < 80, line.constData());
+}
+
 void tst_CommandLine::wrongUse_data()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -98,11 +120,17 @@ void tst_CommandLine::wrongUse_data()
     row("no sub-command", {sample(), "-o", "out.ktl"}, "is no sub-command");
     row("unknown sub-command", {"translate", sample(), "-o", "out.ktl"}, "\"translate\" is no sub-command");
     row("sub-command in capitals", {"CONVERT", sample(), "-o", "out.ktl"}, "\"CONVERT\" is no sub-command");
-    row("output option without a value", {"convert", sample(), "-o"}, "Missing value after '-o'");
+    row("output option without a value", {"convert", sample(), "-o"}, "the option -o needs a value");
     row("output option with an empty value", {"convert", sample(), "-o", ""}, "the output \"\" is no name of a file");
     row("standard output as the output", {"convert", sample(), "-o", "-"}, "the output \"-\" is no name of a file");
     row("no ESI file", {"convert", "-o", "out.ktl"}, "no ESI file is given");
-    row("unknown option", {"convert", sample(), "-o", "out.ktl", "--fast"}, "Unknown option 'fast'");
+    row("unknown option", {"convert", sample(), "-o", "out.ktl", "--fast"}, "there is no option --fast");
+    row("unknown option with a value", {"convert", sample(), "-o", "out.ktl", "--fast=1"}, "there is no option --fast=1");
+    row("file that looks like options", {"convert", "-dash.xml", "-o", "out.ktl"},
+        "there is no option -dash.xml; a file of that name is given after --");
+    row("long option without a value", {"convert", sample(), "--device"}, "the option --device needs a value");
+    row("switch with a value", {"convert", sample(), "--force=yes"}, "the option --force takes no value");
+    row("help of what is no sub-command", {"help", "translate"}, "\"translate\" is no sub-command");
     row("both ways with an old file", {"convert", sample(), "-o", "out.ktl", "--append", "--force"},
         "--append and --force cannot be given together");
     row("no name to make one from", {"convert", "-"}, "-o is needed");
@@ -134,7 +162,7 @@ void tst_CommandLine::standardOutputIsFull()
     CommandStart start;
     start.program = QStringLiteral("sh");
     const CommandRun run = runKtl({"-c", QStringLiteral("exec \"$0\" --help > /dev/full"), KTL_PROGRAM}, start);
-    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.exitCode, 3);
     QCOMPARE(run.errors, QByteArray("ktl: error: standard output cannot be written\n"));
 }
 
