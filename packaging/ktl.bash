@@ -1,12 +1,17 @@
 # shellcheck shell=bash
 # Completion of `ktl` in bash. It is installed as bash-completion/completions/ktl and needs nothing but bash.
 
-# One row per sub-command: its name, the endings of the files that it takes, its options. Behind the "=" of an option
-# stands what its value is: the ending of a file, words to choose from with "|" between them, or "?" for free text.
+# The codes of the warnings.
+_ktl_warnings='sync-managers|slot-pdo-increment|slot-index-increment|startup-commands|startup-data|module-list'
+_ktl_warnings+='|module-commands|item-count|left-out|same-input'
+
+# One row per sub-command: its name, the endings of the files that it takes, its options. After the "=" of an option
+# is what its value can be: the ending of a file, words to choose from with "|" between them, or "?" for free text.
 _ktl_sub_commands=(
-    'convert xml     -o=ktl --output=ktl --append --force --device=? --choices=json --date=? --strict --help --version'
+    "convert xml     -o=ktl --output=ktl --append --force --no-dump --device=? --choices=json --date=? --strict \
+--ignore=$_ktl_warnings --help --version"
     'choices xml     --help --version'
-    'show    xml,ktl --json --csv=dictionary|pdo|startup --help --version'
+    'show    xml,ktl --json --csv=dictionary|pdo|startup --spreadsheet --help --version'
     'dump    ktl     --help --version'
 )
 
@@ -55,7 +60,11 @@ _ktl()
     COMPREPLY=()
 
     if [[ $COMP_CWORD -eq 1 ]]; then
-        _ktl_words "$typed" "${_ktl_sub_commands[@]%% *}" --help --version
+        _ktl_words "$typed" "${_ktl_sub_commands[@]%% *}" help --help --version
+        return
+    fi
+    if [[ ${COMP_WORDS[1]} == help ]]; then
+        _ktl_words "$typed" "${_ktl_sub_commands[@]%% *}"
         return
     fi
     local row endings options option

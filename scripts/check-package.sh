@@ -65,8 +65,8 @@ check_links()
 check_manual_against_completion()
 {
     local completion=$share/bash-completion/completions/ktl
-    zgrep -o '\\-\\-[a-z]\+' "$share/man/man1/ktl.1.gz" | sed 's/\\//g' | sort -u >"$work/manual"
-    grep -o -- '--[a-z]\+' "$completion" | sort -u | diff -u "$work/manual" - ||
+    zgrep -o '\\-\\-[a-z]\+\(\\-[a-z]\+\)*' "$share/man/man1/ktl.1.gz" | sed 's/\\//g' | sort -u >"$work/manual"
+    grep -o -- '--[a-z][a-z-]*' "$completion" | sort -u | diff -u "$work/manual" - ||
         fail 'The manual page of ktl (-) and its completion (+) name different options.'
 }
 

@@ -35,16 +35,17 @@ if [[ $(complete -p ktl) != *'-F _ktl ktl' ]]; then
 fi
 
 # Sub-commands.
-completes '--help,--version,choices,convert,dump,show' ktl ''
+completes '--help,--version,choices,convert,dump,help,show' ktl ''
 completes 'choices,convert' ktl c
 completes '--version' ktl --v
 completes '' ktl unknown ''
+completes 'choices,convert' ktl help c
 
 # Options of each.
-completes '--append,--choices,--date,--device,--force,--help,--output,--strict,--version,-o' ktl convert -
+completes '--append,--choices,--date,--device,--force,--help,--ignore,--no-dump,--output,--strict,--version,-o' ktl convert -
 completes '--date,--device' ktl convert drive.xml --d
 completes '--help,--version' ktl choices -
-completes '--csv,--help,--json,--version' ktl show -
+completes '--csv,--help,--json,--spreadsheet,--version' ktl show -
 completes '--version' ktl show machine.ktl --v
 completes '--help,--version' ktl dump -
 
@@ -65,6 +66,7 @@ completes 'choices.json' ktl convert --choices c
 completes 'choices.json' ktl convert --choices = c
 completes '' ktl convert --device d
 completes '' ktl convert --date ''
+completes 'startup-commands,startup-data' ktl convert --ignore st
 completes 'dictionary,pdo,startup' ktl show --csv ''
 completes 'dictionary,pdo,startup' ktl show --csv =
 completes 'startup' ktl show --csv = s

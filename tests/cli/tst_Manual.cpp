@@ -36,7 +36,7 @@ static QSet<QString> wordsIn(const QString& text, const QString& pattern)
 static QSet<QString> optionsInHelp(const QStringList& subCommand)
 {
     const QString help = QString::fromUtf8(runKtl(subCommand + QStringList{"--help"}).output);
-    return wordsIn(help.section(QStringLiteral("Examples:"), 0, 0), QStringLiteral("^ .*--([a-z]+)"));
+    return wordsIn(help.section(QStringLiteral("Examples:"), 0, 0), QStringLiteral("^ .*--([a-z][a-z-]*)"));
 }
 
 static QStringList subCommandsInHelp()
@@ -44,6 +44,7 @@ static QStringList subCommandsInHelp()
     const QString help = QString::fromUtf8(runKtl({"--help"}).output);
     const QString list = help.section(QStringLiteral("Sub-commands:"), 1).section(QStringLiteral("Options:"), 0, 0);
     QStringList names = wordsIn(list, QStringLiteral("^  ([a-z]+) ")).values();
+    names.removeOne(QStringLiteral("help")); // it has no options
     names.sort();
     return names;
 }
@@ -63,27 +64,59 @@ void tst_Manual::optionsOfThePage()
     for (const QString& name : subCommandsInHelp())
         options += optionsInHelp({name});
     QVERIFY(options.contains(QStringLiteral("choices")));
-    QCOMPARE(wordsIn(packagingFile("ktl.1.in"), QStringLiteral("\\\\-\\\\-([a-z]+)")), options);
+    QSet<QString> inPage;
+    const QSet<QString> words = wordsIn(packagingFile("ktl.1.in"), QStringLiteral(R"(\\-\\-([a-z]+(?:\\-[a-z]+)*))"));
+    for (QString word : words)
+        inPage.insert(word.remove(QLatin1Char('\\')));
+    QCOMPARE(inPage, options);
 }
+
+/// Where a completion names the options of a sub-command, and how.
+struct Completion
+{
+    const char* file;
+    const char* block; ///< pattern of the text about the sub-command %1
+    const char* option; ///< pattern of a long option in it
+    bool sharesHelp; ///< `--help` and `--version` are named once, for all sub-commands
+};
+
+static const Completion completions[] = {
+    {"ktl.bash", "^ +['\"]%1 (?:.*\\\\\n)*.*$", "--([a-z][a-z-]*)", false},
+    {"ktl.fish", "^__ktl_option %1 (?:.*\\\\\n)*.*$", "--long-option ([a-z-]+)", true},
+    {"ktl.zsh", "^        %1\\)\n(?:.*\n)*?            ;;$", "--([a-z][a-z-]*)[=\\[}]", true},
+};
 
 void tst_Manual::optionsOfTheCompletion_data()
 {
     QTest::addColumn<QString>("subCommand");
-    for (const QString& name : subCommandsInHelp())
-        QTest::addRow("%s", qPrintable(name)) << name;
+    QTest::addColumn<int>("completion");
+    int number = 0;
+    for (const Completion& completion : completions) {
+        for (const QString& name : subCommandsInHelp())
+            QTest::addRow("%s of %s", qPrintable(name), completion.file) << name << number;
+        ++number;
+    }
 }
 
 /// Of each sub-command its own.
 void tst_Manual::optionsOfTheCompletion()
 {
     QFETCH(QString, subCommand);
-    const QSet<QString> options = optionsInHelp({subCommand});
+    QFETCH(int, completion);
+    const Completion& used = completions[completion];
+    QSet<QString> options = optionsInHelp({subCommand});
     QVERIFY(options.contains(QStringLiteral("version")));
-    const QString row =
-        QRegularExpression(QStringLiteral("^ +'%1 .*$").arg(subCommand), QRegularExpression::MultilineOption)
-            .match(packagingFile("ktl.bash"))
-            .captured();
-    QCOMPARE(wordsIn(row, QStringLiteral("--([a-z]+)")), options);
+    if (used.sharesHelp)
+        options -= {QStringLiteral("help"), QStringLiteral("version")};
+    QSet<QString> offered;
+    const QString pattern = QString::fromLatin1(used.block).arg(subCommand);
+    const QString text = packagingFile(used.file);
+    QRegularExpressionMatchIterator blocks =
+        QRegularExpression(pattern, QRegularExpression::MultilineOption).globalMatch(text);
+    QVERIFY(blocks.hasNext());
+    while (blocks.hasNext())
+        offered += wordsIn(blocks.next().captured(), QString::fromLatin1(used.option));
+    QCOMPARE(offered, options);
 }
 
 QTEST_GUILESS_MAIN(tst_Manual)

@@ -1,0 +1,64 @@
+# Completion of `ktl` in fish. It is installed as fish/vendor_completions.d/ktl.fish and needs nothing but fish.
+
+# Files with one of the endings that are given, and folders; case does not count.
+function __ktl_files
+    set -l typed (commandline --current-token --cut-at-cursor)
+    set -l endings (string join '|' $argv)
+    for file in (__fish_complete_path $typed)
+        if string match --quiet --regex '/(\t|$)' -- $file
+            or string match --quiet --ignore-case --regex "\.($endings)(\t|\$)" -- $file
+            echo $file
+        end
+    end
+end
+
+# ktl_option SUB-COMMAND ARGUMENTS OF complete...
+function __ktl_option
+    complete --command ktl --condition "__fish_seen_subcommand_from $argv[1]" $argv[2..]
+end
+
+complete --command ktl --no-files
+
+set -l sub_commands convert choices show dump help
+for row in 'convert:turns ESI files into one KTL file with its text dump' \
+        'choices:shows what can be chosen, as a template of a choices file' \
+        'show:shows what ESI and KTL files hold' \
+        'dump:shows the text dump of a KTL file' \
+        'help:shows the help'
+    set -l words (string split --max 1 : $row)
+    complete --command ktl --condition "not __fish_seen_subcommand_from $sub_commands" \
+        --arguments $words[1] --description $words[2]
+end
+complete --command ktl --short-option h --long-option help --description 'Shows the help'
+complete --command ktl --short-option v --long-option version --description 'Shows the version'
+
+# convert
+__ktl_option convert --arguments '(__ktl_files xml)'
+__ktl_option convert --short-option o --long-option output --require-parameter --arguments '(__ktl_files ktl)' \
+    --description 'The KTL file to write'
+__ktl_option convert --long-option append --description 'Adds to the file'
+__ktl_option convert --long-option force --description 'Replaces a file that exists'
+__ktl_option convert --long-option no-dump --description 'Writes no text dump'
+__ktl_option convert --long-option device --exclusive --description 'Takes this device only'
+__ktl_option convert --long-option choices --require-parameter --arguments '(__ktl_files json)' \
+    --description 'What an engineer would set in the workbench'
+__ktl_option convert --long-option date --exclusive --description 'Time of the export'
+__ktl_option convert --long-option strict --description 'Exit status 1 if there are warnings'
+__ktl_option convert --long-option ignore --exclusive --description 'Warnings that do not count for --strict' \
+    --arguments 'sync-managers slot-pdo-increment slot-index-increment startup-commands startup-data module-list
+        module-commands item-count left-out same-input'
+
+# choices
+__ktl_option choices --arguments '(__ktl_files xml)'
+
+# show
+__ktl_option show --arguments '(__ktl_files xml ktl)'
+__ktl_option show --long-option json --description 'Everything, as JSON'
+__ktl_option show --long-option csv --exclusive --arguments 'dictionary pdo startup' --description 'One table as CSV'
+__ktl_option show --long-option spreadsheet --description 'CSV for a spreadsheet program'
+
+# dump
+__ktl_option dump --arguments '(__ktl_files ktl)'
+
+# help
+__ktl_option help --arguments 'convert choices show dump'

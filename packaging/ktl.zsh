@@ -1,0 +1,59 @@
+#compdef ktl
+# Completion of `ktl` in zsh. It is installed as zsh/vendor-completions/_ktl.
+
+_ktl_sub_commands()
+{
+    local -a sub_commands=(
+        'convert:turns ESI files into one KTL file with its text dump'
+        'choices:shows what can be chosen, as a template of a choices file'
+        'show:shows what ESI and KTL files hold'
+        'dump:shows the text dump of a KTL file'
+        'help:shows the help'
+    )
+    _describe sub-command sub_commands
+}
+
+_ktl()
+{
+    local curcontext=$curcontext state
+    local -a line
+    local -a help=('(- *)'{-h,--help}'[shows the help]' '(- *)'{-v,--version}'[shows the version]')
+    local codes='(sync-managers slot-pdo-increment slot-index-increment startup-commands startup-data module-list
+        module-commands item-count left-out same-input)'
+    _arguments -C $help '1: :_ktl_sub_commands' '*:: :->arguments' && return
+    [[ $state == arguments ]] || return 1
+
+    case $line[1] in
+        convert)
+            _arguments -s $help \
+                '(-o --output)'{-o+,--output=}'[the KTL file to write]:KTL file:_files -g "*.(#i)ktl(-.)"' \
+                '(--force)--append[adds to the file]' \
+                '(--append)--force[replaces a file that exists]' \
+                '--no-dump[writes no text dump]' \
+                '*--device=[takes this device only]:device: ' \
+                '--choices=[what an engineer would set in the workbench]:choices file:_files -g "*.(#i)json(-.)"' \
+                '--date=[time of the export]:time: ' \
+                '--strict[exit status 1 if there are warnings]' \
+                "*--ignore=[warnings that do not count for --strict]:code:$codes" \
+                '*:ESI file:_files -g "*.(#i)xml(-.)"'
+            ;;
+        choices)
+            _arguments $help '*:ESI file:_files -g "*.(#i)xml(-.)"'
+            ;;
+        show)
+            _arguments $help \
+                '(--csv --spreadsheet)--json[everything, as JSON]' \
+                '(--json)--csv=[one table as CSV]:table:(dictionary pdo startup)' \
+                '(--json)--spreadsheet[CSV for a spreadsheet program]' \
+                '*:ESI or KTL file:_files -g "*.(#i)(xml|ktl)(-.)"'
+            ;;
+        dump)
+            _arguments $help '1:KTL file:_files -g "*.(#i)ktl(-.)"'
+            ;;
+        help)
+            _arguments '1: :_ktl_sub_commands'
+            ;;
+    esac
+}
+
+_ktl "$@"
