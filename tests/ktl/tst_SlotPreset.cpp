@@ -54,6 +54,7 @@ class tst_SlotPreset : public QObject
 
 private slots:
     void twoSlotsOfTwoPlaces();
+    void modulesPutInByHand();
     void noSlotNoItem();
     void noPlaceNoRecord();
     void otherFieldsDoNotCount();
@@ -77,6 +78,15 @@ void tst_SlotPreset::twoSlotsOfTwoPlaces()
                    "88 77 66 55  00 00 00 00"
                    "00 00 00 00  00 00 00 00"
                    "00 00 00 00  00 00 00 00"));
+}
+
+/// A module that was put in by hand has the number of its place, and not that of its slot as a default module has.
+void tst_SlotPreset::modulesPutInByHand()
+{
+    // In the first place of each slot.
+    QCOMPARE(written({slotOf(2, {{0, 0xA1}}), slotOf(2, {{2, 0xB1}})}), head(48, 4, 2) + records({0xA1, 0, 0xB1, 0}));
+    // In the second place of the first slot, while the second slot, number 1, has a default module.
+    QCOMPARE(written({slotOf(2, {{1, 0xA1}}), slotOf(2, {{1, 0xB1}})}), head(48, 4, 2) + records({0, 0xB1, 0, 0}));
 }
 
 void tst_SlotPreset::noSlotNoItem()
