@@ -57,8 +57,8 @@ QString fileStem(const QString& path)
 
 } // namespace
 
-/// ODD, KEPT: the device's own commands count with the low 8 bits of their number only. 256 of them count as none; the
-/// controller's old firmware, for which the warning is made, wraps in the same place. Pinned by
+/// ODD, KEPT: the device's own commands count with the low 8 bits of their number, so 256 of them count as none, while
+/// those of modules all count. One would expect all commands of both lists. Pinned by
 /// tst_ExportChecks::startupCommands.
 std::size_t startupTotal(const struct_EtherCatDevice& device)
 {

@@ -12,9 +12,8 @@
 
 namespace {
 
-/// ODD, KEPT: a read ends behind this many items, end items included, as if the file did, and says nothing; one would
-/// expect it to go on to the end of the file, which the format does not limit. It keeps a file that makes no sense from
-/// filling the list, and the text dump shows no more of a file either. Pinned by tst_KtlReader::itemLimit.
+/// ODD, KEPT: a read ends after this many items, end items included, as if the file did, and says nothing. One would
+/// expect it to go on to the end of the file, which the format does not limit. Pinned by tst_KtlReader::itemLimit.
 constexpr int mostItems = 2000;
 constexpr int nullFile = -1;
 constexpr int impossibleHead = -2;
@@ -62,9 +61,9 @@ void closeRun(RunBeingRead& run, const std::string& path)
 }
 
 /// What an item closes before it is applied.
-/// ODD, KEPT: a device does not close the module before it, though modules stand behind the device that they belong to.
-/// Nothing is lost by it: the next module or the end of the run does, and modules belong to the file. Pinned by
-/// tst_KtlReader::deviceDoesNotCloseTheModuleBeforeIt.
+/// ODD, KEPT: a device does not close the module before it, although modules come after the device that they belong to.
+/// One would expect it to; the next module or the end of the run does, and modules belong to the file, so nothing is
+/// lost. Pinned by tst_KtlReader::deviceDoesNotCloseTheModuleBeforeIt.
 void closeBefore(std::uint32_t itemType, RunBeingRead& run, const std::string& path)
 {
     if (itemType == KTL_ITEM_General)
@@ -102,8 +101,7 @@ void readItem(std::FILE* file, std::int32_t type, std::int32_t size, std::vector
 
 /// The loop over the items.
 /// ODD, KEPT: a file that is cut short reads like one that ends well: what the last end item closed is kept, and the
-/// rest is dropped without a word, where one would expect an error. Whoever looks at a file from the field wants what
-/// there is of it. Pinned by tst_KtlReaderHostile::cutAtEveryByte.
+/// rest is dropped without a word, where one would expect an error. Pinned by tst_KtlReaderHostile::cutAtEveryByte.
 /// @return  0, or the code of an error
 int readItems(std::FILE* file, const std::string& path)
 {
