@@ -29,7 +29,7 @@ void setDriveAxes(struct_EtherCatDevice& device, std::uint32_t axes);
 /// Sets the object indexes of module configuration and detection, each in 16 bits.
 void setModuleIndexes(struct_EtherCatDevice& device, std::uint32_t configuration, std::uint32_t detection);
 
-/// Makes anew whatever follows from the modules in the slots: what they bring into the device, the startup commands of
+/// Makes again whatever follows from the modules in the slots: what they bring into the device, the startup commands of
 /// the module list, and the lengths of the sync managers. Manual changes of module commands are lost.
 /// @throws MissingSyncManager, a std::out_of_range, if a PDO names a sync manager that the device does not declare
 void renewModuleData(struct_EtherCatDevice& device);
@@ -39,10 +39,10 @@ class DeviceClicks
 {
 public:
     /// Does to a device what selecting it does: the list of device types moves to its type, and the module data is made
-    /// anew.
-    /// ODD, KEPT: a device of the type at which the list stands keeps its drive axes, and so does a multi-axis drive;
-    /// any other one takes those of its type. One would expect that looking at a device changes nothing, but files in
-    /// the field were exported after such a look. Pinned by tst_DeviceEdits::axesOfSelection.
+    /// again.
+    /// ODD, KEPT: a device of the type that the list shows already keeps its drive axes, and so does a multi-axis
+    /// drive; any other one takes those of its type. One would expect that looking at a device changes nothing. Pinned
+    /// by tst_DeviceEdits::axesOfSelection.
     /// @throws MissingSyncManager as `renewModuleData`
     void select(struct_EtherCatDevice& device);
 

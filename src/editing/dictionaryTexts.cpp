@@ -54,10 +54,10 @@ QStringList DictionaryTexts::ofRow(const DictionaryRow& row, const QString& inde
     return {indexPattern.arg(element), QLatin1String("SubIndex ") + element, flags, m_baseBitSize, m_baseType};
 }
 
-/// ODD, KEPT: the object that a default is taken from is the one whose index stands in the name of the data type, such
-/// as "DT1C12", where one would expect the object that is being shown. Vendors name a record after the object that it
-/// was made for; an object that borrows the record of another one shows the defaults of that one, and a record whose
-/// name is no number those of object 0. Pinned by tst_DictionaryTexts::valueOfTheObjectInTheTypeName.
+/// ODD, KEPT: the default is taken from the object whose index is in the name of the data type, such as "DT1C12", where
+/// one would expect the object that is being shown. An object that borrows the record of another one shows the defaults
+/// of that one, and a record whose name is no number those of object 0. Pinned by
+/// tst_DictionaryTexts::valueOfTheObjectInTheTypeName.
 QString DictionaryTexts::valueOf(const struct_DataTypes& dataType, const DataTypeSubItem& subItem)
 {
     switchTo(dataType);

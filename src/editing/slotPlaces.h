@@ -1,5 +1,6 @@
 // slotPlaces.h - the places of a device's slots, and the modules in them. A slot has as many consecutive places as it
-// takes modules, and the places of all slots are counted from 0; a module's `Instances` is its place.
+// takes modules, and the places of all slots are counted from 0. `Instances` of a module that was put in by hand is its
+// place, that of a default module the number of its slot.
 #pragma once
 
 #include "model/slotRecords.h"
@@ -43,10 +44,10 @@ struct SlotTable
 };
 
 /// The slot table: a row per place with its name, and the modules in the rows that their `Instances` name.
-/// ODD, KEPT: a module is shown by its stored number, and a slot with more than 99 places has no rows although its
-/// places count when a module is put in. Default modules are numbered by slot and not by place, so with slots of
-/// several places they show further up; the controller takes the number as it is stored. Pinned by
-/// tst_SlotPlaces::defaultModules.
+/// ODD, KEPT: a default module is in the row of its slot's number, so after slots of several places it is further up
+/// than its slot. A slot with more than 99 places has no rows, although its places count when a module is put in. One
+/// would expect each module in a row of its slot. Pinned by tst_SlotPlaces::defaultModules and
+/// tst_SlotPlaces::tooManyPlaces.
 [[nodiscard]] SlotTable slotTableOf(const DeviceSlots& deviceSlots);
 
 /// The list of configured module idents of a slot as text: the number of places, then the ident of each place, 0 for an

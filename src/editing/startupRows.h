@@ -16,7 +16,7 @@ enum class StartupList
 };
 
 /// Calls `visit(commands, count, list)` for each list of commands, in the order of the rows. `count` is how many of
-/// them have rows: rows and counts have 16 bits, as in the controller's own list.
+/// them have rows: rows and counts have 16 bits.
 template<typename Device, typename Visitor> void forEachStartupList(Device& device, Visitor visit)
 {
     const auto visitList = [&](auto& commands, StartupList list) {

@@ -23,10 +23,9 @@ struct TokenText
     QLatin1String shown;
 };
 
-// ODD, KEPT: the two directions are not symmetric. A transition is shown in upper case as the state machine's
-// documents write it, an access right or category in lower case as a dictionary writes it, and IP_PS can be shown but
-// never read: no ESI file declares both transitions in one command, only the start-up generation makes such a command.
-// Pinned by tst_ValueConversion::token and tst_ValueConversion::tokenText.
+// ODD, KEPT: the two directions are not symmetric. Texts are read in any case, while a transition is shown in upper
+// case and an access right or category in lower case; and IP_PS is shown but never read. One would expect each shown
+// text to be read as its token. Pinned by tst_ValueConversion::token and tst_ValueConversion::tokenText.
 const std::array tokenTexts{
     TokenText{IP, QLatin1String("IP"), QLatin1String("IP")},
     TokenText{IP_PS, QLatin1String(), QLatin1String("IP_PS")},
@@ -66,9 +65,9 @@ void removeFirst(QString& text, QLatin1String mark)
         text.remove(position, mark.size());
 }
 
-// ODD, KEPT: the marks are searched for anywhere in the text, and each of the digits A to F counts as a mark by itself.
-// Vendors write "#x1A", "0x1a", "DT1A" and a bare "1A" for the same number, and all of them have to be understood; the
-// price is that a word such as "1E" is 30 and never a decimal number. Pinned by tst_NumberConversion::bothKinds.
+// ODD, KEPT: the marks are searched for anywhere in the text, and each of the digits A to F counts as a mark by itself,
+// where one would expect a mark in front. So "#x1A", "0x1a", "DT1A" and a bare "1A" are the same number, and "1E" is
+// 30. Pinned by tst_NumberConversion::bothKinds.
 bool isHexadecimal(const QString& upper)
 {
     static const std::array marks{QLatin1String("#X"), QLatin1String("0X"), QLatin1String("DT")};
@@ -81,9 +80,8 @@ bool isHexadecimal(const QString& upper)
 template<typename Number> Number toNumber(QStringView text, Number (QString::*read)(bool*, int) const)
 {
     QString upper = upperCased(text);
-    // ODD, KEPT: part of a word counts, so "untrue" is 1. Flags such as Enable and Virtual come as numbers and as
-    // words, with blanks and quotes around them in some files, and one conversion serves both. Pinned by
-    // tst_NumberConversion::bothKinds.
+    // ODD, KEPT: part of a word counts, so "untrue" is 1, where one would expect the whole word to be compared. Pinned
+    // by tst_NumberConversion::bothKinds.
     if (upper.contains(QLatin1String("TRUE")))
         return 1;
     if (upper.contains(QLatin1String("FALSE")))
@@ -186,9 +184,8 @@ std::uint32_t toUintFromBytes(QStringView text)
     if (const std::optional<std::uint32_t> number = usualBytes(text))
         return *number;
     QString digits = upperCased(text);
-    // ODD, KEPT: with the mark the number is taken as it stands, without it the bytes are swapped. "#x0A0B" is a
-    // number written by a person, "0A0B" the bytes as they travel on the bus, and those travel low byte first. Pinned
-    // by tst_NumberConversion::bytePairs.
+    // ODD, KEPT: with the mark the number is taken as it is, without it the bytes are swapped: "#x0A0B" is 0xA0B and
+    // "0A0B" is 0xB0A. One would expect one number. Pinned by tst_NumberConversion::bytePairs.
     if (digits.contains(QLatin1String("#X"))) {
         removeFirst(digits, QLatin1String("#X"));
     } else {

@@ -20,8 +20,8 @@ namespace {
 void storeDeviceName(QDomElement* element, struct_EtherCatDevice* device)
 {
     // ODD, KEPT: both counts are one more than the marks searched for, so that the angle brackets around a mark go with
-    // it, and the removal starts at position 0 wherever the mark stood: it only ever stands in front of the name.
-    // Pinned by tst_WalkDevice::cdataMark.
+    // it, and the removal starts at position 0, where one would expect it to start at the mark. Pinned by
+    // tst_WalkDevice::cdataMark.
     constexpr int openingLength = 9; // <![CDATA[
     constexpr int closingLength = 3; // ]]>
     QString name = element->text();

@@ -10,9 +10,8 @@
 /// Number of commands that a CoE item announces, which may be more than it has bytes for. The count in its head has one
 /// byte; 255 means that they are counted by the size.
 /// ODD, KEPT: a size with room for more than 254 wins over any count, also where the room is taken by the values of
-/// complete accesses, which are then read as commands. One would expect a count below 255 to be true.
-/// The size tells how far the item reaches in any case, and in a list of commands one too many is seen, while one that
-/// is missing is not. Pinned by tst_KtlReadCoe::commandCount.
+/// complete accesses, which are then read as commands. One would expect a count below 255 to be true. Pinned by
+/// tst_KtlReadCoe::commandCount.
 [[nodiscard]] inline std::size_t commandCount(const struct_KTL_COE& head)
 {
     constexpr std::uint8_t countFromSize = 255;

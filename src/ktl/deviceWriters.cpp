@@ -38,8 +38,7 @@ struct_KTL_SmAttributes smRecord(const struct_SM& syncManager)
     record.m_iDefaultSize = attributes.DefaultSize;
     record.ControlByte = attributes.ControlByte;
     record.Enable = attributes.Enable;
-    // Process data sync managers carry the size that the PDO selection gives now, not the default of the description:
-    // the controller sets the length register from this field.
+    // Process data sync managers carry the size that the PDO selection gives now, not the default of the description.
     if (carriesProcessData(syncManager.Smtype))
         record.m_iDefaultSize = static_cast<std::uint16_t>(wholeBytes(syncManager.Length));
     return record;
@@ -55,7 +54,7 @@ struct_KTL_FmmuAttributes fmmuRecord(const Struct_Fmmu& fmmu)
     return record;
 }
 
-/// Only the assign-activate word goes out: the controller takes cycle and shift times from its own configuration.
+/// Only the assign-activate word goes out: the record has no field for cycle and shift times.
 struct_KTL_DcAttributes dcRecord(const Struct_DCOpMode& mode)
 {
     struct_KTL_DcAttributes record{};
@@ -74,9 +73,8 @@ void writeCountedItem(std::FILE* out, enum_KTL_ITEM_TYPE type, const std::vector
     writeListItem(out, head, sources, recordOf);
 }
 
-/// ODD, KEPT: a virtual sync manager leaves no record behind while PDOs keep the numbers that they had. The controller
-/// counts the records it finds, and vendors declare virtual ones last. Pinned by
-/// tst_DeviceWriters::smItemLeavesVirtualOnesOut.
+/// ODD, KEPT: a virtual sync manager has no record, while PDOs keep the numbers that they had. One would expect these
+/// to be the positions of the records. Pinned by tst_DeviceWriters::smItemLeavesVirtualOnesOut.
 std::vector<struct_SM> withoutVirtual(const std::vector<struct_SM>& syncManagers)
 {
     std::vector<struct_SM> real;

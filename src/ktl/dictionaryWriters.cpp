@@ -73,9 +73,8 @@ private:
     DictionaryScanner m_scanner{m_index};
 };
 
-/// ODD, KEPT: the size stays 0, where one would expect 28. No place in a device block is settled for these items, and a
-/// file that held one would stop every reader right there, so they cannot slip into an export before somebody settles
-/// it and sets the size. Pinned by tst_DictionaryWriters::objectItem.
+/// ODD, KEPT: the size stays 0, where one would expect 28. A file that held the item would be one that cannot be read
+/// any further, so the size has to be set before an export calls this. Pinned by tst_DictionaryWriters::objectItem.
 struct_KTL_ObjectType objectItem(enum_KTL_ITEM_TYPE type, const struct_Object& object)
 {
     struct_KTL_ObjectType item{};
@@ -113,9 +112,8 @@ void KTL_write_device_Objects(std::FILE* out, struct_EtherCatDevice* device)
     if (out == nullptr || device == nullptr)
         return;
     DictionaryWriter writer(out, device->Dictionary);
-    // ODD, KEPT: an index that nobody entered is 0 and takes an object of index 0 for the one that is meant, where one
-    // would expect 0 to mean none. Dictionaries begin at 0x1000, so it meets broken ones only. Pinned by
-    // tst_DictionaryWriters::whichObjects.
+    // ODD, KEPT: an index that nobody entered is 0, and an object of index 0 counts as the one that is meant, where one
+    // would expect 0 to mean none. Pinned by tst_DictionaryWriters::whichObjects.
     for (const struct_Object& object : device->Dictionary.vobject) {
         const bool isConfig = object.index == device->configindex;
         if (!isConfig && object.index != device->detectindex)

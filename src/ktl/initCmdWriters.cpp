@@ -36,10 +36,10 @@ template<typename Command> std::size_t announcedAccessBytes(const std::vector<Co
 
 /// Adds the records of one list to the item and collects the values of its complete accesses.
 ///
-/// ODD, KEPT: the limit is tested by the announced bytes, while each value adds four. Where a list holds more values
-/// than it announces, the block is longer than the item says. A command whose values pass the limit keeps its
-/// complete-access mark without them: the mark is part of the command and says how it is sent. Pinned by
-/// tst_CompleteAccess::moreValuesThanAnnounced.
+/// ODD, KEPT: the limit is tested by the announced bytes, while each value adds four; one would expect it to be tested
+/// by the values. Where a list holds more values than it announces, the block is longer than the item says. A command
+/// that passes the limit keeps its complete-access mark without values. Pinned by
+/// tst_CompleteAccess::moreValuesThanAnnounced and tst_CompleteAccess::limitIsPassedInOneList.
 template<typename Command>
 void addCommands(ItemWriter& item, const std::vector<Command>& commands, std::vector<std::uint32_t>& accessValues)
 {
@@ -61,9 +61,8 @@ struct_KTL_EOE eoeHead(const DeviceEoe& eoe)
     head.m_iItemType = KTL_ITEM_EoE;
     head.m_bIP = eoe.Attributes.IP ? 1 : 0;
     head.m_bMAC = eoe.Attributes.MAC ? 1 : 0;
-    // ODD, KEPT: count and size take the low 8 bits of the number of commands, while all records are written. The
-    // controller's count for EoE has one byte, and no slave comes near that many EoE commands. Pinned by
-    // tst_InitCmdWriters::eoeCount.
+    // ODD, KEPT: count and size take the low 8 bits of the number of commands, while all records are written. One would
+    // expect a size that covers them. Pinned by tst_InitCmdWriters::eoeCount.
     head.m_iInitCmdCount = static_cast<std::uint8_t>(eoe.InitCmd.vinitcmd.size());
     head.m_iSize = static_cast<std::uint32_t>(
         headSizeOf<struct_KTL_EOE, struct_KTL_InitCmd> + head.m_iInitCmdCount * sizeof(struct_KTL_InitCmd));

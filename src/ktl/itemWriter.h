@@ -15,9 +15,8 @@ template<typename Item, typename Record> inline constexpr std::size_t headSizeOf
 /// announced, or longer, gets no fill, and its size stays as announced.
 enum class ItemFill
 {
-    /// ODD, KEPT: the fill is a copy of the item's own first bytes and not zero: it was always taken from the head's
-    /// memory, and exported files are compared byte by byte with those on machines in the field. Behind the head's
-    /// length the fill is zero. Pinned by tst_CompleteAccess::fillComesFromTheHead.
+    /// ODD, KEPT: the fill is a copy of the item's own first bytes, where one would expect zeros. It is zero only after
+    /// as many bytes as the head has. Pinned by tst_CompleteAccess::fillComesFromTheHead.
     CopyOfHead,
     Zeros,
     Nothing, ///< the item stays as short as it is

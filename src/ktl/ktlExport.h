@@ -76,7 +76,8 @@ void KTL_write_device_CoEInitCmd(std::FILE* out, struct_EtherCatDevice* device);
 /// One item for all slots, none without slots.
 void KTL_write_device_Slots(std::FILE* out, struct_EtherCatDevice* device);
 
-/// One item for the modules that stand in the slots, by slot number, none without slots. For devices of class 5.
+/// One item for the modules in the slots, none without slots. A default module is at the number of its slot, one that
+/// was put in by hand at its place. For devices of class 5.
 void KTL_write_device_SlotPreConfig(std::FILE* out, struct_EtherCatDevice* device);
 
 /// One item with the time of the export, the format version, and the names of the device and of all modules of its
@@ -92,7 +93,8 @@ void KTL_write_device_DeviceMoreInfo(std::FILE* out, struct_EtherCatDevice* devi
 /// and 5. Reads of the device its process data sync managers and its CoE flags.
 void KTL_write_device_Module(std::FILE* out, struct_EtherCatDevice* device, struct_FilenameDevice* filedevices);
 
-/// An item of 2048 bytes of EEPROM, all 0. A ready operation that no export calls; the device is not read.
+/// An item of 40 bytes that tells of an EEPROM of 2048 bytes, its configuration data all 0. A ready operation that no
+/// export calls; the device is not read.
 void KTL_write_device_EEPROM(std::FILE* out, struct_EtherCatDevice* device);
 
 /// The end item.
@@ -103,8 +105,8 @@ void KTL_write_device_end(std::FILE* out);
 // A null argument writes nothing and finds nothing. Scans keep to the limits of `DictionaryScanner`, as the views of a
 // dictionary do.
 
-/// Items of the two objects that the user has named for the configuration and the detection of modules, each with what
-/// its data type holds behind it. An object that is both counts as configuration.
+/// Items of the two objects that the user has named for the configuration and the detection of modules, each followed
+/// by what its data type holds. An object that is both counts as configuration.
 void KTL_write_device_Objects(std::FILE* out, struct_EtherCatDevice* device);
 
 /// An item for each sub-item and each array element of a data type; none for a simple type. The first sub-item of a

@@ -54,7 +54,7 @@ static_assert(offsetof(struct_KTL_Slots, m_iCurSlotCount) == 16);
 static_assert(offsetof(struct_KTL_Slots, m_iRev) == 18);
 static_assert(offsetof(struct_KTL_Slots, m_aSlotContent) == 20);
 
-/// What stands at one slot position.
+/// What is at one slot position.
 struct struct_KTL_Slot_PreModuleIdent
 {
     std::uint32_t m_iModuleIdent; ///< offset 0, module ident, 0 if the position is empty
@@ -63,7 +63,8 @@ struct struct_KTL_Slot_PreModuleIdent
 static_assert(sizeof(struct_KTL_Slot_PreModuleIdent) == 8);
 static_assert(offsetof(struct_KTL_Slot_PreModuleIdent, m_ireserve) == 4);
 
-/// The modules that stand in the slot positions, position 0 first.
+/// The modules at the slot positions, position 0 first. A default module is at the number of its slot, one that was put
+/// in by hand at its place.
 struct struct_KTL_Slots_Preconfig
 {
     std::uint32_t m_iItemType; ///< offset 0, KTL_ITEM_SlotPreConfig

@@ -37,9 +37,9 @@ bool readGeneral(const KtlReadTarget& target, const ItemBytes& item)
 }
 
 /// The role of a sync manager by its number.
-/// ODD, KEPT: a device without mailboxes gets its process data taken for one, where one would expect its FMMUs or PDOs
-/// to be asked. The file tells only the order of sync managers, and nearly all devices have the usual one: two
-/// mailboxes, then outputs and inputs. Pinned by tst_KtlReadItems::roleOfASyncManagerIsItsPlace.
+/// ODD, KEPT: the first four are two mailboxes, outputs and inputs, whatever the device is, so process data of a device
+/// without mailboxes counts as a mailbox. One would expect FMMUs or PDOs to be asked. Pinned by
+/// tst_KtlReadItems::roleOfASyncManagerIsItsPlace.
 std::uint8_t usualType(std::uint8_t number)
 {
     constexpr std::uint8_t usualSyncManagers = 4;
@@ -206,10 +206,10 @@ bool passOver(const KtlReadTarget& /*target*/, const ItemBytes& /*item*/)
     return true;
 }
 
-/// Whether a module of that ident stands in a group that is closed already. A file repeats its modules for each device.
+/// Whether a module of that ident is in a group that is closed already. A file repeats its modules for each device.
 /// ODD, KEPT: only the first module of each closed group is asked, and not the module that is open, where one would
-/// expect all of them. A group that is read has one module, and an item that opens a module closes the one before it
-/// first, so all are. Pinned by tst_KtlReadModules::openModuleIsNotLookedAt.
+/// expect all of them. In a file it is all of them: a group has one module, and an item that opens a module closes the
+/// one before it first. Pinned by tst_KtlReadModules::openModuleIsNotLookedAt.
 bool isKnown(const struct_FilenameDevice* file, std::uint32_t moduleIdent)
 {
     return file != nullptr

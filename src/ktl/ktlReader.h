@@ -18,7 +18,7 @@ enum enum_KTL_ERROR_CODE : int
 
 /// Reads a KTL file into `g_xmlfiledevices`, one entry per end item. What comes back is a skeleton for display: names
 /// become numbers or "TEMP", and EoE, complete-access values and slot assignments are gone. At most 2000 items are
-/// read, end items included; what stands behind the last end item that was read is dropped.
+/// read, end items included; what comes after the last end item that was read is dropped.
 ///
 /// No count or size of the file is believed: a record is read as far as the bytes of its item reach and is 0 behind
 /// them, an item is read as far as the file reaches, and the memory taken goes by the bytes that are there.
@@ -37,8 +37,7 @@ bool device_ktlupdatexmldata(struct_FilenameDevice* xmlfile, const char* buffer,
                              struct_commentmodule* commentmodule);
 
 /// Reads a General item as it lies in the file. A ready operation that no read calls.
-/// @param in  stands at the first byte of the item, and afterwards behind it
+/// @param in  at the first byte of the item, then at the first byte after it
 /// @return    `KTL_ERROR_PARA` if an argument is null, else `KTL_NO_ERROR`, also for a file that ends before: fields
-/// that
-///            it does not reach are left alone
+/// that it does not reach are left alone
 int KTL_read_device_General(std::FILE* in, struct_KTL_EtherCatDeviceType* general);

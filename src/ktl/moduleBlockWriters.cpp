@@ -20,9 +20,9 @@ struct EntryDirection
 };
 
 /// In the order of the file.
-/// ODD, KEPT: input entries keep the low 8 bits of their length, output entries the low 16, though the field is the
-/// same: an input of 256 bits reads as 0. The controller has always received inputs like this, and takes the size of
-/// the process image from the sync managers. Pinned by tst_ModuleBlocks::lengthOfAnEntry.
+/// ODD, KEPT: input entries keep the low 8 bits of their length, output entries the low 16, although the field is the
+/// same: an input of 256 bits reads as 0. One would expect 16 bits for both. Pinned by
+/// tst_ModuleBlocks::lengthOfAnEntry.
 constexpr std::array<EntryDirection, 2> entryDirections{{
     {&struct_module::RxPdo, KTL_ITEM_ModuleRPDOEntryType, 0xFFFF},
     {&struct_module::TxPdo, KTL_ITEM_ModuleTPDOEntryType, 0x00FF},
@@ -52,8 +52,7 @@ struct_KTL_modulePdoOne entryRecord(const struct_moduleEntry& entry, std::uint16
 
 /// One item for all PDOs of a direction that are on a sync manager, none if no PDO is.
 /// ODD, KEPT: the entries of all these PDOs follow the head of the first one, so where a later PDO begins is lost. One
-/// would expect an item per PDO; the controller places entries by their object index and has one list per direction.
-/// Pinned by tst_ModuleBlocks::pdosAreMerged.
+/// would expect an item per PDO. Pinned by tst_ModuleBlocks::pdosAreMerged.
 void writeEntries(std::FILE* out, const EntryDirection& direction, const struct_module& module)
 {
     const modulePdo* first = nullptr;
@@ -135,8 +134,7 @@ void addMapping(ItemWriter& item, const modulePdo& pdo)
 }
 
 /// ODD, KEPT: every assignment has sub-index 1, also for a second PDO on a sync manager, where one would expect the
-/// next one. The controller numbers the PDOs of several modules itself. Pinned by
-/// tst_ModuleBlockStartup::secondPdoOnASyncManager.
+/// next one. Pinned by tst_ModuleBlockStartup::secondPdoOnASyncManager.
 struct_KTL_moduleStartupOne assignmentRecord(std::uint8_t syncManager, const modulePdo& pdo)
 {
     constexpr std::uint16_t assignmentIndex = 0x1C10; // of sync manager 0
@@ -145,11 +143,10 @@ struct_KTL_moduleStartupOne assignmentRecord(std::uint8_t syncManager, const mod
 }
 
 /// Number of startup records that the item of a module announces.
-/// ODD, KEPT: this is not the number of records that follow. It asks for a sync manager with process data, and neither
-/// for complete access nor for entries; the records of a mapping ask for both of these and for no sync manager. So the
-/// item can be shorter or longer than it announces, or missing though it would have records. One would expect a count
-/// of what is written; the controller's modules have been proven with these counts. Pinned by
-/// tst_ModuleBlockStartup::fewerRecordsThanAnnounced, moreRecordsThanAnnounced and nothingAnnounced.
+/// ODD, KEPT: one would expect the number of records that follow. But mappings count here if they are on a sync manager
+/// with process data, and follow if they have entries and there is no complete access. So an item can announce more or
+/// fewer than follow, or be missing. Pinned by tst_ModuleBlockStartup::fewerRecordsThanAnnounced,
+/// tst_ModuleBlockStartup::moreRecordsThanAnnounced and tst_ModuleBlockStartup::nothingAnnounced.
 std::size_t announcedRecords(const StartupRules& rules, const struct_module& module)
 {
     constexpr std::size_t clearAndCount = 2; // around the entries of a mapping

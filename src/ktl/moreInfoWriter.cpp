@@ -27,11 +27,10 @@ public:
         return !m_isFull;
     }
 
-    /// The bytes of the text in the item.
-    /// ODD, KEPT: the remainder to a multiple of 4 is added where one would expect what is missing to it, so the length
-    /// is a multiple of 4 only for remainders of 0 and 2. Two bytes of fill make up for it, and files are compared byte
-    /// by byte with those on machines in the field. Behind a string that did not fit the text is zero to its limit.
-    /// Pinned by tst_MoreInfo::lengthOfTheText and tst_MoreInfo::textThatDoesNotFit.
+    /// The bytes of the text in the item. After a string that did not fit they are zero to the limit.
+    /// ODD, KEPT: the remainder to a multiple of 4 is added, where one would expect what is missing to it, so the
+    /// length is a multiple of 4 for remainders of 0 and 2 only. Pinned by tst_MoreInfo::lengthOfTheText and
+    /// tst_MoreInfo::textThatDoesNotFit.
     [[nodiscard]] std::string bytes() const
     {
         const std::size_t length = m_isFull ? textRoom : m_text.size() + m_text.size() % alignment;

@@ -21,8 +21,8 @@ struct_KTL_SlotContent slotRecord(const struct_Slot& slot)
 
 struct_KTL_Slots slotsHead(const DeviceSlots& deviceSlots)
 {
-    // ODD, KEPT: the counts hold the low 8 bits of the number of slots although the fields are wider; the controller
-    // reads the low byte. Size and records are those of all slots. Pinned by tst_SlotWriter::moreSlotsThanAByteCounts.
+    // ODD, KEPT: the counts hold the low 8 bits of the number of slots, where one would expect all 16 that the fields
+    // have. Size and records are those of all slots. Pinned by tst_SlotWriter::moreSlotsThanAByteCounts.
     const auto shownCount = static_cast<std::uint8_t>(deviceSlots.vslot.size());
     const SlotsAttributes& attributes = deviceSlots.Attributes;
     struct_KTL_Slots head{};
@@ -37,9 +37,8 @@ struct_KTL_Slots slotsHead(const DeviceSlots& deviceSlots)
 }
 
 /// Slot positions of a preset.
-/// ODD, KEPT: the sum wraps at 256, and although it counts places for modules, the table that is this long is indexed
-/// by slot number. One would expect a record per slot, or one per place. The controller counts positions in a byte and
-/// looks a slot up by its number. Pinned by tst_SlotPreset::positionsWrap and tst_SlotPreset::twoSlotsOfTwoPlaces.
+/// ODD, KEPT: the sum wraps at 256, where one would expect a record for each place. Pinned by
+/// tst_SlotPreset::positionsWrap.
 std::uint8_t presetPositions(const std::vector<struct_Slot>& slots)
 {
     std::uint32_t positions = 0;
@@ -48,8 +47,9 @@ std::uint8_t presetPositions(const std::vector<struct_Slot>& slots)
     return static_cast<std::uint8_t>(positions);
 }
 
-/// ODD, KEPT: each module of a slot counts, while the slot's record keeps the ident of the last one only. One would
-/// expect as many idents as are counted; the controller holds the number against the modules that it finds. Pinned by
+/// ODD, KEPT: a default module is at the number of its slot, and one that was put in by hand at its place, where one
+/// would expect places only. Of modules that share a position the last one is written, while all of them count. Pinned
+/// by tst_SlotPreset::twoSlotsOfTwoPlaces, tst_SlotPreset::modulesPutInByHand and
 /// tst_SlotPreset::lastModuleOfASlotCounts.
 void writePreset(std::FILE* out, const std::vector<struct_Slot>& slots)
 {

@@ -4,9 +4,9 @@
 #include <string_view>
 
 /// Whether the name is that of a structured data type, a record or an array. All others are simple.
-/// ODD, KEPT: the mark counts anywhere in the name, where one would look for it at the start. Vendors put words of
-/// their own before it, and a simple type that happens to hold it, such as "WIDTH", only loses its text in the Type
-/// column. Pinned by tst_DataTypeNames::structured.
+/// ODD, KEPT: the mark counts anywhere in the name, where one would look for it at the start. So "WIDTH" is structured
+/// too: an object of such a simple type shows no type, and a sub-item of one has no row at all. Pinned by
+/// tst_DataTypeNames::structured.
 [[nodiscard]] inline bool isStructuredType(std::string_view name) noexcept
 {
     return name.find("DT") != std::string_view::npos;

@@ -87,9 +87,9 @@ private:
         }
     }
 
-    /// ODD, KEPT: the last element is the one numbered like the number of elements, wherever the first one is, so with
-    /// a lower bound of 0 there is one more. Arrays of a dictionary start at sub-index 1, behind the count, and there
-    /// both are the same. Pinned by tst_DictionaryScan::elements.
+    /// ODD, KEPT: the last element is the one numbered like the number of elements, wherever the first one is. One
+    /// would expect as many as there are elements; with a lower bound of 0 there is one more. Pinned by
+    /// tst_DictionaryScan::elements.
     void addElements(const struct_DataTypes& dataType, const ArrayInfo& bounds)
     {
         for (std::int64_t element = bounds.LBound; element <= bounds.Elements && m_left.rows > 0; ++element)

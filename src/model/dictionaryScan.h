@@ -20,10 +20,10 @@ struct DictionaryRows
 {
     std::vector<DictionaryRow> rows; ///< in the order of the scan
     /// The first sub-item of a record, which has no row: it holds the number of the others and shows on the object.
+    /// Null if there is no record.
     /// ODD, KEPT: it is the one at the first place, where one would look for sub-index 0, and a record within a record
-    /// puts its own in the place of the outer one, where one would expect that to stay. Files list sub-index 0 first,
-    /// and rows of nested records hang under the object as if they were its own, so the number that belongs to the last
-    /// of them stands there too. Null if there is no record. Pinned by tst_DictionaryScan::countOfTheLastRecord.
+    /// puts its own in the place of the outer one, where one would expect that to stay. Pinned by
+    /// tst_DictionaryScan::countOfTheLastRecord.
     const DataTypeSubItem* count = nullptr;
     const struct_DataTypes* countedType = nullptr; ///< the record that `count` belongs to
 };

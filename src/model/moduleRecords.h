@@ -56,7 +56,7 @@ struct modulePdo
     std::string Name; ///< PDO name
     std::vector<struct_moduleEntry> vEntry; ///< in document order
     float size = 0; ///< total size, byte.bit form
-    int Instances = 0; ///< number of the slot that this copy belongs to
+    int Instances = 0; ///< in a copy: that of the module in the slot, see `struct_slotmodule`
 };
 
 /// Attributes of a module's `Type` element.

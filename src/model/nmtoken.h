@@ -4,13 +4,13 @@
 #include <cstdint>
 
 /// One token: a state transition of the EtherCAT state machine, a category or access right of a dictionary entry, a
-/// mapping token, or a value of `CheckProductCode`. The numbers go into the KTL file as they stand here.
+/// mapping token, or a value of `CheckProductCode`. The numbers go into the KTL file as they are here.
 enum NMTOKEN : std::uint32_t
 {
     UnknownType = 0, ///< no token, or one that is not in this list
     IP = 1, ///< INIT to PREOP
     PS = 2, ///< PREOP to SAFEOP
-    IP_PS = 3, ///< IP and PS in one command; generated or edited only, no ESI text reads as this
+    IP_PS = 3, ///< IP and PS in one command; generated or read from a KTL file, no ESI text reads as this
     PI = 4, ///< PREOP to INIT
     SP = 5, ///< SAFEOP to PREOP
     SO = 6, ///< SAFEOP to OP

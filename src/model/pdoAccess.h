@@ -76,8 +76,8 @@
 }
 
 /// Value that maps an entry into its PDO: object index, sub-index and bit length in one 32-bit number.
-/// ODD, KEPT: plain additions, so a length of 256 bits or more carries into the sub-index. The slave takes the number
-/// as it stands, and no entry of that length can be mapped anyway. Pinned by tst_StartupCommands::longEntry.
+/// ODD, KEPT: plain additions, so a length of 256 bits or more carries into the sub-index, where one would expect it to
+/// be cut to 8 bits. Pinned by tst_StartupCommands::longEntry.
 /// @param entry  of a device or of a module; a gap gives its bit length alone
 template<typename Entry> [[nodiscard]] std::uint32_t mappingValueOf(const Entry& entry) noexcept
 {
@@ -90,8 +90,7 @@ template<typename Entry> [[nodiscard]] std::uint32_t mappingValueOf(const Entry&
 
 /// Whether a PDO is on a sync manager that exists in the description only. A PDO on none is not.
 /// ODD, KEPT: the number that the PDO names is a position here, in its low 16 bits, while a PDO is assigned to the sync
-/// manager that bears the number. One would expect one rule; in a file as it was read position and number agree, and
-/// only the look-up by position finds out that a sync manager is missing. Pinned by tst_StartupCommands::unmappedPdos.
+/// manager that has the number. One would expect one rule. Pinned by tst_StartupCommands::unmappedPdos.
 /// @param syncManagers  those of the device
 /// @throws MissingSyncManager, a std::out_of_range, if the PDO names one that is not there
 template<typename Pdo>

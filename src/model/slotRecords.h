@@ -30,10 +30,10 @@ struct struct_ModuleIdent
 };
 using str_ModuleIdent = struct_ModuleIdent;
 
-/// A module that stands in a slot.
+/// A module in a slot.
 struct struct_slotmodule
 {
-    int Instances = 0; ///< number of the slot, from 0
+    int Instances = 0; ///< from 0: number of the slot of a default module, place of one that was put in by hand
     struct_module module; ///< a full copy of the module as declared
 };
 using str_slotmodule = struct_slotmodule;

@@ -41,7 +41,7 @@ struct struct_moduleInitCmd
     std::uint32_t Data = 0; ///< the data as a number, 0 when longer than four bytes
     std::string Comment; ///< comment text
     std::string strData; ///< the data as text, in the form of `xmlGetStringuint`
-    int Instances = 0; ///< number of the slot that this copy belongs to
+    int Instances = 0; ///< in a copy: that of the module in the slot, see `struct_slotmodule`
     std::uint8_t bIfCA = 0; ///< 1 for a complete access with its values in `m_CADataList`
     std::vector<unsigned int> m_CADataList; ///< values of a complete access
 };

@@ -31,8 +31,7 @@ void releaseForm(QWidget& editor);
 
 /// Low 8 bits of a position.
 /// ODD, KEPT: an editor addresses files, devices and modules by one byte, so that with more than 256 of them it works
-/// on another one. No machine has that many, and the controller's own tables count in bytes. Pinned by
-/// tst_SmEditor::positionsHaveEightBits.
+/// on another one, where one would expect the one that was selected. Pinned by tst_SmEditor::positionsHaveEightBits.
 [[nodiscard]] constexpr std::int16_t lowByte(int position) noexcept
 {
     constexpr unsigned byteMask = 0xFF;

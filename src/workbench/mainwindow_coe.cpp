@@ -39,7 +39,6 @@ void MainWindow::device_CoE_display()
     ui->CoeTree->clear();
     DictionaryItems(selectedDictionary()).addObjects(*ui->CoeTree);
     // ODD, KEPT: the rows counted are those of the module tree, where one would expect the ones just filled in. Nothing
-    // goes by this count, since the tree is always emptied as a whole; whoever comes to read it has to know that it
-    // tells whether the device has modules. Pinned by tst_CoeSlots::rowCountIsThatOfTheModuleTree.
+    // goes by this count. Pinned by tst_CoeSlots::rowCountIsThatOfTheModuleTree.
     coe_model_size = ui->ModuleTree->topLevelItemCount();
 }

@@ -75,7 +75,7 @@ void MainWindow::on_actionInPort_ktl_triggered()
 
 /// Loads one file, and tells if it cannot be opened.
 /// ODD, KEPT: nothing is said of a file that makes no sense, where one would expect a warning. What could be read of it
-/// shows in the tree, which is all that a file from the field is opened for. Pinned by tst_ImportKtl::brokenFile.
+/// shows in the tree. Pinned by tst_ImportKtl::brokenFile.
 void MainWindow::importKtlFile(const QString& path)
 {
     const FileHandle file(std::fopen(QFile::encodeName(path).constData(), "rb"));
@@ -112,9 +112,9 @@ void MainWindow::dropEvent(QDropEvent* event)
 }
 
 /// Loads one dropped file by its kind; a bad one does not stop the others.
-/// ODD, KEPT: the kind is looked for anywhere behind the last point of the name, and in small letters only, where one
+/// ODD, KEPT: the kind is looked for anywhere after the last point of the name, and in small letters only, where one
 /// would expect the whole suffix in letters of any size. Copies such as "a.xmlbak" and "b.ktl2" are taken that way, and
-/// so is a file without a point that is named after its kind. Pinned by tst_FileDrop::kindOfFile.
+/// so is a file without a point whose name holds its kind. Pinned by tst_FileDrop::kindOfFile.
 void MainWindow::loadDroppedFile(const QString& path)
 {
     const QString suffix = path.split(QLatin1Char('/')).last().split(QLatin1Char('.')).last();

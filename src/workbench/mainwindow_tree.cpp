@@ -153,8 +153,8 @@ void MainWindow::slotCustomContextMenu(const QPoint& /*point*/)
 }
 
 /// Deletes the selected device, or the selected file. A file stays when its last device goes.
-/// ODD, KEPT: the selection stays where it was, so that a second "Del" takes what has moved up into the same place; an
-/// engineer clears a list by holding the key down. Pinned by tst_DeviceTreeDelete::repeatedKeyDeletesWhatStandsThere.
+/// ODD, KEPT: the selection stays where it was, so that a second "Del" takes what has moved up into the same place,
+/// where one would expect nothing to be selected. Pinned by tst_DeviceTreeDelete::repeatedKeyDeletesWhatStandsThere.
 void MainWindow::device_delete()
 {
     if (currentfileindex < 0)

@@ -49,8 +49,8 @@ template<typename Command> void Startupeditwin::fillForm(const Command& command)
 }
 
 /// ODD, KEPT: the index takes all forms that ESI files know, while length and value are decimal only: a value typed in
-/// hexadecimal becomes 0, which shows at once in the list, instead of one that was meant for the other byte order.
-/// The values of a complete access stay as they were. Pinned by tst_StartupEditor::numberForms.
+/// hexadecimal becomes 0. One would expect the same forms everywhere. The values of a complete access stay as they
+/// were. Pinned by tst_StartupEditor::numberForms.
 template<typename Command> void Startupeditwin::save(Command& command) const
 {
     setStartupValues(command, {toUint(ui->Index->text()), ui->SubIndex->text().toUInt(), ui->Datalen->text().toUInt(),

@@ -31,8 +31,8 @@ std::uint32_t firstNotZero(std::uint32_t ofSlot, std::uint32_t ofDevice)
     return ofSlot != 0 ? ofSlot : ofDevice;
 }
 
-/// The controller moves a module either by its slot or, in a slot that belongs to a group, by that group; the other
-/// shift stays 0, so an index that depends on the one that is not in use does not move.
+/// A module moves either by its slot or, in a slot that belongs to a group, by that group; the other shift stays 0, so
+/// an index that depends on the one that is not in use does not move.
 Shifts shiftsOf(const DeviceSlots& deviceSlots, const SlotAttributes& slot, int place)
 {
     const SlotsAttributes& device = deviceSlots.Attributes;
@@ -114,9 +114,9 @@ void rebuildModuleLists(struct_EtherCatDevice& device)
     if (device.Slots.vslot.empty())
         return;
     emptyModuleLists(device);
-    // ODD, KEPT: the modules of a coupler that finds them at power-on stay in its slots but bring nothing in: the
-    // controller asks the coupler itself, and lists made here would contradict what is plugged. Set back to another
-    // type, the device has its modules again. Pinned by tst_ModuleInSlot::typesWithoutModules.
+    // ODD, KEPT: for device types 0, 1 and 3 modules stay in their slots but bring nothing in. One would expect what
+    // happens when a file is loaded, where default modules bring something into a device of type 3 as well. Set back to
+    // another type, the device has its modules again. Pinned by tst_ModuleInSlot::typesWithoutModules.
     if (device.m_iDeviceType <= KTL_DEVICE_TYPE_SingleDriver || device.m_iDeviceType == KTL_DEVICE_TYPE_PnpIOBlock)
         return;
     for (const struct_Slot& slot : device.Slots.vslot)

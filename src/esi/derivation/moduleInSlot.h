@@ -11,7 +11,7 @@
 /// @param place   number of the slot, or of the place, from 0; every copy carries it as its `Instances`
 void bringIntoDevice(struct_EtherCatDevice& device, const struct_Slot& slot, const struct_module& module, int place);
 
-/// Empties what modules brought into a device, and brings it in anew from the modules that stand in its slots now.
-/// Device type and drive axes stay. A device without slots keeps its lists; one whose type takes no modules by hand
-/// (0, 1 and 3) ends with empty ones, while its slots keep their modules.
+/// Empties what modules brought into a device, and brings it in again from the modules that are in its slots now.
+/// Device type and drive axes stay. A device without slots keeps its lists; one whose type takes no modules by hand (0,
+/// 1 and 3) ends with empty ones, while its slots keep their modules.
 void rebuildModuleLists(struct_EtherCatDevice& device);

@@ -30,12 +30,11 @@ struct_PDOList sampleOf(const struct_PDOList& declared, std::uint16_t sample)
     struct_PDOList pdo;
     pdo.Name = declared.Name + ' ' + std::to_string(static_cast<int>(sample) - 1);
     pdo.Size = declared.Size;
-    // ODD, KEPT: the PDO index steps by one per sample whatever OSIndexInc says; that one moves the entries only.
-    // Pinned by tst_PdoDefaults::pdoIndex.
+    // ODD, KEPT: the PDO index steps by one per sample and `OSIndexInc` moves the entries only, where one would expect
+    // it to move both. Pinned by tst_PdoDefaults::pdoIndex.
     pdo.IndexAttributes.Index = static_cast<std::uint16_t>(declared.IndexAttributes.Index + steps);
-    // ODD, KEPT: from the tenth sample on a PDO belongs to no sync manager, for inputs and outputs alike. The
-    // controller's assign list holds nine samples; more in a sync manager would make it refuse the whole device. Pinned
-    // by tst_PdoDefaults::syncManager.
+    // ODD, KEPT: from the tenth sample on a PDO is on no sync manager, for inputs and outputs alike, where one would
+    // expect all samples on the declared one. Pinned by tst_PdoDefaults::syncManager.
     pdo.Attributes.SM = sample <= lastAssignedSample ? declared.Attributes.SM : -1;
     pdo.Attributes.SU = declared.Attributes.SU;
     pdo.Attributes.Fixed = declared.Attributes.Fixed;

@@ -22,8 +22,8 @@ void completeIncrements(SlotsAttributes& device, const SlotAttributes& firstSlot
     takeIfZero(device.m_SlotGroupIndexIncrement, device.SlotIndexIncrement);
 }
 
-/// ODD, KEPT: a step that a later slot declares for itself is lost. The controller moves every slot by one common step,
-/// the device's or, inside a slot group, the group's. Pinned by tst_SlotCheck::slotIncrements.
+/// ODD, KEPT: each slot gets the steps of the device or, in a slot group, those of the group, where one would expect a
+/// step that the slot declares for itself to count. Pinned by tst_SlotCheck::slotIncrements.
 void unifyIncrements(DeviceSlots& deviceSlots)
 {
     for (struct_Slot& slot : deviceSlots.vslot) {

@@ -22,8 +22,8 @@ void copyModule(const struct_module& from, struct_module& to)
 
 /// Counts a module as an axis, if its device is a multi-axis drive or becomes one by it.
 /// ODD, KEPT: one drive module turns a coupler into a multi-axis drive, and from then on every module counts as an
-/// axis, whatever its profile. The controller addresses such a coupler as a drive, and its axes are its modules.
-/// Pinned by tst_SlotModuleDefaults::typeChangesDuringThePass.
+/// axis, whatever its profile. One would expect the type to stay, and drive modules only to count. Pinned by
+/// tst_SlotModuleDefaults::typeChangesDuringThePass.
 void countAxis(struct_EtherCatDevice& device, const struct_module& module)
 {
     constexpr std::uint32_t driveProfile = 402;
@@ -58,9 +58,8 @@ void fillSlots(struct_EtherCatDevice& device, const ModulesByIdent& modules)
     if (type == KTL_DEVICE_TYPE_IOBlock || type == KTL_DEVICE_TYPE_SingleDriver)
         return;
     // The modules are counted instead of the slots.
-    // ODD, KEPT: the other types keep the number that they came with, and a drive module in them counts on from there.
-    // One would expect that they start from 0 too, but what such a device came with are axes of its own. Pinned by
-    // tst_SlotModuleDefaults::typeChangesDuringThePass.
+    // ODD, KEPT: the other types keep the number that they came with, and a drive module in them counts on from there,
+    // where one would expect that they start from 0 too. Pinned by tst_SlotModuleDefaults::typeChangesDuringThePass.
     if (type == KTL_DEVICE_TYPE_MultiDriver || type == KTL_DEVICE_TYPE_PnpIOBlock)
         device.m_iDriveAxies = 0;
     std::uint16_t slotNumber = 0;

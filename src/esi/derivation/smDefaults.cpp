@@ -15,8 +15,8 @@ bool isMailbox(const struct_SM& syncManager)
 }
 
 /// Adds the size of each assigned PDO to its sync manager, if `takes(syncManager)` says so.
-/// ODD, KEPT: a plain float sum with no carry from the tenths, so two PDOs of 12 bits make 2.8 and not 3.0; the
-/// controller takes the whole part of that number. Pinned by tst_SmDefaults::lengthsAreSummedAsFloats.
+/// ODD, KEPT: a plain float sum with no carry from the tenths, so two PDOs of 12 bits make 2.8, where one would expect
+/// 3.0. Pinned by tst_SmDefaults::lengthsAreSummedAsFloats.
 template<typename Pdo, typename Condition>
 void addPdoSizes(std::vector<struct_SM>& syncManagers, const std::vector<Pdo>& pdos, Condition takes)
 {
@@ -29,8 +29,8 @@ void addPdoSizes(std::vector<struct_SM>& syncManagers, const std::vector<Pdo>& p
     }
 }
 
-/// ODD, KEPT: at load time a PDO counts on whatever sync manager it names, and PDOs that modules bring in do not count:
-/// a device that nobody ever looked at is exported with the lengths that its own description gives. Pinned by
+/// ODD, KEPT: at load time a PDO counts on whatever sync manager it names, and PDOs that modules bring in do not count.
+/// One would expect the rules of `updateProcessDataLengths`. Pinned by tst_SmDefaults::lengths and
 /// tst_SmDefaults::modulePdosAddNothing.
 void computeLengths(struct_EtherCatDevice& device)
 {

@@ -91,9 +91,8 @@ std::uint16_t mappingBytes(int /*bitLength*/)
     return bytesPerValue;
 }
 
-/// ODD, KEPT: for input PDOs of modules the bytes of the process data are counted, not four per entry, while the list
-/// of values stays the same. Couplers in the field were brought up with this count in their files. Pinned by
-/// tst_StartupCommands::wholeMappingOfModules.
+/// ODD, KEPT: for input PDOs of modules the bytes of the process data are counted, where one would expect four per
+/// entry as for outputs; the list of values is the same for both. Pinned by tst_StartupCommands::wholeMappingOfModules.
 std::uint16_t processDataBytes(int bitLength)
 {
     constexpr int bitsPerByte = 8;
@@ -222,12 +221,10 @@ private:
 };
 
 /// Assigns the PDOs of a sync manager by one complete access, also when there are none.
-/// ODD, KEPT: PDOs of fixed content are left out here, while the single commands assign them. A slave that takes the
-/// whole object keeps its fixed PDOs by itself and refuses a list that names them. Pinned by
+/// ODD, KEPT: PDOs of fixed content are left out here, where one would expect them as in the single commands. Pinned by
 /// tst_StartupAssignment::fixedPdos.
 /// ODD, KEPT: its comment speaks of the entries of a module's PDO, although it writes an assign object. One would
-/// expect words of its own, but lists of commands are compared by these texts. Pinned by
-/// tst_StartupAssignment::completeAccess.
+/// expect a comment of its own. Pinned by tst_StartupAssignment::completeAccess.
 struct_moduleInitCmd wholeAssignment(const std::vector<AssignedPdo>& pdos, const struct_SM& syncManager)
 {
     std::vector<unsigned int> indexes;
@@ -250,8 +247,8 @@ void appendSingleAssignments(std::vector<struct_moduleInitCmd>& commands, const 
     for (const AssignedPdo& pdo : pdos)
         commands.push_back(plainCommand<struct_moduleInitCmd>(assignObject, ++number, bytesPerPdo, pdo.index,
                                                               DataText::Bare, "download pdo 0x%1 index"));
-    // ODD, KEPT: two blanks in the comment where one would expect one, since lists of commands are compared by these
-    // texts. Pinned by tst_StartupAssignment::singleCommands.
+    // ODD, KEPT: two blanks in the comment, where one would expect one. Pinned by
+    // tst_StartupAssignment::singleCommands.
     if (number > 0)
         commands.push_back(plainCommand<struct_moduleInitCmd>(assignObject, 0, 1, number, DataText::WithBlank,
                                                               "download pdo 0x%1  count"));

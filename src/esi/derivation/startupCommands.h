@@ -16,10 +16,9 @@ struct ModuleStartupConditions
 /// an error.
 inline constexpr ModuleStartupConditions atLoadTime{false, false, false};
 
-/// When modules of the selected device change.
-/// ODD, KEPT: virtual sync managers are not told apart here, and a device without slots keeps what it got at load time.
-/// An engineer who plugs modules by hand decides what is mapped, while a freshly loaded file must not send anything to
-/// a sync manager that exists on paper only. Pinned by tst_ModuleStartup::conditions.
+/// Each time a device is selected, and when its type or its modules change.
+/// ODD, KEPT: virtual sync managers count like others here, and a device without slots keeps what it got at load time.
+/// One would expect the conditions of load time. Pinned by tst_ModuleStartup::conditions.
 inline constexpr ModuleStartupConditions atEditTime{true, true, true};
 
 /// Appends what a device gets at load time before its modules are looked at: the commands that clear the assign objects

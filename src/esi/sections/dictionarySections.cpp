@@ -82,9 +82,9 @@ const std::array dataTypeRules{
 // ---- Objects ----
 
 /// Default of an object or of one of its sub-items.
-/// ODD, KEPT: the type of the object decides, as it is known by now. A sub-item of a string type in a record is a
-/// number, and so is every default that stands before the type; one would expect the sub-item's own type, but it is
-/// only known through the data type of the object. Pinned by tst_Objects::defaultData and tst_Objects::subItemDefault.
+/// ODD, KEPT: the type of the object decides, as far as it is known by now, where one would expect a sub-item's own
+/// type. So a sub-item of a string type in a record is a number, and so is every default that comes before the type of
+/// its object. Pinned by tst_Objects::defaultData and tst_Objects::subItemDefault.
 /// @param typeOfObject  `Type` of the object as read so far
 void storeDefault(struct_ObjectInfo& to, const QString& value, const std::string& typeOfObject)
 {
@@ -111,9 +111,9 @@ template<auto Limit> void storeLimit(SubItemBeingRead& to, const QString& value)
     storeUint<Limit>(to.subItem.Info.Info, value);
 }
 
-// ODD, KEPT: limits are plain numbers, while the default beside them has its bytes swapped. Vendors' files write the
-// default as it travels on the bus and the limits as an engineer reads them. Sub-items do not nest: there is no row for
-// a sub-item in a sub-item. Pinned by tst_Objects::limits and tst_Objects::nestedSubItem.
+// ODD, KEPT: limits are plain numbers, while the default beside them has its bytes swapped. One would expect one form
+// for all three. Pinned by tst_Objects::limits.
+// Sub-items do not nest: there is no row for a sub-item in a sub-item (tst_Objects::nestedSubItem).
 const std::array subItemInfoRules{
     ElementRule<SubItemBeingRead>{QLatin1String("DefaultData"), fromText<storeSubItemDefault>},
     ElementRule<SubItemBeingRead>{QLatin1String("MinData"), fromText<storeLimit<&struct_ObjectInfo::MinData>>},
@@ -146,8 +146,8 @@ void storeObjectDefault(struct_Object& object, const QString& value)
     storeDefault(object.Info, value, object.Type);
 }
 
-// ODD, KEPT: the limits of an object itself are not read, only those of its sub-items. Nothing that the workbench shows
-// or writes asks for them. Pinned by tst_Objects::limitsOfTheObject.
+// ODD, KEPT: the limits of an object itself are not read, only those of its sub-items, where one would expect both.
+// They are written and shown all the same, as 0. Pinned by tst_Objects::limitsOfTheObject.
 const std::array objectInfoRules{
     ElementRule<struct_Object>{QLatin1String("SubItem"), appendSubItem},
     ElementRule<struct_Object>{QLatin1String("DefaultData"), fromText<storeObjectDefault>},

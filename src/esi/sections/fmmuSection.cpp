@@ -31,8 +31,7 @@ void read_device_Fmmuinfo(QDomElement* element, struct_EtherCatDevice* ether_dev
     readAttributes(*element, fmmuRules, fmmu);
     const QString name = element->text();
     fmmu.m_Name = name.toStdString();
-    // An unknown name keeps type 0 here, while an unknown sync manager counts as mailbox output: an FMMU without a
-    // known direction maps nothing, and the controller leaves it alone.
+    // An unknown name keeps type 0 here, while an unknown sync manager counts as mailbox output.
     fmmu.m_FmmuType = directionByName(name, KTL_UnknownType);
     ether_device->vFmmu.push_back(std::move(fmmu));
 }

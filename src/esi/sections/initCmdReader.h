@@ -13,10 +13,9 @@
 /// Data of a command: byte count, number and text.
 template<typename Command> void storeInitCmdData(Command& to, const QString& value)
 {
-    // ODD, KEPT: the count takes the text whole, so a "#x" mark counts as one byte, and data of more than four bytes
-    // keeps its count although the number is 0. The startup list shows the count as the description announced it,
-    // so that an engineer sees at once which command needs its data by other means. Pinned by tst_MailboxSection::data
-    // and tst_ModuleInitCmds::data.
+    // ODD, KEPT: the count is half the length of the text, so a "#x" mark counts as one byte, and data of more than
+    // four bytes keeps its count although the number is 0. One would expect the bytes of the number. Pinned by
+    // tst_MailboxSection::data and tst_ModuleInitCmds::data.
     to.DataBytes = static_cast<std::uint16_t>(value.size() / 2);
     to.Data = toUintFromBytes(value);
     to.strData = xmlGetStringuint(to.Data).toStdString();

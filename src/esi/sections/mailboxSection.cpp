@@ -14,9 +14,9 @@ const std::array eoeRules{
     AttributeRule<EoeAttributes>{QLatin1String("MAC"), storeBool<&EoeAttributes::MAC>},
 };
 
-// ODD, KEPT: there is no row for CompleteAccess. ESI files declare that attribute, but a controller that found it set
-// would get its PDO mapping as one complete access; that is switched on per device by other means than the ESI. Pinned
-// by tst_MailboxSection::completeAccessIsNeverRead.
+// ODD, KEPT: there is no row for `CompleteAccess`, where one would expect it to be read like the other attributes. So
+// nothing that is generated for a device as loaded is a complete access. Pinned by
+// tst_MailboxSection::completeAccessIsNeverRead.
 const std::array coeRules{
     AttributeRule<CoeAttributes>{QLatin1String("SdoInfo"), storeBool<&CoeAttributes::SdoInfo>},
     AttributeRule<CoeAttributes>{QLatin1String("PdoAssign"), storeBool<&CoeAttributes::PdoAssign>},

@@ -16,8 +16,8 @@ const std::array typeRules{
     AttributeRule<ModuleTypeAttributes>{QLatin1String("ModuleClass"), storeText<&ModuleTypeAttributes::ModuleClass>},
     AttributeRule<ModuleTypeAttributes>{QLatin1String("ModulePdoGroup"),
                                         storeUint<&ModuleTypeAttributes::ModulePdoGroup>},
-    // ODD, KEPT: one would expect "Parameter". The flag has always been asked for by this name and is shown nowhere; a
-    // mended name would set it in files that came without it so far. Pinned by tst_ModuleSection::typeNamesAreExact.
+    // ODD, KEPT: the attribute is read by this name only, where one would expect "SRA_ParameterSupported". Pinned by
+    // tst_ModuleSection::typeNamesAreExact.
     AttributeRule<ModuleTypeAttributes>{QLatin1String("SRA_ParamterSupported"),
                                         storeBool<&ModuleTypeAttributes::SRA_ParamterSupported>},
 };
@@ -57,7 +57,7 @@ const std::array pdoAttributeRules{
 using Entry = BeingRead<struct_moduleEntry>;
 
 // ODD, KEPT: an entry takes its last name even if it is empty, while a PDO keeps the last one that has a text; on the
-// PDOs of devices it is the other way round, see there. Pinned by tst_ModulePdos::names.
+// PDOs of devices it is the other way round. One would expect one rule for all. Pinned by tst_ModulePdos::names.
 const std::array entryRules{
     ElementRule<Entry>{QLatin1String("Index"),
                        recordFromElement<readIndex<&ModuleEntryIndex::m_DependOnSlotGroup, struct_moduleEntry>>},

@@ -24,9 +24,8 @@ using DevicePdo = BeingRead<struct_PDOList>;
 using DeviceEntry = BeingRead<struct_EntryPDOContent>;
 
 // ODD, KEPT: an entry keeps its last name that has a text, while a PDO takes the last name even if it is empty; on the
-// PDOs of modules it is the other way round. Files with names in two languages leave one empty now and then, on device
-// entries and on module PDOs, and the firmware's tools know the names that come out of exactly these rules. Pinned by
-// tst_PdoEntries::entryName, tst_PdoSections::pdoName and tst_ModulePdos::names.
+// PDOs of modules it is the other way round. One would expect one rule for all. Pinned by tst_PdoEntries::entryName,
+// tst_PdoSections::pdoName and tst_ModulePdos::names.
 const std::array entryRules{
     ElementRule<DeviceEntry>{QLatin1String("Index"), recordFromText<storeUint<&struct_EntryPDOContent::Index>>},
     ElementRule<DeviceEntry>{QLatin1String("SubIndex"), recordFromText<storeUint<&struct_EntryPDOContent::SubIndex>>},

@@ -52,7 +52,7 @@ const std::array slotRules{
 };
 
 /// ODD, KEPT: each child node makes a record of its own, so a class with a `Class` and a `Name` gives two records with
-/// one text each, and a bare text gives an empty one. The lists are matched text by text, never as pairs. Pinned by
+/// one text each, and a bare text gives an empty one. One would expect one record with both texts. Pinned by
 /// tst_SlotsSection::moduleClass.
 void appendModuleClasses(struct_Slot& slot, const QDomElement& element)
 {

@@ -32,9 +32,8 @@ void read_device_SMinfo(QDomElement* element, struct_EtherCatDevice* ether_devic
     readAttributes(*element, smRules, syncManager.Attributes);
     const QString name = element->text();
     syncManager.Name = name.toStdString();
-    // ODD, KEPT: an unknown or missing name counts as mailbox output (1), where an FMMU gets 0. Files that number their
-    // sync managers by comments only leave the first name out, and that one is the mailbox output. Pinned by
-    // tst_SmSection::type.
+    // ODD, KEPT: any name but the four exact ones counts as mailbox output (1), also none, one in another case, and one
+    // with a blank around it. One would expect 0, as for an FMMU. Pinned by tst_SmSection::type.
     syncManager.Smtype = directionByName(name, KTL_MBoxOut);
     ether_device->vSM.push_back(std::move(syncManager));
 }
