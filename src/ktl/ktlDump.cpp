@@ -2,12 +2,16 @@
 #include "ktl/ktlExport.h"
 #include "ktl/ktlLayout.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 
 namespace {
 
 constexpr int mostItems = 2000;
+
+/// Words that the file does not hold are shown for an item up to this number.
+constexpr std::int32_t maxMissingWords = 65536;
 
 /// Writes the name of an item; a code without one, and the end item too, leaves a gap.
 void dumpName(std::FILE* log, std::int32_t itemType)
@@ -27,22 +31,33 @@ void readHeadNumber(std::FILE* ktl, std::int32_t& number)
         number = value;
 }
 
-/// Writes the words of an item behind its head, as far as the file reaches: the size of a broken item may announce
-/// billions of words. Of a word that the file ends in, what is there is shown, the rest 0. A last part of less than
-/// four bytes before the announced end stays unread.
-void dumpWords(std::FILE* log, std::FILE* ktl, std::int32_t itemSize)
+/// Writes the words that an item announces after the end of the file: zeros, up to the limit.
+void dumpMissingWords(std::FILE* log, std::int32_t words)
+{
+    for (std::int32_t index = 0; index < std::min(words, maxMissingWords); ++index)
+        std::fputs("0 \t", log);
+}
+
+/// Writes the words of an item after its head. A word that the file does not hold is 0, and of one that the file ends
+/// in, the missing bytes are 0. The size of a broken item may announce billions of words, so no more than
+/// `maxMissingWords` are filled in. A last part of less than four bytes before the announced end stays unread.
+/// @return  whether the file holds all that the item announces
+bool dumpWords(std::FILE* log, std::FILE* ktl, std::int32_t itemSize)
 {
     constexpr auto headSize = static_cast<std::int32_t>(sizeof(KtlItemHead));
     constexpr auto wordSize = static_cast<std::int32_t>(sizeof(std::uint32_t));
     const std::int32_t words = (itemSize - headSize) / wordSize;
     for (std::int32_t index = 0; index < words; ++index) {
         unsigned char bytes[sizeof(std::uint32_t)] = {};
-        if (std::fread(bytes, 1, sizeof bytes, ktl) == 0)
-            return;
+        if (std::fread(bytes, 1, sizeof bytes, ktl) == 0) {
+            dumpMissingWords(log, words - index);
+            return false;
+        }
         std::uint32_t word = 0;
         std::memcpy(&word, bytes, sizeof word);
         std::fprintf(log, "%x \t", word);
     }
+    return true;
 }
 
 /// The loop over the items.
@@ -65,8 +80,10 @@ bool dumpItems(std::FILE* log, std::FILE* ktl)
             return true;
         std::fprintf(log, "ItemHead-dec: %d,Len: %d   ", type, size);
         dumpName(log, type);
-        dumpWords(log, ktl, size);
+        const bool isWhole = dumpWords(log, ktl, size);
         std::fputs("\r\n", log);
+        if (!isWhole)
+            return true; // the file has ended, or cannot be read any further
     }
     return true;
 }

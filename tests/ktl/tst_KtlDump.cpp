@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+#include <algorithm>
+
 namespace {
 
 const QByteArray firstLine = "KTL Version V1.0.28 \n";
@@ -48,6 +50,9 @@ private slots:
     void goesOnBehindAnEndItem();
     void brokenFile_data();
     void brokenFile();
+    void missingWords_data();
+    void missingWords();
+    void fileThatFails();
     void twoThousandItems_data();
     void twoThousandItems();
     void nullArgument_data();
@@ -184,14 +189,19 @@ void tst_KtlDump::brokenFile_data()
         true);
     row("later head cut behind a negative type", endItem + bytes("00 00 00 80"),
         endText + "Err para: Id value-dec: -2147483648,Len: 12\r\n  \r\n", false);
-    row("head and then nothing", endItem + bytes("40 9C 00 00  10 00 00 00"),
-        endText + "ItemHead-dec: 40000,Len: 16    General \r\n  0x\r\n", true);
-    row("words that are no longer there are not shown", bytes("40 9C 00 00  18 00 00 00  07 00 00 00  08 00 00 00"),
-        "ItemHead-dec: 40000,Len: 24    General \r\n  0x7 \t8 \t\r\n", true);
-    row("a word that the file ends in is filled with zeros", bytes("40 9C 00 00  18 00 00 00  07 00 00 00  08 09 0A"),
-        "ItemHead-dec: 40000,Len: 24    General \r\n  0x7 \ta0908 \t\r\n", true);
-    row("a size of two gigabytes shows what is there", bytes("40 9C 00 00  FF FF FF 7F  07 00 00 00  08"),
-        "ItemHead-dec: 40000,Len: 2147483647    General \r\n  0x7 \t8 \t\r\n", true);
+    row("head and then nothing: its two words are 0", endItem + bytes("40 9C 00 00  10 00 00 00"),
+        endText + "ItemHead-dec: 40000,Len: 16    General \r\n  0x0 \t0 \t\r\n", true);
+    row("words that the file does not hold are 0", bytes("40 9C 00 00  18 00 00 00  07 00 00 00  08 00 00 00"),
+        "ItemHead-dec: 40000,Len: 24    General \r\n  0x7 \t8 \t0 \t0 \t\r\n", true);
+    row("a word that the file ends in is filled with zeros, the next one is 0",
+        bytes("40 9C 00 00  18 00 00 00  07 00 00 00  08 09 0A"),
+        "ItemHead-dec: 40000,Len: 24    General \r\n  0x7 \ta0908 \t0 \t0 \t\r\n", true);
+    row("a last part of less than four bytes is no word, in the file or not",
+        bytes("40 9C 00 00  13 00 00 00  07 00 00 00"), "ItemHead-dec: 40000,Len: 19    General \r\n  0x7 \t0 \t\r\n",
+        true);
+    row("an item that announces more than it holds takes the end item for its words",
+        bytes("A8 9C 00 00  24 00 00 00  11 00 00 00  22 00 00 00") + endItem,
+        "ItemHead-dec: 40104,Len: 36    ModuleCoEInitCmd \r\n  0x11 \t22 \t0 \tc \t0 \t0 \t0 \t\r\n", true);
     row("size 7", endItem + bytes("41 9C 00 00  07 00 00 00  01 00 00 00"),
         endText + "Err para: Id value-dec: 40001,Len: 7\r\n  \r\n", false);
     row("size 0, and an item behind it that is not reached", bytes("49 9C 00 00  00 00 00 00") + endItem,
@@ -211,6 +221,49 @@ void tst_KtlDump::brokenFile()
     QCOMPARE(dump.text, firstLine + text);
     QCOMPARE(dump.isComplete, isComplete);
     QCOMPARE(dump.errorCode, 0);
+}
+
+void tst_KtlDump::missingWords_data()
+{
+    QTest::addColumn<int>("size"); // of an item that holds the words 7 and 8
+    QTest::addColumn<int>("missing");
+    constexpr int held = 8 + 2 * 4;
+    QTest::addRow("none") << held << 0;
+    QTest::addRow("one less than the limit") << held + 65535 * 4 << 65535;
+    QTest::addRow("the limit") << held + 65536 * 4 << 65536;
+    QTest::addRow("one more than the limit") << held + 65537 * 4 << 65536;
+    QTest::addRow("two gigabytes") << 0x7FFFFFFF << 65536;
+}
+
+/// A size may announce billions of words. After the last one that is shown, the line ends as that of any other item.
+void tst_KtlDump::missingWords()
+{
+    QFETCH(int, size);
+    QFETCH(int, missing);
+    const QByteArray held = bytes("07 00 00 00  08 00 00 00");
+    const Dump dump = dumpOf(endItem + le32(40001) + le32(static_cast<std::uint32_t>(size)) + held);
+    QCOMPARE(dump.text, firstLine + endText + "ItemHead-dec: 40001,Len: " + QByteArray::number(size)
+                            + "    SM \r\n  0x7 \t8 \t" + QByteArray("0 \t").repeated(missing) + "\r\n");
+    QVERIFY(dump.isComplete);
+    QCOMPARE(dump.errorCode, 0);
+}
+
+/// A file on a failing disk does not report its end, so the dump must end by itself. This one gives one item head.
+void tst_KtlDump::fileThatFails()
+{
+    QByteArray rest = le32(40005) + le32(16);
+    cookie_io_functions_t functions{};
+    functions.read = [](void* cookie, char* buffer, std::size_t size) -> ssize_t {
+        auto& bytes = *static_cast<QByteArray*>(cookie);
+        const int count = std::min(bytes.size(), static_cast<int>(size));
+        std::copy_n(bytes.constData(), count, buffer);
+        bytes.remove(0, count);
+        return count > 0 ? count : -1;
+    };
+    const FileHandle ktl(fopencookie(&rest, "r", functions));
+    int code = 5;
+    const QByteArray text = writtenBy([&](std::FILE* log) { QVERIFY(KTL_write_log_devices(log, ktl.get(), &code)); });
+    QCOMPARE(text, firstLine + "ItemHead-dec: 40005,Len: 16    EoE \r\n  0x0 \t0 \t\r\n");
 }
 
 void tst_KtlDump::twoThousandItems_data()
