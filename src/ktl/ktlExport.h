@@ -1,7 +1,9 @@
-// ktlExport.h - writes devices as KTL items, and a KTL file as text.
+// ktlExport.h - the chief header of this floor: writes devices as KTL items, and a KTL file as text; the reader and the
+// format come with it.
 #pragma once
 
 #include "ktl/ktlFormat.h"
+#include "ktl/ktlReader.h"
 #include "model/XMLParsing.h"
 
 #include <QDateTime>
@@ -132,8 +134,8 @@ str_Info KTL_get_device_objectmoduleInfo(struct_module* module, std::uint32_t in
 
 // ---- Text dump ----
 
-/// Writes the items of a KTL file as text, in hexadecimal words; at most 2000 items, end items included. A size in the
-/// file is not believed: words are shown as far as the file reaches.
+/// Writes the items of a KTL file as text, in hexadecimal words; at most 2000 items, end items included. A word that an
+/// item announces and the file does not hold is shown as 0, up to 65,536 of them: a broken size may announce billions.
 /// @param log          open for writing; not closed
 /// @param ktl          open for reading, read from its start; not closed
 /// @param piErrorCode  set to 0 in any case; may be null
