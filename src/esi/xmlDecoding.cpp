@@ -15,15 +15,17 @@ struct Opening
     bool isMark; ///< a byte order mark, which is no part of the text
 };
 
-/// The longer mark first where one begins like another.
-const std::array<Opening, 7>& openings()
+/// The longer one first where one begins like another.
+const std::array<Opening, 9>& openings()
 {
-    static const std::array<Opening, 7> rows{{
+    static const std::array<Opening, 9> rows{{
         {QByteArrayLiteral("\xEF\xBB\xBF"), "UTF-8", true},
         {QByteArrayLiteral("\xFF\xFE\0\0"), "UTF-32LE", true},
         {QByteArrayLiteral("\0\0\xFE\xFF"), "UTF-32BE", true},
         {QByteArrayLiteral("\xFF\xFE"), "UTF-16LE", true},
         {QByteArrayLiteral("\xFE\xFF"), "UTF-16BE", true},
+        {QByteArrayLiteral("<\0\0\0"), "UTF-32LE", false},
+        {QByteArrayLiteral("\0\0\0<"), "UTF-32BE", false},
         {QByteArrayLiteral("<\0"), "UTF-16LE", false},
         {QByteArrayLiteral("\0<"), "UTF-16BE", false},
     }};

@@ -6,10 +6,10 @@
 #include <QTextCodec>
 
 /// Decodes the bytes of an XML file, as many at a time as its user likes.
-/// The encoding is told by the byte order mark, or else by the declaration, or else it is UTF-8. A mark counts for more
-/// than the declaration: makers of devices ship files that were saved anew under an old declaration. An encoding that
-/// is unknown, or in which the declaration itself would not read as it does ("UTF-16" in a file of single bytes), is
-/// passed over.
+/// The encoding is told by the byte order mark, or else by a first "<" of two or four bytes, or else by the
+/// declaration, or else it is UTF-8. A mark counts for more than the declaration: makers of devices ship files that
+/// were saved anew under an old declaration. An encoding that is unknown, or in which the declaration itself would not
+/// read as it does ("UTF-16" in a file of single bytes), is passed over.
 class XmlDecoder
 {
 public:

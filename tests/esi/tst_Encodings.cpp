@@ -66,6 +66,14 @@ QByteArray fourBytes(const QString& text)
     return bytes;
 }
 
+QByteArray fourBytesBigEndian(const QString& text)
+{
+    QByteArray bytes;
+    for (const QChar c : text)
+        bytes += QByteArray(2, '\0') + bigEndian(QString(c));
+    return bytes;
+}
+
 /// A document in which the text stands in an element and in an attribute.
 QByteArray withText(const QByteArray& text)
 {
@@ -144,6 +152,11 @@ void tst_Encodings::mark_data()
     row("four bytes", fourByteMark, declaredAs("UTF-8"), fourBytes);
     row("little-endian without a mark", {}, declaredAs("UTF-16"), littleEndian);
     row("big-endian without a mark", {}, declaredAs("UTF-16"), bigEndian);
+    row("four bytes without a mark", {}, declaredAs("UTF-32"), fourBytes);
+    row("four bytes without a mark, nothing declared", {}, withText(servo), fourBytes);
+    row("four bytes without a mark against UTF-8", {}, declaredAs("UTF-8"), fourBytes);
+    row("four bytes without a mark, big-endian", {}, declaredAs("UTF-32"), fourBytesBigEndian);
+    row("four bytes without a mark, big-endian, nothing declared", {}, withText(servo), fourBytesBigEndian);
     row("nothing but a mark", utf8Mark, {}, utf8);
     row("nothing but a mark of two bytes", littleMark, {}, utf8);
     row("no byte at all", {}, {}, utf8);
@@ -245,6 +258,9 @@ void tst_Encodings::fromFile_data()
     const QString text = QString::fromLatin1(declaring("UTF-8")) + "\r\n" + withText(servo);
     QTest::addRow("little-endian against UTF-8") << "\xFF\xFE" + littleEndian(text);
     QTest::addRow("big-endian against UTF-8") << "\xFE\xFF" + bigEndian(text);
+    QTest::addRow("four bytes without a mark, more than is read at a time")
+        << fourBytes("<!--" + QString(40000, 'x') + "-->" + withText(servo));
+    QTest::addRow("four bytes without a mark, big-endian") << fourBytesBigEndian(text);
 }
 
 /// A file of two bytes per character has line ends that are no CR LF in its bytes, and bytes 0x0D that are no line
