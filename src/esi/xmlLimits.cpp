@@ -3,6 +3,7 @@
 #include <QLatin1String>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -115,13 +116,22 @@ int nestedReferencesIn(const QString& declaration)
     return declaration.count(reference);
 }
 
-/// Position of the reference that is one too many; -1 if there is none. References to single characters don't count.
+/// Whether the reference at a position is to a character, by number or by name. The parser takes the five names for
+/// these characters whatever a declaration makes of them, so none of them can stand for more.
+bool isCharacterReference(const QString& text, int position)
+{
+    static const std::array references{QLatin1String("&#"),   QLatin1String("&amp;"),  QLatin1String("&lt;"),
+                                       QLatin1String("&gt;"), QLatin1String("&quot;"), QLatin1String("&apos;")};
+    return std::any_of(references.begin(), references.end(),
+                       [&](QLatin1String reference) { return isAt(text, position, reference); });
+}
+
+/// Position of the reference that is one too many; -1 if there is none.
 int positionOfReferenceTooMany(const QString& text, int start)
 {
     int count = 0;
     for (int position = start; (position = text.indexOf(QLatin1Char('&'), position)) >= 0; ++position) {
-        const bool isCharacter = isAt(text, position, QLatin1String("&#"));
-        count += isCharacter ? 0 : 1;
+        count += isCharacterReference(text, position) ? 0 : 1;
         if (count > mostReferences)
             return position;
     }

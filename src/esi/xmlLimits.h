@@ -54,7 +54,8 @@ inline constexpr int longestDocumentType = 4096;
 
 /// Most references to entities inside document type declarations, and most in a file that declares entities itself.
 /// Each of those inside may multiply what one in the text stands for: the longest text that a small file can make of
-/// itself is the product of both and of the length of the declaration.
+/// itself is the product of both and of the length of the declaration. A reference in the text to a character, by its
+/// number or by one of the five predefined names, stands for that character alone and does not count.
 inline constexpr int mostNestedReferences = 4;
 inline constexpr int mostReferences = 250;
 

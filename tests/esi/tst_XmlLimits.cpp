@@ -29,6 +29,8 @@ private slots:
     static void references_data();
     static void references();
     static void placeOfReference();
+    static void declaredAgain_data();
+    static void declaredAgain();
     static void entitiesWithinTheLimits();
     static void externalEntitiesStayEmpty_data();
     static void externalEntitiesStayEmpty();
@@ -256,10 +258,18 @@ void tst_XmlLimits::references_data()
     QTest::addColumn<QString>("message");
     const QString declaring = QStringLiteral("<!DOCTYPE a [<!ENTITY x 'y'>]>");
     const QString mostTimes = QStringLiteral("&x;").repeated(250);
+    const QString predefined = QStringLiteral("&amp;&lt;&gt;&quot;&apos;").repeated(1000);
     QTest::addRow("most") << declaring + "<a>" + mostTimes + "</a>" << QString();
     QTest::addRow("one more") << declaring + "<a>" + mostTimes + "&x;</a>" << tooManyReferences;
     QTest::addRow("one more in an attribute") << declaring + "<a k='&x;'>" + mostTimes + "</a>" << tooManyReferences;
-    QTest::addRow("one more that is predefined") << declaring + "<a>" + mostTimes + "&amp;</a>" << tooManyReferences;
+    QTest::addRow("predefined ones don't count")
+        << declaring + "<a k='" + predefined + "'>" + mostTimes + predefined + "</a>" << QString();
+    QTest::addRow("one more among predefined ones")
+        << declaring + "<a>" + predefined + mostTimes + predefined + "&x;</a>" << tooManyReferences;
+    QTest::addRow("one that begins like a predefined one counts")
+        << declaring + "<a>" + mostTimes + "&amplifier;</a>" << tooManyReferences;
+    QTest::addRow("one that is predefined in small letters only counts")
+        << declaring + "<a>" + mostTimes + "&AMP;</a>" << tooManyReferences;
     QTest::addRow("characters don't count") << declaring + "<a>" + mostTimes + "&#65;&#x41;</a>" << QString();
     QTest::addRow("those inside the declaration count for themselves")
         << "<!DOCTYPE a [<!ENTITY x 'y'><!ENTITY z '&x;&x;&x;&x;'>]><a>" + mostTimes + "</a>" << QString();
@@ -288,6 +298,36 @@ void tst_XmlLimits::placeOfReference()
     QVERIFY(!result.isRead);
     QCOMPARE(result.error.line, 2 + 250 + 1);
     QCOMPARE(result.error.column, 3);
+}
+
+void tst_XmlLimits::declaredAgain_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("character");
+    QTest::addRow("amp") << "amp"
+                         << "&";
+    QTest::addRow("lt") << "lt"
+                        << "<";
+    QTest::addRow("gt") << "gt"
+                        << ">";
+    QTest::addRow("quot") << "quot"
+                          << "\"";
+    QTest::addRow("apos") << "apos"
+                          << "'";
+}
+
+/// A predefined name does not count since it stands for its character alone, whatever the file declares it to be.
+void tst_XmlLimits::declaredAgain()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, character);
+    const QString reference = '&' + name + ';';
+    const Parsed result =
+        parsed("<!DOCTYPE a [<!ENTITY " + name + " 'long text'><!ENTITY x '" + reference + "'>]><a k=\""
+               + reference.repeated(300) + "\">" + reference.repeated(300) + "&x;</a>");
+    QVERIFY2(result.isRead, qPrintable(result.error.message));
+    QCOMPARE(result.document.documentElement().attribute(QStringLiteral("k")), character.repeated(300));
+    QCOMPARE(result.document.documentElement().text(), character.repeated(301));
 }
 
 void tst_XmlLimits::entitiesWithinTheLimits()
