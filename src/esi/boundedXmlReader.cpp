@@ -72,7 +72,7 @@ public:
         m_depth += 1;
         return holds(m_depth <= deepestNesting, "elements are nested deeper than %1", deepestNesting)
                && holds(attributes.count() <= mostAttributes, "an element has more than %1 attributes", mostAttributes)
-               && multipliesLittle(localName) && standsInFewDevices(qualifiedName) && hasRoomFor(1 + attributes.count())
+               && multipliesLittle(localName) && standsInFewDevices(localName) && hasRoomFor(1 + attributes.count())
                && m_builder->startElement(namespaceUri, localName, qualifiedName, attributes);
     }
     bool endElement(const QString& namespaceUri, const QString& localName, const QString& qualifiedName) override
@@ -82,7 +82,7 @@ public:
         m_depth -= 1;
         for (OpenElements* elements : {&m_devices, &m_slots, &m_groups})
             elements->leave(localName);
-        m_deviceParents -= mayHoldSections(qualifiedName) ? 1 : 0;
+        m_deviceParents -= mayHoldSections(localName) ? 1 : 0;
         return m_builder->endElement(namespaceUri, localName, qualifiedName);
     }
     bool characters(const QString& text) override
@@ -140,13 +140,10 @@ private:
     }
 
     /// As the walk over the document asks for the parents of sections.
-    static bool mayHoldSections(const QString& qualifiedName)
+    static bool mayHoldSections(const QString& name) { return name.contains(QLatin1String("Device")); }
+    bool standsInFewDevices(const QString& name)
     {
-        return qualifiedName.contains(QLatin1String("Device"));
-    }
-    bool standsInFewDevices(const QString& qualifiedName)
-    {
-        m_deviceParents += mayHoldSections(qualifiedName) ? 1 : 0;
+        m_deviceParents += mayHoldSections(name) ? 1 : 0;
         return holds(m_deviceParents <= mostDeviceParents,
                      "more than %1 elements with \"Device\" in their names stand in each other", mostDeviceParents);
     }

@@ -99,6 +99,10 @@ void tst_NodeLimits::deviceParents_data()
     QTest::addRow("up to the limit") << "<Name><aDevice>%1</aDevice></Name>" << 16 << true;
     QTest::addRow("one more") << "<Name><aDevice>%1</aDevice></Name>" << 17 << false;
     QTest::addRow("beside each other") << "<xDevices/><xDevices/>%1" << 100 << true;
+    QTest::addRow("in a prefix") << "<Device:Name xmlns:Device='urn:d'>%1</Device:Name>" << 100 << true;
+    QTest::addRow("in a prefix that is not declared") << "<Device:Name>%1</Device:Name>" << 100 << true;
+    QTest::addRow("one more behind a prefix") << "<d:aDevice xmlns:d='urn:d'>%1</d:aDevice>" << 17 << false;
+    QTest::addRow("one more behind a prefix that is not declared") << "<d:aDevice>%1</d:aDevice>" << 17 << false;
     QTest::addRow("other names") << "<Name><device>%1</device></Name>" << 100 << true;
 }
 
