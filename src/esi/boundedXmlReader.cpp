@@ -1,6 +1,7 @@
 #include "esi/boundedXmlReader.h"
 
 #include "esi/exactName.h"
+#include "esi/groupNameCount.h"
 #include "esi/xmlFileSource.h"
 #include "esi/xmlLimits.h"
 
@@ -79,19 +80,17 @@ public:
     {
         if (!m_moduleLists.empty() && m_moduleLists.back() == m_depth)
             m_moduleLists.pop_back();
+        m_groupNames.leave(m_depth);
         m_depth -= 1;
-        for (OpenElements* elements : {&m_devices, &m_slots, &m_groups})
+        for (OpenElements* elements : {&m_devices, &m_slots})
             elements->leave(localName);
         m_deviceParents -= mayHoldSections(localName) ? 1 : 0;
         return m_builder->endElement(namespaceUri, localName, qualifiedName);
     }
     bool characters(const QString& text) override
     {
-        if (m_groups.open() > 0)
-            m_lengthOfGroupNames += text.size();
-        return holds(m_lengthOfGroupNames <= longestGroupNames,
-                     "the names of the slot groups are longer than %1 characters", longestGroupNames)
-               && hasRoomForText() && m_builder->characters(text);
+        m_groupNames.addText(text.size(), readers());
+        return hasRoomForGroupNames() && hasRoomForText() && m_builder->characters(text);
     }
     bool ignorableWhitespace(const QString& text) override { return m_builder->ignorableWhitespace(text); }
     bool processingInstruction(const QString& target, const QString& data) override
@@ -128,15 +127,25 @@ private:
     /// Whether an element that begins stands in few of those that count its content for themselves.
     bool multipliesLittle(const QString& name)
     {
-        if (m_slots.enter(name) && m_slots.open() == 1)
-            m_lengthOfGroupNames = 0;
-        m_deviceCount += m_devices.enter(name) ? 1 : 0;
-        m_groups.enter(name);
+        if (m_slots.open() > 0)
+            m_groupNames.enter(name, m_depth, readers());
+        m_slots.enter(name);
+        if (m_devices.enter(name)) {
+            m_deviceCount += 1;
+            if (m_devices.open() == 1)
+                m_groupNames.enterDevice();
+        }
         return holds(m_devices.open() <= mostInEachOther, "more than %1 devices stand in each other", mostInEachOther)
                && holds(m_slots.open() <= mostInEachOther, "more than %1 lists of slots stand in each other",
                         mostInEachOther)
                && holds(m_deviceCount <= mostDevices, "the file has more than %1 devices", mostDevices)
-               && hasRoomForModule(name);
+               && hasRoomForModule(name) && hasRoomForGroupNames();
+    }
+    bool hasRoomForGroupNames()
+    {
+        return holds(m_groupNames.isWithinLimit(),
+                     "the names of the slot groups add more than %1 characters to the names of the slots",
+                     maxGroupNameCopies);
     }
 
     /// As the walk over the document asks for the parents of sections.
@@ -189,8 +198,7 @@ private:
     int m_depth = 0;
     OpenElements m_devices{QLatin1String("Device")};
     OpenElements m_slots{QLatin1String("Slots")};
-    OpenElements m_groups{QLatin1String("SlotGroupData")};
-    qint64 m_lengthOfGroupNames = 0; ///< in the outermost list of slots
+    GroupNameCount m_groupNames;
     QSet<QString> m_prefixes;
     QString m_brokenLimit; ///< empty as long as all limits hold
     bool m_sawSkippedEntity = false;

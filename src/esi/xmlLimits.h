@@ -44,9 +44,10 @@ inline constexpr int mostInEachOther = 8;
 /// stands in such an element may be a section of a device, and the text of a section is that of all elements in it.
 inline constexpr int mostDeviceParents = 16;
 
-/// Longest names of slot groups in one `Slots` element, in characters, all of them together. ESI files reach about 100.
-/// They are added to the name of every slot of the group.
-inline constexpr int longestGroupNames = 4096;
+/// Most characters that the names of slot groups may add to the names of slots, counted by `GroupNameCount`. ESI files
+/// reach about 100. Each name goes to every slot of its group, so a small file could ask for more than any memory
+/// holds.
+inline constexpr int maxGroupNameCopies = 64 * 1024 * 1024;
 
 /// Longest document type declaration, in characters. ESI files have none. The parser descends into each parenthesis of
 /// a content model, and goes through all entities again for each that is declared.

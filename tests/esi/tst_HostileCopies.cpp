@@ -27,6 +27,8 @@ private slots:
     static void besideEachOther();
     static void groupNames_data();
     static void groupNames();
+    static void groupNamesInTwoLanguages();
+    static void manyListsOfSlots();
     static void manySyncManagersAndPdos();
     static void cleanupTestCase();
 };
@@ -195,28 +197,85 @@ void tst_HostileCopies::besideEachOther()
 
 void tst_HostileCopies::groupNames_data()
 {
-    QTest::addColumn<QByteArray>("groups");
+    QTest::addColumn<QByteArray>("content"); // of the device
     QTest::addColumn<bool>("isRead");
-    const auto group = [](int length) {
-        return "<SlotGroupData SlotGroup='1'><Name>" + QByteArray(length, 'x') + "</Name></SlotGroupData>";
+    const auto text = [](int length) { return QByteArray(length, 'x'); };
+    const auto name = [&](int length) { return "<Name>" + text(length) + "</Name>"; };
+    const auto group = [](const QByteArray& content) {
+        return "<SlotGroupData SlotGroup='1'>" + content + "</SlotGroupData>";
     };
-    QTest::addRow("longest name") << group(longestGroupNames) << true;
-    QTest::addRow("one character too long") << group(longestGroupNames + 1) << false;
-    QTest::addRow("several names that are too long together") << group(1000).repeated(5) << false;
-    QTest::addRow("as many in another list of slots")
-        << group(3000) + "</Slots><Slots>" + group(3000) + "<Slot SlotGroup='1'/>" << true;
-    QTest::addRow("lists of slots inside of one") << ("<Slots>" + group(3000) + "</Slots>").repeated(2) << false;
-    QTest::addRow("a long text beside the groups") << "<Name>" + QByteArray(100000, 'x') + "</Name>" << true;
+    const auto inSlots = [](const QByteArray& content) { return "<Slots>" + content + "</Slots>"; };
+    const QByteArray slot = "<Slot SlotGroup='1'/>";
+    const QByteArray manySlots = slot.repeated(1024); // so 65536 characters are left, 3 of them for an arrow
+    QTest::addRow("longest name") << inSlots(manySlots + group(name(65533))) << true;
+    QTest::addRow("one character too long") << inSlots(manySlots + group(name(65534))) << false;
+    QTest::addRow("one slot too many") << inSlots(slot + manySlots + group(name(65533))) << false;
+    QTest::addRow("the slots behind the names") << inSlots(group(name(65534)) + manySlots) << false;
+    QTest::addRow("several names") << inSlots(manySlots + group(name(4093)).repeated(16)) << true;
+    QTest::addRow("several names that are too long together")
+        << inSlots(manySlots + group(name(4093)).repeated(15) + group(name(4094))) << false;
+    QTest::addRow("arrows alone") << inSlots(manySlots + group(name(0).repeated(21845))) << true; // 65535 characters
+    QTest::addRow("too many arrows") << inSlots(manySlots + group(name(0).repeated(21846))) << false;
+    QTest::addRow("an element in the name is part of it")
+        << inSlots(manySlots + group("<Name>" + text(65532) + "<b>xx</b></Name>")) << false;
+    const auto nameInName = [&](int length) { // two arrows, this text, and twice that of the inner name
+        return group("<Name>" + group(name(32761)) + text(length) + "</Name>");
+    };
+    QTest::addRow("a name in a group in the name is part of both") << inSlots(manySlots + nameInName(8)) << true;
+    QTest::addRow("a name in a group in the name is too long in both") << inSlots(manySlots + nameInName(9)) << false;
+    QTest::addRow("in another list of slots") << inSlots(manySlots) + inSlots(group(name(65534))) << false;
+    QTest::addRow("lists of slots in each other, of which each reads the name and the slots")
+        << inSlots("<aDevice>" + inSlots(slot.repeated(256) + group(name(65533))) + "</aDevice>") << true;
+    QTest::addRow("lists of slots in each other with a name too long")
+        << inSlots("<aDevice>" + inSlots(slot.repeated(256) + group(name(65534))) + "</aDevice>") << false;
+    QTest::addRow("two devices") << inSlots(manySlots + group(name(32765))) + "</Device><Device>"
+                                        + inSlots(manySlots + group(name(32765)))
+                                 << true;
+    QTest::addRow("two devices with names that are too long together")
+        << inSlots(manySlots + group(name(32765))) + "</Device><Device>" + inSlots(manySlots + group(name(32766)))
+        << false;
+    QTest::addRow("names without slots") << inSlots(group(name(1000000))).repeated(10) << true;
+    QTest::addRow("a long text in a group beside its name")
+        << inSlots(manySlots + group(name(10) + "<ImageData16x14>" + text(100000) + "</ImageData16x14>")) << true;
+    QTest::addRow("a long text beside the groups") << inSlots(manySlots + name(100000)) << true;
+    QTest::addRow("a long name of a slot") << inSlots(manySlots + "<Slot>" + name(100000) + "</Slot>") << true;
 }
 
+/// The names of the groups of a device, times its slots, make 64 Mi characters at most.
 void tst_HostileCopies::groupNames()
 {
-    QFETCH(QByteArray, groups);
+    QFETCH(QByteArray, content);
     QFETCH(bool, isRead);
-    const Ending ending = load(inDevice("<Slots>" + groups + "<Slot SlotGroup='1'/></Slots>"));
+    const Ending ending = load(inDevice(content));
+    QCOMPARE(ending.error.message, isRead ? QString()
+                                          : QStringLiteral("the names of the slot groups add more than 67108864 "
+                                                           "characters to the names of the slots"));
     QVERIFY(ending.status == (isRead ? EsiLoadStatus::Loaded : EsiLoadStatus::NotWellFormed));
-    QCOMPARE(ending.error.message,
-             isRead ? QString() : QStringLiteral("the names of the slot groups are longer than 4096 characters"));
+}
+
+/// A large device as somebody might build it.
+void tst_HostileCopies::groupNamesInTwoLanguages()
+{
+    const QByteArray slot = "<Slot SlotGroup='%1'><Name>S</Name></Slot>";
+    const QByteArray group = "<SlotGroupData SlotGroup='%1'><Name LcId='1033'>Group %1 of the distributed "
+                             "inputs</Name><Name LcId='2052'>\xE7\xAC\xAC %1 \xE7\xBB\x84</Name><ImageData16x14>"
+                             + QByteArray(1000, '0') + "</ImageData16x14></SlotGroupData>";
+    QVERIFY(load(inDevice("<Slots>" + numbered(slot + slot, 1, 160) + numbered(group, 1, 160) + "</Slots>")).status
+            == EsiLoadStatus::Loaded);
+    QCOMPARE(loadedDevice().Slots.vslot.size(), std::size_t{320});
+    QCOMPARE(QString::fromStdString(loadedDevice().Slots.vslot[319].Name),
+             QStringLiteral("S-->Group 160 of the distributed inputs-->第 160 组"));
+}
+
+/// A list without groups asks nothing of the slots that came before.
+void tst_HostileCopies::manyListsOfSlots()
+{
+    const int count = sized(200000);
+    QVERIFY(load(inDevice("<Slots>" + QByteArray("<Slot/>").repeated(count) + "</Slots>"
+                          + QByteArray("<Slots/>").repeated(count)))
+                .status
+            == EsiLoadStatus::Loaded);
+    QCOMPARE(loadedDevice().Slots.vslot.size(), static_cast<std::size_t>(count));
 }
 
 /// Sync managers and PDOs in numbers that have nothing to do with each other.

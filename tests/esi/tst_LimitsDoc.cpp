@@ -41,9 +41,11 @@ const std::vector<Limit>& allLimits()
         {"mostPrefixes", mostPrefixes, "different namespace prefixes"},
         {"mostInEachOther", mostInEachOther, "elements `Device` inside each other, and elements `Slots`"},
         {"mostDeviceParents", mostDeviceParents, "elements with \"Device\" in their names inside each other"},
-        {"longestGroupNames", longestGroupNames, "names of the slot groups in one element `Slots`, all together"},
+        {"maxGroupNameCopies", maxGroupNameCopies,
+         "names of the slot groups of a device, once for each of its slots; all devices together"},
         {"longestDocumentType", longestDocumentType, "document type declaration"},
-        {"mostNestedReferences", mostNestedReferences, "references to entities in the document type declaration"},
+        {"mostNestedReferences", mostNestedReferences,
+         "references to entities in the document type declaration, predefined ones too"},
         {"mostReferences", mostReferences, "references to entities in a file that declares entities itself"},
         {"mostCopiedBytes", mostCopiedBytes,
          "what is made of a file: samples of oversampled PDOs, default modules in their slots, and the startup "

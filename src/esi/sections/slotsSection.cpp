@@ -114,6 +114,8 @@ void nameSlotsByGroup(std::vector<struct_Slot>& allSlots, const std::vector<QDom
     GroupTails tails;
     for (const QDomElement& group : groups)
         addTail(tails, group);
+    if (tails.empty()) // or a device with many lists of slots would go through all its slots for each
+        return;
     for (struct_Slot& slot : allSlots)
         if (const auto tail = tails.find(slot.Attributes.m_SlotGroup); tail != tails.end())
             slot.Name += tail->second;
