@@ -31,6 +31,10 @@ private slots:
     static void unknownSyncManager();
     static void samples_data();
     static void samples();
+    static void sampleSlots_data();
+    static void sampleSlots();
+    static void sampleRanges_data();
+    static void sampleRanges();
 };
 
 namespace {
@@ -227,6 +231,47 @@ void tst_EsiFile::samples()
     for (const struct_EtherCatDevice& device : g_xmlfiledevices[0].device) {
         QVERIFY(!device.Name.empty());
         QVERIFY(device.TypeAttributes.Product_Code != 0);
+    }
+}
+
+void tst_EsiFile::sampleSlots_data()
+{
+    samples_data();
+}
+
+/// The schema of ESI files lets a slot name the idents or the classes of its modules, not both.
+void tst_EsiFile::sampleSlots()
+{
+    QFETCH(QString, path);
+    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
+    const QDomNodeList allSlots = domDocument.elementsByTagName(QStringLiteral("Slot"));
+    for (int index = 0; index < allSlots.size(); ++index) {
+        const QDomElement slot = allSlots.at(index).toElement();
+        const bool hasIdent = !slot.firstChildElement(QStringLiteral("ModuleIdent")).isNull();
+        const bool hasClass = !slot.firstChildElement(QStringLiteral("ModuleClass")).isNull();
+        QVERIFY2(hasIdent != hasClass, qPrintable(QStringLiteral("line %1").arg(slot.lineNumber())));
+    }
+}
+
+void tst_EsiFile::sampleRanges_data()
+{
+    samples_data();
+}
+
+/// The schema of ESI files wants the numbers of an oversampling range in decimal.
+void tst_EsiFile::sampleRanges()
+{
+    QFETCH(QString, path);
+    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
+    for (const char* tag : {"RxPdo", "TxPdo"}) {
+        const QDomNodeList pdos = domDocument.elementsByTagName(QLatin1String(tag));
+        for (int index = 0; index < pdos.size(); ++index)
+            for (const char* name : {"OSFac", "OSMin", "OSMax", "OSIndexInc"}) {
+                const QDomElement pdo = pdos.at(index).toElement();
+                bool isDecimal = false;
+                static_cast<void>(pdo.attribute(QLatin1String(name), QStringLiteral("0")).toInt(&isDecimal));
+                QVERIFY2(isDecimal, qPrintable(QStringLiteral("line %1").arg(pdo.lineNumber())));
+            }
     }
 }
 
