@@ -10,7 +10,8 @@ namespace {
 
 constexpr int mostItems = 2000;
 
-/// Words that the file does not hold are shown for an item up to this number.
+/// Words that the file does not hold are shown for an item up to this number: the size of a broken item may announce
+/// billions of them.
 constexpr std::int32_t maxMissingWords = 65536;
 
 /// Writes the name of an item; a code without one, and the end item too, leaves a gap.
@@ -39,8 +40,7 @@ void dumpMissingWords(std::FILE* log, std::int32_t words)
 }
 
 /// Writes the words of an item after its head. A word that the file does not hold is 0, and of one that the file ends
-/// in, the missing bytes are 0. The size of a broken item may announce billions of words, so no more than
-/// `maxMissingWords` are filled in. A last part of less than four bytes before the announced end stays unread.
+/// in, the missing bytes are 0. A last part of less than four bytes before the announced end stays unread.
 /// @return  whether the file holds all that the item announces
 bool dumpWords(std::FILE* log, std::FILE* ktl, std::int32_t itemSize)
 {
