@@ -63,7 +63,7 @@ private slots:
     str_InitCmd device_downloadslotcfg(str_Slot* slot);
     void device_module_display();
     int device_datatypeSize(const std::string& type);
-    str_Info device_objectInfo(std::uint32_t index, std::uint32_t subIndex);
+    str_Info device_objectInfo(uint32_t index, uint32_t subIndex);
     void device_datatypeScan(const QString& indexstr, const std::string& type, QTreeWidgetItem* item);
     void device_CoE_display();
     void device_sm_clicked(const QModelIndex& index);

@@ -18,7 +18,7 @@ int MainWindow::device_datatypeSize(const std::string& type)
     return DictionaryIndex(dictionary.vdatatype, dictionary.vobject).sizeOfDataType(type);
 }
 
-str_Info MainWindow::device_objectInfo(std::uint32_t index, std::uint32_t subIndex)
+str_Info MainWindow::device_objectInfo(uint32_t index, uint32_t subIndex)
 {
     const DeviceDictionary& dictionary = selectedDictionary();
     return DictionaryIndex(dictionary.vdatatype, dictionary.vobject).objectInfo(index, subIndex);

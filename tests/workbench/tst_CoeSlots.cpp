@@ -100,7 +100,7 @@ void tst_CoeSlots::pastTheListsIsARangeError()
         callSlot(*m_window, "device_datatypeSize", Q_RETURN_ARG(int, size), Q_ARG(std::string, simpleType)),
         std::out_of_range);
     QVERIFY_EXCEPTION_THROWN(callSlot(*m_window, "device_objectInfo", Q_RETURN_ARG(str_Info, info),
-                                      Q_ARG(std::uint32_t, 0x1000), Q_ARG(std::uint32_t, 0)),
+                                      Q_ARG(uint32_t, 0x1000), Q_ARG(uint32_t, 0)),
                              std::out_of_range);
     QVERIFY_EXCEPTION_THROWN(callSlot(*m_window, "device_datatypeScan", Q_ARG(QString, "0x1000:%1"),
                                       Q_ARG(std::string, simpleType), Q_ARG(QTreeWidgetItem*, &item)),
@@ -118,11 +118,11 @@ void tst_CoeSlots::lookUpsBySlot()
     QVERIFY(callSlot(*m_window, "device_datatypeSize", Q_RETURN_ARG(int, size), Q_ARG(std::string, "REAL")));
     QCOMPARE(size, 0);
     str_Info info;
-    QVERIFY(callSlot(*m_window, "device_objectInfo", Q_RETURN_ARG(str_Info, info), Q_ARG(std::uint32_t, 0x1018),
-                     Q_ARG(std::uint32_t, 1)));
+    QVERIFY(callSlot(*m_window, "device_objectInfo", Q_RETURN_ARG(str_Info, info), Q_ARG(uint32_t, 0x1018),
+                     Q_ARG(uint32_t, 1)));
     QCOMPARE(info.DefaultValue, 4U);
-    QVERIFY(callSlot(*m_window, "device_objectInfo", Q_RETURN_ARG(str_Info, info), Q_ARG(std::uint32_t, 0x1018),
-                     Q_ARG(std::uint32_t, 2)));
+    QVERIFY(callSlot(*m_window, "device_objectInfo", Q_RETURN_ARG(str_Info, info), Q_ARG(uint32_t, 0x1018),
+                     Q_ARG(uint32_t, 2)));
     QCOMPARE(info.DefaultValue, 0U);
 }
 

@@ -103,19 +103,11 @@ void tst_MainWindowSlots::slotIsOffered_data()
             << QByteArray(slot.signature) << QByteArray(slot.result) << slot.isProtected;
 }
 
-/// The types of a method, however its declaration spells them.
-static QByteArray plainSignature(const QMetaMethod& method)
-{
-    QByteArray signature = method.methodSignature();
-    signature.replace("std::uint32_t", "uint32_t").replace("struct_Slot*", "str_Slot*");
-    return signature;
-}
-
 static QMetaMethod methodOf(const QByteArray& signature)
 {
     const QMetaObject& metaObject = MainWindow::staticMetaObject;
     for (int index = metaObject.methodOffset(); index < metaObject.methodCount(); ++index)
-        if (plainSignature(metaObject.method(index)) == signature)
+        if (metaObject.method(index).methodSignature() == signature)
             return metaObject.method(index);
     return {};
 }
@@ -137,7 +129,7 @@ void tst_MainWindowSlots::slotsInTheirOrder()
     const QMetaObject& metaObject = MainWindow::staticMetaObject;
     QList<QByteArray> offered;
     for (int index = metaObject.methodOffset(); index < metaObject.methodCount(); ++index)
-        offered.append(plainSignature(metaObject.method(index)));
+        offered.append(metaObject.method(index).methodSignature());
     QList<QByteArray> expected;
     for (const Slot& slot : allSlots)
         expected.append(slot.signature);
