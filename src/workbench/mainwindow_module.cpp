@@ -57,14 +57,14 @@ void cutRows(QStandardItemModel& model, int firstRow)
 
 void MainWindow::device_slots_display()
 {
-    const struct_EtherCatDevice* device = selectedDevice();
+    const struct_EtherCatDevice* device = selectedDeviceInRange();
     if (device == nullptr)
         return;
     removeAllRows(device_slots_model);
     const SlotTable table = slotTableOf(device->Slots);
     for (int overflow = 0; overflow < table.overflows; ++overflow)
         warn(this, tr("slot sum overflow"), tr("Please check xml file"));
-    device = selectedDevice(); // a box has run the event loop
+    device = selectedDeviceInRange(); // a box has run the event loop
     if (device == nullptr)
         return;
     for (const QStringList& row : table.rows)
@@ -77,7 +77,7 @@ void MainWindow::device_slots_display()
 
 void MainWindow::device_module_display()
 {
-    if (selectedDevice() == nullptr)
+    if (selectedDeviceInRange() == nullptr)
         return;
     ui->ModuleTree->clear();
     QList<QTreeWidgetItem*> groups;
@@ -91,7 +91,7 @@ void MainWindow::device_module_display()
 /// Rebuilds what the modules in the slots bring into the device. The tables that show it are cut back first.
 void MainWindow::device_slotmodule_display()
 {
-    struct_EtherCatDevice* const device = selectedDevice();
+    struct_EtherCatDevice* const device = selectedDeviceInRange();
     if (device == nullptr || device->Slots.vslot.empty())
         return;
     cutRows(device_startup_model, startup_model_size);
@@ -103,13 +103,13 @@ void MainWindow::device_slotmodule_display()
 
 void MainWindow::device_modulestartup_generate()
 {
-    if (struct_EtherCatDevice* device = selectedDevice())
+    if (struct_EtherCatDevice* device = selectedDeviceInRange())
         appendModuleStartup(*device, atEditTime);
 }
 
 void MainWindow::device_slot_clicked(const QModelIndex& /*index*/)
 {
-    struct_EtherCatDevice* const device = selectedDevice();
+    struct_EtherCatDevice* const device = selectedDeviceInRange();
     if (device == nullptr)
         return;
     const QModelIndex current = ui->ModuleView->currentIndex();
@@ -149,7 +149,7 @@ bool MainWindow::takesModules(const struct_EtherCatDevice& device)
 
 void MainWindow::on_InsertModule_clicked()
 {
-    struct_EtherCatDevice* device = selectedDevice();
+    struct_EtherCatDevice* device = selectedDeviceInRange();
     if (device == nullptr || !takesModules(*device))
         return;
     if (device->Slots.Attributes.DownloadModuleIdentList)
@@ -159,7 +159,7 @@ void MainWindow::on_InsertModule_clicked()
     if (!warnUnless(place.isValid(), tr("Select valid slot\n"))
         || !warnUnless(moduleIndex.isValid() && moduleIndex.parent().isValid(), tr("Select valid module\n")))
         return;
-    device = selectedDevice(); // a box has run the event loop
+    device = selectedDeviceInRange(); // a box has run the event loop
     if (device == nullptr)
         return;
     const QString refusal = insertModule(*device, place.row(), moduleOf(moduleIndex));
@@ -172,7 +172,7 @@ void MainWindow::on_InsertModule_clicked()
 
 void MainWindow::on_DeleteModule_clicked()
 {
-    struct_EtherCatDevice* const device = selectedDevice();
+    struct_EtherCatDevice* const device = selectedDeviceInRange();
     if (device == nullptr || !takesModules(*device))
         return;
     const QModelIndex place = ui->ModuleView->currentIndex();
@@ -209,7 +209,7 @@ str_InitCmd MainWindow::device_downloadslotcfg(str_Slot* slot)
 {
     constexpr std::uint16_t configuredModules = 0xF030; // object of the list of configured module idents
     str_InitCmd command;
-    const struct_EtherCatDevice* const device = selectedDevice();
+    const struct_EtherCatDevice* const device = selectedDeviceInRange();
     if (device == nullptr || slot == nullptr)
         return command;
     if (device->Slots.Attributes.DownloadModuleIdentList) {

@@ -55,7 +55,7 @@ void MainWindow::on_mpdoContect_delete()
 
 void MainWindow::on_Module_TreeClick(QTreeWidgetItem* /*item*/, int /*column*/)
 {
-    if (selectedDevice() == nullptr)
+    if (selectedDeviceInRange() == nullptr)
         return;
     removeAllRows(device_mpdo_model);
     removeAllRows(device_mpdocontent_model);
@@ -71,7 +71,7 @@ void MainWindow::on_Module_TreeClick(QTreeWidgetItem* /*item*/, int /*column*/)
 void MainWindow::on_mPdoListView_clicked(const QModelIndex& index)
 {
     const QModelIndex current = ui->ModuleTree->currentIndex();
-    if (selectedDevice() == nullptr || !current.isValid() || !current.parent().isValid())
+    if (selectedDeviceInRange() == nullptr || !current.isValid() || !current.parent().isValid())
         return;
     removeAllRows(device_mpdocontent_model);
     visitPdoRow(moduleOf(current), index.row(), [this](const modulePdo& pdo, PdoDirection /*direction*/) {

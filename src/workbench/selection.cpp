@@ -23,6 +23,14 @@ struct_EtherCatDevice* selectedDevice()
     return deviceAt(currentfileindex, currentdeviceindex);
 }
 
+struct_EtherCatDevice* selectedDeviceInRange()
+{
+    if (currentfileindex < 0 || currentdeviceindex < 0)
+        return nullptr;
+    struct_FilenameDevice& file = g_xmlfiledevices.at(static_cast<std::size_t>(currentfileindex));
+    return &file.device.at(static_cast<std::size_t>(currentdeviceindex));
+}
+
 bool selectItem(const QTreeWidget& tree, QTreeWidgetItem* item)
 {
     QTreeWidgetItem* fileItem = item->parent() == nullptr ? item : item->parent();

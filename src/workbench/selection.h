@@ -27,6 +27,11 @@ extern bool g_bpdoMultiplechoice;
 /// The pointer is valid until `g_xmlfiledevices` or its file's device list changes.
 [[nodiscard]] struct_EtherCatDevice* selectedDevice();
 
+/// The selected device, or null if none is selected. For callers to whom a selection past the lists is an error.
+/// The pointer is valid until `g_xmlfiledevices` or its file's device list changes.
+/// @throws std::out_of_range if the selection lies past the lists
+[[nodiscard]] struct_EtherCatDevice* selectedDeviceInRange();
+
 /// Selects what an item of the device tree stands for: items are mapped by position. A device whose own position is not
 /// found leaves its file selected.
 /// @return  false, with the selection unchanged, if the item's file is not in the tree

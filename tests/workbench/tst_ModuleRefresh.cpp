@@ -2,7 +2,11 @@
 // anew, and the command that names the configured modules.
 #include "workbench/moduleTabFixture.h"
 
+#include <QCheckBox>
 #include <QLineEdit>
+
+#include <functional>
+#include <stdexcept>
 
 class tst_ModuleRefresh : public ModuleTabFixture
 {
@@ -10,6 +14,10 @@ class tst_ModuleRefresh : public ModuleTabFixture
 
 private slots:
     void withoutDevice();
+    static void selectionPastTheLists_data();
+    void selectionPastTheLists();
+    void downloadBoxPastTheLists();
+    void tabsAreSafeAfterADeletion();
     void indexesMoveWithThePlace();
     void refreshedTables();
     void orderOfTheRefresh();
@@ -37,6 +45,82 @@ void tst_ModuleRefresh::withoutDevice()
     callSlot(window(), "device_modulestartup_generate");
     QCOMPARE(standingModules(), QString());
     QCOMPARE(modelOf(view("ModuleView")).rowCount(), 3);
+}
+
+static str_InitCmd downloadOf(MainWindow& window, struct_Slot& slot)
+{
+    str_InitCmd command;
+    callSlot(window, "device_downloadslotcfg", Q_RETURN_ARG(str_InitCmd, command), Q_ARG(str_Slot*, &slot));
+    return command;
+}
+
+using Handler = std::function<void(MainWindow&)>;
+Q_DECLARE_METATYPE(Handler)
+
+void tst_ModuleRefresh::selectionPastTheLists_data()
+{
+    QTest::addColumn<Handler>("handler");
+    for (const char* name : {"device_slots_display", "device_module_display", "device_slotmodule_display",
+                             "device_modulestartup_generate", "on_InsertModule_clicked", "on_DeleteModule_clicked"})
+        QTest::addRow("%s", name) << Handler([name](MainWindow& window) { callSlot(window, name); });
+    for (const char* name : {"device_slot_clicked", "on_ModuleView_clicked", "on_mPdoListView_clicked"})
+        QTest::addRow("%s", name) << Handler(
+            [name](MainWindow& window) { callSlot(window, name, Q_ARG(QModelIndex, QModelIndex())); });
+    QTest::addRow("on_Module_TreeClick") << Handler([](MainWindow& window) {
+        callSlot(window, "on_Module_TreeClick", Q_ARG(QTreeWidgetItem*, moduleItem(window, 0, 0)), Q_ARG(int, 0));
+    });
+    QTest::addRow("device_downloadslotcfg") << Handler([](MainWindow& window) {
+        struct_Slot slot;
+        downloadOf(window, slot);
+    });
+}
+
+void tst_ModuleRefresh::selectionPastTheLists()
+{
+    QFETCH(Handler, handler);
+    showCoupler();
+    currentdeviceindex = 1;
+    QVERIFY_EXCEPTION_THROWN(handler(window()), std::out_of_range);
+    currentfileindex = 1;
+    currentdeviceindex = 0;
+    QVERIFY_EXCEPTION_THROWN(handler(window()), std::out_of_range);
+    currentdeviceindex = -1; // no device is selected, wherever the file lies
+    handler(window());
+    currentfileindex = -1;
+    currentdeviceindex = 1;
+    handler(window());
+}
+
+/// The box goes by a selection that stands for a device, and by no other.
+void tst_ModuleRefresh::downloadBoxPastTheLists()
+{
+    showCoupler();
+    currentdeviceindex = 1;
+    part<QCheckBox>(window(), "DownlaodCfg")->click();
+    currentfileindex = 1;
+    part<QCheckBox>(window(), "DownlaodCfg")->click();
+    QVERIFY(!device().Slots.Attributes.DownloadModuleIdentList);
+}
+
+/// The selection stays where it was, past the list now; but the tabs are empty, so that no handler is reached.
+void tst_ModuleRefresh::tabsAreSafeAfterADeletion()
+{
+    showCoupler();
+    insert(0, 0);
+    QVERIFY(callSlot(window(), "device_delete"));
+    QCOMPARE(currentdeviceindex, 0);
+    for (const char* name : {"ModuleView", "ModuleTree", "mPdoListView", "PdoListView", "SyncManagerView"}) {
+        auto* const rows = part<QAbstractItemView>(window(), name);
+        QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, QPoint(20, 10));
+        QTest::keyClick(rows, Qt::Key_Down);
+    }
+    for (const char* name : {"InsertModule", "DeleteModule"})
+        pressButton(window(), name);
+    part<QCheckBox>(window(), "DownlaodCfg")->click();
+    part<QComboBox>(window(), "comboBox_DeviceType")->setCurrentIndex(2);
+    QVERIFY(callSlot(window(), "device_delete"));
+    QCOMPARE(g_xmlfiledevices.size(), std::size_t(1));
+    QVERIFY(g_xmlfiledevices[0].device.empty());
 }
 
 void tst_ModuleRefresh::indexesMoveWithThePlace()
@@ -214,13 +298,6 @@ void tst_ModuleRefresh::moduleIndexFields()
         for (const char* name : {"ConfigModuleEdit", "DetectModuleEdit"})
             QCOMPARE(part<QLineEdit>(window(), name)->isEnabled(), argument != 0);
     }
-}
-
-static str_InitCmd downloadOf(MainWindow& window, struct_Slot& slot)
-{
-    str_InitCmd command;
-    callSlot(window, "device_downloadslotcfg", Q_RETURN_ARG(str_InitCmd, command), Q_ARG(str_Slot*, &slot));
-    return command;
 }
 
 void tst_ModuleRefresh::downloadCommand_data()
