@@ -70,10 +70,12 @@ void MainWindow::on_Module_TreeClick(QTreeWidgetItem* /*item*/, int /*column*/)
 
 void MainWindow::on_mPdoListView_clicked(const QModelIndex& index)
 {
-    const QModelIndex current = ui->ModuleTree->currentIndex();
-    if (selectedDeviceInRange() == nullptr || !current.isValid() || !current.parent().isValid())
+    if (selectedDeviceInRange() == nullptr)
         return;
     removeAllRows(device_mpdocontent_model);
+    const QModelIndex current = ui->ModuleTree->currentIndex();
+    if (!current.isValid() || !current.parent().isValid())
+        return; // a group of modules, or nothing
     visitPdoRow(moduleOf(current), index.row(), [this](const modulePdo& pdo, PdoDirection /*direction*/) {
         ui->label_17->setText(bracketed(indexOf(pdo)));
         appendEntryRows(device_mpdocontent_model, pdo);

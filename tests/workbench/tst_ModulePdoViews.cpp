@@ -27,6 +27,7 @@ private slots:
     void closingRow();
     void pdoWithoutEntries();
     void rowPastTheLists();
+    static void listWithoutModule_data();
     void listWithoutModule();
     void withoutDevice();
     void anotherDeviceEmptiesTheTables();
@@ -212,13 +213,23 @@ void tst_ModulePdoViews::rowPastTheLists()
     QCOMPARE(labelText(window(), "label_17"), QStringLiteral("(0x1600)"));
 }
 
+void tst_ModulePdoViews::listWithoutModule_data()
+{
+    QTest::addColumn<bool>("groupIsCurrent");
+    QTest::addRow("a group of modules is current") << true;
+    QTest::addRow("nothing is current") << false;
+}
+
 void tst_ModulePdoViews::listWithoutModule()
 {
+    QFETCH(bool, groupIsCurrent);
     showModule(moduleWithPdos("first", 1));
-    moduleTree(window()).setCurrentItem(moduleItem(window(), 0)); // by the keyboard: the tables stay
     clickRow(pdos(), 0);
+    QCOMPARE(modelOf(entries()).rowCount(), 3);
+    moduleTree(window()).setCurrentItem(groupIsCurrent ? moduleItem(window(), 0) : nullptr); // the tables stay
+    clickRow(pdos(), 1);
     QCOMPARE(modelOf(entries()).rowCount(), 0);
-    QCOMPARE(labelText(window(), "label_17"), QString());
+    QCOMPARE(labelText(window(), "label_17"), QStringLiteral("(0x1600)"));
 }
 
 void tst_ModulePdoViews::withoutDevice()
