@@ -54,8 +54,13 @@ void MainWindow::connectActions()
 void MainWindow::connectDeviceTree()
 {
     connect(ui->DeviceTree, &QTreeWidget::customContextMenuRequested, this, &MainWindow::slotCustomContextMenu);
-    // The click that toggles a check box also selects the item. The order of the two connections is the order in which
-    // they run: first the item is shown, then its check state spreads.
+    // The click that toggles a check box also selects the item. The order of the connections is the order in which they
+    // run: first the item becomes the current one, which the view leaves out for a check box; then it is shown, for
+    // which a changed device type goes by the current item; then its check state spreads.
+    connect(ui->DeviceTree, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
+        if (ui->DeviceTree->currentItem() != item)
+            ui->DeviceTree->setCurrentItem(item);
+    });
     connect(ui->DeviceTree, &QTreeWidget::itemClicked, this, &MainWindow::device_information_display);
     connect(ui->DeviceTree, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
         device_checked_updata(item);

@@ -1,7 +1,10 @@
-// How check states spread in the device tree.
+// The check boxes of the device tree: a click on one selects its item, and its state spreads.
+#include "workbench/editorParts.h"
 #include "workbench/mainwindow.h"
 #include "workbench/modelBuilders.h"
-#include "workbench/windowParts.h"
+#include "workbench/viewParts.h"
+
+#include <QComboBox>
 
 #include <memory>
 
@@ -19,6 +22,9 @@ private slots:
     void partialFileClickedToFullFillsItsDevices();
     void clickOnTheTextOfAPartialFileKeepsItsDevices();
     void clickSelectsBeforeItSpreads();
+    static void checkBoxSelects_data();
+    void checkBoxSelects();
+    void checkBoxUnderTheAdvice();
     static void pushDown_data();
     void pushDown();
     static void upwards_data();
@@ -29,6 +35,9 @@ private slots:
 private:
     /// States of a file and of its devices.
     [[nodiscard]] QVector<int> states(int file) const;
+    /// Loads a file with a single drive "A" and a device "B" of a type and with four axes.
+    void loadTwoTypes(int typeOfB) const;
+    [[nodiscard]] QString text(const char* name) const { return part<QLineEdit>(*m_window, name)->text(); }
     /// Adds items with these states under an item, or as files. @return  the last of them
     QTreeWidgetItem* add(QTreeWidgetItem* parent, const QVector<int>& states) const;
 
@@ -41,6 +50,8 @@ void tst_DeviceTreeChecks::init()
     g_xmlfiledevices = {fileWith("a.xml", {"A1", "A2", "A3"}), fileWith("b.xml", {"B1", "B2"})};
     m_window = std::make_unique<MainWindow>();
     showWindow(*m_window);
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    openTab(*m_window, "tab");
     m_window->DeviceDisplayUpdate();
 }
 
@@ -124,6 +135,68 @@ void tst_DeviceTreeChecks::clickSelectsBeforeItSpreads()
     QCOMPARE(states(1), QVector<int>({0, 0, 0}));
     clickCheckBox(*m_window, treeItem(*m_window, 1, 1));
     QCOMPARE(currentdeviceindex, 1);
+}
+
+void tst_DeviceTreeChecks::loadTwoTypes(int typeOfB) const
+{
+    g_xmlfiledevices = {fileWith("a.xml", {})};
+    g_xmlfiledevices[0].device = {deviceOfType(1, "A"), deviceOfType(typeOfB, "B")};
+    for (struct_EtherCatDevice& device : g_xmlfiledevices[0].device)
+        device.TypeAttributes.type = device.Name;
+    g_xmlfiledevices[0].device[0].m_iDriveAxies = 1;
+    g_xmlfiledevices[0].device[1].m_iDriveAxies = 4;
+    m_window->DeviceDisplayUpdate();
+}
+
+void tst_DeviceTreeChecks::checkBoxSelects_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addRow("another device was clicked") << "device";
+    QTest::addRow("the name of the file was clicked") << "file";
+    QTest::addRow("nothing was clicked since the file was opened") << "nothing";
+    QTest::addRow("another device was deleted") << "deletion";
+}
+
+/// A device of another type than the one before: its entry of the list changes, which shows the current item anew.
+void tst_DeviceTreeChecks::checkBoxSelects()
+{
+    QFETCH(QString, before);
+    loadTwoTypes(2);
+    if (before != "nothing")
+        clickItem(*m_window, treeItem(*m_window, 0, before == "file" ? -1 : 0));
+    if (before == "deletion")
+        QTest::keyClick(deviceTree(*m_window), Qt::Key_Delete);
+    const int position = before == "deletion" ? 0 : 1;
+    QTreeWidgetItem* const item = treeItem(*m_window, 0, position);
+    clickCheckBox(*m_window, item);
+    QCOMPARE(stateOf(item), 0);
+    QCOMPARE(deviceTree(*m_window)->currentItem(), item);
+    QCOMPARE(currentdeviceindex, position);
+    QCOMPARE(text("TypeEdit"), QStringLiteral("B"));
+    QCOMPARE(part<QComboBox>(*m_window, "comboBox_DeviceType")->currentIndex(), 2);
+    QCOMPARE(text("DriveAxies"), QStringLiteral("0x4"));
+    typeInto(*m_window, "DriveAxies", "6");
+    QTest::keyClick(part<QLineEdit>(*m_window, "DriveAxies"), Qt::Key_Return);
+    std::vector<struct_EtherCatDevice>& devices = g_xmlfiledevices[0].device;
+    QCOMPARE(int(devices[std::size_t(position)].m_iDriveAxies), 6);
+    QCOMPARE(int(devices[0].m_iDriveAxies), position == 0 ? 6 : 1);
+    QTest::keyClick(deviceTree(*m_window), Qt::Key_Delete);
+    QCOMPARE(devices.size(), std::size_t(position));
+    QVERIFY(devices.empty() || devices[0].Name == "A");
+}
+
+/// A coupler set by hand that takes its list of modules brings up a box in the middle of the click.
+void tst_DeviceTreeChecks::checkBoxUnderTheAdvice()
+{
+    loadTwoTypes(5);
+    g_xmlfiledevices[0].device[1].Slots.Attributes.DownloadModuleIdentList = true;
+    clickItem(*m_window, treeItem(*m_window, 0, 0));
+    QTreeWidgetItem* const item = treeItem(*m_window, 0, 1);
+    QCOMPARE(boxesDuring(1, [&] { clickCheckBox(*m_window, item); }).join(QString()).count("F030"), 1);
+    QCOMPARE(deviceTree(*m_window)->currentItem(), item);
+    QCOMPARE(currentdeviceindex, 1);
+    QCOMPARE(text("TypeEdit"), QStringLiteral("B"));
+    QCOMPARE(states(0), QVector<int>({1, 2, 0}));
 }
 
 QTreeWidgetItem* tst_DeviceTreeChecks::add(QTreeWidgetItem* parent, const QVector<int>& states) const
