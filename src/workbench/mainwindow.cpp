@@ -2,6 +2,7 @@
 #include "workbench/mainwindow.h"
 
 #include "editing/deviceTypeTexts.h"
+#include "workbench/fileDrags.h"
 #include "workbench/quietByName.h"
 #include "workbench/tableViews.h"
 
@@ -36,6 +37,7 @@ MainWindow::MainWindow(QWidget* parent)
     connectDeviceTree();
     connectMenus();
     setAcceptDrops(true);
+    passFileDragsToWindow(*this);
     setUpTables();
     setUpModuleTree(treeFont);
     setUpDeviceTypes();

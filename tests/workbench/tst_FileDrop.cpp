@@ -6,9 +6,12 @@
 #include "workbench/ordinaryUser.h"
 #include "workbench/windowParts.h"
 
+#include <QAbstractScrollArea>
+#include <QComboBox>
 #include <QDomDocument>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QTemporaryDir>
 #include <QUrl>
@@ -27,6 +30,9 @@ private slots:
     void anythingElseIsRefused();
     void dropWithoutFiles();
     void dropOnTheWindow();
+    static void dropOnAPart_data();
+    void dropOnAPart();
+    void textGoesToTheField();
     void kindOfFile_data();
     void kindOfFile();
     void urlsThatAreNoFiles();
@@ -71,6 +77,18 @@ void sendDrop(QObject& window, const QMimeData& data)
 {
     QDropEvent event(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     window.event(&event);
+}
+
+/// Drags over a part of the window and drops there, as the window system sends it.
+void dragAndDrop(QWidget& part, const QMimeData& data)
+{
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&part, &enter);
+    QVERIFY(enter.isAccepted());
+    QDragMoveEvent move(QPoint(6, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&part, &move);
+    QDropEvent event(QPointF(6, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&part, &event);
 }
 
 } // namespace
@@ -168,52 +186,78 @@ void tst_FileDrop::dropOnTheWindow()
 {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(writeEsi("a.xml")), QUrl::fromLocalFile(writeKtl("b.ktl"))});
-    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(m_window.get(), &enter);
-    QVERIFY(enter.isAccepted());
-    QDropEvent event(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(m_window.get(), &event);
+    dragAndDrop(*m_window, data);
     QCOMPARE(treeTexts(), QStringList({"a.xml", " A", "b.ktl", " 0x1"}));
+}
+
+void tst_FileDrop::dropOnAPart_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"ConfigModuleEdit", "comboBox_DeviceType", "comboBox_Dc", "DeviceTree", "StartupView"})
+        QTest::addRow("%s", name) << name;
+}
+
+/// A file manager hands the path over as a text too.
+void tst_FileDrop::dropOnAPart()
+{
+    QFETCH(QString, name);
+    auto* target = m_window->findChild<QWidget*>(name);
+    target->setEnabled(true);
+    if (auto* const list = qobject_cast<QComboBox*>(target))
+        target = list->lineEdit();
+    else if (auto* const rows = qobject_cast<QAbstractScrollArea*>(target))
+        target = rows->viewport();
+    const auto* const field = qobject_cast<QLineEdit*>(target);
+    const QString textBefore = field != nullptr ? field->text() : QString();
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(writeEsi("a.xml"))});
+    data.setText(m_folder->filePath("a.xml"));
+    dragAndDrop(*target, data);
+    QCOMPARE(treeTexts(), QStringList({"a.xml", " A"}));
+    QCOMPARE(field != nullptr ? field->text() : QString(), textBefore);
+}
+
+void tst_FileDrop::textGoesToTheField()
+{
+    auto* const field = part<QLineEdit>(*m_window, "ConfigModuleEdit");
+    field->setEnabled(true);
+    field->clear();
+    QMimeData data;
+    data.setText("0xF030");
+    dragAndDrop(*field, data);
+    QCOMPARE(field->text(), QStringLiteral("0xF030"));
 }
 
 void tst_FileDrop::kindOfFile_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("kind");
-    QTest::addRow("xml") << "a.xml"
-                         << "xml";
-    QTest::addRow("ktl") << "a.ktl"
-                         << "ktl";
-    QTest::addRow("more behind xml") << "a.xmlbak"
-                                     << "xml";
-    QTest::addRow("more behind ktl") << "b.ktl2"
-                                     << "ktl";
-    QTest::addRow("more before ktl") << "b.oldktl"
-                                     << "ktl";
-    QTest::addRow("the last suffix counts") << "a.xml.ktl"
-                                            << "ktl";
-    QTest::addRow("the last suffix counts, the other way round") << "a.ktl.xml"
-                                                                 << "xml";
-    QTest::addRow("xml is looked for first") << "a.ktlxml"
-                                             << "xml";
-    QTest::addRow("no point: the whole name") << "my-xml-file"
-                                              << "xml";
-    QTest::addRow("no point, ktl") << "ktl"
-                                   << "ktl";
-    QTest::addRow("a point in front only") << ".xml"
-                                           << "xml";
-    QTest::addRow("Chinese name") << "伺服.ktl"
-                                  << "ktl";
-    QTest::addRow("capitals") << "a.XML"
-                              << "";
-    QTest::addRow("capitals of ktl") << "a.KTL"
-                                     << "";
-    QTest::addRow("the dump beside a KTL file") << "a.ktl.txt"
-                                                << "";
-    QTest::addRow("a point at the end") << "xml."
-                                        << "";
-    QTest::addRow("a folder's name does not count") << "xml.ktl/a.txt"
-                                                    << "";
+    const struct
+    {
+        const char* words;
+        const char* name;
+        const char* kind;
+    } rows[] = {
+        {"xml", "a.xml", "xml"},
+        {"ktl", "a.ktl", "ktl"},
+        {"more behind xml", "a.xmlbak", "xml"},
+        {"more behind ktl", "b.ktl2", "ktl"},
+        {"more before ktl", "b.oldktl", "ktl"},
+        {"the last suffix counts", "a.xml.ktl", "ktl"},
+        {"the last suffix counts, the other way round", "a.ktl.xml", "xml"},
+        {"xml is looked for first", "a.ktlxml", "xml"},
+        {"no point: the whole name", "my-xml-file", "xml"},
+        {"no point, ktl", "ktl", "ktl"},
+        {"a point in front only", ".xml", "xml"},
+        {"Chinese name", "伺服.ktl", "ktl"},
+        {"capitals", "a.XML", ""},
+        {"capitals of ktl", "a.KTL", ""},
+        {"the dump beside a KTL file", "a.ktl.txt", ""},
+        {"a point at the end", "xml.", ""},
+        {"a folder's name does not count", "xml.ktl/a.txt", ""},
+    };
+    for (const auto& row : rows)
+        QTest::addRow("%s", row.words) << row.name << row.kind;
 }
 
 /// A file of the right content is loaded, whatever it is called, once its kind is told.
@@ -269,16 +313,12 @@ void tst_FileDrop::fileThatDoesNotExist_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("title");
     QTest::addColumn<QString>("text");
-    QTest::addRow("xml") << "gone.xml"
-                         << "xml parser"
-                         << "The file cannot be read %1:\nNo such file or directory.";
-    QTest::addRow("ktl") << "gone.ktl"
-                         << "ktl parser"
-                         << "File open failure again %1:\n Unknown ecoding error.";
-    QTest::addRow("ktl, with a mark that looks like a placeholder") << "gone %1.ktl"
-                                                                    << "ktl parser"
-                                                                    << "File open failure again %1:\n Unknown ecoding "
-                                                                       "error.";
+    const QString ofXml("The file cannot be read %1:\nNo such file or directory.");
+    const QString ofKtl("File open failure again %1:\n Unknown ecoding error.");
+    QTest::addRow("xml") << QString("gone.xml") << QString("xml parser") << ofXml;
+    QTest::addRow("ktl") << QString("gone.ktl") << QString("ktl parser") << ofKtl;
+    QTest::addRow("ktl, with a mark that looks like a placeholder")
+        << QString("gone %1.ktl") << QString("ktl parser") << ofKtl;
 }
 
 void tst_FileDrop::fileThatDoesNotExist()
