@@ -4,6 +4,7 @@
 #include "editing/deviceTypeTexts.h"
 #include "workbench/fileDrags.h"
 #include "workbench/quietByName.h"
+#include "workbench/rowChoices.h"
 #include "workbench/tableViews.h"
 
 #include "ui_mainwindow.h"
@@ -43,6 +44,7 @@ MainWindow::MainWindow(QWidget* parent)
     setUpDeviceTypes();
     setUpCoeTree(treeFont);
     setUpDeleteKeys();
+    setUpRowChoices();
 }
 
 MainWindow::~MainWindow() = default;
@@ -159,5 +161,18 @@ void MainWindow::setUpDeleteKeys()
         action->setShortcut(QKeySequence(QLatin1String(key)));
         addAction(action);
         connect(action, &QAction::triggered, this, &MainWindow::device_delete);
+    }
+}
+
+/// What a row shows and edits follows its becoming current in any way. Rows of the other tables are only read, or asked
+/// for their menu; and the menu of the device tree selects an item without showing it.
+void MainWindow::setUpRowChoices()
+{
+    makeKeysClick(*ui->DeviceTree);
+    QAbstractItemView* const views[] = {ui->PdoListView, ui->mPdoListView, ui->SyncManagerView, ui->ModuleView,
+                                        ui->ModuleTree};
+    for (QAbstractItemView* view : views) {
+        makeKeysClick(*view);
+        makeOtherButtonsClick(*view);
     }
 }

@@ -132,6 +132,7 @@ private:
     void setUpDeviceTypes();
     void setUpCoeTree(const QFont& font);
     void setUpDeleteKeys();
+    void setUpRowChoices();
 
     // Parts of the tree's dispatcher (mainwindow_tree.cpp and mainwindow_general.cpp).
     void showDevice();

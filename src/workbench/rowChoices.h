@@ -1,0 +1,11 @@
+// rowChoices.h - what is edited is always what is shown: keys and other buttons choose a row as a click does.
+#pragma once
+
+class QAbstractItemView;
+
+/// Lets each key that moves the current row of a view, or toggles its check box, do what a click on that row does. A
+/// row that the program makes current still has no effect.
+void makeKeysClick(QAbstractItemView& view);
+
+/// Lets a press of another button than the left one do what a click on its row does, since it makes the row current.
+void makeOtherButtonsClick(QAbstractItemView& view);
