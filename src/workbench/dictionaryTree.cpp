@@ -1,10 +1,14 @@
 #include "workbench/dictionaryTree.h"
 
-#include <QStyle>
+#include "workbench/tableFont.h"
 
-#include <algorithm>
+#include <QApplication>
+#include <QHeaderView>
 
 namespace {
+
+constexpr int indexWidth = 120;
+constexpr int indentation = 10; // leaves most of the first column to the indexes
 
 /// A new item with texts, made from one with as many empty texts: copies share their columns, which is faster than to
 /// let each item add column after column.
@@ -18,24 +22,25 @@ QTreeWidgetItem* itemOf(const QStringList& texts)
     return item;
 }
 
-/// Widens a column to a text. One that is wider already, perhaps by the user's hand, stays as it is.
-void makeRoomFor(QTreeWidget& tree, DictionaryColumn column, const QString& text, int indentation = 0)
-{
-    const int margin = tree.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &tree) + 1;
-    const int width = indentation + margin + tree.fontMetrics().horizontalAdvance(text) + margin;
-    tree.setColumnWidth(column, std::max(tree.columnWidth(column), width));
-}
-
-/// Indexes and the names of usual types are not to be cut off. Their room depends on the font, which the tree has only
-/// after it was made; and to measure all rows would take longer than to make them.
-void makeRoomForUsualTexts(QTreeWidget& tree)
-{
-    constexpr int levels = 2; // a row under an object stands behind the place of two arrows
-    makeRoomFor(tree, IndexColumn, QStringLiteral("0xdddd:255"), levels * tree.indentation());
-    makeRoomFor(tree, TypeColumn, QStringLiteral("STRING(255)"));
-}
-
 } // namespace
+
+void setUpDictionaryColumns(QTreeWidget& tree)
+{
+    const int widths[] = {indexWidth, 250, 80, 80};
+    int column = IndexColumn;
+    for (const int width : widths)
+        tree.setColumnWidth(column++, width);
+    tree.setColumnWidth(TypeColumn, tree.header()->defaultSectionSize() * 3 / 2); // "STRING(255)" is not cut off
+    tree.setIndentation(indentation);
+}
+
+void fitDictionaryFont(QTreeWidget& tree)
+{
+    constexpr int levels = 2; // a row under an object comes after the place of two arrows
+    QFont font = tree.font();
+    font.setPointSize(QApplication::font().pointSize());
+    tree.setFont(fittingFont(font, QStringLiteral("0xdddd:255"), indexWidth - levels * indentation, tree));
+}
 
 DictionaryItems::DictionaryItems(const DeviceDictionary& dictionary)
     : m_objects(dictionary.vobject)
@@ -59,7 +64,6 @@ void DictionaryItems::addObjects(QTreeWidget& tree)
     // By position: an item that expands itself first searches for its position, from item to item.
     for (int row = before; row < tree.topLevelItemCount(); ++row)
         tree.expand(tree.model()->index(row, 0));
-    makeRoomForUsualTexts(tree);
 }
 
 void DictionaryItems::addRowsOfType(QTreeWidgetItem& item, const QString& indexPattern, const std::string& type)

@@ -8,6 +8,13 @@
 
 #include <string>
 
+/// Gives the tree the widths of its columns, in pixels. From then on they are the user's.
+void setUpDictionaryColumns(QTreeWidget& tree);
+
+/// Gives the tree the point size of the application or, if that cuts off indexes at the width that their column was set
+/// up with, the largest one that does not.
+void fitDictionaryFont(QTreeWidget& tree);
+
 /// Makes the items of the CoE tab from a dictionary, which must not change as long as the maker lives.
 class DictionaryItems
 {

@@ -2,6 +2,7 @@
 #include "workbench/mainwindow.h"
 
 #include "editing/deviceTypeTexts.h"
+#include "workbench/dictionaryTree.h"
 #include "workbench/fileDrags.h"
 #include "workbench/quietByName.h"
 #include "workbench/rowChoices.h"
@@ -89,7 +90,10 @@ void MainWindow::setUpTables()
                                    tr("Type"),  tr("Linkto"), tr("Default")};
     const std::vector<int> entryWidths{85, 85, 85, 185, 85, 85, 85};
 
-    constexpr int narrowPointSize = 8; // "256.00" has to fit a column of 45 pixels
+    const TextToFit pdoIndex{0, QStringLiteral("0x1a00")};
+    const TextToFit entryIndex{0, QStringLiteral("0x6040:10")};
+    const TextToFit commandIndex{2, entryIndex.text};
+    const TextToFit mailboxSize{1, QStringLiteral("256.00")}; // the longest of the usual sizes
 
     struct Table
     {
@@ -108,22 +112,27 @@ void MainWindow::setUpTables()
           StretchSections | FitColumns | CustomMenu}},
         {ui->SyncManagerView,
          &device_sync_model,
-         {{tr("SM"), tr("Size"), tr("Type")}, {45, 45, 88}, FitColumns, narrowPointSize}},
-        {ui->PdoListView, &device_pdo_model, {pdoHeaders, {85, 85, 250, 80, 80}, {}}},
+         {{tr("SM"), tr("Size"), tr("Type")}, {45, 45, 88}, FitColumns, mailboxSize}},
+        {ui->PdoListView, &device_pdo_model, {pdoHeaders, {85, 85, 250, 80, 80}, {}, pdoIndex}},
         {ui->StartupView,
          &device_startup_model,
          {{tr("Transition"), tr("Protocol"), tr("Index"), tr("Datalen"), tr("Data"), tr("Comment"), tr("bIfCA")},
           {85, 85, 85, 85, 250, 250, 50},
-          FitColumns | FitRows | CustomMenu}},
+          FitColumns | FitRows | CustomMenu,
+          commandIndex}},
         {ui->ModuleView,
          &device_slots_model,
          {{tr("Slot"), tr("Module"), tr("ModuleIdent")}, {150, 150, 150}, FitColumns | FitRows}},
-        {ui->PdoAssignView, &device_pdoassignment_model, {{tr("Index"), tr("Enable")}, {85, 50}, FitColumns | FitRows}},
-        {ui->PdoContentView, &device_pdocontent_model, {entryHeaders, entryWidths, FitColumns | FitRows | CustomMenu}},
-        {ui->mPdoListView, &device_mpdo_model, {pdoHeaders, {60, 50, 180, 50, 50, 50}, {}}},
+        {ui->PdoAssignView,
+         &device_pdoassignment_model,
+         {{tr("Index"), tr("Enable")}, {85, 50}, FitColumns | FitRows, pdoIndex}},
+        {ui->PdoContentView,
+         &device_pdocontent_model,
+         {entryHeaders, entryWidths, FitColumns | FitRows | CustomMenu, entryIndex}},
+        {ui->mPdoListView, &device_mpdo_model, {pdoHeaders, {60, 50, 180, 50, 50, 50}, {}, pdoIndex}},
         {ui->mPdoContentView,
          &device_mpdocontent_model,
-         {entryHeaders, entryWidths, FitColumns | FitRows | CustomMenu}},
+         {entryHeaders, entryWidths, FitColumns | FitRows | CustomMenu, entryIndex}},
     };
     for (const Table& table : tables)
         setUpTableView(*table.view, *table.model, table.columns);
@@ -147,10 +156,7 @@ void MainWindow::setUpDeviceTypes()
 
 void MainWindow::setUpCoeTree(const QFont& font)
 {
-    const int widths[] = {120, 250, 80, 80};
-    int column = 0;
-    for (const int width : widths)
-        ui->CoeTree->setColumnWidth(column++, width);
+    setUpDictionaryColumns(*ui->CoeTree);
     ui->CoeTree->setFont(font);
 }
 

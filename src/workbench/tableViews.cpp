@@ -1,26 +1,42 @@
 #include "workbench/tableViews.h"
 
 #include "workbench/startup.h"
+#include "workbench/tableFont.h"
 
 #include <QHeaderView>
 #include <QStandardItemModel>
 #include <QTableView>
 
+static QFont usualFont()
+{
+    return QFont(textFamily(), usualTablePoints);
+}
+
+/// Gives a table, whose columns have their widths already, its font and the height of its rows.
+static void setUpText(QTableView& view, const TextToFit& toFit)
+{
+    QFont font = usualFont();
+    if (toFit.column >= 0) {
+        const int gridLine = view.showGrid() ? 1 : 0;
+        font = fittingFont(font, toFit.text, view.columnWidth(toFit.column) - gridLine, view);
+    }
+    view.setFont(font);
+    view.horizontalHeader()->setFont(font); // a view with a style sheet does not hand its font on
+    view.setWordWrap(false); // rows are one line high
+    const int rowHeight = rowHeightFor(view.fontMetrics().height());
+    view.verticalHeader()->setMinimumSectionSize(rowHeight);
+    view.verticalHeader()->setDefaultSectionSize(rowHeight);
+}
+
 void setUpTableView(QTableView& view, QStandardItemModel& model, const TableColumns& columns)
 {
     constexpr int leastHeight = 30;
-    constexpr int rowHeight = 26; // the usual four sync managers and three FMMUs fit the least height of the window
     model.setHorizontalHeaderLabels(columns.headers);
     model.setColumnCount(columns.headers.size());
     view.setModel(&model);
-    view.verticalHeader()->setMinimumSectionSize(rowHeight);
-    view.verticalHeader()->setDefaultSectionSize(rowHeight);
     view.horizontalHeader()->setStretchLastSection(true);
     view.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft);
-    // The fonts come before the style sheet: with that in place a view no longer hands a font on to its cells.
-    const QFont tableFont(textFamily(), columns.pointSize);
-    view.setFont(tableFont);
-    view.horizontalHeader()->setFont(tableFont);
+    view.horizontalHeader()->setFont(usualFont()); // decides on the least width of a column
     view.setStyleSheet(QStringLiteral("QHeaderView::section { background:grey; color:black;min-height:2.5em;}"));
     view.setSelectionBehavior(QAbstractItemView::SelectRows);
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -35,6 +51,7 @@ void setUpTableView(QTableView& view, QStandardItemModel& model, const TableColu
         view.resizeRowsToContents();
     for (std::size_t column = 0; column < columns.widths.size(); ++column)
         view.setColumnWidth(static_cast<int>(column), columns.widths[column]);
+    setUpText(view, columns.textToFit);
 }
 
 void removeAllRows(QStandardItemModel& model)

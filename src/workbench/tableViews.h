@@ -21,13 +21,20 @@ enum TableOption
 Q_DECLARE_FLAGS(TableOptions, TableOption)
 Q_DECLARE_OPERATORS_FOR_FLAGS(TableOptions)
 
+/// A text that a column of fixed width shows in full, whatever the font.
+struct TextToFit
+{
+    int column = -1; ///< negative: there is no such text
+    QString text;
+};
+
 /// Columns of a table and how they take their widths.
 struct TableColumns
 {
     QStringList headers;
     std::vector<int> widths; ///< pixels, for the first columns; the last column stretches
     TableOptions options;
-    int pointSize = 9; ///< of cells and headers; the usual widths are made for text of this size
+    TextToFit textToFit = {}; ///< where it does not fit at the usual size, all text of the table is smaller
 };
 
 /// Gives a view its model, its columns and the look that all tables share: rows are selected as a whole and nothing is

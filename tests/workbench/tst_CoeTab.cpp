@@ -2,9 +2,12 @@
 #include "model/dictionaryBuilders.h"
 #include "workbench/coeTreeParts.h"
 #include "workbench/dictionaryReference.h"
+#include "workbench/elision.h"
 #include "workbench/mainwindow.h"
 #include "workbench/modelBuilders.h"
 #include "workbench/windowParts.h"
+
+#include <QTabWidget>
 
 #include <limits>
 #include <memory>
@@ -27,6 +30,8 @@ private slots:
     void randomDictionaries();
     void objectsAreExpanded();
     void rowsAreReadOnly();
+    void fillKeepsTheWidths();
+    static void indexesAreNotCutOff_data();
     void indexesAreNotCutOff();
     void dictionaryOfThePreviousDeviceGoes();
     void fileShowsNothing();
@@ -39,6 +44,7 @@ private:
     [[nodiscard]] Objects shown() const;
 
     std::unique_ptr<MainWindow> m_window;
+    const QFont m_fontBefore = QApplication::font();
 };
 
 void tst_CoeTab::init()
@@ -52,6 +58,7 @@ void tst_CoeTab::cleanup()
 {
     m_window.reset();
     resetModel();
+    QApplication::setFont(m_fontBefore);
 }
 
 Objects tst_CoeTab::shown() const
@@ -68,6 +75,15 @@ static struct_Object withOwnDefault(struct_Object object, std::uint32_t number, 
     object.Info.DefaultValue = number;
     object.Info.DefaultString = text;
     return object;
+}
+
+/// Widths of the first columns.
+static QVector<int> widthsOf(const QTreeWidget& tree, int columns)
+{
+    QVector<int> widths;
+    for (int column = 0; column < columns; ++column)
+        widths << tree.columnWidth(column);
+    return widths;
 }
 
 void tst_CoeTab::tree_data()
@@ -215,23 +231,39 @@ void tst_CoeTab::rowsAreReadOnly()
     QVERIFY(!coeTree()->topLevelItem(0)->child(0)->flags().testFlag(Qt::ItemIsEditable));
 }
 
+void tst_CoeTab::fillKeepsTheWidths()
+{
+    show({{array("DT1", 250, 255)}, {object(0xDDDD, "DT1", "a name that needs more room than its column has")}});
+    QCOMPARE(widthsOf(*coeTree(), 4), QVector<int>({120, 250, 80, 80}));
+    const QVector<int> dragged{40, 300, 50, 90, 30, 60}; // narrower and wider than what is in them
+    for (int column = 0; column < dragged.size(); ++column)
+        coeTree()->setColumnWidth(column, dragged[column]);
+    const QVector<int> before = widthsOf(*coeTree(), 6); // the last one takes what room is left
+    clickItem(*m_window, treeItem(*m_window, 0, 0));
+    QCOMPARE(widthsOf(*coeTree(), 6), before);
+    QCOMPARE(widthsOf(*coeTree(), 5), dragged.mid(0, 5));
+}
+
+void tst_CoeTab::indexesAreNotCutOff_data()
+{
+    QTest::addColumn<int>("points");
+    for (const int points : {8, 12, 14, 20, 30})
+        QTest::addRow("%d point", points) << points;
+}
+
 void tst_CoeTab::indexesAreNotCutOff()
 {
-    const QFont before = QApplication::font();
-    QApplication::setFont(applicationFont(before, 2560));
-    showWindow(*m_window);
-    show({{array("DT1", 250, 255)}, {object(0xDDDD, "DT1"), object(0xDDDE, "STRING(12)")}});
-    auto* const tree = coeTree();
-    const QTreeWidgetItem* const last = tree->topLevelItem(0)->child(5);
-    QCOMPARE(last->text(0), QStringLiteral("0xdddd:255"));
-    const int needed = 2 * tree->indentation() + tree->fontMetrics().horizontalAdvance(last->text(0));
-    QVERIFY(tree->columnWidth(0) > needed);
-    QVERIFY(tree->columnWidth(4) > tree->fontMetrics().horizontalAdvance(QStringLiteral("STRING(12)")));
-    // A column that is wider already stays.
-    tree->setColumnWidth(0, 500);
-    clickItem(*m_window, treeItem(*m_window, 0, 0));
-    QCOMPARE(tree->columnWidth(0), 500);
-    QApplication::setFont(before);
+    QFETCH(int, points);
+    QApplication::setFont(QFont(m_fontBefore.family(), points));
+    show({{array("DT1", 250, 255)}, {object(0xDDDD, "DT1")}});
+    part<QTabWidget>(*m_window, "tabWidget")->setCurrentIndex(4);
+    QTreeWidget& tree = *coeTree();
+    const QModelIndex index = tree.model()->index(5, 0, tree.model()->index(0, 0));
+    QCOMPARE(index.data().toString(), QStringLiteral("0xdddd:255"));
+    QVERIFY(!isElided(tree, index));
+    QVERIFY(tree.font().pointSize() <= points);
+    tree.setColumnWidth(0, 60);
+    QVERIFY(isElided(tree, index)); // or the check above would show nothing
 }
 
 void tst_CoeTab::dictionaryOfThePreviousDeviceGoes()
