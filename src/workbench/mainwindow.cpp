@@ -12,11 +12,23 @@
 
 #include <QAction>
 #include <QKeySequence>
+#include <QScrollArea>
 
 /// Takes the images into the program: they lie in a library, whose linker leaves out what nobody asks for by name.
 static void initImages()
 {
     Q_INIT_RESOURCE(application);
+}
+
+/// Puts the form into an area that scrolls: with large letters its parts may need more than the least size of the
+/// window, and then they are out of sight instead of cut off.
+static void makeScrollable(QMainWindow& window)
+{
+    auto* area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(window.takeCentralWidget());
+    window.setCentralWidget(area);
 }
 
 MainWindow::MainWindow(QWidget* parent)
@@ -34,6 +46,7 @@ MainWindow::MainWindow(QWidget* parent)
         const QuietByName quiet;
         ui->setupUi(this);
     }
+    makeScrollable(*this);
     ui->DeviceTree->setContextMenuPolicy(Qt::CustomContextMenu);
     connectActions();
     connectDeviceTree();
