@@ -96,18 +96,28 @@ void MainWindow::connectMenus()
     connect(ui->mPdoContentView, &QTableView::customContextMenuRequested, this, &MainWindow::mPdoContentViewCustomMenu);
 }
 
+/// Columns of a list of PDOs.
+static TableColumns pdoColumns(const std::vector<int>& widths)
+{
+    return {{MainWindow::tr("Index"), MainWindow::tr("Size"), MainWindow::tr("Name"), MainWindow::tr("Flags"),
+             MainWindow::tr("SM"), MainWindow::tr("SU")},
+            widths,
+            {},
+            {0, QStringLiteral("0x1a00")}};
+}
+
+/// Columns of the entries of a PDO.
+static TableColumns entryColumns()
+{
+    return {{MainWindow::tr("Index"), MainWindow::tr("Size"), MainWindow::tr("Offs"), MainWindow::tr("Name"),
+             MainWindow::tr("Type"), MainWindow::tr("Linkto"), MainWindow::tr("Default")},
+            {85, 85, 85, 185, 85, 85, 85},
+            FitColumns | FitRows | CustomMenu,
+            {0, QStringLiteral("0x6040:10")}};
+}
+
 void MainWindow::setUpTables()
 {
-    const QStringList pdoHeaders{tr("Index"), tr("Size"), tr("Name"), tr("Flags"), tr("SM"), tr("SU")};
-    const QStringList entryHeaders{tr("Index"), tr("Size"),   tr("Offs"),   tr("Name"),
-                                   tr("Type"),  tr("Linkto"), tr("Default")};
-    const std::vector<int> entryWidths{85, 85, 85, 185, 85, 85, 85};
-
-    const TextToFit pdoIndex{0, QStringLiteral("0x1a00")};
-    const TextToFit entryIndex{0, QStringLiteral("0x6040:10")};
-    const TextToFit commandIndex{2, entryIndex.text};
-    const TextToFit mailboxSize{1, QStringLiteral("256.00")}; // the longest of the usual sizes
-
     struct Table
     {
         QTableView* view;
@@ -125,27 +135,23 @@ void MainWindow::setUpTables()
           StretchSections | FitColumns | CustomMenu}},
         {ui->SyncManagerView,
          &device_sync_model,
-         {{tr("SM"), tr("Size"), tr("Type")}, {45, 45, 88}, FitColumns, mailboxSize}},
-        {ui->PdoListView, &device_pdo_model, {pdoHeaders, {85, 85, 250, 80, 80}, {}, pdoIndex}},
+         {{tr("SM"), tr("Size"), tr("Type")}, {45, 45, 88}, FitColumns, {1, QStringLiteral("256.00")}}},
+        {ui->PdoListView, &device_pdo_model, pdoColumns({85, 85, 250, 80, 80})},
         {ui->StartupView,
          &device_startup_model,
          {{tr("Transition"), tr("Protocol"), tr("Index"), tr("Datalen"), tr("Data"), tr("Comment"), tr("bIfCA")},
           {85, 85, 85, 85, 250, 250, 50},
           FitColumns | FitRows | CustomMenu,
-          commandIndex}},
+          {2, QStringLiteral("0x6040:10")}}},
         {ui->ModuleView,
          &device_slots_model,
          {{tr("Slot"), tr("Module"), tr("ModuleIdent")}, {150, 150, 150}, FitColumns | FitRows}},
         {ui->PdoAssignView,
          &device_pdoassignment_model,
-         {{tr("Index"), tr("Enable")}, {85, 50}, FitColumns | FitRows, pdoIndex}},
-        {ui->PdoContentView,
-         &device_pdocontent_model,
-         {entryHeaders, entryWidths, FitColumns | FitRows | CustomMenu, entryIndex}},
-        {ui->mPdoListView, &device_mpdo_model, {pdoHeaders, {60, 50, 180, 50, 50, 50}, {}, pdoIndex}},
-        {ui->mPdoContentView,
-         &device_mpdocontent_model,
-         {entryHeaders, entryWidths, FitColumns | FitRows | CustomMenu, entryIndex}},
+         {{tr("Index"), tr("Enable")}, {85, 50}, FitColumns | FitRows, {0, QStringLiteral("0x1a00")}}},
+        {ui->PdoContentView, &device_pdocontent_model, entryColumns()},
+        {ui->mPdoListView, &device_mpdo_model, pdoColumns({60, 50, 180, 50, 50, 50})},
+        {ui->mPdoContentView, &device_mpdocontent_model, entryColumns()},
     };
     for (const Table& table : tables)
         setUpTableView(*table.view, *table.model, table.columns);
