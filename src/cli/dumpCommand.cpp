@@ -1,6 +1,7 @@
 #include "cli/dumpCommand.h"
 
 #include "cli/ktlInput.h"
+#include "ktl/itemLimit.h"
 #include "ktl/ktlExport.h"
 
 #include <cstdio>
@@ -23,17 +24,16 @@ namespace {
 /// Tells of what the dump does not show: the rest of a file that is broken, and what stands behind its last item.
 void tellWhatIsMissing(const QString& path, std::FILE* ktl, Messages& messages)
 {
-    constexpr std::size_t mostItems = 2000; // that a dump shows
     std::rewind(ktl);
     const std::vector<unsigned char> bytes = bytesOf(ktl);
     const KtlWalk walk = walkItems(bytes);
     if (const QString problem = problemAtEnd(walk); !problem.isEmpty())
         messages.error(path, problem);
-    if (walk.items.size() > mostItems)
+    if (walk.items.size() > maxReadItems)
         messages.warning(path, WarningCode::ItemCount,
                          QStringLiteral("the file has %1 items, of which a dump shows the first %2")
                              .arg(walk.items.size())
-                             .arg(mostItems));
+                             .arg(maxReadItems));
 }
 
 } // namespace

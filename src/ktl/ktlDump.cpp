@@ -1,14 +1,14 @@
 // ktlDump.cpp - the text dump of a KTL file. It knows item heads only and interprets no records.
+#include "ktl/itemLimit.h"
 #include "ktl/ktlExport.h"
 #include "ktl/ktlLayout.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
 namespace {
-
-constexpr int mostItems = 2000;
 
 /// Words that the file does not hold are shown for an item up to this number: the size of a broken item may announce
 /// billions of them.
@@ -67,7 +67,7 @@ bool dumpItems(std::FILE* log, std::FILE* ktl)
     constexpr auto smallestItem = static_cast<std::int32_t>(sizeof(KtlItemHead));
     std::int32_t type = 0;
     std::int32_t size = 0;
-    for (int item = 0; item < mostItems; ++item) {
+    for (std::size_t item = 0; item < maxReadItems; ++item) {
         if (std::feof(ktl) != 0)
             return true;
         readHeadNumber(ktl, type);

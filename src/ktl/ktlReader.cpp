@@ -1,5 +1,6 @@
 #include "ktl/ktlReader.h"
 
+#include "ktl/itemLimit.h"
 #include "ktl/ktlReadItems.h"
 
 #include <algorithm>
@@ -12,9 +13,6 @@
 
 namespace {
 
-/// ODD, KEPT: a read ends after this many items, end items included, as if the file did, and says nothing. One would
-/// expect it to go on to the end of the file, which the format does not limit. Pinned by tst_KtlReader::itemLimit.
-constexpr int mostItems = 2000;
 constexpr int nullFile = -1;
 constexpr int impossibleHead = -2;
 
@@ -110,7 +108,7 @@ int readItems(std::FILE* file, const std::string& path)
     std::vector<unsigned char> item;
     std::int32_t type = 0;
     std::int32_t size = 0;
-    for (int count = 0; count < mostItems && std::feof(file) == 0; ++count) {
+    for (std::size_t count = 0; count < maxReadItems && std::feof(file) == 0; ++count) {
         readHeadNumber(file, type);
         readHeadNumber(file, size);
         if (size < smallestItem || type < 0)

@@ -1,6 +1,7 @@
 // showStartup.cpp - startup commands of a device block.
 #include "cli/show/showDevice.h"
 #include "cli/show/showWords.h"
+#include "ktl/carriedValue.h"
 
 #include <algorithm>
 #include <memory>
@@ -98,22 +99,16 @@ void appendCommands(std::vector<ShownCommand>& to, const std::vector<struct_KTL_
         to.push_back({to.size() + 1, isEoe, records[index], nullptr, &sourceAt(sources, index)});
 }
 
-/// Whether the number of a command is its value.
-bool isValue(std::uint32_t dataBytes, std::uint32_t data)
-{
-    return dataBytes <= sizeof data || data != 0;
-}
-
 } // namespace
 
 bool hasNumber(const struct_KTL_InitCmd& record)
 {
-    return record.bIfCA == 0 && isValue(record.DataBytes, record.Data);
+    return record.bIfCA == 0 && isCarried(record.DataBytes, record.Data);
 }
 
 bool hasNumber(const struct_KTL_moduleStartupOne& record)
 {
-    return isValue(record.m_DataBytes, record.Data);
+    return isCarried(record.m_DataBytes, record.Data);
 }
 
 std::string meaningOf(const ShownCommand& command)
