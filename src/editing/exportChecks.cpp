@@ -81,8 +81,8 @@ QStringList exportWarnings(const struct_EtherCatDevice& device)
 {
     QStringList texts;
     for (const ExportWarning warning : exportWarningsOf(device))
-        texts += QCoreApplication::translate(translationContext, wordsOf(warning))
-                     .arg(QString::fromStdString(device.Name));
+        texts +=
+            QCoreApplication::translate(translationContext, wordsOf(warning)).arg(QString::fromStdString(device.Name));
     return texts;
 }
 

@@ -1,5 +1,6 @@
 // What is said before an export, and the file name that it proposes.
 #include "editing/exportChecks.h"
+#include "editing/lostValues.h"
 #include "workbench/modelBuilders.h"
 
 #include <QtTest>
@@ -17,6 +18,12 @@ private slots:
     static void startupCommands();
     static void otherCommandsDoNotCount();
     static void order();
+    static void kinds_data();
+    static void kinds();
+    static void lostValues_data();
+    static void lostValues();
+    static void lostValuesOfBothLists();
+    static void lostValuesOfModules();
     static void nameInTheText_data();
     static void nameInTheText();
     static void proposedName_data();
@@ -138,6 +145,118 @@ void tst_ExportChecks::order()
     device.Slots.vslot[0].Attributes.SlotPdoIncrement = 2;
     device.Mailbox.COE.InitCmd.vinitcmd.resize(255);
     QCOMPARE(exportWarnings(device), QStringList({syncManagerText, pdoIncrementText, startupText}));
+}
+
+using Kinds = std::vector<ExportWarning>;
+Q_DECLARE_METATYPE(Kinds)
+
+void tst_ExportChecks::kinds_data()
+{
+    QTest::addColumn<int>("syncManagers");
+    QTest::addColumn<Steps>("ofSlot"); // the device has 1 and 16
+    QTest::addColumn<int>("commands");
+    QTest::addColumn<Kinds>("kinds");
+    const auto row = [](const char* name, int syncManagers, const Steps& ofSlot, int commands, const Kinds& kinds) {
+        QTest::addRow("%s", name) << syncManagers << ofSlot << commands << kinds;
+    };
+    row("nothing", 4, {1, 16}, 254, {});
+    row("sync managers", 5, {1, 16}, 254, {ExportWarning::SyncManagers});
+    row("PDO step", 4, {2, 16}, 254, {ExportWarning::SlotPdoIncrement});
+    row("index step", 4, {1, 8}, 254, {ExportWarning::SlotIndexIncrement});
+    row("commands", 4, {1, 16}, 255, {ExportWarning::StartupCommands});
+    row("all, in the order of the window", 5, {2, 8}, 255,
+        {ExportWarning::SyncManagers, ExportWarning::SlotPdoIncrement, ExportWarning::StartupCommands});
+}
+
+void tst_ExportChecks::kinds()
+{
+    QFETCH(int, syncManagers);
+    QFETCH(Steps, ofSlot);
+    QFETCH(int, commands);
+    QFETCH(Kinds, kinds);
+    struct_EtherCatDevice device = deviceNamed("D");
+    device.vSM.resize(static_cast<std::size_t>(syncManagers));
+    device.Slots.Attributes.SlotPdoIncrement = 1;
+    device.Slots.Attributes.SlotIndexIncrement = 16;
+    device.Slots.vslot.resize(1);
+    device.Slots.vslot[0].Attributes.SlotPdoIncrement = ofSlot.first;
+    device.Slots.vslot[0].Attributes.SlotIndexIncrement = ofSlot.second;
+    device.Mailbox.COE.InitCmd.vinitcmd.resize(static_cast<std::size_t>(commands));
+    QVERIFY(exportWarningsOf(device) == kinds);
+}
+
+/// A command that writes a number.
+template<typename Command> static Command commandOf(int dataBytes, unsigned int data)
+{
+    Command command;
+    command.DataBytes = static_cast<std::uint16_t>(dataBytes);
+    command.Data = data;
+    return command;
+}
+
+void tst_ExportChecks::lostValues_data()
+{
+    QTest::addColumn<int>("dataBytes");
+    QTest::addColumn<unsigned int>("data");
+    QTest::addColumn<bool>("isCompleteAccess");
+    QTest::addColumn<bool>("isLost");
+    QTest::addRow("no byte") << 0 << 0U << false << false;
+    QTest::addRow("four bytes that are 0") << 4 << 0U << false << false;
+    QTest::addRow("five bytes") << 5 << 0U << false << true;
+    QTest::addRow("five bytes by the count, and a number") << 5 << 1U << false << false;
+    QTest::addRow("256 bytes, of which a module block keeps a count of 0") << 256 << 0U << false << true;
+    QTest::addRow("complete access") << 8 << 0U << true << false;
+}
+
+void tst_ExportChecks::lostValues()
+{
+    QFETCH(int, dataBytes);
+    QFETCH(unsigned int, data);
+    QFETCH(bool, isCompleteAccess);
+    QFETCH(bool, isLost);
+    struct_EtherCatDevice device = deviceNamed("D");
+    struct_InitCmd command = commandOf<struct_InitCmd>(dataBytes, data);
+    command.bIfCA = isCompleteAccess ? 1 : 0;
+    device.Mailbox.COE.InitCmd.vinitcmd.push_back(command);
+    const LostValues lost = lostValuesOf(device);
+    QCOMPARE(lost.count, std::size_t(isLost ? 1 : 0));
+    QCOMPARE(lost.first.has_value(), isLost);
+}
+
+/// The commands of the device come first in the file, then those of the modules in its slots.
+void tst_ExportChecks::lostValuesOfBothLists()
+{
+    struct_EtherCatDevice device = deviceNamed("D");
+    device.mMailbox.COE.vinitcmd.assign(2, commandOf<struct_moduleInitCmd>(6, 0));
+    QCOMPARE(lostValuesOf(device).count, std::size_t(2));
+    QCOMPARE(int(lostValuesOf(device).first->dataBytes), 6);
+    struct_InitCmd command = commandOf<struct_InitCmd>(7, 0);
+    command.Index = 0x2F10;
+    command.SubIndex = 3;
+    command.Comment = "Tag";
+    device.Mailbox.COE.InitCmd.vinitcmd.push_back(command);
+    const LostValues lost = lostValuesOf(device);
+    QCOMPARE(lost.count, std::size_t(3));
+    QCOMPARE(int(lost.first->index), 0x2F10);
+    QCOMPARE(int(lost.first->subIndex), 3);
+    QCOMPARE(int(lost.first->dataBytes), 7);
+    QCOMPARE(lost.first->comment, std::string("Tag"));
+}
+
+/// All modules of all groups.
+void tst_ExportChecks::lostValuesOfModules()
+{
+    struct_FilenameDevice file = fileWith("a.xml", {"D"});
+    QCOMPARE(lostModuleValuesOf(file).count, std::size_t(0));
+    file.vcommentmodule.resize(2);
+    file.vcommentmodule[0].vmodule.resize(2);
+    file.vcommentmodule[1].vmodule.resize(1);
+    file.vcommentmodule[0].vmodule[1].Mailbox.COE.vinitcmd = {commandOf<struct_moduleInitCmd>(4, 0),
+                                                              commandOf<struct_moduleInitCmd>(8, 0)};
+    file.vcommentmodule[1].vmodule[0].Mailbox.COE.vinitcmd = {commandOf<struct_moduleInitCmd>(9, 0)};
+    const LostValues lost = lostModuleValuesOf(file);
+    QCOMPARE(lost.count, std::size_t(2));
+    QCOMPARE(int(lost.first->dataBytes), 8);
 }
 
 void tst_ExportChecks::nameInTheText_data()
