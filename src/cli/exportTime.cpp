@@ -1,5 +1,7 @@
 #include "cli/exportTime.h"
 
+#include "cli/deviceLabel.h"
+
 #include <QRegularExpression>
 #include <QtGlobal>
 
@@ -8,13 +10,15 @@ namespace {
 const char* const epochVariable = "SOURCE_DATE_EPOCH";
 
 /// The time that a text in the form of ISO 8601 shows; not valid if it is none. Only the digits count: they go into the
-/// file as they are written, so neither an offset nor the time zone of the machine changes them. The file holds the
-/// year in decimal digits before those of month and day: four of them are what readers expect.
+/// file as they are written, so neither an offset nor the time zone of the machine changes them, and 24:00, which is
+/// the start of the next day, is refused. The file holds the year in decimal digits before those of month and day: four
+/// of them are what readers expect. No place on earth is more than 14 hours from UTC.
 QDateTime writtenTime(const QString& text)
 {
-    static const QRegularExpression form(QStringLiteral(R"(^([1-9]\d{3}-\d\d-\d\d))" // date
-                                                        R"((?:[T ](\d\d:\d\d(?::\d\d(?:\.\d+)?)?))" // time
-                                                        R"((?:[Zz]|[+-]\d\d(?::?\d\d)?)?)?$)")); // offset
+    static const QRegularExpression form(
+        QStringLiteral(R"(^([1-9]\d{3}-\d\d-\d\d))" // date
+                       R"((?:[T ]((?:[01]\d|2[0-3]):\d\d(?::\d\d(?:\.\d+)?)?))" // time
+                       R"((?:[Zz]|[+-](?:(?:0\d|1[0-3])(?::?[0-5]\d)?|14(?::?00)?))?)?$)")); // offset
     const QRegularExpressionMatch match = form.match(text);
     if (!match.hasMatch())
         return {};
@@ -31,7 +35,7 @@ ExportTime exportTimeFrom(const std::optional<QString>& date)
     if (date.has_value()) {
         if (const QDateTime time = writtenTime(*date); time.isValid())
             return {time, {}};
-        return {{}, QStringLiteral("\"%1\" is no time in the form 2026-11-21T10:00:00Z").arg(*date)};
+        return {{}, QStringLiteral("%1 is no time in the form 2026-11-21T10:00:00Z").arg(shownText(*date))};
     }
     if (!qEnvironmentVariableIsSet(epochVariable))
         return {QDateTime::currentDateTime(), {}};
@@ -41,7 +45,7 @@ ExportTime exportTimeFrom(const std::optional<QString>& date)
     constexpr qlonglong lastSecond = 253402300799; // the end of the year 9999
     if (!isNumber || seconds < 0 || seconds > lastSecond)
         return {{},
-                QStringLiteral("the variable SOURCE_DATE_EPOCH holds \"%1\", which is no number of seconds")
-                    .arg(QString::fromLocal8Bit(text))};
+                QStringLiteral("the variable SOURCE_DATE_EPOCH holds %1, which is no number of seconds")
+                    .arg(shownText(QString::fromLocal8Bit(text)))};
     return {QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC), {}};
 }

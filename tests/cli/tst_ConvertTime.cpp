@@ -46,6 +46,10 @@ void tst_ConvertTime::fixedTime_data()
     row("a blank before the time", {"--date", "2026-11-21 01:02:03"}, {}, {20261121, 10203});
     row("without seconds", {"--date", "2026-11-21T01:02Z"}, {}, {20261121, 10200});
     row("with parts of a second", {"--date", "2026-11-21T01:02:03.999+0130"}, {}, {20261121, 10203});
+    row("last offset in the east", {"--date", "2026-11-21T01:02:03+14:00"}, {}, {20261121, 10203});
+    row("last offset in the west", {"--date", "2026-11-21T01:02:03-1400"}, {}, {20261121, 10203});
+    row("offset of hours", {"--date", "2026-11-21T01:02:03+09"}, {}, {20261121, 10203});
+    row("last second of a day", {"--date", "2026-11-21T23:59:59Z"}, {}, {20261121, 235959});
     row("earliest year", {"--date", "1000-01-01"}, {}, {10000101, 0});
     row("latest year", {"--date", "9999-12-31T23:59:59"}, {}, {99991231, 235959});
     row("date alone", {"--date", "2026-11-21"}, {}, {20261121, 0});
@@ -76,10 +80,28 @@ void tst_ConvertTime::noTime_data()
     QTest::addColumn<QStringList>("options");
     QTest::addColumn<QStringList>("variables");
     QTest::addColumn<QByteArray>("word");
-    for (const char* text :
-         {"", "today", "21.11.2026", "2026-02-30", "2026-11-21T25:00:00", "10000-01-01", "0", "0999-12-31",
-          "2026-11-21T10:00:00Zjunk", "2026-11-21T10:00:00junkZ", "2026-11-21T10:00:00+2", "2026/11/21T10:00",
-          " 2026-11-21", "2026-11-21T", "2026-11-21T10", "2026-11-21T10:00:60"})
+    for (const char* text : {"",
+                             "today",
+                             "21.11.2026",
+                             "2026-02-30",
+                             "2026-11-21T25:00:00",
+                             "10000-01-01",
+                             "0",
+                             "0999-12-31",
+                             "2026-11-21T10:00:00Zjunk",
+                             "2026-11-21T10:00:00junkZ",
+                             "2026-11-21T10:00:00+2",
+                             "2026/11/21T10:00",
+                             " 2026-11-21",
+                             "2026-11-21T",
+                             "2026-11-21T10",
+                             "2026-11-21T10:00:60",
+                             "2026-11-21T24:00:00",
+                             "2026-11-21T24:00",
+                             "2026-11-21T10:00+25:00",
+                             "2026-11-21T10:00+14:01",
+                             "2026-11-21T10:00-15",
+                             "2026-11-21T10:00+13:60"})
         QTest::addRow("option \"%s\"", text)
             << QStringList{QStringLiteral("--date=") + QLatin1String(text)} << QStringList{} << QByteArray(text);
     for (const char* text : {"", "now", "-1", "1.5", "253402300800", "99999999999999999999"})
