@@ -1,6 +1,7 @@
 #include "cli/choicesCommand.h"
 
 #include "cli/choices/choicesTemplate.h"
+#include "cli/deviceWarnings.h"
 #include "cli/inputFile.h"
 #include "editing/deviceEdits.h"
 #include "model/XMLParsing.h"
@@ -47,7 +48,9 @@ ExitCode runChoices(const QStringList& arguments, Console& console)
         return *ended;
     if (line.operands().isEmpty())
         return line.refuse(QStringLiteral("no ESI file is given"), console);
-    if (loadEsiFiles(line.operands(), console.messages) && selectAll(g_xmlfiledevices, console.messages))
+    if (loadEsiFiles(line.operands(), console.messages) && selectAll(g_xmlfiledevices, console.messages)) {
+        warnOfLostValues(g_xmlfiledevices, console.messages);
         writeChoicesTemplate(console.results, g_xmlfiledevices);
+    }
     return console.messages.exitCode();
 }

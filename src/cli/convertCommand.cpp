@@ -1,6 +1,7 @@
 #include "cli/convertCommand.h"
 
 #include "cli/choices/choicesFile.h"
+#include "cli/deviceLabel.h"
 #include "cli/deviceSelectors.h"
 #include "cli/deviceWarnings.h"
 #include "cli/exportTime.h"
@@ -9,12 +10,15 @@
 #include "cli/progress.h"
 #include "cli/wholeSave.h"
 #include "editing/exportChecks.h"
+#include "ktl/itemLimit.h"
 #include "ktl/ktlExport.h"
 #include "ktl/ktlItemWalk.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <QMap>
 
+#include <algorithm>
 #include <stdexcept>
 
 const SubCommandText convertText{
@@ -42,6 +46,7 @@ const QString deviceOption = QStringLiteral("device");
 const QString choicesOption = QStringLiteral("choices");
 const QString dateOption = QStringLiteral("date");
 const QString strictSwitch = QStringLiteral("strict");
+const QString ignoreOption = QStringLiteral("ignore");
 
 QList<QCommandLineOption> convertOptions()
 {
@@ -53,7 +58,8 @@ QList<QCommandLineOption> convertOptions()
         {forceSwitch, QStringLiteral("Replaces a file that exists.")},
         {deviceOption,
          QStringLiteral("Takes this device only; may be given several times. A number (from 1, over all files), a "
-                        "name, or VENDOR:PRODUCT[:REVISION]."),
+                        "name, a Type, or VENDOR:PRODUCT[:REVISION], which must mean one device; with * in it all "
+                        "devices that fit: \"EL36*\", \"0x2:0x1a403052:*\"."),
          QStringLiteral("SELECTOR")},
         {choicesOption,
          QStringLiteral("What an engineer would set in the workbench, from a JSON file; - for standard input. \"ktl "
@@ -63,6 +69,10 @@ QList<QCommandLineOption> convertOptions()
          QStringLiteral("Time of the export that the file shows. Without it SOURCE_DATE_EPOCH counts, or now."),
          QStringLiteral("ISO-TIME")},
         {strictSwitch, QStringLiteral("Exit status 1 if there are warnings.")},
+        {ignoreOption,
+         QStringLiteral("Takes the warnings with this code out of --strict; may be given several times. The code is "
+                        "at the end of the warning, in brackets."),
+         QStringLiteral("CODE")},
     };
 }
 
@@ -82,11 +92,16 @@ QString problemOf(const CommandLine& line)
         return QStringLiteral("--append and --force cannot be given together");
     const QString output = line.value(outputOption);
     if (line.isSet(outputOption) && (output.isEmpty() || isStandardInput(output)))
-        return QStringLiteral("the output \"%1\" is no name of a file").arg(output);
+        return QStringLiteral("the output %1 is no name of a file").arg(shownText(output));
     if (!line.isSet(outputOption) && line.operands().contains(QStringLiteral("-")))
         return QStringLiteral("standard input has no name to make one for the output from; -o is needed");
-    if (line.values(choicesOption).size() > 1)
-        return QStringLiteral("--choices can be given once only");
+    for (const QString& option : {outputOption, choicesOption, dateOption})
+        if (line.values(option).size() > 1)
+            return QStringLiteral("--%1 can be given once only").arg(option);
+    for (const QString& code : line.values(ignoreOption))
+        if (!warningCodeNamed(code).has_value())
+            return QStringLiteral("%1 is no code of a warning; there are %2")
+                .arg(shownText(code), warningCodeNames().join(QStringLiteral(", ")));
     if (line.operands().contains(QStringLiteral("-")) && isStandardInput(line.value(choicesOption)))
         return QStringLiteral("standard input can be read once only");
     return {};
@@ -128,16 +143,41 @@ void warnOfBrokenTarget(const CommandLine& line, const QString& output, Messages
                          QStringLiteral("what is added cannot be found behind what the file holds: ") + problem);
 }
 
-/// Says what the window says before an export.
-void warnAbout(const std::set<DevicePosition>& devices, Messages& messages)
+/// Warns of files that are given more than once: their devices are written as often.
+void warnOfSameInputs(const QStringList& inputs, Messages& messages)
 {
-    std::size_t number = 0; // of the device, over all files
-    for (std::size_t file = 0; file < g_xmlfiledevices.size(); ++file)
-        for (std::size_t device = 0; device < g_xmlfiledevices[file].device.size(); ++device) {
-            ++number;
-            if (devices.count({file, device}) != 0)
-                warnOfDevice(g_xmlfiledevices[file], g_xmlfiledevices[file].device[device], number, messages);
-        }
+    QMap<QString, int> counts; // by canonical path, of files alone: a pipe is another one each time
+    for (const QString& input : inputs)
+        if (const QFileInfo info(input); !isStandardInput(input) && info.isFile())
+            if (++counts[info.canonicalFilePath()] == 2)
+                messages.warning(input, WarningCode::SameInput,
+                                 QStringLiteral("the file is given more than once, its devices are written as often"));
+}
+
+/// Whether there is a device to write; tells of each file if not.
+bool hasDevices(const std::vector<struct_FilenameDevice>& files, Messages& messages)
+{
+    const auto holdsDevice = [](const struct_FilenameDevice& file) { return !file.device.empty(); };
+    if (std::any_of(files.begin(), files.end(), holdsDevice))
+        return true;
+    for (const struct_FilenameDevice& file : files)
+        messages.error(QString::fromStdString(file.xmlfilepath),
+                       QStringLiteral("the file holds no device, nothing is written"));
+    return false;
+}
+
+/// Warns of a file that is too long for the workbench.
+void warnOfItemCount(const QString& output, Messages& messages)
+{
+    const FileHandle file(std::fopen(QFile::encodeName(output).constData(), "rb"));
+    const std::size_t count = file == nullptr ? 0 : countItems(file.get());
+    if (count > maxReadItems)
+        messages.warning(
+            output, WarningCode::ItemCount,
+            QStringLiteral("the file has %1 items; the dump shows the first %2, and the workbench reads no "
+                           "run that ends after them")
+                .arg(count)
+                .arg(maxReadItems));
 }
 
 /// Writes the devices; tells of a failure.
@@ -157,6 +197,8 @@ void write(const CommandLine& line, const QString& output, const std::set<Device
         const KtlSaveMode mode = line.isSet(appendSwitch) ? KtlSaveMode::Append : KtlSaveMode::Overwrite;
         if (const std::optional<WholeSaveFailure> failure = saveWhole(output, mode, writeRun))
             messages.error(failure->file, failure->reason);
+        else
+            warnOfItemCount(output, messages);
     } catch (const std::out_of_range& error) {
         messages.error(QString::fromStdString(g_xmlfiledevices[fileBeingWritten].xmlfilepath), rangeErrorText(error));
     }
@@ -168,23 +210,22 @@ ExitCode convert(const CommandLine& line, const QDateTime& exportTime, Messages&
     QString output = line.value(outputOption);
     if (!output.isEmpty() && !mayWrite(line, output, messages))
         return messages.exitCode();
+    warnOfSameInputs(line.operands(), messages);
     if (!loadEsiFiles(line.operands(), messages))
         return messages.exitCode();
-    if (line.isSet(choicesOption)
-        && !applyChoicesFile(line.value(choicesOption), g_xmlfiledevices, messages, line.values(deviceOption)))
+    if (!hasDevices(g_xmlfiledevices, messages))
         return messages.exitCode();
     const auto devices = selectedDevices(line.values(deviceOption), g_xmlfiledevices, messages);
     if (!devices.has_value())
         return messages.exitCode();
-    if (devices->empty()) {
-        messages.error({}, QStringLiteral("the files hold no device, nothing is written"));
+    if (line.isSet(choicesOption) && !applyChoicesFile(line.value(choicesOption), g_xmlfiledevices, messages, *devices))
         return messages.exitCode();
-    }
-    warnAbout(*devices, messages);
+    warnOfDevices(g_xmlfiledevices, *devices, messages);
     if (output.isEmpty()) {
         output = proposedKtlName(g_xmlfiledevices[devices->begin()->first]) + QStringLiteral(".ktl");
         if (!mayWrite(line, output, messages))
             return messages.exitCode();
+        messages.note({}, QStringLiteral("writes %1; -o names another file").arg(output));
     }
     warnOfBrokenTarget(line, output, messages);
     write(line, output, *devices, exportTime, messages);
@@ -204,5 +245,8 @@ ExitCode runConvert(const QStringList& arguments, Console& console)
         exportTimeFrom(line.isSet(dateOption) ? std::make_optional(line.value(dateOption)) : std::nullopt);
     if (!exportTime.problem.isEmpty())
         return line.refuse(exportTime.problem, console);
+    for (const QString& code : line.values(ignoreOption))
+        if (const std::optional<WarningCode> ignored = warningCodeNamed(code))
+            console.messages.ignore(*ignored);
     return convert(line, exportTime.time, console.messages);
 }

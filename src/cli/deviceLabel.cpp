@@ -2,11 +2,17 @@
 
 #include "esi/xmlCharConversion.h"
 
+QString identityText(const struct_FilenameDevice& file, const struct_EtherCatDevice& device)
+{
+    return QStringLiteral("%1:%2:%3")
+        .arg(xmlGetStringuint(file.Vendor_Id), xmlGetStringuint(device.TypeAttributes.Product_Code),
+             xmlGetStringuint(device.TypeAttributes.Revision_No));
+}
+
 QString deviceLabel(const struct_FilenameDevice& file, const struct_EtherCatDevice& device, std::size_t number)
 {
-    return QStringLiteral("device %1 %2 (%3:%4:%5)")
-        .arg(QString::number(number), shownText(QString::fromStdString(device.Name)), xmlGetStringuint(file.Vendor_Id),
-             xmlGetStringuint(device.TypeAttributes.Product_Code), xmlGetStringuint(device.TypeAttributes.Revision_No));
+    return QStringLiteral("device %1 %2 (%3)")
+        .arg(QString::number(number), shownText(QString::fromStdString(device.Name)), identityText(file, device));
 }
 
 QString shownText(const QString& text)

@@ -7,6 +7,9 @@
 
 #include <cstddef>
 
+/// Vendor id, product code and revision as a selector has them: `0x7e570002:0x5001:0x30001`.
+[[nodiscard]] QString identityText(const struct_FilenameDevice& file, const struct_EtherCatDevice& device);
+
 /// A device with all by which a user can tell it apart: `device 3 "EL-01" (0x7e570002:0x5001:0x30001)`. A long name is
 /// cut.
 /// @param number  from 1, over all files of the call: the one that `--device` takes

@@ -1,12 +1,17 @@
-// deviceWarnings.h - what the command says before a device is exported.
+// deviceWarnings.h - what the command says before devices are exported.
 #pragma once
 
+#include "cli/deviceSelectors.h"
 #include "cli/messages.h"
-#include "model/deviceRecords.h"
+#include "model/XMLParsing.h"
 
-#include <cstddef>
+#include <set>
+#include <vector>
 
-/// Warns of what the controller cannot handle of a device, as the window does before an export, in English.
-/// @param number  of the device from 1, over all files of the call
-void warnOfDevice(const struct_FilenameDevice& file, const struct_EtherCatDevice& device, std::size_t number,
-                  Messages& messages);
+/// Warns of what the controller cannot handle of devices, as the window does before an export, and of values that the
+/// export does not carry; device by device, in the order of the files.
+void warnOfDevices(const std::vector<struct_FilenameDevice>& files, const std::set<DevicePosition>& devices,
+                   Messages& messages);
+
+/// Warns of the values alone that an export does not carry, of all devices.
+void warnOfLostValues(const std::vector<struct_FilenameDevice>& files, Messages& messages);

@@ -7,6 +7,26 @@
 
 #include <ostream>
 
+namespace {
+
+/// The name before a message, for what is about no file too.
+QString placeOf(const QString& file)
+{
+    return file.isEmpty() ? QStringLiteral("ktl") : shownName(file);
+}
+
+/// Values are cut where they are put in; this is for those that are part of somebody else's words.
+QString cutText(const QString& text)
+{
+    constexpr int maxLength = 2000;
+    if (text.size() <= maxLength)
+        return text;
+    const int length = text.at(maxLength).isLowSurrogate() ? maxLength - 1 : maxLength;
+    return text.left(length) + QStringLiteral("...");
+}
+
+} // namespace
+
 QString oneLine(QString text)
 {
     for (QChar& character : text) {
@@ -26,7 +46,20 @@ QString shownName(const QString& file)
 void Messages::error(const QString& file, const QString& text)
 {
     m_hasErrors = true;
-    tell(file.isEmpty() ? QStringLiteral("ktl") : shownName(file), "error", text);
+    tell(placeOf(file), "error", text);
+}
+
+void Messages::errors(const QString& file, const std::vector<QString>& texts)
+{
+    for (std::size_t index = 0; index < texts.size() && index < maxListed; ++index)
+        error(file, texts[index]);
+    if (texts.size() > maxListed)
+        error(file, QStringLiteral("... and %1 more").arg(texts.size() - maxListed));
+}
+
+void Messages::note(const QString& file, const QString& text)
+{
+    tell(placeOf(file), "note", text);
 }
 
 void Messages::error(const QString& file, int line, int column, const QString& text)
@@ -40,14 +73,13 @@ void Messages::error(const QString& file, int line, int column, const QString& t
 void Messages::outputError(const QString& file, const QString& text)
 {
     m_hasOutputErrors = true;
-    tell(file.isEmpty() ? QStringLiteral("ktl") : shownName(file), "error", text);
+    tell(placeOf(file), "error", text);
 }
 
 void Messages::warning(const QString& file, WarningCode code, const QString& text)
 {
     m_hasWarnings = m_hasWarnings || m_ignored.count(code) == 0;
-    tell(file.isEmpty() ? QStringLiteral("ktl") : shownName(file), "warning",
-         QStringLiteral("%1 [%2]").arg(oneLine(text), nameOf(code)));
+    tell(placeOf(file), "warning", QStringLiteral("%1 [%2]").arg(oneLine(cutText(text)), nameOf(code)));
 }
 
 ExitCode Messages::exitCode(bool strict) const
@@ -62,5 +94,6 @@ ExitCode Messages::exitCode(bool strict) const
 void Messages::tell(const QString& place, const char* severity, const QString& text)
 {
     const Progress::Pause pause; // its line must not stand in front of the message
-    m_out << oneLine(place).toStdString() << ": " << severity << ": " << oneLine(text).toStdString() << std::endl;
+    m_out << oneLine(place).toStdString() << ": " << severity << ": " << oneLine(cutText(text)).toStdString()
+          << std::endl;
 }

@@ -6,15 +6,19 @@
 
 #include <QString>
 
+#include <cstddef>
 #include <iosfwd>
 #include <set>
+#include <vector>
 
 /// Tells errors and warnings, and knows what they mean for the exit status. A line reads `FILE: severity: text`, with
 /// `:LINE:COLUMN` after the file where there is a place, and the name of its kind in brackets at the end of a warning.
-/// What is not about a file is told under the command's own name.
+/// What is not about a file is told under the command's own name. A text that is longer than people read is cut.
 class Messages
 {
 public:
+    static constexpr std::size_t maxListed = 20; ///< lines of one kind
+
     /// @param out  takes the lines; it must outlive this object
     explicit Messages(std::ostream& out)
         : m_out(out)
@@ -24,9 +28,13 @@ public:
     void error(const QString& file, const QString& text);
     /// @param line, column  from 1
     void error(const QString& file, int line, int column, const QString& text);
+    /// Errors of one kind of one file: the first `maxListed` of them, and how many more there are.
+    void errors(const QString& file, const std::vector<QString>& texts);
     /// An output that cannot be written.
     void outputError(const QString& file, const QString& text);
     void warning(const QString& file, WarningCode code, const QString& text);
+    /// What a user may want to know although nothing is wrong, or what adds to an error.
+    void note(const QString& file, const QString& text);
 
     /// Warnings of that kind are told from now on as before, but do not count for the exit status.
     void ignore(WarningCode code) { m_ignored.insert(code); }

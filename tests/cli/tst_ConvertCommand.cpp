@@ -22,6 +22,10 @@ private slots:
     void existingFile_data();
     void existingFile();
     void existingDump();
+    void givenTwice_data();
+    void givenTwice();
+    void noDevice_data();
+    void noDevice();
 };
 
 void tst_ConvertCommand::oneFile_data()
@@ -107,10 +111,11 @@ void tst_ConvertCommand::standardInput()
     CommandStart start;
     start.folder = place.folder();
     start.input = contentOf(sample());
-    const CommandRun run = runKtl({"convert", "-", sample("servo-drive.xml"), "-o", "piped.ktl"}, start);
+    const CommandRun run = runKtl({"convert", "-", sample("dual-axis-drive.xml"), "-o", "piped.ktl"}, start);
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
-    QCOMPARE(runKtl({"convert", sample(), sample("servo-drive.xml"), "-o", "read.ktl"}, place.folder()).exitCode, 0);
+    QCOMPARE(runKtl({"convert", sample(), sample("dual-axis-drive.xml"), "-o", "read.ktl"}, place.folder()).exitCode,
+             0);
     QCOMPARE(place.content("piped.ktl"), place.content("read.ktl"));
     QVERIFY(devicesIn(place.content("piped.ktl")).startsWith(sampleDevices().constFirst()));
 }
@@ -130,13 +135,16 @@ void tst_ConvertCommand::pipe()
 }
 
 /// Without -o: at most 15 characters of the file's name up to its first point, a hyphen and the vendor id, of this at
-/// most 20 characters, and the ending. The file of the first device that is written counts.
+/// most 20 characters, and the ending. The file of the first device that is written counts. The name is told, which is
+/// no warning.
 void tst_ConvertCommand::proposedName()
 {
     const Workplace place;
     const QString empty = place.make(QStringLiteral("empty.xml"), esiWith(""));
     QVERIFY(QFile::copy(sample(), place.path(QStringLiteral("a.b.xml"))));
-    QCOMPARE(runKtl({"convert", empty, "a.b.xml", sample("servo-drive.xml")}, place.folder()).exitCode, 0);
+    const CommandRun run = runKtl({"convert", empty, "a.b.xml", "--strict"}, place.folder());
+    QCOMPARE(run.errors, QByteArray("ktl: note: writes a-0x7e570003.ktl; -o names another file\n"));
+    QCOMPARE(run.exitCode, 0);
     QCOMPARE(place.names(), (QStringList{"a-0x7e570003.ktl", "a-0x7e570003.ktl.txt", "a.b.xml", "empty.xml"}));
     // "oversampling-terminal" is cut to "oversampling-te", and with "-0x7e570004" to 20 characters.
     QCOMPARE(runKtl({"convert", sample("oversampling-terminal.xml")}, place.folder()).exitCode, 0);
@@ -172,8 +180,10 @@ void tst_ConvertCommand::existingFile()
     const QByteArray one = place.content(ktl);
     const CommandRun run = runKtl(arguments, place.folder());
     QCOMPARE(run.exitCode, exitCode);
+    const QByteArray note =
+        namesOutput ? QByteArray() : "ktl: note: writes " + ktl.toUtf8() + "; -o names another file\n";
     QCOMPARE(run.errors, exitCode == 0
-                             ? QByteArray()
+                             ? note
                              : ktl.toUtf8() + ": error: the file exists; --force replaces it, --append adds to it\n");
     QCOMPARE(place.content(ktl), one.repeated(runs));
     QCOMPARE(place.content(ktl + QStringLiteral(".txt")).count("ItemHead-dec: 0,"), runs);
@@ -197,6 +207,51 @@ void tst_ConvertCommand::existingDump()
         QVERIFY(place.content(QStringLiteral("out.ktl.txt")).startsWith("KTL Version"));
         QVERIFY(QFile::remove(place.path(QStringLiteral("out.ktl"))));
     }
+}
+
+void tst_ConvertCommand::givenTwice_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("option");
+    QTest::addRow("output") << QStringList{"-o", "a.ktl", "--output", "b.ktl"} << QByteArray("--output");
+    QTest::addRow("the same output") << QStringList{"-o", "a.ktl", "-o", "a.ktl"} << QByteArray("--output");
+    QTest::addRow("time") << QStringList{"-o", "a.ktl", "--date", "2026-11-21", "--date=2026-11-22"}
+                          << QByteArray("--date");
+    QTest::addRow("choices") << QStringList{"-o", "a.ktl", "--choices", "a.json", "--choices", "b.json"}
+                             << QByteArray("--choices");
+}
+
+/// Of two values none counts.
+void tst_ConvertCommand::givenTwice()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, option);
+    const Workplace place;
+    const CommandRun run = runKtl(QStringList{"convert", sample()} + options, place.folder());
+    QCOMPARE(run.errors, "ktl: error: " + option + " can be given once only (see: ktl convert --help)\n");
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(place.names(), QStringList());
+}
+
+void tst_ConvertCommand::noDevice_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addRow("all devices") << QStringList{};
+    QTest::addRow("one that is asked for") << QStringList{"--device", "1"};
+}
+
+/// Each file is named.
+void tst_ConvertCommand::noDevice()
+{
+    QFETCH(QStringList, options);
+    const Workplace place;
+    place.make(QStringLiteral("a.xml"), esiWith(""));
+    place.make(QStringLiteral("b.xml"), esiWith(""));
+    const CommandRun run = runKtl(QStringList{"convert", "a.xml", "b.xml", "-o", "out.ktl"} + options, place.folder());
+    QCOMPARE(run.errors, QByteArray("a.xml: error: the file holds no device, nothing is written\n"
+                                    "b.xml: error: the file holds no device, nothing is written\n"));
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(place.names(), (QStringList{"a.xml", "b.xml"}));
 }
 
 QTEST_GUILESS_MAIN(tst_ConvertCommand)

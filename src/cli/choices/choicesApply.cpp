@@ -22,21 +22,23 @@ namespace {
 using ChosenDevices = std::map<DevicePosition, QString>; // the place in the choices file of each
 
 /// The one device that a choice names; nothing if it is not one, or was named before.
-std::optional<DevicePosition> deviceOf(const DeviceChoices& choices, const std::vector<struct_FilenameDevice>& files,
+std::optional<DevicePosition> deviceOf(const DeviceChoices& choices, const DeviceSelectors& selectors,
                                        ChosenDevices& chosen, Problems& problems)
 {
+    constexpr std::size_t maxCandidates = 5;
     const QString path = choices.path + QStringLiteral(".device");
-    const std::set<DevicePosition> named = devicesNamed(choices.device, files);
-    if (named.size() != 1) {
-        problems.add(path, named.empty()
-                               ? QStringLiteral("no device of the given files is %1").arg(quoted(choices.device))
-                               : QStringLiteral("%1 devices are %2; their numbers tell them apart")
-                                     .arg(QString::number(named.size()), quoted(choices.device)));
+    const MeantDevices meant = selectors.deviceOf(choices.device);
+    if (!meant.problem.isEmpty()) {
+        QStringList words{meant.problem};
+        if (problems.count() < Messages::maxListed) // the others are not told
+            words += selectors.candidatesOf(choices.device, maxCandidates);
+        problems.add(path, words.join(QStringLiteral("; ")));
         return std::nullopt;
     }
-    const auto [place, isNew] = chosen.insert({*named.begin(), choices.path});
+    const DevicePosition device = *meant.devices.begin();
+    const auto [place, isNew] = chosen.insert({device, choices.path});
     if (isNew)
-        return *named.begin();
+        return device;
     problems.add(path, QStringLiteral("%1 is the device of %2 already").arg(quoted(choices.device), place->second));
     return std::nullopt;
 }
@@ -214,8 +216,9 @@ std::vector<ChoiceWarning> makeChoices(const std::vector<DeviceChoices>& choices
     std::vector<ChoiceWarning> warnings;
     DeviceClicks clicks;
     ChosenDevices chosen;
+    const DeviceSelectors selectors(files);
     for (const DeviceChoices& ofDevice : choices) {
-        const std::optional<DevicePosition> position = deviceOf(ofDevice, files, chosen, problems);
+        const std::optional<DevicePosition> position = deviceOf(ofDevice, selectors, chosen, problems);
         if (!position.has_value())
             continue;
         struct_FilenameDevice& file = files[position->first];

@@ -12,25 +12,23 @@ namespace {
 
 /// Warns of choices that are made for nothing, since their device is not written. What one of them sets in the modules
 /// of the file still counts for the other devices.
-/// @param selectors  the devices that are written, not empty
 void warnOfLeftOut(const QString& path, const std::vector<DeviceChoices>& choices,
-                   const std::vector<struct_FilenameDevice>& files, const QStringList& selectors, Messages& messages)
+                   const std::vector<struct_FilenameDevice>& files, const std::set<DevicePosition>& written,
+                   Messages& messages)
 {
-    std::set<DevicePosition> written;
-    for (const QString& selector : selectors)
-        written.merge(devicesNamed(selector, files));
+    const DeviceSelectors selectors(files);
     for (const DeviceChoices& ofDevice : choices)
-        for (const DevicePosition& position : devicesNamed(ofDevice.device, files))
+        for (const DevicePosition& position : selectors.deviceOf(ofDevice.device).devices)
             if (written.count(position) == 0)
                 messages.warning(path, WarningCode::LeftOut,
                                  QStringLiteral("%1.device: %2 is left out by --device")
-                                     .arg(ofDevice.path, quoted(ofDevice.device)));
+                                     .arg(ofDevice.path, selectors.labelOf(position)));
 }
 
 } // namespace
 
 bool applyChoicesFile(const QString& path, std::vector<struct_FilenameDevice>& files, Messages& messages,
-                      const QStringList& selectors)
+                      const std::set<DevicePosition>& written)
 {
     QFile file;
     if (!openInput(file, path, messages))
@@ -49,9 +47,8 @@ bool applyChoicesFile(const QString& path, std::vector<struct_FilenameDevice>& f
     const std::vector<DeviceChoices> choices = choicesFrom(parsing.value, problems);
     for (const ChoiceWarning& warning : makeChoices(choices, files, problems))
         messages.warning(warning.file, WarningCode::ModuleList, warning.text);
-    for (const QString& problem : problems.texts())
-        messages.error(path, problem);
-    if (problems.count() == 0 && !selectors.isEmpty())
-        warnOfLeftOut(path, choices, files, selectors, messages);
+    messages.errors(path, problems.texts());
+    if (problems.count() == 0)
+        warnOfLeftOut(path, choices, files, written, messages);
     return problems.count() == 0;
 }
