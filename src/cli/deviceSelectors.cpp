@@ -20,15 +20,6 @@ QString productText(const IdentitySelector& identity)
            + xmlGetStringuint(identity.product.value_or(0));
 }
 
-/// The first lines, and how many others there are.
-QStringList cutList(const QStringList& lines, std::size_t maxLines)
-{
-    const auto count = static_cast<int>(maxLines);
-    if (lines.size() <= count)
-        return lines;
-    return lines.mid(0, count) + QStringList{QStringLiteral("... and %1 more").arg(lines.size() - count)};
-}
-
 std::set<DevicePosition> allDevices(const std::vector<struct_FilenameDevice>& files)
 {
     std::set<DevicePosition> devices;
@@ -71,9 +62,11 @@ QStringList DeviceSelectors::candidatesOf(const QString& selector, std::size_t m
     if (places.empty())
         places = nearestTo(selector);
     QStringList lines;
-    for (const std::size_t place : places)
-        lines += lineOf(place);
-    return cutList(lines, maxLines);
+    for (std::size_t index = 0; index < places.size() && index < maxLines; ++index)
+        lines += lineOf(places[index]);
+    if (places.size() > maxLines)
+        lines += QStringLiteral("... and %1 more").arg(places.size() - maxLines);
+    return lines;
 }
 
 QString DeviceSelectors::labelOf(const DevicePosition& device) const
@@ -169,10 +162,13 @@ MeantDevices DeviceSelectors::meantBy(const QString& selector, bool takesSeveral
 {
     const Places places = placesOf(selector);
     if (places.empty())
-        return {{}, whyNone(selector)};
+        return {{}, whyNone(selector), 0};
     if (places.size() > 1 && !takesSeveral)
-        return {{}, QStringLiteral("%1 means %2 devices instead of one").arg(shownText(selector)).arg(places.size())};
+        return {{},
+                QStringLiteral("%1 means %2 devices instead of one").arg(shownText(selector)).arg(places.size()),
+                places.size()};
     MeantDevices result;
+    result.count = places.size();
     for (const std::size_t place : places)
         result.devices.insert(m_devices[place]);
     return result;

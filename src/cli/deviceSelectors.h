@@ -24,6 +24,7 @@ struct MeantDevices
 {
     std::set<DevicePosition> devices; ///< empty if there is a problem
     QString problem; ///< why the selector cannot be used; empty if it can
+    std::size_t count = 0; ///< of the devices that it fits, also if that they are several is the problem
 };
 
 /// The devices of all files, by the selectors that a user may write for them: `VENDOR:PRODUCT[:REVISION]`, each number

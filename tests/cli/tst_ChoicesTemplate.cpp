@@ -54,7 +54,8 @@ void tst_ChoicesTemplate::fedBack()
 {
     QFETCH(QString, path);
     const CommandRun choices = runKtl({"choices", path});
-    QCOMPARE(choices.errors, QByteArray());
+    for (const QByteArray& line : choices.errors.split('\n')) // of what an export loses, and of nothing else
+        QVERIFY2(line.isEmpty() || line.endsWith("[startup-data]"), line.constData());
     QCOMPARE(choices.exitCode, 0);
     QByteArrayList selections;
     const int devices = QJsonDocument::fromJson(choices.output).object().value("devices").toArray().size();

@@ -188,15 +188,20 @@ void tst_ChoicesThatDoNotFit::ambiguousNames_data()
     };
     QTest::addColumn<QByteArray>("device");
     QTest::addColumn<QString>("message");
-    QTest::addRow("device by name") << QByteArray(R"({"device": "Twin"})")
-                                    << "device: 2 devices are \"Twin\"; their numbers tell them apart";
-    QTest::addRow("device by identity") << QByteArray(R"({"device": "1:1:1"})")
-                                        << "device: 2 devices are \"1:1:1\"; their numbers tell them apart";
+    QTest::addRow("device by name")
+        << QByteArray(R"({"device": "Twin"})")
+        << "device: \"Twin\" means 2 devices instead of one; device 1 \"Twin\" (0x1:0x1:0x1), type \"T\"; device 2 "
+           "\"Twin\" (0x1:0x1:0x1), type \"T\"";
+    QTest::addRow("device by identity")
+        << QByteArray(R"({"device": "1:1:1"})")
+        << "device: \"1:1:1\" means 2 devices instead of one; device 1 \"Twin\" (0x1:0x1:0x1), type \"T\"; device 2 "
+           "\"Twin\" (0x1:0x1:0x1), type \"T\"";
     QTest::addRow("no device") << QByteArray(R"({"device": "Single"})")
                                << "device: no device of the given files is \"Single\"";
     QTest::addRow("device without a name")
-        << QByteArray(R"({"device": ""})") << "device: no device of the given files is \"\"";
-    QTest::addRow("device number") << QByteArray(R"({"device": 3})") << "device: no device of the given files is \"3\"";
+        << QByteArray(R"({"device": ""})") << "device: a selector of a device is empty";
+    QTest::addRow("device number") << QByteArray(R"({"device": 3})")
+                                   << "device: there is no device 3: the numbers go from 1 to 2";
     QTest::addRow("mode") << special("\"dcMode\": \"DC\"")
                           << "dcMode: 2 modes are \"DC\"; their numbers tell them apart";
     QTest::addRow("PDO") << special(R"("links": [{"pdo": "0x1600", "entry": 0, "link": "DOUT"}])")

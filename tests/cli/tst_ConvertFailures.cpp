@@ -123,7 +123,7 @@ void tst_ConvertFailures::noDevices()
     place.make(QStringLiteral("empty.xml"), esiWith(""));
     const CommandRun run = runKtl({"convert", "empty.xml", "-o", "out.ktl"}, place.folder());
     QCOMPARE(run.exitCode, 2);
-    QCOMPARE(run.errors, QByteArray("ktl: error: the files hold no device, nothing is written\n"));
+    QCOMPARE(run.errors, QByteArray("empty.xml: error: the file holds no device, nothing is written\n"));
     QCOMPARE(place.names(), QStringList{"empty.xml"});
     QCOMPARE(runKtl({"convert", "empty.xml", sample(), "-o", "out.ktl"}, place.folder()).exitCode, 0);
     QCOMPARE(devicesIn(place.content(QStringLiteral("out.ktl"))), sampleDevices());
