@@ -1,18 +1,16 @@
 #include "cli/convertCommand.h"
 
 #include "cli/choices/choicesFile.h"
+#include "cli/convertOutput.h"
 #include "cli/deviceLabel.h"
 #include "cli/deviceSelectors.h"
 #include "cli/deviceWarnings.h"
 #include "cli/exportTime.h"
 #include "cli/inputFile.h"
-#include "cli/ktlInput.h"
-#include "cli/progress.h"
-#include "cli/wholeSave.h"
+#include "cli/system/terminal.h"
 #include "editing/exportChecks.h"
 #include "ktl/itemLimit.h"
 #include "ktl/ktlExport.h"
-#include "ktl/ktlItemWalk.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -42,6 +40,7 @@ namespace {
 const QString outputOption = QStringLiteral("output");
 const QString appendSwitch = QStringLiteral("append");
 const QString forceSwitch = QStringLiteral("force");
+const QString noDumpSwitch = QStringLiteral("no-dump");
 const QString deviceOption = QStringLiteral("device");
 const QString choicesOption = QStringLiteral("choices");
 const QString dateOption = QStringLiteral("date");
@@ -52,10 +51,12 @@ QList<QCommandLineOption> convertOptions()
 {
     return {
         {{QStringLiteral("o"), outputOption},
-         QStringLiteral("The KTL file to write. Without it the name that the workbench proposes, with .ktl."),
+         QStringLiteral("The KTL file to write; - for standard output, without dump. Without it the name that the "
+                        "workbench proposes, with .ktl."),
          QStringLiteral("OUT.ktl")},
-        {appendSwitch, QStringLiteral("Adds to a file that exists.")},
+        {appendSwitch, QStringLiteral("Adds to the file, or makes it.")},
         {forceSwitch, QStringLiteral("Replaces a file that exists.")},
+        {noDumpSwitch, QStringLiteral("Writes no text dump beside the file.")},
         {deviceOption,
          QStringLiteral("Takes this device only; may be given several times. A number (from 1, over all files), a "
                         "name, a Type, or VENDOR:PRODUCT[:REVISION], which must mean one device; with * in it all "
@@ -76,11 +77,19 @@ QList<QCommandLineOption> convertOptions()
     };
 }
 
-/// Whether two paths name the same file that exists.
-bool isSameFile(const QString& first, const QString& second)
+bool isStandardOutput(const QString& path)
 {
-    const QString canonical = QFileInfo(first).canonicalFilePath();
-    return !canonical.isEmpty() && canonical == QFileInfo(second).canonicalFilePath();
+    return path == QLatin1String("-");
+}
+
+/// What is wrong with standard output as the output, empty if nothing is.
+QString problemOfStandardOutput(const CommandLine& line)
+{
+    if (line.isSet(appendSwitch) || line.isSet(forceSwitch))
+        return QStringLiteral("standard output is neither added to nor replaced: --append and --force are for files");
+    return isOutputTerminal()
+               ? QStringLiteral("a KTL file is not for a terminal: redirect standard output, or name a file by -o")
+               : QString();
 }
 
 /// What is wrong with the arguments, empty if nothing is.
@@ -91,8 +100,8 @@ QString problemOf(const CommandLine& line)
     if (line.isSet(appendSwitch) && line.isSet(forceSwitch))
         return QStringLiteral("--append and --force cannot be given together");
     const QString output = line.value(outputOption);
-    if (line.isSet(outputOption) && (output.isEmpty() || isStandardInput(output)))
-        return QStringLiteral("the output %1 is no name of a file").arg(shownText(output));
+    if (line.isSet(outputOption) && output.isEmpty())
+        return QStringLiteral("the name of the output is empty");
     if (!line.isSet(outputOption) && line.operands().contains(QStringLiteral("-")))
         return QStringLiteral("standard input has no name to make one for the output from; -o is needed");
     for (const QString& option : {outputOption, choicesOption, dateOption})
@@ -104,43 +113,23 @@ QString problemOf(const CommandLine& line)
                 .arg(shownText(code), warningCodeNames().join(QStringLiteral(", ")));
     if (line.operands().contains(QStringLiteral("-")) && isStandardInput(line.value(choicesOption)))
         return QStringLiteral("standard input can be read once only");
-    return {};
+    return isStandardOutput(output) ? problemOfStandardOutput(line) : QString();
 }
 
-/// Whether the output and its dump may be written, before anything is done; tells if not.
-bool mayWrite(const CommandLine& line, const QString& output, Messages& messages)
+/// How the output is to be saved.
+SaveRequest saveRequest(const CommandLine& line, const QString& output)
 {
-    const QString dump = QFile::decodeName(dumpPathOf(QFile::encodeName(output).toStdString()).c_str());
-    const bool isAllowed = line.isSet(appendSwitch) || line.isSet(forceSwitch);
-    for (const QString& target : {output, dump}) {
-        for (const QString& input : line.operands() + line.values(choicesOption))
-            if (isSameFile(input, target)) {
-                messages.error(input, QStringLiteral("the output would replace this file"));
-                return false;
-            }
-        const QFileInfo existing(target);
-        if (existing.isDir() || (existing.exists() && !isAllowed)) {
-            messages.error(target, existing.isDir()
-                                       ? QStringLiteral("this is a folder")
-                                       : QStringLiteral("the file exists; --force replaces it, --append adds to it"));
-            return false;
-        }
-    }
-    return true;
+    const ExistingFiles existing = line.isSet(appendSwitch)  ? ExistingFiles::AreAddedTo
+                                   : line.isSet(forceSwitch) ? ExistingFiles::AreReplaced
+                                                             : ExistingFiles::Stay;
+    return {output, existing, !line.isSet(noDumpSwitch)};
 }
 
-/// Warns of a file that is not what a run can be found behind: controllers and readers lose their way in it.
-void warnOfBrokenTarget(const CommandLine& line, const QString& output, Messages& messages)
+/// Whether a file may be written, before anything is done; tells if not.
+bool mayWriteOutput(const CommandLine& line, const QString& output, Messages& messages)
 {
-    if (!line.isSet(appendSwitch) || !QFileInfo(output).isFile())
-        return;
-    const FileHandle file(std::fopen(QFile::encodeName(output).constData(), "rb"));
-    if (file == nullptr)
-        return; // told when it is written
-    const std::vector<unsigned char> bytes = bytesOf(file.get());
-    if (const QString problem = problemAtEnd(walkItems(bytes)); !bytes.empty() && !problem.isEmpty())
-        messages.warning(output, WarningCode::ItemCount,
-                         QStringLiteral("what is added cannot be found behind what the file holds: ") + problem);
+    return isStandardOutput(output)
+           || mayWrite(saveRequest(line, output), line.operands() + line.values(choicesOption), messages);
 }
 
 /// Warns of files that are given more than once: their devices are written as often.
@@ -192,12 +181,10 @@ void write(const CommandLine& line, const QString& output, const std::set<Device
     const auto writeRun = [&](std::FILE* out, int* errorCode) {
         return writeDevices(out, g_xmlfiledevices, isSelected, errorCode, exportTime);
     };
-    const Progress progress(QStringLiteral("writing %1").arg(shownName(output)), 1, 1);
     try {
-        const KtlSaveMode mode = line.isSet(appendSwitch) ? KtlSaveMode::Append : KtlSaveMode::Overwrite;
-        if (const std::optional<WholeSaveFailure> failure = saveWhole(output, mode, writeRun))
-            messages.error(failure->file, failure->reason);
-        else
+        if (isStandardOutput(output))
+            writeToStandardOutput(writeRun, messages);
+        else if (saveRun(saveRequest(line, output), writeRun, messages))
             warnOfItemCount(output, messages);
     } catch (const std::out_of_range& error) {
         messages.error(QString::fromStdString(g_xmlfiledevices[fileBeingWritten].xmlfilepath), rangeErrorText(error));
@@ -208,7 +195,7 @@ void write(const CommandLine& line, const QString& output, const std::set<Device
 ExitCode convert(const CommandLine& line, const QDateTime& exportTime, Messages& messages)
 {
     QString output = line.value(outputOption);
-    if (!output.isEmpty() && !mayWrite(line, output, messages))
+    if (!output.isEmpty() && !mayWriteOutput(line, output, messages))
         return messages.exitCode();
     warnOfSameInputs(line.operands(), messages);
     if (!loadEsiFiles(line.operands(), messages))
@@ -223,11 +210,10 @@ ExitCode convert(const CommandLine& line, const QDateTime& exportTime, Messages&
     warnOfDevices(g_xmlfiledevices, *devices, messages);
     if (output.isEmpty()) {
         output = proposedKtlName(g_xmlfiledevices[devices->begin()->first]) + QStringLiteral(".ktl");
-        if (!mayWrite(line, output, messages))
+        if (!mayWriteOutput(line, output, messages))
             return messages.exitCode();
         messages.note({}, QStringLiteral("writes %1; -o names another file").arg(output));
     }
-    warnOfBrokenTarget(line, output, messages);
     write(line, output, *devices, exportTime, messages);
     return messages.exitCode(line.isSet(strictSwitch));
 }

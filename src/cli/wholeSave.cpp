@@ -1,147 +1,40 @@
 #include "cli/wholeSave.h"
 
+#include "cli/ktlInput.h"
+#include "cli/saveFolder.h"
+#include "cli/system/diskSync.h"
+#include "cli/system/endingSignals.h"
+#include "cli/system/fileMoves.h"
+#include "cli/system/fileRights.h"
+#include "cli/system/scratchFolder.h"
+#include "ktl/ktlFile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
+#include <algorithm>
 #include <cerrno>
-#include <csignal>
-#include <cstdio>
 #include <exception>
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
+#include <filesystem>
+#include <list>
+#include <set>
+#include <system_error>
 
 namespace {
 
-std::string encoded(const QString& path)
+using WriteRun = std::function<bool(std::FILE* out, int* errorCode)>;
+using Failure = std::optional<SaveFailure>;
+
+SaveFailure notAllowed(const SaveTarget& target, const QString& reason)
 {
-    return QFile::encodeName(path).toStdString();
+    return {SaveFailure::Kind::NotAllowed, target.named, reason};
 }
 
-QString dumpOf(const QString& path)
+SaveFailure notWritten(const SaveTarget& target, const QString& reason)
 {
-    return QFile::decodeName(dumpPathOf(encoded(path)).c_str());
+    return {SaveFailure::Kind::NotWritten, target.named, reason};
 }
-
-/// The file behind a path that may be a link.
-QString linkTarget(const QString& path)
-{
-    const QString canonical = QFileInfo(path).canonicalFilePath();
-    return canonical.isEmpty() ? path : canonical;
-}
-
-/// Why a file cannot be replaced, nothing if it can. A device or pipe would be replaced by a file of its name.
-std::optional<QString> obstacle(const QString& path)
-{
-    const QFileInfo info(path);
-    if (info.isDir())
-        return QStringLiteral("this is a folder");
-    if (info.exists() && !info.isFile())
-        return QStringLiteral("this is no regular file");
-    if (info.exists() && !info.isWritable())
-        return QStringLiteral("the file does not have write permission");
-    if (info.isSymLink() && !info.exists())
-        return QStringLiteral("this is a link to a file that does not exist");
-    return std::nullopt;
-}
-
-/// A file that is moved to its place.
-struct Move
-{
-    QString from;
-    QString to;
-};
-
-/// Moves a file over another one in one step.
-bool moveOver(const Move& move)
-{
-    return std::rename(encoded(move.from).c_str(), encoded(move.to).c_str()) == 0;
-}
-
-/// Gives a file a second name, where the disk knows such; else copies it. The file itself stays in its place.
-bool keep(const QString& path, const QString& kept)
-{
-    return link(encoded(path).c_str(), encoded(kept).c_str()) == 0 || QFile::copy(path, kept);
-}
-
-/// Moves two files to their places. If the second cannot be moved, the first place gets back what stood there.
-/// @param kept  a free name on the same disk for what stands in the first place
-/// @return  the move that failed, null if none
-const Move* moveBoth(const Move& first, const Move& second, const QString& kept)
-{
-    const bool hadFirst = QFile::exists(first.to);
-    if ((hadFirst && !keep(first.to, kept)) || !moveOver(first))
-        return &first;
-    if (moveOver(second))
-        return nullptr;
-    if (hadFirst)
-        moveOver({kept, first.to});
-    else
-        QFile::remove(first.to);
-    return &second;
-}
-
-void copyPermissions(const Move& move)
-{
-    if (QFile::exists(move.to))
-        QFile::setPermissions(move.from, QFile::permissions(move.to));
-}
-
-/// Keeps the signals by which a user or a build server ends programs waiting as long as it lives, so that no run leaves
-/// half of its files behind.
-class SignalsWait
-{
-public:
-    SignalsWait()
-    {
-        sigset_t signalSet;
-        sigemptyset(&signalSet);
-        for (const int number : {SIGINT, SIGTERM, SIGHUP})
-            sigaddset(&signalSet, number);
-        m_isSet = pthread_sigmask(SIG_BLOCK, &signalSet, &m_before) == 0;
-    }
-    ~SignalsWait()
-    {
-        if (m_isSet)
-            pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
-    }
-    SignalsWait(const SignalsWait&) = delete;
-    SignalsWait& operator=(const SignalsWait&) = delete;
-    SignalsWait(SignalsWait&&) = delete;
-    SignalsWait& operator=(SignalsWait&&) = delete;
-
-private:
-    sigset_t m_before{};
-    bool m_isSet = false;
-};
-
-/// Lets one run at a time write into a folder: of two that add to the same file at once, one would be lost. Where the
-/// disk knows no locks, or the folder cannot be read, it does nothing.
-class FolderLock
-{
-public:
-    explicit FolderLock(const QString& folder)
-        : m_folder(open(encoded(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
-    {
-        if (m_folder >= 0)
-            static_cast<void>(flock(m_folder, LOCK_EX));
-    }
-    ~FolderLock()
-    {
-        if (m_folder >= 0)
-            close(m_folder); // gives the lock back
-    }
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
-    FolderLock(FolderLock&&) = delete;
-    FolderLock& operator=(FolderLock&&) = delete;
-
-private:
-    int m_folder;
-};
 
 QString reasonOf(const KtlSaveResult& result)
 {
@@ -151,50 +44,251 @@ QString reasonOf(const KtlSaveResult& result)
     return result.reason.empty() ? words : words + QStringLiteral(": ") + QString::fromStdString(result.reason);
 }
 
-} // namespace
-
-std::optional<WholeSaveFailure> saveWhole(const QString& path, KtlSaveMode mode,
-                                          const std::function<bool(std::FILE* out, int* errorCode)>& writeRun)
+/// The folder that a file is in, by the one name that it has without links.
+QString folderOf(const QString& path)
 {
-    const QString ktl = linkTarget(path);
-    const QString dump = linkTarget(dumpOf(path));
-    for (const QString& target : {ktl, dump})
-        if (const std::optional<QString> reason = obstacle(target))
-            return WholeSaveFailure{target == ktl ? path : dumpOf(path), *reason};
+    const QFileInfo folder(QFileInfo(path).absolutePath());
+    const QString canonical = folder.canonicalFilePath();
+    return canonical.isEmpty() ? folder.filePath() : canonical;
+}
 
-    const SignalsWait signalsWait;
-    const FolderLock lock(QFileInfo(ktl).absolutePath());
-    const QTemporaryDir folder(QFileInfo(ktl).absolutePath() + QStringLiteral("/.ktl-XXXXXX"));
-    if (!folder.isValid())
-        return WholeSaveFailure{path, QStringLiteral("the file cannot be written: ") + folder.errorString()};
-    const QString newKtl = folder.filePath(QStringLiteral("new.ktl"));
-    const bool appends = mode == KtlSaveMode::Append && QFile::exists(ktl);
-    if (QFile earlier(ktl); appends && !earlier.copy(newKtl))
-        return WholeSaveFailure{path, QStringLiteral("the file cannot be copied: ") + earlier.errorString()};
+/// What is wrong with a file that a run is to be added to: it must be whole, or the run cannot be found behind it.
+QString problemOfEarlier(const QString& path)
+{
+    constexpr qint64 largestSize = 256 * 1024 * 1024; // the whole of it is read
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return QStringLiteral("the file cannot be read: ") + file.errorString();
+    if (file.size() > largestSize)
+        return QStringLiteral("nothing can be added to a file of more than %1 bytes").arg(largestSize);
+    std::vector<unsigned char> bytes(static_cast<std::size_t>(file.size()));
+    if (file.read(reinterpret_cast<char*>(bytes.data()), file.size()) != file.size())
+        return QStringLiteral("the file cannot be read: ") + file.errorString();
+    const QString problem = bytes.empty() ? QString() : problemAtEnd(walkItems(bytes));
+    return problem.isEmpty() ? QString()
+                             : QStringLiteral("nothing can be added, for this is no whole KTL file: ") + problem;
+}
 
+/// One saving, step by step.
+class Saving
+{
+public:
+    Saving(const SaveRequest& request, const WriteRun& writeRun, const Patience& patience);
+    ~Saving();
+    Saving(const Saving&) = delete;
+    Saving& operator=(const Saving&) = delete;
+    Saving(Saving&&) = delete;
+    Saving& operator=(Saving&&) = delete;
+
+    [[nodiscard]] Failure run();
+
+private:
+    Failure openFolders();
+    Failure openFolder(SaveFolder& folder);
+    Failure lookAgain();
+    Failure takeEarlier();
+    Failure write();
+    Failure placeDump();
+    Failure bringToDisk();
+    Failure move();
+
+    SaveFolder& folderAt(const SaveTarget& target);
+    std::vector<FileMove> moves();
+
+    const SaveRequest m_request;
+    const WriteRun& m_writeRun;
+    const Patience& m_patience;
+    const std::vector<SaveTarget> m_targets;
+    bool m_hasEarlier = false; ///< a file that the run is added to
+    std::list<SaveFolder> m_folders; ///< changed with signals held back only
+    EndingSignals m_signals;
+};
+
+Saving::Saving(const SaveRequest& request, const WriteRun& writeRun, const Patience& patience)
+    : m_request(request)
+    , m_writeRun(writeRun)
+    , m_patience(patience)
+    , m_targets(targetsOf(request))
+    , m_signals([this] {
+        for (const SaveFolder& folder : m_folders)
+            folder.discard();
+    })
+{}
+
+Saving::~Saving()
+{
+    const auto held = m_signals.heldBack();
+    m_folders.clear();
+}
+
+Failure Saving::run()
+{
+    Failure (Saving::*const steps[])() = {
+        &Saving::openFolders, &Saving::lookAgain,   &Saving::takeEarlier, &Saving::write,
+        &Saving::placeDump,   &Saving::bringToDisk, &Saving::move,
+    };
+    for (const auto step : steps)
+        if (const Failure failure = (this->*step)())
+            return failure;
+    return std::nullopt;
+}
+
+/// Takes the folders of all targets, in the order of their names: two runs never wait for each other.
+Failure Saving::openFolders()
+{
+    std::set<QString> paths;
+    for (const SaveTarget& target : m_targets)
+        paths.insert(folderOf(target.path));
+    for (const QString& path : paths) {
+        auto held = m_signals.heldBack();
+        SaveFolder& folder = m_folders.emplace_back(path);
+        held.unlock();
+        if (const Failure failure = openFolder(folder))
+            return failure;
+    }
+    return std::nullopt;
+}
+
+Failure Saving::openFolder(SaveFolder& folder)
+{
+    const auto tryOpen = [&] {
+        const auto held = m_signals.heldBack();
+        return folder.tryOpen() || !folder.failure().isEmpty();
+    };
+    if (!waitFor(m_patience, tryOpen))
+        return notWritten(
+            m_targets[0],
+            QStringLiteral("another run has been writing into the folder for %1 seconds; if there is none, "
+                           "remove %2")
+                .arg(std::chrono::duration_cast<std::chrono::seconds>(m_patience.limit).count())
+                .arg(folder.lockFile()));
+    if (!folder.failure().isEmpty())
+        return notWritten(m_targets[0], folder.failure());
+    return std::nullopt;
+}
+
+/// Files may have appeared while another run was waited for.
+Failure Saving::lookAgain()
+{
+    return obstacleTo(m_request);
+}
+
+/// Copies what the new run is added to.
+Failure Saving::takeEarlier()
+{
+    const SaveTarget& ktl = m_targets[0];
+    m_hasEarlier = m_request.existing == ExistingFiles::AreAddedTo && QFile::exists(ktl.path);
+    if (!m_hasEarlier)
+        return std::nullopt;
+    if (const QString problem = problemOfEarlier(ktl.path); !problem.isEmpty())
+        return notAllowed(ktl, problem);
+    QFile earlier(ktl.path);
+    if (!earlier.copy(QFile::decodeName(folderAt(ktl).scratchFile(scratchName::newKtl).c_str())))
+        return notWritten(ktl, QStringLiteral("the file cannot be copied: ") + earlier.errorString());
+    return std::nullopt;
+}
+
+Failure Saving::write()
+{
     std::exception_ptr error;
-    const auto guardedRun = [&](std::FILE* out, int* errorCode) {
+    const WriteRun guardedRun = [&](std::FILE* out, int* errorCode) {
         try {
-            return writeRun(out, errorCode);
+            return m_writeRun(out, errorCode);
         } catch (...) {
             error = std::current_exception();
             return false;
         }
     };
-    const KtlSaveResult result = saveKtlFile(encoded(newKtl), mode, guardedRun);
+    const std::string newKtl = folderAt(m_targets[0]).scratchFile(scratchName::newKtl);
+    const KtlSaveMode mode = m_hasEarlier ? KtlSaveMode::Append : KtlSaveMode::Overwrite;
+    const KtlSaveResult result =
+        m_request.hasDump ? saveKtlFile(newKtl, mode, guardedRun) : saveKtlFileOnly(newKtl, mode, guardedRun);
     if (error != nullptr)
         std::rethrow_exception(error);
-    if (result.status != KtlSaveStatus::Saved)
-        return WholeSaveFailure{result.status == KtlSaveStatus::CannotWriteDump ? dumpOf(path) : path,
-                                reasonOf(result)};
-
-    const Move moves[] = {{newKtl, ktl}, {dumpOf(newKtl), dump}};
-    for (const Move& move : moves)
-        copyPermissions(move);
-    const Move* const failed = moveBoth(moves[0], moves[1], folder.filePath(QStringLiteral("kept.ktl")));
-    const QString reason = qt_error_string(errno);
-    if (failed == nullptr)
+    if (result.status == KtlSaveStatus::Saved)
         return std::nullopt;
-    return WholeSaveFailure{failed == &moves[0] ? path : dumpOf(path),
-                            QStringLiteral("the file cannot be replaced by the new one: ") + reason};
+    return notWritten(result.status == KtlSaveStatus::CannotWriteDump ? m_targets[1] : m_targets[0], reasonOf(result));
+}
+
+/// The dump is written beside the new file; one that belongs into another folder has to be on the disk of that one.
+Failure Saving::placeDump()
+{
+    const std::string written = dumpPathOf(folderAt(m_targets[0]).scratchFile(scratchName::newKtl));
+    const std::string placed = moves().back().from;
+    std::error_code error;
+    if (!m_request.hasDump || written == placed || std::filesystem::copy_file(written, placed, error))
+        return std::nullopt;
+    return notWritten(m_targets[1], QStringLiteral("the file cannot be written: ") + qt_error_string(error.value()));
+}
+
+/// Waits until all is on the disk, so that a name never stands for a file that a power cut has emptied.
+Failure Saving::bringToDisk()
+{
+    const std::vector<FileMove> all = moves();
+    for (std::size_t index = 0; index < all.size(); ++index) {
+        takeOverRights(all[index].from, all[index].to);
+        if (!syncFile(all[index].from))
+            return notWritten(m_targets[index],
+                              QStringLiteral("the file cannot be written in full: ") + qt_error_string(errno));
+    }
+    return std::nullopt;
+}
+
+Failure Saving::move()
+{
+    const std::vector<FileMove> all = moves();
+    auto held = m_signals.heldBack();
+    if (const FileMove* const failed = moveAll(all)) {
+        const int reason = errno;
+        const SaveTarget& target = m_targets[static_cast<std::size_t>(failed - all.data())];
+        if (reason != EEXIST)
+            return notWritten(target,
+                              QStringLiteral("the file cannot be replaced by the new one: ") + qt_error_string(reason));
+        return notAllowed(target, m_request.existing == ExistingFiles::Stay
+                                      ? fileExistsWords()
+                                      : QStringLiteral("a file of this name has just appeared"));
+    }
+    held.unlock();
+    for (const SaveFolder& folder : m_folders)
+        syncFolder(encodedPath(folder.path()));
+    return std::nullopt;
+}
+
+SaveFolder& Saving::folderAt(const SaveTarget& target)
+{
+    return *std::find_if(m_folders.begin(), m_folders.end(),
+                         [path = folderOf(target.path)](const SaveFolder& folder) { return folder.path() == path; });
+}
+
+/// The KTL file, and behind it its dump. Beside a file that the run is added to, and where files are to be replaced,
+/// the dump replaces an old one.
+std::vector<FileMove> Saving::moves()
+{
+    struct Names
+    {
+        const char* fresh;
+        const char* kept;
+        bool replaces;
+    };
+    const bool stay = m_request.existing == ExistingFiles::Stay;
+    const Names names[] = {
+        {scratchName::newKtl, scratchName::keptKtl, m_request.existing == ExistingFiles::AreReplaced || m_hasEarlier},
+        {scratchName::newDump, scratchName::keptDump, !stay},
+    };
+    std::vector<FileMove> all;
+    for (std::size_t index = 0; index < m_targets.size(); ++index) {
+        const SaveFolder& folder = folderAt(m_targets[index]);
+        all.push_back({folder.scratchFile(names[index].fresh), encodedPath(m_targets[index].path),
+                       folder.scratchFile(names[index].kept), names[index].replaces});
+    }
+    return all;
+}
+
+} // namespace
+
+Failure saveWhole(const SaveRequest& request, const WriteRun& writeRun, const Patience& patience)
+{
+    if (const Failure failure = obstacleTo(request))
+        return failure;
+    return Saving(request, writeRun, patience).run();
 }

@@ -19,6 +19,12 @@ std::string lastSystemError()
     return std::generic_category().message(errno);
 }
 
+/// A path as far as the C library reads it.
+std::string asTheSystemReads(const std::string& path)
+{
+    return path.substr(0, path.find('\0'));
+}
+
 /// Closes a file that was written.
 /// @return  whether everything that was written has reached the file
 bool closeWritten(FileHandle file)
@@ -70,7 +76,12 @@ std::string dumpPathOf(const std::string& ktlPath)
 KtlSaveResult saveKtlFile(const std::string& path, KtlSaveMode mode,
                           const std::function<bool(std::FILE* out, int* errorCode)>& writeRun)
 {
-    const std::string usedPath = path.substr(0, path.find('\0')); // as far as the C library reads it
-    const KtlSaveResult written = writeKtl(usedPath, mode, writeRun);
-    return written.status == KtlSaveStatus::Saved ? writeDump(usedPath) : written;
+    const KtlSaveResult written = saveKtlFileOnly(path, mode, writeRun);
+    return written.status == KtlSaveStatus::Saved ? writeDump(asTheSystemReads(path)) : written;
+}
+
+KtlSaveResult saveKtlFileOnly(const std::string& path, KtlSaveMode mode,
+                              const std::function<bool(std::FILE* out, int* errorCode)>& writeRun)
+{
+    return writeKtl(asTheSystemReads(path), mode, writeRun);
 }

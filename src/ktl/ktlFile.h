@@ -46,3 +46,7 @@ struct KtlSaveResult
 ///                  of its own counts as a failed write
 [[nodiscard]] KtlSaveResult saveKtlFile(const std::string& path, KtlSaveMode mode,
                                         const std::function<bool(std::FILE* out, int* errorCode)>& writeRun);
+
+/// As `saveKtlFile`, but without the dump.
+[[nodiscard]] KtlSaveResult saveKtlFileOnly(const std::string& path, KtlSaveMode mode,
+                                            const std::function<bool(std::FILE* out, int* errorCode)>& writeRun);

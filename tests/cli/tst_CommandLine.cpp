@@ -122,7 +122,6 @@ void tst_CommandLine::wrongUse_data()
     row("sub-command in capitals", {"CONVERT", sample(), "-o", "out.ktl"}, "\"CONVERT\" is no sub-command");
     row("output option without a value", {"convert", sample(), "-o"}, "the option -o needs a value");
     row("output option with an empty value", {"convert", sample(), "-o", ""}, "the output \"\" is no name of a file");
-    row("standard output as the output", {"convert", sample(), "-o", "-"}, "the output \"-\" is no name of a file");
     row("no ESI file", {"convert", "-o", "out.ktl"}, "no ESI file is given");
     row("unknown option", {"convert", sample(), "-o", "out.ktl", "--fast"}, "there is no option --fast");
     row("unknown option with a value", {"convert", sample(), "-o", "out.ktl", "--fast=1"}, "there is no option --fast=1");

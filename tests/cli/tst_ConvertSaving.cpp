@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QtTest>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 class tst_ConvertSaving : public QObject
@@ -22,9 +23,15 @@ private slots:
     void readOnlyFolder();
     void noRegularFile();
     void linksAreFollowed();
+    void twoNamesOfOneFile_data();
+    void twoNamesOfOneFile();
+    void dumpInAnotherFolder();
     void permissionsStay();
+    void ownerStays();
+    void foreignGroupGetsNoMore();
     void appendToAnything_data();
     void appendToAnything();
+    void appendToAGiant();
     void appendAtOnce();
     void endedByASignal();
 };
@@ -80,7 +87,7 @@ void tst_ConvertSaving::fullDisk()
     const QString limited =
         QStringLiteral("ulimit -f %1; exec \"$0\" convert \"$1\" -o out.ktl %2").arg(blocks).arg(option);
     const CommandRun run = runKtl({"-c", limited, KTL_PROGRAM, sample()}, start);
-    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.exitCode, 3);
     QVERIFY2(run.errors.startsWith(failed + ": error: the file cannot be written in full"), run.errors.constData());
     QCOMPARE(run.errors.count('\n'), 1);
     QCOMPARE(place.content(QStringLiteral("out.ktl")), endItem);
@@ -112,7 +119,7 @@ void tst_ConvertSaving::cannotBeMade()
     QVERIFY(QFile::link(QStringLiteral("nowhere"), place.path(QStringLiteral("dangling"))));
     const QStringList names = place.names();
     const CommandRun run = runKtl({"convert", sample(), "-o", output, "--force"}, place.folder());
-    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.exitCode, 3);
     QVERIFY2(run.errors.startsWith(message), run.errors.constData());
     QCOMPARE(run.errors.count('\n'), 1);
     QCOMPARE(place.names(), names);
@@ -143,7 +150,7 @@ void tst_ConvertSaving::readOnlyTarget()
     QVERIFY(QFile::setPermissions(place.path(closed), QFileDevice::ReadOwner | QFileDevice::ReadOther));
     const CommandRun run = runAsOrdinaryUser({"convert", "in.xml", "-o", "out.ktl", option}, place);
     QCOMPARE(run.errors, closed.toUtf8() + ": error: the file does not have write permission\n");
-    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.exitCode, 3);
     QCOMPARE(place.content(QStringLiteral("out.ktl")), endItem);
     QCOMPARE(place.content(QStringLiteral("out.ktl.txt")), QByteArray("earlier dump"));
 }
@@ -156,7 +163,7 @@ void tst_ConvertSaving::readOnlyFolder()
     const CommandRun run = runAsOrdinaryUser({"convert", "in.xml", "-o", "out.ktl"}, place);
     QVERIFY(QFile::setPermissions(place.folder(), QFileDevice::Permissions(0x7700)));
     QVERIFY2(run.errors.startsWith("out.ktl: error: the file cannot be written"), run.errors.constData());
-    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.exitCode, 3);
     QCOMPARE(place.names(), QStringList{"in.xml"});
 }
 
@@ -172,7 +179,7 @@ void tst_ConvertSaving::noRegularFile()
                 sample()},
                start);
     QCOMPARE(run.errors, QByteArray("out.ktl: error: this is no regular file\n"));
-    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.exitCode, 3);
     QCOMPARE(place.names(), QStringList{"out.ktl"});
     QVERIFY(!QFileInfo(place.path(QStringLiteral("out.ktl"))).isFile());
 }
@@ -194,6 +201,52 @@ void tst_ConvertSaving::linksAreFollowed()
     QVERIFY(place.content(QStringLiteral("far/text")).startsWith("KTL Version V1.0.28 \n"));
 }
 
+void tst_ConvertSaving::twoNamesOfOneFile_data()
+{
+    QTest::addColumn<QString>("command"); // that makes the second name
+    QTest::addColumn<QString>("option");
+    for (const char* option : {"", "--force", "--append"}) {
+        QTest::addRow("dump that is a link, %s", option) << "ln -s out.ktl out.ktl.txt" << option;
+        QTest::addRow("dump that is a second name, %s", option) << "ln out.ktl out.ktl.txt" << option;
+        QTest::addRow("file that is a link, %s", option)
+            << "mv out.ktl out.ktl.txt; ln -s out.ktl.txt out.ktl" << option;
+    }
+}
+
+/// The dump would replace the file that it shows.
+void tst_ConvertSaving::twoNamesOfOneFile()
+{
+    QFETCH(QString, command);
+    QFETCH(QString, option);
+    const Workplace place;
+    place.make(QStringLiteral("out.ktl"), endItem);
+    CommandStart start;
+    start.folder = place.folder();
+    start.program = QStringLiteral("sh");
+    const CommandRun run =
+        runKtl({"-c", command + "; exec \"$0\" convert \"$1\" -o out.ktl " + option, KTL_PROGRAM, sample()}, start);
+    QCOMPARE(run.errors, QByteArray("out.ktl.txt: error: this is the same file as out.ktl, whose dump it would be\n"));
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(place.content(QStringLiteral("out.ktl")), endItem);
+    QCOMPARE(place.names(), (QStringList{"out.ktl", "out.ktl.txt"}));
+}
+
+/// The dump stands beside the name that was given, also where that is a link to another folder.
+void tst_ConvertSaving::dumpInAnotherFolder()
+{
+    const Workplace place;
+    QVERIFY(QDir().mkdir(place.path(QStringLiteral("far"))));
+    place.make(QStringLiteral("far/file"), "earlier");
+    QVERIFY(QFile::link(QStringLiteral("far/file"), place.path(QStringLiteral("out.ktl"))));
+    const CommandRun run = runKtl({"convert", sample(), "-o", "out.ktl", "--force"}, place.folder());
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(devicesIn(place.content(QStringLiteral("far/file"))), sampleDevices());
+    QVERIFY(place.content(QStringLiteral("out.ktl.txt")).startsWith("KTL Version V1.0.28 \n"));
+    QCOMPARE(place.names(), (QStringList{"far", "out.ktl", "out.ktl.txt"}));
+    QCOMPARE(Workplace::namesIn(place.path(QStringLiteral("far"))), QStringList{"file"});
+}
+
 /// A new file gets the permissions that any new file gets, an old one keeps its own.
 void tst_ConvertSaving::permissionsStay()
 {
@@ -210,34 +263,87 @@ void tst_ConvertSaving::permissionsStay()
     QCOMPARE(QFile::permissions(ktl), own);
 }
 
+/// Root may give a file to anybody, and a user to the groups that he is in.
+void tst_ConvertSaving::ownerStays()
+{
+    const Workplace place;
+    const QByteArray ktl = QFile::encodeName(place.make(QStringLiteral("out.ktl"), ""));
+    gid_t groups[64] = {};
+    const int count = getgroups(64, groups);
+    const bool isRoot = geteuid() == 0;
+    const uid_t owner = isRoot ? 65534 : geteuid();
+    const gid_t group = isRoot ? 65533 : count > 0 ? groups[count - 1] : getegid();
+    QCOMPARE(chown(ktl.constData(), owner, group), 0);
+    QCOMPARE(chmod(ktl.constData(), 0640), 0);
+    QCOMPARE(runKtl({"convert", sample(), "-o", "out.ktl", "--force"}, place.folder()).exitCode, 0);
+    struct stat status = {};
+    QCOMPARE(stat(ktl.constData(), &status), 0);
+    QVERIFY(status.st_size > 0);
+    QCOMPARE(status.st_uid, owner);
+    QCOMPARE(status.st_gid, group);
+    QCOMPARE(status.st_mode & 07777U, 0640U);
+}
+
+/// A group that the user cannot give the file to is another one in the new file: it may do what anybody may.
+void tst_ConvertSaving::foreignGroupGetsNoMore()
+{
+    const Workplace place;
+    place.make(QStringLiteral("in.xml"), contentOf(sample()));
+    const QByteArray ktl = QFile::encodeName(place.make(QStringLiteral("out.ktl"), ""));
+    QVERIFY(openToAll(place));
+    QCOMPARE(chmod(ktl.constData(), 0676), 0);
+    const CommandRun run = runAsOrdinaryUser({"convert", "in.xml", "-o", "out.ktl", "--force"}, place);
+    QCOMPARE(run.errors, QByteArray());
+    struct stat status = {};
+    QCOMPARE(stat(ktl.constData(), &status), 0);
+    QVERIFY(status.st_size > 0);
+    // Without root there is no second user: the file is the user's own, and keeps its group.
+    QCOMPARE(status.st_mode & 07777U, geteuid() == 0 ? 0666U : 0676U);
+}
+
 void tst_ConvertSaving::appendToAnything_data()
 {
     QTest::addColumn<QByteArray>("earlier");
     QTest::addColumn<QByteArray>("problem");
     QTest::addRow("whole") << endItem << QByteArray();
     QTest::addRow("empty") << QByteArray("") << QByteArray();
-    QTest::addRow("no KTL file") << QByteArray("abcdefgh ijkl") << QByteArray("the file ends at 0xd, inside an item");
+    QTest::addRow("text") << QByteArray("abcdefgh ijkl") << QByteArray("the file ends at 0xd, inside an item");
+    QTest::addRow("zeros") << QByteArray(100, '\0') << QByteArray("the item head at 0x0 cannot be right");
     QTest::addRow("cut head") << endItem + "abc" << QByteArray("the file ends inside the item head at 0xc");
     QTest::addRow("no End item") << QByteArray::fromHex("419C00000C00000000000000")
                                  << QByteArray("the last run has no End item: the file was cut short");
 }
 
-/// What a file holds stands in front of the new run, byte by byte. If nobody can find the run behind it, a warning says
-/// so.
+/// What a whole file holds stands in front of the new run, byte by byte. Nobody could find the run behind anything
+/// else, which therefore stays as it is.
 void tst_ConvertSaving::appendToAnything()
 {
     QFETCH(QByteArray, earlier);
     QFETCH(QByteArray, problem);
     const Workplace place;
     QCOMPARE(runKtl({"convert", sample(), "-o", "one.ktl"}, place.folder()).exitCode, 0);
+    const QByteArray one = place.content(QStringLiteral("one.ktl"));
     place.make(QStringLiteral("out.ktl"), earlier);
-    const CommandRun run = runKtl({"convert", sample(), "-o", "out.ktl", "--append", "--strict"}, place.folder());
-    QCOMPARE(run.errors,
-             problem.isEmpty()
-                 ? QByteArray()
-                 : "out.ktl: warning: what is added cannot be found behind what the file holds: " + problem + "\n");
-    QCOMPARE(run.exitCode, problem.isEmpty() ? 0 : 1);
-    QCOMPARE(place.content(QStringLiteral("out.ktl")), earlier + place.content(QStringLiteral("one.ktl")));
+    const CommandRun run = runKtl({"convert", sample(), "-o", "out.ktl", "--append"}, place.folder());
+    QCOMPARE(run.errors, problem.isEmpty() ? QByteArray()
+                                           : "out.ktl: error: nothing can be added, for this is no whole KTL file: "
+                                                 + problem + "\n");
+    QCOMPARE(run.exitCode, problem.isEmpty() ? 0 : 2);
+    QCOMPARE(place.content(QStringLiteral("out.ktl")), problem.isEmpty() ? earlier + one : earlier);
+    QCOMPARE(QFile::exists(place.path(QStringLiteral("out.ktl.txt"))), problem.isEmpty());
+}
+
+/// A file with holes is large without taking a place on the disk; it is not read.
+void tst_ConvertSaving::appendToAGiant()
+{
+    constexpr qint64 gibibyte = 1024 * 1024 * 1024;
+    const Workplace place;
+    place.make(QStringLiteral("out.ktl"), endItem);
+    QVERIFY(QFile::resize(place.path(QStringLiteral("out.ktl")), 5 * gibibyte));
+    const CommandRun run = runKtl({"convert", sample(), "-o", "out.ktl", "--append"}, place.folder());
+    QCOMPARE(run.errors, QByteArray("out.ktl: error: nothing can be added to a file of more than 268435456 bytes\n"));
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(place.names(), QStringList{"out.ktl"});
 }
 
 /// Of several runs that add to the same file at the same time none is lost.

@@ -45,9 +45,10 @@ public:
     }
 
     /// Names of all files and folders, hidden ones too, in alphabetical order.
-    [[nodiscard]] QStringList names() const
+    [[nodiscard]] QStringList names() const { return namesIn(m_folder.path()); }
+    [[nodiscard]] static QStringList namesIn(const QString& folder)
     {
-        return QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+        return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     }
 
 private:

@@ -1,0 +1,17 @@
+// stagedRun.h - runs the command with calls to the system that go as a test wants them to.
+#pragma once
+
+#include "cli/commandRun.h"
+#include "cli/workplace.h"
+
+/// What a run starts from when `stagedCalls.cpp`, which tells what there is to stage, stands in front of it.
+inline CommandStart stagedStart(const Workplace& place, const QStringList& variables)
+{
+    CommandStart start;
+    start.folder = place.folder();
+    start.variables = variables
+                      + QStringList{QStringLiteral("LD_PRELOAD=" STAGED_CALLS),
+                                    // The address sanitizer wants to be the first library.
+                                    QStringLiteral("ASAN_OPTIONS=verify_asan_link_order=0")};
+    return start;
+}
