@@ -85,7 +85,7 @@ public:
 private:
     Failure openFolders();
     Failure openFolder(SaveFolder& folder);
-    Failure lookAgain();
+    Failure lookAtTargets();
     Failure takeEarlier();
     Failure write();
     Failure placeDump();
@@ -124,8 +124,8 @@ Saving::~Saving()
 Failure Saving::run()
 {
     Failure (Saving::*const steps[])() = {
-        &Saving::openFolders, &Saving::lookAgain,   &Saving::takeEarlier, &Saving::write,
-        &Saving::placeDump,   &Saving::bringToDisk, &Saving::move,
+        &Saving::openFolders, &Saving::lookAtTargets, &Saving::takeEarlier, &Saving::write,
+        &Saving::placeDump,   &Saving::bringToDisk,   &Saving::move,
     };
     for (const auto step : steps)
         if (const Failure failure = (this->*step)())
@@ -167,8 +167,8 @@ Failure Saving::openFolder(SaveFolder& folder)
     return std::nullopt;
 }
 
-/// Files may have appeared while another run was waited for.
-Failure Saving::lookAgain()
+/// Looks at the files when no other run can change them any more.
+Failure Saving::lookAtTargets()
 {
     return obstacleTo(m_request);
 }
@@ -288,7 +288,5 @@ std::vector<FileMove> Saving::moves()
 
 Failure saveWhole(const SaveRequest& request, const WriteRun& writeRun, const Patience& patience)
 {
-    if (const Failure failure = obstacleTo(request))
-        return failure;
     return Saving(request, writeRun, patience).run();
 }

@@ -16,6 +16,7 @@ class tst_ConvertAtOnce : public QObject
 
 private slots:
     void oneOfMany();
+    void fileThatAppearsBeforeTheInput_data();
     void fileThatAppearsBeforeTheInput();
     void waitingIsToldAndEnds();
     void waitingGoesOn();
@@ -133,21 +134,36 @@ void tst_ConvertAtOnce::oneOfMany()
     QCOMPARE(place.names(), (QStringList{"out.ktl", "out.ktl.txt"}));
 }
 
+void tst_ConvertAtOnce::fileThatAppearsBeforeTheInput_data()
+{
+    QTest::addColumn<QString>("command"); // that makes the file
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QByteArray>("errors");
+    QTest::addRow("file that has to stay")
+        << "printf precious > out.ktl"
+        << "" << QByteArray("out.ktl: error: the file exists; --force replaces it, --append adds to it\n");
+    QTest::addRow("dump that leads to the file")
+        << "printf precious > out.ktl; ln -s out.ktl out.ktl.txt"
+        << "--force" << QByteArray("out.ktl.txt: error: this is the same file as out.ktl, whose dump it would be\n");
+}
+
 /// A file may appear while a run still waits for its input.
 void tst_ConvertAtOnce::fileThatAppearsBeforeTheInput()
 {
+    QFETCH(QString, command);
+    QFETCH(QString, option);
+    QFETCH(QByteArray, errors);
     const Workplace place;
     CommandStart start;
     start.folder = place.folder();
     start.program = QStringLiteral("sh");
     // The pipe opens for writing when the run has opened it for reading, and that is after its look at the output.
-    const QString script = QStringLiteral("mkfifo in.xml; \"$0\" convert in.xml -o out.ktl & exec 3> in.xml;"
-                                          " printf precious > out.ktl; cat \"$1\" >&3; exec 3>&-; wait $!");
-    const CommandRun run = runKtl({"-c", script, KTL_PROGRAM, sample()}, start);
-    QCOMPARE(run.errors, QByteArray("out.ktl: error: the file exists; --force replaces it, --append adds to it\n"));
+    const QString script = QStringLiteral("mkfifo in.xml; \"$0\" convert in.xml -o out.ktl %1 & exec 3> in.xml; %2;"
+                                          " cat \"$1\" >&3; exec 3>&-; wait $!");
+    const CommandRun run = runKtl({"-c", script.arg(option, command), KTL_PROGRAM, sample()}, start);
+    QCOMPARE(run.errors, errors);
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(place.content(QStringLiteral("out.ktl")), QByteArray("precious"));
-    QCOMPARE(place.names(), (QStringList{"in.xml", "out.ktl"}));
 }
 
 /// After 2 seconds it is told, after 30 it is an error. The clock of the run is fast.
