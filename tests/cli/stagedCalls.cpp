@@ -2,10 +2,10 @@
 //   STAGED_AT="CALL:ACTION:VALUE[;...]"  at each such call, or at the third one only for CALL#3:
 //       fail:ERRNO  the call fails; raise:SIGNAL  the process gets a signal; make:PATH  a file appears
 //       that holds "made";
-//       wait:0      the call does not return
+//       remove:PATH  a file goes; wait:0  the call does not return
 //   STAGED_LOG=PATH      writes each call with the names of its files, a line each
 //   STAGED_CLOCK=FACTOR  lets the time that programs wait by run faster
-// Calls: fsync, rename, renameat2, link.
+// Calls: flock, fsync, rename, renameat2, link.
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -17,6 +17,7 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 static std::string variable(const char* name)
@@ -28,6 +29,13 @@ static std::string variable(const char* name)
 static std::string nameOnly(const std::string& path)
 {
     return path.substr(path.rfind('/') + 1);
+}
+
+static std::string nameOf(int file)
+{
+    char path[4096] = {};
+    static_cast<void>(!readlink(("/proc/self/fd/" + std::to_string(file)).c_str(), path, sizeof path - 1));
+    return nameOnly(path);
 }
 
 static void log(const std::string& line)
@@ -50,6 +58,8 @@ static bool play(const std::string& action, const std::string& value)
         static_cast<void>(!write(file, "made", 4));
         close(file);
     }
+    if (action == "remove")
+        unlink(value.c_str());
     while (action == "wait")
         pause();
     errno = action == "fail" ? std::atoi(value.c_str()) : errno;
@@ -84,9 +94,12 @@ extern "C" {
 
 int fsync(int file)
 {
-    char path[4096] = {};
-    static_cast<void>(!readlink(("/proc/self/fd/" + std::to_string(file)).c_str(), path, sizeof path - 1));
-    return stage("fsync", nameOnly(path)) ? -1 : next<int(int)>("fsync")(file);
+    return stage("fsync", nameOf(file)) ? -1 : next<int(int)>("fsync")(file);
+}
+
+int flock(int file, int operation) noexcept
+{
+    return stage("flock", nameOf(file)) ? -1 : next<int(int, int)>("flock")(file, operation);
 }
 
 int rename(const char* from, const char* to) noexcept

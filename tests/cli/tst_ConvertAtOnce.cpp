@@ -5,6 +5,8 @@
 #include <QElapsedTimer>
 #include <QtTest>
 
+#include <cerrno>
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -22,6 +24,8 @@ private slots:
     void waitingGoesOn();
     void waitingEndsByASignal();
     void lockOfAnother();
+    void lockThatIsGone();
+    void noLocksAtAll();
     void lockIsForWriters_data();
     void lockIsForWriters();
     void leftoversAreCleared();
@@ -74,11 +78,12 @@ private:
     QProcess m_process;
 };
 
-/// Waits until a file is there and holds something.
-static bool waitForContent(const QString& path)
+/// Waits until a run that `stopsBeforeItsEnd` has got there.
+static bool waitForStop(const Workplace& log)
 {
     constexpr int minute = 60 * 1000;
-    return QTest::qWaitFor([&] { return QFileInfo(path).size() > 0; }, minute);
+    return QTest::qWaitFor([&] { return log.content(QStringLiteral("calls")).contains("fsync new.ktl.txt\n"); },
+                           minute);
 }
 
 /// Takes the place of a run that writes into a folder.
@@ -226,6 +231,32 @@ void tst_ConvertAtOnce::lockOfAnother()
     QCOMPARE(run.exitCode, 0);
 }
 
+/// The run that had the lock removes its file, perhaps when the next one has just opened it. A lock on a file without
+/// a name keeps nobody out, so another one is taken.
+void tst_ConvertAtOnce::lockThatIsGone()
+{
+    const Workplace place;
+    const Workplace log;
+    const CommandRun run =
+        runKtl({"convert", sample(), "-o", "out.ktl"},
+               stagedStart(place, {"STAGED_AT=flock#1:remove:.ktl.lock", "STAGED_LOG=" + log.path("calls")}));
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(log.content(QStringLiteral("calls")).count("flock .ktl.lock\n"), 2);
+}
+
+/// On a disk without locks files are written all the same. What looks left over may belong to a run that lives.
+void tst_ConvertAtOnce::noLocksAtAll()
+{
+    const Workplace place;
+    QVERIFY(QDir().mkdir(place.path(QStringLiteral(".ktl-abcdef"))));
+    const CommandRun run = runKtl({"convert", sample(), "-o", "out.ktl"},
+                                  stagedStart(place, {QStringLiteral("STAGED_AT=flock:fail:%1").arg(ENOLCK)}));
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(place.names(), (QStringList{".ktl-abcdef", "out.ktl", "out.ktl.txt"}));
+}
+
 void tst_ConvertAtOnce::lockIsForWriters_data()
 {
     QTest::addColumn<uint>("folderMode");
@@ -244,7 +275,7 @@ void tst_ConvertAtOnce::lockIsForWriters()
     const Workplace log;
     QCOMPARE(chmod(QFile::encodeName(place.folder()).constData(), folderMode), 0);
     const LongRun run(place, stopsBeforeItsEnd(log));
-    QVERIFY(waitForContent(log.path(QStringLiteral("calls"))));
+    QVERIFY(waitForStop(log));
     struct stat status = {};
     QCOMPARE(stat(QFile::encodeName(place.path(lockName)).constData(), &status), 0);
     QCOMPARE(status.st_mode & 0777U, lockMode);
@@ -256,7 +287,7 @@ void tst_ConvertAtOnce::leftoversAreCleared()
     const Workplace place;
     const Workplace log;
     LongRun first(place, stopsBeforeItsEnd(log));
-    QVERIFY(waitForContent(log.path(QStringLiteral("calls"))));
+    QVERIFY(waitForStop(log));
     const QStringList left = place.names();
     QCOMPARE(left.size(), 2);
     QVERIFY(left.at(0).startsWith(QStringLiteral(".ktl-")));

@@ -70,7 +70,8 @@ void tst_ConvertMoves::order_data()
     QTest::addRow("files that are replaced") << true << QStringList{"--force"} << replaced;
 }
 
-/// The content of both files is on the disk before one of them gets its name, and the names are in the end.
+/// Other runs are kept out first. The content of both files is on the disk before one of them gets its name, and the
+/// names are in the end.
 void tst_ConvertMoves::order()
 {
     QFETCH(bool, hasOld);
@@ -84,7 +85,7 @@ void tst_ConvertMoves::order()
         runKtl(QStringList{"convert", sample(), "-o", "out.ktl"} + options,
                stagedStart(place, {QStringLiteral("STAGED_LOG=") + log.path(QStringLiteral("calls"))}));
     QCOMPARE(run.errors, QByteArray());
-    const QStringList expected = QStringList{"fsync new.ktl", "fsync new.ktl.txt"} + moves
+    const QStringList expected = QStringList{"flock .ktl.lock", "fsync new.ktl", "fsync new.ktl.txt"} + moves
                                  + QStringList{"fsync " + QFileInfo(place.folder()).fileName()};
     QCOMPARE(QString::fromUtf8(log.content(QStringLiteral("calls"))), expected.join('\n') + '\n');
     QVERIFY(hasNewFiles(place));
