@@ -11,6 +11,7 @@
 #include "editing/exportChecks.h"
 #include "ktl/itemLimit.h"
 #include "ktl/ktlExport.h"
+#include "ktl/ktlFile.h"
 
 #include <QFile>
 #include <QFileInfo>

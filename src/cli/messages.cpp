@@ -82,11 +82,6 @@ void Messages::warning(const QString& file, WarningCode code, const QString& tex
     tell(placeOf(file), "warning", QStringLiteral("%1 [%2]").arg(oneLine(cutText(text)), nameOf(code)));
 }
 
-void Messages::note(const QString& file, const QString& text)
-{
-    tell(file.isEmpty() ? QStringLiteral("ktl") : shownName(file), "note", text);
-}
-
 ExitCode Messages::exitCode(bool strict) const
 {
     if (m_hasOutputErrors)

@@ -11,7 +11,7 @@ struct NamedCode
     QLatin1String name;
 };
 
-constexpr NamedCode namedCodes[] = {
+const NamedCode namedCodes[] = {
     {WarningCode::SyncManagers, QLatin1String("sync-managers")},
     {WarningCode::SlotPdoIncrement, QLatin1String("slot-pdo-increment")},
     {WarningCode::SlotIndexIncrement, QLatin1String("slot-index-increment")},

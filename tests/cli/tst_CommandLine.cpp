@@ -121,7 +121,7 @@ void tst_CommandLine::wrongUse_data()
     row("unknown sub-command", {"translate", sample(), "-o", "out.ktl"}, "\"translate\" is no sub-command");
     row("sub-command in capitals", {"CONVERT", sample(), "-o", "out.ktl"}, "\"CONVERT\" is no sub-command");
     row("output option without a value", {"convert", sample(), "-o"}, "the option -o needs a value");
-    row("output option with an empty value", {"convert", sample(), "-o", ""}, "the output \"\" is no name of a file");
+    row("output option with an empty value", {"convert", sample(), "-o", ""}, "the name of the output is empty");
     row("no ESI file", {"convert", "-o", "out.ktl"}, "no ESI file is given");
     row("unknown option", {"convert", sample(), "-o", "out.ktl", "--fast"}, "there is no option --fast");
     row("unknown option with a value", {"convert", sample(), "-o", "out.ktl", "--fast=1"}, "there is no option --fast=1");
