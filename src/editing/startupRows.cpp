@@ -6,9 +6,9 @@
 bool insertStartupCommand(struct_EtherCatDevice& device, int row)
 {
     return visitStartupRow(device, row, [](auto& commands, std::size_t position) {
-        typename std::decay_t<decltype(commands)>::value_type command;
-        command.Transition = PS;
-        commands.insert(std::next(commands.begin(), static_cast<std::ptrdiff_t>(position) + 1), command);
+        using Command = typename std::decay_t<decltype(commands)>::value_type;
+        commands.insert(std::next(commands.begin(), static_cast<std::ptrdiff_t>(position) + 1),
+                        newStartupCommand<Command>());
     });
 }
 

@@ -49,7 +49,15 @@ template<typename Device, typename Visitor> bool visitStartupRow(Device& device,
     return isFound;
 }
 
-/// Inserts a command behind the one at a row, in the same list: empty but for its transition, which is `PS`.
+/// A command that is added by hand: empty but for its transition, which is `PS`.
+template<typename Command> [[nodiscard]] Command newStartupCommand()
+{
+    Command command;
+    command.Transition = PS;
+    return command;
+}
+
+/// Inserts a new command behind the one at a row, in the same list.
 /// @return  false, with nothing changed, if the row stands for no command
 bool insertStartupCommand(struct_EtherCatDevice& device, int row);
 
