@@ -12,8 +12,9 @@ set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
 # build-essential brings g++ and the sanitizers' runtime; qtbase5-dev brings Qt Core, Gui, Widgets, Xml and Test with
-# the plugins for X11 and for no display at all. The workbench shows Chinese texts, so even a test needs such a font.
-base=(build-essential cmake ninja-build ccache qtbase5-dev fonts-noto-cjk)
+# the plugins for X11 and for no display at all. libjansson-dev reads the JSON files of the command. The workbench shows
+# Chinese texts, so even a test needs such a font.
+base=(build-essential cmake ninja-build ccache qtbase5-dev libjansson-dev fonts-noto-cjk)
 commands=(g++ cmake ninja)
 
 # dpkg-dev and file find out what the programs depend on. uidmap lets mmdebstrap make a system where you are not root.

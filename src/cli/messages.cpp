@@ -49,14 +49,6 @@ void Messages::error(const QString& file, const QString& text)
     tell(placeOf(file), "error", text);
 }
 
-void Messages::errors(const QString& file, const std::vector<QString>& texts)
-{
-    for (std::size_t index = 0; index < texts.size() && index < maxListed; ++index)
-        error(file, texts[index]);
-    if (texts.size() > maxListed)
-        error(file, QStringLiteral("... and %1 more").arg(texts.size() - maxListed));
-}
-
 void Messages::note(const QString& file, const QString& text)
 {
     tell(placeOf(file), "note", text);

@@ -28,8 +28,6 @@ public:
     void error(const QString& file, const QString& text);
     /// @param line, column  from 1
     void error(const QString& file, int line, int column, const QString& text);
-    /// Errors of one kind of one file: the first `maxListed` of them, and how many more there are.
-    void errors(const QString& file, const std::vector<QString>& texts);
     /// An output that cannot be written.
     void outputError(const QString& file, const QString& text);
     void warning(const QString& file, WarningCode code, const QString& text);

@@ -7,13 +7,28 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
+#include <string>
 
-/// Why modules of a device of that type cannot be put in or taken out by hand; empty if they can.
-[[nodiscard]] QString moduleRefusal(std::uint16_t deviceType);
+/// Why a module cannot be put in or taken out by hand.
+enum class ModuleRefusal
+{
+    TypeWithoutModules, ///< the device's type has no modules
+    TypeFindsModules, ///< the device's type finds its modules at power-on
+    ModuleDoesNotFit, ///< the slot names other modules
+};
+
+/// Why modules of a device of that type cannot be put in or taken out by hand; nothing if they can.
+[[nodiscard]] std::optional<ModuleRefusal> moduleRefusal(std::uint16_t deviceType);
 
 /// Puts a module into a place. A place that belongs to no slot changes nothing.
-/// @return  why the module is refused, with nothing changed; empty if it is not
-[[nodiscard]] QString insertModule(struct_EtherCatDevice& device, int place, const struct_module& module);
+/// @return  why the module is refused, with nothing changed; nothing if it is not
+[[nodiscard]] std::optional<ModuleRefusal> insertModule(struct_EtherCatDevice& device, int place,
+                                                        const struct_module& module);
+
+/// A refusal in the words of the window.
+/// @param moduleName  the module that does not fit; the other refusals name none
+[[nodiscard]] QString moduleRefusalText(ModuleRefusal refusal, const std::string& moduleName = {});
 
 /// Takes the module out of a place. An empty place, or one that belongs to no slot, changes nothing.
 void removeModule(struct_EtherCatDevice& device, int place);

@@ -141,10 +141,10 @@ void MainWindow::on_ModuleTree_currentItemChanged(QTreeWidgetItem* current, QTre
 /// Whether modules of the device can be put in and taken out by hand; if not the user is told why.
 bool MainWindow::takesModules(const struct_EtherCatDevice& device)
 {
-    const QString refusal = moduleRefusal(device.m_iDeviceType);
-    if (!refusal.isEmpty())
-        warn(this, refusedActions(), refusal);
-    return refusal.isEmpty();
+    const std::optional<ModuleRefusal> refusal = moduleRefusal(device.m_iDeviceType);
+    if (refusal.has_value())
+        warn(this, refusedActions(), moduleRefusalText(*refusal));
+    return !refusal.has_value();
 }
 
 void MainWindow::on_InsertModule_clicked()
@@ -162,9 +162,9 @@ void MainWindow::on_InsertModule_clicked()
     device = selectedDeviceInRange(); // a box has run the event loop
     if (device == nullptr)
         return;
-    const QString refusal = insertModule(*device, place.row(), moduleOf(moduleIndex));
-    if (!refusal.isEmpty()) {
-        warn(this, refusedActions(), refusal);
+    const struct_module& module = moduleOf(moduleIndex);
+    if (const std::optional<ModuleRefusal> refusal = insertModule(*device, place.row(), module)) {
+        warn(this, refusedActions(), moduleRefusalText(*refusal, module.Name));
         return;
     }
     refreshModules();

@@ -24,9 +24,10 @@ private slots:
     static void startupCommands_data();
     static void startupCommands();
     static void eoeCommand();
+    static void manyCommands();
     static void severalDevices();
     static void devicesThatAreNotNamed();
-    static void warningsOfTheWindow();
+    static void moduleListAdvice();
     static void standardInput();
     static void aboutIsPassedOver();
 };
@@ -95,6 +96,7 @@ void tst_Choices::driveAxes_data()
     QTest::addRow("hexadecimal") << QByteArray("\"#x12\"") << "2 18";
     QTest::addRow("none") << QByteArray("0") << "2 0";
     QTest::addRow("largest") << QByteArray("65535") << "2 65535";
+    QTest::addRow("as many as there are") << QByteArray("2") << "2 2";
     QTest::addRow("a whole number in another form") << QByteArray("3e0") << "2 3";
 }
 
@@ -155,6 +157,9 @@ void tst_Choices::links_data()
     QTest::addRow("with all checks") << QByteArray(R"("pdo": 1, "index": "#x1A00", "entry": 0, "object": "24576:1",
                                                      "name": "Inputs 1 to 8", "link": "AIN16")")
                                      << "0 0|-4 0";
+    QTest::addRow("words of the window") << QByteArray(R"("pdo": 0, "entry": 1, "link": "AOUT32 Type")") << "0 -8|0 0";
+    QTest::addRow("no link in the words of the window")
+        << QByteArray(R"("pdo": 0, "entry": 1, "link": "NONE Type")") << "0 0|0 0";
     QTest::addRow("value") << QByteArray(R"("pdo": 1, "entry": 1, "link": -10)") << "0 0|0 -10";
     QTest::addRow("none") << QByteArray(R"("pdo": 1, "entry": 1, "link": "NONE")") << "0 0|0 0";
 }
@@ -230,27 +235,29 @@ void tst_Choices::startupCommands_data()
     QTest::addRow("all values changed") << QByteArray(
         R"("changed": [{"row": 1, "was": {"index": "0x1c13", "subIndex": 0,
                           "comment": "clear pdo 0x1c13 entry"},
-                          "index": "0x2010", "subIndex": 255, "dataBytes": 65535, "data": 4294967295}])")
-                                        << QStringList{clearOutputs, "2 2010:255 65535 4294967295", assign, assigned};
+                          "index": "0x2010", "subIndex": 255, "dataBytes": 4, "data": 4294967295}])")
+                                        << QStringList{clearOutputs, "2 2010:255 4 4294967295", assign, assigned};
     QTest::addRow("command of the module list") << QByteArray(R"("changed": [{"row": 2, "data": "#x1A00"}])")
                                                 << QStringList{clearOutputs, clearInputs, "2 1c13:1 2 6656", assigned};
-    QTest::addRow("sub-index of 16 bits, cut by the format")
-        << QByteArray(R"("changed": [{"row": 2, "subIndex": 300}])")
-        << QStringList{clearOutputs, clearInputs, "2 1c13:44 2 6911", assigned};
     QTest::addRow("removed") << QByteArray(R"("removed": [{"row": 0}, {"row": 2, "was": {"subIndex": 1}}])")
                              << QStringList{clearInputs, assigned};
     QTest::addRow("added") << QByteArray(R"("added": [{"behind": 0, "index": "0xf030", "subIndex": 1, "dataBytes": 4,
                                              "data": 16}])")
                            << QStringList{clearOutputs, "2 f030:1 4 16", clearInputs, assign, assigned};
-    QTest::addRow("what is not given is 0") << QByteArray(R"("added": [{"behind": 3, "index": 8192}])")
-                                            << QStringList{clearOutputs, clearInputs, assign, assigned, "2 2000:0 0 0"};
+    QTest::addRow("a sub-index that is not given is 0")
+        << QByteArray(R"("added": [{"behind": 3, "index": 8192, "dataBytes": 1, "data": 255}])")
+        << QStringList{clearOutputs, clearInputs, assign, assigned, "2 2000:0 1 255"};
+    QTest::addRow("no data at all") << QByteArray(R"("added": [{"behind": 3, "index": 1, "dataBytes": 0, "data": 0}])")
+                                    << QStringList{clearOutputs, clearInputs, assign, assigned, "2 1:0 0 0"};
     QTest::addRow("several behind one row keep their order")
-        << QByteArray(R"("added": [{"behind": 1, "index": 1}, {"behind": 0, "index": 2}, {"behind": 1, "index": 3}])")
-        << QStringList{clearOutputs, "2 2:0 0 0", clearInputs, "2 1:0 0 0", "2 3:0 0 0", assign, assigned};
+        << QByteArray(R"("added": [{"behind": 1, "index": 1, "dataBytes": 2, "data": 11},
+                                   {"behind": 0, "index": 2, "dataBytes": 2, "data": 12},
+                                   {"behind": 1, "index": 3, "dataBytes": 2, "data": 13}])")
+        << QStringList{clearOutputs, "2 2:0 2 12", clearInputs, "2 1:0 2 11", "2 3:0 2 13", assign, assigned};
     QTest::addRow("rows are counted before all changes")
-        << QByteArray(R"("removed": [{"row": 0}, {"row": 1}], "added": [{"behind": 1, "index": 1}],
-                         "changed": [{"row": 3, "data": 9}])")
-        << QStringList{"2 1:0 0 0", assign, "2 1c13:0 1 9"};
+        << QByteArray(R"("removed": [{"row": 0}, {"row": 1}], "changed": [{"row": 3, "data": 9}],
+                         "added": [{"behind": 1, "index": 1, "dataBytes": 1, "data": 5}])")
+        << QStringList{"2 1:0 1 5", assign, "2 1c13:0 1 9"};
 }
 
 void tst_Choices::startupCommands()
@@ -263,14 +270,30 @@ void tst_Choices::startupCommands()
 /// The EoE command stands between the lists of the device and of its modules.
 void tst_Choices::eoeCommand()
 {
-    const Conversion conversion = taken("servo-drive", R"("startup": {"changed": [{"row": 37, "dataBytes": 6,
-                                                          "data": 65536}], "added": [{"behind": 37, "index": 7}]})");
+    const Conversion conversion = taken("servo-drive", R"("startup": {"changed": [{"row": 37, "dataBytes": 4,
+                                                          "data": 65536}], "added": [{"behind": 37, "index": 7,
+                                                          "dataBytes": 1, "data": 8}]})");
     const std::vector<KtlItem> eoe = conversion.items(40005);
     QCOMPARE(eoe.size(), std::size_t(1));
     QCOMPARE(eoe[0].content.size(), 12 + 2 * 12);
-    QCOMPARE(eoe[0].u16(12 + 6), 6U);
+    QCOMPARE(eoe[0].u16(12 + 6), 4U);
     QCOMPARE(eoe[0].u32(12 + 8), 65536U);
     QCOMPARE(eoe[0].u16(24 + 2), 7U);
+}
+
+/// More commands than rows have numbers: all of them are added behind the row, in their order.
+void tst_Choices::manyCommands()
+{
+    constexpr int count = 70000;
+    QByteArrayList added;
+    for (int number = 0; number < count; ++number)
+        added += R"({"behind": 0, "index": 8192, "dataBytes": 4, "data": )" + QByteArray::number(number) + '}';
+    const QStringList commands = taken("bus-coupler", R"("startup": {"added": [)" + added.join(',') + "]}").commands();
+    QCOMPARE(commands.size(), count + 4);
+    QCOMPARE(commands.at(0), QStringLiteral("2 1c12:0 1 0"));
+    QCOMPARE(commands.at(1), QStringLiteral("2 2000:0 4 0"));
+    QCOMPARE(commands.at(count), QStringLiteral("2 2000:0 4 69999"));
+    QCOMPARE(commands.at(count + 1), QStringLiteral("2 1c13:0 1 0"));
 }
 
 void tst_Choices::severalDevices()
@@ -302,12 +325,14 @@ void tst_Choices::devicesThatAreNotNamed()
     QCOMPARE(lengthsOf(converted(file, choicesOfFirst(""))), (QList<std::uint32_t>{16, 20}));
 }
 
-void tst_Choices::warningsOfTheWindow()
+/// Where the window gives its advice on the list of modules.
+void tst_Choices::moduleListAdvice()
 {
-    const QByteArray advice =
-        "当前设备支持写F030，建议配置设备类型为类型4。请谨慎操作 MB-C100 bus coupler for 16 modules:";
     const QString sample = samplePath("bus-coupler");
-    const QByteArray warning = sample.toUtf8() + ": warning: " + advice + '\n';
+    const QByteArray warning = sample.toUtf8()
+                               + ": warning: device 1 \"MB-C100 bus coupler for 16 modules\" "
+                                 "(0x7e570002:0x5001:0x30001): its list of modules (object 0xF030) can be written, the "
+                                 "type PnpIOBlock is advised [module-list]\n";
     QCOMPARE(converted({sample}, choicesOfFirst("\"deviceType\": 5")).run.errors, warning);
     const QByteArray putIn = "\"modules\": [{\"place\": 2, \"module\": 264}, {\"place\": 3, \"module\": 264}]";
     QCOMPARE(converted({sample}, choicesOfFirst("\"deviceType\": 5, " + putIn)).run.errors, warning); // told once

@@ -11,6 +11,13 @@ private slots:
     static void form_data();
     static void form();
     static void allMistakesAreTold();
+    static void twentyMistakesAreListed_data();
+    static void twentyMistakesAreListed();
+    static void longValuesAreCut_data();
+    static void longValuesAreCut();
+    static void size_data();
+    static void size();
+    static void endlessInput();
     static void commandLine_data();
     static void commandLine();
     static void outputIsTheChoicesFile();
@@ -22,23 +29,50 @@ void tst_ChoicesMistakes::noJson_data()
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("place"); // line and column
     QTest::addColumn<QString>("word"); // of the message
-    // The reader stops behind a character that does not fit.
+    const QString syntax = "this is no JSON: ";
+    // A place is where reading stopped: at the end of the word that does not fit. A key that is there already is told
+    // at its start.
     QTest::addRow("empty file") << QByteArray("") << "1:1"
-                                << "error";
-    QTest::addRow("no value at all") << QByteArray("choices") << "1:2"
-                                     << "error";
-    QTest::addRow("cut short") << QByteArray("{\n\"format\": \"kinetra-choices\"") << "2:28"
-                               << "error";
-    QTest::addRow("comma missing") << QByteArray("{\n  \"format\": 1\n  \"version\": 1}") << "3:4"
-                                   << "error";
+                                << "ends too early";
+    QTest::addRow("no value at all") << QByteArray("choices") << "1:7" << syntax;
+    QTest::addRow("cut short") << QByteArray("{\n\"format\": \"kinetra-choices\"") << "2:27"
+                               << "ends too early";
+    QTest::addRow("comma missing") << QByteArray("{\n  \"format\": 1\n  \"version\": 1}") << "3:11" << syntax;
+    QTest::addRow("comma too many") << QByteArray("{\"a\": [1,]}") << "1:10" << syntax;
     QTest::addRow("something behind the end") << QByteArray("{}\n x") << "2:2"
-                                              << "error";
-    QTest::addRow("no UTF-8") << QByteArray("{\"\xFF\": 1}") << "1:3"
-                              << "UTF";
+                                              << "something follows the end";
+    QTest::addRow("comment") << QByteArray("{} // choices") << "1:4"
+                             << "something follows the end";
+    QTest::addRow("no UTF-8") << QByteArray("{\"\xFF\": 1}") << "1:2"
+                              << "not in UTF-8";
+    QTest::addRow("UTF-16") << QByteArray("\xFF\xFE{\0}\0", 6) << "1:1"
+                            << "not in UTF-8";
+    QTest::addRow("surrogate in UTF-8") << QByteArray("{\"a\": \"\xED\xA0\x80\"}") << "1:7"
+                                        << "not in UTF-8";
+    QTest::addRow("escape of two digits") << QByteArray("{\"a\": \"\\x41\"}") << "1:9" << syntax;
+    QTest::addRow("control character") << QByteArray("{\"a\": \"b\001c\"}") << "1:8" << syntax;
+    QTest::addRow("tab in a text") << QByteArray("{\"a\": \"\t\"}") << "1:7" << syntax;
+    QTest::addRow("NUL in a text") << QByteArray("{\"a\": \"b\0c\"}", 12) << "1:8" << syntax;
+    QTest::addRow("NUL after the end") << QByteArray("{}\0", 3) << "1:3"
+                                       << "something follows the end";
+    QTest::addRow("escaped NUL in a text") << QByteArray("{\"a\": \"\\u0000\"}") << "1:14"
+                                           << "U+0000";
+    QTest::addRow("escaped NUL in a key") << QByteArray("{\"\\u0000\": 1}") << "1:9"
+                                          << "U+0000";
+    QTest::addRow("first surrogate alone") << QByteArray("{\"a\": \"\\ud800\"}") << "1:14" << syntax;
+    QTest::addRow("second surrogate alone") << QByteArray("{\"a\": \"\\udc00\"}") << "1:14" << syntax;
+    QTest::addRow("number with a 0 in front") << QByteArray("{\"a\": 01}") << "1:7" << syntax;
+    QTest::addRow("not a number") << QByteArray("{\"a\": NaN}") << "1:9" << syntax;
+    QTest::addRow("number of 65 bits") << QByteArray("{\"a\": 18446744073709551616}") << "1:26"
+                                       << "64 bits";
+    QTest::addRow("nested a hundred thousand times") << QByteArray(100000, '[') << "1:2049"
+                                                     << "nested too deeply";
     QTest::addRow("key twice") << QByteArray("{\"a\": 1,\n\"b\": {\"c\": 1, \"c\": 2}}") << "2:15"
                                << "the key \"c\" is given twice";
     QTest::addRow("key twice, once with an escape") << QByteArray("{\"ab\": 1,\n \"\\u0061b\": 2}") << "2:2"
                                                     << "the key \"ab\" is given twice";
+    QTest::addRow("key with a quotation mark twice") << QByteArray(R"({"a\\\"b": 1, "a\\\"b": 2})") << "1:15"
+                                                     << "the key \"a\\\"b\" is given twice";
     QTest::addRow("columns are characters") << QByteArray("{\"设备\": 1, \"é\": 1, \"é\": 1}") << "1:19"
                                             << "the key \"é\" is given twice";
     QTest::addRow("the mark in front of UTF-8 is no column") << QByteArray("\xEF\xBB\xBF{\"a\":1,\"a\":1}") << "1:8"
@@ -54,7 +88,7 @@ void tst_ChoicesMistakes::noJson()
     QCOMPARE(messagesOf(conversion).size(), 1);
     const QString message = messagesOf(conversion).first();
     QVERIFY2(message.startsWith(place + QStringLiteral(": error: ")), qPrintable(message));
-    QVERIFY2(message.contains(word), qPrintable(message));
+    QVERIFY2(message.contains(word) && message.endsWith(" [json]"), qPrintable(message));
     QCOMPARE(conversion.run.exitCode, 2);
     QCOMPARE(conversion.files, QStringList());
 }
@@ -157,16 +191,21 @@ void tst_ChoicesMistakes::form_data()
     const QString links = " is not a link (NONE, DOUT, AOUT16, AOUT32, FAOUT, DIN, AIN16, AIN32, FAIN, ENCODER32)";
     QTest::addRow("link name") << ofFirst(R"("links": [{"pdo": 0, "entry": 0, "link": "OUT"}])")
                                << "devices[0].links[0].link: \"OUT\"" + links;
-    QTest::addRow("link in the words of the window")
-        << ofFirst(R"("links": [{"pdo": 0, "entry": 0, "link": "DOUT Type"}])")
-        << "devices[0].links[0].link: \"DOUT Type\"" + links;
+    QTest::addRow("link with two endings") << ofFirst(R"("links": [{"pdo": 0, "entry": 0, "link": "DOUT Type Type"}])")
+                                           << "devices[0].links[0].link: \"DOUT Type Type\"" + links;
     QTest::addRow("link number above all")
         << ofFirst(R"("links": [{"pdo": 0, "entry": 0, "link": 1}])") << "devices[0].links[0].link: 1" + links;
     QTest::addRow("row is missing") << ofFirst(R"("startup": {"removed": [{}]})")
                                     << "devices[0].startup.removed[0]: the key \"row\" is missing";
     QTest::addRow("index of an added command is missing")
-        << ofFirst(R"("startup": {"added": [{"behind": 0}]})")
+        << ofFirst(R"("startup": {"added": [{"behind": 0, "dataBytes": 1, "data": 1}]})")
         << "devices[0].startup.added[0]: the key \"index\" is missing";
+    QTest::addRow("data bytes of an added command are missing")
+        << ofFirst(R"("startup": {"added": [{"behind": 0, "index": 1, "data": 1}]})")
+        << "devices[0].startup.added[0]: the key \"dataBytes\" is missing";
+    QTest::addRow("data of an added command is missing")
+        << ofFirst(R"("startup": {"added": [{"behind": 0, "index": 1, "dataBytes": 1}]})")
+        << "devices[0].startup.added[0]: the key \"data\" is missing";
     QTest::addRow("data of 33 bits") << ofFirst(R"("startup": {"changed": [{"row": 0, "data": 4294967296}]})")
                                      << "devices[0].startup.changed[0].data: 4294967296 is not a number from 0 to "
                                         "4294967295";
@@ -181,14 +220,14 @@ void tst_ChoicesMistakes::form()
 {
     QFETCH(QByteArray, choices);
     QFETCH(QString, message);
-    compareRefused(converted({samplePath("servo-drive")}, choices), "error: " + message);
+    compareRefused(converted({samplePath("servo-drive")}, choices), "error: " + message + " [form]");
 }
 
 void tst_ChoicesMistakes::allMistakesAreTold()
 {
     const Conversion conversion = converted(
         {samplePath("servo-drive"), samplePath("io-block")},
-        choicesWith(R"({"device": 1, "driveAxes": 1, "dcMode": 9, "links": [{"pdo": 9, "entry": 0, "link": 0}],
+        choicesWith(R"({"device": 1, "driveAxes": 2, "dcMode": 9, "links": [{"pdo": 9, "entry": 0, "link": 0}],
                         "startup": {"removed": [{"row": 99}]}}, {"device": "gone"}, {"device": 2, "colour": "red",
                         "deviceType": 9}, {"device": 1})"));
     QCOMPARE(messagesOf(conversion).size(), 8);
@@ -198,6 +237,90 @@ void tst_ChoicesMistakes::allMistakesAreTold()
         QCOMPARE(messagesOf(conversion).filter(QLatin1String(place)).size(), 1);
     QCOMPARE(conversion.run.exitCode, 2);
     QCOMPARE(conversion.files, QStringList());
+}
+
+void tst_ChoicesMistakes::twentyMistakesAreListed_data()
+{
+    QTest::addColumn<int>("mistakes");
+    QTest::addColumn<int>("lines");
+    QTest::addColumn<QString>("last");
+    QTest::addRow("twenty") << 20 << 20
+                            << "error: devices[19].device: true is not a number from 0 to 4294967295 or a name [form]";
+    QTest::addRow("one more") << 21 << 21 << "error: ... and 1 more";
+    QTest::addRow("many") << 1000 << 21 << "error: ... and 980 more";
+}
+
+void tst_ChoicesMistakes::twentyMistakesAreListed()
+{
+    QFETCH(int, mistakes);
+    QByteArrayList devices;
+    for (int device = 0; device < mistakes; ++device)
+        devices += R"({"device": true})";
+    const QStringList messages = messagesOf(converted({samplePath("io-block")}, choicesWith(devices.join(','))));
+    QTEST(int(messages.size()), "lines");
+    QTEST(messages.last(), "last");
+}
+
+void tst_ChoicesMistakes::longValuesAreCut_data()
+{
+    QTest::addColumn<QByteArray>("choices");
+    const QByteArray text = '"' + QByteArray(100000, 'x') + '"';
+    QTest::addRow("device") << choicesWith("{\"device\": " + text + "}");
+    QTest::addRow("key") << choicesOfFirst(text + ": 1");
+    QTest::addRow("number") << choicesOfFirst("\"driveAxes\": " + text);
+    QTest::addRow("list") << choicesOfFirst("\"driveAxes\": [" + text + ']');
+    QTest::addRow("mode") << choicesOfFirst("\"dcMode\": " + text);
+    QTest::addRow("module") << choicesOfFirst(R"("moduleLinks": [{"module": )" + text
+                                              + R"(, "pdo": 0, "entry": 0, "link": 0}])");
+    QTest::addRow("name") << choicesOfFirst(R"("links": [{"pdo": 0, "entry": 0, "link": 0, "name": )" + text + "}]");
+    QTest::addRow("comment") << choicesOfFirst(R"("startup": {"removed": [{"row": 0, "was": {"comment": )" + text
+                                               + "}}]}");
+    QTest::addRow("key twice") << QByteArray("{" + text + ": 1, " + text + ": 1}");
+}
+
+void tst_ChoicesMistakes::longValuesAreCut()
+{
+    QFETCH(QByteArray, choices);
+    const Conversion conversion = converted({samplePath("servo-drive")}, choices);
+    QCOMPARE(conversion.run.exitCode, 2);
+    QCOMPARE(messagesOf(conversion).size(), 1);
+    QVERIFY2(messagesOf(conversion).first().size() < 250, qPrintable(messagesOf(conversion).first()));
+}
+
+void tst_ChoicesMistakes::size_data()
+{
+    constexpr int maxSize = 16 * 1024 * 1024;
+    const QByteArray empty = choicesWith({});
+    const auto lists = [](int count) {
+        return choicesWith({}).chopped(1) + ", \"about\": [" + QByteArray("[],").repeated(count - 1) + "[]]}";
+    };
+    QTest::addColumn<QByteArray>("choices");
+    QTest::addColumn<QString>("message"); // empty if it is taken
+    QTest::addRow("16 MiB") << empty + QByteArray(maxSize - empty.size(), ' ') << "";
+    QTest::addRow("a byte more") << empty + QByteArray(maxSize + 1 - empty.size(), ' ')
+                                 << "error: a choices file has 16 MiB at most [size]";
+    // Three brackets are those of the file, of its devices and of "about".
+    QTest::addRow("a million brackets") << lists(999997) << "";
+    QTest::addRow("one more") << lists(999998) << "error: a choices file has 1000000 objects and lists at most [size]";
+}
+
+void tst_ChoicesMistakes::size()
+{
+    QFETCH(QByteArray, choices);
+    QFETCH(QString, message);
+    const Conversion conversion = converted({samplePath("io-block")}, choices);
+    QCOMPARE(messagesOf(conversion), message.isEmpty() ? QStringList() : QStringList{message});
+    QCOMPARE(conversion.run.exitCode, message.isEmpty() ? 0 : 2);
+}
+
+void tst_ChoicesMistakes::endlessInput()
+{
+    const QTemporaryDir folder;
+    const CommandRun run =
+        runKtl({"convert", samplePath("io-block"), "-o", "out.ktl", "--choices", "/dev/zero"}, folder.path());
+    QVERIFY(run.hasEnded);
+    QCOMPARE(run.errors, QByteArray("/dev/zero: error: a choices file has 16 MiB at most [size]\n"));
+    QCOMPARE(run.exitCode, 2);
 }
 
 void tst_ChoicesMistakes::commandLine_data()

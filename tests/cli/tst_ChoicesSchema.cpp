@@ -1,5 +1,6 @@
 // The JSON schema of choices files: it names the keys that the reader knows and no others, asks for the same ones, and
-// holds for what the product writes and documents.
+// holds for what the product writes and documents. The page on choices files: its example and its table of mistakes.
+#include "cli/choices/problemCodes.h"
 #include "cli/choicesParts.h"
 #include "cli/jsonSchema.h"
 
@@ -18,6 +19,7 @@ private slots:
     static void holdsForTheExample();
     static void refuses_data();
     static void refuses();
+    static void pageNamesAllMistakes();
 };
 
 static JsonSchema schema()
@@ -123,8 +125,14 @@ void tst_ChoicesSchema::refuses_data()
     QTest::addRow("object") << choicesOfFirst(R"("links": [{"pdo": 0, "entry": "0x6040", "link": 0}])");
     QTest::addRow("link") << choicesOfFirst(R"("links": [{"pdo": 0, "entry": 0, "link": "OUT"}])");
     QTest::addRow("broken number") << choicesOfFirst(R"("startup": {"removed": [{"row": 1.5}]})");
-    QTest::addRow("link in the words of the window")
-        << choicesOfFirst(R"("links": [{"pdo": 0, "entry": 0, "link": "DOUT Type"}])");
+    QTest::addRow("link with two endings")
+        << choicesOfFirst(R"("links": [{"pdo": 0, "entry": 0, "link": "DOUT Type Type"}])");
+    QTest::addRow("added command without data")
+        << choicesOfFirst(R"("startup": {"added": [{"behind": 0, "index": 1, "dataBytes": 1}]})");
+    QTest::addRow("added command of five bytes")
+        << choicesOfFirst(R"("startup": {"added": [{"behind": 0, "index": 1, "dataBytes": 5, "data": 0}]})");
+    QTest::addRow("added command with a sub-index of 9 bits") << choicesOfFirst(
+        R"("startup": {"added": [{"behind": 0, "index": 1, "subIndex": 256, "dataBytes": 1, "data": 0}]})");
     for (const char* number : {" 2", "2 ", "+2", "0x", "0x0x5", "0x1G", "\u0662"})
         QTest::addRow("axes \"%s\"", number) << choicesOfFirst("\"driveAxes\": \"" + QByteArray(number) + '"');
     QTest::addRow("object with a blank") << choicesOfFirst(R"("links": [{"pdo": 0, "entry": "0x6040: 0", "link": 0}])");
@@ -138,6 +146,18 @@ void tst_ChoicesSchema::refuses()
     QFETCH(QByteArray, choices);
     QVERIFY(!schema().problemsOf(QJsonDocument::fromJson(choices).object()).isEmpty());
     QCOMPARE(converted({samplePath("servo-drive")}, choices).run.exitCode, 2);
+}
+
+/// The table of the page has a row for each kind of mistake, in the order of the program, and no other.
+void tst_ChoicesSchema::pageNamesAllMistakes()
+{
+    static const QRegularExpression row(QStringLiteral("^\\| `\\[([a-z-]+)\\]` \\| "),
+                                        QRegularExpression::MultilineOption);
+    const QString page = QString::fromUtf8(contentOf(KINETRA_SOURCE_DIR "/docs/choices.md"));
+    QStringList codes;
+    for (auto match = row.globalMatch(page); match.hasNext();)
+        codes += match.next().captured(1);
+    QCOMPARE(codes, problemCodeNames());
 }
 
 QTEST_GUILESS_MAIN(tst_ChoicesSchema)

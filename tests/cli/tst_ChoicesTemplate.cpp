@@ -15,6 +15,10 @@ private slots:
     static void settings_data();
     static void settings();
     static void rows();
+    static void aboutEntries_data();
+    static void aboutEntries();
+    static void anotherType_data();
+    static void anotherType();
     static void context();
     static void placesAndModules();
     static void modulesThatStay();
@@ -100,7 +104,7 @@ void tst_ChoicesTemplate::rows()
 {
     const CommandRun run = runKtl({"choices", samplePath("io-block")});
     QVERIFY(run.output.contains(R"({"pdo": 1, "index": "0x1a00", "entry": 0, "object": "0x6000:1", )"
-                                R"("name": "Inputs 1 to 8", "link": "NONE"})"));
+                                R"("name": "Inputs 1 to 8", "link": "NONE", "about": {)"));
     const QJsonObject servo = deviceOf(templateOf({samplePath("servo-drive")}));
     const QJsonArray commands = servo.value("startup").toObject().value("changed").toArray();
     QCOMPARE(commands.size(), 43);
@@ -112,6 +116,73 @@ void tst_ChoicesTemplate::rows()
                           {"subIndex", 0},
                           {"dataBytes", 1},
                           {"data", 0}}));
+}
+
+void tst_ChoicesTemplate::aboutEntries_data()
+{
+    QTest::addColumn<QString>("sample");
+    QTest::addColumn<QString>("list");
+    QTest::addColumn<int>("line");
+    QTest::addColumn<QJsonObject>("about");
+    const auto entry = [](const char* direction, int bits, const char* pdo, bool isAssigned) {
+        return QJsonObject{{"direction", direction}, {"bits", bits}, {"pdo", pdo}, {"assigned", isAssigned}};
+    };
+    QJsonObject gap = entry("input", 6, "Coupler state", true);
+    gap.insert("gap", true);
+    QTest::addRow("output of an assigned PDO") << "io-block"
+                                               << "links" << 0 << entry("output", 8, "Digital outputs", true);
+    QTest::addRow("input") << "io-block"
+                           << "links" << 2 << entry("input", 8, "Digital inputs", true);
+    QTest::addRow("output of a PDO that is only offered")
+        << "servo-drive"
+        << "links" << 7 << entry("output", 32, "Position only, outputs", false);
+    QTest::addRow("gap") << "bus-coupler"
+                         << "links" << 2 << gap;
+    QTest::addRow("module of the file") << "bus-coupler"
+                                        << "moduleLinks" << 31 << entry("output", 1, "Outputs", true);
+}
+
+/// Beside each link stands what helps to choose it.
+void tst_ChoicesTemplate::aboutEntries()
+{
+    QFETCH(QString, sample);
+    QFETCH(QString, list);
+    QFETCH(int, line);
+    const QJsonArray lines = deviceOf(templateOf({samplePath(sample)})).value(list).toArray();
+    QTEST(lines.at(line).toObject().value("about").toObject(), "about");
+}
+
+void tst_ChoicesTemplate::anotherType_data()
+{
+    QTest::addColumn<QString>("sample");
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<QStringList>("messages");
+    const QString hint = " (deviceType or modules have moved the rows: leave out the lines of a template that are not "
+                         "edited) [check]";
+    QTest::addRow("drive as a coupler") << "servo-drive" << QByteArray("PnpIOBlock") << QStringList();
+    QTest::addRow("coupler as a block keeps its module indexes")
+        << "bus-coupler" << QByteArray("IOBlock") << QStringList();
+    QTest::addRow("preset coupler has commands of its modules")
+        << "bus-coupler" << QByteArray("ManualIOBlock")
+        << QStringList{"error: devices[0].startup.changed[3].was.subIndex: 2 stands there, not 0" + hint};
+    QTest::addRow("drive axes and modules of a block")
+        << "dual-axis-drive" << QByteArray("IOBlock")
+        << QStringList{"error: devices[0].driveAxes: a device of the type IOBlock has no axes to set, only MultiDriver "
+                       "has; leave the key out [setting]",
+                       "error: devices[0].modules: a device of the type IOBlock has no modules; leave the list out, or "
+                       "set a deviceType that takes modules by hand (MultiDriver, Special, ManualIOBlock) "
+                       "[module-type]"};
+}
+
+/// A template with another type only: what no longer fits is told, with what to leave out.
+void tst_ChoicesTemplate::anotherType()
+{
+    QFETCH(QString, sample);
+    QFETCH(QByteArray, type);
+    QByteArray choices = runKtl({"choices", samplePath(sample)}).output;
+    const int start = choices.indexOf("\n      \"deviceType\": \"") + 1;
+    choices.replace(start, choices.indexOf('\n', start) - start, "      \"deviceType\": \"" + type + "\",");
+    QTEST(messagesOf(converted({samplePath(sample)}, choices)).filter("error: "), "messages");
 }
 
 void tst_ChoicesTemplate::context()

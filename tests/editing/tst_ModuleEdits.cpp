@@ -12,32 +12,55 @@ class tst_ModuleEdits : public QObject
 private slots:
     static void refusedTypes_data();
     static void refusedTypes();
+    static void wordsOfTheWindow_data();
+    static void wordsOfTheWindow();
     static void putIn_data();
     static void putIn();
     static void takenOut_data();
     static void takenOut();
 };
 
+using Refusal = std::optional<ModuleRefusal>;
+Q_DECLARE_METATYPE(Refusal)
+
 void tst_ModuleEdits::refusedTypes_data()
 {
-    const QString noModules = "当前设备配置成类型1或类型2，此设备类型不存在模块，请检查设备类型配置是否正确";
-    const QString foundAtPowerOn =
-        "当前设备配置成类型4，不需要手动插入模块预配置，如果需要预配置模块信息，请配置成类型6";
     QTest::addColumn<int>("type");
-    QTest::addColumn<QString>("refusal");
-    QTest::addRow("block") << 0 << noModules;
-    QTest::addRow("single drive") << 1 << noModules;
-    QTest::addRow("multi-axis drive") << 2 << QString();
-    QTest::addRow("coupler that finds its modules") << 3 << foundAtPowerOn;
-    QTest::addRow("special") << 4 << QString();
-    QTest::addRow("preset coupler") << 5 << QString();
+    QTest::addColumn<Refusal>("refusal");
+    QTest::addRow("block") << 0 << Refusal(ModuleRefusal::TypeWithoutModules);
+    QTest::addRow("single drive") << 1 << Refusal(ModuleRefusal::TypeWithoutModules);
+    QTest::addRow("multi-axis drive") << 2 << Refusal();
+    QTest::addRow("coupler that finds its modules") << 3 << Refusal(ModuleRefusal::TypeFindsModules);
+    QTest::addRow("special") << 4 << Refusal();
+    QTest::addRow("preset coupler") << 5 << Refusal();
 }
 
 void tst_ModuleEdits::refusedTypes()
 {
     QFETCH(int, type);
-    QFETCH(QString, refusal);
-    QCOMPARE(moduleRefusal(static_cast<std::uint16_t>(type)), refusal);
+    QFETCH(Refusal, refusal);
+    QVERIFY(moduleRefusal(static_cast<std::uint16_t>(type)) == refusal);
+}
+
+void tst_ModuleEdits::wordsOfTheWindow_data()
+{
+    QTest::addColumn<int>("refusal");
+    QTest::addColumn<QString>("words");
+    QTest::addRow("type without modules")
+        << int(ModuleRefusal::TypeWithoutModules)
+        << "当前设备配置成类型1或类型2，此设备类型不存在模块，请检查设备类型配置是否正确";
+    QTest::addRow("type that finds its modules")
+        << int(ModuleRefusal::TypeFindsModules)
+        << "当前设备配置成类型4，不需要手动插入模块预配置，如果需要预配置模块信息，请配置成类型6";
+    QTest::addRow("module that does not fit")
+        << int(ModuleRefusal::ModuleDoesNotFit) << "当前模块不能插入模块到当前槽 new:\n";
+}
+
+void tst_ModuleEdits::wordsOfTheWindow()
+{
+    QFETCH(int, refusal);
+    QFETCH(QString, words);
+    QCOMPARE(moduleRefusalText(static_cast<ModuleRefusal>(refusal), "new"), words);
 }
 
 /// Two slots: "A" has places 0 and 1 and takes any module, "B" has place 2 and takes the ident 0x20 only.
@@ -67,26 +90,24 @@ void tst_ModuleEdits::putIn_data()
     const QString unchanged = "A 0 old,B 0 default by slot number";
     QTest::addColumn<int>("place");
     QTest::addColumn<unsigned int>("ident");
-    QTest::addColumn<QString>("refusal");
+    QTest::addColumn<Refusal>("refusal");
     QTest::addColumn<QString>("modules");
-    QTest::addRow("into an empty place") << 1 << 5U << ""
-                                         << "A 0 old,A 1 new,B 0 default by slot number";
-    QTest::addRow("in place of another") << 0 << 5U << ""
-                                         << "A 0 new,B 0 default by slot number";
-    QTest::addRow("an ident that the slot names") << 2 << 0x20U << ""
-                                                  << "A 0 old,B 0 default by slot number,B 2 new";
-    QTest::addRow("one that it does not name") << 2 << 5U << "当前模块不能插入模块到当前槽 new:\n" << unchanged;
-    QTest::addRow("behind the last place") << 3 << 5U << "" << unchanged;
+    QTest::addRow("into an empty place") << 1 << 5U << Refusal() << "A 0 old,A 1 new,B 0 default by slot number";
+    QTest::addRow("in place of another") << 0 << 5U << Refusal() << "A 0 new,B 0 default by slot number";
+    QTest::addRow("an ident that the slot names")
+        << 2 << 0x20U << Refusal() << "A 0 old,B 0 default by slot number,B 2 new";
+    QTest::addRow("one that it does not name") << 2 << 5U << Refusal(ModuleRefusal::ModuleDoesNotFit) << unchanged;
+    QTest::addRow("behind the last place") << 3 << 5U << Refusal() << unchanged;
 }
 
 void tst_ModuleEdits::putIn()
 {
     QFETCH(int, place);
     QFETCH(unsigned int, ident);
-    QFETCH(QString, refusal);
+    QFETCH(Refusal, refusal);
     QFETCH(QString, modules);
     struct_EtherCatDevice device = deviceWithTwoSlots();
-    QCOMPARE(insertModule(device, place, moduleNamed("new", ident)), refusal);
+    QVERIFY(insertModule(device, place, moduleNamed("new", ident)) == refusal);
     QCOMPARE(modulesOf(device).join(','), modules);
 }
 

@@ -49,13 +49,13 @@ void tst_ChoicesLikeClicks::servoDrive()
     changeCommand(1, {QStringLiteral("#x6060"), QStringLiteral("0"), QStringLiteral("1"), QStringLiteral("9")});
     addCommand(2, {QStringLiteral("0x2011"), QStringLiteral("7"), QStringLiteral("2"), QStringLiteral("500")});
     deleteCommand(5); // in the file it is row 4, before the new one
-    changeCommand(37, {QStringLiteral("0"), QStringLiteral("3"), QStringLiteral("6"), QStringLiteral("65536")}); // EoE
+    changeCommand(37, {QStringLiteral("0"), QStringLiteral("3"), QStringLiteral("4"), QStringLiteral("65536")}); // EoE
     compareWith({samplePath("servo-drive")}, R"({
         "device": "0x7e570001:0x10400", "deviceType": "MultiDriver", "driveAxes": 3, "dcMode": "SmSync",
         "links": [{"pdo": "0x1600", "entry": "0x607a:0", "link": "AOUT32"}, {"pdo": 3, "entry": 7, "link": "DIN"}],
         "startup": {
             "changed": [{"row": 1, "was": {"index": "#x6060"}, "data": 9},
-                        {"row": 37, "subIndex": 3, "dataBytes": 6, "data": 65536}],
+                        {"row": 37, "subIndex": 3, "dataBytes": 4, "data": 65536}],
             "added": [{"behind": 2, "index": "0x2011", "subIndex": 7, "dataBytes": 2, "data": 500}],
             "removed": [{"row": 4, "was": {"comment": "Application tag of eight bytes"}}]}})");
 }

@@ -73,7 +73,8 @@ struct StartupChoice : ChoicePlace
 {
     std::uint32_t row = 0; ///< the row itself; for an added command the one before it
     StartupCheck was;
-    // Values to set; a value that is not given stays as it is, of an added command 0.
+    // Values to set. Of a changed command, what is not given stays as it is; of an added one, a sub-index that is not
+    // given is 0, and the others are given.
     std::optional<std::uint32_t> index;
     std::optional<std::uint32_t> subIndex;
     std::optional<std::uint32_t> dataBytes;

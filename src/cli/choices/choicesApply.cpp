@@ -2,44 +2,39 @@
 
 #include "cli/choices/choicesOfLists.h"
 #include "cli/choices/choicesWords.h"
-#include "cli/choices/moduleLookUp.h"
-#include "cli/deviceSelectors.h"
+#include "cli/choices/moduleChoices.h"
+#include "cli/deviceLabel.h"
 #include "cli/inputFile.h"
 #include "cli/messages.h"
 #include "editing/deviceEdits.h"
-#include "editing/deviceTypeTexts.h"
-#include "editing/moduleEdits.h"
-#include "editing/slotPlaces.h"
 #include "model/deviceType.h"
 
-#include <algorithm>
-#include <map>
-#include <set>
+#include <optional>
 #include <stdexcept>
 
 namespace {
 
-using ChosenDevices = std::map<DevicePosition, QString>; // the place in the choices file of each
-
 /// The one device that a choice names; nothing if it is not one, or was named before.
 std::optional<DevicePosition> deviceOf(const DeviceChoices& choices, const DeviceSelectors& selectors,
-                                       ChosenDevices& chosen, Problems& problems)
+                                       MadeChoices& made, Problems& problems)
 {
     constexpr std::size_t maxCandidates = 5;
     const QString path = choices.path + QStringLiteral(".device");
     const MeantDevices meant = selectors.deviceOf(choices.device);
     if (!meant.problem.isEmpty()) {
         QStringList words{meant.problem};
-        if (problems.count() < Messages::maxListed) // the others are not told
+        if (problems.count() < Problems::maxKept) // the others are not told
             words += selectors.candidatesOf(choices.device, maxCandidates);
-        problems.add(path, words.join(QStringLiteral("; ")));
+        problems.add(meant.count == 0 ? ProblemCode::NoDevice : ProblemCode::SeveralDevices, path,
+                     words.join(QStringLiteral("; ")));
         return std::nullopt;
     }
     const DevicePosition device = *meant.devices.begin();
-    const auto [place, isNew] = chosen.insert({device, choices.path});
+    const auto [earlier, isNew] = made.chosen.insert({device, &choices});
     if (isNew)
         return device;
-    problems.add(path, QStringLiteral("%1 is the device of %2 already").arg(quoted(choices.device), place->second));
+    problems.add(ProblemCode::DeviceTwice, path,
+                 QStringLiteral("%1 is the device of %2 already").arg(shownText(choices.device), earlier->second->path));
     return std::nullopt;
 }
 
@@ -47,39 +42,45 @@ std::optional<DevicePosition> deviceOf(const DeviceChoices& choices, const Devic
 class DeviceEditing
 {
 public:
-    DeviceEditing(struct_FilenameDevice& file, struct_EtherCatDevice& device, const DeviceChoices& choices,
-                  Problems& problems)
+    /// @param modules  of the device's file
+    DeviceEditing(struct_FilenameDevice& file, struct_EtherCatDevice& device, const ModuleLookUp& modules,
+                  const DeviceChoices& choices, Problems& problems)
         : m_file(file)
         , m_device(device)
+        , m_modules(modules)
         , m_choices(choices)
         , m_problems(problems)
     {}
 
     void run(DeviceClicks& clicks)
     {
+        ModuleChanges changes;
         try {
             clicks.select(m_device);
-            if (m_choices.deviceType.has_value())
-                chooseType(clicks);
+            const bool isChanged =
+                m_choices.deviceType.has_value() && clicks.chooseType(m_device, *m_choices.deviceType);
             chooseAxes();
             chooseMode();
             chooseIndexes();
             const std::size_t before = m_problems.count();
-            makeModuleLinks(m_choices.moduleLinks, m_file, m_problems);
-            chooseModules();
+            makeModuleLinks(m_choices.moduleLinks, m_modules, m_problems);
+            changes = makeModuleChoices(m_choices, m_device, m_modules, m_problems);
+            const bool isPreset = isChanged && m_device.m_iDeviceType == KTL_DEVICE_TYPE_ManualIOBlock;
+            m_isAdvised = (isPreset || changes.havePutIn) && m_device.Slots.Attributes.DownloadModuleIdentList;
             if (m_problems.count() != before)
                 return; // the rows of the lists follow from the modules
+            changes.haveMovedRows = changes.haveMovedRows || isChanged;
         } catch (const std::out_of_range& error) {
-            m_problems.add(m_choices.path, shownName(QString::fromStdString(m_file.xmlfilepath)) + QStringLiteral(": ")
-                                               + rangeErrorText(error));
+            m_problems.add(ProblemCode::SyncManager, m_choices.path,
+                           shownName(QString::fromStdString(m_file.xmlfilepath)) + QStringLiteral(": ")
+                               + rangeErrorText(error));
             return;
         }
-        makeLinks(m_choices.links, m_device, m_problems);
-        makeStartupChoices(m_choices, m_device, m_problems);
+        chooseRows(changes.haveMovedRows);
     }
 
-    /// What the window would warn of, each text once.
-    [[nodiscard]] const std::set<QString>& warnings() const { return m_warnings; }
+    /// Whether the window would advise to let the coupler take its list of modules by itself.
+    [[nodiscard]] bool isAdvised() const { return m_isAdvised; }
 
 private:
     [[nodiscard]] QString pathOf(const char* key) const
@@ -87,30 +88,18 @@ private:
         return m_choices.path + QLatin1Char('.') + QLatin1String(key);
     }
 
-    void warnOfModuleList()
-    {
-        if (m_device.Slots.Attributes.DownloadModuleIdentList)
-            m_warnings.insert(moduleListAdvice(m_device));
-    }
-
-    void chooseType(DeviceClicks& clicks)
-    {
-        if (clicks.chooseType(m_device, *m_choices.deviceType)
-            && m_device.m_iDeviceType == KTL_DEVICE_TYPE_ManualIOBlock)
-            warnOfModuleList();
-    }
+    void refuse(const char* key, const QString& text) { m_problems.add(ProblemCode::Setting, pathOf(key), text); }
 
     void chooseAxes()
     {
-        if (!m_choices.driveAxes.has_value())
+        if (!m_choices.driveAxes.has_value() || *m_choices.driveAxes == m_device.m_iDriveAxies)
             return;
         if (m_device.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver)
             setDriveAxes(m_device, *m_choices.driveAxes);
         else
-            m_problems.add(
-                pathOf("driveAxes"),
-                QStringLiteral("a device of the type %1 has no axes to set, only %2 has")
-                    .arg(deviceTypeName(m_device.m_iDeviceType), deviceTypeName(KTL_DEVICE_TYPE_MultiDriver)));
+            refuse("driveAxes",
+                   QStringLiteral("a device of the type %1 has no axes to set, only %2 has; leave the key out")
+                       .arg(deviceTypeName(m_device.m_iDeviceType), deviceTypeName(KTL_DEVICE_TYPE_MultiDriver)));
     }
 
     void chooseMode()
@@ -121,9 +110,8 @@ private:
         if (m_choices.dcModeName.has_value())
             position = modeNamed(*m_choices.dcModeName);
         if (position.has_value() && !chooseOperationMode(m_device, *position))
-            m_problems.add(pathOf("dcMode"),
-                           QStringLiteral("there is no mode %1, the device has %2")
-                               .arg(QString::number(*position), QString::number(m_device.vopmode.size())));
+            refuse("dcMode", QStringLiteral("there is no mode %1, the device has %2")
+                                 .arg(QString::number(*position), QString::number(m_device.vopmode.size())));
     }
 
     /// Position of the only mode with that name or description; tells if it is not one.
@@ -132,100 +120,66 @@ private:
         const std::vector<std::size_t> positions = modesNamed(m_device.vopmode, text);
         if (positions.size() == 1)
             return positions.front();
-        m_problems.add(pathOf("dcMode"), positions.empty()
-                                             ? QStringLiteral("%1 is no mode of the device").arg(quoted(text))
-                                             : QStringLiteral("%1 modes are %2; their numbers tell them apart")
-                                                   .arg(QString::number(positions.size()), quoted(text)));
+        refuse("dcMode", positions.empty() ? QStringLiteral("%1 is no mode of the device").arg(shownText(text))
+                                           : QStringLiteral("%1 modes are %2; their numbers tell them apart")
+                                                 .arg(QString::number(positions.size()), shownText(text)));
         return std::nullopt;
     }
 
     void chooseIndexes()
     {
+        const std::uint16_t configuration = m_choices.configIndex.value_or(m_device.configindex);
+        const std::uint16_t detection = m_choices.detectIndex.value_or(m_device.detectindex);
         if (takesModuleIndexes(m_device.m_iDeviceType)) {
-            setModuleIndexes(m_device, m_choices.configIndex.value_or(m_device.configindex),
-                             m_choices.detectIndex.value_or(m_device.detectindex));
+            setModuleIndexes(m_device, configuration, detection);
             return;
         }
-        const auto refuse = [this](const char* key) {
-            m_problems.add(pathOf(key), QStringLiteral("a device of the type %1 has no module indexes")
-                                            .arg(deviceTypeName(m_device.m_iDeviceType)));
-        };
-        if (m_choices.configIndex.has_value())
-            refuse("configIndex");
-        if (m_choices.detectIndex.has_value())
-            refuse("detectIndex");
+        const QString words = QStringLiteral("a device of the type %1 has no module indexes; leave the key out")
+                                  .arg(deviceTypeName(m_device.m_iDeviceType));
+        if (configuration != m_device.configindex)
+            refuse("configIndex", words);
+        if (detection != m_device.detectindex)
+            refuse("detectIndex", words);
     }
 
-    void chooseModules()
+    /// @param haveMoved  whether the rows are others than those of a template
+    void chooseRows(bool haveMoved)
     {
-        if (m_choices.modules.empty())
-            return;
-        const QString refusal = moduleRefusal(m_device.m_iDeviceType);
-        if (!refusal.isEmpty()) {
-            m_problems.add(pathOf("modules"), refusal);
-            return;
-        }
-        std::set<std::uint32_t> places;
-        for (const ModuleChoice& choice : m_choices.modules) {
-            const struct_Slot* const slot = slotAt(m_device.Slots, static_cast<int>(choice.place));
-            if (slot == nullptr)
-                m_problems.add(choice.path + QStringLiteral(".place"),
-                               QStringLiteral("the device has no place %1").arg(choice.place));
-            else if (!places.insert(choice.place).second)
-                m_problems.add(choice.path + QStringLiteral(".place"),
-                               QStringLiteral("place %1 is filled twice").arg(choice.place));
-            else
-                chooseModule(choice, *slot);
-        }
-        renewModuleData(m_device);
-    }
-
-    void chooseModule(const ModuleChoice& choice, const struct_Slot& slot)
-    {
-        const int place = static_cast<int>(choice.place);
-        if (!choice.module.has_value()) {
-            removeModule(m_device, place);
-            return;
-        }
-        const bool standsThere =
-            std::any_of(slot.slotmodule.begin(), slot.slotmodule.end(), [&](const struct_slotmodule& standing) {
-                return standing.Instances == place && isNamed(standing.module, *choice.module);
-            });
-        const FoundModule found = moduleNamed(m_file, *choice.module);
-        if (standsThere && found.module == nullptr)
-            return; // one of several of that ident or name; it stays
-        const QString refusal = found.module == nullptr ? found.problem : insertModule(m_device, place, *found.module);
-        if (!refusal.isEmpty())
-            m_problems.add(choice.path + QStringLiteral(".module"), refusal);
-        if (!standsThere)
-            warnOfModuleList();
+        const std::size_t before = m_problems.count();
+        makeLinks(m_choices.links, m_device, m_problems);
+        makeStartupChoices(m_choices, m_device, m_problems);
+        if (haveMoved)
+            m_problems.explain(before, {ProblemCode::Check, ProblemCode::Row},
+                               QStringLiteral(" (deviceType or modules have moved the rows: leave out the lines of a "
+                                              "template that are not edited)"));
     }
 
     struct_FilenameDevice& m_file;
     struct_EtherCatDevice& m_device;
+    const ModuleLookUp& m_modules;
     const DeviceChoices& m_choices;
     Problems& m_problems;
-    std::set<QString> m_warnings;
+    bool m_isAdvised = false;
 };
 
 } // namespace
 
-std::vector<ChoiceWarning> makeChoices(const std::vector<DeviceChoices>& choices,
-                                       std::vector<struct_FilenameDevice>& files, Problems& problems)
+MadeChoices makeChoices(const std::vector<DeviceChoices>& choices, std::vector<struct_FilenameDevice>& files,
+                        const DeviceSelectors& selectors, Problems& problems)
 {
-    std::vector<ChoiceWarning> warnings;
+    MadeChoices made;
     DeviceClicks clicks;
-    ChosenDevices chosen;
-    const DeviceSelectors selectors(files);
+    std::map<std::size_t, ModuleLookUp> modules; // of the files that have been chosen from
     for (const DeviceChoices& ofDevice : choices) {
-        const std::optional<DevicePosition> position = deviceOf(ofDevice, selectors, chosen, problems);
+        const std::optional<DevicePosition> position = deviceOf(ofDevice, selectors, made, problems);
         if (!position.has_value())
             continue;
         struct_FilenameDevice& file = files[position->first];
-        DeviceEditing editing(file, file.device[position->second], ofDevice, problems);
+        const ModuleLookUp& ofFile = modules.try_emplace(position->first, file).first->second;
+        DeviceEditing editing(file, file.device[position->second], ofFile, ofDevice, problems);
         editing.run(clicks);
-        for (const QString& warning : editing.warnings())
-            warnings.push_back({QString::fromStdString(file.xmlfilepath), warning});
+        if (editing.isAdvised())
+            made.couplers.push_back(*position);
     }
-    return warnings;
+    return made;
 }

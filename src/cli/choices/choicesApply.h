@@ -3,21 +3,22 @@
 
 #include "cli/choices/choices.h"
 #include "cli/choices/problems.h"
+#include "cli/deviceSelectors.h"
 #include "model/XMLParsing.h"
 
-#include <QString>
-
+#include <map>
 #include <vector>
 
-/// A warning that the window would show on the way.
-struct ChoiceWarning
+/// What making choices has shown.
+struct MadeChoices
 {
-    QString file; ///< path of the ESI file
-    QString text;
+    std::map<DevicePosition, const DeviceChoices*> chosen; ///< devices and their choices; valid as long as those
+    std::vector<DevicePosition> couplers; ///< with modules by hand, though they take a list of modules by themselves
 };
 
 /// Makes the choices in the loaded files, device after device in the order of the choices. A choice that does not fit
 /// is told, and so are all the others that do not; the files are of no use then.
-/// @return  what the window would warn of
-std::vector<ChoiceWarning> makeChoices(const std::vector<DeviceChoices>& choices,
-                                       std::vector<struct_FilenameDevice>& files, Problems& problems);
+/// @param selectors  of these files
+[[nodiscard]] MadeChoices makeChoices(const std::vector<DeviceChoices>& choices,
+                                      std::vector<struct_FilenameDevice>& files,
+                                      const DeviceSelectors& selectors, Problems& problems);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/choices/choices.h"
+#include "cli/choices/moduleLookUp.h"
 #include "cli/choices/problems.h"
 #include "model/XMLParsing.h"
 
@@ -10,7 +11,7 @@
 void makeLinks(const std::vector<LinkChoice>& choices, struct_EtherCatDevice& device, Problems& problems);
 
 /// Links entries of modules as the file declares them. A module that is put into a place later brings the links along.
-void makeModuleLinks(const std::vector<LinkChoice>& choices, struct_FilenameDevice& file, Problems& problems);
+void makeModuleLinks(const std::vector<LinkChoice>& choices, const ModuleLookUp& modules, Problems& problems);
 
 /// Changes, adds and removes startup commands. All rows are counted as the list stands before the first of these
 /// changes, and no row is changed or removed twice.

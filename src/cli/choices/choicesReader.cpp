@@ -2,8 +2,10 @@
 
 #include "cli/choices/choicesWords.h"
 #include "cli/choices/jsonFields.h"
-#include "cli/numberArgument.h"
+#include "cli/deviceLabel.h"
 
+#include <cmath>
+#include <limits>
 #include <utility>
 
 namespace {
@@ -64,8 +66,8 @@ const std::array wasKeys{JsonKey{indexKey, false}, JsonKey{subIndexKey, false}, 
 const std::array removedKeys{JsonKey{rowKey, true}, JsonKey{wasKey, false}};
 const std::array changedKeys{JsonKey{rowKey, true},       JsonKey{wasKey, false},       JsonKey{indexKey, false},
                              JsonKey{subIndexKey, false}, JsonKey{dataBytesKey, false}, JsonKey{dataKey, false}};
-const std::array addedKeys{JsonKey{behindKey, true},    JsonKey{wasKey, false},       JsonKey{indexKey, true},
-                           JsonKey{subIndexKey, false}, JsonKey{dataBytesKey, false}, JsonKey{dataKey, false}};
+const std::array addedKeys{JsonKey{behindKey, true},    JsonKey{wasKey, false},      JsonKey{indexKey, true},
+                           JsonKey{subIndexKey, false}, JsonKey{dataBytesKey, true}, JsonKey{dataKey, true}};
 
 std::optional<std::uint16_t> word(JsonFields& fields, QLatin1String key)
 {
@@ -79,8 +81,8 @@ template<typename ReadText>
 void readCountOr(JsonFields& fields, QLatin1String key, QLatin1String alternative, std::optional<std::uint32_t>& count,
                  ReadText readText)
 {
-    if (fields.value(key).isString())
-        readText(fields.value(key).toString());
+    if (const std::optional<QString> text = fields.value(key).text())
+        readText(*text);
     else
         count = fields.count(key, most32Bits, alternative);
 }
@@ -89,11 +91,11 @@ std::optional<std::uint16_t> deviceTypeIn(JsonFields& fields)
 {
     if (!fields.has(deviceTypeKey))
         return std::nullopt;
-    const QJsonValue value = fields.value(deviceTypeKey);
+    const JsonValue value = fields.value(deviceTypeKey);
     const std::optional<std::uint32_t> number = numberIn(value);
     const auto type = number.has_value() && *number < static_cast<std::uint32_t>(deviceTypeNames().size())
                           ? std::make_optional(static_cast<std::uint16_t>(*number))
-                          : deviceTypeNamed(value.toString());
+                          : deviceTypeNamed(value.text().value_or(QString()));
     if (!type.has_value())
         fields.refuse(deviceTypeKey, QStringLiteral("a device type (0 to %1, or %2)")
                                          .arg(QString::number(deviceTypeNames().size() - 1),
@@ -103,8 +105,8 @@ std::optional<std::uint16_t> deviceTypeIn(JsonFields& fields)
 
 std::optional<ModuleName> moduleNameIn(JsonFields& fields)
 {
-    const QJsonValue value = fields.value(moduleKey);
-    ModuleName module{numberIn(value), value.toString()};
+    const JsonValue value = fields.value(moduleKey);
+    ModuleName module{numberIn(value), value.text().value_or(QString())};
     if (fields.has(moduleKey) && !module.ident.has_value() && module.name.isEmpty()) {
         fields.refuse(moduleKey, QStringLiteral("the ident or the name of a module"));
         return std::nullopt;
@@ -112,7 +114,7 @@ std::optional<ModuleName> moduleNameIn(JsonFields& fields)
     return module;
 }
 
-ModuleChoice moduleChoiceFrom(const QJsonValue& value, const QString& path, Problems& problems)
+ModuleChoice moduleChoiceFrom(const JsonValue& value, const QString& path, Problems& problems)
 {
     JsonFields fields(value, path, moduleKeys, problems);
     ModuleChoice choice{{path}, fields.count(placeKey, most16Bits).value_or(0), std::nullopt};
@@ -123,19 +125,26 @@ ModuleChoice moduleChoiceFrom(const QJsonValue& value, const QString& path, Prob
 
 std::optional<ObjectAddress> objectIn(JsonFields& fields, QLatin1String key)
 {
-    const std::optional<ObjectAddress> object = objectIn(fields.value(key).toString());
+    const std::optional<ObjectAddress> object = objectIn(fields.value(key).text().value_or(QString()));
     if (fields.has(key) && !object.has_value())
         fields.refuse(key, QStringLiteral("an object like \"0x6040:0\""));
     return object;
 }
 
+/// The value of a link, as the format stores it: 0 or below.
+std::optional<std::int32_t> linkValueIn(const JsonValue& value)
+{
+    const double number = value.number().value_or(1);
+    if (number > 0 || number < std::numeric_limits<std::int32_t>::min() || std::floor(number) != number)
+        return std::nullopt;
+    return static_cast<std::int32_t>(number);
+}
+
 std::int32_t linkIn(JsonFields& fields)
 {
-    const QJsonValue value = fields.value(linkKey);
-    constexpr int noLink = 1; // no value of a link
-    std::optional<std::int32_t> link = linkNamed(value.toString());
-    if (value.isDouble() && value.toInt(noLink) != noLink)
-        link = value.toInt();
+    const JsonValue value = fields.value(linkKey);
+    const std::optional<QString> name = value.text();
+    const std::optional<std::int32_t> link = name.has_value() ? linkNamed(*name) : linkValueIn(value);
     if (fields.has(linkKey) && !link.has_value())
         fields.refuse(linkKey, QStringLiteral("a link (%1)")
                                    .arg((linkNames(PdoDirection::Outputs) + linkNames(PdoDirection::Inputs).mid(1))
@@ -158,7 +167,7 @@ LinkChoice linkChoiceFrom(JsonFields fields)
     return choice;
 }
 
-LinkChoice moduleLinkChoiceFrom(const QJsonValue& value, const QString& path, Problems& problems)
+LinkChoice moduleLinkChoiceFrom(const JsonValue& value, const QString& path, Problems& problems)
 {
     JsonFields fields(value, path, moduleLinkKeys, problems);
     const ModuleName module = moduleNameIn(fields).value_or(ModuleName());
@@ -190,18 +199,18 @@ void readValues(JsonFields& fields, StartupChoice& choice)
     choice.data = fields.number(dataKey, most32Bits);
 }
 
-void readStartup(const QJsonValue& value, const QString& path, DeviceChoices& choices, Problems& problems)
+void readStartup(const JsonValue& value, const QString& path, DeviceChoices& choices, Problems& problems)
 {
     JsonFields fields(value, path, startupKeys, problems);
-    fields.forEach(changedKey, [&](const QJsonValue& element, const QString& place) {
+    fields.forEach(changedKey, [&](const JsonValue& element, const QString& place) {
         JsonFields command(element, place, changedKeys, problems);
         readValues(command, choices.changedCommands.emplace_back(startupChoiceFrom(command, rowKey, problems)));
     });
-    fields.forEach(removedKey, [&](const QJsonValue& element, const QString& place) {
+    fields.forEach(removedKey, [&](const JsonValue& element, const QString& place) {
         JsonFields command(element, place, removedKeys, problems);
         choices.removedCommands.push_back(startupChoiceFrom(command, rowKey, problems));
     });
-    fields.forEach(addedKey, [&](const QJsonValue& element, const QString& place) {
+    fields.forEach(addedKey, [&](const JsonValue& element, const QString& place) {
         JsonFields command(element, place, addedKeys, problems);
         readValues(command, choices.addedCommands.emplace_back(startupChoiceFrom(command, behindKey, problems)));
     });
@@ -209,20 +218,20 @@ void readStartup(const QJsonValue& value, const QString& path, DeviceChoices& ch
 
 void readLists(JsonFields& fields, DeviceChoices& choices, Problems& problems)
 {
-    fields.forEach(moduleLinksKey, [&](const QJsonValue& element, const QString& place) {
+    fields.forEach(moduleLinksKey, [&](const JsonValue& element, const QString& place) {
         choices.moduleLinks.push_back(moduleLinkChoiceFrom(element, place, problems));
     });
-    fields.forEach(modulesKey, [&](const QJsonValue& element, const QString& place) {
+    fields.forEach(modulesKey, [&](const JsonValue& element, const QString& place) {
         choices.modules.push_back(moduleChoiceFrom(element, place, problems));
     });
-    fields.forEach(linksKey, [&](const QJsonValue& element, const QString& place) {
+    fields.forEach(linksKey, [&](const JsonValue& element, const QString& place) {
         choices.links.push_back(linkChoiceFrom(JsonFields(element, place, linkKeys, problems)));
     });
     if (fields.has(startupKey))
         readStartup(fields.value(startupKey), fields.pathOf(startupKey), choices, problems);
 }
 
-DeviceChoices deviceChoicesFrom(const QJsonValue& value, const QString& path, Problems& problems)
+DeviceChoices deviceChoicesFrom(const JsonValue& value, const QString& path, Problems& problems)
 {
     JsonFields fields(value, path, deviceKeys, problems);
     DeviceChoices choices;
@@ -244,17 +253,17 @@ DeviceChoices deviceChoicesFrom(const QJsonValue& value, const QString& path, Pr
 
 } // namespace
 
-std::vector<DeviceChoices> choicesFrom(const QJsonValue& file, Problems& problems)
+std::vector<DeviceChoices> choicesFrom(const JsonValue& file, Problems& problems)
 {
     JsonFields fields(file, QString(), fileKeys, problems);
     const std::optional<QString> format = fields.text(formatKey);
     if (format.has_value() && *format != choicesFormat)
-        fields.refuse(formatKey, quoted(choicesFormat));
+        fields.refuse(formatKey, shownText(choicesFormat));
     const std::optional<std::uint32_t> version = fields.count(versionKey, most32Bits);
     if (version.has_value() && *version != choicesVersion)
         fields.refuse(versionKey, QString::number(choicesVersion));
     std::vector<DeviceChoices> choices;
-    fields.forEach(devicesKey, [&](const QJsonValue& element, const QString& path) {
+    fields.forEach(devicesKey, [&](const JsonValue& element, const QString& path) {
         const std::size_t before = problems.count();
         DeviceChoices ofDevice = deviceChoicesFrom(element, path, problems);
         if (problems.count() == before)

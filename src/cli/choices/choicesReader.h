@@ -2,11 +2,10 @@
 #pragma once
 
 #include "cli/choices/choices.h"
+#include "cli/choices/jsonValue.h"
 #include "cli/choices/problems.h"
-
-#include <QJsonValue>
 
 #include <vector>
 
 /// The choices of a file, in its order. A device whose choices are not in the form is told and left out.
-[[nodiscard]] std::vector<DeviceChoices> choicesFrom(const QJsonValue& file, Problems& problems);
+[[nodiscard]] std::vector<DeviceChoices> choicesFrom(const JsonValue& file, Problems& problems);

@@ -47,16 +47,17 @@ QJsonValue textOrNothing(const std::string& utf8)
     return utf8.empty() ? QJsonValue(QJsonValue::Undefined) : QJsonValue(text(utf8));
 }
 
-using Identity = std::tuple<std::uint32_t, std::uint32_t, std::uint32_t>;
+/// Vendor id, product code and revision.
+using DeviceIdentity = std::tuple<std::uint32_t, std::uint32_t, std::uint32_t>;
 
-Identity identityOf(const struct_FilenameDevice& file, const struct_EtherCatDevice& device)
+DeviceIdentity identityOf(const struct_FilenameDevice& file, const struct_EtherCatDevice& device)
 {
     return {file.Vendor_Id, device.TypeAttributes.Product_Code, device.TypeAttributes.Revision_No};
 }
 
-std::map<Identity, int> countedIdentities(const std::vector<struct_FilenameDevice>& files)
+std::map<DeviceIdentity, int> countedIdentities(const std::vector<struct_FilenameDevice>& files)
 {
-    std::map<Identity, int> counts;
+    std::map<DeviceIdentity, int> counts;
     for (const struct_FilenameDevice& file : files)
         for (const struct_EtherCatDevice& device : file.device)
             ++counts[identityOf(file, device)];
@@ -162,12 +163,26 @@ void writeModules(JsonWriter& json, const struct_EtherCatDevice& device)
     json.closeList();
 }
 
+/// What helps to choose the link of an entry.
+template<typename Pdo, typename Entry>
+QJsonObject aboutEntry(const Pdo& pdo, const Entry& entry, PdoDirection direction)
+{
+    const bool isOutput = direction == PdoDirection::Outputs;
+    QJsonObject about{{QStringLiteral("direction"), isOutput ? QStringLiteral("output") : QStringLiteral("input")},
+                      {QStringLiteral("bits"), bitLengthOf(entry)},
+                      {QStringLiteral("pdo"), text(pdo.Name)},
+                      {QStringLiteral("assigned"), pdo.Attributes.SM >= 0}};
+    if (indexOf(entry) == 0)
+        about.insert(QStringLiteral("gap"), true);
+    return about;
+}
+
 /// The entries of the PDOs of a device or of a module with their links.
 /// @param module  undefined for a device
 template<typename Owner> void writeLinks(JsonWriter& json, const Owner& owner, const QJsonValue& module)
 {
     int row = 0;
-    forEachPdoList(owner, [&](const auto& pdos, PdoDirection) {
+    forEachPdoList(owner, [&](const auto& pdos, PdoDirection direction) {
         for (const auto& pdo : pdos) {
             int position = 0;
             for (const auto& entry : entriesOf(pdo))
@@ -177,7 +192,8 @@ template<typename Owner> void writeLinks(JsonWriter& json, const Owner& owner, c
                            {Key("entry"), position++},
                            {Key("object"), objectText({indexOf(entry), entry.SubIndex})},
                            {Key("name"), text(entry.Name)},
-                           {Key("link"), linkName(entry.Linkto)}});
+                           {Key("link"), linkName(entry.Linkto)},
+                           {Key("about"), aboutEntry(pdo, entry, direction)}});
             ++row;
         }
     });
@@ -276,7 +292,7 @@ void writeDevice(JsonWriter& json, const struct_FilenameDevice& file, const stru
     writeSettings(json, device);
     if (context.isFirst && !file.vcommentmodule.empty())
         writeModuleLinks(json, file);
-    if (moduleRefusal(device.m_iDeviceType).isEmpty() && !device.Slots.vslot.empty())
+    if (!moduleRefusal(device.m_iDeviceType).has_value() && !device.Slots.vslot.empty())
         writeModules(json, device);
     json.openList(QStringLiteral("links"));
     writeLinks(json, device, QJsonValue(QJsonValue::Undefined));
@@ -286,7 +302,7 @@ void writeDevice(JsonWriter& json, const struct_FilenameDevice& file, const stru
 }
 
 /// "VENDOR:PRODUCT:REVISION".
-QString identityText(const Identity& identity)
+QString identityText(const DeviceIdentity& identity)
 {
     const auto [vendor, product, revision] = identity;
     return QStringList{hex(vendor), hex(product), hex(revision)}.join(QLatin1Char(':'));
@@ -296,7 +312,7 @@ QString identityText(const Identity& identity)
 
 void writeChoicesTemplate(std::ostream& out, const std::vector<struct_FilenameDevice>& files)
 {
-    const std::map<Identity, int> identities = countedIdentities(files);
+    const std::map<DeviceIdentity, int> identities = countedIdentities(files);
     JsonWriter json(out);
     json.openObject();
     json.value(QStringLiteral("format"), choicesFormat);
@@ -307,7 +323,7 @@ void writeChoicesTemplate(std::ostream& out, const std::vector<struct_FilenameDe
     for (const struct_FilenameDevice& file : files) {
         bool isFirst = true;
         for (const struct_EtherCatDevice& device : file.device) {
-            const Identity identity = identityOf(file, device);
+            const DeviceIdentity identity = identityOf(file, device);
             ++count;
             const QString selector = identities.at(identity) > 1 ? QString::number(count) : identityText(identity);
             writeDevice(json, file, device, {count, selector, isFirst});

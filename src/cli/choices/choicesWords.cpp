@@ -2,6 +2,7 @@
 
 #include "cli/numberArgument.h"
 #include "editing/deviceTypeTexts.h"
+#include "editing/moduleEdits.h"
 #include "esi/xmlCharConversion.h"
 
 #include <algorithm>
@@ -41,6 +42,15 @@ QStringList deviceTypeNames()
     return names;
 }
 
+QStringList typesThatTakeModules()
+{
+    QStringList names;
+    for (const DeviceTypeText& entry : deviceTypeTexts)
+        if (!moduleRefusal(entry.type).has_value())
+            names.append(QString::fromLatin1(entry.name));
+    return names;
+}
+
 QString linkName(std::int32_t link)
 {
     return withoutEnding(linkText(link));
@@ -50,7 +60,7 @@ std::optional<std::int32_t> linkNamed(const QString& name)
 {
     for (const PdoDirection direction : {PdoDirection::Outputs, PdoDirection::Inputs})
         for (const LinkText& link : linksFor(direction))
-            if (name == withoutEnding(link.text))
+            if (withoutEnding(name) == withoutEnding(link.text))
                 return link.link;
     return std::nullopt;
 }

@@ -22,10 +22,13 @@
 /// Names of all device types, in their order.
 [[nodiscard]] QStringList deviceTypeNames();
 
+/// Names of the types whose modules are put in and taken out by hand.
+[[nodiscard]] QStringList typesThatTakeModules();
+
 /// Name of a link: "AOUT32"; its number if it has none.
 [[nodiscard]] QString linkName(std::int32_t link);
 
-/// The link with that name; nothing if there is none.
+/// The link with that name, or with the words that views show for it: "AOUT32 Type"; nothing if there is none.
 [[nodiscard]] std::optional<std::int32_t> linkNamed(const QString& name);
 
 /// Names of the links that an entry of that direction can be given.

@@ -1,35 +1,39 @@
 #include "cli/choices/jsonFields.h"
 
+#include "cli/deviceLabel.h"
 #include "cli/numberArgument.h"
 
-#include <QJsonDocument>
 #include <QStringList>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
 const QLatin1String anythingKey("about");
 
-std::optional<std::uint32_t> wholeNumber(const QJsonValue& value)
+std::optional<std::uint32_t> wholeNumber(const JsonValue& value)
 {
-    const double number = value.toDouble(-1);
+    const double number = value.number().value_or(-1);
     if (number < 0 || number > most32Bits || std::floor(number) != number)
         return std::nullopt;
     return static_cast<std::uint32_t>(number);
 }
 
-} // namespace
-
-std::optional<std::uint32_t> numberIn(const QJsonValue& value)
+QStringList namesOf(const JsonKey* keys, std::size_t count)
 {
-    return value.isString() ? numberIn(value.toString()) : wholeNumber(value);
+    QStringList names;
+    for (const JsonKey* key = keys; key != keys + count; ++key)
+        names.append(key->name);
+    return names;
 }
 
-QString shownJson(const QJsonValue& value)
+} // namespace
+
+std::optional<std::uint32_t> numberIn(const JsonValue& value)
 {
-    const QByteArray inList = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-    return QString::fromUtf8(inList.mid(1, inList.size() - 2));
+    const std::optional<QString> text = value.text();
+    return text.has_value() ? numberIn(*text) : wholeNumber(value);
 }
 
 QString JsonFields::pathOf(QLatin1String key) const
@@ -37,22 +41,23 @@ QString JsonFields::pathOf(QLatin1String key) const
     return m_path.isEmpty() ? QString(key) : m_path + QLatin1Char('.') + key;
 }
 
-void JsonFields::check(const QJsonValue& value, const JsonKey* keys, std::size_t count)
+void JsonFields::check(const JsonKey* keys, std::size_t count)
 {
-    if (!value.isObject()) {
-        m_problems.add(m_path, QStringLiteral("%1 is no object with keys and values").arg(shownJson(value)));
+    if (!m_object.isObject()) {
+        m_problems.add(ProblemCode::Form, m_path,
+                       QStringLiteral("%1 is no object with keys and values").arg(m_object.shown()));
         return;
     }
-    QStringList known;
-    for (const JsonKey* key = keys; key != keys + count; ++key)
-        known.append(key->name);
-    for (auto field = m_object.begin(); field != m_object.end(); ++field)
-        if (field.key() != anythingKey && !known.contains(field.key()))
-            m_problems.add(m_path, QStringLiteral("%1 is no key here (known: %2)")
-                                       .arg(quoted(field.key()), known.join(QStringLiteral(", "))));
+    for (const QString& name : m_object.keys())
+        if (name != anythingKey
+            && std::none_of(keys, keys + count, [&](const JsonKey& key) { return name == key.name; }))
+            m_problems.add(ProblemCode::Form, m_path,
+                           QStringLiteral("%1 is no key here (known: %2)")
+                               .arg(shownText(name), namesOf(keys, count).join(QStringLiteral(", "))));
     for (const JsonKey* key = keys; key != keys + count; ++key)
         if (key->isNeeded && !has(key->name))
-            m_problems.add(m_path, QStringLiteral("the key %1 is missing").arg(quoted(key->name)));
+            m_problems.add(ProblemCode::Form, m_path,
+                           QStringLiteral("the key %1 is missing").arg(shownText(key->name)));
 }
 
 std::optional<std::uint32_t> JsonFields::number(QLatin1String key, std::uint32_t most)
@@ -78,12 +83,13 @@ std::optional<std::uint32_t> JsonFields::inRange(QLatin1String key, std::optiona
 
 std::optional<QString> JsonFields::text(QLatin1String key)
 {
-    if (has(key) && !value(key).isString())
+    std::optional<QString> text = value(key).text();
+    if (has(key) && !text.has_value())
         refuse(key, QStringLiteral("a text"));
-    return value(key).isString() ? std::make_optional(value(key).toString()) : std::nullopt;
+    return text;
 }
 
 void JsonFields::refuse(QLatin1String key, const QString& wanted)
 {
-    m_problems.add(pathOf(key), QStringLiteral("%1 is not %2").arg(shownJson(value(key)), wanted));
+    m_problems.add(ProblemCode::Form, pathOf(key), QStringLiteral("%1 is not %2").arg(value(key).shown(), wanted));
 }

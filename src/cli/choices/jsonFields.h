@@ -1,11 +1,9 @@
 // jsonFields.h - the fields of a JSON object, each held against what it has to be.
 #pragma once
 
+#include "cli/choices/jsonValue.h"
 #include "cli/choices/problems.h"
 
-#include <QJsonArray>
-#include <QJsonObject>
-#include <QJsonValue>
 #include <QLatin1String>
 #include <QString>
 
@@ -29,10 +27,7 @@ constexpr std::uint32_t most32Bits = std::numeric_limits<std::uint32_t>::max();
 
 /// A number as a user writes one: a whole JSON number, or a text with a number in decimal or in one of the hexadecimal
 /// forms of ESI files and C.
-[[nodiscard]] std::optional<std::uint32_t> numberIn(const QJsonValue& value);
-
-/// A value as messages show it.
-[[nodiscard]] QString shownJson(const QJsonValue& value);
+[[nodiscard]] std::optional<std::uint32_t> numberIn(const JsonValue& value);
 
 /// Reads the fields of one object. What is not as it has to be is told, with its place, and reads as not given.
 class JsonFields
@@ -41,18 +36,18 @@ public:
     /// Tells unknown keys, and needed ones that are missing. The key "about" may stand anywhere and hold anything.
     /// @param problems  must outlive this object
     template<std::size_t Count>
-    JsonFields(const QJsonValue& value, QString path, const std::array<JsonKey, Count>& keys, Problems& problems)
-        : m_object(value.toObject())
+    JsonFields(const JsonValue& value, QString path, const std::array<JsonKey, Count>& keys, Problems& problems)
+        : m_object(value)
         , m_path(std::move(path))
         , m_problems(problems)
     {
-        check(value, keys.data(), Count);
+        check(keys.data(), Count);
     }
 
     [[nodiscard]] const QString& path() const { return m_path; }
     [[nodiscard]] QString pathOf(QLatin1String key) const;
-    [[nodiscard]] bool has(QLatin1String key) const { return m_object.contains(key); }
-    [[nodiscard]] QJsonValue value(QLatin1String key) const { return m_object.value(key); }
+    [[nodiscard]] bool has(QLatin1String key) const { return value(key).isThere(); }
+    [[nodiscard]] JsonValue value(QLatin1String key) const { return m_object.member(key); }
 
     /// A number from 0 to `most`.
     std::optional<std::uint32_t> number(QLatin1String key, std::uint32_t most);
@@ -64,24 +59,22 @@ public:
     /// Calls `visit(value, path)` for each value of a list.
     template<typename Visitor> void forEach(QLatin1String key, Visitor visit)
     {
-        const QJsonValue list = value(key);
-        if (has(key) && !list.isArray())
+        const JsonValue list = value(key);
+        if (has(key) && !list.isList())
             refuse(key, QStringLiteral("a list"));
-        int position = 0;
-        const QJsonArray elements = list.toArray();
-        for (const QJsonValue& element : elements)
-            visit(element, QStringLiteral("%1[%2]").arg(pathOf(key), QString::number(position++)));
+        for (std::size_t position = 0; position < list.size(); ++position)
+            visit(list.element(position), QStringLiteral("%1[%2]").arg(pathOf(key), QString::number(position)));
     }
 
     /// Tells that a value is not what it has to be.
     void refuse(QLatin1String key, const QString& wanted);
 
 private:
-    void check(const QJsonValue& value, const JsonKey* keys, std::size_t count);
+    void check(const JsonKey* keys, std::size_t count);
     std::optional<std::uint32_t> inRange(QLatin1String key, std::optional<std::uint32_t> number, std::uint32_t most,
                                          QLatin1String alternative = {});
 
-    QJsonObject m_object;
+    JsonValue m_object;
     QString m_path;
     Problems& m_problems;
 };

@@ -1,15 +1,26 @@
 #include "cli/choices/jsonWriter.h"
 
-#include "cli/choices/jsonFields.h"
+#include <QJsonArray>
+#include <QJsonDocument>
 
 #include <cstddef>
 #include <ostream>
 #include <string>
 
+namespace {
+
+std::string jsonOf(const QJsonValue& value)
+{
+    const QByteArray inList = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
+    return inList.mid(1, inList.size() - 2).toStdString();
+}
+
+} // namespace
+
 void JsonWriter::value(const QString& key, const QJsonValue& value)
 {
     begin(key);
-    m_out << shownJson(value).toStdString();
+    m_out << jsonOf(value);
 }
 
 void JsonWriter::line(std::initializer_list<Member> members)
@@ -19,8 +30,7 @@ void JsonWriter::line(std::initializer_list<Member> members)
     for (const Member& member : members) {
         if (member.second.isUndefined())
             continue;
-        m_out << separator << shownJson(QString(member.first)).toStdString() << ": "
-              << shownJson(member.second).toStdString();
+        m_out << separator << jsonOf(QString(member.first)) << ": " << jsonOf(member.second);
         separator = ", ";
     }
     m_out << '}';
@@ -33,7 +43,7 @@ void JsonWriter::begin(const QString& key)
     if (m_depth > 0)
         newLine();
     if (!key.isEmpty())
-        m_out << shownJson(key).toStdString() << ": ";
+        m_out << jsonOf(key) << ": ";
     m_isFirst = false;
 }
 

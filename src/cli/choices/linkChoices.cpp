@@ -1,133 +1,196 @@
 // linkChoices.cpp - links of PDO entries, of a device and of a module alike.
 #include "cli/choices/choicesOfLists.h"
 #include "cli/choices/choicesWords.h"
-#include "cli/choices/moduleLookUp.h"
+#include "cli/deviceLabel.h"
 #include "editing/pdoRows.h"
 #include "esi/xmlCharConversion.h"
 #include "model/pdoAccess.h"
 
-#include <algorithm>
+#include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <utility>
 
 namespace {
-
-/// The rows of entries that are linked already: row of the PDO, position of the entry.
-using LinkedEntries = std::set<std::pair<int, std::size_t>>;
 
 template<typename Entry> ObjectAddress objectOf(const Entry& entry)
 {
     return {indexOf(entry), entry.SubIndex};
 }
 
-/// How many rows the PDO list of a device or module has.
-template<typename Owner> int pdoRowCount(Owner& owner)
+/// Things that share a name: how many, and the first of them.
+struct Namesakes
 {
     std::size_t count = 0;
-    forEachPdoList(owner, [&](const auto& pdos, PdoDirection) { count += pdos.size(); });
-    return static_cast<int>(count);
-}
+    std::size_t first = 0;
 
-template<typename Owner> std::vector<int> rowsOfIndex(Owner& owner, std::uint32_t index)
+    void add(std::size_t position)
+    {
+        if (count++ == 0)
+            first = position;
+    }
+};
+
+/// The entries of an owner's PDOs, found without a walk over all of them for each choice. What is asked for first costs
+/// the walk.
+/// @tparam Owner  a device or a module
+template<typename Owner> class LinkTargets
 {
-    std::vector<int> rows;
-    int row = 0;
-    forEachPdoList(owner, [&](const auto& pdos, PdoDirection) {
-        for (const auto& pdo : pdos) {
-            if (indexOf(pdo) == index)
-                rows.push_back(row);
-            ++row;
-        }
-    });
-    return rows;
-}
+public:
+    /// @param owner  must outlive this object and keep its PDOs
+    explicit LinkTargets(Owner& owner)
+        : m_owner(owner)
+    {}
 
-/// Row of the PDO that a choice names, -1 if there is none.
-template<typename Owner> int pdoRowOf(Owner& owner, const LinkChoice& choice, Problems& problems)
+    [[nodiscard]] Owner& owner() const { return m_owner; }
+
+    /// How many rows the list of PDOs has.
+    [[nodiscard]] std::size_t rowCount() const
+    {
+        std::size_t count = 0;
+        forEachPdoList(m_owner, [&](const auto& pdos, PdoDirection) { count += pdos.size(); });
+        return count;
+    }
+
+    /// The rows of the PDOs with an index.
+    [[nodiscard]] Namesakes rowsOf(std::uint32_t index)
+    {
+        if (m_rows.empty())
+            findRows();
+        return m_rows[index];
+    }
+
+    /// The positions of the entries with an object in the PDO of a row.
+    template<typename Entries>
+    [[nodiscard]] Namesakes positionsOf(std::size_t row, const Entries& entries, const ObjectAddress& object)
+    {
+        auto& objects = m_positions[row];
+        if (objects.empty())
+            for (std::size_t position = 0; position < entries.size(); ++position)
+                objects[keyOf(objectOf(entries[position]))].add(position);
+        return objects[keyOf(object)];
+    }
+
+    /// @return  false if the entry has been linked already
+    [[nodiscard]] bool markLinked(std::size_t row, std::size_t position)
+    {
+        return m_linked.insert({row, position}).second;
+    }
+
+private:
+    using Object = std::pair<std::uint32_t, std::uint32_t>; // index and sub-index
+
+    static Object keyOf(const ObjectAddress& object) { return {object.index, object.subIndex}; }
+
+    void findRows()
+    {
+        std::size_t row = 0;
+        forEachPdoList(m_owner, [&](const auto& pdos, PdoDirection) {
+            for (const auto& pdo : pdos)
+                m_rows[indexOf(pdo)].add(row++);
+        });
+    }
+
+    Owner& m_owner;
+    std::map<std::uint32_t, Namesakes> m_rows; ///< by the index of the PDO
+    std::map<std::size_t, std::map<Object, Namesakes>> m_positions; ///< by the row of the PDO
+    std::set<std::pair<std::size_t, std::size_t>> m_linked;
+};
+
+/// Row of the PDO that a choice names; tells if there is none.
+template<typename Owner>
+std::optional<std::size_t> pdoRowOf(LinkTargets<Owner>& targets, const LinkChoice& choice, Problems& problems)
 {
     const QString path = choice.path + QStringLiteral(".pdo");
     if (choice.pdoRow.has_value()) {
-        const int count = pdoRowCount(owner);
-        if (*choice.pdoRow < static_cast<std::uint32_t>(count))
-            return static_cast<int>(*choice.pdoRow);
-        problems.add(path, QStringLiteral("there is no PDO %1, the list has %2").arg(*choice.pdoRow).arg(count));
-        return -1;
+        const std::size_t count = targets.rowCount();
+        if (*choice.pdoRow < count)
+            return *choice.pdoRow;
+        problems.add(ProblemCode::Row, path,
+                     QStringLiteral("there is no PDO %1, the list has %2").arg(*choice.pdoRow).arg(count));
+        return std::nullopt;
     }
     const QString index = xmlGetStringuint(choice.pdoIndex.value_or(0));
-    const std::vector<int> rows = rowsOfIndex(owner, choice.pdoIndex.value_or(0));
-    if (rows.size() == 1)
-        return rows.front();
-    problems.add(path, rows.empty() ? QStringLiteral("there is no PDO %1").arg(index)
-                                    : QStringLiteral("%1 PDOs have the index %2; their numbers tell them apart")
-                                          .arg(QString::number(rows.size()), index));
-    return -1;
+    const Namesakes rows = targets.rowsOf(choice.pdoIndex.value_or(0));
+    if (rows.count == 1)
+        return rows.first;
+    problems.add(ProblemCode::Link, path,
+                 rows.count == 0 ? QStringLiteral("there is no PDO %1").arg(index)
+                                 : QStringLiteral("%1 PDOs have the index %2; their numbers tell them apart")
+                                       .arg(QString::number(rows.count), index));
+    return std::nullopt;
 }
 
-/// Position of the entry that a choice names; nothing if there is none.
-template<typename Entries>
-std::optional<std::size_t> positionOf(const Entries& entries, const LinkChoice& choice, Problems& problems)
+/// Position of the entry that a choice names in the PDO of a row; tells if there is none.
+template<typename Owner, typename Entries>
+std::optional<std::size_t> positionOf(LinkTargets<Owner>& targets, std::size_t row, const Entries& entries,
+                                      const LinkChoice& choice, Problems& problems)
 {
     const QString path = choice.path + QStringLiteral(".entry");
     if (choice.entryPosition.has_value()) {
         if (*choice.entryPosition < entries.size())
             return *choice.entryPosition;
-        problems.add(path, QStringLiteral("there is no entry %1, the PDO has %2")
-                               .arg(QString::number(*choice.entryPosition), QString::number(entries.size())));
+        problems.add(ProblemCode::Link, path,
+                     QStringLiteral("there is no entry %1, the PDO has %2")
+                         .arg(QString::number(*choice.entryPosition), QString::number(entries.size())));
         return std::nullopt;
     }
     const ObjectAddress object = choice.entryObject.value_or(ObjectAddress());
-    const auto isObject = [&](const auto& entry) { return objectOf(entry) == object; };
-    const auto found = std::find_if(entries.begin(), entries.end(), isObject);
-    const auto count = std::count_if(entries.begin(), entries.end(), isObject);
-    if (count == 1)
-        return static_cast<std::size_t>(found - entries.begin());
-    problems.add(path, count == 0 ? QStringLiteral("the PDO has no entry %1").arg(objectText(object))
-                                  : QStringLiteral("the PDO has %1 entries %2; their numbers tell them apart")
-                                        .arg(QString::number(count), objectText(object)));
+    const Namesakes positions = targets.positionsOf(row, entries, object);
+    if (positions.count == 1)
+        return positions.first;
+    problems.add(ProblemCode::Link, path,
+                 positions.count == 0 ? QStringLiteral("the PDO has no entry %1").arg(objectText(object))
+                                      : QStringLiteral("the PDO has %1 entries %2; their numbers tell them apart")
+                                            .arg(QString::number(positions.count), objectText(object)));
     return std::nullopt;
 }
 
+/// Holds what is in a place against what a choice says is there; the first difference is told.
 template<typename Pdo, typename Entry>
-void checkEntry(const Pdo& pdo, const Entry& entry, PdoDirection direction, const LinkChoice& choice,
-                Problems& problems)
+void checkTarget(const Pdo& pdo, const Entry& entry, const LinkChoice& choice, Problems& problems)
 {
-    const auto expect = [&](bool agrees, const char* key, const QString& is, const QString& expected) {
-        if (!agrees)
-            problems.add(choice.path + QLatin1Char('.') + QLatin1String(key),
-                         QStringLiteral("%1 stands there, not %2").arg(is, expected));
+    const auto tell = [&](const char* key, const QString& is, const QString& expected) {
+        problems.add(ProblemCode::Check, choice.path + QLatin1Char('.') + QLatin1String(key),
+                     QStringLiteral("%1 stands there, not %2").arg(is, expected));
     };
-    if (choice.checkedIndex.has_value())
-        expect(indexOf(pdo) == *choice.checkedIndex, "index", xmlGetStringuint(indexOf(pdo)),
-               xmlGetStringuint(*choice.checkedIndex));
-    if (choice.checkedObject.has_value())
-        expect(objectOf(entry) == *choice.checkedObject, "object", objectText(objectOf(entry)),
-               objectText(*choice.checkedObject));
     const QString name = QString::fromStdString(entry.Name);
-    if (choice.checkedName.has_value())
-        expect(name == *choice.checkedName, "name", quoted(name), quoted(*choice.checkedName));
-    const QStringList offered = linkNames(direction);
-    if (choice.link != entry.Linkto && !offered.contains(linkName(choice.link)))
-        problems.add(choice.path + QStringLiteral(".link"),
-                     QStringLiteral("%1 is no link of an %2 (known: %3)")
-                         .arg(quoted(linkName(choice.link)),
-                              direction == PdoDirection::Outputs ? QStringLiteral("output") : QStringLiteral("input"),
-                              offered.join(QStringLiteral(", "))));
+    if (choice.checkedIndex.value_or(indexOf(pdo)) != indexOf(pdo))
+        tell("index", xmlGetStringuint(indexOf(pdo)), xmlGetStringuint(*choice.checkedIndex));
+    else if (!(choice.checkedObject.value_or(objectOf(entry)) == objectOf(entry)))
+        tell("object", objectText(objectOf(entry)), objectText(*choice.checkedObject));
+    else if (choice.checkedName.value_or(name) != name)
+        tell("name", shownText(name), shownText(*choice.checkedName));
 }
 
-/// @param owner  a device or a module
-template<typename Owner>
-void makeLink(const LinkChoice& choice, Owner& owner, LinkedEntries& linked, Problems& problems)
+template<typename Entry>
+void checkLink(const Entry& entry, PdoDirection direction, const LinkChoice& choice, Problems& problems)
 {
-    const int row = pdoRowOf(owner, choice, problems);
-    visitPdoRow(owner, row, [&](auto& pdo, PdoDirection direction) {
+    const QStringList offered = linkNames(direction);
+    if (choice.link == entry.Linkto || offered.contains(linkName(choice.link)))
+        return;
+    problems.add(ProblemCode::Link, choice.path + QStringLiteral(".link"),
+                 QStringLiteral("%1 is no link of an %2 (known: %3)")
+                     .arg(shownText(linkName(choice.link)),
+                          direction == PdoDirection::Outputs ? QStringLiteral("output") : QStringLiteral("input"),
+                          offered.join(QStringLiteral(", "))));
+}
+
+template<typename Owner> void makeLink(const LinkChoice& choice, LinkTargets<Owner>& targets, Problems& problems)
+{
+    const std::optional<std::size_t> row = pdoRowOf(targets, choice, problems);
+    if (!row.has_value())
+        return;
+    visitPdoRow(targets.owner(), static_cast<int>(*row), [&](auto& pdo, PdoDirection direction) {
         auto& entries = entriesOf(pdo);
-        const std::optional<std::size_t> position = positionOf(entries, choice, problems);
+        const std::optional<std::size_t> position = positionOf(targets, *row, entries, choice, problems);
         if (!position.has_value())
             return;
-        if (!linked.insert({row, *position}).second)
-            problems.add(choice.path, QStringLiteral("this entry is linked twice"));
-        checkEntry(pdo, entries[*position], direction, choice, problems);
+        if (!targets.markLinked(*row, *position))
+            problems.add(ProblemCode::Link, choice.path, QStringLiteral("this entry is linked twice"));
+        checkTarget(pdo, entries[*position], choice, problems);
+        checkLink(entries[*position], direction, choice, problems);
         entries[*position].Linkto = choice.link;
     });
 }
@@ -136,19 +199,19 @@ void makeLink(const LinkChoice& choice, Owner& owner, LinkedEntries& linked, Pro
 
 void makeLinks(const std::vector<LinkChoice>& choices, struct_EtherCatDevice& device, Problems& problems)
 {
-    LinkedEntries linked;
+    LinkTargets<struct_EtherCatDevice> targets(device);
     for (const LinkChoice& choice : choices)
-        makeLink(choice, device, linked, problems);
+        makeLink(choice, targets, problems);
 }
 
-void makeModuleLinks(const std::vector<LinkChoice>& choices, struct_FilenameDevice& file, Problems& problems)
+void makeModuleLinks(const std::vector<LinkChoice>& choices, const ModuleLookUp& modules, Problems& problems)
 {
-    std::map<const struct_module*, LinkedEntries> linked;
+    std::map<const struct_module*, LinkTargets<struct_module>> targets;
     for (const LinkChoice& choice : choices) {
-        const FoundModule found = moduleNamed(file, choice.module);
+        const FoundModule found = modules.named(choice.module);
         if (found.module == nullptr)
-            problems.add(choice.path + QStringLiteral(".module"), found.problem);
+            problems.add(ProblemCode::Module, choice.path + QStringLiteral(".module"), found.problem);
         else
-            makeLink(choice, *found.module, linked[found.module], problems);
+            makeLink(choice, targets.try_emplace(found.module, *found.module).first->second, problems);
     }
 }

@@ -1,6 +1,6 @@
 #include "cli/choices/moduleLookUp.h"
 
-#include "cli/choices/problems.h"
+#include "cli/deviceLabel.h"
 #include "esi/xmlCharConversion.h"
 
 #include <QFileInfo>
@@ -9,7 +9,7 @@ namespace {
 
 QString shown(const ModuleName& name)
 {
-    return quoted(name.ident.has_value() ? xmlGetStringuint(*name.ident) : name.name);
+    return shownText(name.ident.has_value() ? xmlGetStringuint(*name.ident) : name.name);
 }
 
 } // namespace
@@ -22,18 +22,41 @@ bool isNamed(const struct_module& module, const ModuleName& name)
     return module.Name == text || module.TypeAttributes.Name == text;
 }
 
-FoundModule moduleNamed(struct_FilenameDevice& file, const ModuleName& name)
+QString moduleLabel(const struct_module& module)
 {
-    FoundModule found;
-    int count = 0;
+    return QStringLiteral("module %1 %2")
+        .arg(xmlGetStringuint(module.TypeAttributes.ModuleIdent), shownText(QString::fromStdString(module.Name)));
+}
+
+ModuleLookUp::ModuleLookUp(struct_FilenameDevice& file)
+    : m_fileName(QFileInfo(QString::fromStdString(file.xmlfilepath)).fileName())
+{
     for (struct_commentmodule& group : file.vcommentmodule)
-        for (struct_module& module : group.vmodule)
-            if (isNamed(module, name) && ++count == 1)
-                found.module = &module;
-    if (count == 1)
-        return found;
-    const QString fileName = QFileInfo(QString::fromStdString(file.xmlfilepath)).fileName();
-    if (count == 0)
-        return {nullptr, QStringLiteral("%1 is no module of %2").arg(shown(name), fileName)};
-    return {nullptr, QStringLiteral("%1 are %2 modules of %3").arg(shown(name), QString::number(count), fileName)};
+        for (struct_module& module : group.vmodule) {
+            m_idents[module.TypeAttributes.ModuleIdent].push_back(&module);
+            m_names[module.Name].push_back(&module);
+            if (module.TypeAttributes.Name != module.Name)
+                m_names[module.TypeAttributes.Name].push_back(&module);
+        }
+}
+
+const std::vector<struct_module*>* ModuleLookUp::all(const ModuleName& name) const
+{
+    const auto valueOf = [](const auto& map, const auto& key) {
+        const auto found = map.find(key);
+        return found == map.end() ? nullptr : &found->second;
+    };
+    return name.ident.has_value() ? valueOf(m_idents, *name.ident) : valueOf(m_names, name.name.toStdString());
+}
+
+FoundModule ModuleLookUp::named(const ModuleName& name) const
+{
+    const std::vector<struct_module*>* const modules = all(name);
+    if (modules == nullptr)
+        return {nullptr, QStringLiteral("%1 is no module of %2").arg(shown(name), m_fileName)};
+    if (modules->size() > 1)
+        return {
+            nullptr,
+            QStringLiteral("%1 are %2 modules of %3").arg(shown(name), QString::number(modules->size()), m_fileName)};
+    return {modules->front(), {}};
 }

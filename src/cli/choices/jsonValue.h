@@ -1,0 +1,44 @@
+// jsonValue.h - a value of a JSON file that has been read.
+#pragma once
+
+#include <QLatin1String>
+#include <QString>
+#include <QStringList>
+
+#include <cstddef>
+#include <optional>
+
+struct json_t;
+
+/// Looks at a value; it is valid as long as the file's `JsonParsing`. A value that is not there is none of the kinds.
+class JsonValue
+{
+public:
+    explicit JsonValue(json_t* value = nullptr)
+        : m_value(value)
+    {}
+
+    [[nodiscard]] bool isThere() const { return m_value != nullptr; }
+    [[nodiscard]] bool isNull() const;
+    [[nodiscard]] bool isObject() const;
+    [[nodiscard]] bool isList() const;
+
+    /// The text; nothing if this is none.
+    [[nodiscard]] std::optional<QString> text() const;
+    /// The number, whole or not; nothing if this is none.
+    [[nodiscard]] std::optional<double> number() const;
+
+    /// The value of a key of an object; one that is not there if the object has no such key.
+    [[nodiscard]] JsonValue member(QLatin1String key) const;
+    /// The keys of an object, in the order of the file.
+    [[nodiscard]] QStringList keys() const;
+    /// How many elements a list has; 0 for anything else.
+    [[nodiscard]] std::size_t size() const;
+    [[nodiscard]] JsonValue element(std::size_t position) const;
+
+    /// The value as messages show it: long texts are cut, of lists and objects the brackets are shown.
+    [[nodiscard]] QString shown() const;
+
+private:
+    json_t* m_value; ///< owned by the `JsonParsing`
+};
