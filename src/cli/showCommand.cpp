@@ -33,6 +33,7 @@ namespace {
 
 const QString jsonSwitch = QStringLiteral("json");
 const QString csvOption = QStringLiteral("csv");
+const QString spreadsheetSwitch = QStringLiteral("spreadsheet");
 
 QList<QCommandLineOption> showOptions()
 {
@@ -40,6 +41,8 @@ QList<QCommandLineOption> showOptions()
         {jsonSwitch, QStringLiteral("Everything, as JSON.")},
         {csvOption, QStringLiteral("One table as comma-separated values: dictionary, pdo or startup."),
          QStringLiteral("TABLE")},
+        {spreadsheetSwitch, QStringLiteral("With --csv: for a spreadsheet program, with a byte order mark and an "
+                                           "apostrophe before texts that read as a formula.")},
     };
 }
 
@@ -54,6 +57,8 @@ QString problemOf(const CommandLine& line)
         return QStringLiteral("--json and --csv cannot be given together");
     if (line.isSet(csvOption) && showTableNamed(line.value(csvOption)) == nullptr)
         return QStringLiteral("\"%1\" is no table; there are dictionary, pdo and startup").arg(line.value(csvOption));
+    if (line.isSet(spreadsheetSwitch) && !line.isSet(csvOption))
+        return QStringLiteral("--spreadsheet goes with --csv only");
     return {};
 }
 
@@ -130,14 +135,17 @@ public:
         : m_out(out)
         , m_isJson(line.isSet(jsonSwitch))
         , m_table(showTableNamed(line.value(csvOption)))
-    {}
+    {
+        if (m_table != nullptr)
+            m_csv.emplace(out, line.isSet(spreadsheetSwitch) ? CsvForm::Spreadsheet : CsvForm::Plain);
+    }
 
     void begin()
     {
         if (m_isJson)
             m_out << "{\"files\": [";
-        else if (m_table != nullptr)
-            m_table->writeHeader(m_out);
+        else if (m_csv)
+            m_table->writeHeader(*m_csv);
     }
 
     void show(const ShownFile& file)
@@ -145,8 +153,8 @@ public:
         if (m_isJson) {
             m_out << (m_isFirst ? "\n" : ",\n");
             writeJson(m_out, {jsonFile(file)});
-        } else if (m_table != nullptr) {
-            m_table->writeRows(m_out, file);
+        } else if (m_csv) {
+            m_table->writeRows(*m_csv, file);
         } else {
             m_out << (m_isFirst ? "" : "\n");
             writeReadable(m_out, file);
@@ -163,7 +171,8 @@ public:
 private:
     std::ostream& m_out;
     bool m_isJson;
-    const ShowTable* m_table;
+    const ShowTable* m_table; ///< null unless a table is asked for
+    std::optional<CsvWriter> m_csv; ///< with the table only
     bool m_isFirst = true;
 };
 

@@ -155,7 +155,7 @@ void tst_ShowEsi::deviceOfTheModel()
     QCOMPARE(
         list(pdo, "entries").at(2).toObject(),
         objectOf(R"({"index":28672,"subIndex":3,"bitLength":1,"offset":0.2,"name":"Hold","dataType":"BOOL","link":0,
-                          "linkName":"NONE Type","defaultData":0,"fixed":false})"));
+                          "linkName":"NONE Type","defaultData":0,"fixed":false,"choiceEntry":2})"));
 }
 
 void tst_ShowEsi::dcModes()
@@ -191,11 +191,11 @@ void tst_ShowEsi::startupGroups()
     const QJsonObject last = list(groups.at(2).toObject(), "commands").at(0).toObject();
     QCOMPARE(last, objectOf(R"({"position":6,"protocol":"CoE","index":12048,"subIndex":0,"completeAccess":false,
         "dataBytes":8,"value":null,"values":null,"meaning":"value of 8 bytes, which the format does not carry",
-        "source":{"origin":"ESI","comment":"Application tag of eight bytes","text":"0x00"}})"));
+        "source":{"origin":"ESI","comment":"Application tag of eight bytes","text":"0x00","choiceRow":4}})"));
     const QJsonObject first = list(groups.at(1).toObject(), "commands").at(0).toObject();
     QCOMPARE(first, objectOf(R"({"position":2,"protocol":"CoE","index":8208,"subIndex":1,"completeAccess":false,
         "dataBytes":4,"value":10000,"values":null,"meaning":"",
-        "source":{"origin":"ESI","comment":"Proportional gain 10000","text":"0x2710"}})"));
+        "source":{"origin":"ESI","comment":"Proportional gain 10000","text":"0x2710","choiceRow":0}})"));
 }
 
 /// A drive with a declared command, commands of its modules, and generated ones.
@@ -229,7 +229,7 @@ void tst_ShowEsi::originsInAKtlFile()
     QVERIFY(!exact.filter(" EoE").isEmpty());
     const QJsonObject group = list(deviceOf(ktl), "startup").at(0).toObject();
     const QJsonObject source = list(group, "commands").at(0).toObject().value("source").toObject();
-    QCOMPARE(source, objectOf(R"({"origin":"EoE","comment":null,"text":null})"));
+    QCOMPARE(source, objectOf(R"({"origin":"EoE","comment":null,"text":null,"choiceRow":null})"));
 }
 
 /// It stands in the model only, with its PDO.
@@ -255,8 +255,9 @@ void tst_ShowEsi::slotsAndModules()
     QCOMPARE(module.value("ident").toInt(), 0x404);
     // 1 clear, 4 entries, 1 count, 2 declared, 1 assigned
     QCOMPARE(list(module, "startup").size(), 9);
-    QCOMPARE(list(module, "startup").at(7).toObject(),
-             objectOf(R"({"index":32768,"subIndex":2,"dependOnSlot":true,"dataBytes":4,"value":2147450880})"));
+    QCOMPARE(
+        list(module, "startup").at(7).toObject(),
+        objectOf(R"({"index":32768,"subIndex":2,"dependOnSlot":true,"dataBytes":4,"value":2147450880,"meaning":""})"));
 
     const QJsonArray places = list(device.value("model").toObject().value("slots").toObject(), "list");
     QCOMPARE(places.size(), 3);

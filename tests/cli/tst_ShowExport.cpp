@@ -59,7 +59,8 @@ QByteArray twoTooMany()
 QByteArray warning(const QByteArray& deviceName, const QByteArray& ident)
 {
     return ": warning: device \"" + deviceName + "\": in an export, module " + ident
-           + " does not have as many startup commands as it announces; the items behind them cannot be found\n";
+           + " does not have as many startup commands as it announces; the items behind them cannot be found "
+             "[module-commands]\n";
 }
 
 QJsonArray list(const QJsonValue& object, const char* key)
@@ -180,7 +181,7 @@ void tst_ShowExport::commandsThatAreNone()
     QCOMPARE(csv.exitCode, 0);
     const QByteArray row = path.toUtf8()
                            + ",1,Dev,device,%1,CoE,0,0x70%2,1,no,8,,,"
-                             "\"value of 8 bytes, which the format does not carry\",unknown,,\r\n";
+                             "\"value of 8 bytes, which the format does not carry\",unknown,,,\r\n";
     for (const int position : {1, 255}) {
         const QByteArray number = QByteArray::number(position);
         const QByteArray index = QByteArray::number(position - 1, 16).rightJustified(2, '0');
@@ -190,7 +191,7 @@ void tst_ShowExport::commandsThatAreNone()
     QCOMPARE(groups.size(), 1);
     QCOMPARE(list(groups.at(0), "commands").size(), 255);
     QCOMPARE(list(groups.at(0), "commands").at(254).toObject().value("source").toObject(),
-             objectOf(R"({"origin":"unknown","comment":null,"text":null})"));
+             objectOf(R"({"origin":"unknown","comment":null,"text":null,"choiceRow":null})"));
 }
 
 QTEST_GUILESS_MAIN(tst_ShowExport)

@@ -120,9 +120,9 @@ void tst_ShowModel::members_data()
     row("syncManagers/3", R"({"number":3,"name":"Inputs","type":4,"typeName":"Inputs","startAddress":4864,"minSize":0,
         "maxSize":0,"defaultSize":0,"length":0,"controlByte":0,"enable":0,"virtual":1})");
     row("rxPdos/0", R"({"index":5633,"name":"Out","fixed":true,"mandatory":true,"syncManager":2,"syncUnit":5,"size":1.4,
-        "oversamplingFactor":0,"oversamplingMin":0,"oversamplingMax":0,"oversamplingIndexIncrement":0})");
+        "oversamplingFactor":0,"oversamplingMin":0,"oversamplingMax":0,"oversamplingIndexIncrement":0,"choicePdo":0})");
     row("rxPdos/0/entries/1", R"({"index":28673,"subIndex":7,"bitLength":9,"offset":0.3,"name":"Ent","dataType":"BIT9",
-        "link":0,"linkName":"NONE Type","defaultData":0,"fixed":false})");
+        "link":0,"linkName":"NONE Type","defaultData":0,"fixed":false,"choiceEntry":1})");
     row("commands/deviceCoe/0", R"({"transition":6,"transitionName":"SO","index":8193,"subIndex":4,"completeAccess":0,
         "dataBytes":2,"data":513,"values":[],"text":"0x201","comment":"Com"})");
     row("commands/deviceEoe/0", R"({"transition":3,"transitionName":"IP_PS","index":0,"subIndex":0,"completeAccess":0,
@@ -171,10 +171,10 @@ void tst_ShowModel::module_data()
     row("moduleGroups/0/modules/0", R"({"name":"Mna","type":"Mty","ident":49,"moduleClass":"Cls","pdoGroup":32,
         "sraParameterSupported":true,"profileNo":37,"rxPdos":[],"dictionary":{"rows":[],"dataTypes":[],"objects":[]}})");
     row("moduleGroups/0/modules/0/txPdos/0", R"({"index":6657,"name":"Inp","fixed":false,"mandatory":true,
-        "syncManager":3,"syncUnit":33,"size":4.3,"dependOnSlot":true,"dependOnSlotGroup":false,"instances":0})");
+        "syncManager":3,"syncUnit":33,"size":4.3,"dependOnSlot":true,"dependOnSlotGroup":false,"instances":0,"choicePdo":0})");
     row("moduleGroups/0/modules/0/txPdos/0/entries/0", R"({"index":24577,"subIndex":34,"bitLength":35,"offset":0,
         "name":"Men","dataType":"BIT35","link":0,"linkName":"NONE Type","defaultData":0,"dependOnSlot":false,
-        "dependOnSlotGroup":true,"comment":"Mco"})");
+        "dependOnSlotGroup":true,"comment":"Mco","choiceEntry":0})");
     row("moduleGroups/0/modules/0/commands/0", R"({"transition":2,"transitionName":"PS","index":32769,"subIndex":36,
         "completeAccess":0,"dataBytes":1,"data":10,"values":[],"text":"0xa","comment":"Mcc","dependOnSlot":false,
         "dependOnSlotGroup":true,"adaptAutomatically":false,"instances":0})");

@@ -14,6 +14,9 @@ private slots:
     void valuesAgainstTheirLengths_data();
     void valuesAgainstTheirLengths();
 
+    void meaningInModuleBlocks_data();
+    void meaningInModuleBlocks();
+
 private:
     QTemporaryDir m_folder;
 };
@@ -29,6 +32,15 @@ QJsonArray list(const QJsonObject& object, const char* key)
 QJsonObject deviceOf(const QString& path)
 {
     return list(shownFile(path), "devices").at(0).toObject();
+}
+
+/// A coupler and a module with the same startup commands.
+QByteArray esiWithMailbox(const QByteArray& mailbox)
+{
+    return "<EtherCATInfo><Vendor><Id>1</Id></Vendor><Descriptions><Devices><Device><Type ProductCode=\"2\">D</Type>"
+           "<Name>Dev</Name><Profile><ProfileNo>5001</ProfileNo></Profile>"
+           + mailbox + "</Device></Devices><Modules><Module><Type ModuleIdent=\"16\">M</Type><Name>Mod</Name>" + mailbox
+           + "</Module></Modules></Descriptions></EtherCATInfo>";
 }
 
 /// A KTL file of one device: a CoE item with one complete access, and its values.
@@ -91,12 +103,7 @@ void tst_ShowStartupValues::valuesAgainstTheirLengths()
     const QByteArray mailbox = "<Mailbox><CoE><InitCmd><Transition>PS</Transition><Index>#x8000</Index>"
                                "<SubIndex>1</SubIndex><Data>"
                                + data + "</Data></InitCmd></CoE></Mailbox>";
-    const QString path = writtenFile(
-        m_folder, "values.xml",
-        "<EtherCATInfo><Vendor><Id>1</Id></Vendor><Descriptions><Devices><Device><Type ProductCode=\"2\">D</Type>"
-        "<Name>Dev</Name><Profile><ProfileNo>5001</ProfileNo></Profile>"
-            + mailbox + "</Device></Devices><Modules><Module><Type ModuleIdent=\"16\">M</Type><Name>Mod</Name>"
-            + mailbox + "</Module></Modules></Descriptions></EtherCATInfo>");
+    const QString path = writtenFile(m_folder, "values.xml", esiWithMailbox(mailbox));
     const QJsonObject device = deviceOf(path);
     const QJsonObject ofDevice = list(list(device, "startup").at(0).toObject(), "commands").at(0).toObject();
     const QJsonObject ofModule = list(list(device, "modules").at(0).toObject(), "startup").at(0).toObject();
@@ -109,10 +116,49 @@ void tst_ShowStartupValues::valuesAgainstTheirLengths()
     const bool isLost = value == "null";
     const QString meaning = isLost ? "value of 5 bytes, which the format does not carry" : "";
     QCOMPARE(ofDevice.value("meaning").toString(), meaning);
+    QCOMPARE(ofModule.value("meaning").toString(), meaning);
     const QByteArray number = QByteArray::number(dataBytes) + ',' + (isLost ? QByteArray() : value);
     const QByteArray csv = runShow({"--csv", "startup", path}).output;
     QVERIFY2(csv.contains(",device,1,CoE,PS,0x8000,1,no," + number + ",,"), csv.constData());
-    QVERIFY2(csv.contains(",module 0x10,1,CoE,,0x8000,1,no," + number + ",,,,,\r\n"), csv.constData());
+    const QByteArray rest = ",," + (isLost ? '"' + meaning.toUtf8() + '"' : QByteArray()) + ",,,,\r\n";
+    QVERIFY2(csv.contains(",module 0x10,1,CoE,,0x8000,1,no," + number + rest), csv.constData());
+    const QString ktl = m_folder.filePath("values.ktl");
+    QCOMPARE(runKtl({"convert", path, "-o", ktl, "--force"}).exitCode, 0);
+    QCOMPARE(runShow({ktl}).output.count("value of 5 bytes, which the format does not carry"), isLost ? 2 : 0);
+}
+
+void tst_ShowStartupValues::meaningInModuleBlocks_data()
+{
+    QTest::addColumn<QByteArray>("index");
+    QTest::addColumn<QByteArray>("subIndex");
+    QTest::addColumn<QByteArray>("data");
+    QTest::addColumn<QString>("meaning");
+    QTest::addRow("list cleared") << QByteArray("#x1600") << QByteArray("0") << QByteArray("00") << "clears the list";
+    QTest::addRow("one entry") << QByteArray("#x1600") << QByteArray("0") << QByteArray("01") << "1 entry";
+    QTest::addRow("two entries") << QByteArray("#x1A00") << QByteArray("0") << QByteArray("02") << "2 entries";
+    QTest::addRow("entry mapped") << QByteArray("#x1600") << QByteArray("1") << QByteArray("10004060")
+                                  << "0x6040:0, 16 bits";
+    QTest::addRow("one PDO") << QByteArray("#x1C12") << QByteArray("0") << QByteArray("01") << "1 PDO";
+    QTest::addRow("three PDOs") << QByteArray("#x1C12") << QByteArray("0") << QByteArray("03") << "3 PDOs";
+    QTest::addRow("PDO assigned") << QByteArray("#x1C13") << QByteArray("1") << QByteArray("001A") << "PDO 0x1a00";
+    QTest::addRow("another object") << QByteArray("#x8000") << QByteArray("0") << QByteArray("01") << "";
+}
+
+/// Commands of modules have the words that those of devices have.
+void tst_ShowStartupValues::meaningInModuleBlocks()
+{
+    QFETCH(QByteArray, index);
+    QFETCH(QByteArray, subIndex);
+    QFETCH(QByteArray, data);
+    QFETCH(QString, meaning);
+    const QByteArray mailbox = "<Mailbox><CoE><InitCmd><Transition>PS</Transition><Index>" + index
+                               + "</Index><SubIndex>" + subIndex + "</SubIndex><Data>" + data
+                               + "</Data></InitCmd></CoE></Mailbox>";
+    const QJsonObject device = deviceOf(writtenFile(m_folder, "meaning.xml", esiWithMailbox(mailbox)));
+    const QJsonObject ofDevice = list(list(device, "startup").at(0).toObject(), "commands").at(0).toObject();
+    const QJsonObject ofModule = list(list(device, "modules").at(0).toObject(), "startup").at(0).toObject();
+    QCOMPARE(ofDevice.value("meaning").toString(), meaning);
+    QCOMPARE(ofModule.value("meaning").toString(), meaning);
 }
 
 QTEST_GUILESS_MAIN(tst_ShowStartupValues)

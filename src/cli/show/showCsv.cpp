@@ -1,31 +1,75 @@
 #include "cli/show/showCsv.h"
 
-#include "cli/show/showWords.h"
+#include "cli/unsafeCharacters.h"
 
+#include <QChar>
+#include <QString>
+
+#include <algorithm>
 #include <ostream>
 
 namespace {
 
-std::string quoted(const std::string& field)
+bool isKept(QChar character)
 {
-    std::string text = "\"";
-    for (const char character : field) {
-        if (character == '"')
-            text += '"';
-        text += character;
-    }
-    return text + '"';
+    return character == QLatin1Char('\t') || character == QLatin1Char('\r') || character == QLatin1Char('\n')
+           || !isUnsafe(character);
+}
+
+QString withoutUnsafe(QString text)
+{
+    for (QChar& character : text)
+        if (!isKept(character))
+            character = QChar::ReplacementCharacter;
+    return text;
+}
+
+bool isWholeNumber(const QString& text)
+{
+    const int sign = text.startsWith(QLatin1Char('-')) ? 1 : 0;
+    return text.size() > sign && std::all_of(text.begin() + sign, text.end(), [](QChar character) {
+               return character >= QLatin1Char('0') && character <= QLatin1Char('9');
+           });
+}
+
+/// Whether a spreadsheet program would take a text for a formula. Some take the wide forms of the signs too, and some
+/// drop a tab or a line end in front of the sign.
+bool readsAsFormula(const QString& text)
+{
+    static const QString signs = QStringLiteral("=+-@\t\r\n\uFF1D\uFF0B\uFF0D\uFF20");
+    return !text.isEmpty() && signs.contains(text.front()) && !isWholeNumber(text);
+}
+
+QString quoted(QString text)
+{
+    return QLatin1Char('"') + text.replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"');
+}
+
+bool needsQuotes(const QString& text)
+{
+    static const QString special = QStringLiteral(",\"\r\n");
+    return std::any_of(text.begin(), text.end(), [](QChar character) { return special.contains(character); });
 }
 
 } // namespace
 
-void writeCsvRow(std::ostream& out, const std::vector<std::string>& fields)
+CsvWriter::CsvWriter(std::ostream& out, CsvForm form)
+    : m_out(out)
+    , m_form(form)
+{
+    if (m_form == CsvForm::Spreadsheet)
+        m_out << QString(QChar(QChar::ByteOrderMark)).toStdString();
+}
+
+void CsvWriter::writeRow(const std::vector<std::string>& fields)
 {
     const char* separator = "";
     for (const std::string& field : fields) {
-        const std::string utf8 = validUtf8(field);
-        out << separator << (utf8.find_first_of(",\"\r\n") == std::string::npos ? utf8 : quoted(utf8));
+        QString text = withoutUnsafe(QString::fromStdString(field));
+        if (m_form == CsvForm::Spreadsheet && readsAsFormula(text))
+            text.prepend(QLatin1Char('\''));
+        m_out << separator << (needsQuotes(text) ? quoted(text) : text).toStdString();
         separator = ",";
     }
-    out << "\r\n";
+    m_out << "\r\n";
 }

@@ -5,6 +5,24 @@
 #include <string>
 #include <vector>
 
-/// Writes one row by RFC 4180: fields are parted by commas and the row ends with carriage return and line feed. A field
-/// with a comma, a quote, a carriage return or a line feed stands in quotes, and quotes in it are doubled. UTF-8.
-void writeCsvRow(std::ostream& out, const std::vector<std::string>& fields);
+/// Whom the rows are for.
+enum class CsvForm
+{
+    Plain, ///< programs: every text is what it is
+    Spreadsheet ///< a spreadsheet program: it finds a byte order mark, and no text that it would take for a formula
+};
+
+/// Writes rows by RFC 4180 in UTF-8: fields are parted by commas and a row ends with carriage return and line feed. A
+/// field with a comma, a quote, a carriage return or a line feed stands in quotes, and quotes in it are doubled.
+/// Invalid bytes, changes of direction, and controls other than tab, carriage return and line feed become U+FFFD.
+class CsvWriter
+{
+public:
+    CsvWriter(std::ostream& out, CsvForm form);
+
+    void writeRow(const std::vector<std::string>& fields);
+
+private:
+    std::ostream& m_out;
+    CsvForm m_form;
+};

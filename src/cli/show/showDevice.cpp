@@ -155,7 +155,8 @@ ShowObject moduleCommandMembers(const struct_KTL_moduleStartupOne& record)
             {"subIndex", decimal(record.SubIndex)},
             {"dependOnSlot", flag(record.DependOnSlot != 0)},
             {"dataBytes", decimal(record.m_DataBytes)},
-            {"value", numberOf(record)}};
+            {"value", numberOf(record)},
+            {"meaning", text(meaningOf(record))}};
 }
 
 ShowObject moduleMembers(const KtlModule& module)

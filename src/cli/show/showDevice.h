@@ -46,6 +46,7 @@ template<typename Record> [[nodiscard]] ShowValue numberOf(const Record& record)
 
 /// What a command does, in words, where its object tells: "0x6040:0, 16 bits"; else empty.
 [[nodiscard]] std::string meaningOf(const ShownCommand& command);
+[[nodiscard]] std::string meaningOf(const struct_KTL_moduleStartupOne& record); ///< as above, of a module block
 
 /// Members of one command.
 [[nodiscard]] ShowObject commandMembers(const ShownCommand& command);

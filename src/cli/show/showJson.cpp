@@ -1,9 +1,11 @@
 #include "cli/show/showJson.h"
 
 #include "cli/show/showWords.h"
+#include "cli/unsafeCharacters.h"
+
+#include <QString>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <ostream>
 
@@ -37,28 +39,27 @@ private:
     void put(bool isSet) { m_out << (isSet ? "true" : "false"); }
     void put(const ShowNumber& number) { m_out << number.value; }
     void put(float number) { m_out << (std::isfinite(number) ? fractionText(number) : std::string("null")); }
-    void put(const std::string& utf8) { putText(validUtf8(utf8)); }
+    void put(const std::string& utf8) { putText(utf8); }
 
     void putText(const std::string& utf8)
     {
-        m_out << '"';
-        for (const char character : utf8) {
-            if (character == '"' || character == '\\')
-                m_out << '\\' << character;
-            else if (static_cast<unsigned char>(character) < firstPrintable)
-                putEscape(character);
+        QString escaped;
+        for (const QChar character : QString::fromStdString(utf8)) {
+            if (character == QLatin1Char('"') || character == QLatin1Char('\\'))
+                escaped += QLatin1Char('\\') + QString(character);
+            else if (isUnsafe(character))
+                escaped += escapeOf(character);
             else
-                m_out << character;
+                escaped += character;
         }
-        m_out << '"';
+        m_out << '"' << escaped.toStdString() << '"';
     }
 
-    void putEscape(char control)
+    static QString escapeOf(QChar character)
     {
-        constexpr std::array digits{'0', '1', '2', '3', '4', '5', '6', '7', '8', '9', 'a', 'b', 'c', 'd', 'e', 'f'};
-        constexpr unsigned bitsPerDigit = 4;
-        const auto code = static_cast<unsigned char>(control);
-        m_out << "\\u00" << digits[code >> bitsPerDigit] << digits[code % digits.size()];
+        constexpr int digits = 4;
+        constexpr int hexadecimal = 16;
+        return QStringLiteral("\\u%1").arg(character.unicode(), digits, hexadecimal, QLatin1Char('0'));
     }
 
     void put(const ShowObject& object)
@@ -101,8 +102,6 @@ private:
     }
 
     void startLine() { m_out << '\n' << std::string(m_depth, ' '); }
-
-    static constexpr unsigned char firstPrintable = 0x20;
 
     std::ostream& m_out;
     std::size_t m_depth = 0;

@@ -1,5 +1,6 @@
 #include "cli/show/showModel.h"
 
+#include "cli/show/choiceRows.h"
 #include "cli/show/showDevice.h"
 #include "cli/show/showWords.h"
 
@@ -87,6 +88,7 @@ ShowObject modelMembers(const struct_EtherCatDevice& device, ShowDetail detail)
 {
     const DeviceTypeAttributes& type = device.TypeAttributes;
     const EoeAttributes& eoe = device.Mailbox.EOE.Attributes;
+    const ChoicePdoRows rows = choicePdoRows(device, isSameAfterSelection(device));
     ShowObject members{
         {"name", text(device.Name)},
         {"type", text(type.type)},
@@ -104,10 +106,10 @@ ShowObject modelMembers(const struct_EtherCatDevice& device, ShowDetail detail)
         {"dcModes", listOf(device.vopmode, modeMembers)},
         {"fmmus", listOf(device.vFmmu, fmmuMembers)},
         {"syncManagers", listOf(device.vSM, syncManagerMembers)},
-        {"rxPdos", pdosOf(device.RxPdo.vpdo)},
-        {"txPdos", pdosOf(device.TxPdo.vpdo)},
-        {"moduleRxPdos", pdosOf(device.mRxPdo.mpdo)},
-        {"moduleTxPdos", pdosOf(device.mTxPdo.mpdo)},
+        {"rxPdos", pdosOf(device.RxPdo.vpdo, rows.outputs)},
+        {"txPdos", pdosOf(device.TxPdo.vpdo, rows.inputs)},
+        {"moduleRxPdos", pdosOf(device.mRxPdo.mpdo, rows.moduleOutputs)},
+        {"moduleTxPdos", pdosOf(device.mTxPdo.mpdo, rows.moduleInputs)},
         {"slots", {slotsMembers(device.Slots)}},
         {"dictionary", {dictionaryMembers(device.Dictionary.vdatatype, device.Dictionary.vobject, detail)}},
         {"moduleDictionary", {dictionaryMembers(device.mDictionary.mdatatype, device.mDictionary.mobject, detail)}}};

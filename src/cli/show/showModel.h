@@ -4,6 +4,10 @@
 #include "cli/show/showValue.h"
 #include "model/deviceRecords.h"
 
+#include <cstdint>
+#include <optional>
+#include <vector>
+
 /// How much of a record is shown.
 enum class ShowDetail
 {
@@ -25,10 +29,13 @@ enum class ShowDetail
                                            const std::vector<struct_Object>& objects, ShowDetail detail);
 
 /// PDOs of a device.
-[[nodiscard]] ShowValue pdosOf(const std::vector<struct_PDOList>& pdos);
+/// @param firstChoiceRow  number of the first one in choices files; nothing if they cannot name them
+[[nodiscard]] ShowValue pdosOf(const std::vector<struct_PDOList>& pdos,
+                               const std::optional<std::int64_t>& firstChoiceRow);
 
 /// PDOs of a module, or of those in the slots.
-[[nodiscard]] ShowValue pdosOf(const std::vector<modulePdo>& pdos);
+/// @param firstChoiceRow  as above
+[[nodiscard]] ShowValue pdosOf(const std::vector<modulePdo>& pdos, const std::optional<std::int64_t>& firstChoiceRow);
 
 /// Startup commands of one list of a device.
 [[nodiscard]] ShowValue commandList(const std::vector<struct_InitCmd>& commands);

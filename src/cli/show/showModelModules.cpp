@@ -52,27 +52,46 @@ template<typename Pdo> ShowObject commonPdoMembers(const Pdo& pdo)
             {"size", fraction(sizeOf(pdo))}};
 }
 
-template<typename Pdo> ShowMember entriesMember(const Pdo& pdo)
+/// @param choiceRow  of the PDO
+template<typename Pdo> ShowMember entriesMember(const Pdo& pdo, const std::optional<std::int64_t>& choiceRow)
 {
-    return {"entries", listOf(entriesOf(pdo), [](const auto& entry) { return entryMembers(entry); })};
+    const bool hasRow = choiceRow.has_value();
+    return {"entries", {ShowList{entriesOf(pdo).size(), [&pdo, hasRow](std::size_t index) -> ShowValue {
+                                     const auto position = static_cast<std::int64_t>(index);
+                                     return {with(entryMembers(entriesOf(pdo)[index]),
+                                                  {{"choiceEntry", hasRow ? decimal(position) : ShowValue()}})};
+                                 }}}};
 }
 
-ShowObject pdoMembers(const struct_PDOList& pdo)
+ShowObject pdoMembers(const struct_PDOList& pdo, const std::optional<std::int64_t>& choiceRow)
 {
     const PdoAttributes& attributes = pdo.Attributes;
     return with(commonPdoMembers(pdo), {{"oversamplingFactor", decimal(attributes.m_OSFac)},
                                         {"oversamplingMin", decimal(attributes.m_OSMin)},
                                         {"oversamplingMax", decimal(attributes.m_OSMax)},
                                         {"oversamplingIndexIncrement", decimal(attributes.m_OSIndexInc)},
-                                        entriesMember(pdo)});
+                                        {"choicePdo", optionalNumber(choiceRow)},
+                                        entriesMember(pdo, choiceRow)});
 }
 
-ShowObject pdoMembers(const modulePdo& pdo)
+ShowObject pdoMembers(const modulePdo& pdo, const std::optional<std::int64_t>& choiceRow)
 {
     return with(commonPdoMembers(pdo), {{"dependOnSlot", flag(pdo.indexAttributes.DependOnSlot)},
                                         {"dependOnSlotGroup", flag(pdo.indexAttributes.DependOnSlotGroup)},
                                         {"instances", decimal(pdo.Instances)},
-                                        entriesMember(pdo)});
+                                        {"choicePdo", optionalNumber(choiceRow)},
+                                        entriesMember(pdo, choiceRow)});
+}
+
+template<typename Pdo>
+ShowValue pdoList(const std::vector<Pdo>& pdos, const std::optional<std::int64_t>& firstChoiceRow)
+{
+    return {ShowList{pdos.size(), [&pdos, firstChoiceRow](std::size_t index) -> ShowValue {
+                         std::optional<std::int64_t> row = firstChoiceRow;
+                         if (row)
+                             *row += static_cast<std::int64_t>(index);
+                         return {pdoMembers(pdos[index], row)};
+                     }}};
 }
 
 /// What commands of devices and of modules have in common.
@@ -137,6 +156,7 @@ ShowObject slotMembers(const struct_Slot& slot)
 ShowObject moduleMembers(const struct_module& module, ShowDetail detail)
 {
     const ModuleTypeAttributes& type = module.TypeAttributes;
+    const auto firstInput = static_cast<std::int64_t>(module.RxPdo.vpdo.size());
     return {{"name", text(module.Name)},
             {"type", text(type.Name)},
             {"ident", hexadecimal(type.ModuleIdent)},
@@ -144,22 +164,22 @@ ShowObject moduleMembers(const struct_module& module, ShowDetail detail)
             {"pdoGroup", decimal(type.ModulePdoGroup)},
             {"sraParameterSupported", flag(type.SRA_ParamterSupported)},
             {"profileNo", decimal(module.m_profileNO)},
-            {"rxPdos", pdosOf(module.RxPdo.vpdo)},
-            {"txPdos", pdosOf(module.TxPdo.vpdo)},
+            {"rxPdos", pdosOf(module.RxPdo.vpdo, 0)},
+            {"txPdos", pdosOf(module.TxPdo.vpdo, firstInput)},
             {"commands", commandList(module.Mailbox.COE.vinitcmd)},
             {"dictionary", {dictionaryMembers(module.Dictionary.vdatatype, module.Dictionary.vobject, detail)}}};
 }
 
 } // namespace
 
-ShowValue pdosOf(const std::vector<struct_PDOList>& pdos)
+ShowValue pdosOf(const std::vector<struct_PDOList>& pdos, const std::optional<std::int64_t>& firstChoiceRow)
 {
-    return listOf(pdos, [](const struct_PDOList& pdo) { return pdoMembers(pdo); });
+    return pdoList(pdos, firstChoiceRow);
 }
 
-ShowValue pdosOf(const std::vector<modulePdo>& pdos)
+ShowValue pdosOf(const std::vector<modulePdo>& pdos, const std::optional<std::int64_t>& firstChoiceRow)
 {
-    return listOf(pdos, [](const modulePdo& pdo) { return pdoMembers(pdo); });
+    return pdoList(pdos, firstChoiceRow);
 }
 
 ShowValue commandList(const std::vector<struct_InitCmd>& commands)

@@ -26,20 +26,46 @@ std::string assignedPdo(std::uint32_t value)
     return "PDO " + hexText(value);
 }
 
-/// What a command does that writes the list of an assign or mapping object.
-/// @param elementWords  words of one element of the list
-std::string listMeaning(const ShownCommand& command, const char* unit, std::string (*elementWords)(std::uint32_t value))
+/// What a list is made of.
+struct ListWords
 {
-    if (command.record.bIfCA == 0) {
-        if (command.record.SubIndex != 0)
-            return elementWords(command.record.Data);
-        return command.record.Data == 0 ? "clears the list" : std::to_string(command.record.Data) + ' ' + unit;
-    }
+    const char* element; ///< "PDO"
+    const char* elements; ///< "PDOs"
+    std::string (*wordsOf)(std::uint32_t value); ///< of one element
+};
+
+constexpr ListWords assignmentWords{"PDO", "PDOs", assignedPdo};
+constexpr ListWords mappingWords{"entry", "entries", mappedEntry};
+
+/// Words of the list that an object holds; null for any other object.
+const ListWords* listWordsOf(std::uint16_t index)
+{
+    if (isAssignObject(index))
+        return &assignmentWords;
+    return isMappingObject(index) ? &mappingWords : nullptr;
+}
+
+/// What a command does that writes one element of a list, or its count.
+std::string elementMeaning(std::uint32_t subIndex, std::uint32_t data, const ListWords& words)
+{
+    if (subIndex != 0)
+        return words.wordsOf(data);
+    return data == 0 ? "clears the list" : std::to_string(data) + ' ' + (data == 1 ? words.element : words.elements);
+}
+
+/// What a complete access does that writes a whole list; empty if its values are not known.
+std::string wholeListMeaning(const ShownCommand& command, const ListWords& words)
+{
     std::string all;
     if (command.values != nullptr)
         for (const std::uint32_t value : *command.values)
-            all += (all.empty() ? "" : "; ") + elementWords(value);
+            all += (all.empty() ? "" : "; ") + words.wordsOf(value);
     return all;
+}
+
+std::string lostValue(std::uint32_t dataBytes)
+{
+    return "value of " + std::to_string(dataBytes) + " bytes, which the format does not carry";
 }
 
 ShowValue valuesOf(const ShownCommand& command)
@@ -61,7 +87,8 @@ ShowValue sourceOf(const StartupSource& source)
 {
     return {ShowObject{{"origin", text(source.origin)},
                        {"comment", optionalText(source.comment)},
-                       {"text", optionalText(source.text)}}};
+                       {"text", optionalText(source.text)},
+                       {"choiceRow", optionalNumber(source.choiceRow)}}};
 }
 
 /// Commands of one transition.
@@ -113,13 +140,23 @@ bool hasNumber(const struct_KTL_moduleStartupOne& record)
 
 std::string meaningOf(const ShownCommand& command)
 {
+    const struct_KTL_InitCmd& record = command.record;
     if (command.isEoe)
         return {};
-    if (command.record.bIfCA == 0 && !hasNumber(command.record))
-        return "value of " + std::to_string(command.record.DataBytes) + " bytes, which the format does not carry";
-    if (isAssignObject(command.record.Index))
-        return listMeaning(command, "PDOs", assignedPdo);
-    return isMappingObject(command.record.Index) ? listMeaning(command, "entries", mappedEntry) : std::string();
+    if (record.bIfCA == 0 && !hasNumber(record))
+        return lostValue(record.DataBytes);
+    const ListWords* const words = listWordsOf(record.Index);
+    if (words == nullptr)
+        return {};
+    return record.bIfCA != 0 ? wholeListMeaning(command, *words) : elementMeaning(record.SubIndex, record.Data, *words);
+}
+
+std::string meaningOf(const struct_KTL_moduleStartupOne& record)
+{
+    if (!hasNumber(record))
+        return lostValue(record.m_DataBytes);
+    const ListWords* const words = listWordsOf(record.index);
+    return words == nullptr ? std::string() : elementMeaning(record.SubIndex, record.Data, *words);
 }
 
 std::vector<ShownCommand> commandsOf(const ShownDevice& device,

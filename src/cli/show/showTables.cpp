@@ -1,6 +1,6 @@
 #include "cli/show/showTables.h"
 
-#include "cli/show/showCsv.h"
+#include "cli/show/choiceRows.h"
 #include "cli/show/showDictionary.h"
 #include "cli/show/showWords.h"
 #include "editing/linkTexts.h"
@@ -9,7 +9,8 @@
 
 #include <algorithm>
 #include <array>
-#include <ostream>
+#include <cstdint>
+#include <optional>
 
 namespace {
 
@@ -81,23 +82,23 @@ template<typename Visitor> void forEachModule(const ShownFile& file, Visitor vis
 
 // ---- dictionary ----
 
-void writeDictionaryHeader(std::ostream& out)
+void writeDictionaryHeader(CsvWriter& out)
 {
-    writeCsvRow(out, {"file", "device", "deviceName", "owner", "index", "subIndex", "name", "access", "bitSize", "type",
-                      "value"});
+    out.writeRow(
+        {"file", "device", "deviceName", "owner", "index", "subIndex", "name", "access", "bitSize", "type", "value"});
 }
 
-template<typename Dictionary> void writeDictionary(std::ostream& out, const Place& place, const Dictionary& dictionary)
+template<typename Dictionary> void writeDictionary(CsvWriter& out, const Place& place, const Dictionary& dictionary)
 {
     DictionaryRowList rows(dictionary.vdatatype, dictionary.vobject);
     for (std::size_t number = 0; number < rows.size(); ++number) {
         const ShownDictionaryRow row = rows.row(number);
-        writeCsvRow(out, rowOf(place, {hexText(row.index), numeral(row.subIndex), row.name, row.access,
-                                       numeral(row.bitSize), row.dataType, row.value}));
+        out.writeRow(rowOf(place, {hexText(row.index), numeral(row.subIndex), row.name, row.access,
+                                   numeral(row.bitSize), row.dataType, row.value}));
     }
 }
 
-void writeDictionaryRows(std::ostream& out, const ShownFile& file)
+void writeDictionaryRows(CsvWriter& out, const ShownFile& file)
 {
     if (!file.isEsi)
         return; // no dictionary reaches a KTL file
@@ -110,11 +111,11 @@ void writeDictionaryRows(std::ostream& out, const ShownFile& file)
 
 // ---- PDOs ----
 
-void writePdoHeader(std::ostream& out)
+void writePdoHeader(CsvWriter& out)
 {
-    writeCsvRow(out,
-                {"file", "device", "deviceName", "owner", "direction", "pdo", "pdoName", "fixed", "mandatory",
-                 "syncManager", "syncUnit", "entry", "index", "subIndex", "bitLength", "name", "dataType", "link"});
+    out.writeRow({"file",      "device",    "deviceName",  "owner",    "direction", "pdo",        "pdoName",
+                  "fixed",     "mandatory", "syncManager", "syncUnit", "entry",     "index",      "subIndex",
+                  "bitLength", "name",      "dataType",    "link",     "choicePdo", "choiceEntry"});
 }
 
 /// What all rows of one PDO have in common.
@@ -125,35 +126,49 @@ Fields pdoFields(bool isInput, std::uint16_t index, const std::string& name, boo
             numeral(syncManager),         numeral(syncUnit)};
 }
 
-/// Writes a row for each entry, and one without an entry for a PDO that has none.
-/// @param fieldsOf  `fieldsOf(entry)` gives the fields from the index on
-template<typename Entry, typename FieldsOf>
-void writePdo(std::ostream& out, const Place& place, const Fields& pdo, const std::vector<Entry>& entries,
-              FieldsOf fieldsOf)
+/// A number, or an empty field for none.
+std::string numeral(const std::optional<std::int64_t>& number)
 {
-    const auto write = [&](const std::string& number, const Fields& entry) {
+    return number ? std::to_string(*number) : std::string();
+}
+
+/// Writes a row for each entry, and one without an entry for a PDO that has none.
+/// @param choicePdo  number of the PDO in choices files; nothing if they cannot name it
+/// @param fieldsOf   `fieldsOf(entry)` gives the fields from the index on
+template<typename Entry, typename FieldsOf>
+void writePdo(CsvWriter& out, const Place& place, const Fields& pdo, const std::optional<std::int64_t>& choicePdo,
+              const std::vector<Entry>& entries, FieldsOf fieldsOf)
+{
+    const auto write = [&](const std::string& number, const Fields& entry, const std::string& choiceEntry) {
         Fields fields = pdo;
         fields.push_back(number);
         fields.insert(fields.end(), entry.begin(), entry.end());
-        writeCsvRow(out, rowOf(place, fields));
+        fields.push_back(numeral(choicePdo));
+        fields.push_back(choiceEntry);
+        out.writeRow(rowOf(place, fields));
     };
     if (entries.empty())
-        write({}, Fields(6)); // as many as an entry has
+        write({}, Fields(6), {}); // as many as an entry has
     for (std::size_t index = 0; index < entries.size(); ++index)
-        write(numeral(index + 1), fieldsOf(entries[index]));
+        write(numeral(index + 1), fieldsOf(entries[index]), choicePdo ? numeral(index) : std::string());
 }
 
+/// @param choicePdo  number of the first PDO in choices files; nothing if they cannot name them
 template<typename Pdo>
-void writeModelPdos(std::ostream& out, const Place& place, const std::vector<Pdo>& pdos, bool isInput)
+void writeModelPdos(CsvWriter& out, const Place& place, const std::vector<Pdo>& pdos, bool isInput,
+                    std::optional<std::int64_t> choicePdo)
 {
-    for (const Pdo& pdo : pdos)
+    for (const Pdo& pdo : pdos) {
         writePdo(out, place,
                  pdoFields(isInput, indexOf(pdo), pdo.Name, pdo.Attributes.Fixed, pdo.Attributes.Mandatory,
                            pdo.Attributes.SM, pdo.Attributes.SU),
-                 entriesOf(pdo), [](const auto& entry) -> Fields {
+                 choicePdo, entriesOf(pdo), [](const auto& entry) -> Fields {
                      return {hexText(indexOf(entry)), numeral(entry.SubIndex), numeral(bitLengthOf(entry)), entry.Name,
                              entry.DataType,          linkName(entry.Linkto)};
                  });
+        if (choicePdo)
+            ++*choicePdo;
+    }
 }
 
 Fields carriedEntry(const struct_KTL_EntryPDOContent& entry)
@@ -170,25 +185,26 @@ Fields carriedEntry(const struct_KTL_modulePdoOne& entry)
         linkName(entry.LinkToData)};
 }
 
-template<typename Pdo> void writeCarriedPdos(std::ostream& out, const Place& place, const std::vector<Pdo>& pdos)
+template<typename Pdo> void writeCarriedPdos(CsvWriter& out, const Place& place, const std::vector<Pdo>& pdos)
 {
     for (const Pdo& pdo : pdos)
         writePdo(out, place,
                  pdoFields(pdo.isInput, pdo.head.IndexAttributes, {}, pdo.head.Fixed != 0, pdo.head.Mandatory != 0,
                            pdo.head.SM, pdo.head.SU),
-                 pdo.entries, [](const auto& entry) { return carriedEntry(entry); });
+                 std::nullopt, pdo.entries, [](const auto& entry) { return carriedEntry(entry); });
 }
 
-void writeEsiPdos(std::ostream& out, Place place, const struct_EtherCatDevice& device)
+void writeEsiPdos(CsvWriter& out, Place place, const struct_EtherCatDevice& device)
 {
-    writeModelPdos(out, place, device.RxPdo.vpdo, false);
-    writeModelPdos(out, place, device.TxPdo.vpdo, true);
+    const ChoicePdoRows rows = choicePdoRows(device, isSameAfterSelection(device));
+    writeModelPdos(out, place, device.RxPdo.vpdo, false, rows.outputs);
+    writeModelPdos(out, place, device.TxPdo.vpdo, true, rows.inputs);
     place.owner = "slots";
-    writeModelPdos(out, place, device.mRxPdo.mpdo, false);
-    writeModelPdos(out, place, device.mTxPdo.mpdo, true);
+    writeModelPdos(out, place, device.mRxPdo.mpdo, false, rows.moduleOutputs);
+    writeModelPdos(out, place, device.mTxPdo.mpdo, true, rows.moduleInputs);
 }
 
-void writeKtlPdos(std::ostream& out, Place place, const KtlDeviceBlock& block)
+void writeKtlPdos(CsvWriter& out, Place place, const KtlDeviceBlock& block)
 {
     writeCarriedPdos(out, place, block.pdos);
     for (const KtlModule& module : block.modules) {
@@ -197,7 +213,7 @@ void writeKtlPdos(std::ostream& out, Place place, const KtlDeviceBlock& block)
     }
 }
 
-void writePdoRows(std::ostream& out, const ShownFile& file)
+void writePdoRows(CsvWriter& out, const ShownFile& file)
 {
     forEachDevice(file, [&](const Place& place, const ShownDevice& device, std::size_t index) {
         if (file.isEsi)
@@ -206,18 +222,18 @@ void writePdoRows(std::ostream& out, const ShownFile& file)
             writeKtlPdos(out, place, device.block);
     });
     forEachModule(file, [&](const struct_module& module, const Place& place) {
-        writeModelPdos(out, place, module.RxPdo.vpdo, false);
-        writeModelPdos(out, place, module.TxPdo.vpdo, true);
+        writeModelPdos(out, place, module.RxPdo.vpdo, false, 0);
+        writeModelPdos(out, place, module.TxPdo.vpdo, true, static_cast<std::int64_t>(module.RxPdo.vpdo.size()));
     });
 }
 
 // ---- startup commands ----
 
-void writeStartupHeader(std::ostream& out)
+void writeStartupHeader(CsvWriter& out)
 {
-    writeCsvRow(out,
-                {"file", "device", "deviceName", "owner", "position", "protocol", "transition", "index", "subIndex",
-                 "completeAccess", "dataBytes", "value", "values", "meaning", "origin", "comment", "text"});
+    out.writeRow({"file", "device", "deviceName", "owner", "position", "protocol", "transition", "index", "subIndex",
+                  "completeAccess", "dataBytes", "value", "values", "meaning", "origin", "comment", "text",
+                  "choiceRow"});
 }
 
 template<typename Record> std::string numberText(const Record& record)
@@ -240,43 +256,43 @@ std::string transitionText(std::uint16_t transition)
     return name.empty() ? numeral(transition) : name;
 }
 
-void writeDeviceCommands(std::ostream& out, const Place& place, const ShownDevice& device)
+void writeDeviceCommands(CsvWriter& out, const Place& place, const ShownDevice& device)
 {
     const auto values = valuesOfCommands(device.block.coeCommands, device.block.accessValues);
     for (const ShownCommand& command : commandsOf(device, values)) {
         const struct_KTL_InitCmd& record = command.record;
-        writeCsvRow(
-            out,
+        out.writeRow(
             rowOf(place, {numeral(command.position), command.isEoe ? "EoE" : "CoE", transitionText(record.Transition),
                           hexText(record.Index), numeral(unsigned{record.SubIndex}), yesOrNo(record.bIfCA != 0),
                           numeral(unsigned{record.DataBytes}), numberText(record), valuesText(command),
                           meaningOf(command), command.source->origin, command.source->comment.value_or(std::string()),
-                          command.source->text.value_or(std::string())}));
+                          command.source->text.value_or(std::string()), numeral(command.source->choiceRow)}));
     }
 }
 
 /// Commands of a module block have no transition, and are never complete accesses.
-void writeModuleCommands(std::ostream& out, Place place, const KtlModule& module)
+void writeModuleCommands(CsvWriter& out, Place place, const KtlModule& module)
 {
     place.owner = moduleOwner(module.attributes.ModuleIdent);
     std::size_t position = 0;
     for (const struct_KTL_moduleStartupOne& record : module.commands)
-        writeCsvRow(out, rowOf(place, {numeral(++position),
-                                       "CoE",
-                                       {},
-                                       hexText(record.index),
-                                       numeral(unsigned{record.SubIndex}),
-                                       yesOrNo(false),
-                                       numeral(unsigned{record.m_DataBytes}),
-                                       numberText(record),
-                                       {},
-                                       {},
-                                       {},
-                                       {},
-                                       {}}));
+        out.writeRow(rowOf(place, {numeral(++position),
+                                   "CoE",
+                                   {},
+                                   hexText(record.index),
+                                   numeral(unsigned{record.SubIndex}),
+                                   yesOrNo(false),
+                                   numeral(unsigned{record.m_DataBytes}),
+                                   numberText(record),
+                                   {},
+                                   meaningOf(record),
+                                   {},
+                                   {},
+                                   {},
+                                   {}}));
 }
 
-void writeStartupRows(std::ostream& out, const ShownFile& file)
+void writeStartupRows(CsvWriter& out, const ShownFile& file)
 {
     forEachDevice(file, [&](const Place& place, const ShownDevice& device, std::size_t /*index*/) {
         writeDeviceCommands(out, place, device);

@@ -1,18 +1,17 @@
 // showTables.h - the tables that `ktl show --csv` gives.
 #pragma once
 
+#include "cli/show/showCsv.h"
 #include "cli/show/showSource.h"
 
 #include <QString>
-
-#include <iosfwd>
 
 /// One table: its name on the command line, and what it is made of.
 struct ShowTable
 {
     const char* name;
-    void (*writeHeader)(std::ostream& out);
-    void (*writeRows)(std::ostream& out, const ShownFile& file);
+    void (*writeHeader)(CsvWriter& out);
+    void (*writeRows)(CsvWriter& out, const ShownFile& file);
 };
 
 /// The table of a name; null if there is none.

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -63,6 +64,11 @@ struct ShowMember
 [[nodiscard]] inline ShowValue bothForms(std::int64_t number)
 {
     return {ShowNumber{number, NumberForm::Both}};
+}
+
+[[nodiscard]] inline ShowValue optionalNumber(const std::optional<std::int64_t>& number)
+{
+    return number ? decimal(*number) : ShowValue();
 }
 
 /// A number with a fraction. A length in byte.bit form keeps the digit behind its point, and no more.

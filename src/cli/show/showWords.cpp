@@ -1,5 +1,6 @@
 #include "cli/show/showWords.h"
 
+#include "cli/unsafeCharacters.h"
 #include "editing/linkTexts.h"
 #include "esi/xmlCharConversion.h"
 #include "model/deviceType.h"
@@ -55,16 +56,11 @@ std::string joined(const std::vector<std::string>& words)
 
 } // namespace
 
-std::string validUtf8(const std::string& utf8)
-{
-    return QString::fromStdString(utf8).toStdString();
-}
-
 std::string oneLine(const std::string& utf8)
 {
     QString line = QString::fromStdString(utf8);
     for (QChar& character : line)
-        if (character.category() == QChar::Other_Control || character.category() == QChar::Separator_Line
+        if (isUnsafe(character) || character.category() == QChar::Separator_Line
             || character.category() == QChar::Separator_Paragraph)
             character = QLatin1Char(' ');
     return line.toStdString();

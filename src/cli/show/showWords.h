@@ -7,10 +7,7 @@
 #include <string>
 #include <vector>
 
-/// A text with its invalid bytes replaced.
-[[nodiscard]] std::string validUtf8(const std::string& utf8);
-
-/// A text on one line, for a terminal: controls and line feeds are blanks.
+/// A text on one line, for a terminal: controls, line feeds and changes of direction are blanks.
 [[nodiscard]] std::string oneLine(const std::string& utf8);
 
 /// The shortest digits that give the number again: "1.4".

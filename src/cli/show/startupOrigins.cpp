@@ -1,5 +1,6 @@
 #include "cli/show/startupOrigins.h"
 
+#include "cli/show/choiceRows.h"
 #include "esi/derivation/startupCommands.h"
 
 #include <array>
@@ -53,7 +54,7 @@ GeneratedCounts generatedFor(struct_EtherCatDevice bare)
 
 template<typename Command> StartupSource sourceOf(const Command& command, const char* origin)
 {
-    return {origin, command.Comment, command.strData};
+    return {origin, command.Comment, command.strData, std::nullopt};
 }
 
 /// What the commands of one list come from, one part of the list behind the other.
@@ -95,7 +96,7 @@ const char* originByObject(const struct_KTL_InitCmd& command, const struct_KTL_C
 
 const StartupSource& sourceAt(const std::vector<StartupSource>& sources, std::size_t place)
 {
-    static const StartupSource unknownSource{unknown, std::nullopt, std::nullopt};
+    static const StartupSource unknownSource{unknown, std::nullopt, std::nullopt, std::nullopt};
     return place < sources.size() ? sources[place] : unknownSource;
 }
 
@@ -132,6 +133,7 @@ StartupSources startupSourcesOf(const struct_EtherCatDevice& device)
                   std::array{ListPart{modules, "module"},
                              ListPart{declared(moduleCoe.size(), assigning.moduleCoe), mapping},
                              ListPart{moduleCoe.size(), assignment}});
+    setChoiceRows(sources, device, isSameAfterSelection(device));
     return sources;
 }
 
@@ -139,8 +141,9 @@ StartupSources startupSourcesOf(const KtlDeviceBlock& block)
 {
     StartupSources sources;
     for (const struct_KTL_InitCmd& command : block.eoeCommands)
-        sources.eoe.push_back({command.Transition == IP_PS ? eoeStart : unknown, std::nullopt, std::nullopt});
+        sources.eoe.push_back(
+            {command.Transition == IP_PS ? eoeStart : unknown, std::nullopt, std::nullopt, std::nullopt});
     for (const struct_KTL_InitCmd& command : block.coeCommands)
-        sources.coe.push_back({originByObject(command, block.coe), std::nullopt, std::nullopt});
+        sources.coe.push_back({originByObject(command, block.coe), std::nullopt, std::nullopt, std::nullopt});
     return sources;
 }

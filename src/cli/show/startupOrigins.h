@@ -5,6 +5,7 @@
 #include "model/deviceRecords.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,6 +16,7 @@ struct StartupSource
     std::string origin; ///< "ESI", "module", "PDO mapping", "PDO assignment", "EoE" or "unknown"
     std::optional<std::string> comment; ///< nothing for a command of a KTL file
     std::optional<std::string> text; ///< its data as the window shows it; nothing for a command of a KTL file
+    std::optional<std::int64_t> choiceRow; ///< its row in choices files; nothing where they cannot name it
 };
 
 /// Sources of the commands of a device, in the order in which a KTL file carries them: EoE, then CoE.
