@@ -9,6 +9,8 @@
 #include "cli/show/showTables.h"
 #include "cli/show/showText.h"
 #include "cli/show/showWords.h"
+#include "cli/show/textColumns.h"
+#include "cli/terminalWidth.h"
 #include "model/XMLParsing.h"
 
 #include <optional>
@@ -105,25 +107,26 @@ ShowObject readableDevice(const ShownFile& file, std::size_t index)
     return members;
 }
 
-void writeReadable(std::ostream& out, const ShownFile& file)
+/// @param lineWidth  columns of a line, `anyWidth` where lines may be as long as they are
+void writeReadable(std::ostream& out, const ShownFile& file, std::size_t lineWidth)
 {
     constexpr std::size_t indentation = 2;
+    TextWriter text(out, lineWidth);
     out << oneLine(shownName(file.path).toStdString()) << ": " << (file.isEsi ? "ESI" : "KTL") << " file, "
         << file.devices.size() << (file.devices.size() == 1 ? " device\n" : " devices\n");
     if (!file.isEsi)
         out << '\n';
     for (const KtlFileItem& item : file.walk.items)
-        writeItemText(out, item);
+        writeItemText(out, item, lineWidth);
     for (std::size_t index = 0; index < file.devices.size(); ++index) {
         out << "\nDevice " << index + 1 << " of " << file.devices.size() << '\n';
-        writeText(out, readableDevice(file, index), indentation);
+        text.writeObject(readableDevice(file, index), indentation);
     }
     if (file.isEsi) {
         out << "\nFile\n";
-        writeText(out,
-                  {{"vendorId", hexadecimal(loadedEsi().Vendor_Id)},
-                   {"moduleGroups", moduleGroups(loadedEsi(), ShowDetail::ForPeople)}},
-                  indentation);
+        text.writeObject({{"vendorId", hexadecimal(loadedEsi().Vendor_Id)},
+                          {"moduleGroups", moduleGroups(loadedEsi(), ShowDetail::ForPeople)}},
+                         indentation);
     }
 }
 
@@ -157,7 +160,7 @@ public:
             m_table->writeRows(*m_csv, file);
         } else {
             m_out << (m_isFirst ? "" : "\n");
-            writeReadable(m_out, file);
+            writeReadable(m_out, file, m_lineWidth);
         }
         m_isFirst = false;
     }
@@ -173,6 +176,7 @@ private:
     bool m_isJson;
     const ShowTable* m_table; ///< null unless a table is asked for
     std::optional<CsvWriter> m_csv; ///< with the table only
+    std::size_t m_lineWidth = widthOfOutputTerminal().value_or(anyWidth);
     bool m_isFirst = true;
 };
 

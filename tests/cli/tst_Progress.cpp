@@ -1,58 +1,11 @@
 // `ktl` at a terminal: what is told of a step that takes long.
 #include "cli/commandRun.h"
+#include "cli/terminal.h"
 #include "cli/workplace.h"
 
-#include <QElapsedTimer>
 #include <QtTest>
 
 #include <memory>
-
-#include <fcntl.h>
-#include <poll.h>
-#include <stdlib.h>
-#include <unistd.h>
-
-/// A terminal of our own; what a program writes to it is read at the other end.
-class Terminal
-{
-public:
-    Terminal()
-        : m_master(posix_openpt(O_RDWR | O_NOCTTY))
-    {
-        if (m_master >= 0 && grantpt(m_master) == 0 && unlockpt(m_master) == 0)
-            m_name = QString::fromLocal8Bit(ptsname(m_master));
-    }
-    ~Terminal() { close(m_master); }
-    Terminal(const Terminal&) = delete;
-    Terminal& operator=(const Terminal&) = delete;
-    Terminal(Terminal&&) = delete;
-    Terminal& operator=(Terminal&&) = delete;
-
-    [[nodiscard]] QString name() const { return m_name; }
-
-    /// Reads until a text has come, or stands at the end, or a minute is over; then what has come since the start.
-    const QByteArray& readUntil(const QByteArray& text, bool atTheEnd = false)
-    {
-        constexpr int minute = 60 * 1000;
-        constexpr int turn = 50;
-        QElapsedTimer timer;
-        timer.start();
-        while (!(atTheEnd ? m_read.endsWith(text) : m_read.contains(text)) && timer.elapsed() < minute) {
-            pollfd ready{m_master, POLLIN, 0};
-            char block[4096];
-            if (poll(&ready, 1, turn) <= 0 || (ready.revents & POLLIN) == 0)
-                continue;
-            if (const ssize_t size = read(m_master, block, sizeof block); size > 0)
-                m_read.append(block, static_cast<int>(size));
-        }
-        return m_read;
-    }
-
-private:
-    int m_master;
-    QString m_name;
-    QByteArray m_read;
-};
 
 class tst_Progress : public QObject
 {

@@ -29,7 +29,8 @@ private:
 
 namespace {
 
-const QByteArray dictionaryHeader = "file,device,deviceName,owner,index,subIndex,name,access,bitSize,type,value\r\n";
+const QByteArray dictionaryHeader =
+    "file,device,deviceName,owner,index,subIndex,name,access,bitSize,type,value,signedValue\r\n";
 const QByteArray pdoHeader = "file,device,deviceName,owner,direction,pdo,pdoName,fixed,mandatory,syncManager,syncUnit,"
                              "entry,index,subIndex,bitLength,name,dataType,link,choicePdo,choiceEntry\r\n";
 const QByteArray startupHeader = "file,device,deviceName,owner,position,protocol,transition,index,subIndex,"
@@ -100,14 +101,15 @@ void tst_ShowCsv::rows_data()
     const QByteArray coupler = "MB-C100 bus coupler for 16 modules";
     QTest::addRow("object") << "dictionary"
                             << "servo-drive.xml"
-                            << QByteArray("1,SX1-400 单轴伺服驱动器 400 W,device,0x1018,0,Identity,ro,144,,4");
+                            << QByteArray("1,SX1-400 单轴伺服驱动器 400 W,device,0x1018,0,Identity,ro,144,,4,");
     QTest::addRow("name with a comma") << "dictionary"
                                        << "servo-drive.xml"
-                                       << QByteArray("device,0x1600,0,\"Receive PDO mapping, cyclic modes\",rw,208,,6");
+                                       << QByteArray(
+                                              "device,0x1600,0,\"Receive PDO mapping, cyclic modes\",rw,208,,6,");
     QTest::addRow("element of an array") << "dictionary"
-                                         << "servo-drive.xml" << QByteArray("device,0x1c12,2,SubIndex 2,rw,16,UINT,");
+                                         << "servo-drive.xml" << QByteArray("device,0x1c12,2,SubIndex 2,rw,16,UINT,,");
     QTest::addRow("object of a module") << "dictionary"
-                                        << "bus-coupler.xml" << QByteArray(",,module 0x304,0x8000,0,Ranges,rw,48,,4");
+                                        << "bus-coupler.xml" << QByteArray(",,module 0x304,0x8000,0,Ranges,rw,48,,4,");
     QTest::addRow("entry of a device") << "pdo"
                                        << "io-block.xml"
                                        << QByteArray(

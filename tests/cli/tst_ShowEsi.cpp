@@ -285,9 +285,9 @@ void tst_ShowEsi::dictionaryRows()
             identity.append(row);
     QCOMPARE(identity.size(), 5);
     QCOMPARE(identity.at(0).toObject(), objectOf(R"({"index":4120,"subIndex":0,"name":"Identity","access":"ro",
-        "bitSize":144,"type":"","value":"4"})"));
+        "bitSize":144,"type":"","value":"4","signedValue":null})"));
     QCOMPARE(identity.at(1).toObject(), objectOf(R"({"index":4120,"subIndex":1,"name":"Vendor ID","access":"ro",
-        "bitSize":32,"type":"UDINT","value":"2119630849"})"));
+        "bitSize":32,"type":"UDINT","value":"2119630849","signedValue":null})"));
 }
 
 void tst_ShowEsi::textForPeople()
@@ -295,11 +295,11 @@ void tst_ShowEsi::textForPeople()
     const CommandRun run = runShow({samplePath("servo-drive.xml"), samplePath("io-block.xml")});
     QCOMPARE(run.errors, QByteArray());
     for (const char* part :
-         {"/servo-drive.xml: ESI file, 1 device\n\nDevice 1 of 1\n", "\n  product code        66560 (0x10400)\n",
+         {"/servo-drive.xml: ESI file, 1 device\n\nDevice 1 of 1\n", "\n  product code            66560 (0x10400)\n",
           "\n    DcSync0   DC, synchronous with Sync0 ",
           "bit 8: cyclic operation enabled, bit 9: SYNC 0, bit 10: SYNC 1",
-          "\n  startup, 2 of 3:\n    transition       2\n    transition name  PS\n    commands (41):\n",
-          "\n\nFile\n  vendor id      0x7e570001\n", "/io-block.xml: ESI file, 2 devices\n", "\nDevice 2 of 2\n"})
+          "\n  startup, 2 of 3:\n    transition  PS\n    commands (41):\n", "\n\nFile\n  vendor id      0x7e570001\n",
+          "/io-block.xml: ESI file, 2 devices\n", "\nDevice 2 of 2\n"})
         QVERIFY2(run.output.contains(part), part);
 }
 

@@ -114,10 +114,10 @@ void tst_ShowKtlDevice::members_data()
         "completeAccess":false,"diagHistory":true})");
     row("startup", R"([{"transition":3,"transitionName":"IP_PS","commands":[{"position":1,"protocol":"EoE","index":0,
         "subIndex":0,"completeAccess":false,"dataBytes":1,"value":0,"values":null,"meaning":"",
-        "source":{"origin":"EoE","comment":null,"text":null}}]},
+        "source":{"origin":"EoE","comment":null,"text":null,"choiceRow":null}}]},
         {"transition":6,"transitionName":"SO","commands":[{"position":2,"protocol":"CoE","index":8193,"subIndex":51,
         "completeAccess":false,"dataBytes":2,"value":52,"values":null,"meaning":"",
-        "source":{"origin":"unknown","comment":null,"text":null}}]}])");
+        "source":{"origin":"unknown","comment":null,"text":null,"choiceRow":null}}]}])");
     row("slots", R"({"downloadModuleIdentList":false,"downloadModuleAddressList":true,"slotPdoIncrement":61,
         "slotIndexIncrement":62,"list":[{"minInstances":63,"maxInstances":64,"slotIndexIncrement":65,
         "slotPdoIncrement":66}]})");
@@ -125,7 +125,7 @@ void tst_ShowKtlDevice::members_data()
     row("modules", R"([{"ident":81,"pdoGroup":-3,"sraParameterSupported":true,"pdos":[{"direction":"input","index":6657,
         "fixed":false,"mandatory":true,"syncManager":3,"syncUnit":41,"entries":[{"index":24577,"subIndex":42,
         "bitLength":43,"dependOnSlot":true,"link":-1,"linkName":"DIN Type"}]}],
-        "startup":[{"index":32769,"subIndex":92,"dependOnSlot":true,"dataBytes":91,"value":93}]}])");
+        "startup":[{"index":32769,"subIndex":92,"dependOnSlot":true,"dataBytes":91,"value":93,"meaning":""}]}])");
 }
 
 void tst_ShowKtlDevice::members()
@@ -142,9 +142,7 @@ void tst_ShowKtlDevice::controlsAreEscaped()
 {
     const QByteArray names = itemOf(40016, zeros(16) + "a\x1B[2Jb\t\n\x7F" + "c\x01");
     const QString path = writtenFile(m_folder, "controls.ktl", general() + names + endItem());
-    QVERIFY(runShow({"--json", path})
-                .output.contains("\"names\": [\"a\\u001b[2Jb\\u0009\", \"\x7F"
-                                 "c\\u0001\"]"));
+    QVERIFY(runShow({"--json", path}).output.contains("\"names\": [\"a\\u001b[2Jb\\u0009\", \"\\u007fc\\u0001\"]"));
     const QByteArray text = runShow({path}).output;
     QVERIFY(text.contains("a [2Jb"));
     for (const char control : {'\x1B', '\t', '\x7F', '\x01'})

@@ -144,9 +144,9 @@ void tst_ShowModel::members_data()
     row("dictionary/objects/0/subItems/1", R"({"name":"Two","defaultText":"","defaultValue":72,"minimum":49,
         "maximum":74})");
     row("dictionary/rows/0", R"({"index":8194,"subIndex":0,"name":"Obj","access":"rw","bitSize":71,"type":"",
-        "value":"1"})");
+        "value":"1","signedValue":null})");
     row("dictionary/rows/1", R"({"index":8194,"subIndex":1,"name":"Sub","access":"wo","bitSize":62,"type":"UINT",
-        "value":"72"})");
+        "value":"72","signedValue":null})");
     row("slots", R"({"downloadModuleIdentList":true,"downloadModuleAddressList":false,
         "downloadModuleListTransition":"PS","identifyModuleBy":"Idb","maxSlotCount":81,"maxSlotGroupCount":82,
         "slotIndexIncrement":83,"slotPdoIncrement":84,"slotGroupIndexIncrement":85,"slotGroupPdoIncrement":86})");

@@ -30,7 +30,7 @@ ShowObject syncManagerMembers(const struct_KTL_SmAttributes& record)
             {"maxSize", decimal(record.m_iMaxSize)},
             {"defaultSize", decimal(record.m_iDefaultSize)},
             {"controlByte", hexadecimal(record.ControlByte)},
-            {"enable", hexadecimal(record.Enable)}};
+            {"enable", yesNoNumber(record.Enable)}};
 }
 
 ShowObject modeMembers(const struct_KTL_DcAttributes& record)

@@ -2,9 +2,37 @@
 
 #include "esi/xmlCharConversion.h"
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 const QString anyIndex = QStringLiteral("%1"); // the text of the index is not used here: it stands as a number
+
+struct SignedType
+{
+    const char* name;
+    unsigned bits;
+};
+
+/// Data types of numbers with a sign, as far as a default has their bits: it is kept in 32 of them.
+constexpr std::array signedTypes{
+    SignedType{"SINT", 8},   SignedType{"INT", 16},   SignedType{"DINT", 32},  SignedType{"INT8", 8},
+    SignedType{"INT16", 16}, SignedType{"INT24", 24}, SignedType{"INT32", 32},
+};
+
+/// The number of a default that reads without its sign; nothing if its type has none, or the number is not of the type.
+std::optional<std::int64_t> signedValue(const std::string& dataType, const std::string& value)
+{
+    const auto* const type = std::find_if(signedTypes.begin(), signedTypes.end(),
+                                          [&](const SignedType& candidate) { return dataType == candidate.name; });
+    bool isNumber = false;
+    const qint64 number = QString::fromStdString(value).toLongLong(&isNumber);
+    if (type == signedTypes.end() || !isNumber || number < 0 || number >> type->bits != 0)
+        return std::nullopt;
+    const qint64 range = qint64{1} << type->bits;
+    return number < range / 2 ? number : number - range;
+}
 
 } // namespace
 
@@ -23,7 +51,13 @@ DictionaryRowList::DictionaryRowList(const std::vector<struct_DataTypes>& dataTy
 
 ShownDictionaryRow DictionaryRowList::row(std::size_t number)
 {
-    const Place& place = m_places.at(number);
+    ShownDictionaryRow row = rowAt(m_places.at(number));
+    row.signedValue = signedValue(row.dataType, row.value);
+    return row;
+}
+
+ShownDictionaryRow DictionaryRowList::rowAt(const Place& place)
+{
     return place.isObject ? objectRow(place) : rowUnder(place);
 }
 
@@ -36,7 +70,7 @@ ShownDictionaryRow DictionaryRowList::objectRow(const Place& place)
     return {place.object->index,   0,
             place.object->Name,    texts.value(FlagsColumn).toStdString(),
             place.object->BitSize, texts.value(TypeColumn).toStdString(),
-            value.toStdString()};
+            value.toStdString(),   std::nullopt};
 }
 
 ShownDictionaryRow DictionaryRowList::rowUnder(const Place& place)
@@ -50,5 +84,6 @@ ShownDictionaryRow DictionaryRowList::rowUnder(const Place& place)
             texts.value(FlagsColumn).toStdString(),
             texts.value(BitSizeColumn).toInt(),
             texts.value(TypeColumn).toStdString(),
-            texts.value(ValueColumn).toStdString()};
+            texts.value(ValueColumn).toStdString(),
+            std::nullopt};
 }

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,7 @@ struct ShownDictionaryRow
     int bitSize = 0;
     std::string dataType; ///< empty for an object of a structured type
     std::string value; ///< the default; a number in decimal. Empty for an element of an array
+    std::optional<std::int64_t> signedValue; ///< the value, if its type has a sign
 };
 
 /// Rows of one dictionary, in the order of the tab, within the limits of `DictionaryScanner`.
@@ -45,6 +47,7 @@ private:
         bool isObject;
     };
 
+    [[nodiscard]] ShownDictionaryRow rowAt(const Place& place);
     [[nodiscard]] ShownDictionaryRow objectRow(const Place& place);
     [[nodiscard]] ShownDictionaryRow rowUnder(const Place& place);
 

@@ -1,10 +1,12 @@
 #include "cli/show/showItems.h"
 
 #include "cli/show/showWords.h"
+#include "cli/show/textColumns.h"
 
 #include <algorithm>
 #include <iomanip>
 #include <ostream>
+#include <sstream>
 
 namespace {
 
@@ -87,9 +89,10 @@ ShowValue wordList(const ShownItem& shown)
 class ItemLines
 {
 public:
-    ItemLines(std::ostream& out, const ShownItem& shown)
+    ItemLines(std::ostream& out, const ShownItem& shown, std::size_t lineWidth)
         : m_out(out)
         , m_shown(shown)
+        , m_lineWidth(lineWidth)
     {
         for (const KtlFields& fields : {shown.layout.head, shown.layout.record})
             for (const KtlField& field : fields)
@@ -146,13 +149,21 @@ private:
     void line(std::size_t offset, const std::string& name, const std::string& text)
     {
         constexpr int offsetDigits = 4;
-        m_out << "  0x" << std::hex << std::setfill('0') << std::setw(offsetDigits) << offset << std::dec
-              << std::setfill(' ') << "  " << std::left << std::setw(static_cast<int>(m_nameWidth)) << name
-              << std::right << "  " << text << '\n';
+        constexpr std::size_t leastRoom = 10;
+        std::ostringstream head;
+        head << "  0x" << std::hex << std::setfill('0') << std::setw(offsetDigits) << offset << std::setfill(' ')
+             << "  " << std::left << std::setw(static_cast<int>(m_nameWidth)) << name << "  ";
+        std::string start = head.str();
+        const std::size_t room = std::max(m_lineWidth, start.size() + leastRoom) - start.size();
+        for (const std::string& part : brokenInto(text, room)) {
+            m_out << start << part << '\n';
+            start.assign(start.size(), ' ');
+        }
     }
 
     std::ostream& m_out;
     const ShownItem& m_shown;
+    std::size_t m_lineWidth;
     std::size_t m_nameWidth = std::string("value").size();
 };
 
@@ -177,7 +188,7 @@ ShowObject itemMembers(const KtlFileItem& item)
             {"rest", text(bytesText(item.bytes, parts.fillEnd, item.bytes.size()))}};
 }
 
-void writeItemText(std::ostream& out, const KtlFileItem& item)
+void writeItemText(std::ostream& out, const KtlFileItem& item, std::size_t lineWidth)
 {
     constexpr int offsetDigits = 8;
     const ShownItem shown(item);
@@ -188,7 +199,7 @@ void writeItemText(std::ostream& out, const KtlFileItem& item)
     if (item.bytes.size() < item.announcedSize)
         out << ", of which " << item.bytes.size() << " are there";
     out << '\n';
-    ItemLines lines(out, shown);
+    ItemLines lines(out, shown, lineWidth);
     lines.writeFields(shown.layout.head, 0, shown.parts.headEnd);
     for (std::size_t record = 0; record < shown.parts.records; ++record) {
         out << "  record " << record + 1 << " of " << shown.parts.records << '\n';

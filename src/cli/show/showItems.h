@@ -4,6 +4,7 @@
 #include "cli/show/showValue.h"
 #include "ktl/ktlItemWalk.h"
 
+#include <cstddef>
 #include <iosfwd>
 
 /// Members of an item: every byte of it stands in one of them.
@@ -11,4 +12,5 @@
 [[nodiscard]] ShowObject itemMembers(const KtlFileItem& item);
 
 /// Writes an item for people: a line for each field with its offset in the item, decimal and hexadecimal.
-void writeItemText(std::ostream& out, const KtlFileItem& item);
+/// @param lineWidth  columns of a line, `anyWidth` where lines may be as long as they are
+void writeItemText(std::ostream& out, const KtlFileItem& item, std::size_t lineWidth);

@@ -60,8 +60,8 @@ ShowObject syncManagerMembers(const struct_SM& syncManager)
             {"defaultSize", decimal(attributes.DefaultSize)},
             {"length", fraction(syncManager.Length)},
             {"controlByte", hexadecimal(attributes.ControlByte)},
-            {"enable", hexadecimal(attributes.Enable)},
-            {"virtual", decimal(attributes.m_Virtual)}};
+            {"enable", yesNoNumber(attributes.Enable)},
+            {"virtual", yesNoNumber(attributes.m_Virtual)}};
 }
 
 ShowValue coeFlags(const CoeAttributes& coe)
@@ -110,7 +110,7 @@ ShowObject modelMembers(const struct_EtherCatDevice& device, ShowDetail detail)
         {"txPdos", pdosOf(device.TxPdo.vpdo, rows.inputs)},
         {"moduleRxPdos", pdosOf(device.mRxPdo.mpdo, rows.moduleOutputs)},
         {"moduleTxPdos", pdosOf(device.mTxPdo.mpdo, rows.moduleInputs)},
-        {"slots", {slotsMembers(device.Slots)}},
+        {"slots", {slotsMembers(device.Slots, detail)}},
         {"dictionary", {dictionaryMembers(device.Dictionary.vdatatype, device.Dictionary.vobject, detail)}},
         {"moduleDictionary", {dictionaryMembers(device.mDictionary.mdatatype, device.mDictionary.mobject, detail)}}};
     if (detail == ShowDetail::Everything)

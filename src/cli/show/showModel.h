@@ -44,4 +44,4 @@ enum class ShowDetail
 [[nodiscard]] ShowValue commandList(const std::vector<struct_moduleInitCmd>& commands);
 
 /// Slots of a device, with the modules that stand in them.
-[[nodiscard]] ShowObject slotsMembers(const DeviceSlots& deviceSlots);
+[[nodiscard]] ShowObject slotsMembers(const DeviceSlots& deviceSlots, ShowDetail detail);

@@ -73,11 +73,20 @@ ShowObject objectMembers(const struct_Object& object)
             {"subItems", listOf(object.Info.vsubitem, objectSubItemMembers)}};
 }
 
-ShowObject rowMembers(const ShownDictionaryRow& row)
+ShowObject rowMembers(const ShownDictionaryRow& row, ShowDetail detail)
 {
-    return {{"index", hexadecimal(row.index)}, {"subIndex", decimal(row.subIndex)}, {"name", text(row.name)},
-            {"access", text(row.access)},      {"bitSize", decimal(row.bitSize)},   {"type", text(row.dataType)},
-            {"value", text(row.value)}};
+    const bool isForPeople = detail == ShowDetail::ForPeople;
+    const bool hasOwnForm = isForPeople && row.signedValue.has_value();
+    ShowObject members{{"index", hexadecimal(row.index)},
+                       {"subIndex", decimal(row.subIndex)},
+                       {"name", text(row.name)},
+                       {"access", text(row.access)},
+                       {"bitSize", decimal(row.bitSize)},
+                       {"type", text(row.dataType)},
+                       {"value", hasOwnForm ? optionalNumber(row.signedValue) : text(row.value)}};
+    if (!isForPeople)
+        members.push_back({"signedValue", optionalNumber(row.signedValue)});
+    return members;
 }
 
 } // namespace
@@ -86,7 +95,9 @@ ShowObject dictionaryMembers(const std::vector<struct_DataTypes>& dataTypes, con
                              ShowDetail detail)
 {
     const auto rows = std::make_shared<DictionaryRowList>(dataTypes, objects);
-    const auto rowAt = [rows](std::size_t number) -> ShowValue { return {rowMembers(rows->row(number))}; };
+    const auto rowAt = [rows, detail](std::size_t number) -> ShowValue {
+        return {rowMembers(rows->row(number), detail)};
+    };
     ShowObject members{{"rows", {ShowList{rows->size(), rowAt}}}};
     if (detail == ShowDetail::Everything) {
         members.push_back({"dataTypes", listOf(dataTypes, dataTypeMembers)});

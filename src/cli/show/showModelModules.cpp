@@ -124,9 +124,28 @@ ShowObject classMembers(const struct_ModuleClass& moduleClass)
     return {{"class", text(moduleClass.Class)}, {"name", text(moduleClass.Name)}};
 }
 
+/// The classes of a slot for people. The model has a record for each element of a class, its `Class` and its `Name`;
+/// here a name goes with the class before it.
+ShowValue readableClasses(const std::vector<struct_ModuleClass>& records)
+{
+    std::vector<struct_ModuleClass> classes;
+    for (const struct_ModuleClass& record : records) {
+        const bool isNameAlone = record.Class.empty() && !record.Name.empty();
+        if (isNameAlone && !classes.empty() && classes.back().Name.empty())
+            classes.back().Name = record.Name;
+        else if (isNameAlone || !record.Class.empty())
+            classes.push_back(record);
+    }
+    std::vector<ShowValue> values;
+    values.reserve(classes.size());
+    for (const struct_ModuleClass& moduleClass : classes)
+        values.push_back({classMembers(moduleClass)});
+    return listOf(std::move(values));
+}
+
 ShowObject identMembers(const struct_ModuleIdent& ident)
 {
-    return {{"ident", hexadecimal(ident.ModuleIdent)}, {"default", decimal(ident.Attributes.Default)}};
+    return {{"ident", hexadecimal(ident.ModuleIdent)}, {"default", yesNoNumber(ident.Attributes.Default)}};
 }
 
 /// The module itself is a copy of that in its group.
@@ -137,7 +156,7 @@ ShowObject slotModuleMembers(const struct_slotmodule& standing)
             {"name", text(standing.module.Name)}};
 }
 
-ShowObject slotMembers(const struct_Slot& slot)
+ShowObject slotMembers(const struct_Slot& slot, ShowDetail detail)
 {
     const SlotAttributes& attributes = slot.Attributes;
     return {{"name", text(slot.Name)},
@@ -148,7 +167,8 @@ ShowObject slotMembers(const struct_Slot& slot)
             {"slotGroup", decimal(attributes.m_SlotGroup)},
             {"slotGroupIndexIncrement", hexadecimal(attributes.m_SlotGroupIndexIncrement)},
             {"slotGroupPdoIncrement", hexadecimal(attributes.m_SlotGroupPdoIncrement)},
-            {"moduleClasses", listOf(slot.ModuleClass, classMembers)},
+            {"moduleClasses", detail == ShowDetail::ForPeople ? readableClasses(slot.ModuleClass)
+                                                              : listOf(slot.ModuleClass, classMembers)},
             {"moduleIdents", listOf(slot.ModuleIdent, identMembers)},
             {"modules", listOf(slot.slotmodule, slotModuleMembers)}};
 }
@@ -192,9 +212,10 @@ ShowValue commandList(const std::vector<struct_moduleInitCmd>& commands)
     return listOf(commands, moduleCommandMembers);
 }
 
-ShowObject slotsMembers(const DeviceSlots& deviceSlots)
+ShowObject slotsMembers(const DeviceSlots& deviceSlots, ShowDetail detail)
 {
     const SlotsAttributes& attributes = deviceSlots.Attributes;
+    const auto slotOf = [detail](const struct_Slot& slot) { return slotMembers(slot, detail); };
     return {{"downloadModuleIdentList", flag(attributes.DownloadModuleIdentList)},
             {"downloadModuleAddressList", flag(attributes.DownloadModuleAddressList)},
             {"downloadModuleListTransition", text(tokenName(attributes.m_DownloadModuleListTransition))},
@@ -205,7 +226,7 @@ ShowObject slotsMembers(const DeviceSlots& deviceSlots)
             {"slotPdoIncrement", hexadecimal(attributes.SlotPdoIncrement)},
             {"slotGroupIndexIncrement", hexadecimal(attributes.m_SlotGroupIndexIncrement)},
             {"slotGroupPdoIncrement", hexadecimal(attributes.m_SlotGroupPdoIncrement)},
-            {"list", listOf(deviceSlots.vslot, slotMembers)}};
+            {"list", listOf(deviceSlots.vslot, slotOf)}};
 }
 
 ShowValue moduleGroups(const struct_FilenameDevice& file, ShowDetail detail)

@@ -37,6 +37,12 @@ template<typename Number> std::string numeral(Number number)
     return std::to_string(number);
 }
 
+/// A number, or an empty field for none.
+std::string numeral(const std::optional<std::int64_t>& number)
+{
+    return number ? std::to_string(*number) : std::string();
+}
+
 std::string yesOrNo(bool isSet)
 {
     return isSet ? "yes" : "no";
@@ -84,8 +90,8 @@ template<typename Visitor> void forEachModule(const ShownFile& file, Visitor vis
 
 void writeDictionaryHeader(CsvWriter& out)
 {
-    out.writeRow(
-        {"file", "device", "deviceName", "owner", "index", "subIndex", "name", "access", "bitSize", "type", "value"});
+    out.writeRow({"file", "device", "deviceName", "owner", "index", "subIndex", "name", "access", "bitSize", "type",
+                  "value", "signedValue"});
 }
 
 template<typename Dictionary> void writeDictionary(CsvWriter& out, const Place& place, const Dictionary& dictionary)
@@ -94,7 +100,7 @@ template<typename Dictionary> void writeDictionary(CsvWriter& out, const Place& 
     for (std::size_t number = 0; number < rows.size(); ++number) {
         const ShownDictionaryRow row = rows.row(number);
         out.writeRow(rowOf(place, {hexText(row.index), numeral(row.subIndex), row.name, row.access,
-                                   numeral(row.bitSize), row.dataType, row.value}));
+                                   numeral(row.bitSize), row.dataType, row.value, numeral(row.signedValue)}));
     }
 }
 
@@ -124,12 +130,6 @@ Fields pdoFields(bool isInput, std::uint16_t index, const std::string& name, boo
 {
     return {isInput ? "input" : "output", hexText(index),   name, yesOrNo(isFixed), yesOrNo(isMandatory),
             numeral(syncManager),         numeral(syncUnit)};
-}
-
-/// A number, or an empty field for none.
-std::string numeral(const std::optional<std::int64_t>& number)
-{
-    return number ? std::to_string(*number) : std::string();
 }
 
 /// Writes a row for each entry, and one without an entry for a PDO that has none.

@@ -1,27 +1,50 @@
 #include "cli/show/showText.h"
 
 #include "cli/show/showWords.h"
+#include "cli/show/textColumns.h"
+#include "cli/show/textTable.h"
 
 #include <QChar>
-#include <QString>
+#include <QLatin1Char>
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <ostream>
-#include <string>
-#include <vector>
+#include <utility>
 
 namespace {
 
-using Row = std::vector<std::string>;
-
-constexpr std::size_t step = 2; // blanks by which what belongs to a heading is indented, and between columns
+constexpr std::size_t step = 2; // blanks by which what belongs to a heading is indented, and after a label
 
 std::string cellOf(const ShowValue& value);
+
+struct KeyLabel
+{
+    const char* key;
+    const char* label;
+};
+
+/// Keys whose words are not those that people read.
+constexpr std::array keyLabels{
+    KeyLabel{"number", "no"},
+    KeyLabel{"position", "no"},
+    KeyLabel{"pdos", "PDOs"},
+    KeyLabel{"rxPdos", "output PDOs"},
+    KeyLabel{"txPdos", "input PDOs"},
+    KeyLabel{"moduleRxPdos", "output PDOs of modules"},
+    KeyLabel{"moduleTxPdos", "input PDOs of modules"},
+};
+
+/// Keys that are for programs: numbers for choices files, and the data of a command as text beside its value.
+constexpr std::array hiddenKeys{"choicePdo", "choiceEntry", "choiceRow", "text"};
 
 /// The words of a key: "syncManagers" are "sync managers".
 std::string labelOf(const std::string& key)
 {
+    for (const KeyLabel& known : keyLabels)
+        if (key == known.key)
+            return known.label;
     std::string label;
     for (const char character : key) {
         const QChar letter = QLatin1Char(character);
@@ -30,6 +53,32 @@ std::string labelOf(const std::string& key)
         label += letter.toLower().toLatin1();
     }
     return label;
+}
+
+bool isNameOf(const ShowMember& name, const ShowMember& number)
+{
+    return name.key == number.key + "Name" && std::holds_alternative<std::string>(name.value.content);
+}
+
+/// The members that people read. Of a number and its name, such as `type` and `typeName`, one is left: the name, or the
+/// number where it has none.
+ShowObject readable(const ShowObject& object)
+{
+    ShowObject members;
+    for (const ShowMember& member : object) {
+        if (std::find(hiddenKeys.begin(), hiddenKeys.end(), member.key) != hiddenKeys.end())
+            continue;
+        if (members.empty() || !isNameOf(member, members.back()))
+            members.push_back(member);
+        else if (!std::get<std::string>(member.value.content).empty())
+            members.back().value = member.value;
+    }
+    return members;
+}
+
+std::string plainText(bool isSet)
+{
+    return isSet ? "yes" : "no";
 }
 
 std::string plainText(const ShowNumber& number)
@@ -41,26 +90,28 @@ std::string plainText(const ShowNumber& number)
         return hexText(number.value);
     case NumberForm::Both:
         return std::to_string(number.value) + " (" + hexText(number.value) + ')';
+    case NumberForm::YesNo:
+        return number.value == 0 || number.value == 1 ? plainText(number.value == 1) : hexText(number.value);
     }
     return std::to_string(number.value);
 }
 
+/// Elements parted by commas; one that holds a comma itself stands in quotes.
 std::string plainText(const ShowList& list)
 {
     std::string all;
-    for (std::size_t index = 0; index < list.count; ++index)
-        all += (index == 0 ? "" : ", ") + cellOf(list.at(index));
+    for (std::size_t index = 0; index < list.count; ++index) {
+        const std::string element = cellOf(list.at(index));
+        const bool isQuoted = element.find(',') != std::string::npos;
+        all += index == 0 ? "" : ", ";
+        all += isQuoted ? '"' + element + '"' : element;
+    }
     return all.empty() ? "-" : all;
 }
 
 std::string plainText(std::monostate /*nothing*/)
 {
     return "-";
-}
-
-std::string plainText(bool isSet)
-{
-    return isSet ? "yes" : "no";
 }
 
 std::string plainText(float number)
@@ -84,17 +135,22 @@ std::string cellOf(const ShowValue& value)
     return std::visit([](const auto& content) { return plainText(content); }, value.content);
 }
 
-/// @return  false at a list of objects
-bool addCells(const ShowObject& object, Row& cells, Row* labels)
+bool isListOfObjects(const ShowValue& value)
 {
-    for (const ShowMember& member : object) {
+    const auto* const list = std::get_if<ShowList>(&value.content);
+    return list != nullptr && list->count > 0 && std::holds_alternative<ShowObject>(list->at(0).content);
+}
+
+/// @return  false at a list of objects
+bool addCells(const ShowObject& object, TextRow& cells, TextRow* labels)
+{
+    for (const ShowMember& member : readable(object)) {
         if (const auto* const inner = std::get_if<ShowObject>(&member.value.content)) {
             if (!addCells(*inner, cells, labels))
                 return false;
             continue;
         }
-        const auto* const list = std::get_if<ShowList>(&member.value.content);
-        if (list != nullptr && list->count > 0 && std::holds_alternative<ShowObject>(list->at(0).content))
+        if (isListOfObjects(member.value))
             return false;
         cells.push_back(cellOf(member.value));
         if (labels != nullptr)
@@ -105,107 +161,97 @@ bool addCells(const ShowObject& object, Row& cells, Row* labels)
 
 /// The plain members of an object and of the objects in it, in one row; nothing if it holds a list of objects.
 /// @param labels  takes the label of each cell; may be null
-std::optional<Row> rowOf(const ShowValue& object, Row* labels)
+std::optional<TextRow> rowOf(const ShowValue& object, TextRow* labels)
 {
-    Row cells;
+    TextRow cells;
     const auto* const members = std::get_if<ShowObject>(&object.content);
     if (members == nullptr || !addCells(*members, cells, labels))
         return std::nullopt;
     return cells;
 }
 
-/// Characters that a text takes on a terminal, about: combining ones are rare here, Chinese ones take two.
-std::size_t widthOf(const std::string& utf8)
+/// A table for a list of rows.
+/// @return  nothing if an element is no row, or the table does not fit
+std::optional<TextTable> tableOf(const ShowList& list, std::size_t lineWidth)
 {
-    constexpr ushort firstWide = 0x1100;
-    std::size_t width = 0;
-    for (const QChar& character : QString::fromStdString(utf8))
-        width += character.unicode() >= firstWide ? 2 : 1;
-    return width;
-}
-
-std::string padded(const std::string& cell, std::size_t width)
-{
-    const std::size_t taken = widthOf(cell);
-    return taken < width ? cell + std::string(width - taken, ' ') : cell;
-}
-
-/// Width of each column of a list of rows, headers included, 0 for one in which nothing stands.
-/// @return  nothing if an element is no row
-std::optional<std::vector<std::size_t>> columnWidths(const ShowList& list, Row& labels)
-{
+    TextRow labels;
     if (!rowOf(list.at(0), &labels))
         return std::nullopt;
-    std::vector<std::size_t> widths(labels.size(), 0);
+    TextTable table(std::move(labels));
     for (std::size_t index = 0; index < list.count; ++index) {
-        const std::optional<Row> row = rowOf(list.at(index), nullptr);
-        if (!row || row->size() != labels.size())
+        const std::optional<TextRow> row = rowOf(list.at(index), nullptr);
+        if (!row || !table.measure(*row))
             return std::nullopt;
-        for (std::size_t column = 0; column < row->size(); ++column)
-            if ((*row)[column] != "-")
-                widths[column] = std::max(widths[column], widthOf((*row)[column]));
     }
-    for (std::size_t column = 0; column < labels.size(); ++column)
-        if (widths[column] > 0)
-            widths[column] = std::max(widths[column], widthOf(labels[column]));
-    return widths;
+    return table.fit(lineWidth) ? std::optional(table) : std::nullopt;
 }
 
-void writeRow(std::ostream& out, const Row& row, const std::vector<std::size_t>& widths, std::size_t indentation)
-{
-    std::string line(indentation, ' ');
-    for (std::size_t column = 0; column < row.size(); ++column)
-        if (widths[column] > 0)
-            line += padded(row[column], widths[column] + step);
-    line.erase(line.find_last_not_of(' ') + 1);
-    out << line << '\n';
-}
-
-void writeList(std::ostream& out, const std::string& label, const ShowList& list, std::size_t indentation)
-{
-    const std::string margin(indentation, ' ');
-    Row labels;
-    if (const auto widths = columnWidths(list, labels)) {
-        out << margin << label << " (" << list.count << "):\n";
-        writeRow(out, labels, *widths, indentation + step);
-        for (std::size_t index = 0; index < list.count; ++index)
-            if (const std::optional<Row> row = rowOf(list.at(index), nullptr))
-                writeRow(out, *row, *widths, indentation + step);
-        return;
-    }
-    for (std::size_t index = 0; index < list.count; ++index) {
-        out << margin << label << ", " << index + 1 << " of " << list.count << ":\n";
-        const ShowValue element = list.at(index);
-        if (const auto* const object = std::get_if<ShowObject>(&element.content))
-            writeText(out, *object, indentation + step);
-    }
-}
-
-bool isListOfObjects(const ShowValue& value)
+/// What a member shows, a line each: of a list of several texts each one, else the one value.
+TextRow partsOf(const ShowValue& value)
 {
     const auto* const list = std::get_if<ShowList>(&value.content);
-    return list != nullptr && list->count > 0 && std::holds_alternative<ShowObject>(list->at(0).content);
+    if (list == nullptr || list->count < 2 || !std::holds_alternative<std::string>(list->at(0).content))
+        return {cellOf(value)};
+    TextRow parts;
+    for (std::size_t index = 0; index < list->count; ++index)
+        parts.push_back(cellOf(list->at(index)));
+    return parts;
 }
 
 } // namespace
 
-void writeText(std::ostream& out, const ShowObject& object, std::size_t indentation)
+std::size_t TextWriter::room(std::size_t indentation) const
 {
+    constexpr std::size_t leastRoom = 10; // lines of a terminal that is narrower than this are too long
+    return m_lineWidth < indentation + leastRoom ? leastRoom : m_lineWidth - indentation;
+}
+
+void TextWriter::writeObject(const ShowObject& object, std::size_t indentation)
+{
+    const ShowObject members = readable(object);
     const std::string margin(indentation, ' ');
     std::size_t width = 0;
-    for (const ShowMember& member : object)
+    for (const ShowMember& member : members)
         if (!isListOfObjects(member.value))
             width = std::max(width, labelOf(member.key).size());
-    for (const ShowMember& member : object) {
+    for (const ShowMember& member : members) {
         const std::string label = labelOf(member.key);
         if (isListOfObjects(member.value)) {
-            writeList(out, label, std::get<ShowList>(member.value.content), indentation);
+            writeList(label, std::get<ShowList>(member.value.content), indentation);
         } else if (const auto* const inner = std::get_if<ShowObject>(&member.value.content)) {
-            out << margin << label << ":\n";
-            writeText(out, *inner, indentation + step);
+            m_out << margin << label << ":\n";
+            writeObject(*inner, indentation + step);
         } else {
-            const std::string cell = cellOf(member.value);
-            out << margin << padded(label, width + step) << (cell.empty() ? "-" : cell) << '\n';
+            writeParts(margin + label + std::string(width + step - label.size(), ' '), partsOf(member.value));
         }
+    }
+}
+
+void TextWriter::writeParts(const std::string& head, const std::vector<std::string>& parts)
+{
+    std::string start = head;
+    for (const std::string& part : parts)
+        for (const std::string& line : brokenInto(part.empty() ? "-" : part, room(head.size()))) {
+            m_out << start << line << '\n';
+            start = std::string(head.size(), ' ');
+        }
+}
+
+void TextWriter::writeList(const std::string& label, const ShowList& list, std::size_t indentation)
+{
+    const std::string margin(indentation, ' ');
+    if (const std::optional<TextTable> table = tableOf(list, room(indentation + step))) {
+        m_out << margin << label << " (" << list.count << "):\n";
+        table->writeLabels(m_out, indentation + step);
+        for (std::size_t index = 0; index < list.count; ++index)
+            if (const std::optional<TextRow> row = rowOf(list.at(index), nullptr))
+                table->writeRow(m_out, *row, indentation + step);
+        return;
+    }
+    for (std::size_t index = 0; index < list.count; ++index) {
+        m_out << margin << label << ", " << index + 1 << " of " << list.count << ":\n";
+        const ShowValue element = list.at(index);
+        if (const auto* const object = std::get_if<ShowObject>(&element.content))
+            writeObject(*object, indentation + step);
     }
 }

@@ -20,6 +20,7 @@ enum class NumberForm
     Decimal,
     Hexadecimal, ///< "0x1c12"
     Both, ///< "7186 (0x1c12)"
+    YesNo, ///< "no" for 0, "yes" for 1, any other in hexadecimal
 };
 
 struct ShowNumber
@@ -64,6 +65,12 @@ struct ShowMember
 [[nodiscard]] inline ShowValue bothForms(std::int64_t number)
 {
     return {ShowNumber{number, NumberForm::Both}};
+}
+
+/// A flag that is kept as a number.
+[[nodiscard]] inline ShowValue yesNoNumber(std::int64_t number)
+{
+    return {ShowNumber{number, NumberForm::YesNo}};
 }
 
 [[nodiscard]] inline ShowValue optionalNumber(const std::optional<std::int64_t>& number)

@@ -1,0 +1,47 @@
+// textTable.h - a table of texts, set so that it fits a line.
+#pragma once
+
+#include <cstddef>
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <vector>
+
+using TextRow = std::vector<std::string>;
+
+/// The columns of a table: first every row is taken measure of, then the columns are set, then the rows are written.
+class TextTable
+{
+public:
+    explicit TextTable(TextRow labels);
+
+    /// Takes measure of a row.
+    /// @return  false if it does not have a cell for each column
+    [[nodiscard]] bool measure(const TextRow& row);
+
+    /// Sets the columns for lines of so many columns of the terminal. Too wide a table gets narrow columns, in which
+    /// cells break into lines. Columns in which nothing stands, or "no" throughout, are left out.
+    /// @return  false if the table cannot be made to fit
+    [[nodiscard]] bool fit(std::size_t lineWidth);
+
+    void writeLabels(std::ostream& out, std::size_t indentation) const;
+    void writeRow(std::ostream& out, const TextRow& row, std::size_t indentation) const;
+
+private:
+    struct Column
+    {
+        std::string label;
+        std::size_t cells = 0; ///< columns of its longest cell, or of the longest word of its label
+        std::size_t least = 0; ///< below this, words of it would be broken
+        bool isLeftOut = true;
+        std::size_t width = 0; ///< as it was set
+    };
+
+    /// Sets the columns if they fit with cells of no more than so many columns, but for what their words need.
+    [[nodiscard]] bool fitCells(std::size_t lineWidth, std::size_t gap, std::size_t limit);
+    [[nodiscard]] bool fitWhole(std::size_t lineWidth);
+    [[nodiscard]] std::size_t totalWidth(std::size_t gap) const;
+
+    std::vector<Column> m_columns;
+    std::size_t m_gap = 0; ///< between columns
+};
