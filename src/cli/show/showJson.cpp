@@ -43,6 +43,17 @@ private:
 
     void putText(const std::string& utf8)
     {
+        if (std::all_of(utf8.begin(), utf8.end(), needsNoLook))
+            m_out << '"' << utf8 << '"';
+        else
+            putEscaped(utf8);
+    }
+
+    /// Whether a byte is a character by itself that stands in JSON as it is; most texts have no others.
+    static bool needsNoLook(char byte) { return byte >= ' ' && byte <= '~' && byte != '"' && byte != '\\'; }
+
+    void putEscaped(const std::string& utf8)
+    {
         QString escaped;
         for (const QChar character : QString::fromStdString(utf8)) {
             if (character == QLatin1Char('"') || character == QLatin1Char('\\'))

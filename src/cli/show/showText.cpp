@@ -4,13 +4,11 @@
 #include "cli/show/textColumns.h"
 #include "cli/show/textTable.h"
 
-#include <QChar>
-#include <QLatin1Char>
-
 #include <algorithm>
 #include <array>
 #include <optional>
 #include <ostream>
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -46,34 +44,41 @@ std::string labelOf(const std::string& key)
         if (key == known.key)
             return known.label;
     std::string label;
-    for (const char character : key) {
-        const QChar letter = QLatin1Char(character);
-        if (letter.isUpper())
-            label += ' ';
-        label += letter.toLower().toLatin1();
+    for (const char letter : key) {
+        const bool isCapital = letter >= 'A' && letter <= 'Z';
+        label += isCapital ? std::string{' ', static_cast<char>(letter - 'A' + 'a')} : std::string(1, letter);
     }
     return label;
 }
 
+/// Whether one member is the name of what the number in another one stands for: `typeName` of `type`.
 bool isNameOf(const ShowMember& name, const ShowMember& number)
 {
-    return name.key == number.key + "Name" && std::holds_alternative<std::string>(name.value.content);
+    const std::string_view ending = "Name";
+    const std::string_view key = name.key;
+    return key.size() == number.key.size() + ending.size() && key.substr(0, number.key.size()) == number.key
+           && key.substr(number.key.size()) == ending && std::holds_alternative<std::string>(name.value.content);
 }
 
-/// The members that people read. Of a number and its name, such as `type` and `typeName`, one is left: the name, or the
-/// number where it has none.
-ShowObject readable(const ShowObject& object)
+bool isHidden(const std::string& key)
 {
-    ShowObject members;
-    for (const ShowMember& member : object) {
-        if (std::find(hiddenKeys.begin(), hiddenKeys.end(), member.key) != hiddenKeys.end())
+    return std::find(hiddenKeys.begin(), hiddenKeys.end(), key) != hiddenKeys.end();
+}
+
+/// Calls `visit(key, value)` for each member that people read. Of a number and the name behind it one is left: the
+/// name, or the number where it has none.
+template<typename Visitor> void forEachReadable(const ShowObject& object, Visitor visit)
+{
+    for (std::size_t index = 0; index < object.size(); ++index) {
+        const ShowMember& member = object[index];
+        if (isHidden(member.key))
             continue;
-        if (members.empty() || !isNameOf(member, members.back()))
-            members.push_back(member);
-        else if (!std::get<std::string>(member.value.content).empty())
-            members.back().value = member.value;
+        const bool hasName = index + 1 < object.size() && isNameOf(object[index + 1], member);
+        if (hasName)
+            ++index;
+        const bool isNamed = hasName && !std::get<std::string>(object[index].value.content).empty();
+        visit(member.key, isNamed ? object[index].value : member.value);
     }
-    return members;
 }
 
 std::string plainText(bool isSet)
@@ -141,22 +146,23 @@ bool isListOfObjects(const ShowValue& value)
     return list != nullptr && list->count > 0 && std::holds_alternative<ShowObject>(list->at(0).content);
 }
 
-/// @return  false at a list of objects
+/// @return  false if there is a list of objects
 bool addCells(const ShowObject& object, TextRow& cells, TextRow* labels)
 {
-    for (const ShowMember& member : readable(object)) {
-        if (const auto* const inner = std::get_if<ShowObject>(&member.value.content)) {
-            if (!addCells(*inner, cells, labels))
-                return false;
-            continue;
+    bool areCells = true;
+    forEachReadable(object, [&](const std::string& key, const ShowValue& value) {
+        if (const auto* const inner = std::get_if<ShowObject>(&value.content)) {
+            areCells = areCells && addCells(*inner, cells, labels);
+            return;
         }
-        if (isListOfObjects(member.value))
-            return false;
-        cells.push_back(cellOf(member.value));
+        areCells = areCells && !isListOfObjects(value);
+        if (!areCells)
+            return;
+        cells.push_back(cellOf(value));
         if (labels != nullptr)
-            labels->push_back(labelOf(member.key));
-    }
-    return true;
+            labels->push_back(labelOf(key));
+    });
+    return areCells;
 }
 
 /// The plain members of an object and of the objects in it, in one row; nothing if it holds a list of objects.
@@ -208,23 +214,23 @@ std::size_t TextWriter::room(std::size_t indentation) const
 
 void TextWriter::writeObject(const ShowObject& object, std::size_t indentation)
 {
-    const ShowObject members = readable(object);
     const std::string margin(indentation, ' ');
     std::size_t width = 0;
-    for (const ShowMember& member : members)
-        if (!isListOfObjects(member.value))
-            width = std::max(width, labelOf(member.key).size());
-    for (const ShowMember& member : members) {
-        const std::string label = labelOf(member.key);
-        if (isListOfObjects(member.value)) {
-            writeList(label, std::get<ShowList>(member.value.content), indentation);
-        } else if (const auto* const inner = std::get_if<ShowObject>(&member.value.content)) {
+    forEachReadable(object, [&](const std::string& key, const ShowValue& value) {
+        if (!isListOfObjects(value))
+            width = std::max(width, labelOf(key).size());
+    });
+    forEachReadable(object, [&](const std::string& key, const ShowValue& value) {
+        const std::string label = labelOf(key);
+        if (isListOfObjects(value)) {
+            writeList(label, std::get<ShowList>(value.content), indentation);
+        } else if (const auto* const inner = std::get_if<ShowObject>(&value.content)) {
             m_out << margin << label << ":\n";
             writeObject(*inner, indentation + step);
         } else {
-            writeParts(margin + label + std::string(width + step - label.size(), ' '), partsOf(member.value));
+            writeParts(margin + label + std::string(width + step - label.size(), ' '), partsOf(value));
         }
-    }
+    });
 }
 
 void TextWriter::writeParts(const std::string& head, const std::vector<std::string>& parts)

@@ -58,6 +58,8 @@ std::string joined(const std::vector<std::string>& words)
 
 std::string oneLine(const std::string& utf8)
 {
+    if (std::all_of(utf8.begin(), utf8.end(), [](char byte) { return byte >= ' ' && byte <= '~'; }))
+        return utf8; // as most texts are
     QString line = QString::fromStdString(utf8);
     for (QChar& character : line)
         if (isUnsafe(character) || character.category() == QChar::Separator_Line

@@ -136,11 +136,16 @@ QStringList wordsIn(const std::string& utf8)
 
 std::size_t columnsOf(const std::string& utf8)
 {
+    const auto isPlain = [](char byte) { return byte >= ' ' && byte <= '~'; };
+    if (std::all_of(utf8.begin(), utf8.end(), isPlain)) // as most texts are
+        return utf8.size();
     return columnsOf(QString::fromStdString(utf8));
 }
 
 std::size_t longestWord(const std::string& utf8)
 {
+    if (utf8.find(' ') == std::string::npos)
+        return columnsOf(utf8);
     std::size_t longest = 0;
     for (const QString& word : wordsIn(utf8))
         longest = std::max(longest, columnsOf(word));
