@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What selecting a device reads and makes anew.
+/// What selecting a device reads and makes again.
 struct_EtherCatDevice withoutDictionary(const struct_EtherCatDevice& device)
 {
     struct_EtherCatDevice selected;

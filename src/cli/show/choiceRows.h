@@ -1,5 +1,5 @@
 // choiceRows.h - the numbers by which choices files name PDOs and startup commands. Choices are made after the device
-// was selected once, which brings in anew what its modules bring.
+// was selected once, which brings in again what its modules bring.
 #pragma once
 
 #include "cli/show/startupOrigins.h"

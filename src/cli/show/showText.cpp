@@ -65,7 +65,7 @@ bool isHidden(const std::string& key)
     return std::find(hiddenKeys.begin(), hiddenKeys.end(), key) != hiddenKeys.end();
 }
 
-/// Calls `visit(key, value)` for each member that people read. Of a number and the name behind it one is left: the
+/// Calls `visit(key, value)` for each member that people read. Of a number and the name after it one is left: the
 /// name, or the number where it has none.
 template<typename Visitor> void forEachReadable(const ShowObject& object, Visitor visit)
 {

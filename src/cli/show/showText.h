@@ -25,7 +25,7 @@ public:
 private:
     void writeParts(const std::string& head, const std::vector<std::string>& parts);
     void writeList(const std::string& label, const ShowList& list, std::size_t indentation);
-    /// Columns that are left behind an indentation.
+    /// Columns that are left after an indentation.
     [[nodiscard]] std::size_t room(std::size_t indentation) const;
 
     std::ostream& m_out;
