@@ -43,7 +43,7 @@ QList<QCommandLineOption> showOptions()
         {jsonSwitch, QStringLiteral("Everything, as JSON.")},
         {csvOption, QStringLiteral("One table as comma-separated values: dictionary, pdo or startup."),
          QStringLiteral("TABLE")},
-        {spreadsheetSwitch, QStringLiteral("With --csv: for a spreadsheet program, with a byte order mark and an "
+        {spreadsheetSwitch, QStringLiteral("The table is for a spreadsheet program: with a byte order mark, and an "
                                            "apostrophe before texts that read as a formula.")},
     };
 }
