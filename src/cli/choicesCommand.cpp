@@ -33,7 +33,7 @@ bool selectAll(std::vector<struct_FilenameDevice>& files, Messages& messages)
             try {
                 clicks.select(device);
             } catch (const std::out_of_range& error) {
-                messages.error(QString::fromStdString(file.xmlfilepath), rangeErrorText(error));
+                messages.error(inputPathOf(file), rangeErrorText(error));
                 areSelected = false;
             }
     return areSelected;

@@ -151,7 +151,7 @@ bool hasDevices(const std::vector<struct_FilenameDevice>& files, Messages& messa
     if (std::any_of(files.begin(), files.end(), holdsDevice))
         return true;
     for (const struct_FilenameDevice& file : files)
-        messages.error(QString::fromStdString(file.xmlfilepath),
+        messages.error(inputPathOf(file),
                        QStringLiteral("the file holds no device, nothing is written"));
     return false;
 }
@@ -188,7 +188,7 @@ void write(const CommandLine& line, const QString& output, const std::set<Device
         else if (saveRun(saveRequest(line, output), writeRun, messages))
             warnOfItemCount(output, messages);
     } catch (const std::out_of_range& error) {
-        messages.error(QString::fromStdString(g_xmlfiledevices[fileBeingWritten].xmlfilepath), rangeErrorText(error));
+        messages.error(inputPathOf(g_xmlfiledevices[fileBeingWritten]), rangeErrorText(error));
     }
 }
 
@@ -210,7 +210,8 @@ ExitCode convert(const CommandLine& line, const QDateTime& exportTime, Messages&
         return messages.exitCode();
     warnOfDevices(g_xmlfiledevices, *devices, messages);
     if (output.isEmpty()) {
-        output = proposedKtlName(g_xmlfiledevices[devices->begin()->first]) + QStringLiteral(".ktl");
+        const struct_FilenameDevice& first = g_xmlfiledevices[devices->begin()->first];
+        output = proposedKtlName(inputPathOf(first), first.Vendor_Id) + QStringLiteral(".ktl");
         if (!mayWriteOutput(line, output, messages))
             return messages.exitCode();
         messages.note({}, QStringLiteral("writes %1; -o names another file").arg(output));

@@ -1,6 +1,7 @@
 #include "cli/deviceWarnings.h"
 
 #include "cli/deviceLabel.h"
+#include "cli/inputFile.h"
 #include "editing/exportChecks.h"
 #include "editing/lostValues.h"
 #include "esi/xmlCharConversion.h"
@@ -55,7 +56,7 @@ public:
 
     void warn(const WarningText& told) const
     {
-        m_messages.warning(QString::fromStdString(m_file.xmlfilepath), told.code,
+        m_messages.warning(inputPathOf(m_file), told.code,
                            deviceLabel(m_file, m_device, m_number) + QStringLiteral(": ") + told.text);
     }
 

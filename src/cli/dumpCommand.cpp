@@ -1,11 +1,14 @@
 #include "cli/dumpCommand.h"
 
+#include "cli/cStreams.h"
+#include "cli/inputFile.h"
 #include "cli/ktlInput.h"
 #include "ktl/itemLimit.h"
 #include "ktl/ktlExport.h"
 
 #include <cstdio>
-#include <ostream>
+#include <new>
+#include <optional>
 #include <vector>
 
 const SubCommandText dumpText{
@@ -22,10 +25,8 @@ const SubCommandText dumpText{
 namespace {
 
 /// Tells of what the dump does not show: the rest of a file that is broken, and what stands behind its last item.
-void tellWhatIsMissing(const QString& path, std::FILE* ktl, Messages& messages)
+void tellWhatIsMissing(const QString& path, const std::vector<unsigned char>& bytes, Messages& messages)
 {
-    std::rewind(ktl);
-    const std::vector<unsigned char> bytes = bytesOf(ktl);
     const KtlWalk walk = walkItems(bytes);
     if (const QString problem = problemAtEnd(walk); !problem.isEmpty())
         messages.error(path, problem);
@@ -34,6 +35,34 @@ void tellWhatIsMissing(const QString& path, std::FILE* ktl, Messages& messages)
                          QStringLiteral("the file has %1 items, of which a dump shows the first %2")
                              .arg(walk.items.size())
                              .arg(maxReadItems));
+}
+
+/// The bytes of a KTL file; tells if there are none.
+std::optional<std::vector<unsigned char>> bytesToDump(const QString& path, Messages& messages)
+{
+    QFile file;
+    if (!openInput(file, path, messages))
+        return std::nullopt;
+    const std::optional<InputKind> kind = kindOfInput(file, path, messages);
+    if (kind == InputKind::Ktl)
+        return readKtl(file, path, messages);
+    if (kind.has_value())
+        messages.error(path, kind == InputKind::Esi ? QStringLiteral("this is an ESI file, not a KTL file")
+                                                    : QStringLiteral("this is no KTL file"));
+    return std::nullopt;
+}
+
+void dump(const QString& path, Console& console)
+{
+    std::optional<std::vector<unsigned char>> bytes = bytesToDump(path, console.messages);
+    if (!bytes.has_value())
+        return;
+    {
+        const FileHandle text = writerTo(console.results);
+        int errorCode = 0;
+        static_cast<void>(KTL_write_log_devices(text.get(), readerOf(*bytes).get(), &errorCode));
+    }
+    tellWhatIsMissing(path, *bytes, console.messages);
 }
 
 } // namespace
@@ -46,16 +75,10 @@ ExitCode runDump(const QStringList& arguments, Console& console)
     if (line.operands().size() != 1)
         return line.refuse(QStringLiteral("one KTL file is to be given"), console);
     const QString path = line.operands().constFirst();
-    const FileHandle ktl = openSeekable(path, console.messages);
-    if (ktl == nullptr)
-        return console.messages.exitCode();
-    int errorCode = 0;
-    console.results.flush(); // the dump is written by the C library, into the same output
-    static_cast<void>(KTL_write_log_devices(stdout, ktl.get(), &errorCode));
-    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-        console.messages.outputError({}, QStringLiteral("standard output cannot be written"));
-        return console.messages.exitCode();
+    try {
+        dump(path, console);
+    } catch (const std::bad_alloc&) {
+        tellNoMemory(path, console.messages);
     }
-    tellWhatIsMissing(path, ktl.get(), console.messages);
     return console.messages.exitCode();
 }

@@ -1,11 +1,14 @@
 #include "cli/inputFile.h"
 
+#include "cli/deviceLabel.h"
 #include "cli/progress.h"
 #include "esi/esiFile.h"
 #include "esi/xmlCharConversion.h"
+#include "model/XMLParsing.h"
 #include "model/missingSyncManager.h"
 
 #include <cstdio>
+#include <new>
 
 namespace {
 
@@ -15,7 +18,7 @@ void tellFailure(const QString& path, const EsiLoadResult& result, Messages& mes
     case EsiLoadStatus::Loaded:
         break;
     case EsiLoadStatus::CannotOpen:
-        messages.error(path, QStringLiteral("the file cannot be read: ") + result.openError);
+        tellUnreadable(path, result.openError, messages);
         break;
     case EsiLoadStatus::NotWellFormed:
         messages.error(path, result.formatError.line, result.formatError.column, result.formatError.message);
@@ -26,10 +29,16 @@ void tellFailure(const QString& path, const EsiLoadResult& result, Messages& mes
     }
 }
 
+/// Loads what is not known to be of another kind: what is wrong with a text, the parser of XML tells best.
 bool loadEsi(const QString& path, Messages& messages)
 {
     QFile file;
-    return openInput(file, path, messages) && loadOpenEsi(file, path, messages);
+    if (!openInput(file, path, messages))
+        return false;
+    const std::optional<InputKind> kind = kindOfInput(file, path, messages);
+    if (kind == InputKind::Ktl)
+        messages.error(path, QStringLiteral("this is a KTL file, not an ESI file"));
+    return kind.has_value() && kind != InputKind::Ktl && loadOpenEsi(file, path, messages);
 }
 
 } // namespace
@@ -37,6 +46,21 @@ bool loadEsi(const QString& path, Messages& messages)
 bool isStandardInput(const QString& path)
 {
     return path == QLatin1String("-");
+}
+
+QString inputPathOf(const struct_FilenameDevice& file)
+{
+    return QFile::decodeName(file.xmlfilepath.c_str());
+}
+
+void tellUnreadable(const QString& path, const QString& reason, Messages& messages)
+{
+    messages.error(path, QStringLiteral("the file cannot be read: ") + reason);
+}
+
+void tellNoMemory(const QString& path, Messages& messages)
+{
+    messages.error(path, QStringLiteral("not enough memory"));
 }
 
 bool openInput(QFile& file, const QString& path, Messages& messages)
@@ -48,20 +72,40 @@ bool openInput(QFile& file, const QString& path, Messages& messages)
     file.setFileName(path);
     const bool isOpen = isStandardInput(path) ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
     if (!isOpen)
-        messages.error(path, QStringLiteral("the file cannot be read: ") + file.errorString());
+        tellUnreadable(path, file.errorString(), messages);
     return isOpen;
+}
+
+std::optional<InputKind> kindOfInput(QFile& file, const QString& path, Messages& messages)
+{
+    file.startTransaction();
+    QByteArray beginning = file.read(bytesOfKind);
+    for (QByteArray more = beginning; !more.isEmpty() && beginning.size() < bytesOfKind; beginning += more)
+        more = file.read(bytesOfKind - beginning.size()); // a pipe gives what it happens to hold
+    file.rollbackTransaction();
+    if (file.error() != QFileDevice::NoError) {
+        tellUnreadable(path, file.errorString(), messages);
+        return std::nullopt;
+    }
+    return inputKindOf(beginning);
 }
 
 bool loadOpenEsi(QFile& file, const QString& path, Messages& messages)
 {
     try {
-        const EsiLoadResult result = loadOpenEsiFile(file, isStandardInput(path) ? shownName(path) : path);
+        const QString name = isStandardInput(path) ? shownName(path) : path;
+        const EsiLoadResult result = loadOpenEsiFile(file, name);
         tellFailure(path, result, messages);
-        return result.status == EsiLoadStatus::Loaded;
+        if (result.status != EsiLoadStatus::Loaded)
+            return false;
+        g_xmlfiledevices.back().xmlfilepath = QFile::encodeName(name).toStdString(); // every byte of it
+        return true;
     } catch (const std::out_of_range& error) {
         messages.error(path, rangeErrorText(error));
-        return false;
+    } catch (const std::bad_alloc&) {
+        tellNoMemory(path, messages);
     }
+    return false;
 }
 
 bool loadEsiFiles(const QStringList& paths, Messages& messages)
@@ -81,9 +125,11 @@ bool loadEsiFiles(const QStringList& paths, Messages& messages)
 
 QString rangeErrorText(const std::out_of_range& error)
 {
-    if (const auto* missing = dynamic_cast<const MissingSyncManager*>(&error))
-        return QStringLiteral("device \"%1\": PDO %2 \"%3\" names a sync manager that the device does not declare (%4)")
-            .arg(QString::fromStdString(missing->device()), xmlGetStringuint(missing->pdoIndex()),
-                 QString::fromStdString(missing->pdoName()), QString::fromLocal8Bit(missing->what()));
-    return QString::fromLocal8Bit(error.what());
+    const auto* const missing = dynamic_cast<const MissingSyncManager*>(&error);
+    if (missing == nullptr)
+        return QStringLiteral("a number in the file goes beyond the end of a list");
+    return QStringLiteral("device %1: PDO %2 %3 names sync manager %4, which the device does not declare: it has %5")
+        .arg(shownText(QString::fromStdString(missing->device())), xmlGetStringuint(missing->pdoIndex()),
+             shownText(QString::fromStdString(missing->pdoName())), QString::number(missing->number()),
+             QString::number(missing->present()));
 }

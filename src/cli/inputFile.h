@@ -1,20 +1,38 @@
 // inputFile.h - the files that the user names on the command line.
 #pragma once
 
+#include "cli/inputKind.h"
 #include "cli/messages.h"
+#include "model/deviceRecords.h"
 
 #include <QFile>
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <stdexcept>
 
 /// Whether a path stands for standard input.
 [[nodiscard]] bool isStandardInput(const QString& path);
 
+/// The path of a loaded file, as the user gave it.
+[[nodiscard]] QString inputPathOf(const struct_FilenameDevice& file);
+
+/// Tells that a file cannot be read.
+/// @param reason  in the system's words
+void tellUnreadable(const QString& path, const QString& reason, Messages& messages);
+
+/// Tells that the memory did not suffice for a file.
+void tellNoMemory(const QString& path, Messages& messages);
+
 /// Opens a file, or standard input, for reading; tells if it cannot be opened.
 /// @param file  takes the path; closed before
 [[nodiscard]] bool openInput(QFile& file, const QString& path, Messages& messages);
+
+/// The kind of a file that is open for reading, by its first bytes; it can be read from its start afterwards.
+/// @param path  for messages
+/// @return      nothing if it cannot be read; that has been told
+[[nodiscard]] std::optional<InputKind> kindOfInput(QFile& file, const QString& path, Messages& messages);
 
 /// Loads an ESI file that is open for reading to the end of `g_xmlfiledevices`; tells if it cannot be loaded.
 /// @param path  for messages, and as the path of the loaded file
@@ -26,5 +44,5 @@
 [[nodiscard]] bool loadEsiFiles(const QStringList& paths, Messages& messages);
 
 /// The words for a PDO on a sync manager that its device does not have.
-/// @param error  of `MissingSyncManager` or another range error
+/// @param error  a `MissingSyncManager`, or another range error
 [[nodiscard]] QString rangeErrorText(const std::out_of_range& error);

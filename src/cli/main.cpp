@@ -2,18 +2,24 @@
 #include "cli/choicesCommand.h"
 #include "cli/convertCommand.h"
 #include "cli/dumpCommand.h"
+#include "cli/fileNameCodec.h"
+#include "cli/inputFile.h"
 #include "cli/showCommand.h"
+#include "cli/standardOutput.h"
 #include "esi/lastWords.h"
 #include "model/version.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <clocale>
 #include <csignal>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
 #include <iterator>
+#include <new>
+#include <ostream>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -40,12 +46,13 @@ constexpr SubCommand subCommands[] = {
 }
 
 /// Gives a use to each of the three standard streams that is closed, before a file of ours gets its number and is taken
-/// for it. Standard output stays one that cannot be written, so that a result which is lost is noticed.
+/// for it. Standard input stays one that cannot be read and standard output one that cannot be written, so that it is
+/// noticed when they are needed.
 void fillClosedStreams()
 {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (fcntl(stream, F_GETFD) < 0)
-            static_cast<void>(open("/dev/null", stream == STDERR_FILENO ? O_WRONLY : O_RDONLY));
+            static_cast<void>(open("/dev/null", stream == STDOUT_FILENO ? O_RDONLY : O_WRONLY));
 }
 
 void tellHelp(std::ostream& out)
@@ -93,7 +100,7 @@ ExitCode runHelp(const QStringList& names, Console& console)
                                  : refuseSubCommand(names.constFirst(), console);
 }
 
-ExitCode run(const QStringList& arguments, Console& console)
+ExitCode runNamed(const QStringList& arguments, Console& console)
 {
     const QString first = arguments.value(0);
     if (first == QLatin1String("--help") || first == QLatin1String("-h"))
@@ -108,6 +115,17 @@ ExitCode run(const QStringList& arguments, Console& console)
     return subCommand != nullptr ? subCommand->run(arguments.mid(1), console) : refuseSubCommand(first, console);
 }
 
+/// Runs the command; tells if memory ends where that is the affair of no single file.
+ExitCode run(const QStringList& arguments, Console& console)
+{
+    try {
+        return runNamed(arguments, console);
+    } catch (const std::bad_alloc&) {
+        tellNoMemory({}, console.messages);
+        return console.messages.exitCode();
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -115,14 +133,18 @@ int main(int argc, char** argv)
     std::set_terminate(endWithReason);
     fillClosedStreams();
     static_cast<void>(std::signal(SIGXFSZ, SIG_IGN)); // a limit on the size of files is told like a disk that is full
-    std::ios::sync_with_stdio(false);
+    keepFileNames();
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("ktl"));
+    std::setlocale(LC_ALL, "C"); // the reasons that the system gives are English, like all other words
+    StandardOutput standardOutput;
+    std::ostream results(&standardOutput);
     Messages messages(std::cerr);
-    Console console{std::cout, messages};
+    Console console{results, messages};
     ExitCode ended = run(QCoreApplication::arguments().mid(1), console);
-    if (!std::cout.flush()) {
-        messages.outputError({}, QStringLiteral("standard output cannot be written"));
+    if (!results.flush()) {
+        messages.outputError({}, QStringLiteral("standard output cannot be written: ")
+                                     + QString::fromStdString(standardOutput.failure()));
         ended = messages.exitCode();
     }
     // Everything is written and closed by now. The last tree and all records go with the process: to free them piece by

@@ -1,5 +1,6 @@
 #include "cli/messages.h"
 
+#include "cli/fileNameCodec.h"
 #include "cli/inputFile.h"
 #include "cli/progress.h"
 
@@ -86,6 +87,6 @@ ExitCode Messages::exitCode(bool strict) const
 void Messages::tell(const QString& place, const char* severity, const QString& text)
 {
     const Progress::Pause pause; // its line must not stand in front of the message
-    m_out << oneLine(place).toStdString() << ": " << severity << ": " << oneLine(cutText(text)).toStdString()
+    m_out << readableUtf8(oneLine(place)) << ": " << severity << ": " << readableUtf8(oneLine(cutText(text)))
           << std::endl;
 }

@@ -13,6 +13,7 @@
 #include "cli/terminalWidth.h"
 #include "model/XMLParsing.h"
 
+#include <new>
 #include <optional>
 #include <ostream>
 
@@ -82,9 +83,8 @@ ShowObject jsonDevice(const ShownFile& file, std::size_t index)
 ShowObject jsonFile(const ShownFile& file)
 {
     const auto deviceAt = [&file](std::size_t index) -> ShowValue { return {jsonDevice(file, index)}; };
-    ShowObject members{{"file", text(shownName(file.path).toStdString())},
+    ShowObject members{{"file", text(shownFileName(file))},
                        {"kind", text(file.isEsi ? "ESI" : "KTL")},
-                       {"complete", flag(file.isComplete)},
                        {"devices", {ShowList{file.devices.size(), deviceAt}}}};
     if (file.isEsi) {
         members.push_back({"vendorId", hexadecimal(loadedEsi().Vendor_Id)});
@@ -112,8 +112,8 @@ void writeReadable(std::ostream& out, const ShownFile& file, std::size_t lineWid
 {
     constexpr std::size_t indentation = 2;
     TextWriter text(out, lineWidth);
-    out << oneLine(shownName(file.path).toStdString()) << ": " << (file.isEsi ? "ESI" : "KTL") << " file, "
-        << file.devices.size() << (file.devices.size() == 1 ? " device\n" : " devices\n");
+    out << oneLine(shownFileName(file)) << ": " << (file.isEsi ? "ESI" : "KTL") << " file, " << file.devices.size()
+        << (file.devices.size() == 1 ? " device\n" : " devices\n");
     if (!file.isEsi)
         out << '\n';
     for (const KtlFileItem& item : file.walk.items)
@@ -155,7 +155,10 @@ public:
     {
         if (m_isJson) {
             m_out << (m_isFirst ? "\n" : ",\n");
-            writeJson(m_out, {jsonFile(file)});
+            m_isFirst = false;
+            writeJson(m_out, jsonFile(file), [&file](bool isWhole) {
+                return ShowMember{"complete", flag(isWhole && file.isComplete)}; // errors of devices are known by now
+            });
         } else if (m_csv) {
             m_table->writeRows(*m_csv, file);
         } else {
@@ -163,6 +166,13 @@ public:
             writeReadable(m_out, file, m_lineWidth);
         }
         m_isFirst = false;
+    }
+
+    /// Ends what was begun of a file, in the middle of it.
+    void breakOff()
+    {
+        if (!m_isJson && m_table == nullptr)
+            m_out << '\n';
     }
 
     void end()
@@ -179,6 +189,19 @@ private:
     std::size_t m_lineWidth = widthOfOutputTerminal().value_or(anyWidth);
     bool m_isFirst = true;
 };
+
+/// Shows one file. If memory does not suffice for it, that is told, and what has been shown of it stays.
+void showFile(const QString& path, Shower& shower, Messages& messages)
+{
+    try {
+        if (const auto file = openShownFile(path, messages))
+            shower.show(*file);
+    } catch (const std::bad_alloc&) {
+        g_xmlfiledevices.clear(); // so that there is memory for the message
+        shower.breakOff();
+        tellNoMemory(path, messages);
+    }
+}
 
 } // namespace
 
@@ -199,8 +222,7 @@ ExitCode runShow(const QStringList& arguments, Console& console)
         ++number;
         if (isatty(STDOUT_FILENO) == 0)
             progress.emplace(QStringLiteral("showing %1").arg(shownName(path)), number, paths.size());
-        if (const std::optional<ShownFile> file = openShownFile(path, console.messages))
-            shower.show(*file);
+        showFile(path, shower, console.messages);
     }
     shower.end();
     return console.messages.exitCode();

@@ -88,9 +88,14 @@ QStringList exportWarnings(const struct_EtherCatDevice& device)
 
 QString proposedKtlName(const struct_FilenameDevice& file)
 {
+    return proposedKtlName(QString::fromStdString(file.xmlfilepath), file.Vendor_Id);
+}
+
+QString proposedKtlName(const QString& path, std::uint32_t vendorId)
+{
     constexpr int longestStem = 15;
     constexpr int longestName = 20;
-    const QString stem = fileStem(QString::fromStdString(file.xmlfilepath)).left(longestStem);
-    const QString name = stem + QLatin1Char('-') + xmlGetStringuint(file.Vendor_Id);
+    const QString stem = fileStem(path).left(longestStem);
+    const QString name = stem + QLatin1Char('-') + xmlGetStringuint(vendorId);
     return name.left(longestName);
 }

@@ -34,3 +34,6 @@ constexpr std::size_t maxStartupCommands = 254; ///< of a device, that any firmw
 /// Proposed name of a KTL file, without extension and at most 20 characters long: the name of the ESI file up to its
 /// first dot, at most 15 characters, then "-" and the vendor id.
 [[nodiscard]] QString proposedKtlName(const struct_FilenameDevice& file);
+/// As above.
+/// @param path  of the ESI file
+[[nodiscard]] QString proposedKtlName(const QString& path, std::uint32_t vendorId);

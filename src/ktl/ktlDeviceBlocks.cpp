@@ -133,23 +133,33 @@ void takeItem(KtlDeviceBlock& block, const KtlFileItem& item)
 
 } // namespace
 
-std::vector<KtlDeviceBlock> deviceBlocksOf(const KtlWalk& walk)
+std::vector<KtlBlockPlace> blockPlacesOf(const KtlWalk& walk)
 {
-    std::vector<KtlDeviceBlock> blocks;
+    std::vector<KtlBlockPlace> places;
     std::size_t run = 1;
     bool isInBlock = false;
-    for (const KtlFileItem& item : walk.items) {
-        if (item.type == KTL_ITEM_General) {
-            blocks.emplace_back().run = run;
+    for (std::size_t index = 0; index < walk.items.size(); ++index) {
+        const std::uint32_t type = walk.items[index].type;
+        if (type == KTL_ITEM_General) {
+            places.push_back({index, index, run});
             isInBlock = true;
-        } else if (item.type == KTL_ITEM_END) {
+        } else if (type == KTL_ITEM_END) {
             ++run;
             isInBlock = false;
         }
         if (isInBlock)
-            takeItem(blocks.back(), item);
+            places.back().end = index + 1;
     }
-    return blocks;
+    return places;
+}
+
+KtlDeviceBlock deviceBlockAt(const KtlWalk& walk, const KtlBlockPlace& place)
+{
+    KtlDeviceBlock block;
+    block.run = place.run;
+    for (std::size_t index = place.first; index < place.end; ++index)
+        takeItem(block, walk.items[index]);
+    return block;
 }
 
 std::optional<std::vector<std::vector<std::uint32_t>>> valuesOfCommands(const std::vector<struct_KTL_InitCmd>& commands,

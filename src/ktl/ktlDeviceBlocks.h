@@ -76,9 +76,21 @@ struct KtlDeviceBlock
     std::vector<KtlModule> modules;
 };
 
-/// The device blocks of a file. Items in front of the first General, module items in front of the first ModuleType, and
-/// items that no device block has are left out.
-[[nodiscard]] std::vector<KtlDeviceBlock> deviceBlocksOf(const KtlWalk& walk);
+/// Where a device block lies in a file.
+struct KtlBlockPlace
+{
+    std::size_t first = 0; ///< its first item, by the place in the walk
+    std::size_t end = 0; ///< behind its last item
+    std::size_t run = 1; ///< number of its run in the file, from 1
+};
+
+/// The places of all device blocks of a file. A block begins with a General item. Items in front of the first of them
+/// belong to none.
+[[nodiscard]] std::vector<KtlBlockPlace> blockPlacesOf(const KtlWalk& walk);
+
+/// One device block. Module items in front of its first ModuleType, and items that no device block has, are left out.
+/// @param place  one of `blockPlacesOf`
+[[nodiscard]] KtlDeviceBlock deviceBlockAt(const KtlWalk& walk, const KtlBlockPlace& place);
 
 /// The values of each complete access among commands, by the bytes that the commands announce: the file does not part
 /// them.

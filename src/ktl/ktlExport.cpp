@@ -9,7 +9,7 @@ namespace {
 
 /// Writes the items of one device.
 /// @return  result of the General item; if that is not above 0 nothing else was written
-int writeDevice(std::FILE* out, struct_EtherCatDevice& device, struct_FilenameDevice& file, const QDateTime& exportTime)
+int writeItems(std::FILE* out, struct_EtherCatDevice& device, struct_FilenameDevice& file, const QDateTime& exportTime)
 {
     const int result = KTL_write_device_General(out, &device, &file);
     if (result <= 0)
@@ -37,6 +37,13 @@ int writeDevice(std::FILE* out, struct_EtherCatDevice& device, struct_FilenameDe
 
 } // namespace
 
+int writeDevice(std::FILE* out, struct_EtherCatDevice& device, struct_FilenameDevice& file, const QDateTime& exportTime)
+{
+    int result = 0;
+    onDevice(device, [&] { result = writeItems(out, device, file, exportTime); });
+    return result;
+}
+
 bool writeDevices(std::FILE* out, std::vector<struct_FilenameDevice>& files, const DeviceSelection& isSelected,
                   int* piErrorCode, const QDateTime& exportTime)
 {
@@ -48,8 +55,7 @@ bool writeDevices(std::FILE* out, std::vector<struct_FilenameDevice>& files, con
         for (std::size_t deviceIndex = 0; deviceIndex < file.device.size(); ++deviceIndex) {
             if (!isSelected(fileIndex, deviceIndex))
                 continue;
-            struct_EtherCatDevice& device = file.device[deviceIndex];
-            onDevice(device, [&] { result = writeDevice(out, device, file, exportTime); });
+            result = writeDevice(out, file.device[deviceIndex], file, exportTime);
             if (result <= 0)
                 return false;
         }

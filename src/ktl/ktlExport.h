@@ -35,6 +35,12 @@ using DeviceSelection = std::function<bool(std::size_t file, std::size_t device)
                                 const DeviceSelection& isSelected, int* piErrorCode,
                                 const QDateTime& exportTime = QDateTime::currentDateTime());
 
+/// Writes one device, without an end item.
+/// @return  result of the General item; if that is not above 0 nothing else was written
+/// @throws MissingSyncManager as `writeDevices`
+[[nodiscard]] int writeDevice(std::FILE* out, struct_EtherCatDevice& device, struct_FilenameDevice& file,
+                              const QDateTime& exportTime);
+
 /// As `writeDevices`, for the devices of `g_xmlfiledevices` that are checked in the tree: the top-level item at a
 /// position is the file at that position, its children are the file's devices. Partially checked counts as checked, and
 /// a device counts only together with its file. The time of the export is now.

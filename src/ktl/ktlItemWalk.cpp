@@ -77,30 +77,51 @@ template<typename Narrow> std::int64_t numberAt(const ItemBytes& item, std::size
 
 } // namespace
 
-KtlWalk walkItems(const std::vector<unsigned char>& file)
+bool isImpossible(const KtlItemHead& head)
+{
+    return isNegative(head.m_iItemType) || isNegative(head.m_iSize) || head.m_iSize < sizeof head;
+}
+
+KtlWalk walkItems(const unsigned char* bytes, std::size_t size)
 {
     KtlWalk walk;
     walk.end = KtlWalkEnd::CutHead; // unless there is an item
-    while (walk.offset < file.size()) {
-        const std::size_t left = file.size() - walk.offset;
-        const unsigned char* const start = file.data() + walk.offset;
+    while (walk.offset < size) {
+        const std::size_t left = size - walk.offset;
+        const unsigned char* const start = bytes + walk.offset;
         const auto head = ItemBytes(start, left).at<KtlItemHead>(0);
         if (left < sizeof head) {
             walk.end = KtlWalkEnd::CutHead;
             return walk;
         }
-        if (isNegative(head.m_iItemType) || isNegative(head.m_iSize) || head.m_iSize < sizeof head) {
+        if (isImpossible(head)) {
             walk.end = KtlWalkEnd::ImpossibleHead;
             return walk;
         }
-        const std::size_t size = std::min<std::size_t>(left, head.m_iSize);
-        walk.items.push_back({walk.offset, head.m_iItemType, head.m_iSize, ItemBytes(start, size)});
-        walk.offset += size;
+        const std::size_t present = std::min<std::size_t>(left, head.m_iSize);
+        walk.items.push_back({walk.offset, head.m_iItemType, head.m_iSize, ItemBytes(start, present)});
+        walk.offset += present;
         walk.end = head.m_iItemType == KTL_ITEM_END ? KtlWalkEnd::Whole : KtlWalkEnd::NoEndItem;
-        if (size < head.m_iSize)
+        if (present < head.m_iSize)
             walk.end = KtlWalkEnd::CutItem;
     }
     return walk;
+}
+
+KtlWalk walkItems(const std::vector<unsigned char>& file)
+{
+    return walkItems(file.data(), file.size());
+}
+
+bool KtlHeads::goOn(const std::vector<unsigned char>& file)
+{
+    while (file.size() - std::min(m_next, file.size()) >= sizeof(KtlItemHead)) {
+        const auto head = ItemBytes(file.data() + m_next, sizeof(KtlItemHead)).at<KtlItemHead>(0);
+        if (isImpossible(head))
+            return false;
+        m_next += head.m_iSize;
+    }
+    return true;
 }
 
 KtlItemParts partsOf(const KtlItemLayout& layout, const ItemBytes& item)

@@ -2,6 +2,7 @@
 // the reader it has no limit on the number of items, and tells what is wrong with a file.
 #pragma once
 
+#include "ktl/ktlFormat.h"
 #include "ktl/ktlLayout.h"
 
 #include <cstddef>
@@ -35,9 +36,25 @@ struct KtlWalk
     std::size_t offset = 0; ///< where they end; that of the head for `CutHead` and `ImpossibleHead`
 };
 
+/// Whether nothing tells where the next item is: a head with a size below 8, or a negative size or type.
+[[nodiscard]] bool isImpossible(const KtlItemHead& head);
+
 /// Walks from item to item. A file without bytes ends in a head that is cut.
 /// @param file  has to outlive the result
 [[nodiscard]] KtlWalk walkItems(const std::vector<unsigned char>& file);
+[[nodiscard]] KtlWalk walkItems(const unsigned char* bytes, std::size_t size); ///< as above
+
+/// Follows the heads of a file that is still being read, so that nobody reads on behind one that makes no sense.
+class KtlHeads
+{
+public:
+    /// @param file  what is there by now, from the start of the file
+    /// @return  false at an impossible head
+    [[nodiscard]] bool goOn(const std::vector<unsigned char>& file);
+
+private:
+    std::size_t m_next = 0; ///< place of the next head, behind what is there where an item is not there whole
+};
 
 /// Where the parts of an item lie, as far as its bytes are there: offsets in the item, each the end of one part and the
 /// start of the next. A field or record that is there in part only belongs to the rest, which goes up to the end.

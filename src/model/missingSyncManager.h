@@ -13,14 +13,22 @@
 class MissingSyncManager : public std::out_of_range
 {
 public:
-    MissingSyncManager(const std::out_of_range& error, std::uint16_t pdoIndex, std::string pdoName)
+    /// @param number   the sync manager that the PDO names
+    /// @param present  how many the device has
+    MissingSyncManager(const std::out_of_range& error, std::uint16_t pdoIndex, std::string pdoName, int number,
+                       std::size_t present)
         : std::out_of_range(error)
         , m_pdoIndex(pdoIndex)
         , m_pdoName(std::move(pdoName))
+        , m_number(number)
+        , m_present(present)
     {}
 
     [[nodiscard]] std::uint16_t pdoIndex() const noexcept { return m_pdoIndex; }
     [[nodiscard]] const std::string& pdoName() const noexcept { return m_pdoName; }
+
+    [[nodiscard]] int number() const noexcept { return m_number; }
+    [[nodiscard]] std::size_t present() const noexcept { return m_present; }
 
     /// Name of the device; empty where the error was raised outside `onDevice`.
     [[nodiscard]] const std::string& device() const noexcept { return m_device; }
@@ -29,6 +37,8 @@ public:
 private:
     std::uint16_t m_pdoIndex;
     std::string m_pdoName;
+    int m_number;
+    std::size_t m_present;
     std::string m_device;
 };
 
@@ -41,7 +51,7 @@ template<typename SyncManagers, typename Pdo>
     try {
         return syncManagers.at(position);
     } catch (const std::out_of_range& error) {
-        throw MissingSyncManager(error, indexOf(pdo), pdo.Name);
+        throw MissingSyncManager(error, indexOf(pdo), pdo.Name, pdo.Attributes.SM, syncManagers.size());
     }
 }
 

@@ -114,8 +114,8 @@ void tst_DumpCommand::manyItems()
     QCOMPARE(full.errors, QByteArray());
     const CommandRun more = runKtl({"dump", "more.ktl"}, place.folder());
     QCOMPARE(more.output, full.output);
-    QCOMPARE(more.errors,
-             QByteArray("more.ktl: warning: the file has 2001 items, of which a dump shows the first 2000\n"));
+    QCOMPARE(more.errors, QByteArray("more.ktl: warning: the file has 2001 items, of which a dump shows the first 2000 "
+                                     "[item-count]\n"));
     QCOMPARE(more.exitCode, 0);
 }
 
@@ -134,8 +134,8 @@ void tst_DumpCommand::closedStreams()
     QCOMPARE(dump(QStringLiteral("2>&-")).output, dump(QString()).output);
     for (const char* redirection : {">&-", "<&- >&-"}) {
         const CommandRun run = dump(QString::fromLatin1(redirection));
-        QCOMPARE(run.errors, QByteArray("ktl: error: standard output cannot be written\n"));
-        QCOMPARE(run.exitCode, 2);
+        QCOMPARE(run.errors, QByteArray("ktl: error: standard output cannot be written: Bad file descriptor\n"));
+        QCOMPARE(run.exitCode, 3);
     }
 }
 

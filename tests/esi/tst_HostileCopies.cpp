@@ -38,7 +38,7 @@ namespace {
 const QByteArray mailbox = "<Mailbox><CoE PdoAssign='1' PdoConfig='1'/></Mailbox>";
 const QByteArray entry = "<Entry><Index>#x7000</Index><BitLen>8</BitLen></Entry>";
 const QByteArray modularProfile = "<Profile><ProfileNo>5002</ProfileNo></Profile>";
-const QString tooMany = QStringLiteral("the PDOs and modules of the file stand for more than 1073741824 bytes");
+const QString tooMany = QStringLiteral("the PDOs and modules of the file stand for more than 268435456 bytes");
 
 /// A PDO of both directions with this content that stands for some samples.
 QByteArray oversampled(int samples, const QByteArray& content)
@@ -112,14 +112,14 @@ void tst_HostileCopies::tooManyCopies()
 void tst_HostileCopies::manyCopies_data()
 {
     QTest::addColumn<QByteArray>("content");
-    const int samples = sized(65000);
+    const int samples = sized(16000);
     QTest::addRow("samples with entries") << inDevice(mailbox + oversampled(samples, entry.repeated(8)));
     QTest::addRow("samples of some PDOs") << inDevice(mailbox + oversampled(samples, {}).repeated(5));
-    QTest::addRow("modules with entries") << withModules(sized(9000), "<RxPdo>" + entry.repeated(100) + "</RxPdo>");
-    QTest::addRow("modules with a dictionary") << withModules(sized(2200), dictionary(500));
+    QTest::addRow("modules with entries") << withModules(sized(2200), "<RxPdo>" + entry.repeated(100) + "</RxPdo>");
+    QTest::addRow("modules with a dictionary") << withModules(sized(550), dictionary(500));
     QTest::addRow("sync managers with the same number")
         << inDevice(mailbox + QByteArray("<Sm>Outputs</Sm>").repeated(sized(30000))
-                    + QByteArray("<RxPdo Sm='0'/>").repeated(sized(15000)));
+                    + QByteArray("<RxPdo Sm='0'/>").repeated(sized(3700)));
     QTest::addRow("a range without end, which is not copied")
         << inDevice(mailbox + oversampled(65535, entry.repeated(5000)));
 }

@@ -46,7 +46,11 @@ const QByteArray endItem = itemOf(0, le32(0));
 std::vector<KtlDeviceBlock> blocksOf(const QByteArray& content)
 {
     const std::vector<unsigned char> file(content.begin(), content.end());
-    return deviceBlocksOf(walkItems(file));
+    const KtlWalk walk = walkItems(file);
+    std::vector<KtlDeviceBlock> blocks;
+    for (const KtlBlockPlace& place : blockPlacesOf(walk))
+        blocks.push_back(deviceBlockAt(walk, place));
+    return blocks;
 }
 
 /// "bytes" of a complete access, or a minus sign for another command.

@@ -72,8 +72,7 @@ public:
             changes.haveMovedRows = changes.haveMovedRows || isChanged;
         } catch (const std::out_of_range& error) {
             m_problems.add(ProblemCode::SyncManager, m_choices.path,
-                           shownName(QString::fromStdString(m_file.xmlfilepath)) + QStringLiteral(": ")
-                               + rangeErrorText(error));
+                           shownName(inputPathOf(m_file)) + QStringLiteral(": ") + rangeErrorText(error));
             return;
         }
         chooseRows(changes.haveMovedRows);

@@ -87,7 +87,7 @@ void warnOfModuleLists(const std::vector<DevicePosition>& couplers, const std::v
 {
     for (const DevicePosition& position : couplers)
         messages.warning(
-            QString::fromStdString(files[position.first].xmlfilepath), WarningCode::ModuleList,
+            inputPathOf(files[position.first]), WarningCode::ModuleList,
             QStringLiteral("%1: its list of modules (object 0xF030) can be written, the type %2 is advised")
                 .arg(selectors.labelOf(position), deviceTypeName(KTL_DEVICE_TYPE_PnpIOBlock)));
 }

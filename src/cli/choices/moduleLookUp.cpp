@@ -1,6 +1,7 @@
 #include "cli/choices/moduleLookUp.h"
 
 #include "cli/deviceLabel.h"
+#include "cli/inputFile.h"
 #include "esi/xmlCharConversion.h"
 
 #include <QFileInfo>
@@ -29,7 +30,7 @@ QString moduleLabel(const struct_module& module)
 }
 
 ModuleLookUp::ModuleLookUp(struct_FilenameDevice& file)
-    : m_fileName(QFileInfo(QString::fromStdString(file.xmlfilepath)).fileName())
+    : m_fileName(QFileInfo(inputPathOf(file)).fileName())
 {
     for (struct_commentmodule& group : file.vcommentmodule)
         for (struct_module& module : group.vmodule) {

@@ -1,35 +1,49 @@
 #include "cli/show/exportCounts.h"
 
+#include "cli/cStreams.h"
 #include "ktl/ktlExport.h"
 #include "ktl/ktlItemWalk.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <utility>
-#include <vector>
 
 namespace {
 
-/// Writes the block that a device's export has of one module.
-/// @param module  in between it stands in a file of its own; its dictionary can be too big for a copy
-/// @return        number of bytes
-std::size_t writeBlock(std::FILE* out, struct_EtherCatDevice& device, struct_module& module)
+/// Lets a module stand in a file of its own as long as it lives: its dictionary can be too big for a copy.
+class FileOfOne
 {
-    struct_FilenameDevice file;
-    file.vcommentmodule.resize(1);
-    file.vcommentmodule.front().vmodule.resize(1);
-    struct_module& onlyOne = file.vcommentmodule.front().vmodule.front();
-    const long begin = std::ftell(out);
-    std::swap(onlyOne, module);
-    KTL_write_device_Module(out, &device, &file);
-    std::swap(onlyOne, module);
-    return static_cast<std::size_t>(std::ftell(out) - begin);
-}
+public:
+    explicit FileOfOne(struct_module& module)
+        : m_module(module)
+    {
+        m_file.vcommentmodule.resize(1);
+        m_file.vcommentmodule.front().vmodule.resize(1);
+        std::swap(onlyOne(), m_module);
+    }
+    ~FileOfOne() { std::swap(onlyOne(), m_module); }
+    FileOfOne(const FileOfOne&) = delete;
+    FileOfOne& operator=(const FileOfOne&) = delete;
+    FileOfOne(FileOfOne&&) = delete;
+    FileOfOne& operator=(FileOfOne&&) = delete;
 
-/// The startup commands are the last item of a block, and the only one whose size does not come from its records.
-bool isAsAnnounced(const std::vector<unsigned char>& block)
+    [[nodiscard]] struct_FilenameDevice& file() { return m_file; }
+
+private:
+    struct_module& onlyOne() { return m_file.vcommentmodule.front().vmodule.front(); }
+
+    struct_module& m_module;
+    struct_FilenameDevice m_file;
+};
+
+/// Whether the block that a device's export has of one module is as long as it announces. The startup commands are the
+/// last item of a block, and the only one whose size does not come from its records.
+bool isAsAnnounced(struct_EtherCatDevice& device, struct_module& module)
 {
-    const KtlWalk walk = walkItems(block);
+    MemoryFile block;
+    FileOfOne onlyOne(module);
+    KTL_write_device_Module(block.stream(), &device, &onlyOne.file());
+    block.finish();
+    const KtlWalk walk = walkItems(block.data(), block.size());
     const auto startup = std::find_if(walk.items.begin(), walk.items.end(), [](const KtlFileItem& item) {
         return item.type == KTL_ITEM_ModuleCoEInitCmdType;
     });
@@ -38,23 +52,13 @@ bool isAsAnnounced(const std::vector<unsigned char>& block)
 
 } // namespace
 
-const struct_module* firstMiscountedModule(struct_EtherCatDevice& device, struct_FilenameDevice& file,
-                                           std::FILE* scratch)
+const struct_module* firstMiscountedModule(struct_EtherCatDevice& device, struct_FilenameDevice& file)
 {
     if (!hasModuleBlocks(device.m_iDeviceType))
         return nullptr;
-    std::vector<std::size_t> sizes;
     for (struct_commentmodule& group : file.vcommentmodule)
         for (struct_module& module : group.vmodule)
-            sizes.push_back(writeBlock(scratch, device, module));
-    std::rewind(scratch);
-    auto size = sizes.begin();
-    for (const struct_commentmodule& group : file.vcommentmodule)
-        for (const struct_module& module : group.vmodule) {
-            std::vector<unsigned char> block(*size++);
-            block.resize(std::fread(block.data(), 1, block.size(), scratch));
-            if (!isAsAnnounced(block))
+            if (!isAsAnnounced(device, module))
                 return &module;
-        }
     return nullptr;
 }

@@ -63,13 +63,16 @@ CsvWriter::CsvWriter(std::ostream& out, CsvForm form)
 
 void CsvWriter::writeRow(const std::vector<std::string>& fields)
 {
+    std::string row; // made before it is written: a row is whole, also the last one where memory ends
     const char* separator = "";
     for (const std::string& field : fields) {
         QString text = withoutUnsafe(QString::fromStdString(field));
         if (m_form == CsvForm::Spreadsheet && readsAsFormula(text))
             text.prepend(QLatin1Char('\''));
-        m_out << separator << (needsQuotes(text) ? quoted(text) : text).toStdString();
+        row += separator;
+        row += (needsQuotes(text) ? quoted(text) : text).toStdString();
         separator = ",";
     }
-    m_out << "\r\n";
+    row += "\r\n";
+    m_out << row;
 }

@@ -1,5 +1,6 @@
 #include "cli/show/showSource.h"
 
+#include "cli/cStreams.h"
 #include "cli/inputFile.h"
 #include "cli/ktlInput.h"
 #include "cli/show/exportCounts.h"
@@ -11,177 +12,122 @@
 #include <QDateTime>
 #include <QFile>
 
-#include <array>
-#include <cstdio>
+#include <new>
+#include <stdexcept>
 
 namespace {
 
-enum class FileKind
+bool readKtlFile(ShownFile& file, QFile& input, Messages& messages)
 {
-    Esi,
-    Ktl,
-    Neither
-};
-
-/// Whether text begins with "<" behind blanks, a byte order mark, and the zeros of wider characters.
-bool beginsAsXml(std::FILE* stream)
-{
-    constexpr std::array markBytes{0xEF, 0xBB, 0xBF, 0xFE, 0xFF};
-    std::rewind(stream);
-    int zeros = 0;
-    for (int byte = std::fgetc(stream); byte != EOF; byte = std::fgetc(stream)) {
-        const bool isMark = std::find(markBytes.begin(), markBytes.end(), byte) != markBytes.end();
-        zeros = byte == 0 ? zeros + 1 : 0;
-        if (byte == '<')
-            return true;
-        if (!isMark && byte != ' ' && byte != '\t' && byte != '\r' && byte != '\n' && (byte != 0 || zeros > 3))
-            return false;
-    }
-    return false;
-}
-
-/// Whether a first item is of the format, also of a version that has more items than this one.
-bool beginsAsKtl(std::FILE* stream)
-{
-    constexpr std::uint32_t firstCode = 40000;
-    constexpr std::uint32_t lastCode = 40999;
-    std::rewind(stream);
-    std::uint32_t type = 0;
-    return std::fread(&type, 1, sizeof type, stream) == sizeof type
-           && (isKnownItem(type) || (type >= firstCode && type <= lastCode));
-}
-
-FileKind kindOf(std::FILE* stream)
-{
-    const bool isKtl = beginsAsKtl(stream);
-    const bool isXml = !isKtl && beginsAsXml(stream);
-    std::rewind(stream);
-    if (isKtl)
-        return FileKind::Ktl;
-    return isXml ? FileKind::Esi : FileKind::Neither;
-}
-
-ShownFile ktlFile(const QString& path, std::FILE* stream, Messages& messages)
-{
-    ShownFile file;
-    file.path = path;
-    file.bytes = bytesOf(stream);
+    std::optional<std::vector<unsigned char>> bytes = readKtl(input, file.path, messages);
+    if (!bytes.has_value())
+        return false;
+    file.bytes = std::move(*bytes);
     file.walk = walkItems(file.bytes);
     file.isComplete = file.walk.end == KtlWalkEnd::Whole;
-    for (KtlDeviceBlock& block : deviceBlocksOf(file.walk)) {
-        StartupSources sources = startupSourcesOf(block);
-        file.devices.push_back({std::move(block), std::move(sources), true});
-    }
+    const std::vector<KtlBlockPlace> places = blockPlacesOf(file.walk);
+    file.devices = {places.size(), [&walk = file.walk, places](std::size_t index) {
+                        KtlDeviceBlock block = deviceBlockAt(walk, places[index]);
+                        StartupSources sources = startupSourcesOf(block);
+                        return ShownDevice{std::move(block), std::move(sources), true};
+                    }};
     if (const QString problem = problemAtEnd(file.walk); !problem.isEmpty())
-        messages.error(path, problem);
-    return file;
+        messages.error(file.path, problem);
+    return true;
 }
 
-// ---- Exports ----
-
-/// What an export writes of one device of the loaded file.
-struct Exported
+/// The devices of the loaded file as a reader finds them in an export of it. What is wrong with one is told once.
+class ExportedDevices
 {
-    std::vector<unsigned char> bytes; ///< as much as it wrote if it failed
-    bool isWhole = false; ///< whether it came to its end
+public:
+    ExportedDevices(ShownFile& file, Messages& messages)
+        : m_file(&file)
+        , m_messages(&messages)
+        , m_isTold(loaded().device.size(), false)
+    {}
+
+    ShownDevice operator()(std::size_t index)
+    {
+        struct_EtherCatDevice& device = loaded().device[index];
+        const bool isFirstTime = !m_isTold[index];
+        m_isTold[index] = true;
+        MemoryFile written;
+        if (writeItems(written.stream(), device, isFirstTime) && isFirstTime)
+            tellWhatIsLost(device);
+        written.finish();
+        const KtlWalk walk = walkItems(written.data(), written.size());
+        const std::vector<KtlBlockPlace> places = blockPlacesOf(walk);
+        return {places.empty() ? KtlDeviceBlock() : deviceBlockAt(walk, places.front()), startupSourcesOf(device),
+                false};
+    }
+
+private:
+    static struct_FilenameDevice& loaded() { return g_xmlfiledevices.back(); }
+
+    /// @return  whether it came to its end
+    bool writeItems(std::FILE* out, struct_EtherCatDevice& device, bool tells)
+    {
+        const QDateTime anyTime(QDate(1970, 1, 1), QTime(0, 0)); // it is not shown: this is no export
+        try {
+            if (writeDevice(out, device, loaded(), anyTime) <= 0)
+                throw std::bad_alloc(); // memory is all that can be short
+            return true;
+        } catch (const std::out_of_range& error) {
+            if (tells)
+                m_messages->error(m_file->path, rangeErrorText(error));
+            m_file->isComplete = false;
+            return false;
+        }
+    }
+
+    /// Warns of a device whose export cannot be read in full.
+    void tellWhatIsLost(struct_EtherCatDevice& device)
+    {
+        if (const struct_module* const module = firstMiscountedModule(device, loaded()))
+            m_messages->warning(m_file->path, WarningCode::ModuleCommands,
+                                QStringLiteral("device \"%1\": in an export, module %2 does not have as many startup "
+                                               "commands as it announces; the items behind them cannot be found")
+                                    .arg(QString::fromStdString(device.Name),
+                                         QString::fromStdString(hexText(module->TypeAttributes.ModuleIdent))));
+    }
+
+    ShownFile* m_file;
+    Messages* m_messages;
+    std::vector<bool> m_isTold; ///< of each device
 };
 
-void tellNoRoom(ShownFile& file, Messages& messages)
+bool readEsiFile(ShownFile& file, QFile& input, Messages& messages)
 {
-    messages.error(file.path, QStringLiteral("there is no room for a temporary file"));
-    file.isComplete = false;
-}
-
-Exported exportOf(std::size_t device, ShownFile& file, Messages& messages)
-{
-    const FileHandle stream(std::tmpfile());
-    if (stream == nullptr) {
-        tellNoRoom(file, messages);
-        return {};
-    }
-    const auto isThisOne = [device](std::size_t /*file*/, std::size_t candidate) { return candidate == device; };
-    const QDateTime anyTime(QDate(1970, 1, 1), QTime(0, 0)); // it is not shown: this is no export
-    int errorCode = 0;
-    Exported written;
-    try {
-        written.isWhole = writeDevices(stream.get(), g_xmlfiledevices, isThisOne, &errorCode, anyTime)
-                          && std::fflush(stream.get()) == 0;
-        if (!written.isWhole)
-            tellNoRoom(file, messages);
-    } catch (const std::out_of_range& error) {
-        messages.error(file.path, rangeErrorText(error));
-        file.isComplete = false;
-    }
-    std::rewind(stream.get());
-    written.bytes = bytesOf(stream.get());
-    return written;
-}
-
-/// Warns of a device whose export cannot be read in full.
-void tellWhatIsLost(struct_EtherCatDevice& device, ShownFile& file, Messages& messages)
-{
-    const FileHandle scratch(std::tmpfile());
-    if (scratch == nullptr) {
-        tellNoRoom(file, messages);
-        return;
-    }
-    const struct_module* const module = firstMiscountedModule(device, g_xmlfiledevices.back(), scratch.get());
-    if (std::ferror(scratch.get()) != 0)
-        tellNoRoom(file, messages);
-    else if (module != nullptr)
-        messages.warning(file.path, WarningCode::ModuleCommands,
-                         QStringLiteral("device \"%1\": in an export, module %2 does not have as many startup commands "
-                                        "as it announces; the items behind them cannot be found")
-                             .arg(QString::fromStdString(device.Name),
-                                  QString::fromStdString(hexText(module->TypeAttributes.ModuleIdent))));
-}
-
-/// A device as a reader finds it in an export.
-ShownDevice exportedDevice(std::size_t device, ShownFile& file, Messages& messages)
-{
-    struct_EtherCatDevice& loaded = g_xmlfiledevices.back().device[device];
-    const Exported written = exportOf(device, file, messages);
-    if (written.isWhole)
-        tellWhatIsLost(loaded, file, messages);
-    std::vector<KtlDeviceBlock> blocks = deviceBlocksOf(walkItems(written.bytes));
-    blocks.resize(1);
-    return {std::move(blocks.front()), startupSourcesOf(loaded), false};
-}
-
-std::optional<ShownFile> esiFile(const QString& path, std::FILE* stream, Messages& messages)
-{
-    g_xmlfiledevices.clear();
-    QFile input;
-    if (!input.open(stream, QIODevice::ReadOnly)) {
-        messages.error(path, QStringLiteral("the file cannot be read: ") + input.errorString());
-        return std::nullopt;
-    }
-    if (!loadOpenEsi(input, path, messages))
-        return std::nullopt;
-    ShownFile file;
-    file.path = path;
+    if (!loadOpenEsi(input, file.path, messages))
+        return false;
     file.isEsi = true;
-    file.isComplete = true;
-    for (std::size_t device = 0; device < g_xmlfiledevices.back().device.size(); ++device)
-        file.devices.push_back(exportedDevice(device, file, messages));
-    return file;
+    file.devices = {g_xmlfiledevices.back().device.size(), ExportedDevices(file, messages)};
+    return true;
 }
 
 } // namespace
 
-std::optional<ShownFile> openShownFile(const QString& path, Messages& messages)
+std::unique_ptr<const ShownFile> openShownFile(const QString& path, Messages& messages)
 {
-    const FileHandle stream = openSeekable(path, messages);
-    if (stream == nullptr)
-        return std::nullopt;
-    switch (kindOf(stream.get())) {
-    case FileKind::Esi:
-        return esiFile(path, stream.get(), messages);
-    case FileKind::Ktl:
-        return ktlFile(path, stream.get(), messages);
-    case FileKind::Neither:
-        break;
-    }
-    messages.error(path, QStringLiteral("this is neither an ESI file nor a KTL file"));
-    return std::nullopt;
+    g_xmlfiledevices.clear();
+    QFile input;
+    if (!openInput(input, path, messages))
+        return nullptr;
+    const std::optional<InputKind> kind = kindOfInput(input, path, messages);
+    if (!kind.has_value())
+        return nullptr;
+    auto file = std::make_unique<ShownFile>();
+    file->path = path;
+    if (kind == InputKind::Esi && readEsiFile(*file, input, messages))
+        return file;
+    if (kind == InputKind::Ktl && readKtlFile(*file, input, messages))
+        return file;
+    if (kind == InputKind::Neither)
+        messages.error(path, QStringLiteral("this is neither an ESI file nor a KTL file"));
+    return nullptr;
+}
+
+std::string shownFileName(const ShownFile& file)
+{
+    return QFile::encodeName(shownName(file.path)).toStdString();
 }

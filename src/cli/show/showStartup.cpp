@@ -78,9 +78,9 @@ ShowValue valuesOf(const ShownCommand& command)
     return listOf(std::move(values));
 }
 
-ShowValue optionalText(const std::optional<std::string>& words)
+ShowValue optionalText(const std::optional<std::string_view>& words)
 {
-    return words ? text(*words) : ShowValue();
+    return words ? text(std::string(*words)) : ShowValue();
 }
 
 ShowValue sourceOf(const StartupSource& source)

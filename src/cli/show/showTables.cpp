@@ -70,8 +70,7 @@ template<typename Visitor> void forEachDevice(const ShownFile& file, Visitor vis
     for (std::size_t index = 0; index < file.devices.size(); ++index) {
         const std::string name =
             file.isEsi ? g_xmlfiledevices.back().device[index].Name : nameOf(file.devices[index].block);
-        visit(Place{shownName(file.path).toStdString(), numeral(index + 1), name, "device"}, file.devices[index],
-              index);
+        visit(Place{shownFileName(file), numeral(index + 1), name, "device"}, file.devices[index], index);
     }
 }
 
@@ -82,8 +81,7 @@ template<typename Visitor> void forEachModule(const ShownFile& file, Visitor vis
         return;
     for (const struct_commentmodule& group : g_xmlfiledevices.back().vcommentmodule)
         for (const struct_module& module : group.vmodule)
-            visit(module,
-                  Place{shownName(file.path).toStdString(), {}, {}, moduleOwner(module.TypeAttributes.ModuleIdent)});
+            visit(module, Place{shownFileName(file), {}, {}, moduleOwner(module.TypeAttributes.ModuleIdent)});
 }
 
 // ---- dictionary ----
@@ -265,8 +263,9 @@ void writeDeviceCommands(CsvWriter& out, const Place& place, const ShownDevice& 
             rowOf(place, {numeral(command.position), command.isEoe ? "EoE" : "CoE", transitionText(record.Transition),
                           hexText(record.Index), numeral(unsigned{record.SubIndex}), yesOrNo(record.bIfCA != 0),
                           numeral(unsigned{record.DataBytes}), numberText(record), valuesText(command),
-                          meaningOf(command), command.source->origin, command.source->comment.value_or(std::string()),
-                          command.source->text.value_or(std::string()), numeral(command.source->choiceRow)}));
+                          meaningOf(command), command.source->origin,
+                          std::string(command.source->comment.value_or("")),
+                          std::string(command.source->text.value_or("")), numeral(command.source->choiceRow)}));
     }
 }
 

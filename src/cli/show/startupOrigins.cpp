@@ -4,6 +4,7 @@
 #include "esi/derivation/startupCommands.h"
 
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -30,31 +31,58 @@ struct GeneratedCounts
     std::size_t moduleCoe = 0;
 };
 
-/// A device with what startup commands are generated from, and without commands.
-struct_EtherCatDevice withoutCommands(const struct_EtherCatDevice& device)
+/// A device with what startup commands are generated from, and without commands. It borrows the PDOs of the other
+/// device as long as it lives: they can be too big for a copy.
+class DeviceWithoutCommands
 {
-    struct_EtherCatDevice bare;
-    bare.Mailbox.COE.Attributes = device.Mailbox.COE.Attributes;
-    bare.Mailbox.EOE.Attributes = device.Mailbox.EOE.Attributes;
-    bare.vSM = device.vSM;
-    bare.RxPdo = device.RxPdo;
-    bare.TxPdo = device.TxPdo;
-    bare.mRxPdo = device.mRxPdo;
-    bare.mTxPdo = device.mTxPdo;
-    return bare;
-}
+public:
+    explicit DeviceWithoutCommands(struct_EtherCatDevice& lender)
+        : m_lender(lender)
+    {
+        m_bare.Mailbox.COE.Attributes = lender.Mailbox.COE.Attributes;
+        m_bare.Mailbox.EOE.Attributes = lender.Mailbox.EOE.Attributes;
+        m_bare.vSM = lender.vSM;
+        swapPdos();
+    }
+    ~DeviceWithoutCommands() { swapPdos(); }
+    DeviceWithoutCommands(const DeviceWithoutCommands&) = delete;
+    DeviceWithoutCommands& operator=(const DeviceWithoutCommands&) = delete;
+    DeviceWithoutCommands(DeviceWithoutCommands&&) = delete;
+    DeviceWithoutCommands& operator=(DeviceWithoutCommands&&) = delete;
 
-GeneratedCounts generatedFor(struct_EtherCatDevice bare)
-{
-    appendDeviceStartup(bare);
-    appendModuleStartup(bare, atLoadTime);
-    return {bare.Mailbox.COE.InitCmd.vinitcmd.size(), bare.Mailbox.EOE.InitCmd.vinitcmd.size(),
-            bare.mMailbox.COE.vinitcmd.size()};
-}
+    /// @param mapsPdos  whether commands that map PDOs count
+    [[nodiscard]] GeneratedCounts generatedCounts(bool mapsPdos)
+    {
+        CoeAttributes& coe = m_bare.Mailbox.COE.Attributes;
+        coe.PdoConfig = mapsPdos && m_lender.Mailbox.COE.Attributes.PdoConfig;
+        appendDeviceStartup(m_bare);
+        appendModuleStartup(m_bare, atLoadTime);
+        return {taken(m_bare.Mailbox.COE.InitCmd.vinitcmd), taken(m_bare.Mailbox.EOE.InitCmd.vinitcmd),
+                taken(m_bare.mMailbox.COE.vinitcmd)};
+    }
+
+private:
+    /// Number of commands of a list, which is empty afterwards.
+    template<typename Command> static std::size_t taken(std::vector<Command>& commands)
+    {
+        return std::exchange(commands, {}).size();
+    }
+
+    void swapPdos() noexcept
+    {
+        m_bare.RxPdo.vpdo.swap(m_lender.RxPdo.vpdo);
+        m_bare.TxPdo.vpdo.swap(m_lender.TxPdo.vpdo);
+        m_bare.mRxPdo.mpdo.swap(m_lender.mRxPdo.mpdo);
+        m_bare.mTxPdo.mpdo.swap(m_lender.mTxPdo.mpdo);
+    }
+
+    struct_EtherCatDevice& m_lender;
+    struct_EtherCatDevice m_bare;
+};
 
 template<typename Command> StartupSource sourceOf(const Command& command, const char* origin)
 {
-    return {origin, command.Comment, command.strData, std::nullopt};
+    return {origin, std::string_view(command.Comment), std::string_view(command.strData), std::nullopt};
 }
 
 /// What the commands of one list come from, one part of the list behind the other.
@@ -110,12 +138,11 @@ bool isMappingObject(std::uint16_t index)
     return mappingObjects.front().holds(index) || mappingObjects.back().holds(index);
 }
 
-StartupSources startupSourcesOf(const struct_EtherCatDevice& device)
+StartupSources startupSourcesOf(struct_EtherCatDevice& device)
 {
-    struct_EtherCatDevice bare = withoutCommands(device);
-    const GeneratedCounts all = generatedFor(bare);
-    bare.Mailbox.COE.Attributes.PdoConfig = false;
-    const GeneratedCounts assigning = generatedFor(std::move(bare));
+    DeviceWithoutCommands bare(device);
+    const GeneratedCounts all = bare.generatedCounts(true);
+    const GeneratedCounts assigning = bare.generatedCounts(false);
     const std::vector<struct_InitCmd>& deviceCoe = device.Mailbox.COE.InitCmd.vinitcmd;
     const std::vector<struct_InitCmd>& deviceEoe = device.Mailbox.EOE.InitCmd.vinitcmd;
     const std::vector<struct_moduleInitCmd>& moduleCoe = device.mMailbox.COE.vinitcmd;

@@ -7,15 +7,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string>
+#include <string_view>
 #include <vector>
 
 /// Where a startup command comes from, and what a KTL file has no place for.
 struct StartupSource
 {
-    std::string origin; ///< "ESI", "module", "PDO mapping", "PDO assignment", "EoE" or "unknown"
-    std::optional<std::string> comment; ///< nothing for a command of a KTL file
-    std::optional<std::string> text; ///< its data as the window shows it; nothing for a command of a KTL file
+    const char* origin; ///< "ESI", "module", "PDO mapping", "PDO assignment", "EoE" or "unknown"
+    std::optional<std::string_view> comment; ///< in the command itself; nothing for a command of a KTL file
+    std::optional<std::string_view> text; ///< its data as the window shows it; as the comment
     std::optional<std::int64_t> choiceRow; ///< its row in choices files; nothing where they cannot name it
 };
 
@@ -28,7 +28,8 @@ struct StartupSources
 
 /// Sources of a device as it was loaded from an ESI file. They are exact: the generated commands stand behind the
 /// declared ones in their lists, and generating them again tells how many there are.
-[[nodiscard]] StartupSources startupSourcesOf(const struct_EtherCatDevice& device);
+/// @param device  not changed when this returns; has to outlive the result
+[[nodiscard]] StartupSources startupSourcesOf(struct_EtherCatDevice& device);
 
 /// Sources of a device of a KTL file, which does not carry them. A CoE command of the transition PS whose object is an
 /// assign object (0x1C10 to 0x1C2F) or a mapping object (0x1600 to 0x17FF, 0x1A00 to 0x1BFF) is taken for a generated
