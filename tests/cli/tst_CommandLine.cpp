@@ -162,7 +162,7 @@ void tst_CommandLine::standardOutputIsFull()
     start.program = QStringLiteral("sh");
     const CommandRun run = runKtl({"-c", QStringLiteral("exec \"$0\" --help > /dev/full"), KTL_PROGRAM}, start);
     QCOMPARE(run.exitCode, 3);
-    QCOMPARE(run.errors, QByteArray("ktl: error: standard output cannot be written\n"));
+    QCOMPARE(run.errors, QByteArray("ktl: error: standard output cannot be written: No space left on device\n"));
 }
 
 QTEST_GUILESS_MAIN(tst_CommandLine)
