@@ -35,7 +35,7 @@ WarningText textOf(ExportWarning warning, const struct_EtherCatDevice& device)
     }
     return {WarningCode::StartupCommands,
             QStringLiteral("%1 startup commands, more than %2 need firmware later than 20240929")
-                .arg(startupTotal(device))
+                .arg(device.Mailbox.COE.InitCmd.vinitcmd.size() + device.mMailbox.COE.vinitcmd.size())
                 .arg(maxStartupCommands)};
 }
 

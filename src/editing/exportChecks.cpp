@@ -28,6 +28,14 @@ std::optional<ExportWarning> incrementWarning(const DeviceSlots& deviceSlots)
     return std::nullopt;
 }
 
+/// ODD, KEPT: the device's own commands count with the low 8 bits of their number, so 256 of them count as none, while
+/// those of modules all count. One would expect all commands of both lists. Pinned by
+/// tst_ExportChecks::startupCommands.
+std::size_t startupTotal(const struct_EtherCatDevice& device)
+{
+    return static_cast<std::uint8_t>(device.Mailbox.COE.InitCmd.vinitcmd.size()) + device.mMailbox.COE.vinitcmd.size();
+}
+
 /// The words of the window for a warning, with %1 for the name of the device.
 const char* wordsOf(ExportWarning warning)
 {
@@ -56,14 +64,6 @@ QString fileStem(const QString& path)
 }
 
 } // namespace
-
-/// ODD, KEPT: the device's own commands count with the low 8 bits of their number, so 256 of them count as none, while
-/// those of modules all count. One would expect all commands of both lists. Pinned by
-/// tst_ExportChecks::startupCommands.
-std::size_t startupTotal(const struct_EtherCatDevice& device)
-{
-    return static_cast<std::uint8_t>(device.Mailbox.COE.InitCmd.vinitcmd.size()) + device.mMailbox.COE.vinitcmd.size();
-}
 
 std::vector<ExportWarning> exportWarningsOf(const struct_EtherCatDevice& device)
 {

@@ -28,9 +28,6 @@ constexpr std::size_t maxStartupCommands = 254; ///< of a device, that any firmw
 /// The same in the words of the window.
 [[nodiscard]] QStringList exportWarnings(const struct_EtherCatDevice& device);
 
-/// Number of startup commands that the warning counts.
-[[nodiscard]] std::size_t startupTotal(const struct_EtherCatDevice& device);
-
 /// Proposed name of a KTL file, without extension and at most 20 characters long: the name of the ESI file up to its
 /// first dot, at most 15 characters, then "-" and the vendor id.
 [[nodiscard]] QString proposedKtlName(const struct_FilenameDevice& file);

@@ -64,6 +64,9 @@ void tst_ConvertWarnings::texts_data()
     QTest::addRow("startup commands") << "<Mailbox><CoE>" + command.repeated(255) + "</CoE></Mailbox>"
                                       << QByteArray("255 startup commands, more than 254 need firmware later than "
                                                     "20240929 [startup-commands]");
+    QTest::addRow("more startup commands than a byte counts")
+        << "<Mailbox><CoE>" + command.repeated(511) + "</CoE></Mailbox>"
+        << QByteArray("511 startup commands, more than 254 need firmware later than 20240929 [startup-commands]");
 }
 
 /// On one line, with the device and the code; the files are written all the same.
