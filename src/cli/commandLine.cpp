@@ -90,7 +90,8 @@ QString CommandLine::parserProblem(const QStringList& arguments) const
     const bool wasGivenValue = std::any_of(arguments.begin(), arguments.end(), [&option](const QString& argument) {
         return argument.startsWith(option + QLatin1Char('='));
     });
-    return (wasGivenValue ? QStringLiteral("the option %1 takes no value") : QStringLiteral("the option %1 needs a value"))
+    return (wasGivenValue ? QStringLiteral("the option %1 takes no value")
+                          : QStringLiteral("the option %1 needs a value"))
         .arg(option);
 }
 

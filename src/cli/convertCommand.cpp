@@ -151,8 +151,7 @@ bool hasDevices(const std::vector<struct_FilenameDevice>& files, Messages& messa
     if (std::any_of(files.begin(), files.end(), holdsDevice))
         return true;
     for (const struct_FilenameDevice& file : files)
-        messages.error(inputPathOf(file),
-                       QStringLiteral("the file holds no device, nothing is written"));
+        messages.error(inputPathOf(file), QStringLiteral("the file holds no device, nothing is written"));
     return false;
 }
 

@@ -65,7 +65,7 @@ QString problemOf(const CommandLine& line)
     return {};
 }
 
-const struct_FilenameDevice& loadedEsi()
+struct_FilenameDevice& loadedEsi()
 {
     return g_xmlfiledevices.back();
 }

@@ -194,10 +194,12 @@ void MainWindow::setUpDeleteKeys()
 void MainWindow::setUpRowChoices()
 {
     makeKeysClick(*ui->DeviceTree);
+    makeDragsClick(*ui->DeviceTree);
     QAbstractItemView* const views[] = {ui->PdoListView, ui->mPdoListView, ui->SyncManagerView, ui->ModuleView,
                                         ui->ModuleTree};
     for (QAbstractItemView* view : views) {
         makeKeysClick(*view);
+        makeDragsClick(*view);
         makeOtherButtonsClick(*view);
     }
 }

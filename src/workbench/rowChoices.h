@@ -7,5 +7,8 @@ class QAbstractItemView;
 /// row that the program makes current still has no effect.
 void makeKeysClick(QAbstractItemView& view);
 
+/// Lets a drag of the left button from one row to another do what a click on the last row does.
+void makeDragsClick(QAbstractItemView& view);
+
 /// Lets a press of another button than the left one do what a click on its row does, since it makes the row current.
 void makeOtherButtonsClick(QAbstractItemView& view);

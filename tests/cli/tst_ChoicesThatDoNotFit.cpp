@@ -157,7 +157,8 @@ void tst_ChoicesThatDoNotFit::startupData()
     QFETCH(QString, message);
     const Conversion conversion =
         converted({samplePath("servo-drive")}, choicesOfFirst("\"startup\": {" + members + '}'));
-    QCOMPARE(messagesOf(conversion),
+    // A command of the sample has a value that no export carries; that is warned of in any case.
+    QCOMPARE(messagesOf(conversion).filter(QStringLiteral("error: ")),
              message.isEmpty() ? QStringList() : QStringList{"error: devices[0].startup." + message});
     QCOMPARE(conversion.run.exitCode, message.isEmpty() ? 0 : 2);
 }
@@ -292,7 +293,7 @@ void tst_ChoicesThatDoNotFit::missingSyncManager()
     QCOMPARE(conversion.run.exitCode, 2);
     const QString message = "error: devices[0]: " + path
                             + ": device \"Coupler\": PDO 0x1a00 \"State\" names sync manager 3, which the device "
-                              "does not declare: it has 0";
+                              "does not declare: it has 0 [sync-manager]";
     QCOMPARE(messagesOf(conversion), QStringList{message});
     QCOMPARE(conversion.files, QStringList());
 }

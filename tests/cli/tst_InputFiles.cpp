@@ -154,7 +154,7 @@ void tst_InputFiles::largeTargetOfAppend()
     place.make(QStringLiteral("large.ktl"), endItem);
     QVERIFY(QFile::resize(place.path(QStringLiteral("large.ktl")), 268435457));
     const CommandRun run = runKtl({"convert", sample(), "-o", "large.ktl", "--append"}, place.folder());
-    QCOMPARE(run.errors, QByteArray("large.ktl: error: the file is larger than 268435456 bytes\n"));
+    QCOMPARE(run.errors, QByteArray("large.ktl: error: nothing can be added to a file of more than 268435456 bytes\n"));
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(place.names(), QStringList{"large.ktl"});
     QCOMPARE(QFileInfo(place.path(QStringLiteral("large.ktl"))).size(), 268435457);

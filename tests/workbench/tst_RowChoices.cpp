@@ -25,6 +25,9 @@ private slots:
     void otherCellOfTheRow();
     static void rightButton_data();
     void rightButton();
+    static void drag_data();
+    void drag();
+    void dragInTheDeviceTree();
     static void moduleTreeKey_data();
     void moduleTreeKey();
     static void programHasNoEffect_data();
@@ -267,6 +270,47 @@ void tst_RowChoices::rightButton()
     QTest::mouseClick(moduleTree(window()).viewport(), Qt::RightButton, {},
                       placeOfModule(window(), moduleItem(window(), 0, 0)));
     QCOMPARE(modelOf(view("mPdoListView")).rowCount(), 5);
+}
+
+/// Presses the left button at one place of a view, and releases it at another one.
+static void dragOver(QAbstractItemView& view, const QPoint& from, const QPoint& to)
+{
+    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, from);
+    QMouseEvent move(QEvent::MouseMove, to, view.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(view.viewport(), &move);
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, to);
+    QCoreApplication::processEvents();
+}
+
+void tst_RowChoices::drag_data()
+{
+    addTables(0);
+}
+
+/// What is current after the drag is what is shown.
+void tst_RowChoices::drag()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, shown);
+    showFiveRows();
+    QTableView& rows = openTable(name.toLatin1().constData());
+    clickRow(rows, 2);
+    const auto placeOf = [&rows](int row) { return rows.visualRect(rows.model()->index(row, 0)).center(); };
+    dragOver(rows, placeOf(2), placeOf(0));
+    QCOMPARE(rows.currentIndex().row(), 0);
+    QCOMPARE(shownBy(name), shown);
+}
+
+void tst_RowChoices::dragInTheDeviceTree()
+{
+    showTwoFiles();
+    const auto placeOf = [this](int device) {
+        return deviceTree(window())->visualItemRect(treeItem(window(), 0, device)).center();
+    };
+    dragOver(*deviceTree(window()), placeOf(1), placeOf(2));
+    QCOMPARE(deviceTree(window())->currentItem(), treeItem(window(), 0, 2));
+    QCOMPARE(currentdeviceindex, 2);
+    QCOMPARE(shownType(), QStringLiteral("A3"));
 }
 
 void tst_RowChoices::moduleTreeKey_data()

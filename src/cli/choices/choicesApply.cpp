@@ -33,8 +33,9 @@ std::optional<DevicePosition> deviceOf(const DeviceChoices& choices, const Devic
     const auto [earlier, isNew] = made.chosen.insert({device, &choices});
     if (isNew)
         return device;
-    problems.add(ProblemCode::DeviceTwice, path,
-                 QStringLiteral("%1 is the device of %2 already").arg(shownText(choices.device), earlier->second->path));
+    problems.add(
+        ProblemCode::DeviceTwice, path,
+        QStringLiteral("%1 is the device of %2 already").arg(shownText(choices.device), earlier->second->path));
     return std::nullopt;
 }
 

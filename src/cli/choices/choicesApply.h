@@ -20,5 +20,5 @@ struct MadeChoices
 /// is told, and so are all the others that do not; the files are of no use then.
 /// @param selectors  of these files
 [[nodiscard]] MadeChoices makeChoices(const std::vector<DeviceChoices>& choices,
-                                      std::vector<struct_FilenameDevice>& files,
-                                      const DeviceSelectors& selectors, Problems& problems);
+                                      std::vector<struct_FilenameDevice>& files, const DeviceSelectors& selectors,
+                                      Problems& problems);

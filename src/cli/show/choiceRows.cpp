@@ -8,22 +8,59 @@
 #include <algorithm>
 #include <limits>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
-/// What selecting a device reads and makes again.
-struct_EtherCatDevice withoutDictionary(const struct_EtherCatDevice& device)
+/// A device after it has been selected, made of what that reads. It borrows the PDOs and slots of the other device as
+/// long as it lives: they can be too big for a copy.
+class SelectedDevice
 {
-    struct_EtherCatDevice selected;
-    selected.m_iDeviceType = device.m_iDeviceType;
-    selected.m_iDriveAxies = device.m_iDriveAxies;
-    selected.Mailbox.COE.Attributes = device.Mailbox.COE.Attributes;
-    selected.Slots = device.Slots;
-    selected.vSM = device.vSM;
-    selected.RxPdo = device.RxPdo;
-    selected.TxPdo = device.TxPdo;
-    return selected;
-}
+public:
+    /// @throws std::out_of_range as `renewModuleData`
+    explicit SelectedDevice(struct_EtherCatDevice& lender)
+        : m_loan(lender, m_selected)
+    {
+        m_selected.m_iDeviceType = lender.m_iDeviceType;
+        m_selected.m_iDriveAxies = lender.m_iDriveAxies;
+        m_selected.Mailbox.COE.Attributes = lender.Mailbox.COE.Attributes;
+        m_selected.vSM = lender.vSM;
+        renewModuleData(m_selected);
+    }
+
+    [[nodiscard]] const struct_EtherCatDevice& device() const { return m_selected; }
+
+private:
+    class Loan
+    {
+    public:
+        Loan(struct_EtherCatDevice& lender, struct_EtherCatDevice& borrower)
+            : m_lender(lender)
+            , m_borrower(borrower)
+        {
+            swap();
+        }
+        ~Loan() { swap(); }
+        Loan(const Loan&) = delete;
+        Loan& operator=(const Loan&) = delete;
+        Loan(Loan&&) = delete;
+        Loan& operator=(Loan&&) = delete;
+
+    private:
+        void swap() noexcept
+        {
+            std::swap(m_lender.Slots, m_borrower.Slots);
+            m_lender.RxPdo.vpdo.swap(m_borrower.RxPdo.vpdo);
+            m_lender.TxPdo.vpdo.swap(m_borrower.TxPdo.vpdo);
+        }
+
+        struct_EtherCatDevice& m_lender;
+        struct_EtherCatDevice& m_borrower;
+    };
+
+    struct_EtherCatDevice m_selected;
+    Loan m_loan;
+};
 
 template<typename Record, typename IsSame>
 bool areSame(const std::vector<Record>& left, const std::vector<Record>& right, IsSame isSame)
@@ -59,19 +96,19 @@ SourcesOfList sourcesOf(StartupSources& sources, const struct_EtherCatDevice& de
 
 } // namespace
 
-bool isSameAfterSelection(const struct_EtherCatDevice& device)
+bool isSameAfterSelection(struct_EtherCatDevice& device)
 {
     if (device.Slots.vslot.empty())
         return true;
-    struct_EtherCatDevice selected = withoutDictionary(device);
     try {
-        renewModuleData(selected);
+        const SelectedDevice borrower(device);
+        const struct_EtherCatDevice& selected = borrower.device();
+        return areSame(device.mRxPdo.mpdo, selected.mRxPdo.mpdo, isSamePdo)
+               && areSame(device.mTxPdo.mpdo, selected.mTxPdo.mpdo, isSamePdo)
+               && areSame(device.mMailbox.COE.vinitcmd, selected.mMailbox.COE.vinitcmd, isSameCommand);
     } catch (const std::out_of_range&) {
         return false; // no choices can be made for it
     }
-    return areSame(device.mRxPdo.mpdo, selected.mRxPdo.mpdo, isSamePdo)
-           && areSame(device.mTxPdo.mpdo, selected.mTxPdo.mpdo, isSamePdo)
-           && areSame(device.mMailbox.COE.vinitcmd, selected.mMailbox.COE.vinitcmd, isSameCommand);
 }
 
 ChoicePdoRows choicePdoRows(const struct_EtherCatDevice& device, bool isSame)

@@ -20,7 +20,8 @@ struct ChoicePdoRows
 
 /// Whether what the modules in the slots bring in is the same after the device has been selected: the same PDOs, and
 /// the same startup commands in the module list.
-[[nodiscard]] bool isSameAfterSelection(const struct_EtherCatDevice& device);
+/// @param device  lends its PDOs and slots for a moment, and is as before afterwards
+[[nodiscard]] bool isSameAfterSelection(struct_EtherCatDevice& device);
 
 /// @param isSame  see `isSameAfterSelection`
 [[nodiscard]] ChoicePdoRows choicePdoRows(const struct_EtherCatDevice& device, bool isSame);

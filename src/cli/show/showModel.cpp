@@ -84,7 +84,7 @@ ShowObject commandLists(const struct_EtherCatDevice& device)
 
 } // namespace
 
-ShowObject modelMembers(const struct_EtherCatDevice& device, ShowDetail detail)
+ShowObject modelMembers(struct_EtherCatDevice& device, ShowDetail detail)
 {
     const DeviceTypeAttributes& type = device.TypeAttributes;
     const EoeAttributes& eoe = device.Mailbox.EOE.Attributes;

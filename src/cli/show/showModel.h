@@ -16,8 +16,8 @@ enum class ShowDetail
 };
 
 /// All that the model holds of a device.
-/// @param device  has to outlive the result
-[[nodiscard]] ShowObject modelMembers(const struct_EtherCatDevice& device, ShowDetail detail);
+/// @param device  has to outlive the result; see `isSameAfterSelection` for what it lends
+[[nodiscard]] ShowObject modelMembers(struct_EtherCatDevice& device, ShowDetail detail);
 
 /// The modules of a file, in their groups.
 /// @param file  has to outlive the result

@@ -51,14 +51,14 @@ public:
         struct_EtherCatDevice& device = loaded().device[index];
         const bool isFirstTime = !m_isTold[index];
         m_isTold[index] = true;
+        StartupSources sources = startupSourcesOf(device); // while there is no export yet that takes memory too
         MemoryFile written;
         if (writeItems(written.stream(), device, isFirstTime) && isFirstTime)
             tellWhatIsLost(device);
         written.finish();
         const KtlWalk walk = walkItems(written.data(), written.size());
         const std::vector<KtlBlockPlace> places = blockPlacesOf(walk);
-        return {places.empty() ? KtlDeviceBlock() : deviceBlockAt(walk, places.front()), startupSourcesOf(device),
-                false};
+        return {places.empty() ? KtlDeviceBlock() : deviceBlockAt(walk, places.front()), std::move(sources), false};
     }
 
 private:

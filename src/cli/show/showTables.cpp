@@ -192,7 +192,7 @@ template<typename Pdo> void writeCarriedPdos(CsvWriter& out, const Place& place,
                  std::nullopt, pdo.entries, [](const auto& entry) { return carriedEntry(entry); });
 }
 
-void writeEsiPdos(CsvWriter& out, Place place, const struct_EtherCatDevice& device)
+void writeEsiPdos(CsvWriter& out, Place place, struct_EtherCatDevice& device)
 {
     const ChoicePdoRows rows = choicePdoRows(device, isSameAfterSelection(device));
     writeModelPdos(out, place, device.RxPdo.vpdo, false, rows.outputs);
@@ -263,8 +263,7 @@ void writeDeviceCommands(CsvWriter& out, const Place& place, const ShownDevice& 
             rowOf(place, {numeral(command.position), command.isEoe ? "EoE" : "CoE", transitionText(record.Transition),
                           hexText(record.Index), numeral(unsigned{record.SubIndex}), yesOrNo(record.bIfCA != 0),
                           numeral(unsigned{record.DataBytes}), numberText(record), valuesText(command),
-                          meaningOf(command), command.source->origin,
-                          std::string(command.source->comment.value_or("")),
+                          meaningOf(command), command.source->origin, std::string(command.source->comment.value_or("")),
                           std::string(command.source->text.value_or("")), numeral(command.source->choiceRow)}));
     }
 }

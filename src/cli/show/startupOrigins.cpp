@@ -140,6 +140,7 @@ bool isMappingObject(std::uint16_t index)
 
 StartupSources startupSourcesOf(struct_EtherCatDevice& device)
 {
+    const bool isSame = isSameAfterSelection(device);
     DeviceWithoutCommands bare(device);
     const GeneratedCounts all = bare.generatedCounts(true);
     const GeneratedCounts assigning = bare.generatedCounts(false);
@@ -160,7 +161,7 @@ StartupSources startupSourcesOf(struct_EtherCatDevice& device)
                   std::array{ListPart{modules, "module"},
                              ListPart{declared(moduleCoe.size(), assigning.moduleCoe), mapping},
                              ListPart{moduleCoe.size(), assignment}});
-    setChoiceRows(sources, device, isSameAfterSelection(device));
+    setChoiceRows(sources, device, isSame);
     return sources;
 }
 
