@@ -27,7 +27,7 @@ const SubCommandText convertText{
     QLatin1String("ESI files, in the order of the output; - for standard input."),
     QLatin1String(
         "Turns EtherCAT slave descriptions (ESI) into one KTL file for the motion controller, as the export of\n"
-        "the workbench does, and writes its text dump beside it, with \".txt\" behind the name. Both files are\n"
+        "the workbench does, and writes its text dump beside it, with \".txt\" after the name. Both files are\n"
         "replaced when they are complete: a run that fails leaves the old ones as they were."),
     QLatin1String("  ktl convert drive.xml\n"
                   "  ktl convert drive.xml coupler.xml -o machine.ktl --force\n"

@@ -15,6 +15,7 @@ private slots:
     void optionsOfThePage();
     void optionsOfTheCompletion_data();
     void optionsOfTheCompletion();
+    void codesOfTheCompletions();
 };
 
 static QString packagingFile(const char* name)
@@ -118,6 +119,19 @@ void tst_Manual::optionsOfTheCompletion()
     while (blocks.hasNext())
         offered += wordsIn(blocks.next().captured(), QString::fromLatin1(used.option));
     QCOMPARE(offered, options);
+}
+
+/// Those of the warnings, which the command lists where it is given another one.
+void tst_Manual::codesOfTheCompletions()
+{
+    const CommandRun run = runKtl({"convert", sample(), "--ignore", "none"});
+    const QString list =
+        QString::fromUtf8(run.errors).section(QStringLiteral("there are "), 1).section(QStringLiteral(" (see"), 0, 0);
+    const QStringList codes = list.split(QStringLiteral(", "));
+    QVERIFY(codes.contains(QStringLiteral("sync-managers")));
+    for (const Completion& completion : completions)
+        for (const QString& code : codes)
+            QVERIFY2(packagingFile(completion.file).contains(code), qPrintable(code + completion.file));
 }
 
 QTEST_GUILESS_MAIN(tst_Manual)

@@ -59,7 +59,7 @@ QByteArray twoTooMany()
 QByteArray warning(const QByteArray& deviceName, const QByteArray& ident)
 {
     return ": warning: device \"" + deviceName + "\": in an export, module " + ident
-           + " does not have as many startup commands as it announces; the items behind them cannot be found "
+           + " does not have as many startup commands as it announces; the items after them cannot be found "
              "[module-commands]\n";
 }
 

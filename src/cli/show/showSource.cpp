@@ -86,7 +86,7 @@ private:
         if (const struct_module* const module = firstMiscountedModule(device, loaded()))
             m_messages->warning(m_file->path, WarningCode::ModuleCommands,
                                 QStringLiteral("device \"%1\": in an export, module %2 does not have as many startup "
-                                               "commands as it announces; the items behind them cannot be found")
+                                               "commands as it announces; the items after them cannot be found")
                                     .arg(QString::fromStdString(device.Name),
                                          QString::fromStdString(hexText(module->TypeAttributes.ModuleIdent))));
     }
