@@ -39,9 +39,10 @@ void SaveFolder::makeScratch()
 
 void SaveFolder::close()
 {
-    discard();
+    if (!m_scratch.empty())
+        removeScratchFolder(m_scratch);
     m_scratch.clear();
-    m_lock.release();
+    m_lock.release(); // removes its file itself, and once: the next one of that name is another run's
 }
 
 void SaveFolder::discard() const

@@ -77,7 +77,7 @@ std::optional<SaveFailure> obstacleTo(const SaveRequest& request)
         return SaveFailure{SaveFailure::Kind::NotAllowed, targets[1].named,
                            QStringLiteral("this is the same file as %1, whose dump it would be").arg(request.path)};
     for (const SaveTarget& target : targets)
-        if (const std::optional<SaveFailure> failure = obstacleAt(target, request.existing))
+        if (std::optional<SaveFailure> failure = obstacleAt(target, request.existing))
             return failure;
     return std::nullopt;
 }

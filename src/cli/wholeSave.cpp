@@ -20,6 +20,7 @@
 #include <list>
 #include <set>
 #include <system_error>
+#include <vector>
 
 namespace {
 
@@ -52,15 +53,22 @@ QString folderOf(const QString& path)
     return canonical.isEmpty() ? folder.filePath() : canonical;
 }
 
+std::vector<QString> foldersOf(const std::vector<SaveTarget>& targets)
+{
+    std::vector<QString> folders;
+    for (const SaveTarget& target : targets)
+        folders.push_back(folderOf(target.path));
+    return folders;
+}
+
 /// What is wrong with a file that a run is to be added to: it must be whole, or the run cannot be found behind it.
 QString problemOfEarlier(const QString& path)
 {
-    constexpr qint64 largestSize = 256 * 1024 * 1024; // the whole of it is read
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return QStringLiteral("the file cannot be read: ") + file.errorString();
-    if (file.size() > largestSize)
-        return QStringLiteral("nothing can be added to a file of more than %1 bytes").arg(largestSize);
+    if (file.size() > largestKtlFile)
+        return QStringLiteral("nothing can be added to a file of more than %1 bytes").arg(largestKtlFile);
     std::vector<unsigned char> bytes(static_cast<std::size_t>(file.size()));
     if (file.read(reinterpret_cast<char*>(bytes.data()), file.size()) != file.size())
         return QStringLiteral("the file cannot be read: ") + file.errorString();
@@ -92,13 +100,14 @@ private:
     Failure bringToDisk();
     Failure move();
 
-    SaveFolder& folderAt(const SaveTarget& target);
+    SaveFolder& folderAt(std::size_t target);
     std::vector<FileMove> moves();
 
     const SaveRequest m_request;
     const WriteRun& m_writeRun;
     const Patience& m_patience;
     const std::vector<SaveTarget> m_targets;
+    const std::vector<QString> m_folderPaths; ///< of each target, as they were in the beginning
     bool m_hasEarlier = false; ///< a file that the run is added to
     std::list<SaveFolder> m_folders; ///< changed with signals held back only
     EndingSignals m_signals;
@@ -109,6 +118,7 @@ Saving::Saving(const SaveRequest& request, const WriteRun& writeRun, const Patie
     , m_writeRun(writeRun)
     , m_patience(patience)
     , m_targets(targetsOf(request))
+    , m_folderPaths(foldersOf(m_targets))
     , m_signals([this] {
         for (const SaveFolder& folder : m_folders)
             folder.discard();
@@ -136,10 +146,7 @@ Failure Saving::run()
 /// Takes the folders of all targets, in the order of their names: two runs never wait for each other.
 Failure Saving::openFolders()
 {
-    std::set<QString> paths;
-    for (const SaveTarget& target : m_targets)
-        paths.insert(folderOf(target.path));
-    for (const QString& path : paths) {
+    for (const QString& path : std::set<QString>(m_folderPaths.begin(), m_folderPaths.end())) {
         auto held = m_signals.heldBack();
         SaveFolder& folder = m_folders.emplace_back(path);
         held.unlock();
@@ -155,21 +162,25 @@ Failure Saving::openFolder(SaveFolder& folder)
         const auto held = m_signals.heldBack();
         return folder.tryOpen() || !folder.failure().isEmpty();
     };
+    const auto ofFolder = std::find(m_folderPaths.begin(), m_folderPaths.end(), folder.path()) - m_folderPaths.begin();
+    const SaveTarget& target = m_targets[static_cast<std::size_t>(ofFolder)];
     if (!waitFor(m_patience, tryOpen))
         return notWritten(
-            m_targets[0],
-            QStringLiteral("another run has been writing into the folder for %1 seconds; if there is none, "
-                           "remove %2")
-                .arg(std::chrono::duration_cast<std::chrono::seconds>(m_patience.limit).count())
-                .arg(folder.lockFile()));
+            target, QStringLiteral("another run has been writing into the folder for %1 seconds; if there is none, "
+                                   "remove %2")
+                        .arg(std::chrono::duration_cast<std::chrono::seconds>(m_patience.limit).count())
+                        .arg(folder.lockFile()));
     if (!folder.failure().isEmpty())
-        return notWritten(m_targets[0], folder.failure());
+        return notWritten(target, folder.failure());
     return std::nullopt;
 }
 
 /// Looks at the files when no other run can change them any more.
 Failure Saving::lookAtTargets()
 {
+    const std::vector<SaveTarget> now = targetsOf(m_request);
+    if (foldersOf(now) != m_folderPaths)
+        return notWritten(m_targets[0], QStringLiteral("its folder or a link to it has changed meanwhile"));
     return obstacleTo(m_request);
 }
 
@@ -182,10 +193,10 @@ Failure Saving::takeEarlier()
         return std::nullopt;
     if (const QString problem = problemOfEarlier(ktl.path); !problem.isEmpty())
         return notAllowed(ktl, problem);
-    QFile earlier(ktl.path);
-    if (!earlier.copy(QFile::decodeName(folderAt(ktl).scratchFile(scratchName::newKtl).c_str())))
-        return notWritten(ktl, QStringLiteral("the file cannot be copied: ") + earlier.errorString());
-    return std::nullopt;
+    std::error_code error;
+    if (std::filesystem::copy_file(encodedPath(ktl.path), folderAt(0).scratchFile(scratchName::newKtl), error))
+        return std::nullopt;
+    return notWritten(ktl, QStringLiteral("the file cannot be copied: ") + qt_error_string(error.value()));
 }
 
 Failure Saving::write()
@@ -199,7 +210,7 @@ Failure Saving::write()
             return false;
         }
     };
-    const std::string newKtl = folderAt(m_targets[0]).scratchFile(scratchName::newKtl);
+    const std::string newKtl = folderAt(0).scratchFile(scratchName::newKtl);
     const KtlSaveMode mode = m_hasEarlier ? KtlSaveMode::Append : KtlSaveMode::Overwrite;
     const KtlSaveResult result =
         m_request.hasDump ? saveKtlFile(newKtl, mode, guardedRun) : saveKtlFileOnly(newKtl, mode, guardedRun);
@@ -213,7 +224,7 @@ Failure Saving::write()
 /// The dump is written beside the new file; one that belongs into another folder has to be on the disk of that one.
 Failure Saving::placeDump()
 {
-    const std::string written = dumpPathOf(folderAt(m_targets[0]).scratchFile(scratchName::newKtl));
+    const std::string written = dumpPathOf(folderAt(0).scratchFile(scratchName::newKtl));
     const std::string placed = moves().back().from;
     std::error_code error;
     if (!m_request.hasDump || written == placed || std::filesystem::copy_file(written, placed, error))
@@ -226,10 +237,10 @@ Failure Saving::bringToDisk()
 {
     const std::vector<FileMove> all = moves();
     for (std::size_t index = 0; index < all.size(); ++index) {
-        takeOverRights(all[index].from, all[index].to);
         if (!syncFile(all[index].from))
             return notWritten(m_targets[index],
                               QStringLiteral("the file cannot be written in full: ") + qt_error_string(errno));
+        takeOverRights(all[index].from, all[index].to); // which may close the file to its user, so it comes last
     }
     return std::nullopt;
 }
@@ -254,10 +265,11 @@ Failure Saving::move()
     return std::nullopt;
 }
 
-SaveFolder& Saving::folderAt(const SaveTarget& target)
+/// @param target  position in `m_targets`, whose folder is open
+SaveFolder& Saving::folderAt(std::size_t target)
 {
     return *std::find_if(m_folders.begin(), m_folders.end(),
-                         [path = folderOf(target.path)](const SaveFolder& folder) { return folder.path() == path; });
+                         [&](const SaveFolder& folder) { return folder.path() == m_folderPaths[target]; });
 }
 
 /// The KTL file, and behind it its dump. Beside a file that the run is added to, and where files are to be replaced,
@@ -277,7 +289,7 @@ std::vector<FileMove> Saving::moves()
     };
     std::vector<FileMove> all;
     for (std::size_t index = 0; index < m_targets.size(); ++index) {
-        const SaveFolder& folder = folderAt(m_targets[index]);
+        const SaveFolder& folder = folderAt(index);
         all.push_back({folder.scratchFile(names[index].fresh), encodedPath(m_targets[index].path),
                        folder.scratchFile(names[index].kept), names[index].replaces});
     }

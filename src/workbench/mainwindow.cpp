@@ -26,6 +26,7 @@ static void makeScrollable(QMainWindow& window)
 {
     auto* area = new QScrollArea;
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus); // a click beside the fields takes the focus from none of them
     area->setWidgetResizable(true);
     area->setWidget(window.takeCentralWidget());
     window.setCentralWidget(area);

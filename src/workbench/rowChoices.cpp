@@ -66,16 +66,33 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::MouseButtonPress)
-            m_pressed = m_view.indexAt(static_cast<QMouseEvent*>(event)->pos()).siblingAtColumn(0);
-        else if (event->type() == QEvent::MouseButtonRelease && m_pressed.isValid()
-                 && m_view.currentIndex().siblingAtColumn(0) != m_pressed)
+        const bool isPress = event->type() == QEvent::MouseButtonPress;
+        if (!isPress && event->type() != QEvent::MouseButtonRelease)
+            return QObject::eventFilter(watched, event);
+        const auto* const mouse = static_cast<QMouseEvent*>(event);
+        if (mouse->button() == Qt::LeftButton && isPress) {
+            m_before = currentRow();
+            m_pressed = m_view.indexAt(mouse->pos());
+        } else if (mouse->button() == Qt::LeftButton && !isClick(mouse->pos()) && currentRow() != m_before) {
             QMetaObject::invokeMethod(
                 &m_view, [this] { clickCurrent(); }, Qt::QueuedConnection); // after the release
+        }
         return QObject::eventFilter(watched, event);
     }
 
 private:
+    [[nodiscard]] QModelIndex currentRow() const { return m_view.currentIndex().siblingAtColumn(0); }
+
+    /// Whether the view takes a release for a click: it does where the press was, but not on the arrow of an item that
+    /// has others below it.
+    [[nodiscard]] bool isClick(const QPoint& place) const
+    {
+        const QModelIndex released = m_view.indexAt(place);
+        const bool isArrow = released.model() != nullptr && released.model()->hasChildren(released)
+                             && !m_view.visualRect(released).contains(place);
+        return released.isValid() && released == m_pressed && !isArrow;
+    }
+
     void clickCurrent()
     {
         if (const QModelIndex current = m_view.currentIndex(); current.isValid())
@@ -83,7 +100,8 @@ private:
     }
 
     QAbstractItemView& m_view;
-    QPersistentModelIndex m_pressed; ///< first cell of the row on which the last press was
+    QPersistentModelIndex m_before; ///< first cell of the row that was current before the last press
+    QPersistentModelIndex m_pressed; ///< cell of the last press; not valid beside the rows
 };
 
 } // namespace

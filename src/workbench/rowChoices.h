@@ -4,7 +4,7 @@
 class QAbstractItemView;
 
 /// Lets each key that moves the current row of a view, or toggles its check box, do what a click on that row does. A
-/// row that the program makes current still has no effect.
+/// row that the program makes current still has no effect. No other event filter of the view gets its keys after this.
 void makeKeysClick(QAbstractItemView& view);
 
 /// Lets a drag of the left button from one row to another do what a click on the last row does.

@@ -123,6 +123,12 @@ int link(const char* from, const char* to) noexcept
                                                               : next<int(const char*, const char*)>("link")(from, to);
 }
 
+int unlink(const char* path) noexcept
+{
+    const std::string name = nameOnly(path); // of the file that keeps other runs out; other files do not matter
+    return name == ".ktl.lock" && stage("unlink", name) ? -1 : next<int(const char*)>("unlink")(path);
+}
+
 int clock_gettime(clockid_t clock, timespec* time) noexcept
 {
     const int result = next<int(clockid_t, timespec*)>("clock_gettime")(clock, time);

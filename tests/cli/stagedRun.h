@@ -11,7 +11,7 @@ inline CommandStart stagedStart(const Workplace& place, const QStringList& varia
     start.folder = place.folder();
     start.variables = variables
                       + QStringList{QStringLiteral("LD_PRELOAD=" STAGED_CALLS),
-                                    // The address sanitizer wants to be the first library.
+                                    // The sanitizers' runtime wants to be the first library.
                                     QStringLiteral("ASAN_OPTIONS=verify_asan_link_order=0")};
     return start;
 }

@@ -28,6 +28,9 @@ private slots:
     static void drag_data();
     void drag();
     void dragInTheDeviceTree();
+    void dragFromBesideTheRows();
+    void clickOnACheckBoxCountsOnce();
+    void arrowOfAnotherRow();
     static void moduleTreeKey_data();
     void moduleTreeKey();
     static void programHasNoEffect_data();
@@ -311,6 +314,44 @@ void tst_RowChoices::dragInTheDeviceTree()
     QCOMPARE(deviceTree(window())->currentItem(), treeItem(window(), 0, 2));
     QCOMPARE(currentdeviceindex, 2);
     QCOMPARE(shownType(), QStringLiteral("A3"));
+}
+
+void tst_RowChoices::dragFromBesideTheRows()
+{
+    showTwoFiles();
+    QTreeWidget& tree = *deviceTree(window());
+    dragOver(tree, QPoint(100, tree.viewport()->height() - 2), tree.visualItemRect(treeItem(window(), 0, 2)).center());
+    QCOMPARE(tree.currentItem(), treeItem(window(), 0, 2));
+    QCOMPARE(currentdeviceindex, 2);
+    QCOMPARE(shownType(), QStringLiteral("A3"));
+}
+
+void tst_RowChoices::clickOnACheckBoxCountsOnce()
+{
+    showTwoFiles();
+    QTreeWidget& tree = *deviceTree(window());
+    const QSignalSpy clicks(&tree, &QTreeWidget::itemClicked);
+    const QRect item = tree.visualItemRect(treeItem(window(), 0, 0));
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, QPoint(item.left() + 8, item.center().y()));
+    QCoreApplication::processEvents();
+    QCOMPARE(treeItem(window(), 0, 0)->checkState(0), Qt::Unchecked);
+    QCOMPARE(clicks.count(), 1);
+    QCOMPARE(shownType(), QStringLiteral("A1"));
+}
+
+/// It opens and closes the row, and chooses nothing.
+void tst_RowChoices::arrowOfAnotherRow()
+{
+    showTwoFiles();
+    QTreeWidget& tree = *deviceTree(window());
+    const QSignalSpy clicks(&tree, &QTreeWidget::itemClicked);
+    const QRect item = tree.visualItemRect(treeItem(window(), 1));
+    const bool wasOpen = treeItem(window(), 1)->isExpanded();
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, QPoint(item.left() / 2, item.center().y()));
+    QCoreApplication::processEvents();
+    QCOMPARE(treeItem(window(), 1)->isExpanded(), !wasOpen);
+    QCOMPARE(clicks.count(), 0);
+    QCOMPARE(shownType(), QStringLiteral("A2"));
 }
 
 void tst_RowChoices::moduleTreeKey_data()

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <utility>
 
 /// A list whose devices are made when they are asked for. Only the last one is kept: all of a file would take several
 /// times the memory of the file.

@@ -31,17 +31,33 @@ void openToWriters(int file, const std::string& folder)
     static_cast<void>(fchmod(file, rights));
 }
 
+struct OpenLockFile
+{
+    int file; ///< -1 if it cannot be opened; `errno` tells why, `EEXIST` that somebody else has made it
+    bool isMade; ///< by this call
+};
+
+bool isRegular(int file)
+{
+    struct stat status = {};
+    return fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+}
+
 /// Opens the file, makes it where there is none.
-/// @return  -1 if that failed; `errno` tells why, `EEXIST` that another run has just made it
-int openLockFile(const std::string& path, const std::string& folder)
+OpenLockFile openLockFile(const std::string& path, const std::string& folder)
 {
     const int there = open(path.c_str(), plainOpen);
+    if (there >= 0 && !isRegular(there)) {
+        close(there);
+        errno = EEXIST;
+        return {-1, false};
+    }
     if (there >= 0 || errno != ENOENT)
-        return there;
+        return {there, false};
     const int made = open(path.c_str(), plainOpen | O_CREAT | O_EXCL, ownerRights);
     if (made >= 0)
         openToWriters(made, folder);
-    return made;
+    return {made, made >= 0};
 }
 
 /// What it means that the file cannot be opened. One that is there and closed to us is another user's, who writes.
@@ -85,15 +101,15 @@ FolderLock::~FolderLock()
 
 LockAnswer FolderLock::tryLock()
 {
-    const int file = openLockFile(m_path, m_folder);
-    if (file < 0)
+    const OpenLockFile opened = openLockFile(m_path, m_folder);
+    if (opened.file < 0)
         return answerOfFailedOpen(m_path);
-    const LockAnswer answer = lockOpenFile(m_path, file);
+    const LockAnswer answer = lockOpenFile(m_path, opened.file);
     if (answer == LockAnswer::Held)
-        m_file = file;
+        m_file = opened.file;
     else
-        close(file);
-    if (answer == LockAnswer::NotKnown)
+        close(opened.file);
+    if (answer == LockAnswer::NotKnown && opened.isMade)
         unlink(m_path.c_str()); // it serves nobody
     return answer;
 }
@@ -110,5 +126,5 @@ void FolderLock::release()
 void FolderLock::removeFile() const
 {
     if (m_file >= 0)
-        unlink(m_path.c_str()); // while the lock is ours: nobody else's file can stand there
+        unlink(m_path.c_str()); // while the lock is ours, and before it is given back
 }
