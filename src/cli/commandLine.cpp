@@ -1,5 +1,6 @@
 #include "cli/commandLine.h"
 
+#include "cli/inputFile.h"
 #include "model/version.h"
 
 #include <algorithm>
@@ -74,6 +75,14 @@ std::optional<ExitCode> CommandLine::parse(const QStringList& arguments, Console
         return ExitCode::Done;
     }
     return std::nullopt;
+}
+
+QStringList CommandLine::operands() const
+{
+    QStringList paths;
+    for (const QString& argument : m_parser.positionalArguments())
+        paths += filePath(argument);
+    return paths;
 }
 
 QString CommandLine::parserProblem(const QStringList& arguments) const

@@ -38,7 +38,8 @@ public:
     /// Value of an option, the last one if it was given more than once.
     [[nodiscard]] QString value(const QString& option) const { return m_parser.value(option); }
     [[nodiscard]] QStringList values(const QString& option) const { return m_parser.values(option); }
-    [[nodiscard]] QStringList operands() const { return m_parser.positionalArguments(); }
+    /// Names of files, see `filePath`.
+    [[nodiscard]] QStringList operands() const;
 
     /// Tells that the arguments make no sense together.
     ExitCode refuse(const QString& reason, Console& console) const;

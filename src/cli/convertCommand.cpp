@@ -129,8 +129,10 @@ SaveRequest saveRequest(const CommandLine& line, const QString& output)
 /// Whether a file may be written, before anything is done; tells if not.
 bool mayWriteOutput(const CommandLine& line, const QString& output, Messages& messages)
 {
-    return isStandardOutput(output)
-           || mayWrite(saveRequest(line, output), line.operands() + line.values(choicesOption), messages);
+    QStringList inputs = line.operands();
+    if (line.isSet(choicesOption))
+        inputs += filePath(line.value(choicesOption));
+    return isStandardOutput(output) || mayWrite(saveRequest(line, output), inputs, messages);
 }
 
 /// Warns of files that are given more than once: their devices are written as often.
@@ -194,7 +196,7 @@ void write(const CommandLine& line, const QString& output, const std::set<Device
 /// Loads the files and writes the devices that are asked for.
 ExitCode convert(const CommandLine& line, const QDateTime& exportTime, Messages& messages)
 {
-    QString output = line.value(outputOption);
+    QString output = filePath(line.value(outputOption));
     if (!output.isEmpty() && !mayWriteOutput(line, output, messages))
         return messages.exitCode();
     warnOfSameInputs(line.operands(), messages);
@@ -205,12 +207,13 @@ ExitCode convert(const CommandLine& line, const QDateTime& exportTime, Messages&
     const auto devices = selectedDevices(line.values(deviceOption), g_xmlfiledevices, messages);
     if (!devices.has_value())
         return messages.exitCode();
-    if (line.isSet(choicesOption) && !applyChoicesFile(line.value(choicesOption), g_xmlfiledevices, messages, *devices))
+    if (line.isSet(choicesOption)
+        && !applyChoicesFile(filePath(line.value(choicesOption)), g_xmlfiledevices, messages, *devices))
         return messages.exitCode();
     warnOfDevices(g_xmlfiledevices, *devices, messages);
     if (output.isEmpty()) {
         const struct_FilenameDevice& first = g_xmlfiledevices[devices->begin()->first];
-        output = proposedKtlName(inputPathOf(first), first.Vendor_Id) + QStringLiteral(".ktl");
+        output = filePath(proposedKtlName(inputPathOf(first), first.Vendor_Id) + QStringLiteral(".ktl"));
         if (!mayWriteOutput(line, output, messages))
             return messages.exitCode();
         messages.note({}, QStringLiteral("writes %1; -o names another file").arg(output));

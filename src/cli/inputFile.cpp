@@ -7,6 +7,8 @@
 #include "model/XMLParsing.h"
 #include "model/missingSyncManager.h"
 
+#include <QFileInfo>
+
 #include <cstdio>
 #include <new>
 
@@ -48,6 +50,11 @@ bool isStandardInput(const QString& path)
     return path == QLatin1String("-");
 }
 
+QString filePath(const QString& argument)
+{
+    return argument.startsWith(QLatin1Char(':')) ? QStringLiteral("./") + argument : argument;
+}
+
 QString inputPathOf(const struct_FilenameDevice& file)
 {
     return QFile::decodeName(file.xmlfilepath.c_str());
@@ -67,6 +74,10 @@ bool openInput(QFile& file, const QString& path, Messages& messages)
 {
     if (path.isEmpty()) {
         messages.error({}, QStringLiteral("the name of a file is empty"));
+        return false;
+    }
+    if (!isStandardInput(path) && QFileInfo(path).isDir()) {
+        tellUnreadable(path, QStringLiteral("this is a folder"), messages);
         return false;
     }
     file.setFileName(path);

@@ -15,6 +15,10 @@
 /// Whether a path stands for standard input.
 [[nodiscard]] bool isStandardInput(const QString& path);
 
+/// A name of a file from the command line, in a form that the toolkit takes for one: it would look for a name that
+/// begins with ":" inside the program.
+[[nodiscard]] QString filePath(const QString& argument);
+
 /// The path of a loaded file, as the user gave it.
 [[nodiscard]] QString inputPathOf(const struct_FilenameDevice& file);
 

@@ -91,7 +91,7 @@ ExitCode refuseSubCommand(const QString& name, Console& console)
 /// `ktl help`, `ktl help SUB-COMMAND`.
 ExitCode runHelp(const QStringList& names, Console& console)
 {
-    if (names.isEmpty()) {
+    if (names.isEmpty() || names.constFirst() == QLatin1String("help")) {
         tellHelp(console.results);
         return ExitCode::Done;
     }

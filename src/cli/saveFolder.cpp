@@ -18,7 +18,8 @@ bool SaveFolder::tryOpen()
     case LockAnswer::InUse:
         return false;
     case LockAnswer::Failed:
-        m_failure = QStringLiteral("the file cannot be written: ") + qt_error_string(errno);
+        m_failure = QStringLiteral("the file cannot be written, for %1 cannot be opened: ").arg(lockFile())
+                    + qt_error_string(errno);
         return false;
     case LockAnswer::Held:
         removeLeftScratchFolders(encodedPath(m_path));

@@ -56,6 +56,8 @@ QString problemOf(const CommandLine& line)
         return QStringLiteral("no file is given");
     if (line.operands().count(QStringLiteral("-")) > 1)
         return QStringLiteral("standard input can be read once only");
+    if (line.values(csvOption).size() > 1)
+        return QStringLiteral("--csv can be given once only");
     if (line.isSet(jsonSwitch) && line.isSet(csvOption))
         return QStringLiteral("--json and --csv cannot be given together");
     if (line.isSet(csvOption) && showTableNamed(line.value(csvOption)) == nullptr)

@@ -56,6 +56,7 @@ QString folderOf(const QString& path)
 std::vector<QString> foldersOf(const std::vector<SaveTarget>& targets)
 {
     std::vector<QString> folders;
+    folders.reserve(targets.size());
     for (const SaveTarget& target : targets)
         folders.push_back(folderOf(target.path));
     return folders;
@@ -138,7 +139,7 @@ Failure Saving::run()
         &Saving::placeDump,   &Saving::bringToDisk,   &Saving::move,
     };
     for (const auto step : steps)
-        if (const Failure failure = (this->*step)())
+        if (Failure failure = (this->*step)())
             return failure;
     return std::nullopt;
 }
@@ -150,7 +151,7 @@ Failure Saving::openFolders()
         auto held = m_signals.heldBack();
         SaveFolder& folder = m_folders.emplace_back(path);
         held.unlock();
-        if (const Failure failure = openFolder(folder))
+        if (Failure failure = openFolder(folder))
             return failure;
     }
     return std::nullopt;

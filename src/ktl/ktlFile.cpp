@@ -3,6 +3,7 @@
 #include "ktl/ktlExport.h"
 
 #include <cerrno>
+#include <optional>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
@@ -26,12 +27,15 @@ std::string asTheSystemReads(const std::string& path)
 }
 
 /// Closes a file that was written.
-/// @return  whether everything that was written has reached the file
-bool closeWritten(FileHandle file)
+/// @return  why not everything that was written has reached the file; nothing if it has
+std::optional<std::string> closeWritten(FileHandle file)
 {
-    const bool wasClean = std::ferror(file.get()) == 0;
+    const bool wasClean = std::ferror(file.get()) == 0; // else errno still tells of the write that failed last
+    const std::string earlier = wasClean ? std::string() : lastSystemError();
     const bool isFlushed = std::fclose(file.release()) == 0;
-    return wasClean && isFlushed;
+    if (!wasClean)
+        return earlier;
+    return isFlushed ? std::nullopt : std::make_optional(lastSystemError());
 }
 
 KtlSaveResult writeKtl(const std::string& path, KtlSaveMode mode,
@@ -43,8 +47,9 @@ KtlSaveResult writeKtl(const std::string& path, KtlSaveMode mode,
     try {
         int errorCode = 0;
         const bool reachedEnd = writeRun(file.get(), &errorCode);
-        const bool isComplete = closeWritten(std::move(file));
-        return {reachedEnd && isComplete ? KtlSaveStatus::Saved : KtlSaveStatus::CannotWrite, {}};
+        const std::optional<std::string> failure = closeWritten(std::move(file));
+        return {reachedEnd && !failure.has_value() ? KtlSaveStatus::Saved : KtlSaveStatus::CannotWrite,
+                failure.value_or(std::string())};
     } catch (const std::out_of_range& error) {
         // A PDO on a sync manager that its device does not have: the stream ends in the middle of that device.
         return {KtlSaveStatus::CannotWrite, error.what()};
@@ -63,7 +68,9 @@ KtlSaveResult writeDump(const std::string& path)
     // The dump's own result is no failure of the export: it tells of items in front of an appended run.
     static_cast<void>(KTL_write_log_devices(log.get(), ktl.get(), &errorCode));
     ktl.reset();
-    return {closeWritten(std::move(log)) ? KtlSaveStatus::Saved : KtlSaveStatus::CannotWriteDump, {}};
+    const std::optional<std::string> failure = closeWritten(std::move(log));
+    return {failure.has_value() ? KtlSaveStatus::CannotWriteDump : KtlSaveStatus::Saved,
+            failure.value_or(std::string())};
 }
 
 } // namespace

@@ -45,6 +45,7 @@ void tst_CommandLine::help_data()
     QTest::addRow("long") << QStringList{"--help"};
     QTest::addRow("short") << QStringList{"-h"};
     QTest::addRow("as a sub-command") << QStringList{"help"};
+    QTest::addRow("of itself") << QStringList{"help", "help"};
 }
 
 /// All sub-commands, each with an example.

@@ -50,6 +50,7 @@ void addNames()
         row("a surrogate", "\\355\\263\\277");
         row("a byte order mark", "\\357\\273\\277a");
         row("beyond the last character", "\\364\\220\\200\\200");
+        row("a colon in front", ":a");
     }
 }
 

@@ -71,6 +71,10 @@ void tst_ShowCharacters::unsafe()
     const QJsonObject device = shownFile(path).value("devices").toArray().at(0).toObject();
     QCOMPARE(device.value("model").toObject().value("name").toString().toUtf8(), "a" + bytes + "b");
 
+    const QByteArray choices = runKtl({"choices", path}).output;
+    QCOMPARE(choices.contains("a" + bytes + "b"), isKept);
+    QVERIFY(QJsonDocument::fromJson(choices).isObject());
+
     const QByteArray csv = runShow({"--csv", "pdo", path}).output;
     QVERIFY2(csv.contains(",a" + (isInCsv ? bytes : QByteArray("\xEF\xBF\xBD")) + "b,"), csv.constData());
 

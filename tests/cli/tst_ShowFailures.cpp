@@ -77,6 +77,8 @@ void tst_ShowFailures::badArguments_data()
         << QStringList{"--csv", "", esi} << QByteArray("\"\" is no table; there are dictionary, pdo and startup");
     QTest::addRow("option without its value")
         << QStringList{esi, "--csv"} << QByteArray("the option --csv needs a value");
+    QTest::addRow("two tables") << QStringList{esi, "--csv", "pdo", "--csv", "startup"}
+                                << QByteArray("--csv can be given once only");
     QTest::addRow("option that is none") << QStringList{"--yaml", esi} << QByteArray("there is no option --yaml");
     QTest::addRow("standard input twice")
         << QStringList{"-", "-"} << QByteArray("standard input can be read once only");

@@ -1,18 +1,35 @@
 #include "cli/choices/jsonWriter.h"
 
+#include "cli/unsafeCharacters.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <cstddef>
 #include <ostream>
 #include <string>
 
 namespace {
 
+/// A character by its number, as texts of JSON may hold it.
+QString escapeOf(QChar character)
+{
+    constexpr int digits = 4;
+    constexpr int hexadecimal = 16;
+    return QStringLiteral("\\u%1").arg(character.unicode(), digits, hexadecimal, QLatin1Char('0'));
+}
+
 std::string jsonOf(const QJsonValue& value)
 {
     const QByteArray inList = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-    return inList.mid(1, inList.size() - 2).toStdString();
+    const QString json = QString::fromUtf8(inList.mid(1, inList.size() - 2));
+    if (std::none_of(json.begin(), json.end(), isUnsafe))
+        return json.toStdString();
+    QString escaped;
+    for (const QChar character : json) // unsafe ones are in texts only
+        escaped += isUnsafe(character) ? escapeOf(character) : QString(character);
+    return escaped.toStdString();
 }
 
 } // namespace
