@@ -9,7 +9,7 @@
 
 static QFont usualFont()
 {
-    return QFont(textFamily(), usualTablePoints);
+    return {textFamily(), usualTablePoints};
 }
 
 /// Gives a table, whose columns have their widths already, its font and the height of its rows.
