@@ -5,7 +5,7 @@
 
 #include "esi/esiFile.h"
 #include "ktl/ktlExport.h"
-#include "ktl/ktlFile.h"
+#include "ktl/writing/ktlFile.h"
 
 #include <QFile>
 #include <QTemporaryDir>

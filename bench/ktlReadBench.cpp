@@ -5,8 +5,8 @@
 
 #include "esi/esiFile.h"
 #include "ktl/ktlExport.h"
-#include "ktl/ktlFile.h"
-#include "ktl/ktlReader.h"
+#include "ktl/writing/ktlFile.h"
+#include "ktl/reading/ktlReader.h"
 
 #include <QFile>
 #include <QTemporaryDir>

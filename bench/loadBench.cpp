@@ -4,7 +4,7 @@
 #include "ratioLimits.h"
 #include "stopwatch.h"
 
-#include "esi/boundedXmlReader.h"
+#include "esi/xml/boundedXmlReader.h"
 #include "esi/esiFile.h"
 #include "model/XMLParsing.h"
 

@@ -2,7 +2,7 @@
 // as KTL items.
 #include "fuzzStreams.h"
 
-#include "esi/boundedXmlReader.h"
+#include "esi/xml/boundedXmlReader.h"
 #include "esi/xmlparsing.h"
 #include "ktl/ktlExport.h"
 

@@ -2,7 +2,7 @@
 #include "fuzzStreams.h"
 
 #include "ktl/ktlExport.h"
-#include "ktl/ktlReader.h"
+#include "ktl/reading/ktlReader.h"
 
 #include <stdexcept>
 

@@ -1,7 +1,7 @@
 // fuzzStreams.h - bytes from the fuzzer as the open files that the product reads.
 #pragma once
 
-#include "ktl/ktlFile.h"
+#include "ktl/writing/ktlFile.h"
 
 #include <cstddef>
 #include <cstdint>

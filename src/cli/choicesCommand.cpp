@@ -1,12 +1,14 @@
 #include "cli/choicesCommand.h"
 
-#include "cli/choices/choicesTemplate.h"
+#include "choices/choicesTemplate.h"
 #include "cli/deviceWarnings.h"
 #include "cli/inputFile.h"
 #include "editing/deviceEdits.h"
-#include "model/XMLParsing.h"
+#include "editing/deviceLabel.h"
+#include "esi/derivation/rangeErrors.h"
 
 #include <stdexcept>
+#include <vector>
 
 const SubCommandText choicesText{
     QLatin1String("choices"),
@@ -48,9 +50,10 @@ ExitCode runChoices(const QStringList& arguments, Console& console)
         return *ended;
     if (line.operands().isEmpty())
         return line.refuse(QStringLiteral("no ESI file is given"), console);
-    if (loadEsiFiles(line.operands(), console.messages) && selectAll(g_xmlfiledevices, console.messages)) {
-        warnOfLostValues(g_xmlfiledevices, console.messages);
-        writeChoicesTemplate(console.results, g_xmlfiledevices);
+    std::vector<struct_FilenameDevice>& files = console.inputs.files;
+    if (loadEsiFiles(line.operands(), console.inputs, console.messages) && selectAll(files, console.messages)) {
+        warnOfLostValues(files, console.messages);
+        writeChoicesTemplate(console.results, files);
     }
     return console.messages.exitCode();
 }

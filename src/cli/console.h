@@ -1,13 +1,15 @@
-// console.h - where a sub-command writes to.
+// console.h - what a sub-command works with: where it writes to, and what it has read.
 #pragma once
 
+#include "cli/inputs.h"
 #include "cli/messages.h"
 
 #include <iosfwd>
 
-/// The two sides of the terminal: results and messages never mix.
+/// The two sides of the terminal, which never mix, and the files that the sub-command has loaded.
 struct Console
 {
     std::ostream& results; ///< standard output
     Messages& messages; ///< standard error
+    Inputs& inputs;
 };

@@ -1,24 +1,27 @@
 #include "cli/convertCommand.h"
 
-#include "cli/choices/choicesFile.h"
+#include "cli/choicesFile.h"
 #include "cli/convertOutput.h"
-#include "cli/deviceLabel.h"
-#include "cli/deviceSelectors.h"
 #include "cli/deviceWarnings.h"
 #include "cli/exportTime.h"
 #include "cli/inputFile.h"
-#include "cli/system/terminal.h"
+#include "cli/selectedDevices.h"
+#include "editing/deviceLabel.h"
 #include "editing/exportChecks.h"
-#include "ktl/itemLimit.h"
+#include "esi/derivation/rangeErrors.h"
 #include "ktl/ktlExport.h"
-#include "ktl/ktlFile.h"
+#include "ktl/reading/itemLimit.h"
+#include "ktl/writing/ktlFile.h"
+#include "model/missingSyncManager.h"
+#include "system/terminal.h"
+#include "text/shownText.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QMap>
 
 #include <algorithm>
-#include <stdexcept>
+#include <vector>
 
 const SubCommandText convertText{
     QLatin1String("convert"),
@@ -173,52 +176,50 @@ void warnOfItemCount(const QString& output, Messages& messages)
 
 /// Writes the devices; tells of a failure.
 void write(const CommandLine& line, const QString& output, const std::set<DevicePosition>& devices,
-           const QDateTime& exportTime, Messages& messages)
+           const QDateTime& exportTime, Console& console)
 {
-    std::size_t fileBeingWritten = 0;
-    const auto isSelected = [&](std::size_t file, std::size_t device) {
-        fileBeingWritten = file;
-        return devices.count({file, device}) != 0;
-    };
+    Messages& messages = console.messages;
+    const auto isSelected = [&](std::size_t file, std::size_t device) { return devices.count({file, device}) != 0; };
     const auto writeRun = [&](std::FILE* out, int* errorCode) {
-        return writeDevices(out, g_xmlfiledevices, isSelected, errorCode, exportTime);
+        return writeDevices(out, console.inputs.files, isSelected, errorCode, exportTime);
     };
     try {
         if (isStandardOutput(output))
             writeToStandardOutput(writeRun, messages);
         else if (saveRun(saveRequest(line, output), writeRun, messages))
             warnOfItemCount(output, messages);
-    } catch (const std::out_of_range& error) {
-        messages.error(inputPathOf(g_xmlfiledevices[fileBeingWritten]), rangeErrorText(error));
+    } catch (const MissingSyncManager& error) {
+        messages.error(QFile::decodeName(error.file().c_str()), rangeErrorText(error));
     }
 }
 
 /// Loads the files and writes the devices that are asked for.
-ExitCode convert(const CommandLine& line, const QDateTime& exportTime, Messages& messages)
+ExitCode convert(const CommandLine& line, const QDateTime& exportTime, Console& console)
 {
+    Messages& messages = console.messages;
     QString output = filePath(line.value(outputOption));
     if (!output.isEmpty() && !mayWriteOutput(line, output, messages))
         return messages.exitCode();
     warnOfSameInputs(line.operands(), messages);
-    if (!loadEsiFiles(line.operands(), messages))
+    if (!loadEsiFiles(line.operands(), console.inputs, messages))
         return messages.exitCode();
-    if (!hasDevices(g_xmlfiledevices, messages))
+    std::vector<struct_FilenameDevice>& files = console.inputs.files;
+    if (!hasDevices(files, messages))
         return messages.exitCode();
-    const auto devices = selectedDevices(line.values(deviceOption), g_xmlfiledevices, messages);
+    const auto devices = selectedDevices(line.values(deviceOption), files, messages);
     if (!devices.has_value())
         return messages.exitCode();
-    if (line.isSet(choicesOption)
-        && !applyChoicesFile(filePath(line.value(choicesOption)), g_xmlfiledevices, messages, *devices))
+    if (line.isSet(choicesOption) && !applyChoicesFile(filePath(line.value(choicesOption)), files, messages, *devices))
         return messages.exitCode();
-    warnOfDevices(g_xmlfiledevices, *devices, messages);
+    warnOfDevices(files, *devices, messages);
     if (output.isEmpty()) {
-        const struct_FilenameDevice& first = g_xmlfiledevices[devices->begin()->first];
+        const struct_FilenameDevice& first = files[devices->begin()->first];
         output = filePath(proposedKtlName(inputPathOf(first), first.Vendor_Id) + QStringLiteral(".ktl"));
         if (!mayWriteOutput(line, output, messages))
             return messages.exitCode();
         messages.note({}, QStringLiteral("writes %1; -o names another file").arg(output));
     }
-    write(line, output, *devices, exportTime, messages);
+    write(line, output, *devices, exportTime, console);
     return messages.exitCode(line.isSet(strictSwitch));
 }
 
@@ -238,5 +239,5 @@ ExitCode runConvert(const QStringList& arguments, Console& console)
     for (const QString& code : line.values(ignoreOption))
         if (const std::optional<WarningCode> ignored = warningCodeNamed(code))
             console.messages.ignore(*ignored);
-    return convert(line, exportTime.time, console.messages);
+    return convert(line, exportTime.time, console);
 }

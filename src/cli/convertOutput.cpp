@@ -2,7 +2,7 @@
 
 #include "cli/progress.h"
 #include "cli/wholeSave.h"
-#include "ktl/ktlFile.h"
+#include "ktl/writing/ktlFile.h"
 
 #include <QFileInfo>
 

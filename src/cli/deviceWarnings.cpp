@@ -1,11 +1,12 @@
 #include "cli/deviceWarnings.h"
 
-#include "cli/deviceLabel.h"
 #include "cli/inputFile.h"
+#include "editing/deviceLabel.h"
 #include "editing/exportChecks.h"
 #include "editing/lostValues.h"
-#include "esi/xmlCharConversion.h"
 #include "model/deviceType.h"
+#include "model/valueTexts.h"
+#include "text/shownText.h"
 
 #include <cstddef>
 
@@ -70,7 +71,7 @@ private:
 /// The object of a command, its comment and the length of its value.
 QString textOf(const LostValue& value)
 {
-    QString text = QStringLiteral("%1:%2").arg(xmlGetStringuint(value.index)).arg(value.subIndex);
+    QString text = QStringLiteral("%1:%2").arg(hexNumber(value.index)).arg(value.subIndex);
     if (!value.comment.empty())
         text += QLatin1Char(' ') + shownText(QString::fromStdString(value.comment));
     return text + QStringLiteral(", %1 bytes").arg(value.dataBytes);

@@ -1,7 +1,7 @@
 // deviceWarnings.h - what the command says before devices are exported.
 #pragma once
 
-#include "cli/deviceSelectors.h"
+#include "choices/deviceSelectors.h"
 #include "cli/messages.h"
 #include "model/XMLParsing.h"
 

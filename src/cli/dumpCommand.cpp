@@ -1,10 +1,10 @@
 #include "cli/dumpCommand.h"
 
-#include "cli/cStreams.h"
 #include "cli/inputFile.h"
 #include "cli/ktlInput.h"
-#include "ktl/itemLimit.h"
 #include "ktl/ktlExport.h"
+#include "ktl/reading/itemLimit.h"
+#include "system/cStreams.h"
 
 #include <cstdio>
 #include <new>

@@ -1,6 +1,5 @@
 #include "cli/exportTime.h"
-
-#include "cli/deviceLabel.h"
+#include "text/shownText.h"
 
 #include <QRegularExpression>
 #include <QtGlobal>

@@ -1,16 +1,15 @@
 #include "cli/inputFile.h"
 
-#include "cli/deviceLabel.h"
 #include "cli/progress.h"
+#include "esi/derivation/rangeErrors.h"
 #include "esi/esiFile.h"
-#include "esi/xmlCharConversion.h"
-#include "model/XMLParsing.h"
-#include "model/missingSyncManager.h"
 
 #include <QFileInfo>
 
 #include <cstdio>
 #include <new>
+#include <stdexcept>
+#include <utility>
 
 namespace {
 
@@ -20,10 +19,10 @@ void tellFailure(const QString& path, const EsiLoadResult& result, Messages& mes
     case EsiLoadStatus::Loaded:
         break;
     case EsiLoadStatus::CannotOpen:
-        tellUnreadable(path, result.openError, messages);
+        tellUnreadable(path, result.reason.text, messages);
         break;
     case EsiLoadStatus::NotWellFormed:
-        messages.error(path, result.formatError.line, result.formatError.column, result.formatError.message);
+        messages.error(path, result.reason.line, result.reason.column, result.reason.text);
         break;
     case EsiLoadStatus::NotEsi:
         messages.error(path, QStringLiteral("this is no ESI file: it has no Vendor element"));
@@ -32,7 +31,7 @@ void tellFailure(const QString& path, const EsiLoadResult& result, Messages& mes
 }
 
 /// Loads what is not known to be of another kind: what is wrong with a text, the parser of XML tells best.
-bool loadEsi(const QString& path, Messages& messages)
+bool loadEsi(const QString& path, Inputs& inputs, Messages& messages)
 {
     QFile file;
     if (!openInput(file, path, messages))
@@ -40,7 +39,12 @@ bool loadEsi(const QString& path, Messages& messages)
     const std::optional<InputKind> kind = kindOfInput(file, path, messages);
     if (kind == InputKind::Ktl)
         messages.error(path, QStringLiteral("this is a KTL file, not an ESI file"));
-    return kind.has_value() && kind != InputKind::Ktl && loadOpenEsi(file, path, messages);
+    if (!kind.has_value() || kind == InputKind::Ktl)
+        return false;
+    std::optional<struct_FilenameDevice> loaded = loadOpenEsi(file, path, inputs.document, messages);
+    if (loaded.has_value())
+        inputs.files.push_back(std::move(*loaded));
+    return loaded.has_value();
 }
 
 } // namespace
@@ -53,11 +57,6 @@ bool isStandardInput(const QString& path)
 QString filePath(const QString& argument)
 {
     return argument.startsWith(QLatin1Char(':')) ? QStringLiteral("./") + argument : argument;
-}
-
-QString inputPathOf(const struct_FilenameDevice& file)
-{
-    return QFile::decodeName(file.xmlfilepath.c_str());
 }
 
 void tellUnreadable(const QString& path, const QString& reason, Messages& messages)
@@ -101,25 +100,26 @@ std::optional<InputKind> kindOfInput(QFile& file, const QString& path, Messages&
     return inputKindOf(beginning);
 }
 
-bool loadOpenEsi(QFile& file, const QString& path, Messages& messages)
+std::optional<struct_FilenameDevice> loadOpenEsi(QFile& file, const QString& path, QDomDocument& document,
+                                                 Messages& messages)
 {
     try {
         const QString name = isStandardInput(path) ? shownName(path) : path;
-        const EsiLoadResult result = loadOpenEsiFile(file, name);
+        EsiLoadResult result = loadOpenEsiFile(file, name, document);
         tellFailure(path, result, messages);
         if (result.status != EsiLoadStatus::Loaded)
-            return false;
-        g_xmlfiledevices.back().xmlfilepath = QFile::encodeName(name).toStdString(); // every byte of it
-        return true;
+            return std::nullopt;
+        result.file.xmlfilepath = QFile::encodeName(name).toStdString(); // every byte of it
+        return std::move(result.file);
     } catch (const std::out_of_range& error) {
         messages.error(path, rangeErrorText(error));
     } catch (const std::bad_alloc&) {
         tellNoMemory(path, messages);
     }
-    return false;
+    return std::nullopt;
 }
 
-bool loadEsiFiles(const QStringList& paths, Messages& messages)
+bool loadEsiFiles(const QStringList& paths, Inputs& inputs, Messages& messages)
 {
     if (paths.count(QStringLiteral("-")) > 1) {
         messages.error({}, QStringLiteral("standard input can be read once only"));
@@ -129,18 +129,7 @@ bool loadEsiFiles(const QStringList& paths, Messages& messages)
     int number = 0;
     for (const QString& path : paths) {
         const Progress progress(QStringLiteral("reading %1").arg(shownName(path)), ++number, paths.size());
-        areLoaded = loadEsi(path, messages) && areLoaded;
+        areLoaded = loadEsi(path, inputs, messages) && areLoaded;
     }
     return areLoaded;
-}
-
-QString rangeErrorText(const std::out_of_range& error)
-{
-    const auto* const missing = dynamic_cast<const MissingSyncManager*>(&error);
-    if (missing == nullptr)
-        return QStringLiteral("a number in the file goes beyond the end of a list");
-    return QStringLiteral("device %1: PDO %2 %3 names sync manager %4, which the device does not declare: it has %5")
-        .arg(shownText(QString::fromStdString(missing->device())), xmlGetStringuint(missing->pdoIndex()),
-             shownText(QString::fromStdString(missing->pdoName())), QString::number(missing->number()),
-             QString::number(missing->present()));
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/inputKind.h"
+#include "cli/inputs.h"
 #include "cli/messages.h"
 #include "model/deviceRecords.h"
 
@@ -10,7 +11,6 @@
 #include <QStringList>
 
 #include <optional>
-#include <stdexcept>
 
 /// Whether a path stands for standard input.
 [[nodiscard]] bool isStandardInput(const QString& path);
@@ -18,9 +18,6 @@
 /// A name of a file from the command line, in a form that the toolkit takes for one: it would look for a name that
 /// begins with ":" inside the program.
 [[nodiscard]] QString filePath(const QString& argument);
-
-/// The path of a loaded file, as the user gave it.
-[[nodiscard]] QString inputPathOf(const struct_FilenameDevice& file);
 
 /// Tells that a file cannot be read.
 /// @param reason  in the system's words
@@ -38,15 +35,14 @@ void tellNoMemory(const QString& path, Messages& messages);
 /// @return      nothing if it cannot be read; that has been told
 [[nodiscard]] std::optional<InputKind> kindOfInput(QFile& file, const QString& path, Messages& messages);
 
-/// Loads an ESI file that is open for reading to the end of `g_xmlfiledevices`; tells if it cannot be loaded.
-/// @param path  for messages, and as the path of the loaded file
-[[nodiscard]] bool loadOpenEsi(QFile& file, const QString& path, Messages& messages);
+/// Loads an ESI file that is open for reading; tells if it cannot be loaded.
+/// @param path      for messages, and as the path of the loaded file
+/// @param document  takes the parse tree
+/// @return          nothing if it cannot be loaded
+[[nodiscard]] std::optional<struct_FilenameDevice> loadOpenEsi(QFile& file, const QString& path, QDomDocument& document,
+                                                               Messages& messages);
 
-/// Loads ESI files into `g_xmlfiledevices`, in the given order. Every file that cannot be loaded is told, so that one
-/// run shows all that is wrong. Standard input can be given once.
+/// Loads ESI files into `inputs`, in the given order. Every file that cannot be loaded is told, so that one run shows
+/// all that is wrong. Standard input can be given once.
 /// @return  whether all were loaded
-[[nodiscard]] bool loadEsiFiles(const QStringList& paths, Messages& messages);
-
-/// The words for a PDO on a sync manager that its device does not have.
-/// @param error  a `MissingSyncManager`, or another range error
-[[nodiscard]] QString rangeErrorText(const std::out_of_range& error);
+[[nodiscard]] bool loadEsiFiles(const QStringList& paths, Inputs& inputs, Messages& messages);

@@ -1,7 +1,7 @@
 #include "cli/inputKind.h"
 
-#include "ktl/itemBytes.h"
-#include "ktl/ktlLayout.h"
+#include "ktl/format/itemBytes.h"
+#include "ktl/format/ktlLayout.h"
 
 #include <algorithm>
 #include <array>

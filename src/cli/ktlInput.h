@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cli/messages.h"
-#include "ktl/ktlItemWalk.h"
+#include "ktl/reading/ktlItemWalk.h"
 
 #include <QFile>
 #include <QString>

@@ -2,12 +2,12 @@
 #include "cli/choicesCommand.h"
 #include "cli/convertCommand.h"
 #include "cli/dumpCommand.h"
-#include "cli/fileNameCodec.h"
 #include "cli/inputFile.h"
 #include "cli/showCommand.h"
-#include "cli/standardOutput.h"
 #include "esi/lastWords.h"
 #include "model/version.h"
+#include "system/fileNameCodec.h"
+#include "system/standardOutput.h"
 
 #include <QCoreApplication>
 
@@ -140,7 +140,8 @@ int main(int argc, char** argv)
     StandardOutput standardOutput;
     std::ostream results(&standardOutput);
     Messages messages(std::cerr);
-    Console console{results, messages};
+    Inputs inputs;
+    Console console{results, messages, inputs};
     ExitCode ended = run(QCoreApplication::arguments().mid(1), console);
     if (!results.flush()) {
         messages.outputError({}, QStringLiteral("standard output cannot be written: ")

@@ -1,8 +1,8 @@
 #include "cli/messages.h"
 
-#include "cli/fileNameCodec.h"
 #include "cli/inputFile.h"
 #include "cli/progress.h"
+#include "system/fileNameCodec.h"
 
 #include <QDir>
 

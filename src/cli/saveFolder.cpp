@@ -1,7 +1,7 @@
 #include "cli/saveFolder.h"
 
 #include "cli/saveTargets.h"
-#include "cli/system/scratchFolder.h"
+#include "system/scratchFolder.h"
 
 #include <QFile>
 

@@ -1,7 +1,7 @@
 // saveFolder.h - a folder that a run writes into.
 #pragma once
 
-#include "cli/system/folderLock.h"
+#include "system/folderLock.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #include "cli/saveTargets.h"
 
-#include "ktl/ktlFile.h"
+#include "ktl/writing/ktlFile.h"
 
 #include <QFile>
 #include <QFileInfo>

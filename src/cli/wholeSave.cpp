@@ -2,12 +2,12 @@
 
 #include "cli/ktlInput.h"
 #include "cli/saveFolder.h"
-#include "cli/system/diskSync.h"
-#include "cli/system/endingSignals.h"
-#include "cli/system/fileMoves.h"
-#include "cli/system/fileRights.h"
-#include "cli/system/scratchFolder.h"
-#include "ktl/ktlFile.h"
+#include "ktl/writing/ktlFile.h"
+#include "system/diskSync.h"
+#include "system/endingSignals.h"
+#include "system/fileMoves.h"
+#include "system/fileRights.h"
+#include "system/scratchFolder.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "editing/dictionaryTexts.h"
 
-#include "esi/xmlCharConversion.h"
 #include "model/dataTypeNames.h"
+#include "model/valueTexts.h"
 
 namespace {
 
@@ -25,7 +25,7 @@ QString sharedText(std::unordered_map<Key, QString>& texts, Key key, MakeText ma
 
 QString indexPatternOf(const struct_Object& object)
 {
-    return xmlGetStringuint(object.index) + QLatin1String(":%1");
+    return hexNumber(object.index) + QLatin1String(":%1");
 }
 
 QStringList DictionaryTexts::ofObject(const struct_Object& object, const QString& indexPattern)
@@ -87,5 +87,5 @@ QString DictionaryTexts::sharedNumber(std::int64_t number)
 
 QString DictionaryTexts::sharedAccess(NMTOKEN access)
 {
-    return sharedText(m_accesses, access, [=] { return xmlGetStringEnumNmtoken(access); });
+    return sharedText(m_accesses, access, [=] { return tokenText(access); });
 }

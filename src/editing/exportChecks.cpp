@@ -1,6 +1,6 @@
 #include "editing/exportChecks.h"
 
-#include "esi/xmlCharConversion.h"
+#include "model/valueTexts.h"
 
 #include <QCoreApplication>
 
@@ -96,6 +96,6 @@ QString proposedKtlName(const QString& path, std::uint32_t vendorId)
     constexpr int longestStem = 15;
     constexpr int longestName = 20;
     const QString stem = fileStem(path).left(longestStem);
-    const QString name = stem + QLatin1Char('-') + xmlGetStringuint(vendorId);
+    const QString name = stem + QLatin1Char('-') + hexNumber(vendorId);
     return name.left(longestName);
 }

@@ -1,6 +1,6 @@
 #include "editing/linkTexts.h"
 
-#include "ktl/ktlCodes.h"
+#include "model/pdoLink.h"
 
 #include <QLatin1String>
 

@@ -1,6 +1,6 @@
 #include "editing/lostValues.h"
 
-#include "ktl/carriedValue.h"
+#include "model/carriedValue.h"
 #include "model/startupAccess.h"
 
 #include <vector>

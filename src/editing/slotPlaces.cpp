@@ -1,6 +1,6 @@
 #include "editing/slotPlaces.h"
 
-#include "esi/xmlCharConversion.h"
+#include "model/valueTexts.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -91,7 +91,7 @@ SlotTable slotTableOf(const DeviceSlots& deviceSlots)
                 continue;
             QStringList& cells = rowAt(table.rows, static_cast<std::size_t>(standing.Instances));
             cells[moduleColumn] = QString::fromStdString(standing.module.Name);
-            cells[identColumn] = xmlGetStringuint(standing.module.TypeAttributes.ModuleIdent);
+            cells[identColumn] = hexNumber(standing.module.TypeAttributes.ModuleIdent);
         }
     }
     return table;
@@ -106,8 +106,8 @@ std::string moduleIdentList(const struct_Slot& slot)
     for (const struct_slotmodule& standing : slot.slotmodule)
         if (standing.Instances >= 0 && static_cast<std::size_t>(standing.Instances) < places)
             idents[static_cast<std::size_t>(standing.Instances)] = standing.module.TypeAttributes.ModuleIdent;
-    QString list = xmlGetStringuint(static_cast<std::uint32_t>(places)) + QLatin1Char(' ');
+    QString list = hexNumber(static_cast<std::uint32_t>(places)) + QLatin1Char(' ');
     for (const std::uint32_t ident : idents)
-        list += xmlGetStringuint(ident) + QLatin1Char(' ');
+        list += hexNumber(ident) + QLatin1Char(' ');
     return list.toStdString();
 }

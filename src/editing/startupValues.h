@@ -1,8 +1,8 @@
 // startupValues.h - what can be set in a startup command by hand.
 #pragma once
 
-#include "esi/xmlCharConversion.h"
 #include "model/startupAccess.h"
+#include "model/valueTexts.h"
 
 #include <cstdint>
 #include <type_traits>

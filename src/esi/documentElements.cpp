@@ -1,6 +1,6 @@
 #include "esi/documentElements.h"
 
-#include "esi/domIteration.h"
+#include "esi/xml/domIteration.h"
 
 #include <QLatin1String>
 #include <QString>

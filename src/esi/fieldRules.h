@@ -1,7 +1,7 @@
 // fieldRules.h - tables of (name, where the value goes), and the loops that walk them.
 #pragma once
 
-#include "esi/domIteration.h"
+#include "esi/xml/domIteration.h"
 
 #include <QDomElement>
 #include <QDomNamedNodeMap>

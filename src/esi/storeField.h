@@ -1,7 +1,7 @@
 // storeField.h - the usual ways to store the value of an attribute or element in a field of a record.
 #pragma once
 
-#include "esi/xmlCharConversion.h"
+#include "model/valueTexts.h"
 
 #include <QString>
 

@@ -11,22 +11,11 @@
 
 // ---- The walk ----
 
-/// How the reading of a document ended.
-enum class DocumentReading
-{
-    Read,
-    NotEsi, ///< it holds no `Vendor` element
-    TooManyCopies, ///< its PDOs and modules stand for more than `mostCopiedBytes`
-};
-
 /// Reads the document in `domDocument` into one record at the end of `g_xmlfiledevices`, derivation passes included.
 /// The list of files is unchanged if that fails.
 /// @param projectName  path of the file, stored unchanged
+/// @return             whether it was read
 /// @throws std::out_of_range if a PDO names a sync manager that its device does not declare; nothing is added then
-[[nodiscard]] DocumentReading readEsiDocument(const QString& projectName);
-
-/// Reads a document as `readEsiDocument` does.
-/// @return  whether it was read
 [[nodiscard]] bool read_xmldevice(const QString& projectName);
 
 /// Device class by ESI profile number; sets `m_iDeviceType`, and for profile 402 `m_iDriveAxies` too.

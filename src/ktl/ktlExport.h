@@ -2,8 +2,8 @@
 // format come with it.
 #pragma once
 
-#include "ktl/ktlFormat.h"
-#include "ktl/ktlReader.h"
+#include "ktl/format/ktlFormat.h"
+#include "ktl/reading/ktlReader.h"
 #include "model/XMLParsing.h"
 
 #include <QDateTime>

@@ -34,26 +34,18 @@ public:
     [[nodiscard]] const std::string& device() const noexcept { return m_device; }
     void setDevice(const std::string& name) { m_device = name; }
 
+    /// Path of the device's file; empty where the error was raised while a file is loaded.
+    [[nodiscard]] const std::string& file() const noexcept { return m_file; }
+    void setFile(const std::string& path) { m_file = path; }
+
 private:
     std::uint16_t m_pdoIndex;
     std::string m_pdoName;
     int m_number;
     std::size_t m_present;
     std::string m_device;
+    std::string m_file;
 };
-
-/// The sync manager at the position that a PDO names.
-/// @param position  in `syncManagers`
-/// @throws MissingSyncManager if there are not so many
-template<typename SyncManagers, typename Pdo>
-[[nodiscard]] auto& syncManagerAt(SyncManagers& syncManagers, std::size_t position, const Pdo& pdo)
-{
-    try {
-        return syncManagers.at(position);
-    } catch (const std::out_of_range& error) {
-        throw MissingSyncManager(error, indexOf(pdo), pdo.Name, pdo.Attributes.SM, syncManagers.size());
-    }
-}
 
 /// Runs `work()`, and tells an error on its way out which device it is about.
 template<typename Work> void onDevice(const struct_EtherCatDevice& device, Work work)
@@ -62,6 +54,17 @@ template<typename Work> void onDevice(const struct_EtherCatDevice& device, Work 
         work();
     } catch (MissingSyncManager& error) {
         error.setDevice(device.Name);
+        throw;
+    }
+}
+
+/// As above, and of which file.
+template<typename Work> void onDevice(const struct_FilenameDevice& file, const struct_EtherCatDevice& device, Work work)
+{
+    try {
+        onDevice(device, work);
+    } catch (MissingSyncManager& error) {
+        error.setFile(file.xmlfilepath);
         throw;
     }
 }

@@ -7,7 +7,9 @@
 #include "model/pdoRecords.h"
 #include "model/syncRecords.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <stdexcept>
 #include <vector>
 
 /// Index of a PDO.
@@ -86,6 +88,19 @@ template<typename Entry> [[nodiscard]] std::uint32_t mappingValueOf(const Entry&
     const std::uint32_t index = indexOf(entry);
     const std::uint32_t subIndex = entry.SubIndex;
     return (index << indexShift) + (subIndex << subIndexShift) + static_cast<std::uint32_t>(bitLengthOf(entry));
+}
+
+/// The sync manager at the position that a PDO names.
+/// @param position  in `syncManagers`
+/// @throws MissingSyncManager if there are not so many
+template<typename SyncManagers, typename Pdo>
+[[nodiscard]] auto& syncManagerAt(SyncManagers& syncManagers, std::size_t position, const Pdo& pdo)
+{
+    try {
+        return syncManagers.at(position);
+    } catch (const std::out_of_range& error) {
+        throw MissingSyncManager(error, indexOf(pdo), pdo.Name, pdo.Attributes.SM, syncManagers.size());
+    }
 }
 
 /// Whether a PDO is on a sync manager that exists in the description only. A PDO on none is not.

@@ -3,8 +3,8 @@
 
 #include "editing/exportChecks.h"
 #include "ktl/ktlExport.h"
-#include "ktl/ktlFile.h"
 #include "ktl/treeSelection.h"
+#include "ktl/writing/ktlFile.h"
 #include "workbench/messages.h"
 #include "workbench/overwriteQuestion.h"
 #include "workbench/waitCursor.h"

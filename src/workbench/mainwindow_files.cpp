@@ -2,8 +2,8 @@
 #include "workbench/mainwindow.h"
 
 #include "esi/esiFile.h"
-#include "ktl/ktlFile.h"
-#include "ktl/ktlReader.h"
+#include "ktl/reading/ktlReader.h"
+#include "ktl/writing/ktlFile.h"
 #include "workbench/messages.h"
 #include "workbench/waitCursor.h"
 
@@ -18,6 +18,7 @@
 #include <QUrl>
 
 #include <cstdio>
+#include <utility>
 
 void MainWindow::device_import_triggered()
 {
@@ -38,21 +39,22 @@ bool MainWindow::importEsiFile(const QString& path)
     EsiLoadResult result;
     {
         const WaitCursor waiting;
-        result = loadEsiFile(path);
+        result = loadEsiFile(path, domDocument);
     }
     switch (result.status) {
     case EsiLoadStatus::Loaded:
+        g_xmlfiledevices.push_back(std::move(result.file));
         return true;
     case EsiLoadStatus::CannotOpen:
         warn(this, fileMatters(),
-             tr("The file cannot be read %1:\n%2.").arg(QDir::toNativeSeparators(path), result.openError));
+             tr("The file cannot be read %1:\n%2.").arg(QDir::toNativeSeparators(path), result.reason.text));
         break;
     case EsiLoadStatus::NotWellFormed:
         inform(window(), fileMatters(),
                tr("XML Field format error， 行:%1, 列:%2:\n%3")
-                   .arg(result.formatError.line)
-                   .arg(result.formatError.column)
-                   .arg(result.formatError.message));
+                   .arg(result.reason.line)
+                   .arg(result.reason.column)
+                   .arg(result.reason.text));
         break;
     case EsiLoadStatus::NotEsi:
         warn(this, fileMatters(), tr("this xml file not is ethercat xml\n"));

@@ -1,6 +1,6 @@
 // The JSON schema of choices files: it names the keys that the reader knows and no others, asks for the same ones, and
 // holds for what the product writes and documents. The page on choices files: its example and its table of mistakes.
-#include "cli/choices/problemCodes.h"
+#include "choices/problemCodes.h"
 #include "cli/choicesParts.h"
 #include "cli/jsonSchema.h"
 

@@ -1,5 +1,5 @@
 // The JSON of `ktl show` where memory ends in the middle of it.
-#include "cli/show/showJson.h"
+#include "show/showJson.h"
 
 #include <QtTest>
 

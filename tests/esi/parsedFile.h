@@ -1,7 +1,7 @@
 // parsedFile.h - parses a text as the file that it would be.
 #pragma once
 
-#include "esi/boundedXmlReader.h"
+#include "esi/xml/boundedXmlReader.h"
 #include "esi/temporaryFile.h"
 
 #include <QDomDocument>

@@ -1,5 +1,5 @@
 // Parsing a file into a document: what is kept of it, errors with their place, and the limit of the nesting.
-#include "esi/boundedXmlReader.h"
+#include "esi/xml/boundedXmlReader.h"
 #include "esi/temporaryFile.h"
 
 #include <QDomDocument>

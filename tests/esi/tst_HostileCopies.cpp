@@ -2,7 +2,7 @@
 #include "esi/hostileFile.h"
 
 #include "esi/derivation/copyLimit.h"
-#include "esi/xmlLimits.h"
+#include "esi/xml/xmlLimits.h"
 
 #include <QtTest>
 

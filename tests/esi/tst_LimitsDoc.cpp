@@ -1,6 +1,6 @@
 // docs/esi-limits.md: its table names every limit, with the number that holds.
 #include "esi/derivation/copyLimit.h"
-#include "esi/xmlLimits.h"
+#include "esi/xml/xmlLimits.h"
 
 #include <QFile>
 #include <QRegularExpression>

@@ -1,6 +1,6 @@
 // How much a file may hold: the last node, device and module that is read, the first that is not, and where it stands.
 #include "esi/parsedFile.h"
-#include "esi/xmlLimits.h"
+#include "esi/xml/xmlLimits.h"
 
 #include <QtTest>
 

@@ -1,7 +1,7 @@
 // ktlBytes.h - bytes as a test writes them down, and bytes as a writer puts them into a stream.
 #pragma once
 
-#include "ktl/ktlFile.h"
+#include "ktl/writing/ktlFile.h"
 
 #include <QByteArray>
 

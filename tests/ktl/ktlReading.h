@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ktl/ktlBytes.h"
-#include "ktl/ktlReader.h"
+#include "ktl/reading/ktlReader.h"
 
 #include <QByteArray>
 

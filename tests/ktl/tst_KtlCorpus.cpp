@@ -3,7 +3,7 @@
 #include "esi/esiFile.h"
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
-#include "ktl/ktlFile.h"
+#include "ktl/writing/ktlFile.h"
 #include "ktl/ktlItems.h"
 
 #include <QDir>

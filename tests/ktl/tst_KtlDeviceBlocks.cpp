@@ -1,6 +1,6 @@
 // The records of a file by device block, and the values of complete accesses by command.
 #include "ktl/ktlBytes.h"
-#include "ktl/ktlDeviceBlocks.h"
+#include "ktl/reading/ktlDeviceBlocks.h"
 
 #include <QtTest>
 

@@ -1,7 +1,7 @@
 // Saving to disk: the file, its dump beside it, and what goes wrong with real files.
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
-#include "ktl/ktlFile.h"
+#include "ktl/writing/ktlFile.h"
 
 #include <QDir>
 #include <QFile>

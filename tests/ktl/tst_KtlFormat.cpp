@@ -1,5 +1,5 @@
 // Codes, record sizes, and offset, width and sign of every field of the KTL format.
-#include "ktl/ktlFormat.h"
+#include "ktl/format/ktlFormat.h"
 #include "model/version.h"
 
 #include <QtTest>

@@ -1,6 +1,6 @@
 // Walking over the items of a file, and the parts of an item.
 #include "ktl/ktlBytes.h"
-#include "ktl/ktlItemWalk.h"
+#include "ktl/reading/ktlItemWalk.h"
 
 #include <QtTest>
 

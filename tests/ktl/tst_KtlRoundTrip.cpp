@@ -4,7 +4,7 @@
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "ktl/ktlItems.h"
-#include "ktl/ktlReader.h"
+#include "ktl/reading/ktlReader.h"
 #include "model/pdoAccess.h"
 
 #include <QDir>

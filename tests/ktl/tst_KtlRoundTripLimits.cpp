@@ -1,5 +1,5 @@
 // Exports at the limits of the format, and several in one file, read back.
-#include "ktl/ktlFile.h"
+#include "ktl/writing/ktlFile.h"
 #include "ktl/ktlItems.h"
 #include "ktl/ktlReading.h"
 

@@ -1,7 +1,7 @@
 // oversampling.h - which PDOs of a device stand for several, and for how many.
 #pragma once
 
-#include "model/pdoRecords.h"
+#include "model/deviceRecords.h"
 
 #include <cstdint>
 #include <limits>
@@ -35,3 +35,6 @@ struct SampleRange
     const SampleRange range = sampleRangeOf(pdo.Attributes);
     return isOversampled(pdo.Attributes) && !range.isEmpty() && !range.isEndless();
 }
+
+/// Replaces each oversampled PDO of a device by one PDO per sample.
+void expandOversampledPdos(struct_EtherCatDevice& device);

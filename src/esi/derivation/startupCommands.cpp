@@ -1,9 +1,9 @@
 #include "esi/derivation/startupCommands.h"
 
-#include "esi/xmlCharConversion.h"
 #include "model/pdoAccess.h"
 #include "model/startupAccess.h"
 #include "model/syncDirection.h"
+#include "model/valueTexts.h"
 
 #include <QString>
 
@@ -28,7 +28,7 @@ enum class DataText
 
 std::string textOf(std::uint32_t number)
 {
-    return xmlGetStringuint(number).toStdString();
+    return hexNumber(number).toStdString();
 }
 
 /// A comment whose "%1" is the index in plain hexadecimal.

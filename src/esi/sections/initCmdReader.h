@@ -18,7 +18,7 @@ template<typename Command> void storeInitCmdData(Command& to, const QString& val
     // tst_MailboxSection::data and tst_ModuleInitCmds::data.
     to.DataBytes = static_cast<std::uint16_t>(value.size() / 2);
     to.Data = toUintFromBytes(value);
-    to.strData = xmlGetStringuint(to.Data).toStdString();
+    to.strData = hexNumber(to.Data).toStdString();
 }
 
 /// Children of an `InitCmd` element. A command has one transition; ESI allows several `Transition` elements, and the

@@ -1,0 +1,335 @@
+#include "choices/choicesTemplate.h"
+
+#include "choices/choicesOfLists.h"
+#include "choices/choicesWords.h"
+#include "editing/deviceEdits.h"
+#include "editing/deviceTypeTexts.h"
+#include "editing/moduleEdits.h"
+#include "editing/pdoRows.h"
+#include "editing/slotPlaces.h"
+#include "editing/startupRows.h"
+#include "editing/startupValues.h"
+#include "model/pdoAccess.h"
+#include "model/valueTexts.h"
+#include "json/jsonWriter.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <map>
+#include <tuple>
+
+namespace {
+
+using Key = QLatin1String;
+
+const QString aboutKey = QStringLiteral("about");
+
+QString text(const std::string& utf8)
+{
+    return QString::fromStdString(utf8);
+}
+
+QString hex(std::uint32_t number)
+{
+    return hexNumber(number);
+}
+
+int number(std::uint32_t value)
+{
+    return static_cast<int>(value);
+}
+
+/// A text, or nothing where it is empty.
+QJsonValue textOrNothing(const std::string& utf8)
+{
+    return utf8.empty() ? QJsonValue(QJsonValue::Undefined) : QJsonValue(text(utf8));
+}
+
+/// Vendor id, product code and revision.
+using DeviceIdentity = std::tuple<std::uint32_t, std::uint32_t, std::uint32_t>;
+
+DeviceIdentity identityOf(const struct_FilenameDevice& file, const struct_EtherCatDevice& device)
+{
+    return {file.Vendor_Id, device.TypeAttributes.Product_Code, device.TypeAttributes.Revision_No};
+}
+
+std::map<DeviceIdentity, int> countedIdentities(const std::vector<struct_FilenameDevice>& files)
+{
+    std::map<DeviceIdentity, int> counts;
+    for (const struct_FilenameDevice& file : files)
+        for (const struct_EtherCatDevice& device : file.device)
+            ++counts[identityOf(file, device)];
+    return counts;
+}
+
+void writeCommonAbout(JsonWriter& json)
+{
+    json.openObject(aboutKey);
+    json.openList(QStringLiteral("deviceTypes"));
+    for (const DeviceTypeText& entry : deviceTypeTexts)
+        json.line({{Key("deviceType"), QLatin1String(entry.name)}, {Key("shownAs"), QString::fromUtf8(entry.text)}});
+    json.closeList();
+    json.value(QStringLiteral("linksOfOutputs"), QJsonArray::fromStringList(linkNames(PdoDirection::Outputs)));
+    json.value(QStringLiteral("linksOfInputs"), QJsonArray::fromStringList(linkNames(PdoDirection::Inputs)));
+    json.closeObject();
+}
+
+void writeModes(JsonWriter& json, const struct_EtherCatDevice& device)
+{
+    if (device.vopmode.empty())
+        return;
+    json.openList(QStringLiteral("dcModes"));
+    int position = 0;
+    for (const Struct_DCOpMode& mode : device.vopmode)
+        json.line({{Key("dcMode"), position++},
+                   {Key("name"), text(mode.Name)},
+                   {Key("description"), textOrNothing(mode.Desc)},
+                   {Key("assignActivate"), hex(mode.AssignActivate)}});
+    json.closeList();
+}
+
+/// The module at a place of a slot, null for an empty place.
+const struct_module* standingAt(const struct_Slot& slot, int place)
+{
+    const auto found = std::find_if(slot.slotmodule.begin(), slot.slotmodule.end(),
+                                    [place](const struct_slotmodule& standing) { return standing.Instances == place; });
+    return found == slot.slotmodule.end() ? nullptr : &found->module;
+}
+
+QJsonArray identsOf(const struct_Slot& slot)
+{
+    QJsonArray idents;
+    for (const struct_ModuleIdent& ident : slot.ModuleIdent)
+        idents.append(hex(ident.ModuleIdent));
+    return idents;
+}
+
+/// Default modules bear the number of their slot; where that is no place of the slot, they cannot be taken out.
+QJsonArray modulesBesidePlaces(const struct_Slot& slot, const PlaceRange& places)
+{
+    QJsonArray modules;
+    for (const struct_slotmodule& standing : slot.slotmodule)
+        if (!places.holds(standing.Instances))
+            modules.append(text(standing.module.Name));
+    return modules;
+}
+
+void writeSlots(JsonWriter& json, const struct_EtherCatDevice& device)
+{
+    if (device.Slots.vslot.empty())
+        return;
+    json.openList(QStringLiteral("slots"));
+    PlaceRange places;
+    for (const struct_Slot& slot : device.Slots.vslot) {
+        places.first = places.behind;
+        places.behind = static_cast<std::uint16_t>(places.first + slot.Attributes.MaxInstances);
+        const QJsonArray idents = identsOf(slot);
+        const QJsonArray fixed = modulesBesidePlaces(slot, places);
+        json.line({{Key("slot"), text(slot.Name)},
+                   {Key("firstPlace"), number(places.first)},
+                   {Key("places"), number(slot.Attributes.MaxInstances)},
+                   {Key("modulesTaken"), idents.isEmpty() ? QJsonValue(QStringLiteral("any")) : QJsonValue(idents)},
+                   {Key("modulesThatStay"), fixed.isEmpty() ? QJsonValue(QJsonValue::Undefined) : QJsonValue(fixed)}});
+    }
+    json.closeList();
+}
+
+void writeModulesOfFile(JsonWriter& json, const struct_FilenameDevice& file)
+{
+    json.openList(QStringLiteral("modulesOfFile"));
+    for (const struct_commentmodule& group : file.vcommentmodule)
+        for (const struct_module& module : group.vmodule)
+            json.line({{Key("module"), hex(module.TypeAttributes.ModuleIdent)},
+                       {Key("name"), text(module.Name)},
+                       {Key("type"), textOrNothing(module.TypeAttributes.Name)}});
+    json.closeList();
+}
+
+void writeModules(JsonWriter& json, const struct_EtherCatDevice& device)
+{
+    json.openList(QStringLiteral("modules"));
+    int place = 0;
+    for (const struct_Slot& slot : device.Slots.vslot)
+        for (std::uint32_t ofSlot = 0; ofSlot < slot.Attributes.MaxInstances; ++ofSlot) {
+            const struct_module* const module = standingAt(slot, place);
+            json.line(
+                {{Key("place"), place++},
+                 {Key("module"),
+                  module == nullptr ? QJsonValue() : QJsonValue(hex(module->TypeAttributes.ModuleIdent))},
+                 {Key("about"), module == nullptr ? QJsonValue(QJsonValue::Undefined) : textOrNothing(module->Name)}});
+        }
+    json.closeList();
+}
+
+/// What helps to choose the link of an entry.
+template<typename Pdo, typename Entry>
+QJsonObject aboutEntry(const Pdo& pdo, const Entry& entry, PdoDirection direction)
+{
+    const bool isOutput = direction == PdoDirection::Outputs;
+    QJsonObject about{{QStringLiteral("direction"), isOutput ? QStringLiteral("output") : QStringLiteral("input")},
+                      {QStringLiteral("bits"), bitLengthOf(entry)},
+                      {QStringLiteral("pdo"), text(pdo.Name)},
+                      {QStringLiteral("assigned"), pdo.Attributes.SM >= 0}};
+    if (indexOf(entry) == 0)
+        about.insert(QStringLiteral("gap"), true);
+    return about;
+}
+
+/// The entries of the PDOs of a device or of a module with their links.
+/// @param module  undefined for a device
+template<typename Owner> void writeLinks(JsonWriter& json, const Owner& owner, const QJsonValue& module)
+{
+    int row = 0;
+    forEachPdoList(owner, [&](const auto& pdos, PdoDirection direction) {
+        for (const auto& pdo : pdos) {
+            int position = 0;
+            for (const auto& entry : entriesOf(pdo))
+                json.line({{Key("module"), module},
+                           {Key("pdo"), row},
+                           {Key("index"), hex(indexOf(pdo))},
+                           {Key("entry"), position++},
+                           {Key("object"), objectText({indexOf(entry), entry.SubIndex})},
+                           {Key("name"), text(entry.Name)},
+                           {Key("link"), linkName(entry.Linkto)},
+                           {Key("about"), aboutEntry(pdo, entry, direction)}});
+            ++row;
+        }
+    });
+}
+
+/// The modules of a file that can be named by their ident.
+void writeModuleLinks(JsonWriter& json, const struct_FilenameDevice& file)
+{
+    std::map<std::uint32_t, int> idents;
+    for (const struct_commentmodule& group : file.vcommentmodule)
+        for (const struct_module& module : group.vmodule)
+            ++idents[module.TypeAttributes.ModuleIdent];
+    json.openList(QStringLiteral("moduleLinks"));
+    for (const struct_commentmodule& group : file.vcommentmodule)
+        for (const struct_module& module : group.vmodule)
+            if (idents[module.TypeAttributes.ModuleIdent] == 1)
+                writeLinks(json, module, hex(module.TypeAttributes.ModuleIdent));
+    json.closeList();
+}
+
+void writeStartup(JsonWriter& json, const struct_EtherCatDevice& device)
+{
+    json.openObject(QStringLiteral("startup"));
+    json.openList(QStringLiteral("changed"));
+    int row = 0;
+    forEachStartupList(device, [&](const auto& commands, std::uint16_t count, StartupList list) {
+        for (std::size_t position = 0; position < count; ++position) {
+            const auto& command = commands[position];
+            const StartupValues is = startupValuesOf(command);
+            const QJsonObject was{{QStringLiteral("index"), hex(is.index)},
+                                  {QStringLiteral("subIndex"), number(is.subIndex)},
+                                  {QStringLiteral("comment"), text(command.Comment)}};
+            const QString protocol = list == StartupList::DeviceEoe ? QStringLiteral("EoE ") : QStringLiteral("CoE ");
+            json.line({{Key("row"), row++},
+                       {Key("about"), protocol + tokenText(command.Transition)},
+                       {Key("was"), was},
+                       {Key("index"), hex(is.index)},
+                       {Key("subIndex"), number(is.subIndex)},
+                       {Key("dataBytes"), number(is.dataBytes)},
+                       {Key("data"), static_cast<qint64>(is.data)}});
+        }
+    });
+    json.closeList();
+    json.openList(QStringLiteral("removed"));
+    json.closeList();
+    json.openList(QStringLiteral("added"));
+    json.closeList();
+    json.closeObject();
+}
+
+/// What is told beside the choices of a device.
+struct DeviceContext
+{
+    int number; ///< from 1, over all files
+    QString selector;
+    bool isFirst; ///< of its file: here stands what the devices of the file share, the modules
+};
+
+void writeAbout(JsonWriter& json, const struct_FilenameDevice& file, const struct_EtherCatDevice& device,
+                const DeviceContext& context)
+{
+    json.openObject(aboutKey);
+    json.value(QStringLiteral("number"), context.number);
+    json.value(QStringLiteral("name"), text(device.Name));
+    json.value(QStringLiteral("type"), text(device.TypeAttributes.type));
+    json.value(QStringLiteral("file"), text(file.xmlfilepath));
+    writeModes(json, device);
+    writeSlots(json, device);
+    if (context.isFirst && !file.vcommentmodule.empty())
+        writeModulesOfFile(json, file);
+    json.closeObject();
+}
+
+void writeSettings(JsonWriter& json, const struct_EtherCatDevice& device)
+{
+    json.value(QStringLiteral("deviceType"), deviceTypeName(device.m_iDeviceType));
+    if (device.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver)
+        json.value(QStringLiteral("driveAxes"), number(device.m_iDriveAxies));
+    if (!device.vopmode.empty()) {
+        const QString name = text(device.vopmode.front().Name);
+        const bool isOnlyOne = !name.isEmpty() && modesNamed(device.vopmode, name).size() == 1;
+        json.value(QStringLiteral("dcMode"), isOnlyOne ? QJsonValue(name) : QJsonValue(0));
+    }
+    if (takesModuleIndexes(device.m_iDeviceType)) {
+        json.value(QStringLiteral("configIndex"), hex(device.configindex));
+        json.value(QStringLiteral("detectIndex"), hex(device.detectindex));
+    }
+}
+
+void writeDevice(JsonWriter& json, const struct_FilenameDevice& file, const struct_EtherCatDevice& device,
+                 const DeviceContext& context)
+{
+    json.openObject();
+    json.value(QStringLiteral("device"), context.selector);
+    writeAbout(json, file, device, context);
+    writeSettings(json, device);
+    if (context.isFirst && !file.vcommentmodule.empty())
+        writeModuleLinks(json, file);
+    if (!moduleRefusal(device.m_iDeviceType).has_value() && !device.Slots.vslot.empty())
+        writeModules(json, device);
+    json.openList(QStringLiteral("links"));
+    writeLinks(json, device, QJsonValue(QJsonValue::Undefined));
+    json.closeList();
+    writeStartup(json, device);
+    json.closeObject();
+}
+
+/// "VENDOR:PRODUCT:REVISION".
+QString identityText(const DeviceIdentity& identity)
+{
+    const auto [vendor, product, revision] = identity;
+    return QStringList{hex(vendor), hex(product), hex(revision)}.join(QLatin1Char(':'));
+}
+
+} // namespace
+
+void writeChoicesTemplate(std::ostream& out, const std::vector<struct_FilenameDevice>& files)
+{
+    const std::map<DeviceIdentity, int> identities = countedIdentities(files);
+    JsonWriter json(out);
+    json.openObject();
+    json.value(QStringLiteral("format"), choicesFormat);
+    json.value(QStringLiteral("version"), choicesVersion);
+    writeCommonAbout(json);
+    json.openList(QStringLiteral("devices"));
+    int count = 0;
+    for (const struct_FilenameDevice& file : files) {
+        bool isFirst = true;
+        for (const struct_EtherCatDevice& device : file.device) {
+            const DeviceIdentity identity = identityOf(file, device);
+            ++count;
+            const QString selector = identities.at(identity) > 1 ? QString::number(count) : identityText(identity);
+            writeDevice(json, file, device, {count, selector, isFirst});
+            isFirst = false;
+        }
+    }
+    json.closeList();
+    json.closeObject();
+}

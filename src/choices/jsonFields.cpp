@@ -1,0 +1,95 @@
+#include "choices/jsonFields.h"
+
+#include "text/shownText.h"
+#include "text/writtenNumber.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+const QLatin1String anythingKey("about");
+
+std::optional<std::uint32_t> wholeNumber(const JsonValue& value)
+{
+    const double number = value.number().value_or(-1);
+    if (number < 0 || number > most32Bits || std::floor(number) != number)
+        return std::nullopt;
+    return static_cast<std::uint32_t>(number);
+}
+
+QStringList namesOf(const JsonKey* keys, std::size_t count)
+{
+    QStringList names;
+    for (const JsonKey* key = keys; key != keys + count; ++key)
+        names.append(key->name);
+    return names;
+}
+
+} // namespace
+
+std::optional<std::uint32_t> numberIn(const JsonValue& value)
+{
+    const std::optional<QString> text = value.text();
+    return text.has_value() ? numberIn(*text) : wholeNumber(value);
+}
+
+QString JsonFields::pathOf(QLatin1String key) const
+{
+    return m_path.isEmpty() ? QString(key) : m_path + QLatin1Char('.') + key;
+}
+
+void JsonFields::check(const JsonKey* keys, std::size_t count)
+{
+    if (!m_object.isObject()) {
+        m_problems.add(ProblemCode::Form, m_path,
+                       QStringLiteral("%1 is no object with keys and values").arg(m_object.shown()));
+        return;
+    }
+    for (const QString& name : m_object.keys())
+        if (name != anythingKey
+            && std::none_of(keys, keys + count, [&](const JsonKey& key) { return name == key.name; }))
+            m_problems.add(ProblemCode::Form, m_path,
+                           QStringLiteral("%1 is no key here (known: %2)")
+                               .arg(shownText(name), namesOf(keys, count).join(QStringLiteral(", "))));
+    for (const JsonKey* key = keys; key != keys + count; ++key)
+        if (key->isNeeded && !has(key->name))
+            m_problems.add(ProblemCode::Form, m_path,
+                           QStringLiteral("the key %1 is missing").arg(shownText(key->name)));
+}
+
+std::optional<std::uint32_t> JsonFields::number(QLatin1String key, std::uint32_t most)
+{
+    return inRange(key, numberIn(value(key)), most);
+}
+
+std::optional<std::uint32_t> JsonFields::count(QLatin1String key, std::uint32_t most, QLatin1String alternative)
+{
+    return inRange(key, wholeNumber(value(key)), most, alternative);
+}
+
+std::optional<std::uint32_t> JsonFields::inRange(QLatin1String key, std::optional<std::uint32_t> number,
+                                                 std::uint32_t most, QLatin1String alternative)
+{
+    if (has(key) && (!number.has_value() || *number > most)) {
+        const QString wanted = QStringLiteral("a number from 0 to %1").arg(most);
+        refuse(key, alternative.isEmpty() ? wanted : wanted + QStringLiteral(" or ") + alternative);
+        return std::nullopt;
+    }
+    return number;
+}
+
+std::optional<QString> JsonFields::text(QLatin1String key)
+{
+    std::optional<QString> text = value(key).text();
+    if (has(key) && !text.has_value())
+        refuse(key, QStringLiteral("a text"));
+    return text;
+}
+
+void JsonFields::refuse(QLatin1String key, const QString& wanted)
+{
+    m_problems.add(ProblemCode::Form, pathOf(key), QStringLiteral("%1 is not %2").arg(value(key).shown(), wanted));
+}

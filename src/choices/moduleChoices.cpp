@@ -1,0 +1,131 @@
+#include "choices/moduleChoices.h"
+
+#include "choices/choicesWords.h"
+#include "editing/deviceEdits.h"
+#include "editing/moduleEdits.h"
+#include "editing/slotPlaces.h"
+#include "model/valueTexts.h"
+#include "text/shownText.h"
+
+#include <algorithm>
+#include <set>
+
+namespace {
+
+/// Why a type has no modules to put in; `moduleRefusal` says which of the types those are.
+QString typeWords(ModuleRefusal refusal, std::uint16_t type)
+{
+    const QString reason = refusal == ModuleRefusal::TypeFindsModules ? QStringLiteral("finds its modules at power-on")
+                                                                      : QStringLiteral("has no modules");
+    return QStringLiteral("a device of the type %1 %2; leave the list out, or set a deviceType that takes modules by "
+                          "hand (%3)")
+        .arg(deviceTypeName(type), reason, typesThatTakeModules().join(QStringLiteral(", ")));
+}
+
+/// The idents that a slot names, the first ones of many.
+QString identsOf(const struct_Slot& slot)
+{
+    constexpr std::size_t maxShown = 8;
+    QStringList idents;
+    for (std::size_t position = 0; position < std::min(slot.ModuleIdent.size(), maxShown); ++position)
+        idents += hexNumber(slot.ModuleIdent[position].ModuleIdent);
+    const QString shown = idents.join(QStringLiteral(", "));
+    return slot.ModuleIdent.size() <= maxShown
+               ? shown
+               : QStringLiteral("%1 and %2 more").arg(shown, QString::number(slot.ModuleIdent.size() - maxShown));
+}
+
+QString misfitWords(const struct_module& module, std::uint32_t place, const struct_Slot& slot)
+{
+    return QStringLiteral("%1 does not fit place %2, slot %3 takes %4")
+        .arg(moduleLabel(module), QString::number(place), shownText(QString::fromStdString(slot.Name)), identsOf(slot));
+}
+
+bool isTaken(const struct_Slot& slot, int place)
+{
+    return std::any_of(slot.slotmodule.begin(), slot.slotmodule.end(),
+                       [place](const struct_slotmodule& standing) { return standing.Instances == place; });
+}
+
+/// Makes one choice.
+class ModulePlacing
+{
+public:
+    ModulePlacing(struct_EtherCatDevice& device, const ModuleLookUp& modules, Problems& problems)
+        : m_device(device)
+        , m_modules(modules)
+        , m_problems(problems)
+    {}
+
+    void make(const ModuleChoice& choice)
+    {
+        const QString path = choice.path + QStringLiteral(".place");
+        const struct_Slot* const slot = slotAt(m_device.Slots, static_cast<int>(choice.place));
+        if (slot == nullptr)
+            m_problems.add(ProblemCode::ModulePlace, path,
+                           QStringLiteral("the device has no place %1").arg(choice.place));
+        else if (!m_places.insert(choice.place).second)
+            m_problems.add(ProblemCode::ModulePlace, path,
+                           QStringLiteral("place %1 is filled twice").arg(choice.place));
+        else if (choice.module.has_value())
+            put(choice, *slot);
+        else
+            take(choice, *slot);
+    }
+
+    [[nodiscard]] const ModuleChanges& changes() const { return m_changes; }
+
+private:
+    void take(const ModuleChoice& choice, const struct_Slot& slot)
+    {
+        const int place = static_cast<int>(choice.place);
+        m_changes.haveMovedRows = m_changes.haveMovedRows || isTaken(slot, place);
+        removeModule(m_device, place);
+    }
+
+    void put(const ModuleChoice& choice, const struct_Slot& slot)
+    {
+        const int place = static_cast<int>(choice.place);
+        const bool isThere =
+            std::any_of(slot.slotmodule.begin(), slot.slotmodule.end(), [&](const struct_slotmodule& standing) {
+                return standing.Instances == place && isNamed(standing.module, *choice.module);
+            });
+        const FoundModule found = m_modules.named(*choice.module);
+        if (isThere && found.module == nullptr)
+            return; // one of several of that ident or name; it stays
+        const QString path = choice.path + QStringLiteral(".module");
+        if (found.module == nullptr) {
+            m_problems.add(ProblemCode::Module, path, found.problem);
+        } else if (insertModule(m_device, place, *found.module).has_value()) {
+            m_problems.add(ProblemCode::ModulePlace, path, misfitWords(*found.module, choice.place, slot));
+        } else if (!isThere) {
+            m_changes.havePutIn = true;
+            m_changes.haveMovedRows = true;
+        }
+    }
+
+    struct_EtherCatDevice& m_device;
+    const ModuleLookUp& m_modules;
+    Problems& m_problems;
+    std::set<std::uint32_t> m_places;
+    ModuleChanges m_changes;
+};
+
+} // namespace
+
+ModuleChanges makeModuleChoices(const DeviceChoices& choices, struct_EtherCatDevice& device,
+                                const ModuleLookUp& modules, Problems& problems)
+{
+    if (choices.modules.empty())
+        return {};
+    if (const std::optional<ModuleRefusal> refusal = moduleRefusal(device.m_iDeviceType)) {
+        problems.add(ProblemCode::ModuleType, choices.path + QStringLiteral(".modules"),
+                     typeWords(*refusal, device.m_iDeviceType));
+        return {};
+    }
+    ModulePlacing placing(device, modules, problems);
+    for (const ModuleChoice& choice : choices.modules)
+        placing.make(choice);
+    renewModuleData(device);
+    return placing.changes();
+}

@@ -1,0 +1,18 @@
+// choicesFile.h - a choices file, from its bytes to what it does to the loaded files.
+#pragma once
+
+#include "choices/deviceSelectors.h"
+#include "cli/messages.h"
+#include "model/XMLParsing.h"
+
+#include <QString>
+
+#include <set>
+#include <vector>
+
+/// Reads a choices file and makes its choices. All that is wrong with it is told, and what the window would warn of.
+/// @param path     "-" for standard input
+/// @param written  the devices that will be written; choices for other devices are warned of
+/// @return  whether all choices are made; the files are of no use otherwise
+[[nodiscard]] bool applyChoicesFile(const QString& path, std::vector<struct_FilenameDevice>& files, Messages& messages,
+                                    const std::set<DevicePosition>& written);

@@ -1,0 +1,17 @@
+// selectedDevices.h - the devices that a user names on the command line.
+#pragma once
+
+#include "choices/deviceSelectors.h"
+#include "cli/messages.h"
+#include "model/deviceRecords.h"
+
+#include <QStringList>
+
+#include <optional>
+#include <set>
+#include <vector>
+
+/// The devices that the selectors mean, all devices if there is no selector. Tells of each selector with a problem.
+/// @return  nothing if one has a problem
+[[nodiscard]] std::optional<std::set<DevicePosition>>
+selectedDevices(const QStringList& selectors, const std::vector<struct_FilenameDevice>& files, Messages& messages);

@@ -1,8 +1,0 @@
-#include "cli/system/terminal.h"
-
-#include <unistd.h>
-
-bool isOutputTerminal()
-{
-    return isatty(STDOUT_FILENO) != 0;
-}

@@ -1,0 +1,24 @@
+#include "editing/deviceLabel.h"
+
+#include "model/valueTexts.h"
+#include "text/shownText.h"
+
+#include <QFile>
+
+QString identityText(const struct_FilenameDevice& file, const struct_EtherCatDevice& device)
+{
+    return QStringLiteral("%1:%2:%3")
+        .arg(hexNumber(file.Vendor_Id), hexNumber(device.TypeAttributes.Product_Code),
+             hexNumber(device.TypeAttributes.Revision_No));
+}
+
+QString deviceLabel(const struct_FilenameDevice& file, const struct_EtherCatDevice& device, std::size_t number)
+{
+    return QStringLiteral("device %1 %2 (%3)")
+        .arg(QString::number(number), shownText(QString::fromStdString(device.Name)), identityText(file, device));
+}
+
+QString inputPathOf(const struct_FilenameDevice& file)
+{
+    return QFile::decodeName(file.xmlfilepath.c_str());
+}

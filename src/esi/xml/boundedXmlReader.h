@@ -1,0 +1,14 @@
+// boundedXmlReader.h - parses an XML file into a document, but not one that goes beyond all sense.
+#pragma once
+
+#include "esi/xml/xmlFormatError.h"
+
+class QDomDocument;
+class QFile;
+
+/// Parses an open file into `document`, with namespace processing on: tags and attributes have their local names.
+/// Comments are kept, and line ends inside texts stay as they stand in the file: its text mode is switched off. Nothing
+/// but the file is ever read; an external entity stays empty.
+/// @param error  set on failure
+/// @return       false if the file is not well-formed, or goes beyond a limit of `xmlLimits.h`
+[[nodiscard]] bool parseXml(QFile& file, QDomDocument& document, XmlFormatError& error);

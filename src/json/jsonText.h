@@ -1,0 +1,39 @@
+// jsonText.h - the text of a JSON file.
+#pragma once
+
+#include "json/jsonValue.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+/// What is wrong with a text, and where.
+struct JsonProblem
+{
+    int line = 1; ///< from 1
+    int column = 1; ///< from 1, in characters
+    QString text;
+};
+
+/// Gives a tree of values back.
+struct JsonRelease
+{
+    void operator()(json_t* root) const;
+};
+
+/// Result of parsing.
+struct JsonParsing
+{
+    std::unique_ptr<json_t, JsonRelease> root; ///< the object or list of the file, null if there is a problem
+    std::optional<JsonProblem> problem; ///< nothing if the text is JSON, and no object holds a key twice
+
+    [[nodiscard]] JsonValue value() const { return JsonValue(root.get()); }
+};
+
+/// Parses a JSON text (RFC 8259) in UTF-8; the mark that some editors put in front of UTF-8 is passed over. Stricter
+/// than the standard in this: an object with a key twice is refused, since one of the two would be lost without a word,
+/// and so are a text with the character U+0000, and numbers that 64 bits do not hold.
+/// @throws std::bad_alloc
+[[nodiscard]] JsonParsing parseJson(const QByteArray& text);

@@ -1,0 +1,82 @@
+#include "show/exportedDevices.h"
+
+#include "esi/derivation/rangeErrors.h"
+#include "ktl/ktlExport.h"
+#include "ktl/reading/ktlItemWalk.h"
+#include "show/exportCounts.h"
+#include "show/showWords.h"
+#include "system/cStreams.h"
+
+#include <QDate>
+#include <QDateTime>
+
+#include <new>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+namespace {
+
+/// Makes the devices of a file, and tells once what is wrong with each.
+class Exporter
+{
+public:
+    Exporter(struct_FilenameDevice& file, ExportProblemSink tell)
+        : m_file(&file)
+        , m_tell(std::move(tell))
+        , m_isTold(file.device.size(), false)
+    {}
+
+    ShownDevice operator()(std::size_t index)
+    {
+        struct_EtherCatDevice& device = m_file->device[index];
+        const bool isFirstTime = !m_isTold[index];
+        m_isTold[index] = true;
+        StartupSources sources = startupSourcesOf(device); // while there is no export yet that takes memory too
+        MemoryFile written;
+        if (writeItems(written.stream(), device, isFirstTime) && isFirstTime)
+            tellWhatIsLost(device);
+        written.finish();
+        const KtlWalk walk = walkItems(written.data(), written.size());
+        const std::vector<KtlBlockPlace> places = blockPlacesOf(walk);
+        return {places.empty() ? KtlDeviceBlock() : deviceBlockAt(walk, places.front()), std::move(sources), false};
+    }
+
+private:
+    /// @return  whether it came to its end
+    bool writeItems(std::FILE* out, struct_EtherCatDevice& device, bool tells)
+    {
+        const QDateTime anyTime(QDate(1970, 1, 1), QTime(0, 0)); // it is not shown: this is no export
+        try {
+            if (writeDevice(out, device, *m_file, anyTime) <= 0)
+                throw std::bad_alloc(); // memory is all that can be short
+            return true;
+        } catch (const std::out_of_range& error) {
+            if (tells)
+                m_tell({ExportProblem::Kind::CutShort, rangeErrorText(error)});
+            return false;
+        }
+    }
+
+    void tellWhatIsLost(struct_EtherCatDevice& device)
+    {
+        if (const struct_module* const module = firstMiscountedModule(device, *m_file))
+            m_tell(
+                {ExportProblem::Kind::LostItems,
+                 QStringLiteral("device \"%1\": in an export, module %2 does not have as many startup commands as it "
+                                "announces; the items after them cannot be found")
+                     .arg(QString::fromStdString(device.Name),
+                          QString::fromStdString(hexText(module->TypeAttributes.ModuleIdent)))});
+    }
+
+    struct_FilenameDevice* m_file;
+    ExportProblemSink m_tell;
+    std::vector<bool> m_isTold; ///< of each device
+};
+
+} // namespace
+
+ShownDevices exportedDevices(struct_FilenameDevice& file, ExportProblemSink tell)
+{
+    return {file.device.size(), Exporter(file, std::move(tell))};
+}

@@ -1,0 +1,139 @@
+#include "show/showWords.h"
+
+#include "editing/linkTexts.h"
+#include "model/deviceType.h"
+#include "model/syncDirection.h"
+#include "model/valueTexts.h"
+#include "text/unsafeCharacters.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace {
+
+struct NumberName
+{
+    std::int64_t number;
+    const char* name;
+};
+
+constexpr std::array deviceTypeNames{
+    NumberName{KTL_DEVICE_TYPE_IOBlock, "IOBlock"},         NumberName{KTL_DEVICE_TYPE_SingleDriver, "SingleDriver"},
+    NumberName{KTL_DEVICE_TYPE_MultiDriver, "MultiDriver"}, NumberName{KTL_DEVICE_TYPE_PnpIOBlock, "PnpIOBlock"},
+    NumberName{KTL_DEVICE_TYPE_Special, "Special"},         NumberName{KTL_DEVICE_TYPE_ManualIOBlock, "ManualIOBlock"},
+};
+
+constexpr std::array directionNames{
+    NumberName{KTL_UnknownType, "unknown"}, NumberName{KTL_MBoxOut, "MBoxOut"}, NumberName{KTL_MBoxIn, "MBoxIn"},
+    NumberName{KTL_Outputs, "Outputs"},     NumberName{KTL_Inputs, "Inputs"},   NumberName{KTL_DyOutputs, "DyOutputs"},
+    NumberName{KTL_DyInputs, "DyInputs"},   NumberName{KTL_Local, "Local"},
+};
+
+constexpr std::array assignActivateBits{
+    NumberName{8, "cyclic operation enabled"},
+    NumberName{9, "SYNC 0"},
+    NumberName{10, "SYNC 1"},
+};
+
+template<std::size_t Size> std::string nameIn(const std::array<NumberName, Size>& names, std::int64_t number)
+{
+    const auto* const found = std::find_if(names.begin(), names.end(),
+                                           [=](const NumberName& candidate) { return candidate.number == number; });
+    return found == names.end() ? std::string() : found->name;
+}
+
+std::string joined(const std::vector<std::string>& words)
+{
+    std::string all;
+    for (const std::string& word : words)
+        all += (all.empty() ? "" : ", ") + word;
+    return all;
+}
+
+} // namespace
+
+std::string oneLine(const std::string& utf8)
+{
+    if (std::all_of(utf8.begin(), utf8.end(), [](char byte) { return byte >= ' ' && byte <= '~'; }))
+        return utf8; // as most texts are
+    QString line = QString::fromStdString(utf8);
+    for (QChar& character : line)
+        if (isUnsafe(character) || character.category() == QChar::Separator_Line
+            || character.category() == QChar::Separator_Paragraph)
+            character = QLatin1Char(' ');
+    return line.toStdString();
+}
+
+std::string fractionText(float number)
+{
+    std::array<char, 32> digits{};
+    const std::to_chars_result result = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    return {digits.data(), result.ptr};
+}
+
+std::string hexText(std::int64_t number)
+{
+    constexpr int hexadecimal = 16;
+    const QString digits = QString::number(number < 0 ? -number : number, hexadecimal);
+    return (number < 0 ? "-0x" : "0x") + digits.toStdString();
+}
+
+std::string bytesText(const ItemBytes& item, std::size_t begin, std::size_t end)
+{
+    QByteArray bytes;
+    for (std::size_t offset = begin; offset < end; ++offset)
+        bytes.append(item.at<char>(offset));
+    return bytes.toHex(' ').toStdString();
+}
+
+std::string deviceTypeName(std::int64_t type)
+{
+    return nameIn(deviceTypeNames, type);
+}
+
+std::string directionName(std::int64_t direction)
+{
+    return nameIn(directionNames, direction);
+}
+
+std::string tokenName(std::int64_t token)
+{
+    return tokenText(static_cast<NMTOKEN>(token)).toStdString();
+}
+
+std::vector<std::string> assignActivateWords(std::int64_t assignActivate)
+{
+    constexpr unsigned bits = 32;
+    std::vector<std::string> words;
+    for (unsigned bit = 0; bit < bits; ++bit) {
+        if (((static_cast<std::uint64_t>(assignActivate) >> bit) & 1U) == 0)
+            continue;
+        const std::string name = nameIn(assignActivateBits, bit);
+        words.push_back("bit " + std::to_string(bit) + (name.empty() ? "" : ": " + name));
+    }
+    return words;
+}
+
+std::string wordsOf(KtlMeaning meaning, std::int64_t number)
+{
+    switch (meaning) {
+    case KtlMeaning::Number:
+        break;
+    case KtlMeaning::DeviceType:
+        return deviceTypeName(number);
+    case KtlMeaning::Direction:
+        return directionName(number);
+    case KtlMeaning::Link:
+        return linkText(static_cast<std::int32_t>(number)).toStdString();
+    case KtlMeaning::Transition:
+    case KtlMeaning::Access:
+        return tokenName(number);
+    case KtlMeaning::AssignActivate:
+        return joined(assignActivateWords(number));
+    }
+    return {};
+}

@@ -1,0 +1,37 @@
+// showWords.h - numbers and texts in words that people read.
+#pragma once
+
+#include "ktl/format/ktlLayout.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// A text on one line, for a terminal: controls, line feeds and changes of direction are blanks.
+[[nodiscard]] std::string oneLine(const std::string& utf8);
+
+/// The shortest digits that give the number again: "1.4".
+[[nodiscard]] std::string fractionText(float number);
+
+/// "0x1c12"; a negative number with its sign in front.
+[[nodiscard]] std::string hexText(std::int64_t number);
+
+/// Bytes in hexadecimal pairs, parted by blanks.
+/// @param end  offset behind the last byte
+[[nodiscard]] std::string bytesText(const ItemBytes& item, std::size_t begin, std::size_t end);
+
+/// Name of a device class, such as "SingleDriver"; empty for a number that is none.
+[[nodiscard]] std::string deviceTypeName(std::int64_t type);
+
+/// Name of the direction of a sync manager or FMMU, such as "Outputs"; empty for a number that is none.
+[[nodiscard]] std::string directionName(std::int64_t direction);
+
+/// Name of a token, such as "PS" or "ro"; "IP_PS" for both of these transitions; empty for no token.
+[[nodiscard]] std::string tokenName(std::int64_t token);
+
+/// Words of the bits that are set in a DC assign-activate word: "bit 9: SYNC 0". Bits without a meaning of their own
+/// show as their number.
+[[nodiscard]] std::vector<std::string> assignActivateWords(std::int64_t assignActivate);
+
+/// What the number in a field of a KTL file stands for; empty where it is just a number.
+[[nodiscard]] std::string wordsOf(KtlMeaning meaning, std::int64_t number);

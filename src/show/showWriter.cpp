@@ -1,0 +1,119 @@
+#include "show/showWriter.h"
+
+#include "show/showItems.h"
+#include "show/showJson.h"
+#include "show/showModel.h"
+#include "show/showText.h"
+#include "show/showWords.h"
+#include "show/textColumns.h"
+
+#include <ostream>
+
+namespace {
+
+// ---- JSON ----
+
+ShowObject jsonDevice(const ShownFile& file, std::size_t index)
+{
+    ShowObject members = deviceMembers(file.devices[index]);
+    if (file.esi != nullptr)
+        members.push_back({"model", {modelMembers(file.esi->device[index], ShowDetail::Everything)}});
+    return members;
+}
+
+ShowObject jsonFile(const ShownFile& file)
+{
+    const auto deviceAt = [&file](std::size_t index) -> ShowValue { return {jsonDevice(file, index)}; };
+    ShowObject members{{"file", text(file.name)},
+                       {"kind", text(file.esi != nullptr ? "ESI" : "KTL")},
+                       {"devices", {ShowList{file.devices.size(), deviceAt}}}};
+    if (file.esi != nullptr) {
+        members.push_back({"vendorId", hexadecimal(file.esi->Vendor_Id)});
+        members.push_back({"moduleGroups", moduleGroups(*file.esi, ShowDetail::Everything)});
+    } else {
+        members.push_back({"items", listOf(file.walk.items, itemMembers)});
+    }
+    return members;
+}
+
+// ---- Text ----
+
+/// A device of an ESI file for people: the model, and the startup commands as the controller gets them.
+ShowObject readableDevice(const ShownFile& file, std::size_t index)
+{
+    if (file.esi == nullptr)
+        return deviceMembers(file.devices[index]);
+    ShowObject members = modelMembers(file.esi->device[index], ShowDetail::ForPeople);
+    members.push_back({"startup", startupGroups(file.devices[index])});
+    return members;
+}
+
+/// @param lineWidth  columns of a line, `anyWidth` where lines may be as long as they are
+void writeReadable(std::ostream& out, const ShownFile& file, std::size_t lineWidth)
+{
+    constexpr std::size_t indentation = 2;
+    TextWriter text(out, lineWidth);
+    out << oneLine(file.name) << ": " << (file.esi != nullptr ? "ESI" : "KTL") << " file, " << file.devices.size()
+        << (file.devices.size() == 1 ? " device\n" : " devices\n");
+    if (file.esi == nullptr)
+        out << '\n';
+    for (const KtlFileItem& item : file.walk.items)
+        writeItemText(out, item, lineWidth);
+    for (std::size_t index = 0; index < file.devices.size(); ++index) {
+        out << "\nDevice " << index + 1 << " of " << file.devices.size() << '\n';
+        text.writeObject(readableDevice(file, index), indentation);
+    }
+    if (file.esi != nullptr) {
+        out << "\nFile\n";
+        text.writeObject({{"vendorId", hexadecimal(file.esi->Vendor_Id)},
+                          {"moduleGroups", moduleGroups(*file.esi, ShowDetail::ForPeople)}},
+                         indentation);
+    }
+}
+
+} // namespace
+
+ShowWriter::ShowWriter(std::ostream& out, const ShowForm& form)
+    : m_out(out)
+    , m_form(form)
+{
+    if (m_form.table != nullptr)
+        m_csv.emplace(out, m_form.csv);
+}
+
+void ShowWriter::begin()
+{
+    if (m_form.isJson)
+        m_out << "{\"files\": [";
+    else if (m_csv)
+        m_form.table->writeHeader(*m_csv);
+}
+
+void ShowWriter::show(const ShownFile& file)
+{
+    if (m_form.isJson) {
+        m_out << (m_isFirst ? "\n" : ",\n");
+        m_isFirst = false;
+        writeJson(m_out, jsonFile(file), [&file](bool isWhole) {
+            return ShowMember{"complete", flag(isWhole && file.isComplete)}; // errors of devices are known by now
+        });
+    } else if (m_csv) {
+        m_form.table->writeRows(*m_csv, file);
+    } else {
+        m_out << (m_isFirst ? "" : "\n");
+        writeReadable(m_out, file, m_form.lineWidth);
+    }
+    m_isFirst = false;
+}
+
+void ShowWriter::breakOff()
+{
+    if (!m_form.isJson && m_form.table == nullptr)
+        m_out << '\n';
+}
+
+void ShowWriter::end()
+{
+    if (m_form.isJson)
+        m_out << "\n]}\n";
+}

@@ -1,0 +1,39 @@
+// showWriter.h - files, shown in one of the forms.
+#pragma once
+
+#include "show/showTables.h"
+#include "show/shownFile.h"
+#include "show/textColumns.h"
+
+#include <cstddef>
+#include <iosfwd>
+#include <optional>
+
+/// How files are shown: as text for people unless one of the others is asked for.
+struct ShowForm
+{
+    bool isJson = false;
+    const ShowTable* table = nullptr; ///< as comma-separated values
+    CsvForm csv = CsvForm::Plain;
+    std::size_t lineWidth = anyWidth; ///< of text, in columns
+};
+
+/// Writes files one after another.
+class ShowWriter
+{
+public:
+    /// @param out  has to outlive this
+    ShowWriter(std::ostream& out, const ShowForm& form);
+
+    void begin();
+    void show(const ShownFile& file);
+    /// Ends what was begun of a file, in the middle of it.
+    void breakOff();
+    void end();
+
+private:
+    std::ostream& m_out;
+    ShowForm m_form;
+    std::optional<CsvWriter> m_csv; ///< with a table only
+    bool m_isFirst = true;
+};

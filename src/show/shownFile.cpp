@@ -1,0 +1,25 @@
+#include "show/shownFile.h"
+
+#include <utility>
+
+void ShownFile::setEsi(struct_FilenameDevice loaded, const ExportProblemSink& tell)
+{
+    esi = std::make_unique<struct_FilenameDevice>(std::move(loaded));
+    devices = exportedDevices(*esi, [this, tell](const ExportProblem& problem) {
+        isComplete = isComplete && problem.kind != ExportProblem::Kind::CutShort;
+        tell(problem);
+    });
+}
+
+void ShownFile::setKtl(std::vector<unsigned char> contents)
+{
+    bytes = std::move(contents);
+    walk = walkItems(bytes);
+    isComplete = walk.end == KtlWalkEnd::Whole;
+    const std::vector<KtlBlockPlace> places = blockPlacesOf(walk);
+    devices = {places.size(), [this, places](std::size_t index) {
+                   KtlDeviceBlock block = deviceBlockAt(walk, places[index]);
+                   StartupSources sources = startupSourcesOf(block);
+                   return ShownDevice{std::move(block), std::move(sources), true};
+               }};
+}

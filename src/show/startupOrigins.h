@@ -1,0 +1,48 @@
+// startupOrigins.h - where each startup command comes from.
+#pragma once
+
+#include "ktl/reading/ktlDeviceBlocks.h"
+#include "model/deviceRecords.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+/// Where a startup command comes from, and what a KTL file has no place for.
+struct StartupSource
+{
+    const char* origin; ///< "ESI", "module", "PDO mapping", "PDO assignment", "EoE" or "unknown"
+    std::optional<std::string_view> comment; ///< in the command itself; nothing for a command of a KTL file
+    std::optional<std::string_view> text; ///< its data as the window shows it; as the comment
+    std::optional<std::int64_t> choiceRow; ///< its row in choices files; nothing where they cannot name it
+};
+
+/// Sources of the commands of a device, in the order in which a KTL file carries them: EoE, then CoE.
+struct StartupSources
+{
+    std::vector<StartupSource> eoe;
+    std::vector<StartupSource> coe;
+};
+
+/// Sources of a device as it was loaded from an ESI file. They are exact: the generated commands stand behind the
+/// declared ones in their lists, and generating them again tells how many there are.
+/// @param device  not changed when this returns; has to outlive the result
+[[nodiscard]] StartupSources startupSourcesOf(struct_EtherCatDevice& device);
+
+/// Sources of a device of a KTL file, which does not carry them. A CoE command of the transition PS whose object is an
+/// assign object (0x1C10 to 0x1C2F) or a mapping object (0x1600 to 0x17FF, 0x1A00 to 0x1BFF) is taken for a generated
+/// one if the device assigns or configures PDOs at all; an EoE command of IP_PS is a generated one, since no ESI text
+/// reads as that transition. All others are unknown.
+[[nodiscard]] StartupSources startupSourcesOf(const KtlDeviceBlock& block);
+
+/// The source of a command by its place in its list. One behind the last source is unknown: an export that cannot be
+/// read in full can seem to hold more commands than the device has.
+[[nodiscard]] const StartupSource& sourceAt(const std::vector<StartupSource>& sources, std::size_t place);
+
+/// Whether an object lists the PDOs of a sync manager.
+[[nodiscard]] bool isAssignObject(std::uint16_t index);
+
+/// Whether an object lists the entries of a PDO.
+[[nodiscard]] bool isMappingObject(std::uint16_t index);

@@ -1,0 +1,8 @@
+#include "system/terminal.h"
+
+#include <unistd.h>
+
+bool isOutputTerminal()
+{
+    return isatty(STDOUT_FILENO) != 0;
+}
