@@ -33,9 +33,11 @@ public:
     explicit LoadedDevices(std::size_t count)
     {
         const GeneratedEsi esi = GeneratedEsi::ofDevices(count);
-        if (loadEsiFile(esi.path()).status != EsiLoadStatus::Loaded || g_xmlfiledevices.back().device.size() != count)
+        QDomDocument document;
+        EsiLoadResult result = loadEsiFile(esi.path(), document);
+        if (result.status != EsiLoadStatus::Loaded || result.file.device.size() != count)
             throw std::runtime_error("the generated file does not load with all its devices");
-        domDocument = QDomDocument();
+        g_xmlfiledevices.push_back(std::move(result.file));
     }
     ~LoadedDevices() { g_xmlfiledevices = {}; }
     LoadedDevices(const LoadedDevices&) = delete;

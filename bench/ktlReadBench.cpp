@@ -5,8 +5,8 @@
 
 #include "esi/esiFile.h"
 #include "ktl/ktlExport.h"
-#include "ktl/writing/ktlFile.h"
 #include "ktl/reading/ktlReader.h"
+#include "ktl/writing/ktlFile.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -40,12 +40,14 @@ public:
     KtlFiles()
     {
         const GeneratedEsi esi = GeneratedEsi::ofDevices(readDevices);
-        if (loadEsiFile(esi.path()).status != EsiLoadStatus::Loaded)
+        QDomDocument document;
+        EsiLoadResult result = loadEsiFile(esi.path(), document);
+        if (result.status != EsiLoadStatus::Loaded)
             throw std::runtime_error("the generated file does not load");
+        g_xmlfiledevices.push_back(std::move(result.file));
         for (std::size_t first = 0; first < readDevices; first += devicesPerFile)
             m_paths.push_back(write(first));
         unload();
-        domDocument = QDomDocument();
     }
 
     [[nodiscard]] const std::vector<std::string>& paths() const { return m_paths; }

@@ -1,8 +1,8 @@
 // hostileFile.h - loads a file behind one that is loaded already, and watches the time and that one.
 #pragma once
 
-#include "esi/esiFile.h"
 #include "esi/temporaryFile.h"
+#include "loadedFiles.h"
 #include "model/XMLParsing.h"
 
 #include <QByteArray>
@@ -25,7 +25,7 @@ inline void loadOneBefore()
 struct Ending
 {
     EsiLoadStatus status = EsiLoadStatus::Loaded;
-    XmlFormatError error;
+    EsiLoadReason error;
 };
 
 /// Processor time that one file may take, in seconds. The sanitizers slow everything down.
@@ -59,7 +59,7 @@ inline constexpr double longestTime =
 {
     const QTemporaryDir folder;
     const double start = processorSeconds();
-    const EsiLoadResult result = loadEsiFile(writeFile(folder, QStringLiteral("hostile.xml"), content));
+    const EsiLoadResult result = loadIntoList(writeFile(folder, QStringLiteral("hostile.xml"), content));
     const double seconds = processorSeconds() - start;
     domDocument = QDomDocument();
     if (seconds > longestTime)
@@ -68,7 +68,7 @@ inline constexpr double longestTime =
         qFatal("what was loaded before is gone");
     if (g_xmlfiledevices.size() != (result.status == EsiLoadStatus::Loaded ? std::size_t{2} : std::size_t{1}))
         qFatal("%d files are loaded", static_cast<int>(g_xmlfiledevices.size()));
-    return {result.status, result.formatError};
+    return {result.status, result.reason};
 }
 
 /// A file with one device that has a name and these children.

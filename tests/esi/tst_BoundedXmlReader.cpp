@@ -1,6 +1,6 @@
 // Parsing a file into a document: what is kept of it, errors with their place, and the limit of the nesting.
-#include "esi/xml/boundedXmlReader.h"
 #include "esi/temporaryFile.h"
+#include "esi/xml/boundedXmlReader.h"
 
 #include <QDomDocument>
 #include <QtTest>

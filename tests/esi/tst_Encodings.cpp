@@ -1,6 +1,6 @@
 // Encodings of files: by the byte order mark, else by the declaration, and what becomes of bytes that make no sense.
-#include "esi/xml/boundedXmlReader.h"
 #include "esi/temporaryFile.h"
+#include "esi/xml/boundedXmlReader.h"
 #include "esi/xml/xmlDecoding.h"
 
 #include <QDomDocument>

@@ -44,24 +44,34 @@ const QByteArray goodFile = "<EtherCATInfo><Vendor><Id>5</Id></Vendor><Descripti
 const QByteArray badSyncManager = "<EtherCATInfo><Vendor><Id>5</Id></Vendor><Descriptions><Devices><Device>"
                                   "<Sm>Outputs</Sm><RxPdo Sm=\"4\"/></Device></Devices></Descriptions></EtherCATInfo>";
 
+/// Loads a file whose document is of no interest.
+EsiLoadResult loaded(const QString& path)
+{
+    QDomDocument document;
+    return loadEsiFile(path, document);
+}
+
 } // namespace
 
 void tst_EsiFile::init()
 {
     g_xmlfiledevices.clear();
+    domDocument = QDomDocument();
 }
 
 void tst_EsiFile::success()
 {
     const QTemporaryDir folder;
     const QString path = writeFile(folder, QStringLiteral("drive.xml"), goodFile);
-    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
-    QCOMPARE(g_xmlfiledevices.size(), std::size_t{1});
-    QCOMPARE(QString::fromStdString(g_xmlfiledevices[0].xmlfilepath), path);
-    QCOMPARE(g_xmlfiledevices[0].Vendor_Id, 5U);
-    QCOMPARE(QString::fromStdString(g_xmlfiledevices[0].device.at(0).Name), QStringLiteral("Drive"));
+    QDomDocument document;
+    const EsiLoadResult loaded = loadEsiFile(path, document);
+    QVERIFY(loaded.status == EsiLoadStatus::Loaded);
+    QCOMPARE(QString::fromStdString(loaded.file.xmlfilepath), path);
+    QCOMPARE(loaded.file.Vendor_Id, 5U);
+    QCOMPARE(QString::fromStdString(loaded.file.device.at(0).Name), QStringLiteral("Drive"));
     QVERIFY2(FileBeingRead::path().isEmpty(), "no file is being read any more");
-    QVERIFY2(domDocument.documentElement().tagName() == "EtherCATInfo", "the last document parsed is kept");
+    QVERIFY2(document.documentElement().tagName() == "EtherCATInfo", "the document that was parsed is handed out");
+    QVERIFY2(g_xmlfiledevices.empty() && domDocument.isNull(), "nothing else is touched");
 }
 
 void tst_EsiFile::pathIsStoredUnchanged()
@@ -69,17 +79,18 @@ void tst_EsiFile::pathIsStoredUnchanged()
     const QTemporaryDir folder;
     static_cast<void>(writeFile(folder, QStringLiteral("伺服 1.XML"), goodFile));
     const QString path = folder.path() + QStringLiteral("//./伺服 1.XML");
-    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
-    QCOMPARE(QString::fromStdString(g_xmlfiledevices.at(0).xmlfilepath), path);
+    QCOMPARE(QString::fromStdString(loaded(path).file.xmlfilepath), path);
 }
 
 void tst_EsiFile::twice()
 {
     const QTemporaryDir folder;
     const QString path = writeFile(folder, QStringLiteral("drive.xml"), goodFile);
-    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
-    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
-    QCOMPARE(g_xmlfiledevices.size(), std::size_t{2});
+    EsiLoadResult first = loaded(path);
+    first.file.device.at(0).Name = "changed";
+    const EsiLoadResult second = loaded(path);
+    QCOMPARE(QString::fromStdString(second.file.device.at(0).Name), QStringLiteral("Drive"));
+    QCOMPARE(QString::fromStdString(first.file.device.at(0).Name), QStringLiteral("changed"));
 }
 
 void tst_EsiFile::crLfFile()
@@ -90,8 +101,7 @@ void tst_EsiFile::crLfFile()
                                    "<Devices>\r\n<Device>\r\n<Name>Drive\r\nwith two lines</Name>\r\n</Device>\r\n"
                                    "</Devices>\r\n<Modules>\r\n<!--first\r\nsecond-->\r\n<Module/>\r\n</Modules>\r\n"
                                    "</Descriptions>\r\n</EtherCATInfo>\r\n");
-    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
-    const struct_FilenameDevice& file = g_xmlfiledevices.at(0);
+    const struct_FilenameDevice file = loaded(path).file;
     QCOMPARE(QString::fromStdString(file.device.at(0).Name), QStringLiteral("Drive\r\nwith two lines"));
     QCOMPARE(file.vcommentmodule.size(), std::size_t{1});
     QCOMPARE(QString::fromStdString(file.vcommentmodule[0].comment), QStringLiteral("first\r\nsecond"));
@@ -105,11 +115,11 @@ void tst_EsiFile::prefixedFile()
                   R"(<?xml version="1.0"?><e:EtherCATInfo xmlns:e="urn:example"><e:Vendor><e:Id>5</e:Id>
                                    </e:Vendor><e:Device><e:Type e:ProductCode="#x10">ED</e:Type><e:Name>Drive</e:Name>
                                    </e:Device></e:EtherCATInfo>)");
-    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
-    const struct_EtherCatDevice& device = g_xmlfiledevices.at(0).device.at(0);
+    const struct_FilenameDevice file = loaded(path).file;
+    const struct_EtherCatDevice& device = file.device.at(0);
     QCOMPARE(QString::fromStdString(device.Name), QStringLiteral("Drive"));
     QCOMPARE(device.TypeAttributes.Product_Code, 16U);
-    QCOMPARE(g_xmlfiledevices[0].Vendor_Id, 5U);
+    QCOMPARE(file.Vendor_Id, 5U);
 }
 
 void tst_EsiFile::cannotOpen_data()
@@ -125,13 +135,13 @@ void tst_EsiFile::cannotOpen()
     QFETCH(QString, name);
     const QTemporaryDir folder;
     const QString path = folder.filePath(name);
-    const EsiLoadResult result = loadEsiFile(path);
+    const EsiLoadResult result = loaded(path);
     QVERIFY(result.status == EsiLoadStatus::CannotOpen);
     QFile file(path);
     QVERIFY(!file.open(QIODevice::ReadOnly | QIODevice::Text));
-    QCOMPARE(result.openError, file.errorString());
-    QVERIFY(!result.openError.isEmpty());
-    QVERIFY(g_xmlfiledevices.empty());
+    QCOMPARE(result.reason.text, file.errorString());
+    QVERIFY(!result.reason.text.isEmpty());
+    QVERIFY(result.file.device.empty());
     QVERIFY(FileBeingRead::path().isEmpty());
 }
 
@@ -139,17 +149,17 @@ void tst_EsiFile::malformed()
 {
     const QByteArray content = "<EtherCATInfo>\n<Vendor>\n<Id>5</Di>\n</Vendor>\n</EtherCATInfo>\n";
     const QTemporaryDir folder;
-    const EsiLoadResult result = loadEsiFile(writeFile(folder, QStringLiteral("malformed.xml"), content));
+    const EsiLoadResult result = loaded(writeFile(folder, QStringLiteral("malformed.xml"), content));
     QVERIFY(result.status == EsiLoadStatus::NotWellFormed);
-    QCOMPARE(result.formatError.line, 3);
+    QCOMPARE(result.reason.line, 3);
     QDomDocument document;
     QString message;
     int line = 0;
     int column = 0;
     QVERIFY(!document.setContent(content, true, &message, &line, &column));
-    QCOMPARE(result.formatError.message, message);
-    QCOMPARE(result.formatError.column, column);
-    QVERIFY(g_xmlfiledevices.empty());
+    QCOMPARE(result.reason.text, message);
+    QCOMPARE(result.reason.column, column);
+    QVERIFY(result.file.device.empty());
     QVERIFY(FileBeingRead::path().isEmpty());
 }
 
@@ -158,12 +168,12 @@ void tst_EsiFile::tooDeep()
     const QTemporaryDir folder;
     const QByteArray content = "<EtherCATInfo><Vendor/>" + QByteArray("\n<a>").repeated(1000)
                                + QByteArray("</a>").repeated(1000) + "</EtherCATInfo>";
-    const EsiLoadResult result = loadEsiFile(writeFile(folder, QStringLiteral("deep.xml"), content));
+    const EsiLoadResult result = loaded(writeFile(folder, QStringLiteral("deep.xml"), content));
     QVERIFY(result.status == EsiLoadStatus::NotWellFormed);
-    QCOMPARE(result.formatError.line, 1001);
-    QVERIFY(result.formatError.column >= 1);
-    QVERIFY(!result.formatError.message.isEmpty());
-    QVERIFY(g_xmlfiledevices.empty());
+    QCOMPARE(result.reason.line, 1001);
+    QVERIFY(result.reason.column >= 1);
+    QVERIFY(!result.reason.text.isEmpty());
+    QVERIFY(result.file.device.empty());
 }
 
 void tst_EsiFile::noVendor()
@@ -171,20 +181,22 @@ void tst_EsiFile::noVendor()
     const QTemporaryDir folder;
     const QString path = writeFile(folder, QStringLiteral("other.xml"),
                                    "<EtherCATInfo><Device><Name>Drive</Name></Device></EtherCATInfo>");
-    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::NotEsi);
-    QVERIFY(g_xmlfiledevices.empty());
+    const EsiLoadResult result = loaded(path);
+    QVERIFY(result.status == EsiLoadStatus::NotEsi);
+    QVERIFY(result.file.device.empty());
     QVERIFY(FileBeingRead::path().isEmpty());
 }
 
+/// What is loaded before a failure, and after it, is as if there were none.
 void tst_EsiFile::filesBeforeAFailureStay()
 {
     const QTemporaryDir folder;
-    QVERIFY(loadEsiFile(writeFile(folder, QStringLiteral("good.xml"), goodFile)).status == EsiLoadStatus::Loaded);
-    QVERIFY(loadEsiFile(writeFile(folder, QStringLiteral("bad.xml"), "<a>")).status == EsiLoadStatus::NotWellFormed);
-    QVERIFY(loadEsiFile(folder.filePath(QStringLiteral("gone.xml"))).status == EsiLoadStatus::CannotOpen);
-    QVERIFY(loadEsiFile(writeFile(folder, QStringLiteral("other.xml"), "<a/>")).status == EsiLoadStatus::NotEsi);
-    QCOMPARE(g_xmlfiledevices.size(), std::size_t{1});
-    QCOMPARE(g_xmlfiledevices[0].Vendor_Id, 5U);
+    const EsiLoadResult good = loaded(writeFile(folder, QStringLiteral("good.xml"), goodFile));
+    QVERIFY(loaded(writeFile(folder, QStringLiteral("bad.xml"), "<a>")).status == EsiLoadStatus::NotWellFormed);
+    QVERIFY(loaded(folder.filePath(QStringLiteral("gone.xml"))).status == EsiLoadStatus::CannotOpen);
+    QVERIFY(loaded(writeFile(folder, QStringLiteral("other.xml"), "<a/>")).status == EsiLoadStatus::NotEsi);
+    QCOMPARE(good.file.Vendor_Id, 5U);
+    QCOMPARE(loaded(folder.filePath(QStringLiteral("good.xml"))).file.Vendor_Id, 5U);
 }
 
 void tst_EsiFile::unknownSyncManager()
@@ -192,22 +204,19 @@ void tst_EsiFile::unknownSyncManager()
     const QTemporaryDir folder;
     const QString good = writeFile(folder, QStringLiteral("good.xml"), goodFile);
     const QString bad = writeFile(folder, QStringLiteral("bad.xml"), badSyncManager);
-    QVERIFY(loadEsiFile(good).status == EsiLoadStatus::Loaded);
-
     QString reason;
     QString words;
     try {
-        static_cast<void>(loadEsiFile(bad));
+        static_cast<void>(loaded(bad));
     } catch (const std::out_of_range& error) {
         reason = QString::fromLatin1(error.what());
         words = lastWords();
     }
     QCOMPARE(reason, QStringLiteral("vector::_M_range_check: __n (which is 4) >= this->size() (which is 1)"));
-    QVERIFY2(g_xmlfiledevices.size() == 1, "nothing is appended");
     QCOMPARE(FileBeingRead::path(), bad);
     QVERIFY2(words.contains(reason) && words.contains(bad) && !words.contains('\n'), qPrintable(words));
 
-    QVERIFY(loadEsiFile(good).status == EsiLoadStatus::Loaded);
+    QVERIFY(loaded(good).status == EsiLoadStatus::Loaded);
     QVERIFY2(FileBeingRead::path().isEmpty(), "a file read later takes the place of the one that failed");
 }
 
@@ -222,13 +231,13 @@ void tst_EsiFile::samples_data()
 void tst_EsiFile::samples()
 {
     QFETCH(QString, path);
-    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
+    const std::vector<struct_EtherCatDevice> devices = loaded(path).file.device;
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const int deviceTags = QString::fromUtf8(file.readAll()).count(QRegularExpression(QStringLiteral("<Device[ >]")));
     QVERIFY(deviceTags > 0);
-    QCOMPARE(g_xmlfiledevices.at(0).device.size(), static_cast<std::size_t>(deviceTags));
-    for (const struct_EtherCatDevice& device : g_xmlfiledevices[0].device) {
+    QCOMPARE(devices.size(), static_cast<std::size_t>(deviceTags));
+    for (const struct_EtherCatDevice& device : devices) {
         QVERIFY(!device.Name.empty());
         QVERIFY(device.TypeAttributes.Product_Code != 0);
     }
@@ -243,8 +252,9 @@ void tst_EsiFile::sampleSlots_data()
 void tst_EsiFile::sampleSlots()
 {
     QFETCH(QString, path);
-    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
-    const QDomNodeList allSlots = domDocument.elementsByTagName(QStringLiteral("Slot"));
+    QDomDocument document;
+    QVERIFY(loadEsiFile(path, document).status == EsiLoadStatus::Loaded);
+    const QDomNodeList allSlots = document.elementsByTagName(QStringLiteral("Slot"));
     for (int index = 0; index < allSlots.size(); ++index) {
         const QDomElement slot = allSlots.at(index).toElement();
         const bool hasIdent = !slot.firstChildElement(QStringLiteral("ModuleIdent")).isNull();
@@ -262,9 +272,10 @@ void tst_EsiFile::sampleRanges_data()
 void tst_EsiFile::sampleRanges()
 {
     QFETCH(QString, path);
-    QVERIFY(loadEsiFile(path).status == EsiLoadStatus::Loaded);
+    QDomDocument document;
+    QVERIFY(loadEsiFile(path, document).status == EsiLoadStatus::Loaded);
     for (const char* tag : {"RxPdo", "TxPdo"}) {
-        const QDomNodeList pdos = domDocument.elementsByTagName(QLatin1String(tag));
+        const QDomNodeList pdos = document.elementsByTagName(QLatin1String(tag));
         for (int index = 0; index < pdos.size(); ++index)
             for (const char* name : {"OSFac", "OSMin", "OSMax", "OSIndexInc"}) {
                 const QDomElement pdo = pdos.at(index).toElement();

@@ -104,7 +104,7 @@ void tst_HostileCopies::tooManyCopies()
     QFETCH(QByteArray, content);
     const Ending ending = load(content);
     QVERIFY(ending.status == EsiLoadStatus::NotWellFormed);
-    QCOMPARE(ending.error.message, tooMany);
+    QCOMPARE(ending.error.text, tooMany);
     QCOMPARE(ending.error.line, 1);
     QCOMPARE(ending.error.column, 1);
 }
@@ -184,7 +184,7 @@ void tst_HostileCopies::inEachOther()
         loadOneBefore();
         const Ending ending = load(nested(depth));
         QVERIFY(ending.status == EsiLoadStatus::NotWellFormed);
-        QCOMPARE(ending.error.message, message);
+        QCOMPARE(ending.error.text, message);
     }
 }
 
@@ -247,9 +247,9 @@ void tst_HostileCopies::groupNames()
     QFETCH(QByteArray, content);
     QFETCH(bool, isRead);
     const Ending ending = load(inDevice(content));
-    QCOMPARE(ending.error.message, isRead ? QString()
-                                          : QStringLiteral("the names of the slot groups add more than 67108864 "
-                                                           "characters to the names of the slots"));
+    QCOMPARE(ending.error.text, isRead ? QString()
+                                       : QStringLiteral("the names of the slot groups add more than 67108864 "
+                                                        "characters to the names of the slots"));
     QVERIFY(ending.status == (isRead ? EsiLoadStatus::Loaded : EsiLoadStatus::NotWellFormed));
 }
 

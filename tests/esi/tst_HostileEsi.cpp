@@ -82,7 +82,7 @@ void tst_HostileEsi::noXml()
     QFETCH(QString, message);
     const Ending ending = load(content);
     QVERIFY(ending.status == EsiLoadStatus::NotWellFormed);
-    QCOMPARE(ending.error.message, message);
+    QCOMPARE(ending.error.text, message);
     QVERIFY(ending.error.line >= 1);
 }
 
@@ -165,7 +165,7 @@ void tst_HostileEsi::bombs()
     QFETCH(QString, message);
     const Ending ending = load(content);
     QVERIFY(ending.status == EsiLoadStatus::NotWellFormed);
-    QCOMPARE(ending.error.message, message);
+    QCOMPARE(ending.error.text, message);
     QCOMPARE(ending.error.line, 1);
     QVERIFY(ending.error.column >= 1);
 }
@@ -230,7 +230,7 @@ void tst_HostileEsi::oddBytes()
     QFETCH(int, status);
     const Ending ending = load(content);
     QCOMPARE(static_cast<int>(ending.status), status);
-    QCOMPARE(ending.error.message.isEmpty(), ending.status == EsiLoadStatus::Loaded);
+    QCOMPARE(ending.error.text.isEmpty(), ending.status == EsiLoadStatus::Loaded);
 }
 
 void tst_HostileEsi::oddValues_data()
@@ -331,7 +331,7 @@ void tst_HostileEsi::truncatedAnywhere()
     for (int length = 0; length < whole.size(); ++length) {
         const Ending ending = load(whole.left(length));
         QVERIFY2(ending.status == EsiLoadStatus::NotWellFormed, qPrintable(QString::number(length)));
-        QVERIFY2(!ending.error.message.isEmpty() && ending.error.line >= 1, qPrintable(QString::number(length)));
+        QVERIFY2(!ending.error.text.isEmpty() && ending.error.line >= 1, qPrintable(QString::number(length)));
     }
     QVERIFY(load(whole).status == EsiLoadStatus::Loaded);
     QCOMPARE(QString::fromStdString(loadedDevice().Name), QStringLiteral("伺Ay"));
@@ -349,7 +349,7 @@ void tst_HostileEsi::oneByteChanged()
             content[position] = changed;
             try {
                 const Ending ending = load(content);
-                QCOMPARE(ending.error.message.isEmpty(), ending.status != EsiLoadStatus::NotWellFormed);
+                QCOMPARE(ending.error.text.isEmpty(), ending.status != EsiLoadStatus::NotWellFormed);
                 refused += ending.status == EsiLoadStatus::NotWellFormed ? 1 : 0;
             } catch (const std::out_of_range&) {
                 QVERIFY2(g_xmlfiledevices.size() == 1, "a PDO on a sync manager that is not there");

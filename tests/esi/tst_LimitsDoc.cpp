@@ -98,7 +98,7 @@ void tst_LimitsDoc::everyLimitHasARow()
     const QRegularExpression constant("^inline constexpr \\S+ (\\w+) =", QRegularExpression::MultilineOption);
     QStringList missing;
     int count = 0;
-    for (const char* header : {"src/esi/xmlLimits.h", "src/esi/derivation/copyLimit.h"})
+    for (const char* header : {"src/esi/xml/xmlLimits.h", "src/esi/derivation/copyLimit.h"})
         for (auto match = constant.globalMatch(contentOf(header)); match.hasNext(); ++count) {
             const QString name = match.next().captured(1);
             const auto isOfName = [&](const Limit& limit) { return name == QLatin1String(limit.name); };

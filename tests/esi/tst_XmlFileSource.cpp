@@ -1,7 +1,7 @@
 // Files are read in blocks while they are parsed: what lies across the end of a block, or behind the first one, reads
 // as it does in a small file.
-#include "esi/xml/boundedXmlReader.h"
 #include "esi/temporaryFile.h"
+#include "esi/xml/boundedXmlReader.h"
 #include "esi/xml/xmlFileSource.h"
 #include "esi/xml/xmlLimits.h"
 

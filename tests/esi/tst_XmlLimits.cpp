@@ -1,7 +1,7 @@
 // Limits of XML files: the last that is read, the first that is not, and where it stands.
-#include "esi/xml/boundedXmlReader.h"
 #include "esi/parsedFile.h"
 #include "esi/temporaryFile.h"
+#include "esi/xml/boundedXmlReader.h"
 #include "esi/xml/xmlLimits.h"
 
 #include <QDomDocument>

@@ -1,7 +1,7 @@
 // The complete-access block of the CoE item: what the size announces, what is written, and the fill between the two.
-#include "ktl/writing/itemWriter.h"
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
+#include "ktl/writing/itemWriter.h"
 
 #include <QtTest>
 

@@ -1,10 +1,10 @@
 // Every sample, and every real ESI file if the folder of them is there: loads, exports, and the KTL file and its dump
 // are read again by a reader of the test's own.
-#include "esi/esiFile.h"
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
-#include "ktl/writing/ktlFile.h"
 #include "ktl/ktlItems.h"
+#include "ktl/writing/ktlFile.h"
+#include "loadedFiles.h"
 
 #include <QDir>
 #include <QHash>
@@ -211,7 +211,7 @@ void tst_KtlCorpus::exportedFile()
 {
     QFETCH(QString, path);
     QFETCH(int, devices);
-    QCOMPARE(int(loadEsiFile(path).status), int(EsiLoadStatus::Loaded));
+    QCOMPARE(int(loadIntoList(path).status), int(EsiLoadStatus::Loaded));
     QCOMPARE(g_xmlfiledevices.size(), std::size_t(1));
     QVERIFY(!g_xmlfiledevices[0].device.empty());
     if (devices != anyNumber)
@@ -315,11 +315,11 @@ void tst_KtlCorpus::fileThatIsNotWellFormed_data()
 void tst_KtlCorpus::fileThatIsNotWellFormed()
 {
     QFETCH(QString, path);
-    const EsiLoadResult result = loadEsiFile(path);
+    const EsiLoadResult result = loadIntoList(path);
     QCOMPARE(int(result.status), int(EsiLoadStatus::NotWellFormed));
-    QVERIFY(result.formatError.line > 0);
-    QVERIFY(result.formatError.column > 0);
-    QVERIFY(!result.formatError.message.isEmpty());
+    QVERIFY(result.reason.line > 0);
+    QVERIFY(result.reason.column > 0);
+    QVERIFY(!result.reason.text.isEmpty());
     QVERIFY(g_xmlfiledevices.empty());
 }
 

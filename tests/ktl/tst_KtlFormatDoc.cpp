@@ -1,7 +1,7 @@
 // The worked example of docs/ktl-format.md: what the page shows is what the product writes.
-#include "esi/esiFile.h"
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
+#include "loadedFiles.h"
 
 #include <QFile>
 #include <QtTest>
@@ -34,7 +34,7 @@ void tst_KtlFormatDoc::initTestCase()
     QFile file(QStringLiteral(KINETRA_SOURCE_DIR "/docs/ktl-format.md"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     m_page = file.readAll();
-    const EsiLoadResult loaded = loadEsiFile(QStringLiteral(KINETRA_SOURCE_DIR "/samples/io-block.xml"));
+    const EsiLoadResult loaded = loadIntoList(QStringLiteral(KINETRA_SOURCE_DIR "/samples/io-block.xml"));
     QCOMPARE(int(loaded.status), int(EsiLoadStatus::Loaded));
     const auto firstOnly = [](std::size_t fileIndex, std::size_t device) { return fileIndex == 0 && device == 0; };
     int code = -77;

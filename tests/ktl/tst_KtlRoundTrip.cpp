@@ -1,10 +1,10 @@
 // Every sample is exported and read back: what comes back, field by field, and what is gone.
-#include "esi/esiFile.h"
 #include "esi/xmlCharConversion.h"
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "ktl/ktlItems.h"
 #include "ktl/reading/ktlReader.h"
+#include "loadedFiles.h"
 #include "model/pdoAccess.h"
 
 #include <QDir>
@@ -153,7 +153,7 @@ void tst_KtlRoundTrip::init()
     g_xmlfiledevices.clear();
     const QDir samples(QStringLiteral(KINETRA_SOURCE_DIR "/samples"));
     for (const QString& name : samples.entryList({"*.xml"}, QDir::Files))
-        QCOMPARE(int(loadEsiFile(samples.filePath(name)).status), int(EsiLoadStatus::Loaded));
+        QCOMPARE(int(loadIntoList(samples.filePath(name)).status), int(EsiLoadStatus::Loaded));
     g_xmlfiledevices.push_back(specialDevice());
     m_written.swap(g_xmlfiledevices);
     g_xmlfiledevices.clear();

@@ -1,7 +1,7 @@
 // Exports at the limits of the format, and several in one file, read back.
-#include "ktl/writing/ktlFile.h"
 #include "ktl/ktlItems.h"
 #include "ktl/ktlReading.h"
+#include "ktl/writing/ktlFile.h"
 
 #include "ktl/ktlExport.h"
 

@@ -3,6 +3,7 @@
 #include "workbench/terminateHandler.h"
 
 #include "esi/esiFile.h"
+#include "model/XMLParsing.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/windowParts.h"
 
@@ -43,7 +44,7 @@ int main(int argc, char** argv)
     const QByteArray mode = argv[1];
     const QString path = QString::fromLocal8Bit(argv[2]);
     if (mode == "bare")
-        return static_cast<int>(loadEsiFile(path).status);
+        return static_cast<int>(loadEsiFile(path, domDocument).status);
     const QApplication application(argc, argv);
-    return mode == "window" ? openInWindow(path) : static_cast<int>(loadEsiFile(path).status);
+    return mode == "window" ? openInWindow(path) : static_cast<int>(loadEsiFile(path, domDocument).status);
 }
