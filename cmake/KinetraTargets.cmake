@@ -1,8 +1,11 @@
-# What all targets of the project share: language level, warnings, sanitizers, and how a test is declared.
+# What all targets of the project share: language level, warnings, sanitizers, precompiled headers, and how the tests of
+# a folder are declared.
 
 add_library(kinetra_options INTERFACE)
 target_compile_features(kinetra_options INTERFACE cxx_std_17)
+# clang counts -Wsign-conversion to -Wconversion, g++ does not in C++.
 target_compile_options(kinetra_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+                                                 $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>
                                                  $<$<BOOL:${KINETRA_WERROR}>:-Werror>)
 if(KINETRA_SANITIZE)
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -14,40 +17,92 @@ if(KINETRA_FUZZ)
   target_compile_options(kinetra_options INTERFACE -fsanitize=fuzzer-no-link) # tells the fuzzer which code an input reaches
 endif()
 
-# kinetra_library(NAME SOURCES ... [LINK ...]): a static library that is one floor of the house. Its headers are reached
-# from src/, the only include root.
+# kinetra_precompile(NAME core|windows|tests|windowTests): the target reads the commonest headers of its kind from a
+# file that is compiled once for all such targets. Only the presets for tests do so: what compiles without it too has all
+# its #includes.
+set(kinetra_headers_core <algorithm> <array> <cstdint> <functional> <memory> <optional> <string> <unordered_map> <utility>
+                         <vector> <QByteArray> <QDomDocument> <QFile> <QHash> <QString> <QStringList>)
+set(kinetra_headers_windows ${kinetra_headers_core} <QtWidgets>)
+set(kinetra_headers_tests ${kinetra_headers_core} <QDir> <QProcess> <QRegularExpression> <QTemporaryDir> <QtTest>)
+set(kinetra_headers_windowTests ${kinetra_headers_windows} <QtTest>)
+set(kinetra_links_core Qt5::Xml)
+set(kinetra_links_windows Qt5::Xml Qt5::Widgets)
+set(kinetra_links_tests Qt5::Xml Qt5::Test)
+set(kinetra_links_windowTests Qt5::Xml Qt5::Widgets Qt5::Test)
+set(kinetra_definitions_core QT_NO_KEYWORDS) # where no header of Qt's objects is included, "slots" is a name like others
+function(kinetra_precompile name kind)
+  if(NOT KINETRA_PRECOMPILED_HEADERS)
+    return()
+  endif()
+  set(owner kinetra_precompiled_${kind})
+  if(NOT TARGET ${owner})
+    set(source ${kinetra_BINARY_DIR}/${owner}.cpp)
+    file(GENERATE OUTPUT ${source} CONTENT "// What is compiled with the headers.\n")
+    add_library(${owner} OBJECT ${source})
+    target_link_libraries(${owner} PRIVATE ${kinetra_links_${kind}} kinetra_options)
+    target_compile_definitions(${owner} PRIVATE ${kinetra_definitions_${kind}})
+    target_precompile_headers(${owner} PRIVATE ${kinetra_headers_${kind}})
+    set_target_properties(${owner} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
+  endif()
+  target_compile_definitions(${name} PRIVATE ${kinetra_definitions_${kind}})
+  target_precompile_headers(${name} REUSE_FROM ${owner})
+endfunction()
+
+# kinetra_library(NAME SOURCES ... [LINK ...] [WINDOWS]): a static library that is one floor of the house; WINDOWS if it
+# has some. Its headers are reached from src/, the only include root.
 function(kinetra_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWS" "" "SOURCES;LINK")
   add_library(${name} STATIC ${arg_SOURCES})
   target_include_directories(${name} PUBLIC ${kinetra_SOURCE_DIR}/src)
   target_compile_features(${name} PUBLIC cxx_std_17)
   target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE $<BUILD_INTERFACE:kinetra_options>)
   set_target_properties(${name} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
+  if(arg_WINDOWS)
+    kinetra_precompile(${name} windows)
+  else()
+    kinetra_precompile(${name} core)
+  endif()
 endfunction()
 
-# kinetra_program(NAME SOURCES ... LINK ...): an executable in bin/.
+# kinetra_program(NAME SOURCES ... LINK ... [WINDOWS]): an executable in bin/; WINDOWS if it has some.
 function(kinetra_program name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWS" "" "SOURCES;LINK")
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_LINK} $<BUILD_INTERFACE:kinetra_options>)
   set_target_properties(${name} PROPERTIES CXX_EXTENSIONS OFF
                                            RUNTIME_OUTPUT_DIRECTORY ${kinetra_BINARY_DIR}/bin)
+  if(arg_WINDOWS)
+    kinetra_precompile(${name} windows)
+  else()
+    kinetra_precompile(${name} core)
+  endif()
 endfunction()
 
-# kinetra_test(NAME LINK ... [SOURCES ...] [DEFINITIONS ...]): a QtTest program from NAME.cpp, run by CTest without a
-# display. The samples and, if it is there, the folder of real ESI files are known to every test.
-function(kinetra_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK;DEFINITIONS")
-  add_executable(${name} ${name}.cpp ${arg_SOURCES})
+# kinetra_tests(NAME LINK ... TESTS ... [SOURCES ...] [DEFINITIONS ...] [WINDOWS]): the QtTest classes of a folder, each in
+# a source of its name, as one program bin/NAME. CTest runs each class by itself and without a display. The samples and,
+# if it is there, the folder of real ESI files are known to every test.
+function(kinetra_tests name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWS" "" "SOURCES;LINK;DEFINITIONS;TESTS")
+  list(TRANSFORM arg_TESTS APPEND .cpp OUTPUT_VARIABLE sources)
+  add_executable(${name} ${sources} ${arg_SOURCES} ${kinetra_SOURCE_DIR}/tests/testMain.cpp)
   target_link_libraries(${name} PRIVATE ${arg_LINK} Qt5::Test kinetra_options)
   target_include_directories(${name} PRIVATE ${kinetra_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE KINETRA_SOURCE_DIR="${kinetra_SOURCE_DIR}" ${arg_DEFINITIONS})
-  set_target_properties(${name} PROPERTIES AUTOMOC ON CXX_EXTENSIONS OFF)
-  add_test(NAME ${name} COMMAND ${name})
-  set(environment "QT_QPA_PLATFORM=offscreen" "LC_ALL=C.UTF-8")
-  if(KINETRA_SANITIZE)
-    list(APPEND environment "LSAN_OPTIONS=suppressions=${kinetra_SOURCE_DIR}/cmake/leaks.supp:print_suppressions=0"
-         "UBSAN_OPTIONS=print_stacktrace=1")
+  set_target_properties(${name} PROPERTIES AUTOMOC ON CXX_EXTENSIONS OFF
+                                           RUNTIME_OUTPUT_DIRECTORY ${kinetra_BINARY_DIR}/bin)
+  if(arg_WINDOWS)
+    kinetra_precompile(${name} windowTests)
+  else()
+    kinetra_precompile(${name} tests)
   endif()
-  set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300)
+  foreach(test IN LISTS arg_TESTS)
+    add_test(NAME ${test} COMMAND ${name} ${test})
+  endforeach()
+  set_tests_properties(${arg_TESTS} PROPERTIES ENVIRONMENT "${kinetra_test_environment}" TIMEOUT 300)
 endfunction()
+set(kinetra_test_environment "QT_QPA_PLATFORM=offscreen" "LC_ALL=C.UTF-8")
+if(KINETRA_SANITIZE)
+  list(APPEND kinetra_test_environment
+       "LSAN_OPTIONS=suppressions=${kinetra_SOURCE_DIR}/cmake/leaks.supp:print_suppressions=0"
+       "UBSAN_OPTIONS=print_stacktrace=1")
+endif()

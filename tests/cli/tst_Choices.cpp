@@ -1,5 +1,6 @@
 // `ktl convert --choices`: what each key does to the bytes.
 #include "cli/choicesParts.h"
+#include "testMain.h"
 
 class tst_Choices : public QObject
 {
@@ -367,5 +368,5 @@ void tst_Choices::aboutIsPassedOver()
     QCOMPARE(conversion.commands().value(0), QStringLiteral("2 1c12:0 1 3"));
 }
 
-QTEST_GUILESS_MAIN(tst_Choices)
+static const testMain::Registration<tst_Choices, QCoreApplication> registration;
 #include "tst_Choices.moc"

@@ -1,5 +1,6 @@
 // `ktl convert --choices`: every mistake in the form of the file is told, with its place, and nothing is written.
 #include "cli/choicesParts.h"
+#include "testMain.h"
 
 class tst_ChoicesMistakes : public QObject
 {
@@ -372,5 +373,5 @@ void tst_ChoicesMistakes::earlierOutputStays()
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList({"choices.json", "out.ktl"}));
 }
 
-QTEST_GUILESS_MAIN(tst_ChoicesMistakes)
+static const testMain::Registration<tst_ChoicesMistakes, QCoreApplication> registration;
 #include "tst_ChoicesMistakes.moc"

@@ -3,6 +3,7 @@
 #include "choices/problemCodes.h"
 #include "cli/choicesParts.h"
 #include "cli/jsonSchema.h"
+#include "testMain.h"
 
 #include <QJsonDocument>
 
@@ -160,5 +161,5 @@ void tst_ChoicesSchema::pageNamesAllMistakes()
     QCOMPARE(codes, problemCodeNames());
 }
 
-QTEST_GUILESS_MAIN(tst_ChoicesSchema)
+static const testMain::Registration<tst_ChoicesSchema, QCoreApplication> registration;
 #include "tst_ChoicesSchema.moc"

@@ -1,5 +1,6 @@
 // `ktl choices`: a template that is JSON in the form of a choices file, says what can be chosen, and changes nothing.
 #include "cli/choicesParts.h"
+#include "testMain.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -279,5 +280,5 @@ void tst_ChoicesTemplate::mistakes()
     QVERIFY2(run.errors.contains(message), run.errors.constData());
 }
 
-QTEST_GUILESS_MAIN(tst_ChoicesTemplate)
+static const testMain::Registration<tst_ChoicesTemplate, QCoreApplication> registration;
 #include "tst_ChoicesTemplate.moc"

@@ -1,5 +1,6 @@
 // `ktl convert --choices`: choices that do not fit the ESI file are told, with their place, and nothing is written.
 #include "cli/choicesParts.h"
+#include "testMain.h"
 
 class tst_ChoicesThatDoNotFit : public QObject
 {
@@ -298,5 +299,5 @@ void tst_ChoicesThatDoNotFit::missingSyncManager()
     QCOMPARE(conversion.files, QStringList());
 }
 
-QTEST_GUILESS_MAIN(tst_ChoicesThatDoNotFit)
+static const testMain::Registration<tst_ChoicesThatDoNotFit, QCoreApplication> registration;
 #include "tst_ChoicesThatDoNotFit.moc"

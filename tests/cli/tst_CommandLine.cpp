@@ -1,6 +1,7 @@
 // `ktl`: what it makes of its command line before any file is touched.
 #include "cli/commandRun.h"
 #include "cli/workplace.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -167,5 +168,5 @@ void tst_CommandLine::standardOutputIsFull()
     QCOMPARE(run.errors, QByteArray("ktl: error: standard output cannot be written: No space left on device\n"));
 }
 
-QTEST_GUILESS_MAIN(tst_CommandLine)
+static const testMain::Registration<tst_CommandLine, QCoreApplication> registration;
 #include "tst_CommandLine.moc"

@@ -1,6 +1,7 @@
 // `ktl convert`: runs that write into the same folder at the same time, and what dead ones leave there.
 #include "cli/ktlDevices.h"
 #include "cli/stagedRun.h"
+#include "testMain.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
@@ -34,6 +35,8 @@ private slots:
 
 static const QString lockName = QStringLiteral(".ktl.lock");
 static const QByteArray waitingNote = "out.ktl: note: waiting for another run that writes into the same folder\n";
+
+namespace {
 
 /// A run that goes on while the test does; it is ended with the test.
 class LongRun
@@ -78,6 +81,8 @@ private:
     QProcess m_process;
 };
 
+} // namespace
+
 /// Waits until a run that `stopsBeforeItsEnd` has got there.
 static bool waitForStop(const Workplace& log)
 {
@@ -85,6 +90,8 @@ static bool waitForStop(const Workplace& log)
     return QTest::qWaitFor([&] { return log.content(QStringLiteral("calls")).contains("fsync new.ktl.txt\n"); },
                            minute);
 }
+
+namespace {
 
 /// Takes the place of a run that writes into a folder.
 class HeldLock
@@ -116,6 +123,8 @@ private:
     int m_file;
     bool m_isHeld;
 };
+
+} // namespace
 
 /// A run that has written its files and waits for the disk, for ever.
 static QStringList stopsBeforeItsEnd(const Workplace& log)
@@ -312,5 +321,5 @@ void tst_ConvertAtOnce::foldersOfOthersStay()
     QCOMPARE(place.content(QStringLiteral(".ktl-abcdef/letter")), QByteArray("mine"));
 }
 
-QTEST_GUILESS_MAIN(tst_ConvertAtOnce)
+static const testMain::Registration<tst_ConvertAtOnce, QCoreApplication> registration;
 #include "tst_ConvertAtOnce.moc"

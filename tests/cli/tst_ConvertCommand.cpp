@@ -2,6 +2,7 @@
 #include "cli/commandRun.h"
 #include "cli/ktlDevices.h"
 #include "cli/workplace.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -255,5 +256,5 @@ void tst_ConvertCommand::noDevice()
     QCOMPARE(place.names(), (QStringList{"a.xml", "b.xml"}));
 }
 
-QTEST_GUILESS_MAIN(tst_ConvertCommand)
+static const testMain::Registration<tst_ConvertCommand, QCoreApplication> registration;
 #include "tst_ConvertCommand.moc"

@@ -2,6 +2,7 @@
 #include "cli/commandRun.h"
 #include "cli/ktlDevices.h"
 #include "cli/workplace.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -286,5 +287,5 @@ void tst_ConvertDevices::warningsOfOthers()
     QCOMPARE(runKtl({"convert", "five.xml", "-o", "b.ktl", "--device", "2", "--strict"}, place.folder()).exitCode, 1);
 }
 
-QTEST_GUILESS_MAIN(tst_ConvertDevices)
+static const testMain::Registration<tst_ConvertDevices, QCoreApplication> registration;
 #include "tst_ConvertDevices.moc"

@@ -2,6 +2,7 @@
 #include "cli/commandRun.h"
 #include "cli/ktlDevices.h"
 #include "cli/workplace.h"
+#include "testMain.h"
 
 #include <QRegularExpression>
 #include <QtTest>
@@ -231,5 +232,5 @@ void tst_ConvertFailures::lineFeedInTheName()
     QCOMPARE(run.errors.count('\n'), 1);
 }
 
-QTEST_GUILESS_MAIN(tst_ConvertFailures)
+static const testMain::Registration<tst_ConvertFailures, QCoreApplication> registration;
 #include "tst_ConvertFailures.moc"

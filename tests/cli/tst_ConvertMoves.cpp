@@ -1,6 +1,7 @@
 // `ktl convert`: how the two files get to their places, and what is left when that fails or is interrupted.
 #include "cli/ktlDevices.h"
 #include "cli/stagedRun.h"
+#include "testMain.h"
 
 #include <QFileInfo>
 #include <QtTest>
@@ -264,5 +265,5 @@ void tst_ConvertMoves::ignoredSignal()
     QVERIFY(hasNewFiles(place));
 }
 
-QTEST_GUILESS_MAIN(tst_ConvertMoves)
+static const testMain::Registration<tst_ConvertMoves, QCoreApplication> registration;
 #include "tst_ConvertMoves.moc"

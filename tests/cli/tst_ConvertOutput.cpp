@@ -2,6 +2,7 @@
 #include "cli/commandRun.h"
 #include "cli/ktlDevices.h"
 #include "cli/workplace.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -127,5 +128,5 @@ void tst_ConvertOutput::noDump()
     QVERIFY(QDir(place.path(QStringLiteral("out.ktl.txt"))).isEmpty());
 }
 
-QTEST_GUILESS_MAIN(tst_ConvertOutput)
+static const testMain::Registration<tst_ConvertOutput, QCoreApplication> registration;
 #include "tst_ConvertOutput.moc"

@@ -2,6 +2,7 @@
 #include "cli/commandRun.h"
 #include "cli/ktlDevices.h"
 #include "cli/workplace.h"
+#include "testMain.h"
 
 #include <QFileInfo>
 #include <QtTest>
@@ -381,5 +382,5 @@ void tst_ConvertSaving::endedByASignal()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_ConvertSaving)
+static const testMain::Registration<tst_ConvertSaving, QCoreApplication> registration;
 #include "tst_ConvertSaving.moc"

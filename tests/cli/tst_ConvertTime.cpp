@@ -2,6 +2,7 @@
 #include "cli/commandRun.h"
 #include "cli/workplace.h"
 #include "ktl/ktlItems.h"
+#include "testMain.h"
 
 #include <QDateTime>
 #include <QtTest>
@@ -157,5 +158,5 @@ void tst_ConvertTime::reproducible()
     QCOMPARE(timeIn(place.content(QStringLiteral("Shanghai.ktl"))).size(), 2);
 }
 
-QTEST_GUILESS_MAIN(tst_ConvertTime)
+static const testMain::Registration<tst_ConvertTime, QCoreApplication> registration;
 #include "tst_ConvertTime.moc"

@@ -2,6 +2,7 @@
 #include "cli/commandRun.h"
 #include "cli/ktlDevices.h"
 #include "cli/workplace.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -339,5 +340,5 @@ void tst_ConvertWarnings::sameInput()
     QCOMPARE(devicesIn(place.content(QStringLiteral("out.ktl"))).size(), inputs.size());
 }
 
-QTEST_GUILESS_MAIN(tst_ConvertWarnings)
+static const testMain::Registration<tst_ConvertWarnings, QCoreApplication> registration;
 #include "tst_ConvertWarnings.moc"

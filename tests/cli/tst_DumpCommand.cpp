@@ -1,6 +1,7 @@
 // `ktl dump`: the text dump of a KTL file.
 #include "cli/commandRun.h"
 #include "cli/workplace.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -158,5 +159,5 @@ void tst_DumpCommand::notReadable()
     QCOMPARE(run.exitCode, 2);
 }
 
-QTEST_GUILESS_MAIN(tst_DumpCommand)
+static const testMain::Registration<tst_DumpCommand, QCoreApplication> registration;
 #include "tst_DumpCommand.moc"

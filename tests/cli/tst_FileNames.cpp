@@ -1,6 +1,7 @@
 // Names of files that are no UTF-8, or that the locale does not know: `ktl` reads and writes them all.
 #include "cli/showRun.h"
 #include "cli/workplace.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -146,5 +147,5 @@ void tst_FileNames::results()
                                    "b.xml: ESI file, 2 devices\n"));
 }
 
-QTEST_GUILESS_MAIN(tst_FileNames)
+static const testMain::Registration<tst_FileNames, QCoreApplication> registration;
 #include "tst_FileNames.moc"

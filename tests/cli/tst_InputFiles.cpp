@@ -2,6 +2,7 @@
 // cannot be read.
 #include "cli/commandRun.h"
 #include "cli/workplace.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -213,5 +214,5 @@ void tst_InputFiles::noRoomForTemporaryFiles()
     QCOMPARE(run.output, runShell(plain, place.folder()).output);
 }
 
-QTEST_GUILESS_MAIN(tst_InputFiles)
+static const testMain::Registration<tst_InputFiles, QCoreApplication> registration;
 #include "tst_InputFiles.moc"

@@ -1,6 +1,7 @@
 // How much memory and time a small file can make `ktl` take, and what happens where the memory does not suffice.
 #include "cli/showRun.h"
 #include "cli/workplace.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -153,5 +154,5 @@ void tst_InputMemory::manyDevices()
     QCOMPARE(run.exitCode, 0);
 }
 
-QTEST_GUILESS_MAIN(tst_InputMemory)
+static const testMain::Registration<tst_InputMemory, QCoreApplication> registration;
 #include "tst_InputMemory.moc"

@@ -1,5 +1,6 @@
 // The JSON of `ktl show` where memory ends in the middle of it.
 #include "show/showJson.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -88,5 +89,5 @@ void tst_JsonOfShow::withoutALastMember()
     QCOMPARE(QByteArray::fromStdString(out.str()), QByteArray("[7, null]"));
 }
 
-QTEST_APPLESS_MAIN(tst_JsonOfShow)
+static const testMain::Registration<tst_JsonOfShow, testMain::NoApplication> registration;
 #include "tst_JsonOfShow.moc"

@@ -1,6 +1,7 @@
 // The manual page and the completion of `ktl` against what the command itself says of its options.
 #include "cli/commandRun.h"
 #include "cli/workplace.h"
+#include "testMain.h"
 
 #include <QRegularExpression>
 #include <QSet>
@@ -73,6 +74,8 @@ void tst_Manual::optionsOfThePage()
     QCOMPARE(inPage, options);
 }
 
+namespace {
+
 /// Where a completion names the options of a sub-command, and how.
 struct Completion
 {
@@ -81,6 +84,8 @@ struct Completion
     const char* option; ///< pattern of a long option in it
     bool sharesHelp; ///< `--help` and `--version` are named once, for all sub-commands
 };
+
+} // namespace
 
 static const Completion completions[] = {
     {"ktl.bash", "^ +['\"]%1 (?:.*\\\\\n)*.*$", "--([a-z][a-z-]*)", false},
@@ -134,5 +139,5 @@ void tst_Manual::codesOfTheCompletions()
             QVERIFY2(packagingFile(completion.file).contains(code), qPrintable(code + completion.file));
 }
 
-QTEST_GUILESS_MAIN(tst_Manual)
+static const testMain::Registration<tst_Manual, QCoreApplication> registration;
 #include "tst_Manual.moc"

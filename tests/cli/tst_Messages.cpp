@@ -2,6 +2,7 @@
 #include "cli/commandRun.h"
 #include "cli/workplace.h"
 #include "editing/exportChecks.h"
+#include "testMain.h"
 #include "workbench/modelBuilders.h"
 
 #include <QRegularExpression>
@@ -178,5 +179,5 @@ void tst_Messages::longCode()
         run.errors.constData());
 }
 
-QTEST_GUILESS_MAIN(tst_Messages)
+static const testMain::Registration<tst_Messages, QCoreApplication> registration;
 #include "tst_Messages.moc"

@@ -2,6 +2,7 @@
 #include "cli/commandRun.h"
 #include "cli/terminal.h"
 #include "cli/workplace.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -111,5 +112,5 @@ void tst_Progress::resultsAtATerminal()
     QVERIFY2(!shown.contains("\033[K"), shown.constData());
 }
 
-QTEST_GUILESS_MAIN(tst_Progress)
+static const testMain::Registration<tst_Progress, QCoreApplication> registration;
 #include "tst_Progress.moc"

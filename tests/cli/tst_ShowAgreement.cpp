@@ -1,6 +1,7 @@
 // `ktl show --json` of an ESI file, of the KTL file made from it, and of the model: they agree in all that the format
 // carries.
 #include "cli/showRun.h"
+#include "testMain.h"
 
 #include <QDir>
 #include <QtTest>
@@ -286,5 +287,5 @@ void tst_ShowAgreement::sameBytesEachTime()
     QCOMPARE(runShow(options + paths).output, first.output);
 }
 
-QTEST_GUILESS_MAIN(tst_ShowAgreement)
+static const testMain::Registration<tst_ShowAgreement, QCoreApplication> registration;
 #include "tst_ShowAgreement.moc"

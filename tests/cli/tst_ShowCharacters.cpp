@@ -1,5 +1,6 @@
 // `ktl show`: characters of names that would do something to a terminal, or that take other than one column there.
 #include "cli/showRun.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -82,5 +83,5 @@ void tst_ShowCharacters::unsafe()
     QVERIFY2(text.contains("a" + (isKept ? bytes : QByteArray(" ")) + "b\n"), text.constData());
 }
 
-QTEST_GUILESS_MAIN(tst_ShowCharacters)
+static const testMain::Registration<tst_ShowCharacters, QCoreApplication> registration;
 #include "tst_ShowCharacters.moc"

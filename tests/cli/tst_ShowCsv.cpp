@@ -1,6 +1,7 @@
 // `ktl show --csv`: headers, rows and quoting.
 #include "cli/showRun.h"
 #include "ktl/ktlBytes.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -273,5 +274,5 @@ void tst_ShowCsv::everyRowHasEveryColumn()
         QCOMPARE(row.size(), all.at(0).size());
 }
 
-QTEST_GUILESS_MAIN(tst_ShowCsv)
+static const testMain::Registration<tst_ShowCsv, QCoreApplication> registration;
 #include "tst_ShowCsv.moc"

@@ -1,5 +1,6 @@
 // docs/show.md: it names every key and column that the command prints.
 #include "cli/showRun.h"
+#include "testMain.h"
 
 #include <QRegularExpression>
 #include <QSet>
@@ -99,5 +100,5 @@ void tst_ShowDoc::everyItemOfTheExample()
     QVERIFY2(m_page.contains("\n    " + item.trimmed().replace("\n", "\n    ")), qPrintable(item));
 }
 
-QTEST_GUILESS_MAIN(tst_ShowDoc)
+static const testMain::Registration<tst_ShowDoc, QCoreApplication> registration;
 #include "tst_ShowDoc.moc"

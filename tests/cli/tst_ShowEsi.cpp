@@ -1,6 +1,7 @@
 // `ktl show` of ESI files: expected values are read off the samples.
 #include "cli/showRun.h"
 #include "ktl/ktlBytes.h"
+#include "testMain.h"
 
 #include <QTextCodec>
 #include <QtTest>
@@ -317,5 +318,5 @@ void tst_ShowEsi::exportTimeAndRuns()
              objectOf(R"({"date":"2026-01-02","time":"03:04:05","formatVersion":65576})"));
 }
 
-QTEST_GUILESS_MAIN(tst_ShowEsi)
+static const testMain::Registration<tst_ShowEsi, QCoreApplication> registration;
 #include "tst_ShowEsi.moc"

@@ -1,5 +1,6 @@
 // `ktl show` of ESI files whose export holds other items than it announces: what is warned of, and what is shown.
 #include "cli/showRun.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -194,5 +195,5 @@ void tst_ShowExport::commandsThatAreNone()
              objectOf(R"({"origin":"unknown","comment":null,"text":null,"choiceRow":null})"));
 }
 
-QTEST_GUILESS_MAIN(tst_ShowExport)
+static const testMain::Registration<tst_ShowExport, QCoreApplication> registration;
 #include "tst_ShowExport.moc"

@@ -1,6 +1,7 @@
 // `ktl show`: bad arguments, files that cannot be read, files that are cut short or made to do harm, a full disk.
 #include "cli/showRun.h"
 #include "ktl/ktlBytes.h"
+#include "testMain.h"
 
 #include <QDir>
 #include <QtTest>
@@ -275,5 +276,5 @@ void tst_ShowFailures::moreItemsThanTheReaderTakes()
     QCOMPARE(itemsShown(run), 2501);
 }
 
-QTEST_GUILESS_MAIN(tst_ShowFailures)
+static const testMain::Registration<tst_ShowFailures, QCoreApplication> registration;
 #include "tst_ShowFailures.moc"

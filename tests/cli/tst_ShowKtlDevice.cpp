@@ -1,6 +1,7 @@
 // `ktl show` of KTL files: the decoded devices, from bytes written by hand in which no two values are alike.
 #include "cli/showRun.h"
 #include "ktl/ktlBytes.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -193,5 +194,5 @@ void tst_ShowKtlDevice::origins()
     QCOMPARE(shown.value("source").toObject().value("origin").toString(), origin);
 }
 
-QTEST_GUILESS_MAIN(tst_ShowKtlDevice)
+static const testMain::Registration<tst_ShowKtlDevice, QCoreApplication> registration;
 #include "tst_ShowKtlDevice.moc"

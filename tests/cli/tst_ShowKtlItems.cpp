@@ -2,6 +2,7 @@
 #include "cli/showRun.h"
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlItems.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -272,5 +273,5 @@ void tst_ShowKtlItems::offsetsOfTheItems()
     QCOMPARE(offsets, (QList<int>{0, 40, 52, 60}));
 }
 
-QTEST_GUILESS_MAIN(tst_ShowKtlItems)
+static const testMain::Registration<tst_ShowKtlItems, QCoreApplication> registration;
 #include "tst_ShowKtlItems.moc"

@@ -1,5 +1,6 @@
 // `ktl show --json`: each member of the model under its own key, from ESI texts in which no two values are alike.
 #include "cli/showRun.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -195,5 +196,5 @@ void tst_ShowModel::compare(const QJsonObject& from)
     QVERIFY2(shown == wanted, QJsonDocument(shown).toJson(QJsonDocument::Compact).constData());
 }
 
-QTEST_GUILESS_MAIN(tst_ShowModel)
+static const testMain::Registration<tst_ShowModel, QCoreApplication> registration;
 #include "tst_ShowModel.moc"

@@ -1,6 +1,7 @@
 // `ktl show`: values of startup commands, and which of them the format does not carry.
 #include "cli/showRun.h"
 #include "ktl/ktlBytes.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -161,5 +162,5 @@ void tst_ShowStartupValues::meaningInModuleBlocks()
     QCOMPARE(ofModule.value("meaning").toString(), meaning);
 }
 
-QTEST_GUILESS_MAIN(tst_ShowStartupValues)
+static const testMain::Registration<tst_ShowStartupValues, QCoreApplication> registration;
 #include "tst_ShowStartupValues.moc"

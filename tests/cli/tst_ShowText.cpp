@@ -1,6 +1,7 @@
 // `ktl show` for people: what stands in a line, and lines that fit a terminal.
 #include "cli/showRun.h"
 #include "cli/terminal.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -212,5 +213,5 @@ void tst_ShowText::fileHasWholeLines()
     QVERIFY2(text.contains(" " + name + "\n"), text.constData());
 }
 
-QTEST_GUILESS_MAIN(tst_ShowText)
+static const testMain::Registration<tst_ShowText, QCoreApplication> registration;
 #include "tst_ShowText.moc"

@@ -2,6 +2,7 @@
 #include "editing/deviceEdits.h"
 #include "editing/startupValues.h"
 #include "model/missingSyncManager.h"
+#include "testMain.h"
 #include "workbench/modelBuilders.h"
 #include "workbench/pdoBuilders.h"
 
@@ -258,5 +259,5 @@ void tst_DeviceEdits::startupValues()
     QCOMPARE(values.data, 10U);
 }
 
-QTEST_GUILESS_MAIN(tst_DeviceEdits)
+static const testMain::Registration<tst_DeviceEdits, QCoreApplication> registration;
 #include "tst_DeviceEdits.moc"

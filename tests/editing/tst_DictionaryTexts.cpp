@@ -1,6 +1,7 @@
 // The texts of the CoE tab's rows, without a window.
 #include "editing/dictionaryTexts.h"
 #include "model/dictionaryBuilders.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -157,5 +158,5 @@ void tst_DictionaryTexts::valueOfTheObjectInTheTypeName()
     QCOMPARE(texts.valueOf(records.dataTypes[0], records.dataTypes[0].vsubitem[0]), expected);
 }
 
-QTEST_APPLESS_MAIN(tst_DictionaryTexts)
+static const testMain::Registration<tst_DictionaryTexts, testMain::NoApplication> registration;
 #include "tst_DictionaryTexts.moc"

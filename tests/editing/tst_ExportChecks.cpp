@@ -1,6 +1,7 @@
 // What is said before an export, and the file name that it proposes.
 #include "editing/exportChecks.h"
 #include "editing/lostValues.h"
+#include "testMain.h"
 #include "workbench/modelBuilders.h"
 
 #include <QtTest>
@@ -310,5 +311,5 @@ void tst_ExportChecks::proposedName()
     QCOMPARE(proposedKtlName(file), name);
 }
 
-QTEST_GUILESS_MAIN(tst_ExportChecks)
+static const testMain::Registration<tst_ExportChecks, QCoreApplication> registration;
 #include "tst_ExportChecks.moc"

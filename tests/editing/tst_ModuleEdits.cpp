@@ -1,5 +1,6 @@
 // Modules put in and taken out by hand, and why they are refused, without a window.
 #include "editing/moduleEdits.h"
+#include "testMain.h"
 #include "workbench/modelBuilders.h"
 #include "workbench/pdoBuilders.h"
 
@@ -130,5 +131,5 @@ void tst_ModuleEdits::takenOut()
     QCOMPARE(modulesOf(device).join(','), modules);
 }
 
-QTEST_GUILESS_MAIN(tst_ModuleEdits)
+static const testMain::Registration<tst_ModuleEdits, QCoreApplication> registration;
 #include "tst_ModuleEdits.moc"

@@ -1,6 +1,7 @@
 // The places of slots without a window: names, which slot a place belongs to, what fits, putting in and taking out, and
 // the list of configured idents.
 #include "editing/slotPlaces.h"
+#include "testMain.h"
 #include "workbench/pdoBuilders.h"
 
 #include <QtTest>
@@ -249,5 +250,5 @@ void tst_SlotPlaces::identList()
     QCOMPARE(QString::fromStdString(moduleIdentList(slot)), list);
 }
 
-QTEST_APPLESS_MAIN(tst_SlotPlaces)
+static const testMain::Registration<tst_SlotPlaces, testMain::NoApplication> registration;
 #include "tst_SlotPlaces.moc"

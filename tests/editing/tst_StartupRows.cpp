@@ -2,6 +2,7 @@
 #include "editing/startupRows.h" // first, so that the header stands on its own
 
 #include "model/startupAccess.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -237,5 +238,5 @@ void tst_StartupRows::eraseAll()
     QCOMPARE(listsOf(device), QString("||"));
 }
 
-QTEST_APPLESS_MAIN(tst_StartupRows)
+static const testMain::Registration<tst_StartupRows, testMain::NoApplication> registration;
 #include "tst_StartupRows.moc"

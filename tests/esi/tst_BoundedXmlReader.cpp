@@ -1,6 +1,7 @@
 // Parsing a file into a document: what is kept of it, errors with their place, and the limit of the nesting.
 #include "esi/temporaryFile.h"
 #include "esi/xml/boundedXmlReader.h"
+#include "testMain.h"
 
 #include <QDomDocument>
 #include <QtTest>
@@ -243,5 +244,5 @@ void tst_BoundedXmlReader::undeclaredEntity()
     QVERIFY(inContent.document.documentElement().childNodes().at(1).isEntityReference());
 }
 
-QTEST_GUILESS_MAIN(tst_BoundedXmlReader)
+static const testMain::Registration<tst_BoundedXmlReader, QCoreApplication> registration;
 #include "tst_BoundedXmlReader.moc"

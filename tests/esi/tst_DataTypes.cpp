@@ -1,6 +1,7 @@
 // The `DataTypes` element of a dictionary. Every test runs for the dictionary of a device and of a module.
 #include "esi/readSection.h"
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -344,5 +345,5 @@ void tst_DataTypes::nullPointers()
     QVERIFY(module.Dictionary.vdatatype.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_DataTypes)
+static const testMain::Registration<tst_DataTypes, QCoreApplication> registration;
 #include "tst_DataTypes.moc"

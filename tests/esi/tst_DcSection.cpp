@@ -1,6 +1,7 @@
 // The `Dc` element of a device: operation modes of the distributed clocks.
 #include "esi/readSection.h"
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -228,5 +229,5 @@ void tst_DcSection::nullPointers()
     QVERIFY(device.vopmode.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_DcSection)
+static const testMain::Registration<tst_DcSection, QCoreApplication> registration;
 #include "tst_DcSection.moc"

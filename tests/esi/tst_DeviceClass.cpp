@@ -1,5 +1,6 @@
 // Device class and number of axes by profile number.
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -62,5 +63,5 @@ void tst_DeviceClass::noDevice()
     QCOMPARE(SetXmlTypeToDevice(nullptr, 402, 1), 10);
 }
 
-QTEST_GUILESS_MAIN(tst_DeviceClass)
+static const testMain::Registration<tst_DeviceClass, QCoreApplication> registration;
 #include "tst_DeviceClass.moc"

@@ -2,6 +2,7 @@
 #include "esi/temporaryFile.h"
 #include "esi/xml/boundedXmlReader.h"
 #include "esi/xml/xmlDecoding.h"
+#include "testMain.h"
 
 #include <QDomDocument>
 #include <QtTest>
@@ -278,5 +279,5 @@ void tst_Encodings::fromFile()
     QCOMPARE(document.documentElement().attribute(QStringLiteral("k")), servo);
 }
 
-QTEST_GUILESS_MAIN(tst_Encodings)
+static const testMain::Registration<tst_Encodings, QCoreApplication> registration;
 #include "tst_Encodings.moc"

@@ -4,6 +4,7 @@
 #include "esi/lastWords.h"
 #include "esi/temporaryFile.h"
 #include "model/XMLParsing.h"
+#include "testMain.h"
 
 #include <QDomDocument>
 #include <QtTest>
@@ -286,5 +287,5 @@ void tst_EsiFile::sampleRanges()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_EsiFile)
+static const testMain::Registration<tst_EsiFile, QCoreApplication> registration;
 #include "tst_EsiFile.moc"

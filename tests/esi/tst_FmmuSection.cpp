@@ -1,6 +1,7 @@
 // The `Fmmu` elements of a device.
 #include "esi/readSection.h"
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -107,5 +108,5 @@ void tst_FmmuSection::nullPointers()
     QVERIFY(device.vFmmu.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_FmmuSection)
+static const testMain::Registration<tst_FmmuSection, QCoreApplication> registration;
 #include "tst_FmmuSection.moc"

@@ -3,6 +3,7 @@
 
 #include "esi/derivation/copyLimit.h"
 #include "esi/xml/xmlLimits.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -295,5 +296,5 @@ void tst_HostileCopies::cleanupTestCase()
     QVERIFY2(usage.ru_maxrss < 2 * 1024 * 1024, "the program took more than 2 GiB"); // the figure is in KiB
 }
 
-QTEST_GUILESS_MAIN(tst_HostileCopies)
+static const testMain::Registration<tst_HostileCopies, QCoreApplication> registration;
 #include "tst_HostileCopies.moc"

@@ -1,6 +1,7 @@
 // Which file is being read, and what a program says that ends on an error.
 #include "esi/fileBeingRead.h"
 #include "esi/lastWords.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -127,5 +128,5 @@ void tst_LastWords::exceptionOfAnotherKind()
     QVERIFY2(words.contains("odd.xml"), qPrintable(words));
 }
 
-QTEST_GUILESS_MAIN(tst_LastWords)
+static const testMain::Registration<tst_LastWords, QCoreApplication> registration;
 #include "tst_LastWords.moc"

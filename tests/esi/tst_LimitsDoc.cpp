@@ -1,6 +1,7 @@
 // docs/esi-limits.md: its table names every limit, with the number that holds.
 #include "esi/derivation/copyLimit.h"
 #include "esi/xml/xmlLimits.h"
+#include "testMain.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -121,5 +122,5 @@ void tst_LimitsDoc::everyRowIsALimit()
     QCOMPARE(ofPage, expected);
 }
 
-QTEST_GUILESS_MAIN(tst_LimitsDoc)
+static const testMain::Registration<tst_LimitsDoc, QCoreApplication> registration;
 #include "tst_LimitsDoc.moc"

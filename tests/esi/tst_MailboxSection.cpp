@@ -1,6 +1,7 @@
 // The `Mailbox` element of a device: flags of EoE and CoE, and the startup commands that a device declares.
 #include "esi/readSection.h"
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -263,5 +264,5 @@ void tst_MailboxSection::nullPointers()
     QCOMPARE(flagsOf(device.Mailbox), QStringList{});
 }
 
-QTEST_GUILESS_MAIN(tst_MailboxSection)
+static const testMain::Registration<tst_MailboxSection, QCoreApplication> registration;
 #include "tst_MailboxSection.moc"

@@ -1,6 +1,7 @@
 // The copies that a module in a slot leaves in the lists of its device: what they hold, and in which order they stand.
 #include "esi/derivation/moduleInSlot.h"
 #include "esi/startupBuilders.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -127,5 +128,5 @@ void tst_ModuleCopies::appendedInOrder()
     QVERIFY(device.Mailbox.COE.InitCmd.vinitcmd.empty() && device.RxPdo.vpdo.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_ModuleCopies)
+static const testMain::Registration<tst_ModuleCopies, QCoreApplication> registration;
 #include "tst_ModuleCopies.moc"

@@ -1,6 +1,7 @@
 // What a module in a slot brings into its device: moved indexes, and the lists that are made anew when slots change.
 #include "esi/derivation/moduleInSlot.h"
 #include "esi/startupBuilders.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -334,5 +335,5 @@ void tst_ModuleInSlot::withoutSlots()
     QCOMPARE(listSizes(device), QStringLiteral("0 0 0 0 0"));
 }
 
-QTEST_GUILESS_MAIN(tst_ModuleInSlot)
+static const testMain::Registration<tst_ModuleInSlot, QCoreApplication> registration;
 #include "tst_ModuleInSlot.moc"

@@ -1,6 +1,7 @@
 // The startup commands that a module declares.
 #include "esi/readSection.h"
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -201,5 +202,5 @@ void tst_ModuleInitCmds::commandsInDocumentOrder()
     QCOMPARE(int{module.Mailbox.COE.vinitcmd[1].indexAttributes.index}, 1);
 }
 
-QTEST_GUILESS_MAIN(tst_ModuleInitCmds)
+static const testMain::Registration<tst_ModuleInitCmds, QCoreApplication> registration;
 #include "tst_ModuleInitCmds.moc"

@@ -1,5 +1,6 @@
 // The look-up of a module of a file by its ident.
 #include "esi/startupBuilders.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -124,5 +125,5 @@ void tst_ModuleLookUp::notFound()
     QCOMPARE(before.RxPdo.vpdo.size(), std::size_t{1});
 }
 
-QTEST_GUILESS_MAIN(tst_ModuleLookUp)
+static const testMain::Registration<tst_ModuleLookUp, QCoreApplication> registration;
 #include "tst_ModuleLookUp.moc"

@@ -1,6 +1,7 @@
 // The PDOs of a module and their entries. Every test runs for both directions.
 #include "esi/readSection.h"
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -304,5 +305,5 @@ void tst_ModulePdos::namesAreExact()
              QStringLiteral("0 0 -1 0 index 0 0 0 '' 0|0 0 0:0 0 bits at 0 '//'"));
 }
 
-QTEST_GUILESS_MAIN(tst_ModulePdos)
+static const testMain::Registration<tst_ModulePdos, QCoreApplication> registration;
 #include "tst_ModulePdos.moc"

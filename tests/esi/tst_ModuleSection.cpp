@@ -1,6 +1,7 @@
 // One element of a run of modules: identity, profile and dictionary. PDOs and startup commands have tests of their own.
 #include "esi/readSection.h"
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -227,5 +228,5 @@ void tst_ModuleSection::nullPointers()
     QVERIFY(module.Name.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_ModuleSection)
+static const testMain::Registration<tst_ModuleSection, QCoreApplication> registration;
 #include "tst_ModuleSection.moc"

@@ -2,6 +2,7 @@
 #include "esi/derivation/moduleInSlot.h"
 #include "esi/derivation/startupCommands.h"
 #include "esi/startupBuilders.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -283,5 +284,5 @@ void tst_ModuleStartup::withoutFlags()
              QStringList{"PS 1700:0 1B 0 '0x00 ' download mpdo 0x1700 entries"});
 }
 
-QTEST_GUILESS_MAIN(tst_ModuleStartup)
+static const testMain::Registration<tst_ModuleStartup, QCoreApplication> registration;
 #include "tst_ModuleStartup.moc"

@@ -1,6 +1,7 @@
 // How much a file may hold: the last node, device and module that is read, the first that is not, and where it stands.
 #include "esi/parsedFile.h"
 #include "esi/xml/xmlLimits.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -122,5 +123,5 @@ void tst_NodeLimits::deviceParents()
                     : QStringLiteral("more than 16 elements with \"Device\" in their names stand in each other"));
 }
 
-QTEST_GUILESS_MAIN(tst_NodeLimits)
+static const testMain::Registration<tst_NodeLimits, QCoreApplication> registration;
 #include "tst_NodeLimits.moc"

@@ -1,5 +1,6 @@
 // Texts to numbers: plain, signed, and as byte pairs.
 #include "esi/xmlCharConversion.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -179,5 +180,5 @@ void tst_NumberConversion::nullPointer()
     QCOMPARE(xmlGetuintStringBigEnd(nullptr), 0U);
 }
 
-QTEST_GUILESS_MAIN(tst_NumberConversion)
+static const testMain::Registration<tst_NumberConversion, QCoreApplication> registration;
 #include "tst_NumberConversion.moc"

@@ -1,6 +1,7 @@
 // The `Objects` element of a dictionary. Every test runs for the dictionary of a device and of a module.
 #include "esi/readSection.h"
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -373,5 +374,5 @@ void tst_Objects::nullPointers()
     QVERIFY(module.Dictionary.vobject.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_Objects)
+static const testMain::Registration<tst_Objects, QCoreApplication> registration;
 #include "tst_Objects.moc"

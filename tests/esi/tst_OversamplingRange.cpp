@@ -1,5 +1,6 @@
 // Where the copies of an oversampled PDO are placed, and ranges that make no sense.
 #include "esi/oversampledPdo.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -186,5 +187,5 @@ void tst_OversamplingRange::listThatOutgrowsThePosition()
     QCOMPARE(QString::fromStdString(pdos[79999].Name), QStringLiteral("Q 39999"));
 }
 
-QTEST_GUILESS_MAIN(tst_OversamplingRange)
+static const testMain::Registration<tst_OversamplingRange, QCoreApplication> registration;
 #include "tst_OversamplingRange.moc"

@@ -1,5 +1,6 @@
 // The copies that replace an oversampled PDO: what is in each of them.
 #include "esi/oversampledPdo.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -264,5 +265,5 @@ void tst_PdoDefaults::nullPointer()
     QVERIFY(empty.device.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_PdoDefaults)
+static const testMain::Registration<tst_PdoDefaults, QCoreApplication> registration;
 #include "tst_PdoDefaults.moc"

@@ -1,6 +1,7 @@
 // The entries of a device PDO, their places in it, and its size.
 #include "esi/readSection.h"
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -198,5 +199,5 @@ void tst_PdoEntries::bothDirectionsCountAlike()
     QCOMPARE(pdo.Size, 1.4F);
 }
 
-QTEST_GUILESS_MAIN(tst_PdoEntries)
+static const testMain::Registration<tst_PdoEntries, QCoreApplication> registration;
 #include "tst_PdoEntries.moc"

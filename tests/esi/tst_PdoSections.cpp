@@ -1,6 +1,7 @@
 // The `RxPdo` and `TxPdo` elements of a device. Every test runs for both directions.
 #include "esi/readSection.h"
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -217,5 +218,5 @@ void tst_PdoSections::nullPointers()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_PdoSections)
+static const testMain::Registration<tst_PdoSections, QCoreApplication> registration;
 #include "tst_PdoSections.moc"

@@ -1,6 +1,7 @@
 // The `Type` element of a device.
 #include "esi/readSection.h"
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -119,5 +120,5 @@ void tst_ProductSection::nullPointers()
     QCOMPARE(device.TypeAttributes.Product_Code, 0U);
 }
 
-QTEST_GUILESS_MAIN(tst_ProductSection)
+static const testMain::Registration<tst_ProductSection, QCoreApplication> registration;
 #include "tst_ProductSection.moc"

@@ -1,5 +1,6 @@
 // The slot check: increments in one form, and the axes of a multi-axis drive.
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -232,5 +233,5 @@ void tst_SlotCheck::nullPointer()
     QVERIFY(empty.device.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_SlotCheck)
+static const testMain::Registration<tst_SlotCheck, QCoreApplication> registration;
 #include "tst_SlotCheck.moc"

@@ -1,6 +1,7 @@
 // The names of slot groups at the end of the names of their slots.
 #include "esi/readSection.h"
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -85,5 +86,5 @@ void tst_SlotGroups::slotsOfAnEarlierElementCountToo()
     QCOMPARE(namesOf(both), QStringList{"A-->G"});
 }
 
-QTEST_GUILESS_MAIN(tst_SlotGroups)
+static const testMain::Registration<tst_SlotGroups, QCoreApplication> registration;
 #include "tst_SlotGroups.moc"

@@ -1,5 +1,6 @@
 // Default modules in the slots, what they bring into their device, and the axes that they make.
 #include "esi/startupBuilders.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -349,5 +350,5 @@ void tst_SlotModuleDefaults::nullPointer()
     QVERIFY(empty.device.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_SlotModuleDefaults)
+static const testMain::Registration<tst_SlotModuleDefaults, QCoreApplication> registration;
 #include "tst_SlotModuleDefaults.moc"

@@ -1,6 +1,7 @@
 // The `Slots` element of a device: its attributes and its slots.
 #include "esi/readSection.h"
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -295,5 +296,5 @@ void tst_SlotsSection::nullPointers()
     QVERIFY(device.Slots.vslot.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_SlotsSection)
+static const testMain::Registration<tst_SlotsSection, QCoreApplication> registration;
 #include "tst_SlotsSection.moc"

@@ -1,5 +1,6 @@
 // The working lengths of the sync managers.
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -209,5 +210,5 @@ void tst_SmDefaults::nullPointer()
     QVERIFY(empty.device.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_SmDefaults)
+static const testMain::Registration<tst_SmDefaults, QCoreApplication> registration;
 #include "tst_SmDefaults.moc"

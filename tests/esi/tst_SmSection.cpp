@@ -1,6 +1,7 @@
 // The `Sm` elements of a device.
 #include "esi/readSection.h"
 #include "esi/xmlparsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -167,5 +168,5 @@ void tst_SmSection::nullPointers()
     QVERIFY(device.vSM.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_SmSection)
+static const testMain::Registration<tst_SmSection, QCoreApplication> registration;
 #include "tst_SmSection.moc"

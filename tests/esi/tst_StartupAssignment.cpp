@@ -1,5 +1,6 @@
 // Generated startup commands: the assignment of PDOs, of the device and of its modules, to sync managers.
 #include "esi/startupBuilders.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -260,5 +261,5 @@ void tst_StartupAssignment::manyPdosAtOnce()
     QCOMPARE(text.count(' '), pdoCount + 1);
 }
 
-QTEST_GUILESS_MAIN(tst_StartupAssignment)
+static const testMain::Registration<tst_StartupAssignment, QCoreApplication> registration;
 #include "tst_StartupAssignment.moc"

@@ -1,5 +1,6 @@
 // Generated startup commands: clearing of the assign objects, and the mapping of device and module PDOs.
 #include "esi/startupBuilders.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -363,5 +364,5 @@ void tst_StartupCommands::manyEntriesAtOnce()
         check(device.Mailbox.COE.InitCmd.vinitcmd);
 }
 
-QTEST_GUILESS_MAIN(tst_StartupCommands)
+static const testMain::Registration<tst_StartupCommands, QCoreApplication> registration;
 #include "tst_StartupCommands.moc"

@@ -1,5 +1,6 @@
 // The pass that generates startup commands as a whole: what decides, in which order, and how it fails.
 #include "esi/startupBuilders.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -268,5 +269,5 @@ void tst_StartupPass::nullPointer()
     QVERIFY(empty.device.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_StartupPass)
+static const testMain::Registration<tst_StartupPass, QCoreApplication> registration;
 #include "tst_StartupPass.moc"

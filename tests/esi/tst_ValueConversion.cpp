@@ -1,5 +1,6 @@
 // Texts to truth values and tokens, tokens and numbers to texts.
 #include "esi/xmlCharConversion.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -162,5 +163,5 @@ void tst_ValueConversion::nullPointer()
     QCOMPARE(xmlGetEnumNmtoken(nullptr), UnknownType);
 }
 
-QTEST_GUILESS_MAIN(tst_ValueConversion)
+static const testMain::Registration<tst_ValueConversion, QCoreApplication> registration;
 #include "tst_ValueConversion.moc"

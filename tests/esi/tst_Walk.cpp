@@ -1,5 +1,6 @@
 // The walk over a document: vendor, devices, and what makes a file an ESI file.
 #include "esi/readDocument.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -175,5 +176,5 @@ void tst_Walk::prefixedDocument()
     QCOMPARE(file.vcommentmodule.size(), std::size_t{1});
 }
 
-QTEST_GUILESS_MAIN(tst_Walk)
+static const testMain::Registration<tst_Walk, QCoreApplication> registration;
 #include "tst_Walk.moc"

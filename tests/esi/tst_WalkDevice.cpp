@@ -1,5 +1,6 @@
 // The walk over one device: its name, its class, and the sections that it hands out.
 #include "esi/readDocument.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -278,5 +279,5 @@ void tst_WalkDevice::unknownSyncManagerAddsNothing()
     QVERIFY(g_xmlfiledevices.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_WalkDevice)
+static const testMain::Registration<tst_WalkDevice, QCoreApplication> registration;
 #include "tst_WalkDevice.moc"

@@ -1,5 +1,6 @@
 // The walk over `Modules`: runs of modules, grouped under the comment before each run.
 #include "esi/readDocument.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -136,5 +137,5 @@ void tst_WalkModules::modulesBelongToTheFile()
     QCOMPARE(groupsOf(readDescriptions("<Devices/>")), QStringList{});
 }
 
-QTEST_GUILESS_MAIN(tst_WalkModules)
+static const testMain::Registration<tst_WalkModules, QCoreApplication> registration;
 #include "tst_WalkModules.moc"

@@ -1,6 +1,7 @@
 // The passes over a file that has been read, in their order: what one of them leaves is what the next one needs.
 #include "esi/readDocument.h"
 #include "esi/startupBuilders.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -123,5 +124,5 @@ void tst_WalkPasses::declaredModuleCommands()
                                                       "PS 1c10:0 1B 1 '0x1 ' download pdo 0x1c10  count"}));
 }
 
-QTEST_GUILESS_MAIN(tst_WalkPasses)
+static const testMain::Registration<tst_WalkPasses, QCoreApplication> registration;
 #include "tst_WalkPasses.moc"

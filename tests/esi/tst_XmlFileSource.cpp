@@ -4,6 +4,7 @@
 #include "esi/xml/boundedXmlReader.h"
 #include "esi/xml/xmlFileSource.h"
 #include "esi/xml/xmlLimits.h"
+#include "testMain.h"
 
 #include <QDomDocument>
 #include <QTextCodec>
@@ -241,5 +242,5 @@ void tst_XmlFileSource::pipe()
     QCOMPARE(child.text().size(), content.indexOf("\xB5</b>") - content.indexOf('>', content.indexOf("<b")));
 }
 
-QTEST_GUILESS_MAIN(tst_XmlFileSource)
+static const testMain::Registration<tst_XmlFileSource, QCoreApplication> registration;
 #include "tst_XmlFileSource.moc"

@@ -3,6 +3,7 @@
 #include "esi/temporaryFile.h"
 #include "esi/xml/boundedXmlReader.h"
 #include "esi/xml/xmlLimits.h"
+#include "testMain.h"
 
 #include <QDomDocument>
 #include <QtTest>
@@ -380,5 +381,5 @@ void tst_XmlLimits::largestFile()
     QCOMPARE(error.column, 1);
 }
 
-QTEST_GUILESS_MAIN(tst_XmlLimits)
+static const testMain::Registration<tst_XmlLimits, QCoreApplication> registration;
 #include "tst_XmlLimits.moc"

@@ -2,6 +2,7 @@
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "ktl/writing/itemWriter.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -248,5 +249,5 @@ void tst_CompleteAccess::itemWriterReportsARefusal()
     QCOMPARE(ItemWriter(item).writeTo(readOnly.get()), std::size_t(0));
 }
 
-QTEST_GUILESS_MAIN(tst_CompleteAccess)
+static const testMain::Registration<tst_CompleteAccess, QCoreApplication> registration;
 #include "tst_CompleteAccess.moc"

@@ -1,6 +1,7 @@
 // General, FMMU, SM, DC, EEPROM and end item, byte for byte.
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -337,5 +338,5 @@ void tst_DeviceWriters::nothingToWrite()
     QCOMPARE(writtenBy([&](std::FILE* out) { write(out, nullptr); }), QByteArray());
 }
 
-QTEST_GUILESS_MAIN(tst_DeviceWriters)
+static const testMain::Registration<tst_DeviceWriters, QCoreApplication> registration;
 #include "tst_DeviceWriters.moc"

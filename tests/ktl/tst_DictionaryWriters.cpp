@@ -2,6 +2,7 @@
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "model/dictionaryBuilders.h"
+#include "testMain.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
@@ -335,5 +336,5 @@ void tst_DictionaryWriters::noExportWritesThem()
     QCOMPARE(written.size(), 52 + 12 + 16 + 12); // General, EoE, CoE and end
 }
 
-QTEST_GUILESS_MAIN(tst_DictionaryWriters)
+static const testMain::Registration<tst_DictionaryWriters, QCoreApplication> registration;
 #include "tst_DictionaryWriters.moc"

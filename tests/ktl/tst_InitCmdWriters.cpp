@@ -1,6 +1,7 @@
 // EoE and CoE items without complete access, byte for byte: heads, counts, commands.
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -232,5 +233,5 @@ void tst_InitCmdWriters::transitionAndSubIndexAreCut()
                                           "01 00 00 00  34 00 00 00  00 00 00 00"));
 }
 
-QTEST_GUILESS_MAIN(tst_InitCmdWriters)
+static const testMain::Registration<tst_InitCmdWriters, QCoreApplication> registration;
 #include "tst_InitCmdWriters.moc"

@@ -5,6 +5,7 @@
 #include "ktl/ktlItems.h"
 #include "ktl/writing/ktlFile.h"
 #include "loadedFiles.h"
+#include "testMain.h"
 
 #include <QDir>
 #include <QHash>
@@ -323,5 +324,5 @@ void tst_KtlCorpus::fileThatIsNotWellFormed()
     QVERIFY(g_xmlfiledevices.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_KtlCorpus)
+static const testMain::Registration<tst_KtlCorpus, QCoreApplication> registration;
 #include "tst_KtlCorpus.moc"

@@ -1,6 +1,7 @@
 // The records of a file by device block, and the values of complete accesses by command.
 #include "ktl/ktlBytes.h"
 #include "ktl/reading/ktlDeviceBlocks.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -167,5 +168,5 @@ void tst_KtlDeviceBlocks::valuesByCommand()
     QCOMPARE(lists.has_value() ? shown.join('|') : QByteArray("unknown"), expected);
 }
 
-QTEST_GUILESS_MAIN(tst_KtlDeviceBlocks)
+static const testMain::Registration<tst_KtlDeviceBlocks, QCoreApplication> registration;
 #include "tst_KtlDeviceBlocks.moc"

@@ -1,6 +1,7 @@
 // The text dump of a KTL file, character for character.
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -311,5 +312,5 @@ void tst_KtlDump::nullArgument()
     QCOMPARE(contentOf(log.get()), QByteArray());
 }
 
-QTEST_GUILESS_MAIN(tst_KtlDump)
+static const testMain::Registration<tst_KtlDump, QCoreApplication> registration;
 #include "tst_KtlDump.moc"

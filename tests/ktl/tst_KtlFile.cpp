@@ -2,6 +2,7 @@
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "ktl/writing/ktlFile.h"
+#include "testMain.h"
 
 #include <QDir>
 #include <QFile>
@@ -309,5 +310,5 @@ void tst_KtlFile::otherErrorsGoThrough()
     QVERIFY(!QFileInfo::exists(m_dump));
 }
 
-QTEST_GUILESS_MAIN(tst_KtlFile)
+static const testMain::Registration<tst_KtlFile, QCoreApplication> registration;
 #include "tst_KtlFile.moc"

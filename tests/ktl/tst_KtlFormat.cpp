@@ -1,6 +1,7 @@
 // Codes, record sizes, and offset, width and sign of every field of the KTL format.
 #include "ktl/format/ktlFormat.h"
 #include "model/version.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -377,5 +378,5 @@ void tst_KtlFormat::versionTextAndNumber()
     QCOMPARE(formatVersion, 65576U);
 }
 
-QTEST_GUILESS_MAIN(tst_KtlFormat)
+static const testMain::Registration<tst_KtlFormat, QCoreApplication> registration;
 #include "tst_KtlFormat.moc"

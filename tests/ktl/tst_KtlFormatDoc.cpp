@@ -2,6 +2,7 @@
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "loadedFiles.h"
+#include "testMain.h"
 
 #include <QFile>
 #include <QtTest>
@@ -64,5 +65,5 @@ void tst_KtlFormatDoc::dumpOfTheExample()
     QCOMPARE(dump, shown);
 }
 
-QTEST_GUILESS_MAIN(tst_KtlFormatDoc)
+static const testMain::Registration<tst_KtlFormatDoc, QCoreApplication> registration;
 #include "tst_KtlFormatDoc.moc"

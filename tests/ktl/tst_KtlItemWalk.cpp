@@ -1,6 +1,7 @@
 // Walking over the items of a file, and the parts of an item.
 #include "ktl/ktlBytes.h"
 #include "ktl/reading/ktlItemWalk.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -222,5 +223,5 @@ void tst_KtlItemWalk::signedNumbers()
     QCOMPARE(numbers, (QList<qint64>{40003, 28, 255, 254, 65533, -1, -2147483648LL, 65535, 0, 4294967294LL}));
 }
 
-QTEST_GUILESS_MAIN(tst_KtlItemWalk)
+static const testMain::Registration<tst_KtlItemWalk, QCoreApplication> registration;
 #include "tst_KtlItemWalk.moc"

@@ -1,5 +1,6 @@
 // The CoE item read back: flags, commands, and how many of them there are.
 #include "ktl/ktlReading.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -99,5 +100,5 @@ void tst_KtlReadCoe::commandCount()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_KtlReadCoe)
+static const testMain::Registration<tst_KtlReadCoe, QCoreApplication> registration;
 #include "tst_KtlReadCoe.moc"

@@ -1,5 +1,6 @@
 // What each item of a KTL file does to the records that are read, field by field, from bytes written by hand.
 #include "ktl/ktlReading.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -352,5 +353,5 @@ void tst_KtlReadItems::resultOfAnItem()
     QVERIFY(file.device.empty() && file.vcommentmodule.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_KtlReadItems)
+static const testMain::Registration<tst_KtlReadItems, QCoreApplication> registration;
 #include "tst_KtlReadItems.moc"

@@ -1,5 +1,6 @@
 // Modules read back: the group that each one makes, its PDOs and its startup commands.
 #include "ktl/ktlReading.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -203,5 +204,5 @@ void tst_KtlReadModules::itemsWithoutAModule()
     QVERIFY(readingOf(items + endItem()).files.empty());
 }
 
-QTEST_GUILESS_MAIN(tst_KtlReadModules)
+static const testMain::Registration<tst_KtlReadModules, QCoreApplication> registration;
 #include "tst_KtlReadModules.moc"

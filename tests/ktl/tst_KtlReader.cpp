@@ -1,5 +1,6 @@
 // Reading a KTL file: runs and their end items, the limit of items, and how a read fails.
 #include "ktl/ktlReading.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -277,5 +278,5 @@ void tst_KtlReader::generalOperation()
     QCOMPARE(int(KTL_ERROR_PROCESS), 1001);
 }
 
-QTEST_GUILESS_MAIN(tst_KtlReader)
+static const testMain::Registration<tst_KtlReader, QCoreApplication> registration;
 #include "tst_KtlReader.moc"

@@ -2,6 +2,7 @@
 // leaves alone what was loaded before.
 #include "ktl/ktlExport.h"
 #include "ktl/ktlReading.h"
+#include "testMain.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
@@ -278,5 +279,5 @@ void tst_KtlReaderHostile::hostileDump()
     QVERIFY2(text.size() < 100 + 10 * file.size() + 3 * 65536, qPrintable(QString::number(text.size())));
 }
 
-QTEST_GUILESS_MAIN(tst_KtlReaderHostile)
+static const testMain::Registration<tst_KtlReaderHostile, QCoreApplication> registration;
 #include "tst_KtlReaderHostile.moc"

@@ -6,9 +6,9 @@
 #include "ktl/reading/ktlReader.h"
 #include "loadedFiles.h"
 #include "model/pdoAccess.h"
+#include "testMain.h"
 
 #include <QDir>
-#include <QtTest>
 
 class tst_KtlRoundTrip : public QObject
 {
@@ -396,5 +396,5 @@ void tst_KtlRoundTrip::listsThatStayEmpty()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_KtlRoundTrip)
+static const testMain::Registration<tst_KtlRoundTrip, QCoreApplication> registration;
 #include "tst_KtlRoundTrip.moc"

@@ -4,6 +4,7 @@
 #include "ktl/writing/ktlFile.h"
 
 #include "ktl/ktlExport.h"
+#include "testMain.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -156,5 +157,5 @@ void tst_KtlRoundTripLimits::appended()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_KtlRoundTripLimits)
+static const testMain::Registration<tst_KtlRoundTripLimits, QCoreApplication> registration;
 #include "tst_KtlRoundTripLimits.moc"

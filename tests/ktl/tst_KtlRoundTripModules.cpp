@@ -1,6 +1,7 @@
 // A coupler with its modules is exported and read back: what comes back of the modules, and what is gone.
 #include "ktl/ktlReading.h"
 #include "ktl/moduleBuilders.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -180,5 +181,5 @@ void tst_KtlRoundTripModules::slotsAreEmpty()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_KtlRoundTripModules)
+static const testMain::Registration<tst_KtlRoundTripModules, QCoreApplication> registration;
 #include "tst_KtlRoundTripModules.moc"

@@ -3,6 +3,7 @@
 #include "ktl/ktlExport.h"
 #include "ktl/ktlItems.h"
 #include "ktl/moduleBuilders.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -374,5 +375,5 @@ void tst_ModuleBlockStartup::nextModuleFollowsAtOnce()
              head(2) + bytes("4D 9C 00 00  14 00 00 00  02 00 00 00  00 00 00 00  00 00 00 00"));
 }
 
-QTEST_GUILESS_MAIN(tst_ModuleBlockStartup)
+static const testMain::Registration<tst_ModuleBlockStartup, QCoreApplication> registration;
 #include "tst_ModuleBlockStartup.moc"

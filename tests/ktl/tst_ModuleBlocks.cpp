@@ -2,6 +2,7 @@
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "ktl/moduleBuilders.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -269,5 +270,5 @@ void tst_ModuleBlocks::nullArgumentsWriteNothing()
              QByteArray());
 }
 
-QTEST_GUILESS_MAIN(tst_ModuleBlocks)
+static const testMain::Registration<tst_ModuleBlocks, QCoreApplication> registration;
 #include "tst_ModuleBlocks.moc"

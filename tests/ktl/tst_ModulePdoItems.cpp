@@ -2,6 +2,7 @@
 // in the item code only.
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -236,5 +237,5 @@ void tst_ModulePdoItems::nullArgumentsWriteNothing()
     QCOMPARE(writtenBy([&](std::FILE* out) { direction.write(out, nullptr); }), QByteArray());
 }
 
-QTEST_GUILESS_MAIN(tst_ModulePdoItems)
+static const testMain::Registration<tst_ModulePdoItems, QCoreApplication> registration;
 #include "tst_ModulePdoItems.moc"

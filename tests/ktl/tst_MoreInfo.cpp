@@ -2,6 +2,7 @@
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "ktl/ktlItems.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -223,5 +224,5 @@ void tst_MoreInfo::nullArgumentsWriteNothing()
              QByteArray());
 }
 
-QTEST_GUILESS_MAIN(tst_MoreInfo)
+static const testMain::Registration<tst_MoreInfo, QCoreApplication> registration;
 #include "tst_MoreInfo.moc"

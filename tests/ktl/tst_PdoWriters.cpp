@@ -1,6 +1,7 @@
 // Items of the device's PDOs, byte for byte. Both directions go through every test: they differ in the item code only.
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -220,5 +221,5 @@ void tst_PdoWriters::itemsBeforeTheErrorStay()
     QCOMPARE(contentOf(stream.get()), itemOfOneEntry(direction, 0x1600, 0));
 }
 
-QTEST_GUILESS_MAIN(tst_PdoWriters)
+static const testMain::Registration<tst_PdoWriters, QCoreApplication> registration;
 #include "tst_PdoWriters.moc"

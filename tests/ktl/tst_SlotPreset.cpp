@@ -1,6 +1,7 @@
 // The SlotPreConfig item, byte for byte.
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -188,5 +189,5 @@ void tst_SlotPreset::nullArgumentsWriteNothing()
     QCOMPARE(writtenBy([](std::FILE* out) { KTL_write_device_SlotPreConfig(out, nullptr); }), QByteArray());
 }
 
-QTEST_GUILESS_MAIN(tst_SlotPreset)
+static const testMain::Registration<tst_SlotPreset, QCoreApplication> registration;
 #include "tst_SlotPreset.moc"

@@ -1,6 +1,7 @@
 // The Slot item, byte for byte.
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -89,5 +90,5 @@ void tst_SlotWriter::moreSlotsThanAByteCounts()
              bytes("47 9C 00 00") + size + stored + bytes("00 00  00 00 00 00") + stored + bytes("00 00") + records);
 }
 
-QTEST_GUILESS_MAIN(tst_SlotWriter)
+static const testMain::Registration<tst_SlotWriter, QCoreApplication> registration;
 #include "tst_SlotWriter.moc"

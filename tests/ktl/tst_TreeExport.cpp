@@ -2,7 +2,9 @@
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "ktl/ktlItems.h"
+#include "testMain.h"
 
+#include <QApplication>
 #include <QTreeWidget>
 #include <QtTest>
 
@@ -179,5 +181,5 @@ void tst_TreeExport::undeclaredSyncManager()
     QCOMPARE(contentOf(stream.get()).size(), 52);
 }
 
-QTEST_MAIN(tst_TreeExport)
+static const testMain::Registration<tst_TreeExport, QApplication> registration;
 #include "tst_TreeExport.moc"

@@ -2,6 +2,7 @@
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "ktl/ktlItems.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -374,5 +375,5 @@ void tst_WriteDevices::undeclaredSyncManagerOfAModulePdo()
     QCOMPARE(code, 1);
 }
 
-QTEST_GUILESS_MAIN(tst_WriteDevices)
+static const testMain::Registration<tst_WriteDevices, QCoreApplication> registration;
 #include "tst_WriteDevices.moc"

@@ -1,5 +1,6 @@
 // Bit counts in the byte.bit form, and bit totals.
 #include "model/byteBit.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -69,5 +70,5 @@ void tst_ByteBit::total()
     QCOMPARE(addBits(sum, bits), expected);
 }
 
-QTEST_GUILESS_MAIN(tst_ByteBit)
+static const testMain::Registration<tst_ByteBit, QCoreApplication> registration;
 #include "tst_ByteBit.moc"

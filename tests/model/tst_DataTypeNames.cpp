@@ -1,5 +1,6 @@
 // What the name of a data type tells: structured or simple, text or number.
 #include "model/dataTypeNames.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -54,5 +55,5 @@ void tst_DataTypeNames::text()
     QCOMPARE(isStringType(name.constData()), expected);
 }
 
-QTEST_APPLESS_MAIN(tst_DataTypeNames)
+static const testMain::Registration<tst_DataTypeNames, testMain::NoApplication> registration;
 #include "tst_DataTypeNames.moc"

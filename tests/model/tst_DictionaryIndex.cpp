@@ -1,6 +1,7 @@
 // Look-ups in a CoE dictionary.
 #include "model/dictionaryBuilders.h"
 #include "model/dictionaryIndex.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -101,5 +102,5 @@ void tst_DictionaryIndex::emptyInfo()
     QCOMPARE(info.MaxData, 0U);
 }
 
-QTEST_APPLESS_MAIN(tst_DictionaryIndex)
+static const testMain::Registration<tst_DictionaryIndex, testMain::NoApplication> registration;
 #include "tst_DictionaryIndex.moc"

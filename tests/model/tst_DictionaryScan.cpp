@@ -1,6 +1,7 @@
 // What stands under an object of a CoE dictionary, and how far a scan goes.
 #include "model/dictionaryBuilders.h"
 #include "model/dictionaryScan.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -233,5 +234,5 @@ void tst_DictionaryScan::limitOfAnObjectLeavesTheNextOneAlone()
     QCOMPARE(scanner.scan("DTB").rows.size(), std::size_t{1});
 }
 
-QTEST_APPLESS_MAIN(tst_DictionaryScan)
+static const testMain::Registration<tst_DictionaryScan, testMain::NoApplication> registration;
 #include "tst_DictionaryScan.moc"

@@ -1,4 +1,6 @@
 // The comments on odd rules of src: what each has to say, and that the tests that it names are there.
+#include "testMain.h"
+
 #include <QDirIterator>
 #include <QFile>
 #include <QHash>
@@ -143,5 +145,5 @@ void tst_OddRules::noRuleIsLong()
     QCOMPARE(tooLong.join('\n'), QString());
 }
 
-QTEST_GUILESS_MAIN(tst_OddRules)
+static const testMain::Registration<tst_OddRules, QCoreApplication> registration;
 #include "tst_OddRules.moc"

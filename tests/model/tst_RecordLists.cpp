@@ -1,5 +1,6 @@
 // What holds for the records as a whole: short names, token numbers, values that own what is under them, the stores.
 #include "model/XMLParsing.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -105,5 +106,5 @@ void tst_RecordLists::documentStartsEmpty()
     QVERIFY(domDocument.documentElement().isNull());
 }
 
-QTEST_GUILESS_MAIN(tst_RecordLists)
+static const testMain::Registration<tst_RecordLists, QCoreApplication> registration;
 #include "tst_RecordLists.moc"

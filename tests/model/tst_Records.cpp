@@ -1,5 +1,6 @@
 // The fields of all records: their types, and that a new record is cleared.
 #include "model/cleared.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -311,5 +312,5 @@ void tst_Records::moduleStartupCommand()
     FIELD(struct_moduleInitCmd, m_CADataList, std::vector<unsigned int>);
 }
 
-QTEST_GUILESS_MAIN(tst_Records)
+static const testMain::Registration<tst_Records, QCoreApplication> registration;
 #include "tst_Records.moc"

@@ -1,5 +1,6 @@
 // The version text and the number of the format that belongs to it.
 #include "model/version.h"
+#include "testMain.h"
 
 #include <QtTest>
 
@@ -39,5 +40,5 @@ void tst_Version::number()
     QCOMPARE(versionNumber(version.constData()), expected);
 }
 
-QTEST_GUILESS_MAIN(tst_Version)
+static const testMain::Registration<tst_Version, QCoreApplication> registration;
 #include "tst_Version.moc"

@@ -1,4 +1,5 @@
 // A choices file gives the bytes that the same choices give by clicks and keys in the window, for each sample.
+#include "testMain.h"
 #include "workbench/windowAndCommand.h"
 
 class tst_ChoicesLikeClicks : public WindowAndCommandFixture
@@ -297,5 +298,5 @@ void tst_ChoicesLikeClicks::axesOfClicks()
     QCOMPARE(written.join(QLatin1Char(' ')), axes);
 }
 
-QTEST_MAIN(tst_ChoicesLikeClicks)
+static const testMain::Registration<tst_ChoicesLikeClicks, QApplication> registration;
 #include "tst_ChoicesLikeClicks.moc"

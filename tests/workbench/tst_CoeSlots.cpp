@@ -1,5 +1,6 @@
 // The slots of the CoE tab called by themselves: look-ups, scans, and what they do without a device.
 #include "model/dictionaryBuilders.h"
+#include "testMain.h"
 #include "workbench/coeTreeParts.h"
 #include "workbench/mainwindow.h"
 
@@ -151,5 +152,5 @@ void tst_CoeSlots::rowCountIsThatOfTheModuleTree()
     QCOMPARE(rowCountKept(*m_window), 0);
 }
 
-QTEST_MAIN(tst_CoeSlots)
+static const testMain::Registration<tst_CoeSlots, QApplication> registration;
 #include "tst_CoeSlots.moc"

@@ -1,5 +1,6 @@
 // The CoE tab: what it shows of the dictionary of the device that is clicked.
 #include "model/dictionaryBuilders.h"
+#include "testMain.h"
 #include "workbench/coeTreeParts.h"
 #include "workbench/dictionaryReference.h"
 #include "workbench/elision.h"
@@ -320,5 +321,5 @@ void tst_CoeTab::harmfulDictionaries()
     QCOMPARE(coeTree()->topLevelItem(0)->childCount(), rows);
 }
 
-QTEST_MAIN(tst_CoeTab)
+static const testMain::Registration<tst_CoeTab, QApplication> registration;
 #include "tst_CoeTab.moc"

@@ -1,6 +1,7 @@
 // The command gives the bytes and the warnings of the window, for each sample and each real ESI file: as the files are
 // loaded, and with every device clicked once.
 #include "editing/exportChecks.h"
+#include "testMain.h"
 #include "workbench/windowAndCommand.h"
 
 class tst_CommandLikeWindow : public WindowAndCommandFixture
@@ -86,5 +87,5 @@ void tst_CommandLikeWindow::everyDeviceClicked()
     compareWindow(path, choices.output);
 }
 
-QTEST_MAIN(tst_CommandLikeWindow)
+static const testMain::Registration<tst_CommandLikeWindow, QApplication> registration;
 #include "tst_CommandLikeWindow.moc"

@@ -1,4 +1,5 @@
 // What a click in the device tree selects and shows.
+#include "testMain.h"
 #include "workbench/mainwindow.h"
 #include "workbench/modelBuilders.h"
 #include "workbench/windowParts.h"
@@ -302,5 +303,5 @@ void tst_DeviceTree::clearDisablesTheModuleFields()
         QVERIFY2(!part<QWidget>(*m_window, name)->isEnabled(), name);
 }
 
-QTEST_MAIN(tst_DeviceTree)
+static const testMain::Registration<tst_DeviceTree, QApplication> registration;
 #include "tst_DeviceTree.moc"

@@ -1,4 +1,5 @@
 // The check boxes of the device tree: a click on one selects its item, and its state spreads.
+#include "testMain.h"
 #include "workbench/editorParts.h"
 #include "workbench/mainwindow.h"
 #include "workbench/modelBuilders.h"
@@ -293,5 +294,5 @@ void tst_DeviceTreeChecks::setParentPartiallyChecked()
     QCOMPARE(states(0), QVector<int>({2, 2, 2, 2})); // other files are not touched
 }
 
-QTEST_MAIN(tst_DeviceTreeChecks)
+static const testMain::Registration<tst_DeviceTreeChecks, QApplication> registration;
 #include "tst_DeviceTreeChecks.moc"

@@ -1,4 +1,5 @@
 // The context menu of the device tree, and deleting files and devices.
+#include "testMain.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/mainwindow.h"
 #include "workbench/modelBuilders.h"
@@ -224,5 +225,5 @@ void tst_DeviceTreeDelete::lastDeviceLeavesTheFile()
     QCOMPARE(loaded(), QStringList({"a.xml", "A1", "A2", "A3", "b.xml"}));
 }
 
-QTEST_MAIN(tst_DeviceTreeDelete)
+static const testMain::Registration<tst_DeviceTreeDelete, QApplication> registration;
 #include "tst_DeviceTreeDelete.moc"

@@ -1,4 +1,5 @@
 // The drive axes on the General tab: counted when the type is chosen, or typed.
+#include "testMain.h"
 #include "workbench/deviceWindow.h"
 #include "workbench/editorParts.h"
 
@@ -167,5 +168,5 @@ void tst_DriveAxesField::driveAxesNeedADevice()
     QCOMPARE(axesField()->text(), QString("5"));
 }
 
-QTEST_MAIN(tst_DriveAxesField)
+static const testMain::Registration<tst_DriveAxesField, QApplication> registration;
 #include "tst_DriveAxesField.moc"

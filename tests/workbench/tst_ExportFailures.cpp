@@ -1,4 +1,5 @@
 // Every way in which an export fails: what is said, and what is left on disk.
+#include "testMain.h"
 #include "workbench/exportFixture.h"
 #include "workbench/ordinaryUser.h"
 
@@ -219,5 +220,5 @@ void tst_ExportFailures::exportAfterARangeError()
     QCOMPARE(dumpProblem(outPath("a.ktl")), QString());
 }
 
-QTEST_MAIN(tst_ExportFailures)
+static const testMain::Registration<tst_ExportFailures, QApplication> registration;
 #include "tst_ExportFailures.moc"

@@ -1,4 +1,5 @@
 // The export as a user goes through it: what is asked, what is proposed, and what lies on disk afterwards.
+#include "testMain.h"
 #include "workbench/exportFixture.h"
 
 #include <QLineEdit>
@@ -293,5 +294,5 @@ void tst_ExportFlow::samplesFromOpeningToTheDump()
     QCOMPARE(dumpProblem(outPath("samples.ktl")), QString());
 }
 
-QTEST_MAIN(tst_ExportFlow)
+static const testMain::Registration<tst_ExportFlow, QApplication> registration;
 #include "tst_ExportFlow.moc"

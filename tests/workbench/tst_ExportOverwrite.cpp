@@ -1,5 +1,6 @@
 // Exporting to a file that exists: the question, and what each answer does. The file dialog asks its own question
 // first.
+#include "testMain.h"
 #include "workbench/exportFixture.h"
 
 class tst_ExportOverwrite : public ExportFixture
@@ -104,5 +105,5 @@ void tst_ExportOverwrite::ownQuestionOfTheDialogAnsweredNo()
     QCOMPARE(outFiles(), QStringList({"a.ktl", "b.ktl", "b.ktl.txt"}));
 }
 
-QTEST_MAIN(tst_ExportOverwrite)
+static const testMain::Registration<tst_ExportOverwrite, QApplication> registration;
 #include "tst_ExportOverwrite.moc"

@@ -1,7 +1,7 @@
 // Files dropped on the window: what is let in, how the kind of a file is told, and every message.
+#include "testMain.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/ktlFiles.h"
-#include "workbench/mainwindow.h"
 #include "workbench/modelBuilders.h"
 #include "workbench/ordinaryUser.h"
 #include "workbench/windowParts.h"
@@ -396,5 +396,5 @@ void tst_FileDrop::sameFileTwice()
     QCOMPARE(treeTexts(), QStringList({"a.ktl", " 0x1", "a.ktl", " 0x1"}));
 }
 
-QTEST_MAIN(tst_FileDrop)
+static const testMain::Registration<tst_FileDrop, QApplication> registration;
 #include "tst_FileDrop.moc"

@@ -1,4 +1,5 @@
 // The device type on the General tab: chosen by the user, and found by a click in the tree; and the about box.
+#include "testMain.h"
 #include "workbench/deviceWindow.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/editorParts.h"
@@ -362,5 +363,5 @@ void tst_GeneralTab::about()
     QCOMPARE(box.parent, m_window->widget());
 }
 
-QTEST_MAIN(tst_GeneralTab)
+static const testMain::Registration<tst_GeneralTab, QApplication> registration;
 #include "tst_GeneralTab.moc"

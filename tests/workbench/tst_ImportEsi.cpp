@@ -1,4 +1,5 @@
 // Opening ESI files: the dialog, what the tree shows afterwards, and every way in which it fails.
+#include "testMain.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/mainwindow.h"
 #include "workbench/modelBuilders.h"
@@ -323,5 +324,5 @@ void tst_ImportEsi::treeIsCheckedAndExpanded()
     QVERIFY(treeItem(*m_window, 1)->isExpanded());
 }
 
-QTEST_MAIN(tst_ImportEsi)
+static const testMain::Registration<tst_ImportEsi, QApplication> registration;
 #include "tst_ImportEsi.moc"

@@ -1,4 +1,5 @@
 // Opening KTL files: the dialog, what the tree shows afterwards, and what is said of files that cannot be opened.
+#include "testMain.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/ktlFiles.h"
 #include "workbench/mainwindow.h"
@@ -265,5 +266,5 @@ void tst_ImportKtl::everyDeviceCanBeLookedAt()
     }
 }
 
-QTEST_MAIN(tst_ImportKtl)
+static const testMain::Registration<tst_ImportKtl, QApplication> registration;
 #include "tst_ImportKtl.moc"

@@ -1,4 +1,5 @@
 // Nothing of the form is clipped at the usual sizes of the window, in the font of the program.
+#include "testMain.h"
 #include "workbench/elision.h"
 #include "workbench/mainwindow.h"
 #include "workbench/modelBuilders.h"
@@ -255,5 +256,5 @@ void tst_Layout::chineseTexts()
     }
 }
 
-QTEST_MAIN(tst_Layout)
+static const testMain::Registration<tst_Layout, QApplication> registration;
 #include "tst_Layout.moc"

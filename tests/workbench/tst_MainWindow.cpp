@@ -1,6 +1,7 @@
 // The frame of the main window: its menu, shortcuts, tabs and resources.
 #include "workbench/mainwindow.h" // first, so that the header stands on its own
 
+#include "testMain.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/windowParts.h"
 
@@ -275,5 +276,5 @@ void tst_MainWindow::clickInAssignmentChangesNothing()
     QCOMPARE(currentdeviceindex, -1);
 }
 
-QTEST_MAIN(tst_MainWindow)
+static const testMain::Registration<tst_MainWindow, QApplication> registration;
 #include "tst_MainWindow.moc"

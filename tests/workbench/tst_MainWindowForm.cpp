@@ -1,4 +1,5 @@
 // The form of the main window: fixed texts, what is disabled, and how tables and trees are set up.
+#include "testMain.h"
 #include "workbench/mainwindow.h"
 #include "workbench/windowParts.h"
 
@@ -305,5 +306,5 @@ void tst_MainWindowForm::everyTableHasItsOwnModel()
     QCOMPARE(models.size(), std::size_t{10});
 }
 
-QTEST_MAIN(tst_MainWindowForm)
+static const testMain::Registration<tst_MainWindowForm, QApplication> registration;
 #include "tst_MainWindowForm.moc"

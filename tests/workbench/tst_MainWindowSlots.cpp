@@ -1,4 +1,5 @@
 // The slots of the main window: names, arguments, results, access and order.
+#include "testMain.h"
 #include "workbench/mainwindow.h"
 
 #include <QMetaMethod>
@@ -136,5 +137,5 @@ void tst_MainWindowSlots::slotsInTheirOrder()
     QCOMPARE(offered, expected);
 }
 
-QTEST_MAIN(tst_MainWindowSlots)
+static const testMain::Registration<tst_MainWindowSlots, QApplication> registration;
 #include "tst_MainWindowSlots.moc"

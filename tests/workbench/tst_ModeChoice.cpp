@@ -1,4 +1,5 @@
 // Choosing an operation mode of the distributed clocks: the chosen mode moves to the front.
+#include "testMain.h"
 #include "workbench/deviceWindow.h"
 #include "workbench/dialogDriver.h"
 
@@ -186,5 +187,5 @@ void tst_ModeChoice::clearingTheModesIsNoChoice()
     QCOMPARE(modesOf(DeviceWindow::device()), QStringList({"m0", "m1", "m2"}));
 }
 
-QTEST_MAIN(tst_ModeChoice)
+static const testMain::Registration<tst_ModeChoice, QApplication> registration;
 #include "tst_ModeChoice.moc"

@@ -1,5 +1,6 @@
 // Devices of the types 2 and 4, whose module PDOs are written as their own: modules are put in, replaced and taken out
 // through the Module tab, and every byte of the export is worked out from the ESI text.
+#include "testMain.h"
 #include "workbench/modularEsi.h"
 #include "workbench/roundTripParts.h"
 
@@ -182,6 +183,8 @@ static QString specialDevice()
     });
 }
 
+namespace {
+
 struct MovedModule
 {
     std::uint32_t outputs;
@@ -192,6 +195,8 @@ struct MovedModule
     std::uint32_t firstCommand;
     std::uint32_t secondCommand;
 };
+
+} // namespace
 
 constexpr MovedModule inGroup0{0x1600, 0x7000, 0x7100, 0x1A00, 0x6000, 0x8000, 0x9000};
 // 3 * 0x8000 is 0x8000 in 16 bits, 3 * 0xFF00 is 0xFD00; what depends on the slot does not move, even where it
@@ -286,5 +291,5 @@ void tst_ModularDevices::driveByItsModules()
     compareExport(items(3));
 }
 
-QTEST_MAIN(tst_ModularDevices)
+static const testMain::Registration<tst_ModularDevices, QApplication> registration;
 #include "tst_ModularDevices.moc"

@@ -1,5 +1,6 @@
 // Devices of the types 3 and 5, behind which the modules of the file follow as blocks, and the preset of places that
 // type 5 has: every byte of the export is worked out from the ESI text.
+#include "testMain.h"
 #include "workbench/modularEsi.h"
 #include "workbench/roundTripParts.h"
 
@@ -245,5 +246,5 @@ void tst_ModularDevicesBlocks::placesWrapAtByteWidth()
                    moreInfoItem({"Modular", "Beta"}), module(betaIdent), byHand::end()});
 }
 
-QTEST_MAIN(tst_ModularDevicesBlocks)
+static const testMain::Registration<tst_ModularDevicesBlocks, QApplication> registration;
 #include "tst_ModularDevicesBlocks.moc"

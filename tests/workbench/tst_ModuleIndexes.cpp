@@ -1,4 +1,5 @@
 // How the two module index fields reach the model: by the next click in the tree, and by nothing else but an export.
+#include "testMain.h"
 #include "workbench/mainwindow.h"
 #include "workbench/modelBuilders.h"
 #include "workbench/windowParts.h"
@@ -189,5 +190,5 @@ void tst_ModuleIndexes::afterADeletionTheEmptyFieldsAreStored()
     QCOMPARE(configIndex(1), 0xF000);
 }
 
-QTEST_MAIN(tst_ModuleIndexes)
+static const testMain::Registration<tst_ModuleIndexes, QApplication> registration;
 #include "tst_ModuleIndexes.moc"

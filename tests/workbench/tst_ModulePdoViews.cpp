@@ -1,5 +1,6 @@
 // The PDOs of a module as its file declares it: the two tables beside the module tree, their menus and refusals, and
 // the ways into the editor.
+#include "testMain.h"
 #include "workbench/moduleTab.h"
 #include "workbench/pdoEditor.h"
 #include "workbench/tabFixture.h"
@@ -387,5 +388,5 @@ void tst_ModulePdoViews::deviceEntriesAreRefusedAfterwards()
              QStringList(selectionBox("Please select no modulepdo\n")));
 }
 
-QTEST_MAIN(tst_ModulePdoViews)
+static const testMain::Registration<tst_ModulePdoViews, QApplication> registration;
 #include "tst_ModulePdoViews.moc"

@@ -1,5 +1,6 @@
 // What follows from a change of the modules in the slots: the module lists of the device, the tables that are shown
 // anew, and the command that names the configured modules.
+#include "testMain.h"
 #include "workbench/moduleTabFixture.h"
 
 #include <QCheckBox>
@@ -342,5 +343,5 @@ void tst_ModuleRefresh::downloadCommandWithoutDevice()
     QCOMPARE(command.strData, std::string());
 }
 
-QTEST_MAIN(tst_ModuleRefresh)
+static const testMain::Registration<tst_ModuleRefresh, QApplication> registration;
 #include "tst_ModuleRefresh.moc"

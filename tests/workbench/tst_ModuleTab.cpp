@@ -1,4 +1,5 @@
 // Putting modules into slots and taking them out on the Module tab: what is refused, and what changes.
+#include "testMain.h"
 #include "workbench/moduleTabFixture.h"
 
 #include <QCheckBox>
@@ -232,5 +233,5 @@ void tst_ModuleTab::deleteDefaultModule()
     }
 }
 
-QTEST_MAIN(tst_ModuleTab)
+static const testMain::Registration<tst_ModuleTab, QApplication> registration;
 #include "tst_ModuleTab.moc"

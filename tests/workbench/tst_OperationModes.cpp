@@ -1,4 +1,5 @@
 // What the General tab shows of the distributed clocks of the device that is clicked.
+#include "testMain.h"
 #include "workbench/mainwindow.h"
 #include "workbench/modelBuilders.h"
 #include "workbench/windowParts.h"
@@ -151,5 +152,5 @@ void tst_OperationModes::withoutModes()
     QCOMPARE(checkedSignals(), QVector<bool>({false, false, false}));
 }
 
-QTEST_MAIN(tst_OperationModes)
+static const testMain::Registration<tst_OperationModes, QApplication> registration;
 #include "tst_OperationModes.moc"

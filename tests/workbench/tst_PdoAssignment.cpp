@@ -1,4 +1,5 @@
 // Which PDOs a sync manager could carry, as the Process Data tab lists them.
+#include "testMain.h"
 #include "workbench/tabFixture.h"
 
 class tst_PdoAssignment : public TabFixture
@@ -135,5 +136,5 @@ void tst_PdoAssignment::anotherDeviceEmptiesTheView()
     QCOMPARE(labelText(window(), "label_18"), QString());
 }
 
-QTEST_MAIN(tst_PdoAssignment)
+static const testMain::Registration<tst_PdoAssignment, QApplication> registration;
 #include "tst_PdoAssignment.moc"

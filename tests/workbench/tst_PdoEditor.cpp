@@ -1,4 +1,5 @@
 // The editor of PDO entries: its form, the links that it offers, and the ways out of it.
+#include "testMain.h"
 #include "workbench/pdoEditor.h"
 #include "workbench/tabFixture.h"
 
@@ -379,5 +380,5 @@ void tst_PdoEditor::withoutSelection()
     QCOMPARE(link(), -2);
 }
 
-QTEST_MAIN(tst_PdoEditor)
+static const testMain::Registration<tst_PdoEditor, QApplication> registration;
 #include "tst_PdoEditor.moc"

@@ -1,5 +1,6 @@
 // What the editor of PDO entries writes to: one row or all selected ones, of the device or of a module of the file, and
 // nothing at all when the rows have become stale.
+#include "testMain.h"
 #include "workbench/moduleTab.h"
 #include "workbench/pdoEditor.h"
 #include "workbench/tabFixture.h"
@@ -391,5 +392,5 @@ void tst_PdoEditorTargets::modulePositionsHaveEightBits()
     QCOMPARE(linksOf(module(256, 256).RxPdo.vpdo[257].vEntry).count(0), 260);
 }
 
-QTEST_MAIN(tst_PdoEditorTargets)
+static const testMain::Registration<tst_PdoEditorTargets, QApplication> registration;
 #include "tst_PdoEditorTargets.moc"

@@ -1,5 +1,6 @@
 // The edits of PDO entries from the Process Data tab: the menu, what is refused and in which order, adding, deleting,
 // and the ways into the editor.
+#include "testMain.h"
 #include "workbench/pdoEditor.h"
 #include "workbench/tabFixture.h"
 
@@ -391,5 +392,5 @@ void tst_PdoEntryEdits::replyWithoutCurrentRow()
     QCOMPARE(labelText(window(), "label_17"), QString());
 }
 
-QTEST_MAIN(tst_PdoEntryEdits)
+static const testMain::Registration<tst_PdoEntryEdits, QApplication> registration;
 #include "tst_PdoEntryEdits.moc"

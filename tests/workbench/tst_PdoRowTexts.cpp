@@ -1,4 +1,5 @@
 // The cells of the rows of PDOs and their entries, of the device and of modules.
+#include "testMain.h"
 #include "workbench/rowTexts.h"
 
 #include <QtTest>
@@ -194,5 +195,5 @@ void tst_PdoRowTexts::closing()
     QCOMPARE(closingRow(ofModule), QStringList({QString(), QString(), shown}));
 }
 
-QTEST_APPLESS_MAIN(tst_PdoRowTexts)
+static const testMain::Registration<tst_PdoRowTexts, testMain::NoApplication> registration;
 #include "tst_PdoRowTexts.moc"

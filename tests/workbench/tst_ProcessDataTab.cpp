@@ -1,4 +1,5 @@
 // What the Process Data tab shows: the PDO list, and the entries of the PDO that is clicked.
+#include "testMain.h"
 #include "workbench/tabFixture.h"
 
 #include <QCheckBox>
@@ -365,5 +366,5 @@ void tst_ProcessDataTab::anotherDeviceEmptiesTheTab()
     QCOMPARE(labelText(window(), "label_17"), QString());
 }
 
-QTEST_MAIN(tst_ProcessDataTab)
+static const testMain::Registration<tst_ProcessDataTab, QApplication> registration;
 #include "tst_ProcessDataTab.moc"

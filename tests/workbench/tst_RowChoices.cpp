@@ -1,4 +1,5 @@
 // Keys and other mouse buttons that move the current row of a view show what a click on that row shows.
+#include "testMain.h"
 #include "workbench/moduleTab.h"
 #include "workbench/tabFixture.h"
 
@@ -406,5 +407,5 @@ void tst_RowChoices::programHasNoEffect()
     QCOMPARE(shownBy(name), shown);
 }
 
-QTEST_MAIN(tst_RowChoices)
+static const testMain::Registration<tst_RowChoices, QApplication> registration;
 #include "tst_RowChoices.moc"

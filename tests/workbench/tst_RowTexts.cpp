@@ -1,4 +1,5 @@
 // The cells of the tables' rows, record by record; those of PDOs are in tst_PdoRowTexts.
+#include "testMain.h"
 #include "workbench/rowTexts.h" // first, so that the header stands on its own
 
 #include <QtTest>
@@ -286,5 +287,5 @@ void tst_RowTexts::everyStartupCellHasAnItem()
         QVERIFY(!cell.isNull());
 }
 
-QTEST_APPLESS_MAIN(tst_RowTexts)
+static const testMain::Registration<tst_RowTexts, testMain::NoApplication> registration;
 #include "tst_RowTexts.moc"

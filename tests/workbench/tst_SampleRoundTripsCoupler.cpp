@@ -1,4 +1,5 @@
 // The sample of a bus coupler, from its ESI file to the bytes of the export, as each type of modular device.
+#include "testMain.h"
 #include "workbench/couplerItems.h"
 #include "workbench/roundTripParts.h"
 
@@ -134,5 +135,5 @@ void tst_SampleRoundTripsCoupler::refusals()
                   + presetTail(2, {0x010, 0x116}));
 }
 
-QTEST_MAIN(tst_SampleRoundTripsCoupler)
+static const testMain::Registration<tst_SampleRoundTripsCoupler, QApplication> registration;
 #include "tst_SampleRoundTripsCoupler.moc"

@@ -1,4 +1,5 @@
 // The samples of drives, from their ESI files to the bytes of the export, with edits on the way.
+#include "testMain.h"
 #include "workbench/roundTripParts.h"
 
 using namespace byHand;
@@ -253,5 +254,5 @@ void tst_SampleRoundTripsDrives::dualAxisDriveModules()
         + dualAxisTail());
 }
 
-QTEST_MAIN(tst_SampleRoundTripsDrives)
+static const testMain::Registration<tst_SampleRoundTripsDrives, QApplication> registration;
 #include "tst_SampleRoundTripsDrives.moc"

@@ -1,4 +1,5 @@
 // The samples without mailbox, from their ESI files to the bytes of the export, with edits on the way.
+#include "testMain.h"
 #include "workbench/roundTripParts.h"
 
 using namespace byHand;
@@ -136,5 +137,5 @@ void tst_SampleRoundTripsIo::oversamplingTerminalUntouched()
     compareExport(analogOutputs(0, 0) + analogInputs(0, 0, 0) + QByteArrayList{byHand::end()});
 }
 
-QTEST_MAIN(tst_SampleRoundTripsIo)
+static const testMain::Registration<tst_SampleRoundTripsIo, QApplication> registration;
 #include "tst_SampleRoundTripsIo.moc"

@@ -1,4 +1,5 @@
 // The slot table of the Module tab, the two check boxes beside it, and the marks on modules that do not fit.
+#include "testMain.h"
 #include "workbench/moduleTab.h"
 #include "workbench/tabFixture.h"
 
@@ -284,5 +285,5 @@ void tst_SlotTable::manySlotsAndModules()
     QVERIFY(!struck.contains("module 299"));
 }
 
-QTEST_MAIN(tst_SlotTable)
+static const testMain::Registration<tst_SlotTable, QApplication> registration;
 #include "tst_SlotTable.moc"

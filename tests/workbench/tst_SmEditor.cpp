@@ -1,6 +1,7 @@
 // The editor of a sync manager.
 #include "workbench/smeditwin.h" // first, so that the header stands on its own
 
+#include "testMain.h"
 #include "workbench/deviceWindow.h"
 #include "workbench/editorParts.h"
 
@@ -355,5 +356,5 @@ void tst_SmEditor::withoutADevice()
     QCOMPARE(minSizeOf(0), 34);
 }
 
-QTEST_MAIN(tst_SmEditor)
+static const testMain::Registration<tst_SmEditor, QApplication> registration;
 #include "tst_SmEditor.moc"

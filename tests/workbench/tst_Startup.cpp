@@ -1,4 +1,5 @@
 // How the window comes up: font by the width of the screen, title, flags and size.
+#include "testMain.h"
 #include "workbench/startup.h"
 
 #include <QWidget>
@@ -96,5 +97,5 @@ void tst_Startup::leastSizeHolds()
     QCOMPARE(window.size(), QSize(1400, 800));
 }
 
-QTEST_MAIN(tst_Startup)
+static const testMain::Registration<tst_Startup, QApplication> registration;
 #include "tst_Startup.moc"

@@ -1,4 +1,5 @@
 // Adding, modifying and deleting startup commands on the Startup tab.
+#include "testMain.h"
 #include "workbench/deviceWindow.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/editorParts.h"
@@ -324,5 +325,5 @@ void tst_StartupEditing::replyWithoutARowShowsNothingAnew()
     QCOMPARE(view()->model()->rowCount(), 3);
 }
 
-QTEST_MAIN(tst_StartupEditing)
+static const testMain::Registration<tst_StartupEditing, QApplication> registration;
 #include "tst_StartupEditing.moc"

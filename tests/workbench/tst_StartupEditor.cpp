@@ -1,6 +1,7 @@
 // The editor of a startup command: its form, what it saves, and the ways out of it.
 #include "workbench/startupeditwin.h" // first, so that the header stands on its own
 
+#include "testMain.h"
 #include "workbench/deviceWindow.h"
 #include "workbench/startupEditorParts.h"
 
@@ -283,5 +284,5 @@ void tst_StartupEditor::tabOrder()
     QCOMPARE(editor->focusWidget()->objectName(), QString("Index")); // what cannot be changed is passed over
 }
 
-QTEST_MAIN(tst_StartupEditor)
+static const testMain::Registration<tst_StartupEditor, QApplication> registration;
 #include "tst_StartupEditor.moc"

@@ -1,4 +1,5 @@
 // Which command the editor of startup commands works on, and what becomes of it once it is closed.
+#include "testMain.h"
 #include "workbench/deviceWindow.h"
 #include "workbench/startupEditorParts.h"
 
@@ -161,5 +162,5 @@ void tst_StartupEditorTarget::withoutAParent()
     QCOMPARE(coeCommand().Data, 3U);
 }
 
-QTEST_MAIN(tst_StartupEditorTarget)
+static const testMain::Registration<tst_StartupEditorTarget, QApplication> registration;
 #include "tst_StartupEditorTarget.moc"

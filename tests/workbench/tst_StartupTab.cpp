@@ -1,4 +1,5 @@
 // The rows of the Startup tab: the commands of three lists.
+#include "testMain.h"
 #include "workbench/deviceWindow.h"
 #include "workbench/editorParts.h"
 #include "workbench/startupBuilders.h"
@@ -191,5 +192,5 @@ void tst_StartupTab::modelKeepsItsContract()
     QCOMPARE(view()->model()->rowCount(), 0);
 }
 
-QTEST_MAIN(tst_StartupTab)
+static const testMain::Registration<tst_StartupTab, QApplication> registration;
 #include "tst_StartupTab.moc"

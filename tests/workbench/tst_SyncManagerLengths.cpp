@@ -1,5 +1,6 @@
 // The lengths of sync managers, computed from the PDOs whenever the sync managers are shown.
 #include "esi/derivation/smLengths.h"
+#include "testMain.h"
 #include "workbench/deviceWindow.h"
 #include "workbench/syncManagerBuilders.h"
 
@@ -133,5 +134,5 @@ void tst_SyncManagerLengths::unknownSyncManager()
     QVERIFY_EXCEPTION_THROWN(updateProcessDataLengths(device), std::out_of_range);
 }
 
-QTEST_MAIN(tst_SyncManagerLengths)
+static const testMain::Registration<tst_SyncManagerLengths, QApplication> registration;
 #include "tst_SyncManagerLengths.moc"

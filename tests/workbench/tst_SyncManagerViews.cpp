@@ -1,4 +1,5 @@
 // The tables of sync managers and FMMUs, and the way from them to the editor.
+#include "testMain.h"
 #include "workbench/deviceWindow.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/editorParts.h"
@@ -274,5 +275,5 @@ void tst_SyncManagerViews::modelsKeepTheirContract()
     QCOMPARE(smView()->model()->rowCount(), 0);
 }
 
-QTEST_MAIN(tst_SyncManagerViews)
+static const testMain::Registration<tst_SyncManagerViews, QApplication> registration;
 #include "tst_SyncManagerViews.moc"

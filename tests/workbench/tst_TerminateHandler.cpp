@@ -1,4 +1,5 @@
 // A program that ends on an error says why: on standard error, and in a box when a window is visible.
+#include "testMain.h"
 #include "workbench/modelBuilders.h"
 
 #include <QProcess>
@@ -87,5 +88,5 @@ void tst_TerminateHandler::goodFileEndsNothing()
     QCOMPARE(m_program.readAllStandardError(), QByteArray());
 }
 
-QTEST_GUILESS_MAIN(tst_TerminateHandler)
+static const testMain::Registration<tst_TerminateHandler, QCoreApplication> registration;
 #include "tst_TerminateHandler.moc"

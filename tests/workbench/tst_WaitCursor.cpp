@@ -1,5 +1,6 @@
 // The waiting cursor is shown while files are read and written. A pipe in the place of a file makes the window wait in
 // the middle of its work, until the other end of the pipe has looked at the cursor.
+#include "testMain.h"
 #include "workbench/exportFixture.h"
 
 #include <atomic>
@@ -122,5 +123,5 @@ void tst_WaitCursor::whileAFileIsWritten()
     QCOMPARE(runsIn(written), QStringList({"1", "end"}));
 }
 
-QTEST_MAIN(tst_WaitCursor)
+static const testMain::Registration<tst_WaitCursor, QApplication> registration;
 #include "tst_WaitCursor.moc"
