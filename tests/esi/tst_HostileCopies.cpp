@@ -153,7 +153,7 @@ void tst_HostileCopies::copiesOfAllDevicesCount()
     QVERIFY(load(one).status == EsiLoadStatus::Loaded);
     QCOMPARE(loadedDevice().RxPdo.vpdo.size(), std::size_t{10000});
     loadOneBefore();
-    QCOMPARE(load(QByteArray(one).replace(device, device.repeated(1000))).error.message, tooMany);
+    QCOMPARE(load(QByteArray(one).replace(device, device.repeated(1000))).error.text, tooMany);
 }
 
 void tst_HostileCopies::inEachOther_data()
