@@ -38,7 +38,7 @@ _ktl_files()
     done < <(compgen -f -- "$typed")
 }
 
-# Offers values of an option, or nothing where any text may stand.
+# Offers values of an option, or nothing where any text may be.
 _ktl_values()
 {
     local typed=$1 kind=$2

@@ -17,7 +17,7 @@ build_package()
     build package
     stage 'Packing'
     rm -f build/package/*.deb
-    # The time of the newest entry stands on all files, so that equal sources give an equal package.
+    # The time of the newest entry is on all files, so that equal sources give an equal package.
     SOURCE_DATE_EPOCH=$(dpkg-parsechangelog -l packaging/changelog -S Timestamp)
     export SOURCE_DATE_EPOCH
     (cd build/package && cpack)
