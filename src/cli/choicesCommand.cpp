@@ -2,13 +2,15 @@
 
 #include "choices/choicesTemplate.h"
 #include "cli/deviceWarnings.h"
-#include "cli/inputFile.h"
+#include "cli/esiInput.h"
 #include "editing/deviceEdits.h"
 #include "editing/deviceLabel.h"
 #include "esi/derivation/rangeErrors.h"
 
 #include <stdexcept>
 #include <vector>
+
+namespace cli {
 
 const SubCommandText choicesText{
     QLatin1String("choices"),
@@ -25,7 +27,7 @@ const SubCommandText choicesText{
 
 namespace {
 
-/// Selects every device once, as the choices of a file do; tells of a device for which that fails.
+/// Selects every device once, as the choices of a file do; reports a device for which that fails.
 bool selectAll(std::vector<struct_FilenameDevice>& files, Messages& messages)
 {
     DeviceClicks clicks;
@@ -57,3 +59,5 @@ ExitCode runChoices(const QStringList& arguments, Console& console)
     }
     return console.messages.exitCode();
 }
+
+} // namespace cli

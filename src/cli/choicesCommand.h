@@ -3,8 +3,12 @@
 
 #include "cli/commandLine.h"
 
+namespace cli {
+
 extern const SubCommandText choicesText;
 
-/// Writes the choices that stand in ESI files to standard output.
-/// @param arguments  those behind the name of the sub-command
+/// Writes the choices that ESI files hold to standard output.
+/// @param arguments  those after the name of the sub-command
 [[nodiscard]] ExitCode runChoices(const QStringList& arguments, Console& console);
+
+} // namespace cli

@@ -15,6 +15,8 @@
 #include <optional>
 #include <set>
 
+namespace cli {
+
 namespace {
 
 QString withCode(const QString& text, ProblemCode code)
@@ -135,3 +137,5 @@ bool applyChoicesFile(const QString& path, std::vector<struct_FilenameDevice>& f
         return false;
     }
 }
+
+} // namespace cli

@@ -10,9 +10,13 @@
 #include <set>
 #include <vector>
 
+namespace cli {
+
 /// Reads a choices file and makes its choices. All that is wrong with it is told, and what the window would warn of.
 /// @param path     "-" for standard input
 /// @param written  the devices that will be written; choices for other devices are warned of
 /// @return  whether all choices are made; the files are of no use otherwise
 [[nodiscard]] bool applyChoicesFile(const QString& path, std::vector<struct_FilenameDevice>& files, Messages& messages,
                                     const std::set<DevicePosition>& written);
+
+} // namespace cli

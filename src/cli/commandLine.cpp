@@ -1,10 +1,12 @@
 #include "cli/commandLine.h"
 
-#include "cli/inputFile.h"
+#include "cli/streamName.h"
 #include "model/version.h"
 
 #include <algorithm>
 #include <ostream>
+
+namespace cli {
 
 namespace {
 
@@ -28,7 +30,7 @@ QString wrapped(const QString& text)
     return lines;
 }
 
-/// The first of the arguments that is none of the options; nothing if it cannot be told.
+/// The first of the arguments that is none of the options; nothing if that is not known.
 std::optional<QString> unknownArgument(const QStringList& arguments, const QStringList& unknownNames)
 {
     for (const QString& argument : arguments) {
@@ -117,3 +119,5 @@ QString CommandLine::helpText() const
     const QString usage = QStringLiteral("Usage: ktl %1 [options] %2").arg(m_text.name, m_text.operands);
     return usage + text.mid(text.indexOf(QLatin1Char('\n'))) + QStringLiteral("\nExamples:\n") + m_text.examples;
 }
+
+} // namespace cli

@@ -11,12 +11,14 @@
 
 #include <optional>
 
-/// What `ktl SUB-COMMAND --help` tells.
+namespace cli {
+
+/// What `ktl SUB-COMMAND --help` says.
 struct SubCommandText
 {
     QLatin1String name;
     QLatin1String summary; ///< one line, for the list of sub-commands
-    QLatin1String operands; ///< what stands behind the options: "ESI..."
+    QLatin1String operands; ///< what follows the options: "ESI..."
     QLatin1String operandsHelp; ///< what the operands are
     QLatin1String description;
     QLatin1String examples; ///< a line each, ended by a line feed
@@ -29,9 +31,9 @@ public:
     /// @param options  besides `--help` and `--version`, which every sub-command has
     CommandLine(const SubCommandText& text, const QList<QCommandLineOption>& options);
 
-    /// Reads the arguments behind the sub-command's name.
+    /// Reads the arguments after the sub-command's name.
     /// @return  nothing if the sub-command can go on; else its exit status: help was given, or something is wrong and
-    ///          has been told
+    ///          has been reported
     [[nodiscard]] std::optional<ExitCode> parse(const QStringList& arguments, Console& console);
 
     [[nodiscard]] bool isSet(const QString& option) const { return m_parser.isSet(option); }
@@ -41,7 +43,7 @@ public:
     /// Names of files, see `filePath`.
     [[nodiscard]] QStringList operands() const;
 
-    /// Tells that the arguments make no sense together.
+    /// Reports that the arguments make no sense together.
     ExitCode refuse(const QString& reason, Console& console) const;
 
 private:
@@ -52,3 +54,5 @@ private:
     SubCommandText m_text;
     QCommandLineParser m_parser;
 };
+
+} // namespace cli

@@ -1,10 +1,12 @@
-// console.h - what a sub-command works with: where it writes to, and what it has read.
+// console.h - what a sub-command works with: where it writes, and what it has read.
 #pragma once
 
 #include "cli/inputs.h"
 #include "cli/messages.h"
 
 #include <iosfwd>
+
+namespace cli {
 
 /// The two sides of the terminal, which never mix, and the files that the sub-command has loaded.
 struct Console
@@ -13,3 +15,5 @@ struct Console
     Messages& messages; ///< standard error
     Inputs& inputs;
 };
+
+} // namespace cli

@@ -3,9 +3,10 @@
 #include "cli/choicesFile.h"
 #include "cli/convertOutput.h"
 #include "cli/deviceWarnings.h"
+#include "cli/esiInput.h"
 #include "cli/exportTime.h"
-#include "cli/inputFile.h"
 #include "cli/selectedDevices.h"
+#include "cli/streamName.h"
 #include "editing/deviceLabel.h"
 #include "editing/exportChecks.h"
 #include "esi/derivation/rangeErrors.h"
@@ -22,6 +23,8 @@
 
 #include <algorithm>
 #include <vector>
+
+namespace cli {
 
 const SubCommandText convertText{
     QLatin1String("convert"),
@@ -81,17 +84,12 @@ QList<QCommandLineOption> convertOptions()
     };
 }
 
-bool isStandardOutput(const QString& path)
-{
-    return path == QLatin1String("-");
-}
-
 /// What is wrong with standard output as the output, empty if nothing is.
 QString problemOfStandardOutput(const CommandLine& line)
 {
     if (line.isSet(appendSwitch) || line.isSet(forceSwitch))
         return QStringLiteral("standard output is neither added to nor replaced: --append and --force are for files");
-    return isOutputTerminal()
+    return os::isTerminal(os::OutputStream::Results)
                ? QStringLiteral("a KTL file is not for a terminal: redirect standard output, or name a file by -o")
                : QString();
 }
@@ -106,7 +104,7 @@ QString problemOf(const CommandLine& line)
     const QString output = line.value(outputOption);
     if (line.isSet(outputOption) && output.isEmpty())
         return QStringLiteral("the name of the output is empty");
-    if (!line.isSet(outputOption) && line.operands().contains(QStringLiteral("-")))
+    if (!line.isSet(outputOption) && standardInputsIn(line.operands()) > 0)
         return QStringLiteral("standard input has no name to make one for the output from; -o is needed");
     for (const QString& option : {outputOption, choicesOption, dateOption})
         if (line.values(option).size() > 1)
@@ -115,7 +113,7 @@ QString problemOf(const CommandLine& line)
         if (!warningCodeNamed(code).has_value())
             return QStringLiteral("%1 is no code of a warning; there are %2")
                 .arg(shownText(code), warningCodeNames().join(QStringLiteral(", ")));
-    if (line.operands().contains(QStringLiteral("-")) && isStandardInput(line.value(choicesOption)))
+    if (standardInputsIn(line.operands()) > 0 && isStandardInput(line.value(choicesOption)))
         return QStringLiteral("standard input can be read once only");
     return isStandardOutput(output) ? problemOfStandardOutput(line) : QString();
 }
@@ -129,7 +127,7 @@ SaveRequest saveRequest(const CommandLine& line, const QString& output)
     return {output, existing, !line.isSet(noDumpSwitch)};
 }
 
-/// Whether a file may be written, before anything is done; tells if not.
+/// Whether a file may be written, before anything is done; reports why not.
 bool mayWriteOutput(const CommandLine& line, const QString& output, Messages& messages)
 {
     QStringList inputs = line.operands();
@@ -149,7 +147,7 @@ void warnOfSameInputs(const QStringList& inputs, Messages& messages)
                                  QStringLiteral("the file is given more than once, its devices are written as often"));
 }
 
-/// Whether there is a device to write; tells of each file if not.
+/// Whether there is a device to write; reports each file if not.
 bool hasDevices(const std::vector<struct_FilenameDevice>& files, Messages& messages)
 {
     const auto holdsDevice = [](const struct_FilenameDevice& file) { return !file.device.empty(); };
@@ -174,7 +172,7 @@ void warnOfItemCount(const QString& output, Messages& messages)
                 .arg(maxReadItems));
 }
 
-/// Writes the devices; tells of a failure.
+/// Writes the devices; reports a failure.
 void write(const CommandLine& line, const QString& output, const std::set<DevicePosition>& devices,
            const QDateTime& exportTime, Console& console)
 {
@@ -241,3 +239,5 @@ ExitCode runConvert(const QStringList& arguments, Console& console)
             console.messages.ignore(*ignored);
     return convert(line, exportTime.time, console);
 }
+
+} // namespace cli

@@ -1,13 +1,16 @@
 #include "cli/convertOutput.h"
 
+#include "cli/atomicSave.h"
 #include "cli/progress.h"
-#include "cli/wholeSave.h"
+#include "cli/streamName.h"
 #include "ktl/writing/ktlFile.h"
 
 #include <QFileInfo>
 
 #include <array>
 #include <cerrno>
+
+namespace cli {
 
 namespace {
 
@@ -18,7 +21,7 @@ bool isSameFile(const QString& first, const QString& second)
     return !canonical.isEmpty() && canonical == QFileInfo(second).canonicalFilePath();
 }
 
-void tellFailure(const SaveFailure& failure, Messages& messages)
+void reportFailure(const SaveFailure& failure, Messages& messages)
 {
     if (failure.kind == SaveFailure::Kind::NotWritten)
         messages.outputError(failure.file, failure.reason);
@@ -50,7 +53,7 @@ bool mayWrite(const SaveRequest& request, const QStringList& inputs, Messages& m
             }
     const std::optional<SaveFailure> failure = obstacleTo(request);
     if (failure.has_value())
-        tellFailure(*failure, messages);
+        reportFailure(*failure, messages);
     return !failure.has_value();
 }
 
@@ -59,12 +62,12 @@ bool saveRun(const SaveRequest& request, const std::function<bool(std::FILE* out
 {
     const Progress progress(QStringLiteral("writing %1").arg(shownName(request.path)), 1, 1);
     Patience patience;
-    patience.tell = [&] {
+    patience.notify = [&] {
         messages.note(request.path, QStringLiteral("waiting for another run that writes into the same folder"));
     };
-    const std::optional<SaveFailure> failure = saveWhole(request, writeRun, patience);
+    const std::optional<SaveFailure> failure = saveAtomically(request, writeRun, patience);
     if (failure.has_value())
-        tellFailure(*failure, messages);
+        reportFailure(*failure, messages);
     return !failure.has_value();
 }
 
@@ -77,3 +80,5 @@ void writeToStandardOutput(const std::function<bool(std::FILE* out, int* errorCo
         || !copyToStandardOutput(whole.get()))
         messages.outputError({}, QStringLiteral("standard output cannot be written: ") + qt_error_string(errno));
 }
+
+} // namespace cli

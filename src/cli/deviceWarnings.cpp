@@ -10,6 +10,8 @@
 
 #include <cstddef>
 
+namespace cli {
+
 namespace {
 
 struct WarningText
@@ -40,11 +42,11 @@ WarningText textOf(ExportWarning warning, const struct_EtherCatDevice& device)
                 .arg(maxStartupCommands)};
 }
 
-/// One device and what is told of it.
+/// One device and what is warned of in it.
 class WarnedDevice
 {
 public:
-    /// All have to outlive this.
+    /// All must outlive this.
     WarnedDevice(const struct_FilenameDevice& file, const struct_EtherCatDevice& device, std::size_t number,
                  Messages& messages)
         : m_file(file)
@@ -129,3 +131,5 @@ void warnOfLostValues(const std::vector<struct_FilenameDevice>& files, Messages&
         warnOfLost(warned, ofModules);
     });
 }
+
+} // namespace cli

@@ -1,6 +1,7 @@
 #include "cli/dumpCommand.h"
 
 #include "cli/inputFile.h"
+#include "cli/ktlEnd.h"
 #include "cli/ktlInput.h"
 #include "ktl/ktlExport.h"
 #include "ktl/reading/itemLimit.h"
@@ -10,6 +11,8 @@
 #include <new>
 #include <optional>
 #include <vector>
+
+namespace cli {
 
 const SubCommandText dumpText{
     QLatin1String("dump"),
@@ -24,8 +27,8 @@ const SubCommandText dumpText{
 
 namespace {
 
-/// Tells of what the dump does not show: the rest of a file that is broken, and what stands behind its last item.
-void tellWhatIsMissing(const QString& path, const std::vector<unsigned char>& bytes, Messages& messages)
+/// Reports what the dump does not show: the rest of a file that is broken, and what follows its last item.
+void reportWhatIsMissing(const QString& path, const std::vector<unsigned char>& bytes, Messages& messages)
 {
     const KtlWalk walk = walkItems(bytes);
     if (const QString problem = problemAtEnd(walk); !problem.isEmpty())
@@ -37,7 +40,7 @@ void tellWhatIsMissing(const QString& path, const std::vector<unsigned char>& by
                              .arg(maxReadItems));
 }
 
-/// The bytes of a KTL file; tells if there are none.
+/// The bytes of a KTL file; reports why there are none.
 std::optional<std::vector<unsigned char>> bytesToDump(const QString& path, Messages& messages)
 {
     QFile file;
@@ -58,11 +61,11 @@ void dump(const QString& path, Console& console)
     if (!bytes.has_value())
         return;
     {
-        const FileHandle text = writerTo(console.results);
+        const FileHandle text = os::writerTo(console.results);
         int errorCode = 0;
-        static_cast<void>(KTL_write_log_devices(text.get(), readerOf(*bytes).get(), &errorCode));
+        static_cast<void>(KTL_write_log_devices(text.get(), os::readerOf(*bytes).get(), &errorCode));
     }
-    tellWhatIsMissing(path, *bytes, console.messages);
+    reportWhatIsMissing(path, *bytes, console.messages);
 }
 
 } // namespace
@@ -78,7 +81,9 @@ ExitCode runDump(const QStringList& arguments, Console& console)
     try {
         dump(path, console);
     } catch (const std::bad_alloc&) {
-        tellNoMemory(path, console.messages);
+        reportNoMemory(path, console.messages);
     }
     return console.messages.exitCode();
 }
+
+} // namespace cli

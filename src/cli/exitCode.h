@@ -1,5 +1,7 @@
-// exitCode.h - what the command tells the script that called it.
+// exitCode.h - what the script that called the command gets back.
 #pragma once
+
+namespace cli {
 
 /// Exit status of the command.
 enum class ExitCode
@@ -9,3 +11,5 @@ enum class ExitCode
     Unusable = 2, ///< input or arguments cannot be used
     NotWritten = 3, ///< an output cannot be written: a full disk, a closed pipe, a missing permission
 };
+
+} // namespace cli

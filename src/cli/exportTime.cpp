@@ -4,14 +4,15 @@
 #include <QRegularExpression>
 #include <QtGlobal>
 
+namespace cli {
+
 namespace {
 
 const char* const epochVariable = "SOURCE_DATE_EPOCH";
 
-/// The time that a text in the form of ISO 8601 shows; not valid if it is none. Only the digits count: they go into the
-/// file as they are written, so neither an offset nor the time zone of the machine changes them, and 24:00, which is
-/// the start of the next day, is refused. The file holds the year in decimal digits before those of month and day: four
-/// of them are what readers expect. No place on earth is more than 14 hours from UTC.
+/// The time that a text in the form of ISO 8601 shows; not valid if it is none. Only the digits count, neither the
+/// offset nor the time zone, so 24:00, the start of the next day, is refused. Readers expect four digits for the year.
+/// No place on earth is more than 14 hours from UTC.
 QDateTime writtenTime(const QString& text)
 {
     static const QRegularExpression form(
@@ -48,3 +49,5 @@ ExportTime exportTimeFrom(const std::optional<QString>& date)
                     .arg(shownText(QString::fromLocal8Bit(text)))};
     return {QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC), {}};
 }
+
+} // namespace cli

@@ -6,6 +6,8 @@
 
 #include <optional>
 
+namespace cli {
+
 /// Result of looking for the time.
 struct ExportTime
 {
@@ -13,9 +15,9 @@ struct ExportTime
     QString problem; ///< why there is no time; empty if there is one
 };
 
-/// The time of an export: that of the option `--date`; without one that of the variable SOURCE_DATE_EPOCH, in UTC; else
-/// now, in local time. A time of the option is shown as it is written, whatever its offset, so that the same
-/// command gives the same bytes in every time zone.
-/// @param date  of the option, in the form of ISO 8601: "2026-11-21", "2026-11-21T10:00:00Z"; nothing without the
-/// option
+/// The time of an export: that of the option `--date`, as it is written, whatever its offset, so that the same command
+/// gives the same bytes in every time zone; without it SOURCE_DATE_EPOCH, in UTC; else now, in local time.
+/// @param date  in the form of ISO 8601: "2026-11-21", "2026-11-21T10:00:00Z"; nothing without the option
 [[nodiscard]] ExportTime exportTimeFrom(const std::optional<QString>& date);
+
+} // namespace cli

@@ -7,13 +7,15 @@
 #include <array>
 #include <cstdint>
 
+namespace cli {
+
 namespace {
 
-/// Whether text begins with "<" behind blanks, a byte order mark, and the zeros of wider characters.
+/// Whether text begins with "<" after blanks, a byte order mark, and the zeros of wider characters.
 bool beginsAsXml(const QByteArray& beginning)
 {
     constexpr std::array<unsigned char, 5> markBytes{0xEF, 0xBB, 0xBF, 0xFE, 0xFF};
-    constexpr int mostZeros = 3; // beside a character of one byte
+    constexpr int maxZeros = 3; // beside a character of one byte
     int zeros = 0;
     for (const char character : beginning) {
         const auto byte = static_cast<unsigned char>(character);
@@ -22,7 +24,7 @@ bool beginsAsXml(const QByteArray& beginning)
         zeros = byte == 0 ? zeros + 1 : 0;
         if (character == '<')
             return true;
-        if (!isMark && !isBlank && (byte != 0 || zeros > mostZeros))
+        if (!isMark && !isBlank && (byte != 0 || zeros > maxZeros))
             return false;
     }
     return beginning.size() == bytesOfKind; // blanks may be followed by anything: the parser of XML judges that
@@ -48,3 +50,5 @@ InputKind inputKindOf(const QByteArray& beginning)
         return InputKind::Ktl;
     return beginsAsXml(beginning) ? InputKind::Esi : InputKind::Neither;
 }
+
+} // namespace cli

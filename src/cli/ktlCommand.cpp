@@ -15,6 +15,8 @@
 #include <new>
 #include <ostream>
 
+namespace cli {
+
 namespace {
 
 struct SubCommand
@@ -30,7 +32,7 @@ constexpr SubCommand subCommands[] = {
     {&dumpText, runDump},
 };
 
-void tellHelp(std::ostream& out)
+void showHelp(std::ostream& out)
 {
     out << "Usage: ktl SUB-COMMAND [options] FILE...\n"
            "What the workbench for EtherCAT slave descriptions does, without a window.\n\n"
@@ -67,7 +69,7 @@ ExitCode refuseSubCommand(const QString& name, Console& console)
 ExitCode runHelp(const QStringList& names, Console& console)
 {
     if (names.isEmpty() || names.constFirst() == QLatin1String("help")) {
-        tellHelp(console.results);
+        showHelp(console.results);
         return ExitCode::Done;
     }
     const SubCommand* const subCommand = subCommandNamed(names.constFirst());
@@ -96,8 +98,10 @@ ExitCode runCommand(const QStringList& arguments, Console& console)
 {
     try {
         return runNamed(arguments, console);
-    } catch (const std::bad_alloc&) { // where that is the affair of no single file
-        tellNoMemory({}, console.messages);
+    } catch (const std::bad_alloc&) { // where no single file is the reason
+        reportNoMemory({}, console.messages);
         return console.messages.exitCode();
     }
 }
+
+} // namespace cli

@@ -6,7 +6,11 @@
 
 #include <QStringList>
 
+namespace cli {
+
 /// Runs a sub-command, or shows the help or the version.
 /// @param arguments  without the name of the program
 /// @return           the exit status
 [[nodiscard]] ExitCode runCommand(const QStringList& arguments, Console& console);
+
+} // namespace cli

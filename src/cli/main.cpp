@@ -22,24 +22,24 @@
 int main(int argc, char** argv)
 {
     std::set_terminate(endWithReason);
-    fillClosedStreams();
-    tellFileSizeLimits();
-    keepFileNames();
+    os::fillClosedStreams();
+    os::failBeyondFileSizeLimits();
+    os::keepFileNames();
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("ktl"));
     std::setlocale(LC_ALL, "C"); // the reasons that the system gives are English, like all other words
-    StandardOutput standardOutput;
+    os::StandardOutput standardOutput;
     std::ostream results(&standardOutput);
-    Messages messages(std::cerr);
-    Inputs inputs;
-    Console console{results, messages, inputs};
-    ExitCode ended = runCommand(QCoreApplication::arguments().mid(1), console);
+    cli::Messages messages(std::cerr);
+    cli::Inputs inputs;
+    cli::Console console{results, messages, inputs};
+    cli::ExitCode ended = cli::runCommand(QCoreApplication::arguments().mid(1), console);
     if (!results.flush()) {
         messages.outputError({}, QStringLiteral("standard output cannot be written: ")
                                      + QString::fromStdString(standardOutput.failure()));
         ended = messages.exitCode();
     }
-    // Everything is written and closed by now. The last tree and all records go with the process: to free them piece by
-    // piece before took a sixth of the whole time.
+    // Everything is written and closed by now. The last tree and all records go with the process: freeing them piece by
+    // piece took a sixth of the whole time.
     std::_Exit(static_cast<int>(ended));
 }

@@ -11,9 +11,11 @@
 #include <set>
 #include <vector>
 
-/// Tells errors and warnings, and knows what they mean for the exit status. A line reads `FILE: severity: text`, with
-/// `:LINE:COLUMN` after the file where there is a place, and the name of its kind in brackets at the end of a warning.
-/// What is not about a file is told under the command's own name. A text that is longer than people read is cut.
+namespace cli {
+
+/// Reports errors and warnings, and knows what they mean for the exit status. A line reads `FILE: severity: text`, with
+/// `:LINE:COLUMN` after the file where there is one, and the code of a warning in brackets at its end. What is
+/// about no file comes under the command's own name. A text that is longer than people read is cut.
 class Messages
 {
 public:
@@ -34,15 +36,15 @@ public:
     /// What a user may want to know although nothing is wrong, or what adds to an error.
     void note(const QString& file, const QString& text);
 
-    /// Warnings of that kind are told from now on as before, but do not count for the exit status.
+    /// Warnings of that kind are still reported, but no longer count for the exit status.
     void ignore(WarningCode code) { m_ignored.insert(code); }
 
-    /// The worst that was told: an output that cannot be written, then any other error, then a warning.
+    /// The worst that was reported: an output that cannot be written, then any other error, then a warning.
     /// @param strict  whether warnings count
     [[nodiscard]] ExitCode exitCode(bool strict = false) const;
 
 private:
-    void tell(const QString& place, const char* severity, const QString& text);
+    void write(const QString& place, const char* severity, const QString& text);
 
     std::ostream& m_out;
     std::set<WarningCode> m_ignored;
@@ -51,8 +53,4 @@ private:
     bool m_hasWarnings = false; ///< of kinds that count
 };
 
-/// A file as messages and listings name it: its path with native separators, "<stdin>" for standard input.
-[[nodiscard]] QString shownName(const QString& file);
-
-/// A text as one line: line feeds and other characters that would move what stands around them become blanks.
-[[nodiscard]] QString oneLine(QString text);
+} // namespace cli

@@ -1,7 +1,10 @@
 #include "cli/openShownFile.h"
 
+#include "cli/esiInput.h"
 #include "cli/inputFile.h"
+#include "cli/ktlEnd.h"
 #include "cli/ktlInput.h"
+#include "cli/streamName.h"
 
 #include <QDomDocument>
 #include <QFile>
@@ -9,6 +12,8 @@
 #include <optional>
 #include <utility>
 #include <vector>
+
+namespace cli {
 
 namespace {
 
@@ -58,3 +63,5 @@ std::unique_ptr<const ShownFile> openShownFile(const QString& path, Messages& me
         messages.error(path, QStringLiteral("this is neither an ESI file nor a KTL file"));
     return nullptr;
 }
+
+} // namespace cli

@@ -1,4 +1,4 @@
-// openShownFile.h - the files that `ktl show` is given, told apart by what is in them.
+// openShownFile.h - the files that `ktl show` is given, distinguished by what is in them.
 #pragma once
 
 #include "cli/messages.h"
@@ -8,9 +8,13 @@
 
 #include <memory>
 
-/// Reads an ESI or KTL file; tells what is wrong with it, and with a device when that is first asked for.
+namespace cli {
+
+/// Reads an ESI or KTL file; reports what is wrong with it, and with a device when that is first asked for.
 /// @param path      as the user gave it, "-" for standard input
-/// @param messages  has to outlive the result
+/// @param messages  must outlive the result
 /// @return  null if nothing of the file can be shown
 /// @throws  std::bad_alloc; so do its devices
 [[nodiscard]] std::unique_ptr<const ShownFile> openShownFile(const QString& path, Messages& messages);
+
+} // namespace cli

@@ -1,28 +1,26 @@
 #include "cli/progress.h"
 
-#include "cli/messages.h"
+#include "system/quietThread.h"
+#include "system/terminal.h"
+#include "text/oneLine.h"
 
 #include <chrono>
 #include <condition_variable>
-#include <csignal>
 #include <cstdio>
 #include <mutex>
 #include <thread>
 
-#include <sys/ioctl.h>
-#include <unistd.h>
+namespace cli {
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Characters that surely stand on one line of the terminal; wide ones count twice. A longer line could not be wiped.
-int widthOfTerminal()
+/// Characters that are sure to fit on one line of the terminal; a longer line could not be wiped.
+int maxLineLength()
 {
-    constexpr int usualColumns = 80;
-    winsize size{};
-    const bool isKnown = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return (isKnown ? size.ws_col : usualColumns) - 1;
+    constexpr std::size_t usualColumns = 80;
+    return static_cast<int>(os::terminalWidth(os::OutputStream::Messages).value_or(usualColumns)) - 1;
 }
 
 /// The one line on the terminal, drawn by a thread of its own: the work itself runs without a break.
@@ -30,7 +28,7 @@ class ProgressLine
 {
 public:
     ProgressLine()
-        : m_isTerminal(isatty(STDERR_FILENO) != 0)
+        : m_isTerminal(os::isTerminal(os::OutputStream::Messages))
     {}
     ~ProgressLine()
     {
@@ -57,7 +55,7 @@ public:
         wipe();
         m_text = text;
         if (!m_thread.joinable())
-            startThread();
+            m_thread = os::startQuietThread([this] { draw(); });
     }
 
     void pause()
@@ -68,17 +66,6 @@ public:
     void goOn() { m_mutex.unlock(); }
 
 private:
-    /// No signal is for this thread: whether one has to wait is the affair of the thread that does the work.
-    void startThread()
-    {
-        sigset_t all;
-        sigset_t before;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &before);
-        m_thread = std::thread(&ProgressLine::draw, this);
-        pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    }
-
     void draw()
     {
         constexpr std::chrono::seconds patience(1);
@@ -89,7 +76,7 @@ private:
             const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - m_start).count();
             if (!m_text.isEmpty()) {
                 const QString text = QStringLiteral("%1, %2 s").arg(m_text, QString::number(seconds));
-                std::fprintf(stderr, "\r\033[K%s", text.left(widthOfTerminal()).toUtf8().constData());
+                std::fprintf(stderr, "\r\033[K%s", text.left(maxLineLength()).toUtf8().constData());
                 std::fflush(stderr);
                 m_isShown = true;
             }
@@ -128,7 +115,7 @@ ProgressLine& line()
 Progress::Progress(const QString& what, int number, int count)
 {
     const QString text = count == 1 ? what : QStringLiteral("%1 (%2 of %3)").arg(what).arg(number).arg(count);
-    line().setText(oneLine(text));
+    line().setText(oneLine(text, DrawingHints::BecomeBlanks).trimmed());
 }
 
 Progress::~Progress()
@@ -145,3 +132,5 @@ Progress::Pause::~Pause()
 {
     line().goOn();
 }
+
+} // namespace cli

@@ -3,8 +3,10 @@
 
 #include <QString>
 
+namespace cli {
+
 /// Shows on standard error what is being done, when that is a terminal and the command has been at work for longer than
-/// a second; the line is renewed in place and wiped when the step ends. One step at a time.
+/// a second; the line is drawn again in its place, and wiped when the step ends. One step at a time.
 class Progress
 {
 public:
@@ -28,3 +30,5 @@ public:
         Pause& operator=(Pause&&) = delete;
     };
 };
+
+} // namespace cli

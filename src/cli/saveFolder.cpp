@@ -7,6 +7,8 @@
 
 #include <cerrno>
 
+namespace cli {
+
 SaveFolder::SaveFolder(const QString& path)
     : m_path(path)
     , m_lock(encodedPath(path))
@@ -15,16 +17,16 @@ SaveFolder::SaveFolder(const QString& path)
 bool SaveFolder::tryOpen()
 {
     switch (m_lock.tryLock()) {
-    case LockAnswer::InUse:
+    case os::LockAnswer::InUse:
         return false;
-    case LockAnswer::Failed:
+    case os::LockAnswer::Failed:
         m_failure = QStringLiteral("the file cannot be written, for %1 cannot be opened: ").arg(lockFile())
                     + qt_error_string(errno);
         return false;
-    case LockAnswer::Held:
-        removeLeftScratchFolders(encodedPath(m_path));
+    case os::LockAnswer::Held:
+        os::removeLeftScratchFolders(encodedPath(m_path));
         break;
-    case LockAnswer::NotKnown:
+    case os::LockAnswer::NotKnown:
         break;
     }
     makeScratch();
@@ -33,7 +35,7 @@ bool SaveFolder::tryOpen()
 
 void SaveFolder::makeScratch()
 {
-    m_scratch = makeScratchFolder(encodedPath(m_path));
+    m_scratch = os::makeScratchFolder(encodedPath(m_path));
     if (m_scratch.empty())
         m_failure = QStringLiteral("the file cannot be written: ") + qt_error_string(errno);
 }
@@ -41,15 +43,15 @@ void SaveFolder::makeScratch()
 void SaveFolder::close()
 {
     if (!m_scratch.empty())
-        removeScratchFolder(m_scratch);
+        os::removeScratchFolder(m_scratch);
     m_scratch.clear();
-    m_lock.release(); // removes its file itself, and once: the next one of that name is another run's
+    m_lock.release(); // removes its file itself, and only once: the next one of that name is another run's
 }
 
 void SaveFolder::discard() const
 {
     if (!m_scratch.empty())
-        removeScratchFolder(m_scratch);
+        os::removeScratchFolder(m_scratch);
     m_lock.removeFile();
 }
 
@@ -57,3 +59,5 @@ QString SaveFolder::lockFile() const
 {
     return QFile::decodeName(m_lock.path().c_str());
 }
+
+} // namespace cli

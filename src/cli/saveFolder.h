@@ -7,6 +7,8 @@
 
 #include <string>
 
+namespace cli {
+
 /// Keeps other runs out of a folder and has a hidden folder in it, on the same disk, for what is not complete yet.
 class SaveFolder
 {
@@ -18,21 +20,21 @@ public:
     SaveFolder(SaveFolder&&) = delete;
     SaveFolder& operator=(SaveFolder&&) = delete;
 
-    /// Takes the folder, without waiting for another run that has it; then clears what dead runs have left in it. A
-    /// disk that knows no locks is written to without one, and nothing is cleared.
-    /// @return  false if another run has it, or if it failed, which `failure` tells
+    /// Takes the folder, without waiting for another run that has it; then clears what dead runs have left in it. On
+    /// a disk without locks it works without one, and clears nothing.
+    /// @return  false if another run has it, or if it failed, which `failure` explains
     [[nodiscard]] bool tryOpen();
 
-    /// Why the folder cannot be used; empty as long as nothing is wrong.
+    /// Why the folder cannot be used; empty while nothing is wrong.
     [[nodiscard]] const QString& failure() const { return m_failure; }
 
-    /// Gives the folder free; nothing of the run is left in it but the files that were moved to their places.
+    /// Releases the folder; nothing of the run is left in it but the files that were moved to their places.
     void close();
 
     /// Removes what `close` would remove, for a process that ends now: other threads may go on using this object.
     void discard() const;
 
-    /// @param name  one of `scratchName`
+    /// @param name  one of `os::scratchName`
     [[nodiscard]] std::string scratchFile(const char* name) const { return m_scratch + '/' + name; }
 
     [[nodiscard]] const QString& path() const { return m_path; }
@@ -43,7 +45,9 @@ private:
     void makeScratch();
 
     QString m_path;
-    FolderLock m_lock;
+    os::FolderLock m_lock;
     std::string m_scratch; ///< empty if there is none
     QString m_failure;
 };
+
+} // namespace cli

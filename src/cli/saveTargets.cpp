@@ -8,9 +8,11 @@
 #include <filesystem>
 #include <system_error>
 
+namespace cli {
+
 namespace {
 
-/// The file behind a path that may be a link.
+/// The file that a path leads to, which may be a link.
 QString linkTarget(const QString& path)
 {
     const QString canonical = QFileInfo(path).canonicalFilePath();
@@ -86,3 +88,5 @@ QString fileExistsWords()
 {
     return QStringLiteral("the file exists; --force replaces it, --append adds to it");
 }
+
+} // namespace cli

@@ -1,4 +1,4 @@
-// saveTargets.h - the files that a run is to write, and what may stand in its way.
+// saveTargets.h - the files that a run is to write, and what may be in its way.
 #pragma once
 
 #include <QString>
@@ -7,12 +7,14 @@
 #include <string>
 #include <vector>
 
+namespace cli {
+
 /// What becomes of files that exist.
 enum class ExistingFiles
 {
     Stay, ///< nothing is written then
     AreReplaced,
-    AreAddedTo, ///< the KTL file keeps what it holds in front of the new run, the dump shows all of it
+    AreAddedTo, ///< the KTL file keeps what it holds before the new run, the dump shows all of it
 };
 
 /// What is to be saved, and where.
@@ -40,7 +42,7 @@ struct SaveFailure
 struct SaveTarget
 {
     QString named; ///< as the user named it, for messages
-    QString path; ///< the file behind it: a link is followed
+    QString path; ///< the file that it leads to: a link is followed
 };
 
 /// Path in the form that the system takes.
@@ -49,12 +51,14 @@ struct SaveTarget
 /// Path of the text dump of a KTL file.
 [[nodiscard]] QString dumpOf(const QString& ktlPath);
 
-/// The KTL file, and behind it its dump if there is to be one. The dump is beside the name that was given, and not
+/// The KTL file, and after it its dump if there is to be one. The dump is beside the name that was given, and not
 /// beside the file that a link of that name leads to.
 [[nodiscard]] std::vector<SaveTarget> targetsOf(const SaveRequest& request);
 
-/// Why the files must not be written as they stand now, nothing if they may.
+/// Why the files must not be written as things are now, nothing if they may.
 [[nodiscard]] std::optional<SaveFailure> obstacleTo(const SaveRequest& request);
 
 /// The words for a file that must stay as it is.
 [[nodiscard]] QString fileExistsWords();
+
+} // namespace cli

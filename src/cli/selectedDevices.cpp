@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+namespace cli {
+
 namespace {
 
 std::set<DevicePosition> allDevices(const std::vector<struct_FilenameDevice>& files)
@@ -40,3 +42,5 @@ selectedDevices(const QStringList& selectors, const std::vector<struct_FilenameD
                                  "with * in it all that fit; \"ktl show\" lists the devices of a file"));
     return std::nullopt;
 }
+
+} // namespace cli

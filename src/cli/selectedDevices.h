@@ -11,7 +11,11 @@
 #include <set>
 #include <vector>
 
-/// The devices that the selectors mean, all devices if there is no selector. Tells of each selector with a problem.
+namespace cli {
+
+/// The devices that the selectors mean, all devices if there is no selector. Reports each selector with a problem.
 /// @return  nothing if one has a problem
 [[nodiscard]] std::optional<std::set<DevicePosition>>
 selectedDevices(const QStringList& selectors, const std::vector<struct_FilenameDevice>& files, Messages& messages);
+
+} // namespace cli

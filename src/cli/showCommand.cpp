@@ -3,14 +3,16 @@
 #include "cli/inputFile.h"
 #include "cli/openShownFile.h"
 #include "cli/progress.h"
+#include "cli/streamName.h"
 #include "show/showTables.h"
 #include "show/showWriter.h"
 #include "show/textColumns.h"
 #include "system/terminal.h"
-#include "system/terminalWidth.h"
 
 #include <new>
 #include <optional>
+
+namespace cli {
 
 const SubCommandText showText{
     QLatin1String("show"),
@@ -47,7 +49,7 @@ QString problemOf(const CommandLine& line)
 {
     if (line.operands().isEmpty())
         return QStringLiteral("no file is given");
-    if (line.operands().count(QStringLiteral("-")) > 1)
+    if (standardInputsIn(line.operands()) > 1)
         return QStringLiteral("standard input can be read once only");
     if (line.values(csvOption).size() > 1)
         return QStringLiteral("--csv can be given once only");
@@ -64,10 +66,10 @@ ShowForm formOf(const CommandLine& line)
 {
     return {line.isSet(jsonSwitch), showTableNamed(line.value(csvOption)),
             line.isSet(spreadsheetSwitch) ? CsvForm::Spreadsheet : CsvForm::Plain,
-            widthOfOutputTerminal().value_or(anyWidth)};
+            os::terminalWidth(os::OutputStream::Results).value_or(anyWidth)};
 }
 
-/// Shows one file. If memory does not suffice for it, that is told, and what has been shown of it stays.
+/// Shows one file. If there is not enough memory for it, that is reported, and what has been shown of it stays.
 void showFile(const QString& path, ShowWriter& writer, Messages& messages)
 {
     try {
@@ -75,7 +77,7 @@ void showFile(const QString& path, ShowWriter& writer, Messages& messages)
             writer.show(*file);
     } catch (const std::bad_alloc&) {
         writer.breakOff();
-        tellNoMemory(path, messages);
+        reportNoMemory(path, messages);
     }
 }
 
@@ -93,13 +95,15 @@ ExitCode runShow(const QStringList& arguments, Console& console)
     writer.begin();
     int number = 0;
     for (const QString& path : paths) {
-        // At a terminal the results themselves tell that something goes on, and the line would stand between them.
+        // At a terminal the results themselves show that work goes on, and the line would come between them.
         std::optional<Progress> progress;
         ++number;
-        if (!isOutputTerminal())
+        if (!os::isTerminal(os::OutputStream::Results))
             progress.emplace(QStringLiteral("showing %1").arg(shownName(path)), number, paths.size());
         showFile(path, writer, console.messages);
     }
     writer.end();
     return console.messages.exitCode();
 }
+
+} // namespace cli

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+namespace cli {
+
 namespace {
 
 struct NamedCode
@@ -48,3 +50,5 @@ QStringList warningCodeNames()
         names += named.name;
     return names;
 }
+
+} // namespace cli

@@ -7,6 +7,8 @@
 
 #include <optional>
 
+namespace cli {
+
 /// What a warning is about. Scripts rely on the names: a kind may be added, none is renamed.
 enum class WarningCode
 {
@@ -30,3 +32,5 @@ enum class WarningCode
 
 /// Names of all kinds, in the order of the enumeration.
 [[nodiscard]] QStringList warningCodeNames();
+
+} // namespace cli

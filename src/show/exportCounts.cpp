@@ -39,7 +39,7 @@ private:
 /// last item of a block, and the only one whose size does not come from its records.
 bool isAsAnnounced(struct_EtherCatDevice& device, struct_module& module)
 {
-    MemoryFile block;
+    os::MemoryFile block;
     FileOfOne onlyOne(module);
     KTL_write_device_Module(block.stream(), &device, &onlyOne.file());
     block.finish();

@@ -33,7 +33,7 @@ public:
         const bool isFirstTime = !m_isTold[index];
         m_isTold[index] = true;
         StartupSources sources = startupSourcesOf(device); // while there is no export yet that takes memory too
-        MemoryFile written;
+        os::MemoryFile written;
         if (writeItems(written.stream(), device, isFirstTime) && isFirstTime)
             tellWhatIsLost(device);
         written.finish();

@@ -2,6 +2,7 @@
 
 #include "show/showWords.h"
 #include "show/textColumns.h"
+#include "text/oneLine.h"
 
 #include <algorithm>
 #include <iomanip>
@@ -111,7 +112,8 @@ public:
         std::size_t begin = 0;
         while (begin < text.size()) {
             const std::size_t end = std::min(text.find('\n', begin), text.size());
-            line(m_shown.parts.recordsEnd + begin, "text", oneLine(text.substr(begin, end - begin)));
+            line(m_shown.parts.recordsEnd + begin, "text",
+                 oneLine(text.substr(begin, end - begin), DrawingHints::AreKept));
             begin = end + 1;
         }
     }

@@ -3,6 +3,7 @@
 #include "show/showWords.h"
 #include "show/textColumns.h"
 #include "show/textTable.h"
+#include "text/oneLine.h"
 
 #include <algorithm>
 #include <array>
@@ -126,7 +127,7 @@ std::string plainText(float number)
 
 std::string plainText(const std::string& utf8)
 {
-    return oneLine(utf8);
+    return oneLine(utf8, DrawingHints::AreKept);
 }
 
 std::string plainText(const ShowObject& /*object*/)

@@ -4,7 +4,6 @@
 #include "model/deviceType.h"
 #include "model/syncDirection.h"
 #include "model/valueTexts.h"
-#include "text/unsafeCharacters.h"
 
 #include <QByteArray>
 #include <QString>
@@ -55,18 +54,6 @@ std::string joined(const std::vector<std::string>& words)
 }
 
 } // namespace
-
-std::string oneLine(const std::string& utf8)
-{
-    if (std::all_of(utf8.begin(), utf8.end(), [](char byte) { return byte >= ' ' && byte <= '~'; }))
-        return utf8; // as most texts are
-    QString line = QString::fromStdString(utf8);
-    for (QChar& character : line)
-        if (isUnsafe(character) || character.category() == QChar::Separator_Line
-            || character.category() == QChar::Separator_Paragraph)
-            character = QLatin1Char(' ');
-    return line.toStdString();
-}
 
 std::string fractionText(float number)
 {

@@ -7,9 +7,6 @@
 #include <string>
 #include <vector>
 
-/// A text on one line, for a terminal: controls, line feeds and changes of direction are blanks.
-[[nodiscard]] std::string oneLine(const std::string& utf8);
-
 /// The shortest digits that give the number again: "1.4".
 [[nodiscard]] std::string fractionText(float number);
 

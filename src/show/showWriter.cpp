@@ -4,8 +4,8 @@
 #include "show/showJson.h"
 #include "show/showModel.h"
 #include "show/showText.h"
-#include "show/showWords.h"
 #include "show/textColumns.h"
+#include "text/oneLine.h"
 
 #include <ostream>
 
@@ -53,8 +53,8 @@ void writeReadable(std::ostream& out, const ShownFile& file, std::size_t lineWid
 {
     constexpr std::size_t indentation = 2;
     TextWriter text(out, lineWidth);
-    out << oneLine(file.name) << ": " << (file.esi != nullptr ? "ESI" : "KTL") << " file, " << file.devices.size()
-        << (file.devices.size() == 1 ? " device\n" : " devices\n");
+    out << oneLine(file.name, DrawingHints::AreKept) << ": " << (file.esi != nullptr ? "ESI" : "KTL") << " file, "
+        << file.devices.size() << (file.devices.size() == 1 ? " device\n" : " devices\n");
     if (file.esi == nullptr)
         out << '\n';
     for (const KtlFileItem& item : file.walk.items)

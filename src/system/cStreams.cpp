@@ -4,6 +4,8 @@
 #include <new>
 #include <ostream>
 
+namespace os {
+
 namespace {
 
 FileHandle checked(std::FILE* stream)
@@ -48,3 +50,5 @@ FileHandle writerTo(std::ostream& out)
     functions.write = writeOn;
     return checked(fopencookie(&out, "wb", functions));
 }
+
+} // namespace os

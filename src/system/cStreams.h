@@ -1,4 +1,4 @@
-// cStreams.h - C streams over what is no file: the writers and the dump know nothing else.
+// cStreams.h - C streams over memory and over streams of C++: the writers and the dump know C streams only.
 #pragma once
 
 #include "system/fileHandle.h"
@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <iosfwd>
 #include <vector>
+
+namespace os {
 
 /// A stream whose bytes stay in memory.
 class MemoryFile
@@ -22,7 +24,7 @@ public:
     /// For writing.
     [[nodiscard]] std::FILE* stream() const { return m_stream.get(); }
 
-    /// Makes all that was written so far stand in `data`.
+    /// Brings all that was written so far to `data`.
     /// @throws std::bad_alloc if not all of it had room
     void finish();
 
@@ -36,11 +38,13 @@ private:
     FileHandle m_stream;
 };
 
-/// A stream that reads bytes, which have to outlive it.
+/// A stream that reads bytes, which must outlive it.
 /// @param bytes  not empty, not changed
 /// @throws std::bad_alloc
 [[nodiscard]] FileHandle readerOf(std::vector<unsigned char>& bytes);
 
-/// A stream that writes to another one, which has to outlive it. What that does not take is an error of this stream.
+/// A stream that writes to another one, which must outlive it. What that does not take is an error of this stream.
 /// @throws std::bad_alloc
 [[nodiscard]] FileHandle writerTo(std::ostream& out);
+
+} // namespace os

@@ -5,6 +5,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace os {
+
 bool syncFile(const std::string& path)
 {
     const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
@@ -21,3 +23,5 @@ void syncFolder(const std::string& path)
 {
     static_cast<void>(syncFile(path)); // the files have their names by now, whatever comes of this
 }
+
+} // namespace os

@@ -1,13 +1,18 @@
 #include "system/endingSignals.h"
 
+#include <csignal>
 #include <cstdint>
+#include <initializer_list>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
+
+namespace os {
 
 namespace {
 
@@ -19,7 +24,33 @@ bool isIgnored(int signalNumber)
 
 } // namespace
 
-EndingSignals::EndingSignals(std::function<void()> tidyUp)
+/// Blocks the signals, and the thread that waits for them.
+class EndingSignals::Watch
+{
+public:
+    explicit Watch(std::function<void()> tidyUp);
+    ~Watch();
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+    Watch(Watch&&) = delete;
+    Watch& operator=(Watch&&) = delete;
+
+    [[nodiscard]] std::unique_lock<std::mutex> heldBack() { return std::unique_lock<std::mutex>(m_mutex); }
+
+private:
+    void startThread();
+    void waitForSignal();
+
+    std::function<void()> m_tidyUp;
+    sigset_t m_signals{};
+    sigset_t m_before{};
+    int m_arrived = -1; ///< readable when a signal has come
+    int m_end = -1; ///< readable when the thread has to end
+    std::mutex m_mutex;
+    std::thread m_thread;
+};
+
+EndingSignals::Watch::Watch(std::function<void()> tidyUp)
     : m_tidyUp(std::move(tidyUp))
 {
     sigemptyset(&m_signals);
@@ -33,7 +64,7 @@ EndingSignals::EndingSignals(std::function<void()> tidyUp)
         startThread();
 }
 
-EndingSignals::~EndingSignals()
+EndingSignals::Watch::~Watch()
 {
     if (m_thread.joinable()) {
         const std::uint64_t one = 1;
@@ -47,16 +78,16 @@ EndingSignals::~EndingSignals()
 }
 
 /// Where no thread can be started, the signals wait until the end of this object.
-void EndingSignals::startThread()
+void EndingSignals::Watch::startThread()
 {
     try {
-        m_thread = std::thread(&EndingSignals::waitForSignal, this);
+        m_thread = std::thread(&Watch::waitForSignal, this);
     } catch (const std::system_error&) {
         return;
     }
 }
 
-void EndingSignals::waitForSignal()
+void EndingSignals::Watch::waitForSignal()
 {
     pollfd events[] = {{m_arrived, POLLIN, 0}, {m_end, POLLIN, 0}};
     while (poll(events, std::size(events), -1) < 0)
@@ -67,3 +98,16 @@ void EndingSignals::waitForSignal()
     m_tidyUp();
     pthread_sigmask(SIG_UNBLOCK, &m_signals, nullptr); // the signal is still there, and ends the process here
 }
+
+EndingSignals::EndingSignals(std::function<void()> tidyUp)
+    : m_watch(std::make_unique<Watch>(std::move(tidyUp)))
+{}
+
+EndingSignals::~EndingSignals() = default;
+
+std::unique_lock<std::mutex> EndingSignals::heldBack()
+{
+    return m_watch->heldBack();
+}
+
+} // namespace os

@@ -1,10 +1,11 @@
 // endingSignals.h - INT, TERM and HUP, by which users and build servers end programs.
 #pragma once
 
-#include <csignal>
 #include <functional>
+#include <memory>
 #include <mutex>
-#include <thread>
+
+namespace os {
 
 /// As long as it lives, these signals end the process as they do without it, but not before it has tidied up, and not
 /// while they are held back. A thread of its own waits for them, so that they count in the middle of a slow write too.
@@ -21,17 +22,12 @@ public:
     EndingSignals& operator=(EndingSignals&&) = delete;
 
     /// Holds the signals back as long as the result lives. What `tidyUp` reads is to be changed under it only.
-    [[nodiscard]] std::unique_lock<std::mutex> heldBack() { return std::unique_lock<std::mutex>(m_mutex); }
+    [[nodiscard]] std::unique_lock<std::mutex> heldBack();
 
 private:
-    void startThread();
-    void waitForSignal();
+    class Watch; // so that no word of the system is needed here
 
-    std::function<void()> m_tidyUp;
-    sigset_t m_signals{};
-    sigset_t m_before{};
-    int m_arrived = -1; ///< readable when a signal has come
-    int m_end = -1; ///< readable when the thread has to end
-    std::mutex m_mutex;
-    std::thread m_thread;
+    std::unique_ptr<Watch> m_watch;
 };
+
+} // namespace os

@@ -9,6 +9,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace os {
+
 namespace {
 
 bool moveOver(const std::string& from, const std::string& to)
@@ -46,7 +48,7 @@ enum class Kept
     Failed,
 };
 
-/// Gives what stands in a place a second name, where the file system knows such; else copies it.
+/// Gives the file in a place a second name, where the file system knows such; else copies it.
 Kept keep(const FileMove& move)
 {
     if (link(move.to.c_str(), move.kept.c_str()) == 0)
@@ -105,3 +107,5 @@ const FileMove* moveAll(const std::vector<FileMove>& moves)
     }
     return nullptr;
 }
+
+} // namespace os

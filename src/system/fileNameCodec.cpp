@@ -5,6 +5,8 @@
 
 #include <array>
 
+namespace os {
+
 namespace {
 
 constexpr ushort firstByteSurrogate = 0xDC80;
@@ -21,7 +23,7 @@ bool standsForByte(QChar character)
 /// A kind of UTF-8 sequence, by its first byte.
 struct SequenceKind
 {
-    unsigned mask; ///< of the bits in the first byte that tell the kind
+    unsigned mask; ///< of the bits in the first byte that show the kind
     unsigned mark; ///< those bits
     int length;
     char32_t smallest; ///< what is below is written shorter
@@ -123,3 +125,5 @@ std::string readableUtf8(const QString& text)
     }
     return readable.toStdString();
 }
+
+} // namespace os

@@ -4,6 +4,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace os {
+
 namespace {
 
 constexpr mode_t allRights = S_IRWXU | S_IRWXG | S_IRWXO;
@@ -46,3 +48,5 @@ void takeOverRights(const std::string& newFile, const std::string& oldFile)
     }
     close(file);
 }
+
+} // namespace os

@@ -7,6 +7,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace os {
+
 namespace {
 
 constexpr int plainOpen = O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
@@ -33,7 +35,7 @@ void openToWriters(int file, const std::string& folder)
 
 struct OpenLockFile
 {
-    int file; ///< -1 if it cannot be opened; `errno` tells why, `EEXIST` that somebody else has made it
+    int file; ///< -1 if it cannot be opened; `errno` says why, `EEXIST` that somebody else has made it
     bool isMade; ///< by this call
 };
 
@@ -128,3 +130,5 @@ void FolderLock::removeFile() const
     if (m_file >= 0)
         unlink(m_path.c_str()); // while the lock is ours, and before it is given back
 }
+
+} // namespace os

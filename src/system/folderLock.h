@@ -3,20 +3,20 @@
 
 #include <string>
 
+namespace os {
+
 /// What came of asking for a lock.
 enum class LockAnswer
 {
     Held, ///< it is ours
     InUse, ///< somebody else has it
     NotKnown, ///< the file system knows no locks
-    Failed, ///< `errno` tells why
+    Failed, ///< `errno` says why
 };
 
-/// A lock on the hidden file `.ktl.lock` of a folder, which the holder makes and removes. The system ends the lock
-/// together with its process, so a file that is left over hinders nobody.
-///
-/// The file can be opened by those only who may write into the folder: whoever may just read it cannot keep anybody
-/// waiting, as he could with a lock on the folder or on one of its files.
+/// A lock on the hidden file `.ktl.lock` of a folder, which the holder makes and removes. It ends with its process, so
+/// a file that is left over blocks nobody. Only those who may write into the folder can open the file: nobody who may
+/// just read can keep others waiting, as with a lock on the folder itself.
 class FolderLock
 {
 public:
@@ -45,3 +45,5 @@ private:
     std::string m_path;
     int m_file = -1; ///< open as long as the lock is ours
 };
+
+} // namespace os

@@ -7,6 +7,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace os {
+
 namespace {
 
 constexpr const char* fileNames[] = {scratchName::newKtl, scratchName::newDump, scratchName::keptKtl,
@@ -58,3 +60,5 @@ void removeLeftScratchFolders(const std::string& folder)
         if (isScratchName(entry->d_name))
             removeFrom(dirfd(list.get()), entry->d_name);
 }
+
+} // namespace os

@@ -5,6 +5,8 @@
 
 #include <unistd.h>
 
+namespace os {
+
 std::string StandardOutput::failure() const
 {
     return std::generic_category().message(m_error);
@@ -32,3 +34,5 @@ int StandardOutput::sync()
     setp(m_buffer.data(), m_buffer.data() + m_buffer.size());
     return m_error == 0 ? 0 : -1;
 }
+
+} // namespace os

@@ -5,6 +5,8 @@
 #include <streambuf>
 #include <string>
 
+namespace os {
+
 /// The buffer of a stream that writes to standard output. After the first failure nothing more is written.
 class StandardOutput final : public std::streambuf
 {
@@ -22,3 +24,5 @@ private:
     std::array<char, 65536> m_buffer{};
     int m_error = 0; ///< of the system; 0 as long as all was written
 };
+
+} // namespace os

@@ -1,9 +1,12 @@
 #include "system/standardStreams.h"
 
 #include <csignal>
+#include <initializer_list>
 
 #include <fcntl.h>
 #include <unistd.h>
+
+namespace os {
 
 void fillClosedStreams()
 {
@@ -12,7 +15,9 @@ void fillClosedStreams()
             static_cast<void>(open("/dev/null", stream == STDOUT_FILENO ? O_RDONLY : O_WRONLY));
 }
 
-void tellFileSizeLimits()
+void failBeyondFileSizeLimits()
 {
     static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
 }
+
+} // namespace os

@@ -29,8 +29,8 @@ bool fitsPattern(QStringView text, const QString& pattern)
 int distanceToBeginning(const QString& word, const QString& text)
 {
     const QString wanted = word.toCaseFolded();
-    const QString there = text.left(2 * word.size()).toCaseFolded(); // in more of it there is nothing nearer
-    // Row by row: the least number of changes that make so much of the word each beginning of the text.
+    const QString there = text.left(2 * word.size()).toCaseFolded(); // nothing beyond that is nearer
+    // Row by row: how few changes turn that much of the word into each beginning of the text.
     std::vector<int> changes(static_cast<std::size_t>(there.size()) + 1);
     std::iota(changes.begin(), changes.end(), 0);
     for (int row = 0; row < wanted.size(); ++row) {

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringView>
 
-/// Whether a text fits a pattern, in which each `*` stands for any run of characters, none included. Case counts.
+/// Whether a text fits a pattern, in which each `*` means any run of characters, none included. Case counts.
 [[nodiscard]] bool fitsPattern(QStringView text, const QString& pattern);
 
 /// Characters to add, leave out or change that make a word the beginning of a text: 0 for "el67" and "EL6720", 1 for

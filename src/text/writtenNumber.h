@@ -28,7 +28,7 @@
 }
 
 /// A number in decimal, or in one of the hexadecimal forms of ESI files and C: "#x1A", "0x1A". Unlike the readers of
-/// ESI files, which take what does not convert for 0, this one takes the whole text or nothing.
+/// ESI files, which take what does not convert as 0, this one takes the whole text or nothing.
 [[nodiscard]] inline std::optional<std::uint32_t> numberIn(const QString& text)
 {
     constexpr int decimal = 10;

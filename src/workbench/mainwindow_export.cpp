@@ -5,6 +5,7 @@
 #include "ktl/ktlExport.h"
 #include "ktl/treeSelection.h"
 #include "ktl/writing/ktlFile.h"
+#include "system/fileAccess.h"
 #include "workbench/messages.h"
 #include "workbench/overwriteQuestion.h"
 #include "workbench/waitCursor.h"
@@ -16,8 +17,6 @@
 #include <QFileDialog>
 
 #include <optional>
-
-#include <unistd.h>
 
 namespace {
 
@@ -32,7 +31,7 @@ int checkedFiles(const QTreeWidget& tree)
 /// What the user wants done with the target, or nothing if the export is to stop.
 std::optional<KtlSaveMode> saveModeFor(QWidget* parent, const std::string& path, const QString& nativePath)
 {
-    if (access(path.c_str(), W_OK) == 0) {
+    if (os::isWritable(path)) {
         switch (askOverwrite(parent)) {
         case OverwriteAnswer::Overwrite:
             return KtlSaveMode::Overwrite;
@@ -43,7 +42,7 @@ std::optional<KtlSaveMode> saveModeFor(QWidget* parent, const std::string& path,
         }
         return std::nullopt;
     }
-    if (access(path.c_str(), F_OK) == 0) {
+    if (os::isThere(path)) {
         warn(parent, fileMatters(), MainWindow::tr("The file does not have write permission %1:\n").arg(nativePath));
         return std::nullopt;
     }

@@ -5,19 +5,44 @@
 #include "cli/commandRun.h"
 #include "cli/ktlCommand.h"
 
+#include <QDir>
+
 #include <sstream>
 
-/// Runs the command to its end.
-/// @param arguments  without the name of the program; paths are absolute
-inline CommandRun runHere(const QStringList& arguments)
+/// The working folder of the test, as long as it lives.
+class WorkingFolder
 {
+public:
+    /// @param folder  empty for the one that there is
+    explicit WorkingFolder(const QString& folder)
+    {
+        if (!folder.isEmpty())
+            QDir::setCurrent(folder);
+    }
+    ~WorkingFolder() { QDir::setCurrent(m_before); }
+    WorkingFolder(const WorkingFolder&) = delete;
+    WorkingFolder& operator=(const WorkingFolder&) = delete;
+    WorkingFolder(WorkingFolder&&) = delete;
+    WorkingFolder& operator=(WorkingFolder&&) = delete;
+
+private:
+    const QString m_before = QDir::currentPath();
+};
+
+/// Runs the command to its end; a variable that would fix its time does not count.
+/// @param arguments  without the name of the program
+/// @param folder     in which relative paths are; empty for that of the test
+inline CommandRun runHere(const QStringList& arguments, const QString& folder = {})
+{
+    qunsetenv("SOURCE_DATE_EPOCH");
+    const WorkingFolder workingFolder(folder);
     std::ostringstream results;
     std::ostringstream lines;
-    Messages messages(lines);
-    Inputs inputs;
-    Console console{results, messages, inputs};
+    cli::Messages messages(lines);
+    cli::Inputs inputs;
+    cli::Console console{results, messages, inputs};
     CommandRun run;
-    run.exitCode = static_cast<int>(runCommand(arguments, console));
+    run.exitCode = static_cast<int>(cli::runCommand(arguments, console));
     run.hasEnded = true;
     run.output = QByteArray::fromStdString(results.str());
     run.errors = QByteArray::fromStdString(lines.str());

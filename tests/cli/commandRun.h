@@ -1,4 +1,5 @@
-// commandRun.h - runs the command `ktl` as a build server would.
+// commandRun.h - runs the command `ktl` as a build server would: for all that is about the process, its streams and
+// signals. What is not runs faster by `commandInProcess.h`.
 #pragma once
 
 #include <QByteArray>
@@ -20,7 +21,9 @@ struct CommandRun
 struct CommandStart
 {
     QString folder; ///< the folder it works in
-    QByteArray input; ///< standard input
+    QByteArray input; ///< standard input, through a pipe
+    QString inputFile; ///< a file that is standard input instead
+    QString outputFile; ///< a file that takes standard output; the run has none to show then
     QStringList variables; ///< "NAME=value", besides those of the system
     QString program = QStringLiteral(KTL_PROGRAM);
 };
@@ -45,8 +48,13 @@ inline CommandRun runKtl(const QStringList& arguments, const CommandStart& start
     QProcess process;
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(start.folder);
+    if (!start.inputFile.isEmpty())
+        process.setStandardInputFile(start.inputFile);
+    if (!start.outputFile.isEmpty())
+        process.setStandardOutputFile(start.outputFile);
     process.start(start.program, arguments);
-    process.write(start.input);
+    if (start.inputFile.isEmpty())
+        process.write(start.input);
     process.closeWriteChannel();
     CommandRun run;
     run.hasEnded = process.waitForFinished(minute);

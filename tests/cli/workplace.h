@@ -8,10 +8,10 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// An ESI file written for this project.
-inline QString sample(const char* name = "io-block.xml")
+/// Path of an ESI file written for this project.
+inline QString sample(const QString& name = QStringLiteral("io-block.xml"))
 {
-    return QStringLiteral(KINETRA_SOURCE_DIR "/samples/") + QString::fromLatin1(name);
+    return QStringLiteral(KINETRA_SOURCE_DIR "/samples/") + name;
 }
 
 /// An ESI file with the given text in its list of devices.

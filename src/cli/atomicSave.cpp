@@ -1,5 +1,6 @@
-#include "cli/wholeSave.h"
+#include "cli/atomicSave.h"
 
+#include "cli/ktlEnd.h"
 #include "cli/ktlInput.h"
 #include "cli/saveFolder.h"
 #include "ktl/writing/ktlFile.h"
@@ -21,6 +22,8 @@
 #include <set>
 #include <system_error>
 #include <vector>
+
+namespace cli {
 
 namespace {
 
@@ -45,7 +48,7 @@ QString reasonOf(const KtlSaveResult& result)
     return result.reason.empty() ? words : words + QStringLiteral(": ") + QString::fromStdString(result.reason);
 }
 
-/// The folder that a file is in, by the one name that it has without links.
+/// The folder of a file, by its one name without links.
 QString folderOf(const QString& path)
 {
     const QFileInfo folder(QFileInfo(path).absolutePath());
@@ -62,14 +65,14 @@ std::vector<QString> foldersOf(const std::vector<SaveTarget>& targets)
     return folders;
 }
 
-/// What is wrong with a file that a run is to be added to: it must be whole, or the run cannot be found behind it.
+/// What is wrong with a file that a run is to be added to: it must be whole, or the run after it cannot be found.
 QString problemOfEarlier(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return QStringLiteral("the file cannot be read: ") + file.errorString();
-    if (file.size() > largestKtlFile)
-        return QStringLiteral("nothing can be added to a file of more than %1 bytes").arg(largestKtlFile);
+    if (file.size() > maxKtlFileSize)
+        return QStringLiteral("nothing can be added to a file of more than %1 bytes").arg(maxKtlFileSize);
     std::vector<unsigned char> bytes(static_cast<std::size_t>(file.size()));
     if (file.read(reinterpret_cast<char*>(bytes.data()), file.size()) != file.size())
         return QStringLiteral("the file cannot be read: ") + file.errorString();
@@ -78,7 +81,8 @@ QString problemOfEarlier(const QString& path)
                              : QStringLiteral("nothing can be added, for this is no whole KTL file: ") + problem;
 }
 
-/// One saving, step by step.
+/// One saving, step by step. INT, TERM and HUP end the process at once, with nothing written, or once both files are in
+/// their places.
 class Saving
 {
 public:
@@ -102,7 +106,7 @@ private:
     Failure move();
 
     SaveFolder& folderAt(std::size_t target);
-    std::vector<FileMove> moves();
+    std::vector<os::FileMove> moves();
 
     const SaveRequest m_request;
     const WriteRun& m_writeRun;
@@ -111,7 +115,7 @@ private:
     const std::vector<QString> m_folderPaths; ///< of each target, as they were in the beginning
     bool m_hasEarlier = false; ///< a file that the run is added to
     std::list<SaveFolder> m_folders; ///< changed with signals held back only
-    EndingSignals m_signals;
+    os::EndingSignals m_signals;
 };
 
 Saving::Saving(const SaveRequest& request, const WriteRun& writeRun, const Patience& patience)
@@ -195,7 +199,7 @@ Failure Saving::takeEarlier()
     if (const QString problem = problemOfEarlier(ktl.path); !problem.isEmpty())
         return notAllowed(ktl, problem);
     std::error_code error;
-    if (std::filesystem::copy_file(encodedPath(ktl.path), folderAt(0).scratchFile(scratchName::newKtl), error))
+    if (std::filesystem::copy_file(encodedPath(ktl.path), folderAt(0).scratchFile(os::scratchName::newKtl), error))
         return std::nullopt;
     return notWritten(ktl, QStringLiteral("the file cannot be copied: ") + qt_error_string(error.value()));
 }
@@ -211,7 +215,7 @@ Failure Saving::write()
             return false;
         }
     };
-    const std::string newKtl = folderAt(0).scratchFile(scratchName::newKtl);
+    const std::string newKtl = folderAt(0).scratchFile(os::scratchName::newKtl);
     const KtlSaveMode mode = m_hasEarlier ? KtlSaveMode::Append : KtlSaveMode::Overwrite;
     const KtlSaveResult result =
         m_request.hasDump ? saveKtlFile(newKtl, mode, guardedRun) : saveKtlFileOnly(newKtl, mode, guardedRun);
@@ -222,10 +226,10 @@ Failure Saving::write()
     return notWritten(result.status == KtlSaveStatus::CannotWriteDump ? m_targets[1] : m_targets[0], reasonOf(result));
 }
 
-/// The dump is written beside the new file; one that belongs into another folder has to be on the disk of that one.
+/// The dump is written beside the new file; one that belongs in another folder has to be on the disk of that one.
 Failure Saving::placeDump()
 {
-    const std::string written = dumpPathOf(folderAt(0).scratchFile(scratchName::newKtl));
+    const std::string written = dumpPathOf(folderAt(0).scratchFile(os::scratchName::newKtl));
     const std::string placed = moves().back().from;
     std::error_code error;
     if (!m_request.hasDump || written == placed || std::filesystem::copy_file(written, placed, error))
@@ -233,24 +237,24 @@ Failure Saving::placeDump()
     return notWritten(m_targets[1], QStringLiteral("the file cannot be written: ") + qt_error_string(error.value()));
 }
 
-/// Waits until all is on the disk, so that a name never stands for a file that a power cut has emptied.
+/// Waits until all is on the disk, so that no name ever leads to a file that a power cut has emptied.
 Failure Saving::bringToDisk()
 {
-    const std::vector<FileMove> all = moves();
+    const std::vector<os::FileMove> all = moves();
     for (std::size_t index = 0; index < all.size(); ++index) {
-        if (!syncFile(all[index].from))
+        if (!os::syncFile(all[index].from))
             return notWritten(m_targets[index],
                               QStringLiteral("the file cannot be written in full: ") + qt_error_string(errno));
-        takeOverRights(all[index].from, all[index].to); // which may close the file to its user, so it comes last
+        os::takeOverRights(all[index].from, all[index].to); // which may close the file to its user, so it comes last
     }
     return std::nullopt;
 }
 
 Failure Saving::move()
 {
-    const std::vector<FileMove> all = moves();
+    const std::vector<os::FileMove> all = moves();
     auto held = m_signals.heldBack();
-    if (const FileMove* const failed = moveAll(all)) {
+    if (const os::FileMove* const failed = os::moveAll(all)) {
         const int reason = errno;
         const SaveTarget& target = m_targets[static_cast<std::size_t>(failed - all.data())];
         if (reason != EEXIST)
@@ -262,7 +266,7 @@ Failure Saving::move()
     }
     held.unlock();
     for (const SaveFolder& folder : m_folders)
-        syncFolder(encodedPath(folder.path()));
+        os::syncFolder(encodedPath(folder.path()));
     return std::nullopt;
 }
 
@@ -273,9 +277,9 @@ SaveFolder& Saving::folderAt(std::size_t target)
                          [&](const SaveFolder& folder) { return folder.path() == m_folderPaths[target]; });
 }
 
-/// The KTL file, and behind it its dump. Beside a file that the run is added to, and where files are to be replaced,
+/// The KTL file, and after it its dump. Beside a file that the run is added to, and where files are to be replaced,
 /// the dump replaces an old one.
-std::vector<FileMove> Saving::moves()
+std::vector<os::FileMove> Saving::moves()
 {
     struct Names
     {
@@ -285,10 +289,11 @@ std::vector<FileMove> Saving::moves()
     };
     const bool stay = m_request.existing == ExistingFiles::Stay;
     const Names names[] = {
-        {scratchName::newKtl, scratchName::keptKtl, m_request.existing == ExistingFiles::AreReplaced || m_hasEarlier},
-        {scratchName::newDump, scratchName::keptDump, !stay},
+        {os::scratchName::newKtl, os::scratchName::keptKtl,
+         m_request.existing == ExistingFiles::AreReplaced || m_hasEarlier},
+        {os::scratchName::newDump, os::scratchName::keptDump, !stay},
     };
-    std::vector<FileMove> all;
+    std::vector<os::FileMove> all;
     for (std::size_t index = 0; index < m_targets.size(); ++index) {
         const SaveFolder& folder = folderAt(index);
         all.push_back({folder.scratchFile(names[index].fresh), encodedPath(m_targets[index].path),
@@ -299,7 +304,9 @@ std::vector<FileMove> Saving::moves()
 
 } // namespace
 
-Failure saveWhole(const SaveRequest& request, const WriteRun& writeRun, const Patience& patience)
+Failure saveAtomically(const SaveRequest& request, const WriteRun& writeRun, const Patience& patience)
 {
     return Saving(request, writeRun, patience).run();
 }
+
+} // namespace cli
