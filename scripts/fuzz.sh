@@ -8,13 +8,18 @@ seconds=${1:-60}
 cmake --preset fuzz
 cmake --build build/fuzz
 work=build/fuzz/run
-mkdir -p "$work"/{esi,ktl-reader,ktl-dump}
+mkdir -p "$work"/{esi,ktl-reader,ktl-dump,choices}
 build/fuzz/bin/makeEsiSeeds "$work/esi" samples/*.xml
 for sample in samples/*.xml; do
   build/fuzz/bin/ktl convert "$sample" -o "$work/ktl-reader/$(basename "$sample" .xml).ktl" --force
 done
 rm -f "$work"/ktl-reader/*.txt
 cp "$work"/ktl-reader/*.ktl "$work/ktl-dump/"
+for esi in fuzz/choosableDevices.xml samples/*.xml; do
+  seed=$work/choices/$(basename "$esi" .xml)
+  build/fuzz/bin/ktl choices "$esi" > "$seed.json"
+  sed 's/^\(      "device": \).*/\11,/' "$seed.json" > "$seed-first.json"
+done
 
 run() { # TARGET CORPUS DICTIONARY LONGEST_INPUT
   echo "== $1 for $seconds seconds"
@@ -25,7 +30,8 @@ export QT_QPA_PLATFORM=offscreen
 # A leak is looked for by the tests; here it would cost a check per input. So would long records of who allocated what.
 export ASAN_OPTIONS=detect_leaks=0:malloc_context_size=4
 # The length decides how many inputs there are in a second. In 32 KB there are more items than a read takes; a small ESI
-# file has room for every section.
+# file has room for every section, and a choices file of 32 KB for every choice of several devices.
 run fuzzKtlReader ktl-reader ktl.dict 32768
 run fuzzKtlDump ktl-dump ktl.dict 32768
 run fuzzEsi esi esi.dict 8192
+run fuzzChoices choices choices.dict 32768

@@ -8,11 +8,13 @@
 #include <optional>
 #include <vector>
 
+namespace choices {
+
 /// Value of the key "format" of a choices file, by which it is known.
-inline const QLatin1String choicesFormat("kinetra-choices");
+inline const QLatin1String fileFormat("kinetra-choices");
 
 /// Value of the key "version". A reader that knows more keys reads the older files too.
-inline constexpr int choicesVersion = 1;
+inline constexpr int fileVersion = 1;
 
 /// Object index and sub-index: "0x6040:0".
 struct ObjectAddress
@@ -39,7 +41,7 @@ struct ModuleName
     QString name;
 };
 
-/// A module for a place of the device; none takes out what stands there.
+/// A module for a place of the device; none takes out what is there.
 struct ModuleChoice : ChoicePlace
 {
     std::uint32_t place = 0;
@@ -98,3 +100,5 @@ struct DeviceChoices : ChoicePlace
     std::vector<StartupChoice> removedCommands;
     std::vector<StartupChoice> addedCommands;
 };
+
+} // namespace choices

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <iterator>
 
+namespace choices {
+
 namespace {
 
 constexpr std::size_t maxNearest = 5;
@@ -183,3 +185,5 @@ const struct_EtherCatDevice& DeviceSelectors::deviceAt(std::size_t place) const
 {
     return m_files[m_devices[place].first].device[m_devices[place].second];
 }
+
+} // namespace choices

@@ -15,6 +15,8 @@
 #include <utility>
 #include <vector>
 
+namespace choices {
+
 /// Position of a file in the list of files, and of a device in the file.
 using DevicePosition = std::pair<std::size_t, std::size_t>;
 
@@ -28,8 +30,8 @@ struct MeantDevices
 
 /// The devices of all files, by the selectors that a user may write for them: `VENDOR:PRODUCT[:REVISION]`, each number
 /// decimal or in one of the hexadecimal forms of ESI files; or digits, which are a number counted from 1 over all
-/// devices of all files; or else a name or the text of a `Type`. A `*` stands for any run of characters of a name or
-/// type, or for any number of an identity. The form decides: digits are never a name.
+/// devices of all files; or else a name or the text of a `Type`. A `*` means any run of characters of a name or
+/// type, or any number of an identity. The form decides: digits are never a name.
 class DeviceSelectors
 {
 public:
@@ -68,3 +70,5 @@ private:
     std::unordered_map<std::string_view, Places> m_byText; ///< name or type
     std::map<std::pair<std::uint32_t, std::uint32_t>, Places> m_byProduct; ///< vendor id and product code
 };
+
+} // namespace choices

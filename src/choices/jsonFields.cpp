@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace choices {
+
 namespace {
 
 const QLatin1String anythingKey("about");
@@ -15,7 +17,7 @@ const QLatin1String anythingKey("about");
 std::optional<std::uint32_t> wholeNumber(const JsonValue& value)
 {
     const double number = value.number().value_or(-1);
-    if (number < 0 || number > most32Bits || std::floor(number) != number)
+    if (number < 0 || number > max32Bits || std::floor(number) != number)
         return std::nullopt;
     return static_cast<std::uint32_t>(number);
 }
@@ -30,10 +32,10 @@ QStringList namesOf(const JsonKey* keys, std::size_t count)
 
 } // namespace
 
-std::optional<std::uint32_t> numberIn(const JsonValue& value)
+std::optional<std::uint32_t> numberOf(const JsonValue& value)
 {
     const std::optional<QString> text = value.text();
-    return text.has_value() ? numberIn(*text) : wholeNumber(value);
+    return text.has_value() ? ::numberIn(*text) : wholeNumber(value);
 }
 
 QString JsonFields::pathOf(QLatin1String key) const
@@ -60,21 +62,21 @@ void JsonFields::check(const JsonKey* keys, std::size_t count)
                            QStringLiteral("the key %1 is missing").arg(shownText(key->name)));
 }
 
-std::optional<std::uint32_t> JsonFields::number(QLatin1String key, std::uint32_t most)
+std::optional<std::uint32_t> JsonFields::number(QLatin1String key, std::uint32_t maximum)
 {
-    return inRange(key, numberIn(value(key)), most);
+    return inRange(key, numberOf(value(key)), maximum);
 }
 
-std::optional<std::uint32_t> JsonFields::count(QLatin1String key, std::uint32_t most, QLatin1String alternative)
+std::optional<std::uint32_t> JsonFields::count(QLatin1String key, std::uint32_t maximum, QLatin1String alternative)
 {
-    return inRange(key, wholeNumber(value(key)), most, alternative);
+    return inRange(key, wholeNumber(value(key)), maximum, alternative);
 }
 
 std::optional<std::uint32_t> JsonFields::inRange(QLatin1String key, std::optional<std::uint32_t> number,
-                                                 std::uint32_t most, QLatin1String alternative)
+                                                 std::uint32_t maximum, QLatin1String alternative)
 {
-    if (has(key) && (!number.has_value() || *number > most)) {
-        const QString wanted = QStringLiteral("a number from 0 to %1").arg(most);
+    if (has(key) && (!number.has_value() || *number > maximum)) {
+        const QString wanted = QStringLiteral("a number from 0 to %1").arg(maximum);
         refuse(key, alternative.isEmpty() ? wanted : wanted + QStringLiteral(" or ") + alternative);
         return std::nullopt;
     }
@@ -93,3 +95,5 @@ void JsonFields::refuse(QLatin1String key, const QString& wanted)
 {
     m_problems.add(ProblemCode::Form, pathOf(key), QStringLiteral("%1 is not %2").arg(value(key).shown(), wanted));
 }
+
+} // namespace choices

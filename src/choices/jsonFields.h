@@ -14,6 +14,8 @@
 #include <optional>
 #include <utility>
 
+namespace choices {
+
 /// A key that an object may have.
 struct JsonKey
 {
@@ -21,19 +23,18 @@ struct JsonKey
     bool isNeeded;
 };
 
-constexpr std::uint32_t most8Bits = std::numeric_limits<std::uint8_t>::max();
-constexpr std::uint32_t most16Bits = std::numeric_limits<std::uint16_t>::max();
-constexpr std::uint32_t most32Bits = std::numeric_limits<std::uint32_t>::max();
+constexpr std::uint32_t max16Bits = std::numeric_limits<std::uint16_t>::max();
+constexpr std::uint32_t max32Bits = std::numeric_limits<std::uint32_t>::max();
 
 /// A number as a user writes one: a whole JSON number, or a text with a number in decimal or in one of the hexadecimal
 /// forms of ESI files and C.
-[[nodiscard]] std::optional<std::uint32_t> numberIn(const JsonValue& value);
+[[nodiscard]] std::optional<std::uint32_t> numberOf(const JsonValue& value);
 
-/// Reads the fields of one object. What is not as it has to be is told, with its place, and reads as not given.
+/// Reads the fields of one object. What is not as it has to be is told, with its path, and reads as not given.
 class JsonFields
 {
 public:
-    /// Tells unknown keys, and needed ones that are missing. The key "about" may stand anywhere and hold anything.
+    /// Tells unknown keys, and needed ones that are missing. The key "about" may be anywhere and hold anything.
     /// @param problems  must outlive this object
     template<std::size_t Count>
     JsonFields(const JsonValue& value, QString path, const std::array<JsonKey, Count>& keys, Problems& problems)
@@ -49,11 +50,11 @@ public:
     [[nodiscard]] bool has(QLatin1String key) const { return value(key).isThere(); }
     [[nodiscard]] JsonValue value(QLatin1String key) const { return m_object.member(key); }
 
-    /// A number from 0 to `most`.
-    std::optional<std::uint32_t> number(QLatin1String key, std::uint32_t most);
+    /// A number from 0 to `maximum`.
+    std::optional<std::uint32_t> number(QLatin1String key, std::uint32_t maximum);
     /// As `number`, but a text with a number is none: for keys whose texts mean something else, and for counts.
     /// @param alternative  what else the key may be, for the message: "a name"; empty for nothing else
-    std::optional<std::uint32_t> count(QLatin1String key, std::uint32_t most, QLatin1String alternative = {});
+    std::optional<std::uint32_t> count(QLatin1String key, std::uint32_t maximum, QLatin1String alternative = {});
     std::optional<QString> text(QLatin1String key);
 
     /// Calls `visit(value, path)` for each value of a list.
@@ -71,10 +72,12 @@ public:
 
 private:
     void check(const JsonKey* keys, std::size_t count);
-    std::optional<std::uint32_t> inRange(QLatin1String key, std::optional<std::uint32_t> number, std::uint32_t most,
+    std::optional<std::uint32_t> inRange(QLatin1String key, std::optional<std::uint32_t> number, std::uint32_t maximum,
                                          QLatin1String alternative = {});
 
     JsonValue m_object;
     QString m_path;
     Problems& m_problems;
 };
+
+} // namespace choices

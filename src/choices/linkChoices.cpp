@@ -1,6 +1,6 @@
-// linkChoices.cpp - links of PDO entries, of a device and of a module alike.
-#include "choices/choicesOfLists.h"
-#include "choices/choicesWords.h"
+#include "choices/linkChoices.h"
+
+#include "choices/words.h"
 #include "editing/pdoRows.h"
 #include "model/pdoAccess.h"
 #include "model/valueTexts.h"
@@ -11,6 +11,8 @@
 #include <optional>
 #include <set>
 #include <utility>
+
+namespace choices {
 
 namespace {
 
@@ -215,3 +217,5 @@ void makeModuleLinks(const std::vector<LinkChoice>& choices, const ModuleLookUp&
             makeLink(choice, targets.try_emplace(found.module, *found.module).first->second, problems);
     }
 }
+
+} // namespace choices

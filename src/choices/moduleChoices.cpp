@@ -1,6 +1,6 @@
 #include "choices/moduleChoices.h"
 
-#include "choices/choicesWords.h"
+#include "choices/words.h"
 #include "editing/deviceEdits.h"
 #include "editing/moduleEdits.h"
 #include "editing/slotPlaces.h"
@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <set>
+
+namespace choices {
 
 namespace {
 
@@ -44,7 +46,7 @@ QString misfitWords(const struct_module& module, std::uint32_t place, const stru
 bool isTaken(const struct_Slot& slot, int place)
 {
     return std::any_of(slot.slotmodule.begin(), slot.slotmodule.end(),
-                       [place](const struct_slotmodule& standing) { return standing.Instances == place; });
+                       [place](const struct_slotmodule& placed) { return placed.Instances == place; });
 }
 
 /// Makes one choice.
@@ -87,8 +89,8 @@ private:
     {
         const int place = static_cast<int>(choice.place);
         const bool isThere =
-            std::any_of(slot.slotmodule.begin(), slot.slotmodule.end(), [&](const struct_slotmodule& standing) {
-                return standing.Instances == place && isNamed(standing.module, *choice.module);
+            std::any_of(slot.slotmodule.begin(), slot.slotmodule.end(), [&](const struct_slotmodule& placed) {
+                return placed.Instances == place && isNamed(placed.module, *choice.module);
             });
         const FoundModule found = m_modules.named(*choice.module);
         if (isThere && found.module == nullptr)
@@ -129,3 +131,5 @@ ModuleChanges makeModuleChoices(const DeviceChoices& choices, struct_EtherCatDev
     renewModuleData(device);
     return placing.changes();
 }
+
+} // namespace choices

@@ -6,6 +6,8 @@
 
 #include <QFileInfo>
 
+namespace choices {
+
 namespace {
 
 QString shown(const ModuleName& name)
@@ -61,3 +63,5 @@ FoundModule ModuleLookUp::named(const ModuleName& name) const
             QStringLiteral("%1 are %2 modules of %3").arg(shown(name), QString::number(modules->size()), m_fileName)};
     return {modules->front(), {}};
 }
+
+} // namespace choices

@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+namespace choices {
+
 /// Whether a module is the named one: by its ident, or by its name or the name of its type.
 [[nodiscard]] bool isNamed(const struct_module& module, const ModuleName& name);
 
@@ -42,3 +44,5 @@ private:
     std::map<std::uint32_t, std::vector<struct_module*>> m_idents;
     std::map<std::string, std::vector<struct_module*>> m_names;
 };
+
+} // namespace choices

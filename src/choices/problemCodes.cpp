@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+namespace choices {
+
 namespace {
 
 struct NamedCode
@@ -45,3 +47,5 @@ QStringList problemCodeNames()
         names += named.name;
     return names;
 }
+
+} // namespace choices

@@ -4,6 +4,8 @@
 #include <QLatin1String>
 #include <QStringList>
 
+namespace choices {
+
 /// What a mistake is about. Scripts rely on the names: a kind may be added, none is renamed.
 enum class ProblemCode
 {
@@ -29,3 +31,5 @@ enum class ProblemCode
 
 /// Names of all kinds, in the order of the enumeration.
 [[nodiscard]] QStringList problemCodeNames();
+
+} // namespace choices

@@ -10,25 +10,34 @@
 #include <initializer_list>
 #include <vector>
 
+namespace choices {
+
 /// One mistake.
 struct Problem
 {
     ProblemCode code;
-    QString text; ///< with its place in the file
+    QString text; ///< with its path in the file, if it has one
+    int line = 0; ///< from 1; 0 if the path says the place
+    int column = 0; ///< from 1, in characters
 };
 
 /// Collects what is wrong, so that one run tells all of it. Only the first ones are kept, all are counted.
 class Problems
 {
 public:
-    /// How many are kept. A file with more mistakes than this has one that is made over and over.
+    /// How many are kept. A file with more mistakes than this has one that is made again and again.
     static constexpr std::size_t maxKept = 20;
 
     /// @param path  the place in the file: "devices[0].driveAxes"; empty for the file as a whole
     void add(ProblemCode code, const QString& path, const QString& text)
     {
+        add({code, path.isEmpty() ? text : path + QStringLiteral(": ") + text});
+    }
+
+    void add(const Problem& problem)
+    {
         if (m_count++ < maxKept)
-            m_kept.push_back({code, path.isEmpty() ? text : path + QStringLiteral(": ") + text});
+            m_kept.push_back(problem);
     }
 
     /// Adds words to the first mistake of certain kinds, if one is kept.
@@ -50,3 +59,5 @@ private:
     std::vector<Problem> m_kept;
     std::size_t m_count = 0;
 };
+
+} // namespace choices

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace choices {
+
 namespace {
 
 const QLatin1Char separator(':');
@@ -55,3 +57,5 @@ QString formProblem(const QString& selector)
                           "hexadecimal as 0x1a")
         .arg(shownText(*wrong));
 }
+
+} // namespace choices

@@ -6,7 +6,9 @@
 #include <cstdint>
 #include <optional>
 
-/// The numbers of `VENDOR:PRODUCT[:REVISION]`; nothing stands for any number.
+namespace choices {
+
+/// The numbers of `VENDOR:PRODUCT[:REVISION]`; nothing means any number.
 struct IdentitySelector
 {
     std::optional<std::uint32_t> vendor;
@@ -33,3 +35,5 @@ struct IdentitySelector
 /// Words for what is wrong with the form of a selector that means no device: lists, ranges and identities with
 /// something else than numbers. Empty if it can well be a name.
 [[nodiscard]] QString formProblem(const QString& selector);
+
+} // namespace choices

@@ -1,5 +1,5 @@
-// startupChoices.cpp - startup commands changed, added and removed.
-#include "choices/choicesOfLists.h"
+#include "choices/startupChoices.h"
+
 #include "editing/startupRows.h"
 #include "editing/startupValues.h"
 #include "model/valueTexts.h"
@@ -13,6 +13,8 @@
 #include <utility>
 #include <vector>
 
+namespace choices {
+
 namespace {
 
 /// What happens at one row of the list.
@@ -25,7 +27,7 @@ struct RowChoices
 
 using ChosenRows = std::map<std::uint32_t, RowChoices>;
 
-/// How many rows can be named: rows have 16 bits, and the one behind the last of them has to fit too.
+/// How many rows can be named: rows have 16 bits, and the one after the last of them has to fit too.
 std::uint32_t rowCount(const struct_EtherCatDevice& device)
 {
     constexpr std::uint32_t maxRows = std::numeric_limits<std::uint16_t>::max();
@@ -180,3 +182,5 @@ void makeStartupChoices(const DeviceChoices& choices, struct_EtherCatDevice& dev
         firstRow += count;
     });
 }
+
+} // namespace choices

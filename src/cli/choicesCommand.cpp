@@ -1,6 +1,6 @@
 #include "cli/choicesCommand.h"
 
-#include "choices/choicesTemplate.h"
+#include "choices/template.h"
 #include "cli/deviceWarnings.h"
 #include "cli/esiInput.h"
 #include "editing/deviceEdits.h"
@@ -55,7 +55,7 @@ ExitCode runChoices(const QStringList& arguments, Console& console)
     std::vector<struct_FilenameDevice>& files = console.inputs.files;
     if (loadEsiFiles(line.operands(), console.inputs, console.messages) && selectAll(files, console.messages)) {
         warnOfLostValues(files, console.messages);
-        writeChoicesTemplate(console.results, files);
+        choices::writeTemplate(console.results, files);
     }
     return console.messages.exitCode();
 }

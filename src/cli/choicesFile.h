@@ -1,4 +1,4 @@
-// choicesFile.h - a choices file, from its bytes to what it does to the loaded files.
+// choicesFile.h - the choices file of a conversion.
 #pragma once
 
 #include "choices/deviceSelectors.h"
@@ -17,6 +17,6 @@ namespace cli {
 /// @param written  the devices that will be written; choices for other devices are warned of
 /// @return  whether all choices are made; the files are of no use otherwise
 [[nodiscard]] bool applyChoicesFile(const QString& path, std::vector<struct_FilenameDevice>& files, Messages& messages,
-                                    const std::set<DevicePosition>& written);
+                                    const std::set<choices::DevicePosition>& written);
 
 } // namespace cli

@@ -173,7 +173,7 @@ void warnOfItemCount(const QString& output, Messages& messages)
 }
 
 /// Writes the devices; reports a failure.
-void write(const CommandLine& line, const QString& output, const std::set<DevicePosition>& devices,
+void write(const CommandLine& line, const QString& output, const std::set<choices::DevicePosition>& devices,
            const QDateTime& exportTime, Console& console)
 {
     Messages& messages = console.messages;

@@ -106,30 +106,33 @@ void forEachDevice(const std::vector<struct_FilenameDevice>& files, Messages& me
         const struct_FilenameDevice& file = files[index];
         const LostValues ofModules = lostModuleValuesOf(file); // once for all of its devices
         for (std::size_t place = 0; place < file.device.size(); ++place)
-            visit(DevicePosition(index, place), WarnedDevice(file, file.device[place], ++number, messages), ofModules);
+            visit(choices::DevicePosition(index, place), WarnedDevice(file, file.device[place], ++number, messages),
+                  ofModules);
     }
 }
 
 } // namespace
 
-void warnOfDevices(const std::vector<struct_FilenameDevice>& files, const std::set<DevicePosition>& devices,
+void warnOfDevices(const std::vector<struct_FilenameDevice>& files, const std::set<choices::DevicePosition>& devices,
                    Messages& messages)
 {
-    forEachDevice(files, messages,
-                  [&](const DevicePosition& position, const WarnedDevice& warned, const LostValues& ofModules) {
-                      if (devices.count(position) == 0)
-                          return;
-                      for (const ExportWarning warning : exportWarningsOf(warned.device()))
-                          warned.warn(textOf(warning, warned.device()));
-                      warnOfLost(warned, ofModules);
-                  });
+    forEachDevice(
+        files, messages,
+        [&](const choices::DevicePosition& position, const WarnedDevice& warned, const LostValues& ofModules) {
+            if (devices.count(position) == 0)
+                return;
+            for (const ExportWarning warning : exportWarningsOf(warned.device()))
+                warned.warn(textOf(warning, warned.device()));
+            warnOfLost(warned, ofModules);
+        });
 }
 
 void warnOfLostValues(const std::vector<struct_FilenameDevice>& files, Messages& messages)
 {
-    forEachDevice(files, messages, [](const DevicePosition&, const WarnedDevice& warned, const LostValues& ofModules) {
-        warnOfLost(warned, ofModules);
-    });
+    forEachDevice(files, messages,
+                  [](const choices::DevicePosition&, const WarnedDevice& warned, const LostValues& ofModules) {
+                      warnOfLost(warned, ofModules);
+                  });
 }
 
 } // namespace cli

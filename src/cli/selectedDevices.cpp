@@ -6,9 +6,9 @@ namespace cli {
 
 namespace {
 
-std::set<DevicePosition> allDevices(const std::vector<struct_FilenameDevice>& files)
+std::set<choices::DevicePosition> allDevices(const std::vector<struct_FilenameDevice>& files)
 {
-    std::set<DevicePosition> devices;
+    std::set<choices::DevicePosition> devices;
     for (std::size_t file = 0; file < files.size(); ++file)
         for (std::size_t device = 0; device < files[file].device.size(); ++device)
             devices.emplace_hint(devices.end(), file, device);
@@ -17,16 +17,16 @@ std::set<DevicePosition> allDevices(const std::vector<struct_FilenameDevice>& fi
 
 } // namespace
 
-std::optional<std::set<DevicePosition>>
+std::optional<std::set<choices::DevicePosition>>
 selectedDevices(const QStringList& selectors, const std::vector<struct_FilenameDevice>& files, Messages& messages)
 {
     if (selectors.isEmpty())
         return allDevices(files);
-    const DeviceSelectors known(files);
-    std::set<DevicePosition> devices;
+    const choices::DeviceSelectors known(files);
+    std::set<choices::DevicePosition> devices;
     bool areUsable = true;
     for (const QString& selector : selectors) {
-        MeantDevices meant = known.devicesOf(selector);
+        choices::MeantDevices meant = known.devicesOf(selector);
         devices.merge(meant.devices);
         if (meant.problem.isEmpty())
             continue;

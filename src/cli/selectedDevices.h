@@ -15,7 +15,7 @@ namespace cli {
 
 /// The devices that the selectors mean, all devices if there is no selector. Reports each selector with a problem.
 /// @return  nothing if one has a problem
-[[nodiscard]] std::optional<std::set<DevicePosition>>
+[[nodiscard]] std::optional<std::set<choices::DevicePosition>>
 selectedDevices(const QStringList& selectors, const std::vector<struct_FilenameDevice>& files, Messages& messages);
 
 } // namespace cli

@@ -1,7 +1,6 @@
-#include "choices/choicesTemplate.h"
+#include "choices/template.h"
 
-#include "choices/choicesOfLists.h"
-#include "choices/choicesWords.h"
+#include "choices/words.h"
 #include "editing/deviceEdits.h"
 #include "editing/deviceTypeTexts.h"
 #include "editing/moduleEdits.h"
@@ -20,6 +19,8 @@
 #include <map>
 #include <tuple>
 
+namespace choices {
+
 namespace {
 
 using Key = QLatin1String;
@@ -29,11 +30,6 @@ const QString aboutKey = QStringLiteral("about");
 QString text(const std::string& utf8)
 {
     return QString::fromStdString(utf8);
-}
-
-QString hex(std::uint32_t number)
-{
-    return hexNumber(number);
 }
 
 int number(std::uint32_t value)
@@ -86,15 +82,15 @@ void writeModes(JsonWriter& json, const struct_EtherCatDevice& device)
         json.line({{Key("dcMode"), position++},
                    {Key("name"), text(mode.Name)},
                    {Key("description"), textOrNothing(mode.Desc)},
-                   {Key("assignActivate"), hex(mode.AssignActivate)}});
+                   {Key("assignActivate"), hexNumber(mode.AssignActivate)}});
     json.closeList();
 }
 
 /// The module at a place of a slot, null for an empty place.
-const struct_module* standingAt(const struct_Slot& slot, int place)
+const struct_module* moduleAt(const struct_Slot& slot, int place)
 {
     const auto found = std::find_if(slot.slotmodule.begin(), slot.slotmodule.end(),
-                                    [place](const struct_slotmodule& standing) { return standing.Instances == place; });
+                                    [place](const struct_slotmodule& placed) { return placed.Instances == place; });
     return found == slot.slotmodule.end() ? nullptr : &found->module;
 }
 
@@ -102,17 +98,17 @@ QJsonArray identsOf(const struct_Slot& slot)
 {
     QJsonArray idents;
     for (const struct_ModuleIdent& ident : slot.ModuleIdent)
-        idents.append(hex(ident.ModuleIdent));
+        idents.append(hexNumber(ident.ModuleIdent));
     return idents;
 }
 
 /// Default modules bear the number of their slot; where that is no place of the slot, they cannot be taken out.
-QJsonArray modulesBesidePlaces(const struct_Slot& slot, const PlaceRange& places)
+QJsonArray modulesThatStay(const struct_Slot& slot, const PlaceRange& places)
 {
     QJsonArray modules;
-    for (const struct_slotmodule& standing : slot.slotmodule)
-        if (!places.holds(standing.Instances))
-            modules.append(text(standing.module.Name));
+    for (const struct_slotmodule& placed : slot.slotmodule)
+        if (!places.holds(placed.Instances))
+            modules.append(text(placed.module.Name));
     return modules;
 }
 
@@ -126,7 +122,7 @@ void writeSlots(JsonWriter& json, const struct_EtherCatDevice& device)
         places.first = places.behind;
         places.behind = static_cast<std::uint16_t>(places.first + slot.Attributes.MaxInstances);
         const QJsonArray idents = identsOf(slot);
-        const QJsonArray fixed = modulesBesidePlaces(slot, places);
+        const QJsonArray fixed = modulesThatStay(slot, places);
         json.line({{Key("slot"), text(slot.Name)},
                    {Key("firstPlace"), number(places.first)},
                    {Key("places"), number(slot.Attributes.MaxInstances)},
@@ -141,7 +137,7 @@ void writeModulesOfFile(JsonWriter& json, const struct_FilenameDevice& file)
     json.openList(QStringLiteral("modulesOfFile"));
     for (const struct_commentmodule& group : file.vcommentmodule)
         for (const struct_module& module : group.vmodule)
-            json.line({{Key("module"), hex(module.TypeAttributes.ModuleIdent)},
+            json.line({{Key("module"), hexNumber(module.TypeAttributes.ModuleIdent)},
                        {Key("name"), text(module.Name)},
                        {Key("type"), textOrNothing(module.TypeAttributes.Name)}});
     json.closeList();
@@ -153,11 +149,11 @@ void writeModules(JsonWriter& json, const struct_EtherCatDevice& device)
     int place = 0;
     for (const struct_Slot& slot : device.Slots.vslot)
         for (std::uint32_t ofSlot = 0; ofSlot < slot.Attributes.MaxInstances; ++ofSlot) {
-            const struct_module* const module = standingAt(slot, place);
+            const struct_module* const module = moduleAt(slot, place);
             json.line(
                 {{Key("place"), place++},
                  {Key("module"),
-                  module == nullptr ? QJsonValue() : QJsonValue(hex(module->TypeAttributes.ModuleIdent))},
+                  module == nullptr ? QJsonValue() : QJsonValue(hexNumber(module->TypeAttributes.ModuleIdent))},
                  {Key("about"), module == nullptr ? QJsonValue(QJsonValue::Undefined) : textOrNothing(module->Name)}});
         }
     json.closeList();
@@ -188,7 +184,7 @@ template<typename Owner> void writeLinks(JsonWriter& json, const Owner& owner, c
             for (const auto& entry : entriesOf(pdo))
                 json.line({{Key("module"), module},
                            {Key("pdo"), row},
-                           {Key("index"), hex(indexOf(pdo))},
+                           {Key("index"), hexNumber(indexOf(pdo))},
                            {Key("entry"), position++},
                            {Key("object"), objectText({indexOf(entry), entry.SubIndex})},
                            {Key("name"), text(entry.Name)},
@@ -210,7 +206,7 @@ void writeModuleLinks(JsonWriter& json, const struct_FilenameDevice& file)
     for (const struct_commentmodule& group : file.vcommentmodule)
         for (const struct_module& module : group.vmodule)
             if (idents[module.TypeAttributes.ModuleIdent] == 1)
-                writeLinks(json, module, hex(module.TypeAttributes.ModuleIdent));
+                writeLinks(json, module, hexNumber(module.TypeAttributes.ModuleIdent));
     json.closeList();
 }
 
@@ -223,14 +219,14 @@ void writeStartup(JsonWriter& json, const struct_EtherCatDevice& device)
         for (std::size_t position = 0; position < count; ++position) {
             const auto& command = commands[position];
             const StartupValues is = startupValuesOf(command);
-            const QJsonObject was{{QStringLiteral("index"), hex(is.index)},
+            const QJsonObject was{{QStringLiteral("index"), hexNumber(is.index)},
                                   {QStringLiteral("subIndex"), number(is.subIndex)},
                                   {QStringLiteral("comment"), text(command.Comment)}};
             const QString protocol = list == StartupList::DeviceEoe ? QStringLiteral("EoE ") : QStringLiteral("CoE ");
             json.line({{Key("row"), row++},
                        {Key("about"), protocol + tokenText(command.Transition)},
                        {Key("was"), was},
-                       {Key("index"), hex(is.index)},
+                       {Key("index"), hexNumber(is.index)},
                        {Key("subIndex"), number(is.subIndex)},
                        {Key("dataBytes"), number(is.dataBytes)},
                        {Key("data"), static_cast<qint64>(is.data)}});
@@ -244,12 +240,12 @@ void writeStartup(JsonWriter& json, const struct_EtherCatDevice& device)
     json.closeObject();
 }
 
-/// What is told beside the choices of a device.
+/// What is told with the choices of a device.
 struct DeviceContext
 {
     int number; ///< from 1, over all files
     QString selector;
-    bool isFirst; ///< of its file: here stands what the devices of the file share, the modules
+    bool isFirst; ///< of its file: what the devices of the file share, its modules, is told with this one
 };
 
 void writeAbout(JsonWriter& json, const struct_FilenameDevice& file, const struct_EtherCatDevice& device,
@@ -278,8 +274,8 @@ void writeSettings(JsonWriter& json, const struct_EtherCatDevice& device)
         json.value(QStringLiteral("dcMode"), isOnlyOne ? QJsonValue(name) : QJsonValue(0));
     }
     if (takesModuleIndexes(device.m_iDeviceType)) {
-        json.value(QStringLiteral("configIndex"), hex(device.configindex));
-        json.value(QStringLiteral("detectIndex"), hex(device.detectindex));
+        json.value(QStringLiteral("configIndex"), hexNumber(device.configindex));
+        json.value(QStringLiteral("detectIndex"), hexNumber(device.detectindex));
     }
 }
 
@@ -305,18 +301,18 @@ void writeDevice(JsonWriter& json, const struct_FilenameDevice& file, const stru
 QString identityText(const DeviceIdentity& identity)
 {
     const auto [vendor, product, revision] = identity;
-    return QStringList{hex(vendor), hex(product), hex(revision)}.join(QLatin1Char(':'));
+    return QStringList{hexNumber(vendor), hexNumber(product), hexNumber(revision)}.join(QLatin1Char(':'));
 }
 
 } // namespace
 
-void writeChoicesTemplate(std::ostream& out, const std::vector<struct_FilenameDevice>& files)
+void writeTemplate(std::ostream& out, const std::vector<struct_FilenameDevice>& files)
 {
     const std::map<DeviceIdentity, int> identities = countedIdentities(files);
     JsonWriter json(out);
     json.openObject();
-    json.value(QStringLiteral("format"), choicesFormat);
-    json.value(QStringLiteral("version"), choicesVersion);
+    json.value(QStringLiteral("format"), fileFormat);
+    json.value(QStringLiteral("version"), fileVersion);
     writeCommonAbout(json);
     json.openList(QStringLiteral("devices"));
     int count = 0;
@@ -333,3 +329,5 @@ void writeChoicesTemplate(std::ostream& out, const std::vector<struct_FilenameDe
     json.closeList();
     json.closeObject();
 }
+
+} // namespace choices

@@ -1,4 +1,4 @@
-#include "choices/choicesWords.h"
+#include "choices/words.h"
 
 #include "editing/deviceTypeTexts.h"
 #include "editing/moduleEdits.h"
@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <iterator>
+
+namespace choices {
 
 namespace {
 
@@ -91,9 +93,11 @@ QString objectText(const ObjectAddress& address)
 std::optional<ObjectAddress> objectIn(const QString& text)
 {
     const int colon = text.indexOf(QLatin1Char(':'));
-    const std::optional<std::uint32_t> index = numberIn(text.left(colon));
-    const std::optional<std::uint32_t> subIndex = numberIn(text.mid(colon + 1));
+    const std::optional<std::uint32_t> index = ::numberIn(text.left(colon));
+    const std::optional<std::uint32_t> subIndex = ::numberIn(text.mid(colon + 1));
     if (colon < 0 || !index.has_value() || !subIndex.has_value())
         return std::nullopt;
     return ObjectAddress{*index, *subIndex};
 }
+
+} // namespace choices

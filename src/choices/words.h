@@ -1,4 +1,4 @@
-// choicesWords.h - the words of a choices file for device types, links and objects.
+// words.h - the words of a choices file for device types, links and objects.
 #pragma once
 
 #include "choices/choices.h"
@@ -12,6 +12,8 @@
 #include <cstdint>
 #include <optional>
 #include <vector>
+
+namespace choices {
 
 /// Name of a device type: "MultiDriver"; its number if it has none.
 [[nodiscard]] QString deviceTypeName(std::uint16_t type);
@@ -42,3 +44,5 @@
 
 /// The object of a text like "0x6040:0"; nothing if it is none.
 [[nodiscard]] std::optional<ObjectAddress> objectIn(const QString& text);
+
+} // namespace choices

@@ -1,4 +1,4 @@
-// choicesReader.h - reads choices from JSON and holds them against the form of a choices file, not yet against devices.
+// reader.h - reads choices from JSON and holds them against the form of a choices file, not yet against devices.
 #pragma once
 
 #include "choices/choices.h"
@@ -7,5 +7,9 @@
 
 #include <vector>
 
+namespace choices {
+
 /// The choices of a file, in its order. A device whose choices are not in the form is told and left out.
 [[nodiscard]] std::vector<DeviceChoices> choicesFrom(const JsonValue& file, Problems& problems);
+
+} // namespace choices

@@ -1,12 +1,14 @@
-#include "choices/choicesReader.h"
+#include "choices/reader.h"
 
-#include "choices/choicesWords.h"
 #include "choices/jsonFields.h"
+#include "choices/words.h"
 #include "text/shownText.h"
 
 #include <cmath>
 #include <limits>
 #include <utility>
+
+namespace choices {
 
 namespace {
 
@@ -71,7 +73,7 @@ const std::array addedKeys{JsonKey{behindKey, true},    JsonKey{wasKey, false}, 
 
 std::optional<std::uint16_t> word(JsonFields& fields, QLatin1String key)
 {
-    const std::optional<std::uint32_t> number = fields.number(key, most16Bits);
+    const std::optional<std::uint32_t> number = fields.number(key, max16Bits);
     return number.has_value() ? std::make_optional(static_cast<std::uint16_t>(*number)) : std::nullopt;
 }
 
@@ -84,7 +86,7 @@ void readCountOr(JsonFields& fields, QLatin1String key, QLatin1String alternativ
     if (const std::optional<QString> text = fields.value(key).text())
         readText(*text);
     else
-        count = fields.count(key, most32Bits, alternative);
+        count = fields.count(key, max32Bits, alternative);
 }
 
 std::optional<std::uint16_t> deviceTypeIn(JsonFields& fields)
@@ -92,7 +94,7 @@ std::optional<std::uint16_t> deviceTypeIn(JsonFields& fields)
     if (!fields.has(deviceTypeKey))
         return std::nullopt;
     const JsonValue value = fields.value(deviceTypeKey);
-    const std::optional<std::uint32_t> number = numberIn(value);
+    const std::optional<std::uint32_t> number = numberOf(value);
     const auto type = number.has_value() && *number < static_cast<std::uint32_t>(deviceTypeNames().size())
                           ? std::make_optional(static_cast<std::uint16_t>(*number))
                           : deviceTypeNamed(value.text().value_or(QString()));
@@ -106,7 +108,7 @@ std::optional<std::uint16_t> deviceTypeIn(JsonFields& fields)
 std::optional<ModuleName> moduleNameIn(JsonFields& fields)
 {
     const JsonValue value = fields.value(moduleKey);
-    ModuleName module{numberIn(value), value.text().value_or(QString())};
+    ModuleName module{numberOf(value), value.text().value_or(QString())};
     if (fields.has(moduleKey) && !module.ident.has_value() && module.name.isEmpty()) {
         fields.refuse(moduleKey, QStringLiteral("the ident or the name of a module"));
         return std::nullopt;
@@ -117,13 +119,13 @@ std::optional<ModuleName> moduleNameIn(JsonFields& fields)
 ModuleChoice moduleChoiceFrom(const JsonValue& value, const QString& path, Problems& problems)
 {
     JsonFields fields(value, path, moduleKeys, problems);
-    ModuleChoice choice{{path}, fields.count(placeKey, most16Bits).value_or(0), std::nullopt};
+    ModuleChoice choice{{path}, fields.count(placeKey, max16Bits).value_or(0), std::nullopt};
     if (!fields.value(moduleKey).isNull())
         choice.module = moduleNameIn(fields);
     return choice;
 }
 
-std::optional<ObjectAddress> objectIn(JsonFields& fields, QLatin1String key)
+std::optional<ObjectAddress> objectOf(JsonFields& fields, QLatin1String key)
 {
     const std::optional<ObjectAddress> object = objectIn(fields.value(key).text().value_or(QString()));
     if (fields.has(key) && !object.has_value())
@@ -159,9 +161,9 @@ LinkChoice linkChoiceFrom(JsonFields fields)
     readCountOr(fields, pdoKey, QLatin1String("an index"), choice.pdoRow,
                 [&](const QString&) { choice.pdoIndex = word(fields, pdoKey); });
     readCountOr(fields, entryKey, QLatin1String("an object"), choice.entryPosition,
-                [&](const QString&) { choice.entryObject = objectIn(fields, entryKey); });
+                [&](const QString&) { choice.entryObject = objectOf(fields, entryKey); });
     choice.checkedIndex = word(fields, indexKey);
-    choice.checkedObject = objectIn(fields, objectKey);
+    choice.checkedObject = objectOf(fields, objectKey);
     choice.checkedName = fields.text(nameKey);
     choice.link = linkIn(fields);
     return choice;
@@ -181,22 +183,22 @@ StartupChoice startupChoiceFrom(JsonFields& fields, QLatin1String numberKey, Pro
 {
     StartupChoice choice;
     choice.path = fields.path();
-    choice.row = fields.count(numberKey, most32Bits).value_or(0);
+    choice.row = fields.count(numberKey, max32Bits).value_or(0);
     if (!fields.has(wasKey))
         return choice;
     JsonFields was(fields.value(wasKey), fields.pathOf(wasKey), wasKeys, problems);
-    choice.was.index = was.number(indexKey, most16Bits);
-    choice.was.subIndex = was.number(subIndexKey, most16Bits);
+    choice.was.index = was.number(indexKey, max16Bits);
+    choice.was.subIndex = was.number(subIndexKey, max16Bits);
     choice.was.comment = was.text(commentKey);
     return choice;
 }
 
 void readValues(JsonFields& fields, StartupChoice& choice)
 {
-    choice.index = fields.number(indexKey, most16Bits);
-    choice.subIndex = fields.number(subIndexKey, most16Bits); // commands of the device have 8 bits
-    choice.dataBytes = fields.number(dataBytesKey, most16Bits);
-    choice.data = fields.number(dataKey, most32Bits);
+    choice.index = fields.number(indexKey, max16Bits);
+    choice.subIndex = fields.number(subIndexKey, max16Bits); // commands of the device have 8 bits
+    choice.dataBytes = fields.number(dataBytesKey, max16Bits);
+    choice.data = fields.number(dataKey, max32Bits);
 }
 
 void readStartup(const JsonValue& value, const QString& path, DeviceChoices& choices, Problems& problems)
@@ -257,11 +259,11 @@ std::vector<DeviceChoices> choicesFrom(const JsonValue& file, Problems& problems
 {
     JsonFields fields(file, QString(), fileKeys, problems);
     const std::optional<QString> format = fields.text(formatKey);
-    if (format.has_value() && *format != choicesFormat)
-        fields.refuse(formatKey, shownText(choicesFormat));
-    const std::optional<std::uint32_t> version = fields.count(versionKey, most32Bits);
-    if (version.has_value() && *version != choicesVersion)
-        fields.refuse(versionKey, QString::number(choicesVersion));
+    if (format.has_value() && *format != fileFormat)
+        fields.refuse(formatKey, shownText(fileFormat));
+    const std::optional<std::uint32_t> version = fields.count(versionKey, max32Bits);
+    if (version.has_value() && *version != fileVersion)
+        fields.refuse(versionKey, QString::number(fileVersion));
     std::vector<DeviceChoices> choices;
     fields.forEach(devicesKey, [&](const JsonValue& element, const QString& path) {
         const std::size_t before = problems.count();
@@ -271,3 +273,5 @@ std::vector<DeviceChoices> choicesFrom(const JsonValue& file, Problems& problems
     });
     return choices;
 }
+
+} // namespace choices

@@ -1,8 +1,9 @@
-#include "choices/choicesApply.h"
+#include "choices/apply.h"
 
-#include "choices/choicesOfLists.h"
-#include "choices/choicesWords.h"
+#include "choices/linkChoices.h"
 #include "choices/moduleChoices.h"
+#include "choices/startupChoices.h"
+#include "choices/words.h"
 #include "editing/deviceEdits.h"
 #include "editing/deviceLabel.h"
 #include "esi/derivation/rangeErrors.h"
@@ -13,6 +14,8 @@
 
 #include <optional>
 #include <stdexcept>
+
+namespace choices {
 
 namespace {
 
@@ -32,12 +35,11 @@ std::optional<DevicePosition> deviceOf(const DeviceChoices& choices, const Devic
         return std::nullopt;
     }
     const DevicePosition device = *meant.devices.begin();
-    const auto [earlier, isNew] = made.chosen.insert({device, &choices});
+    const auto [earlier, isNew] = made.chosen.insert({device, choices.path});
     if (isNew)
         return device;
-    problems.add(
-        ProblemCode::DeviceTwice, path,
-        QStringLiteral("%1 is the device of %2 already").arg(shownText(choices.device), earlier->second->path));
+    problems.add(ProblemCode::DeviceTwice, path,
+                 QStringLiteral("%1 is the device of %2 already").arg(shownText(choices.device), earlier->second));
     return std::nullopt;
 }
 
@@ -145,7 +147,7 @@ private:
             refuse("detectIndex", words);
     }
 
-    /// @param haveMoved  whether the rows are others than those of a template
+    /// @param haveMoved  whether the rows are no longer those of a template
     void chooseRows(bool haveMoved)
     {
         const std::size_t before = m_problems.count();
@@ -186,3 +188,5 @@ MadeChoices makeChoices(const std::vector<DeviceChoices>& choices, std::vector<s
     }
     return made;
 }
+
+} // namespace choices
