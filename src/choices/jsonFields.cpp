@@ -14,7 +14,7 @@ namespace {
 
 const QLatin1String anythingKey("about");
 
-std::optional<std::uint32_t> wholeNumber(const JsonValue& value)
+std::optional<std::uint32_t> wholeNumber(const json::Value& value)
 {
     const double number = value.number().value_or(-1);
     if (number < 0 || number > max32Bits || std::floor(number) != number)
@@ -32,10 +32,10 @@ QStringList namesOf(const JsonKey* keys, std::size_t count)
 
 } // namespace
 
-std::optional<std::uint32_t> numberOf(const JsonValue& value)
+std::optional<std::uint32_t> numberOf(const json::Value& value)
 {
     const std::optional<QString> text = value.text();
-    return text.has_value() ? ::numberIn(*text) : wholeNumber(value);
+    return text.has_value() ? numberIn(*text) : wholeNumber(value);
 }
 
 QString JsonFields::pathOf(QLatin1String key) const

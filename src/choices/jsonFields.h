@@ -28,7 +28,7 @@ constexpr std::uint32_t max32Bits = std::numeric_limits<std::uint32_t>::max();
 
 /// A number as a user writes one: a whole JSON number, or a text with a number in decimal or in one of the hexadecimal
 /// forms of ESI files and C.
-[[nodiscard]] std::optional<std::uint32_t> numberOf(const JsonValue& value);
+[[nodiscard]] std::optional<std::uint32_t> numberOf(const json::Value& value);
 
 /// Reads the fields of one object. What is not as it has to be is told, with its path, and reads as not given.
 class JsonFields
@@ -37,7 +37,7 @@ public:
     /// Tells unknown keys, and needed ones that are missing. The key "about" may be anywhere and hold anything.
     /// @param problems  must outlive this object
     template<std::size_t Count>
-    JsonFields(const JsonValue& value, QString path, const std::array<JsonKey, Count>& keys, Problems& problems)
+    JsonFields(const json::Value& value, QString path, const std::array<JsonKey, Count>& keys, Problems& problems)
         : m_object(value)
         , m_path(std::move(path))
         , m_problems(problems)
@@ -48,7 +48,7 @@ public:
     [[nodiscard]] const QString& path() const { return m_path; }
     [[nodiscard]] QString pathOf(QLatin1String key) const;
     [[nodiscard]] bool has(QLatin1String key) const { return value(key).isThere(); }
-    [[nodiscard]] JsonValue value(QLatin1String key) const { return m_object.member(key); }
+    [[nodiscard]] json::Value value(QLatin1String key) const { return m_object.member(key); }
 
     /// A number from 0 to `maximum`.
     std::optional<std::uint32_t> number(QLatin1String key, std::uint32_t maximum);
@@ -60,7 +60,7 @@ public:
     /// Calls `visit(value, path)` for each value of a list.
     template<typename Visitor> void forEach(QLatin1String key, Visitor visit)
     {
-        const JsonValue list = value(key);
+        const json::Value list = value(key);
         if (has(key) && !list.isList())
             refuse(key, QStringLiteral("a list"));
         for (std::size_t position = 0; position < list.size(); ++position)
@@ -75,7 +75,7 @@ private:
     std::optional<std::uint32_t> inRange(QLatin1String key, std::optional<std::uint32_t> number, std::uint32_t maximum,
                                          QLatin1String alternative = {});
 
-    JsonValue m_object;
+    json::Value m_object;
     QString m_path;
     Problems& m_problems;
 };

@@ -1,6 +1,7 @@
 #include "choices/linkChoices.h"
 
 #include "choices/words.h"
+#include "editing/linkTexts.h"
 #include "editing/pdoRows.h"
 #include "model/pdoAccess.h"
 #include "model/valueTexts.h"

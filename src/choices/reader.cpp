@@ -2,6 +2,7 @@
 
 #include "choices/jsonFields.h"
 #include "choices/words.h"
+#include "editing/linkTexts.h"
 #include "text/shownText.h"
 
 #include <cmath>
@@ -93,7 +94,7 @@ std::optional<std::uint16_t> deviceTypeIn(JsonFields& fields)
 {
     if (!fields.has(deviceTypeKey))
         return std::nullopt;
-    const JsonValue value = fields.value(deviceTypeKey);
+    const json::Value value = fields.value(deviceTypeKey);
     const std::optional<std::uint32_t> number = numberOf(value);
     const auto type = number.has_value() && *number < static_cast<std::uint32_t>(deviceTypeNames().size())
                           ? std::make_optional(static_cast<std::uint16_t>(*number))
@@ -107,7 +108,7 @@ std::optional<std::uint16_t> deviceTypeIn(JsonFields& fields)
 
 std::optional<ModuleName> moduleNameIn(JsonFields& fields)
 {
-    const JsonValue value = fields.value(moduleKey);
+    const json::Value value = fields.value(moduleKey);
     ModuleName module{numberOf(value), value.text().value_or(QString())};
     if (fields.has(moduleKey) && !module.ident.has_value() && module.name.isEmpty()) {
         fields.refuse(moduleKey, QStringLiteral("the ident or the name of a module"));
@@ -116,7 +117,7 @@ std::optional<ModuleName> moduleNameIn(JsonFields& fields)
     return module;
 }
 
-ModuleChoice moduleChoiceFrom(const JsonValue& value, const QString& path, Problems& problems)
+ModuleChoice moduleChoiceFrom(const json::Value& value, const QString& path, Problems& problems)
 {
     JsonFields fields(value, path, moduleKeys, problems);
     ModuleChoice choice{{path}, fields.count(placeKey, max16Bits).value_or(0), std::nullopt};
@@ -134,7 +135,7 @@ std::optional<ObjectAddress> objectOf(JsonFields& fields, QLatin1String key)
 }
 
 /// The value of a link, as the format stores it: 0 or below.
-std::optional<std::int32_t> linkValueIn(const JsonValue& value)
+std::optional<std::int32_t> linkValueIn(const json::Value& value)
 {
     const double number = value.number().value_or(1);
     if (number > 0 || number < std::numeric_limits<std::int32_t>::min() || std::floor(number) != number)
@@ -144,7 +145,7 @@ std::optional<std::int32_t> linkValueIn(const JsonValue& value)
 
 std::int32_t linkIn(JsonFields& fields)
 {
-    const JsonValue value = fields.value(linkKey);
+    const json::Value value = fields.value(linkKey);
     const std::optional<QString> name = value.text();
     const std::optional<std::int32_t> link = name.has_value() ? linkNamed(*name) : linkValueIn(value);
     if (fields.has(linkKey) && !link.has_value())
@@ -169,7 +170,7 @@ LinkChoice linkChoiceFrom(JsonFields fields)
     return choice;
 }
 
-LinkChoice moduleLinkChoiceFrom(const JsonValue& value, const QString& path, Problems& problems)
+LinkChoice moduleLinkChoiceFrom(const json::Value& value, const QString& path, Problems& problems)
 {
     JsonFields fields(value, path, moduleLinkKeys, problems);
     const ModuleName module = moduleNameIn(fields).value_or(ModuleName());
@@ -201,18 +202,18 @@ void readValues(JsonFields& fields, StartupChoice& choice)
     choice.data = fields.number(dataKey, max32Bits);
 }
 
-void readStartup(const JsonValue& value, const QString& path, DeviceChoices& choices, Problems& problems)
+void readStartup(const json::Value& value, const QString& path, DeviceChoices& choices, Problems& problems)
 {
     JsonFields fields(value, path, startupKeys, problems);
-    fields.forEach(changedKey, [&](const JsonValue& element, const QString& place) {
+    fields.forEach(changedKey, [&](const json::Value& element, const QString& place) {
         JsonFields command(element, place, changedKeys, problems);
         readValues(command, choices.changedCommands.emplace_back(startupChoiceFrom(command, rowKey, problems)));
     });
-    fields.forEach(removedKey, [&](const JsonValue& element, const QString& place) {
+    fields.forEach(removedKey, [&](const json::Value& element, const QString& place) {
         JsonFields command(element, place, removedKeys, problems);
         choices.removedCommands.push_back(startupChoiceFrom(command, rowKey, problems));
     });
-    fields.forEach(addedKey, [&](const JsonValue& element, const QString& place) {
+    fields.forEach(addedKey, [&](const json::Value& element, const QString& place) {
         JsonFields command(element, place, addedKeys, problems);
         readValues(command, choices.addedCommands.emplace_back(startupChoiceFrom(command, behindKey, problems)));
     });
@@ -220,20 +221,20 @@ void readStartup(const JsonValue& value, const QString& path, DeviceChoices& cho
 
 void readLists(JsonFields& fields, DeviceChoices& choices, Problems& problems)
 {
-    fields.forEach(moduleLinksKey, [&](const JsonValue& element, const QString& place) {
+    fields.forEach(moduleLinksKey, [&](const json::Value& element, const QString& place) {
         choices.moduleLinks.push_back(moduleLinkChoiceFrom(element, place, problems));
     });
-    fields.forEach(modulesKey, [&](const JsonValue& element, const QString& place) {
+    fields.forEach(modulesKey, [&](const json::Value& element, const QString& place) {
         choices.modules.push_back(moduleChoiceFrom(element, place, problems));
     });
-    fields.forEach(linksKey, [&](const JsonValue& element, const QString& place) {
+    fields.forEach(linksKey, [&](const json::Value& element, const QString& place) {
         choices.links.push_back(linkChoiceFrom(JsonFields(element, place, linkKeys, problems)));
     });
     if (fields.has(startupKey))
         readStartup(fields.value(startupKey), fields.pathOf(startupKey), choices, problems);
 }
 
-DeviceChoices deviceChoicesFrom(const JsonValue& value, const QString& path, Problems& problems)
+DeviceChoices deviceChoicesFrom(const json::Value& value, const QString& path, Problems& problems)
 {
     JsonFields fields(value, path, deviceKeys, problems);
     DeviceChoices choices;
@@ -255,7 +256,7 @@ DeviceChoices deviceChoicesFrom(const JsonValue& value, const QString& path, Pro
 
 } // namespace
 
-std::vector<DeviceChoices> choicesFrom(const JsonValue& file, Problems& problems)
+std::vector<DeviceChoices> choicesFrom(const json::Value& file, Problems& problems)
 {
     JsonFields fields(file, QString(), fileKeys, problems);
     const std::optional<QString> format = fields.text(formatKey);
@@ -265,7 +266,7 @@ std::vector<DeviceChoices> choicesFrom(const JsonValue& file, Problems& problems
     if (version.has_value() && *version != fileVersion)
         fields.refuse(versionKey, QString::number(fileVersion));
     std::vector<DeviceChoices> choices;
-    fields.forEach(devicesKey, [&](const JsonValue& element, const QString& path) {
+    fields.forEach(devicesKey, [&](const json::Value& element, const QString& path) {
         const std::size_t before = problems.count();
         DeviceChoices ofDevice = deviceChoicesFrom(element, path, problems);
         if (problems.count() == before)

@@ -10,6 +10,6 @@
 namespace choices {
 
 /// The choices of a file, in its order. A device whose choices are not in the form is told and left out.
-[[nodiscard]] std::vector<DeviceChoices> choicesFrom(const JsonValue& file, Problems& problems);
+[[nodiscard]] std::vector<DeviceChoices> choicesFrom(const json::Value& file, Problems& problems);
 
 } // namespace choices

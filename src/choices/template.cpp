@@ -3,6 +3,7 @@
 #include "choices/words.h"
 #include "editing/deviceEdits.h"
 #include "editing/deviceTypeTexts.h"
+#include "editing/linkTexts.h"
 #include "editing/moduleEdits.h"
 #include "editing/pdoRows.h"
 #include "editing/slotPlaces.h"
@@ -17,15 +18,16 @@
 
 #include <algorithm>
 #include <map>
+#include <ostream>
+#include <string_view>
 #include <tuple>
 
 namespace choices {
 
 namespace {
 
-using Key = QLatin1String;
-
-const QString aboutKey = QStringLiteral("about");
+constexpr json::Layout layout{2, true};
+constexpr std::string_view aboutKey = "about";
 
 QString text(const std::string& utf8)
 {
@@ -60,29 +62,29 @@ std::map<DeviceIdentity, int> countedIdentities(const std::vector<struct_Filenam
     return counts;
 }
 
-void writeCommonAbout(JsonWriter& json)
+void writeCommonAbout(json::Writer& json)
 {
     json.openObject(aboutKey);
-    json.openList(QStringLiteral("deviceTypes"));
+    json.openList("deviceTypes");
     for (const DeviceTypeText& entry : deviceTypeTexts)
-        json.line({{Key("deviceType"), QLatin1String(entry.name)}, {Key("shownAs"), QString::fromUtf8(entry.text)}});
+        json.line({{"deviceType", QLatin1String(entry.name)}, {"shownAs", QString::fromUtf8(entry.text)}});
     json.closeList();
-    json.value(QStringLiteral("linksOfOutputs"), QJsonArray::fromStringList(linkNames(PdoDirection::Outputs)));
-    json.value(QStringLiteral("linksOfInputs"), QJsonArray::fromStringList(linkNames(PdoDirection::Inputs)));
+    json.value("linksOfOutputs", QJsonArray::fromStringList(linkNames(PdoDirection::Outputs)));
+    json.value("linksOfInputs", QJsonArray::fromStringList(linkNames(PdoDirection::Inputs)));
     json.closeObject();
 }
 
-void writeModes(JsonWriter& json, const struct_EtherCatDevice& device)
+void writeModes(json::Writer& json, const struct_EtherCatDevice& device)
 {
     if (device.vopmode.empty())
         return;
-    json.openList(QStringLiteral("dcModes"));
+    json.openList("dcModes");
     int position = 0;
     for (const Struct_DCOpMode& mode : device.vopmode)
-        json.line({{Key("dcMode"), position++},
-                   {Key("name"), text(mode.Name)},
-                   {Key("description"), textOrNothing(mode.Desc)},
-                   {Key("assignActivate"), hexNumber(mode.AssignActivate)}});
+        json.line({{"dcMode", position++},
+                   {"name", text(mode.Name)},
+                   {"description", textOrNothing(mode.Desc)},
+                   {"assignActivate", hex(mode.AssignActivate)}});
     json.closeList();
 }
 
@@ -112,49 +114,48 @@ QJsonArray modulesThatStay(const struct_Slot& slot, const PlaceRange& places)
     return modules;
 }
 
-void writeSlots(JsonWriter& json, const struct_EtherCatDevice& device)
+void writeSlots(json::Writer& json, const struct_EtherCatDevice& device)
 {
     if (device.Slots.vslot.empty())
         return;
-    json.openList(QStringLiteral("slots"));
+    json.openList("slots");
     PlaceRange places;
     for (const struct_Slot& slot : device.Slots.vslot) {
         places.first = places.behind;
         places.behind = static_cast<std::uint16_t>(places.first + slot.Attributes.MaxInstances);
         const QJsonArray idents = identsOf(slot);
         const QJsonArray fixed = modulesThatStay(slot, places);
-        json.line({{Key("slot"), text(slot.Name)},
-                   {Key("firstPlace"), number(places.first)},
-                   {Key("places"), number(slot.Attributes.MaxInstances)},
-                   {Key("modulesTaken"), idents.isEmpty() ? QJsonValue(QStringLiteral("any")) : QJsonValue(idents)},
-                   {Key("modulesThatStay"), fixed.isEmpty() ? QJsonValue(QJsonValue::Undefined) : QJsonValue(fixed)}});
+        json.line({{"slot", text(slot.Name)},
+                   {"firstPlace", number(places.first)},
+                   {"places", number(slot.Attributes.MaxInstances)},
+                   {"modulesTaken", idents.isEmpty() ? QJsonValue(QStringLiteral("any")) : QJsonValue(idents)},
+                   {"modulesThatStay", fixed.isEmpty() ? QJsonValue(QJsonValue::Undefined) : QJsonValue(fixed)}});
     }
     json.closeList();
 }
 
-void writeModulesOfFile(JsonWriter& json, const struct_FilenameDevice& file)
+void writeModulesOfFile(json::Writer& json, const struct_FilenameDevice& file)
 {
-    json.openList(QStringLiteral("modulesOfFile"));
+    json.openList("modulesOfFile");
     for (const struct_commentmodule& group : file.vcommentmodule)
         for (const struct_module& module : group.vmodule)
-            json.line({{Key("module"), hexNumber(module.TypeAttributes.ModuleIdent)},
-                       {Key("name"), text(module.Name)},
-                       {Key("type"), textOrNothing(module.TypeAttributes.Name)}});
+            json.line({{"module", hex(module.TypeAttributes.ModuleIdent)},
+                       {"name", text(module.Name)},
+                       {"type", textOrNothing(module.TypeAttributes.Name)}});
     json.closeList();
 }
 
-void writeModules(JsonWriter& json, const struct_EtherCatDevice& device)
+void writeModules(json::Writer& json, const struct_EtherCatDevice& device)
 {
-    json.openList(QStringLiteral("modules"));
+    json.openList("modules");
     int place = 0;
     for (const struct_Slot& slot : device.Slots.vslot)
         for (std::uint32_t ofSlot = 0; ofSlot < slot.Attributes.MaxInstances; ++ofSlot) {
             const struct_module* const module = moduleAt(slot, place);
             json.line(
-                {{Key("place"), place++},
-                 {Key("module"),
-                  module == nullptr ? QJsonValue() : QJsonValue(hexNumber(module->TypeAttributes.ModuleIdent))},
-                 {Key("about"), module == nullptr ? QJsonValue(QJsonValue::Undefined) : textOrNothing(module->Name)}});
+                {{"place", place++},
+                 {"module", module == nullptr ? QJsonValue() : QJsonValue(hex(module->TypeAttributes.ModuleIdent))},
+                 {"about", module == nullptr ? QJsonValue(QJsonValue::Undefined) : textOrNothing(module->Name)}});
         }
     json.closeList();
 }
@@ -175,34 +176,34 @@ QJsonObject aboutEntry(const Pdo& pdo, const Entry& entry, PdoDirection directio
 
 /// The entries of the PDOs of a device or of a module with their links.
 /// @param module  undefined for a device
-template<typename Owner> void writeLinks(JsonWriter& json, const Owner& owner, const QJsonValue& module)
+template<typename Owner> void writeLinks(json::Writer& json, const Owner& owner, const QJsonValue& module)
 {
     int row = 0;
     forEachPdoList(owner, [&](const auto& pdos, PdoDirection direction) {
         for (const auto& pdo : pdos) {
             int position = 0;
             for (const auto& entry : entriesOf(pdo))
-                json.line({{Key("module"), module},
-                           {Key("pdo"), row},
-                           {Key("index"), hexNumber(indexOf(pdo))},
-                           {Key("entry"), position++},
-                           {Key("object"), objectText({indexOf(entry), entry.SubIndex})},
-                           {Key("name"), text(entry.Name)},
-                           {Key("link"), linkName(entry.Linkto)},
-                           {Key("about"), aboutEntry(pdo, entry, direction)}});
+                json.line({{"module", module},
+                           {"pdo", row},
+                           {"index", hex(indexOf(pdo))},
+                           {"entry", position++},
+                           {"object", objectText({indexOf(entry), entry.SubIndex})},
+                           {"name", text(entry.Name)},
+                           {"link", linkName(entry.Linkto)},
+                           {"about", aboutEntry(pdo, entry, direction)}});
             ++row;
         }
     });
 }
 
 /// The modules of a file that can be named by their ident.
-void writeModuleLinks(JsonWriter& json, const struct_FilenameDevice& file)
+void writeModuleLinks(json::Writer& json, const struct_FilenameDevice& file)
 {
     std::map<std::uint32_t, int> idents;
     for (const struct_commentmodule& group : file.vcommentmodule)
         for (const struct_module& module : group.vmodule)
             ++idents[module.TypeAttributes.ModuleIdent];
-    json.openList(QStringLiteral("moduleLinks"));
+    json.openList("moduleLinks");
     for (const struct_commentmodule& group : file.vcommentmodule)
         for (const struct_module& module : group.vmodule)
             if (idents[module.TypeAttributes.ModuleIdent] == 1)
@@ -210,10 +211,10 @@ void writeModuleLinks(JsonWriter& json, const struct_FilenameDevice& file)
     json.closeList();
 }
 
-void writeStartup(JsonWriter& json, const struct_EtherCatDevice& device)
+void writeStartup(json::Writer& json, const struct_EtherCatDevice& device)
 {
-    json.openObject(QStringLiteral("startup"));
-    json.openList(QStringLiteral("changed"));
+    json.openObject("startup");
+    json.openList("changed");
     int row = 0;
     forEachStartupList(device, [&](const auto& commands, std::uint16_t count, StartupList list) {
         for (std::size_t position = 0; position < count; ++position) {
@@ -223,19 +224,19 @@ void writeStartup(JsonWriter& json, const struct_EtherCatDevice& device)
                                   {QStringLiteral("subIndex"), number(is.subIndex)},
                                   {QStringLiteral("comment"), text(command.Comment)}};
             const QString protocol = list == StartupList::DeviceEoe ? QStringLiteral("EoE ") : QStringLiteral("CoE ");
-            json.line({{Key("row"), row++},
-                       {Key("about"), protocol + tokenText(command.Transition)},
-                       {Key("was"), was},
-                       {Key("index"), hexNumber(is.index)},
-                       {Key("subIndex"), number(is.subIndex)},
-                       {Key("dataBytes"), number(is.dataBytes)},
-                       {Key("data"), static_cast<qint64>(is.data)}});
+            json.line({{"row", row++},
+                       {"about", protocol + tokenText(command.Transition)},
+                       {"was", was},
+                       {"index", hex(is.index)},
+                       {"subIndex", number(is.subIndex)},
+                       {"dataBytes", number(is.dataBytes)},
+                       {"data", static_cast<qint64>(is.data)}});
         }
     });
     json.closeList();
-    json.openList(QStringLiteral("removed"));
+    json.openList("removed");
     json.closeList();
-    json.openList(QStringLiteral("added"));
+    json.openList("added");
     json.closeList();
     json.closeObject();
 }
@@ -248,14 +249,14 @@ struct DeviceContext
     bool isFirst; ///< of its file: what the devices of the file share, its modules, is told with this one
 };
 
-void writeAbout(JsonWriter& json, const struct_FilenameDevice& file, const struct_EtherCatDevice& device,
+void writeAbout(json::Writer& json, const struct_FilenameDevice& file, const struct_EtherCatDevice& device,
                 const DeviceContext& context)
 {
     json.openObject(aboutKey);
-    json.value(QStringLiteral("number"), context.number);
-    json.value(QStringLiteral("name"), text(device.Name));
-    json.value(QStringLiteral("type"), text(device.TypeAttributes.type));
-    json.value(QStringLiteral("file"), text(file.xmlfilepath));
+    json.value("number", context.number);
+    json.value("name", text(device.Name));
+    json.value("type", text(device.TypeAttributes.type));
+    json.value("file", text(file.xmlfilepath));
     writeModes(json, device);
     writeSlots(json, device);
     if (context.isFirst && !file.vcommentmodule.empty())
@@ -263,34 +264,34 @@ void writeAbout(JsonWriter& json, const struct_FilenameDevice& file, const struc
     json.closeObject();
 }
 
-void writeSettings(JsonWriter& json, const struct_EtherCatDevice& device)
+void writeSettings(json::Writer& json, const struct_EtherCatDevice& device)
 {
-    json.value(QStringLiteral("deviceType"), deviceTypeName(device.m_iDeviceType));
+    json.value("deviceType", deviceTypeName(device.m_iDeviceType));
     if (device.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver)
-        json.value(QStringLiteral("driveAxes"), number(device.m_iDriveAxies));
+        json.value("driveAxes", number(device.m_iDriveAxies));
     if (!device.vopmode.empty()) {
         const QString name = text(device.vopmode.front().Name);
         const bool isOnlyOne = !name.isEmpty() && modesNamed(device.vopmode, name).size() == 1;
-        json.value(QStringLiteral("dcMode"), isOnlyOne ? QJsonValue(name) : QJsonValue(0));
+        json.value("dcMode", isOnlyOne ? QJsonValue(name) : QJsonValue(0));
     }
     if (takesModuleIndexes(device.m_iDeviceType)) {
-        json.value(QStringLiteral("configIndex"), hexNumber(device.configindex));
-        json.value(QStringLiteral("detectIndex"), hexNumber(device.detectindex));
+        json.value("configIndex", hex(device.configindex));
+        json.value("detectIndex", hex(device.detectindex));
     }
 }
 
-void writeDevice(JsonWriter& json, const struct_FilenameDevice& file, const struct_EtherCatDevice& device,
+void writeDevice(json::Writer& json, const struct_FilenameDevice& file, const struct_EtherCatDevice& device,
                  const DeviceContext& context)
 {
     json.openObject();
-    json.value(QStringLiteral("device"), context.selector);
+    json.value("device", context.selector);
     writeAbout(json, file, device, context);
     writeSettings(json, device);
     if (context.isFirst && !file.vcommentmodule.empty())
         writeModuleLinks(json, file);
     if (!moduleRefusal(device.m_iDeviceType).has_value() && !device.Slots.vslot.empty())
         writeModules(json, device);
-    json.openList(QStringLiteral("links"));
+    json.openList("links");
     writeLinks(json, device, QJsonValue(QJsonValue::Undefined));
     json.closeList();
     writeStartup(json, device);
@@ -309,12 +310,12 @@ QString identityText(const DeviceIdentity& identity)
 void writeTemplate(std::ostream& out, const std::vector<struct_FilenameDevice>& files)
 {
     const std::map<DeviceIdentity, int> identities = countedIdentities(files);
-    JsonWriter json(out);
+    json::Writer json(out, layout);
     json.openObject();
-    json.value(QStringLiteral("format"), fileFormat);
-    json.value(QStringLiteral("version"), fileVersion);
+    json.value("format", fileFormat);
+    json.value("version", fileVersion);
     writeCommonAbout(json);
-    json.openList(QStringLiteral("devices"));
+    json.openList("devices");
     int count = 0;
     for (const struct_FilenameDevice& file : files) {
         bool isFirst = true;
@@ -328,6 +329,7 @@ void writeTemplate(std::ostream& out, const std::vector<struct_FilenameDevice>& 
     }
     json.closeList();
     json.closeObject();
+    out << '\n';
 }
 
 } // namespace choices

@@ -5,27 +5,12 @@
 #include "model/valueTexts.h"
 #include "text/writtenNumber.h"
 
-#include <algorithm>
-#include <iterator>
-
 namespace choices {
-
-namespace {
-
-const QLatin1String linkEnding(" Type"); // of the words that the window shows
-
-QString withoutEnding(const QString& text)
-{
-    return text.endsWith(linkEnding) ? text.chopped(linkEnding.size()) : text;
-}
-
-} // namespace
 
 QString deviceTypeName(std::uint16_t type)
 {
-    const auto* const found = std::find_if(std::begin(deviceTypeTexts), std::end(deviceTypeTexts),
-                                           [type](const DeviceTypeText& entry) { return entry.type == type; });
-    return found == std::end(deviceTypeTexts) ? QString::number(type) : QString::fromLatin1(found->name);
+    const DeviceTypeText* const known = deviceTypeTextOf(type);
+    return known == nullptr ? QString::number(type) : QString::fromLatin1(known->name);
 }
 
 std::optional<std::uint16_t> deviceTypeNamed(const QString& name)
@@ -50,28 +35,6 @@ QStringList typesThatTakeModules()
     for (const DeviceTypeText& entry : deviceTypeTexts)
         if (!moduleRefusal(entry.type).has_value())
             names.append(QString::fromLatin1(entry.name));
-    return names;
-}
-
-QString linkName(std::int32_t link)
-{
-    return withoutEnding(linkText(link));
-}
-
-std::optional<std::int32_t> linkNamed(const QString& name)
-{
-    for (const PdoDirection direction : {PdoDirection::Outputs, PdoDirection::Inputs})
-        for (const LinkText& link : linksFor(direction))
-            if (withoutEnding(name) == withoutEnding(link.text))
-                return link.link;
-    return std::nullopt;
-}
-
-QStringList linkNames(PdoDirection direction)
-{
-    QStringList names;
-    for (const LinkText& link : linksFor(direction))
-        names.append(withoutEnding(link.text));
     return names;
 }
 

@@ -1,8 +1,7 @@
-// words.h - the words of a choices file for device types, links and objects.
+// words.h - the words of a choices file for device types and objects.
 #pragma once
 
 #include "choices/choices.h"
-#include "editing/linkTexts.h"
 #include "model/syncRecords.h"
 
 #include <QString>
@@ -26,15 +25,6 @@ namespace choices {
 
 /// Names of the types whose modules are put in and taken out by hand.
 [[nodiscard]] QStringList typesThatTakeModules();
-
-/// Name of a link: "AOUT32"; its number if it has none.
-[[nodiscard]] QString linkName(std::int32_t link);
-
-/// The link with that name, or with the words that views show for it: "AOUT32 Type"; nothing if there is none.
-[[nodiscard]] std::optional<std::int32_t> linkNamed(const QString& name);
-
-/// Names of the links that an entry of that direction can be given.
-[[nodiscard]] QStringList linkNames(PdoDirection direction);
 
 /// Positions of the operation modes that have the text as their name or description.
 [[nodiscard]] std::vector<std::size_t> modesNamed(const std::vector<Struct_DCOpMode>& modes, const QString& text);

@@ -17,7 +17,7 @@ namespace cli {
 
 namespace {
 
-bool readKtlFile(ShownFile& file, QFile& input, const QString& path, Messages& messages)
+bool readKtlFile(show::ShownFile& file, QFile& input, const QString& path, Messages& messages)
 {
     std::optional<std::vector<unsigned char>> bytes = readKtl(input, path, messages);
     if (!bytes.has_value())
@@ -28,14 +28,14 @@ bool readKtlFile(ShownFile& file, QFile& input, const QString& path, Messages& m
     return true;
 }
 
-bool readEsiFile(ShownFile& file, QFile& input, const QString& path, Messages& messages)
+bool readEsiFile(show::ShownFile& file, QFile& input, const QString& path, Messages& messages)
 {
     QDomDocument document; // its memory is free again when the devices are made
     std::optional<struct_FilenameDevice> loaded = loadOpenEsi(input, path, document, messages);
     if (!loaded.has_value())
         return false;
-    file.setEsi(std::move(*loaded), [path, &messages](const ExportProblem& problem) {
-        if (problem.kind == ExportProblem::Kind::CutShort)
+    file.setEsi(std::move(*loaded), [path, &messages](const show::ExportProblem& problem) {
+        if (problem.kind == show::ExportProblem::Kind::CutShort)
             messages.error(path, problem.text);
         else
             messages.warning(path, WarningCode::ModuleCommands, problem.text);
@@ -45,7 +45,7 @@ bool readEsiFile(ShownFile& file, QFile& input, const QString& path, Messages& m
 
 } // namespace
 
-std::unique_ptr<const ShownFile> openShownFile(const QString& path, Messages& messages)
+std::unique_ptr<const show::ShownFile> openShownFile(const QString& path, Messages& messages)
 {
     QFile input;
     if (!openInput(input, path, messages))
@@ -53,7 +53,7 @@ std::unique_ptr<const ShownFile> openShownFile(const QString& path, Messages& me
     const std::optional<InputKind> kind = kindOfInput(input, path, messages);
     if (!kind.has_value())
         return nullptr;
-    auto file = std::make_unique<ShownFile>();
+    auto file = std::make_unique<show::ShownFile>();
     file->name = QFile::encodeName(shownName(path)).toStdString();
     if (kind == InputKind::Esi && readEsiFile(*file, input, path, messages))
         return file;

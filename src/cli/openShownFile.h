@@ -15,6 +15,6 @@ namespace cli {
 /// @param messages  must outlive the result
 /// @return  null if nothing of the file can be shown
 /// @throws  std::bad_alloc; so do its devices
-[[nodiscard]] std::unique_ptr<const ShownFile> openShownFile(const QString& path, Messages& messages);
+[[nodiscard]] std::unique_ptr<const show::ShownFile> openShownFile(const QString& path, Messages& messages);
 
 } // namespace cli

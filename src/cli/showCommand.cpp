@@ -55,22 +55,22 @@ QString problemOf(const CommandLine& line)
         return QStringLiteral("--csv can be given once only");
     if (line.isSet(jsonSwitch) && line.isSet(csvOption))
         return QStringLiteral("--json and --csv cannot be given together");
-    if (line.isSet(csvOption) && showTableNamed(line.value(csvOption)) == nullptr)
+    if (line.isSet(csvOption) && show::tableNamed(line.value(csvOption)) == nullptr)
         return QStringLiteral("\"%1\" is no table; there are dictionary, pdo and startup").arg(line.value(csvOption));
     if (line.isSet(spreadsheetSwitch) && !line.isSet(csvOption))
         return QStringLiteral("--spreadsheet goes with --csv only");
     return {};
 }
 
-ShowForm formOf(const CommandLine& line)
+show::Form formOf(const CommandLine& line)
 {
-    return {line.isSet(jsonSwitch), showTableNamed(line.value(csvOption)),
-            line.isSet(spreadsheetSwitch) ? CsvForm::Spreadsheet : CsvForm::Plain,
-            os::terminalWidth(os::OutputStream::Results).value_or(anyWidth)};
+    return {line.isSet(jsonSwitch), show::tableNamed(line.value(csvOption)),
+            line.isSet(spreadsheetSwitch) ? show::CsvForm::Spreadsheet : show::CsvForm::Plain,
+            os::terminalWidth(os::OutputStream::Results).value_or(show::anyWidth)};
 }
 
 /// Shows one file. If there is not enough memory for it, that is reported, and what has been shown of it stays.
-void showFile(const QString& path, ShowWriter& writer, Messages& messages)
+void showFile(const QString& path, show::Writer& writer, Messages& messages)
 {
     try {
         if (const auto file = openShownFile(path, messages))
@@ -91,7 +91,7 @@ ExitCode runShow(const QStringList& arguments, Console& console)
     if (const QString problem = problemOf(line); !problem.isEmpty())
         return line.refuse(problem, console);
     const QStringList paths = line.operands();
-    ShowWriter writer(console.results, formOf(line));
+    show::Writer writer(console.results, formOf(line));
     writer.begin();
     int number = 0;
     for (const QString& path : paths) {

@@ -6,6 +6,10 @@
 
 #include <QString>
 
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+
 /// One entry of the device type list.
 struct DeviceTypeText
 {
@@ -22,6 +26,14 @@ inline constexpr DeviceTypeText deviceTypeTexts[] = {
     {KTL_DEVICE_TYPE_Special, "Special", "5:特殊设备,手动插入模块，和耦合器本身成整体设备"},
     {KTL_DEVICE_TYPE_ManualIOBlock, "ManualIOBlock", "6:耦合器不能识别模块，需要预置手动插入模块，没有F050字典"},
 };
+
+/// The entry of a type; null for a number that is none.
+[[nodiscard]] inline const DeviceTypeText* deviceTypeTextOf(std::int64_t type)
+{
+    const auto* const found = std::find_if(std::begin(deviceTypeTexts), std::end(deviceTypeTexts),
+                                           [type](const DeviceTypeText& entry) { return entry.type == type; });
+    return found == std::end(deviceTypeTexts) ? nullptr : found;
+}
 
 /// Advice on a coupler that takes its list of modules by itself while its modules are preset by hand.
 [[nodiscard]] inline QString moduleListAdvice(const struct_EtherCatDevice& device)

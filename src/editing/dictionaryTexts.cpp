@@ -5,12 +5,6 @@
 
 namespace {
 
-/// The default of an object or sub-item of a type, as it is shown.
-QString valueText(const std::string& type, const str_Info& info)
-{
-    return isStringType(type) ? QString::fromStdString(info.DefaultString) : QString::number(info.DefaultValue);
-}
-
 /// The text of a key, made on its first use.
 template<typename Key, typename MakeText>
 QString sharedText(std::unordered_map<Key, QString>& texts, Key key, MakeText makeText)
@@ -26,6 +20,16 @@ QString sharedText(std::unordered_map<Key, QString>& texts, Key key, MakeText ma
 QString indexPatternOf(const struct_Object& object)
 {
     return hexNumber(object.index) + QLatin1String(":%1");
+}
+
+QString elementName(const QString& subIndex)
+{
+    return QLatin1String("SubIndex ") + subIndex;
+}
+
+QString valueText(const std::string& type, const str_Info& info)
+{
+    return isStringType(type) ? QString::fromStdString(info.DefaultString) : QString::number(info.DefaultValue);
 }
 
 QStringList DictionaryTexts::ofObject(const struct_Object& object, const QString& indexPattern)
@@ -51,17 +55,22 @@ QStringList DictionaryTexts::ofRow(const DictionaryRow& row, const QString& inde
     }
     switchTo(*row.dataType);
     const QString element = sharedNumber(row.element);
-    return {indexPattern.arg(element), QLatin1String("SubIndex ") + element, flags, m_baseBitSize, m_baseType};
+    return {indexPattern.arg(element), elementName(element), flags, m_baseBitSize, m_baseType};
+}
+
+QString DictionaryTexts::valueOf(const struct_DataTypes& dataType, const DataTypeSubItem& subItem)
+{
+    return valueText(subItem.Type, infoOf(dataType, subItem));
 }
 
 /// ODD, KEPT: the default is taken from the object whose index is in the name of the data type, such as "DT1C12", where
 /// one would expect the object that is being shown. An object that borrows the record of another one shows the defaults
 /// of that one, and a record whose name is no number those of object 0. Pinned by
 /// tst_DictionaryTexts::valueOfTheObjectInTheTypeName.
-QString DictionaryTexts::valueOf(const struct_DataTypes& dataType, const DataTypeSubItem& subItem)
+const str_Info& DictionaryTexts::infoOf(const struct_DataTypes& dataType, const DataTypeSubItem& subItem)
 {
     switchTo(dataType);
-    return valueText(subItem.Type, m_index.objectInfo(m_objectIndex, subItem.SubIdx));
+    return m_index.objectInfo(m_objectIndex, subItem.SubIdx);
 }
 
 /// Rows of one data type follow each other, so what they share is worked out when the data type changes.

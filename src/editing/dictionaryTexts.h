@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 
@@ -23,6 +24,13 @@ enum DictionaryColumn
 
 /// Text of the index column with a place for the sub-index: "0x1018:%1".
 [[nodiscard]] QString indexPatternOf(const struct_Object& object);
+
+/// Name of an element of an array.
+/// @param subIndex  in decimal
+[[nodiscard]] QString elementName(const QString& subIndex);
+
+/// The default of an object or sub-item of a type, as it is shown.
+[[nodiscard]] QString valueText(const std::string& type, const str_Info& info);
 
 /// Texts of the rows of one dictionary, a text per column. Rows have many of them in common, such as the names of
 /// types; those are made once and shared.
@@ -45,6 +53,9 @@ public:
     /// Default of a sub-item, found by its sub-index.
     /// @param dataType  the record that the sub-item belongs to
     [[nodiscard]] QString valueOf(const struct_DataTypes& dataType, const DataTypeSubItem& subItem);
+
+    /// Default of a sub-item as it was read, from the same place.
+    [[nodiscard]] const str_Info& infoOf(const struct_DataTypes& dataType, const DataTypeSubItem& subItem);
 
 private:
     void switchTo(const struct_DataTypes& dataType);

@@ -31,6 +31,13 @@ const std::array linkWords{
     LinkWords{KTL_PDO_TYPE_ENCODER32, QLatin1String("ENCODER32 Type"), false, true},
 };
 
+const QLatin1String wordsEnding(" Type"); // of the words that views show
+
+QString withoutEnding(const QString& words)
+{
+    return words.endsWith(wordsEnding) ? words.chopped(wordsEnding.size()) : words;
+}
+
 } // namespace
 
 QString linkText(std::int32_t link)
@@ -47,4 +54,26 @@ std::vector<LinkText> linksFor(PdoDirection direction)
         if (direction == PdoDirection::Outputs ? words.forOutputs : words.forInputs)
             links.push_back({words.link, words.text});
     return links;
+}
+
+QString linkName(std::int32_t link)
+{
+    return withoutEnding(linkText(link));
+}
+
+std::optional<std::int32_t> linkNamed(const QString& name)
+{
+    for (const PdoDirection direction : {PdoDirection::Outputs, PdoDirection::Inputs})
+        for (const LinkText& link : linksFor(direction))
+            if (withoutEnding(name) == withoutEnding(link.text))
+                return link.link;
+    return std::nullopt;
+}
+
+QStringList linkNames(PdoDirection direction)
+{
+    QStringList names;
+    for (const LinkText& link : linksFor(direction))
+        names.append(withoutEnding(link.text));
+    return names;
 }

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 /// Direction of process data, seen from the controller.
@@ -25,3 +27,12 @@ struct LinkText
 
 /// The links that an entry of that direction can be given, in the order in which they are offered.
 [[nodiscard]] std::vector<LinkText> linksFor(PdoDirection direction);
+
+/// Name of a link in choices files: "AOUT32", which is its words without their ending; its number if it has none.
+[[nodiscard]] QString linkName(std::int32_t link);
+
+/// The link with that name, or with the words that views show for it: "AOUT32 Type"; nothing if there is none.
+[[nodiscard]] std::optional<std::int32_t> linkNamed(const QString& name);
+
+/// Names of the links that an entry of that direction can be given.
+[[nodiscard]] QStringList linkNames(PdoDirection direction);

@@ -6,6 +6,8 @@
 
 #include <jansson.h>
 
+namespace json {
+
 namespace {
 
 /// The words for a kind of error. Errors of syntax have words of the library behind ours: what it met, and what it
@@ -50,31 +52,31 @@ int openingQuote(const QByteArray& text, int behind)
 }
 
 /// The problem of a key that its object holds already, at the start of the key.
-JsonProblem repeatedKey(const QByteArray& text, int behindKey)
+Problem repeatedKey(const QByteArray& text, int behindKey)
 {
     const int quote = openingQuote(text, behindKey);
     const QByteArray before = text.left(quote);
     const int lineStart = before.lastIndexOf('\n') + 1;
     const QByteArray key = text.mid(quote, behindKey - quote);
-    const std::unique_ptr<json_t, JsonRelease> decoded(
+    const std::unique_ptr<json_t, Release> decoded(
         json_loadb(key.constData(), static_cast<std::size_t>(key.size()), JSON_DECODE_ANY, nullptr));
     return {before.count('\n') + 1, QString::fromUtf8(before.mid(lineStart)).size() + 1,
-            QStringLiteral("the key %1 is given twice").arg(JsonValue(decoded.get()).shown())};
+            QStringLiteral("the key %1 is given twice").arg(Value(decoded.get()).shown())};
 }
 
 } // namespace
 
-void JsonRelease::operator()(json_t* root) const
+void Release::operator()(json_t* root) const
 {
     json_decref(root);
 }
 
-JsonParsing parseJson(const QByteArray& text)
+Parsing parse(const QByteArray& text)
 {
     const QByteArray mark("\xEF\xBB\xBF");
     const QByteArray json = text.startsWith(mark) ? text.mid(mark.size()) : text;
     json_error_t error{};
-    JsonParsing parsing;
+    Parsing parsing;
     parsing.root.reset(
         json_loadb(json.constData(), static_cast<std::size_t>(json.size()), JSON_REJECT_DUPLICATES, &error));
     if (parsing.root != nullptr)
@@ -85,6 +87,8 @@ JsonParsing parseJson(const QByteArray& text)
     if (code == json_error_duplicate_key)
         parsing.problem = repeatedKey(json, error.position);
     else
-        parsing.problem = JsonProblem{error.line, std::max(error.column, 1), wordsOf(error)};
+        parsing.problem = Problem{error.line, std::max(error.column, 1), wordsOf(error)};
     return parsing;
 }
+
+} // namespace json

@@ -9,8 +9,10 @@
 #include <memory>
 #include <optional>
 
+namespace json {
+
 /// What is wrong with a text, and where.
-struct JsonProblem
+struct Problem
 {
     int line = 1; ///< from 1
     int column = 1; ///< from 1, in characters
@@ -18,22 +20,24 @@ struct JsonProblem
 };
 
 /// Gives a tree of values back.
-struct JsonRelease
+struct Release
 {
     void operator()(json_t* root) const;
 };
 
 /// Result of parsing.
-struct JsonParsing
+struct Parsing
 {
-    std::unique_ptr<json_t, JsonRelease> root; ///< the object or list of the file, null if there is a problem
-    std::optional<JsonProblem> problem; ///< nothing if the text is JSON, and no object holds a key twice
+    std::unique_ptr<json_t, Release> root; ///< the object or list of the file, null if there is a problem
+    std::optional<Problem> problem; ///< nothing if the text is JSON, and no object holds a key twice
 
-    [[nodiscard]] JsonValue value() const { return JsonValue(root.get()); }
+    [[nodiscard]] Value value() const { return Value(root.get()); }
 };
 
 /// Parses a JSON text (RFC 8259) in UTF-8; the mark that some editors put in front of UTF-8 is passed over. Stricter
 /// than the standard in this: an object with a key twice is refused, since one of the two would be lost without a word,
 /// and so are a text with the character U+0000, and numbers that 64 bits do not hold.
 /// @throws std::bad_alloc
-[[nodiscard]] JsonParsing parseJson(const QByteArray& text);
+[[nodiscard]] Parsing parse(const QByteArray& text);
+
+} // namespace json

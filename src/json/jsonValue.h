@@ -10,11 +10,13 @@
 
 struct json_t;
 
-/// Looks at a value; it is valid as long as the file's `JsonParsing`. A value that is not there is none of the kinds.
-class JsonValue
+namespace json {
+
+/// Looks at a value; it is valid as long as the file's `Parsing`. A value that is not there is none of the kinds.
+class Value
 {
 public:
-    explicit JsonValue(json_t* value = nullptr)
+    explicit Value(json_t* value = nullptr)
         : m_value(value)
     {}
 
@@ -29,16 +31,18 @@ public:
     [[nodiscard]] std::optional<double> number() const;
 
     /// The value of a key of an object; one that is not there if the object has no such key.
-    [[nodiscard]] JsonValue member(QLatin1String key) const;
+    [[nodiscard]] Value member(QLatin1String key) const;
     /// The keys of an object, in the order of the file.
     [[nodiscard]] QStringList keys() const;
     /// How many elements a list has; 0 for anything else.
     [[nodiscard]] std::size_t size() const;
-    [[nodiscard]] JsonValue element(std::size_t position) const;
+    [[nodiscard]] Value element(std::size_t position) const;
 
     /// The value as messages show it: long texts are cut, of lists and objects the brackets are shown.
     [[nodiscard]] QString shown() const;
 
 private:
-    json_t* m_value; ///< owned by the `JsonParsing`
+    json_t* m_value; ///< owned by the `Parsing`
 };
+
+} // namespace json

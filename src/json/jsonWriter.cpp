@@ -1,90 +1,221 @@
 #include "json/jsonWriter.h"
 
+#include "text/fractionText.h"
 #include "text/unsafeCharacters.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLocale>
 
 #include <algorithm>
-#include <cstddef>
+#include <cmath>
+#include <iterator>
 #include <ostream>
 #include <string>
 
+namespace json {
+
 namespace {
 
-/// A character by its number, as texts of JSON may hold it.
-QString escapeOf(QChar character)
+/// Whether a byte is a character by itself that JSON holds as it is; most texts have no others.
+bool isPlain(char byte)
+{
+    return byte >= ' ' && byte <= '~' && byte != '"' && byte != '\\';
+}
+
+/// A control that has a letter after the backslash.
+struct ShortEscape
+{
+    char control;
+    char letter;
+};
+
+constexpr ShortEscape shortEscapes[] = {{'\b', 'b'}, {'\f', 'f'}, {'\n', 'n'}, {'\r', 'r'}, {'\t', 't'}};
+
+/// A character by its number.
+QString numberedEscape(QChar character)
 {
     constexpr int digits = 4;
     constexpr int hexadecimal = 16;
     return QStringLiteral("\\u%1").arg(character.unicode(), digits, hexadecimal, QLatin1Char('0'));
 }
 
-std::string jsonOf(const QJsonValue& value)
+QString controlEscape(QChar character, bool isShort)
 {
-    const QByteArray inList = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-    const QString json = QString::fromUtf8(inList.mid(1, inList.size() - 2));
-    if (std::none_of(json.begin(), json.end(), isUnsafe))
-        return json.toStdString();
-    QString escaped;
-    for (const QChar character : json) // unsafe ones are in texts only
-        escaped += isUnsafe(character) ? escapeOf(character) : QString(character);
-    return escaped.toStdString();
+    const auto* const found = std::find_if(std::begin(shortEscapes), std::end(shortEscapes), [&](ShortEscape escape) {
+        return character == QLatin1Char(escape.control);
+    });
+    return isShort && found != std::end(shortEscapes) ? QLatin1Char('\\') + QString(QLatin1Char(found->letter))
+                                                      : numberedEscape(character);
+}
+
+/// A number as a program writes it: digits only, where it is whole and a double holds it exactly.
+std::string numeral(double number)
+{
+    constexpr double exact = 9007199254740992.0; // 2 to the power of 53
+    const bool isWhole = std::trunc(number) == number && std::abs(number) <= exact;
+    return isWhole ? std::to_string(static_cast<std::int64_t>(number))
+                   : QString::number(number, 'g', QLocale::FloatingPointShortest).toStdString();
 }
 
 } // namespace
 
-void JsonWriter::value(const QString& key, const QJsonValue& value)
+void Writer::openObject(std::string_view name, Spread spread)
 {
-    begin(key);
-    m_out << jsonOf(value);
+    key(name);
+    openObject(spread);
 }
 
-void JsonWriter::line(std::initializer_list<Member> members)
+void Writer::openList(std::string_view name, Spread spread)
 {
-    begin({});
-    const char* separator = "{";
-    for (const Member& member : members) {
-        if (member.second.isUndefined())
-            continue;
-        m_out << separator << jsonOf(QString(member.first)) << ": " << jsonOf(member.second);
-        separator = ", ";
+    key(name);
+    openList(spread);
+}
+
+void Writer::key(std::string_view name)
+{
+    text(name);
+    m_out << (spread() == Spread::Tight ? ":" : ": ");
+    m_hasKey = true;
+}
+
+void Writer::number(std::int64_t number)
+{
+    begin();
+    m_out << number;
+}
+
+void Writer::fraction(float number)
+{
+    plain(std::isfinite(number) ? fractionText(number) : std::string("null"));
+}
+
+void Writer::text(std::string_view utf8)
+{
+    if (!std::all_of(utf8.begin(), utf8.end(), isPlain)) {
+        text(QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size())));
+        return;
     }
-    m_out << '}';
+    begin();
+    m_out << '"' << utf8 << '"';
 }
 
-void JsonWriter::begin(const QString& key)
+void Writer::text(const QString& text)
 {
-    if (!m_isFirst)
-        m_out << ',';
-    if (m_depth > 0)
-        newLine();
-    if (!key.isEmpty())
-        m_out << jsonOf(key) << ": ";
+    const std::string utf8 = escaped(text).toStdString(); // before the comma: there may be no memory for it
+    begin();
+    m_out << '"' << utf8 << '"';
+}
+
+void Writer::value(const QJsonValue& value)
+{
+    switch (value.type()) {
+    case QJsonValue::Bool:
+        return flag(value.toBool());
+    case QJsonValue::Double:
+        return plain(numeral(value.toDouble()));
+    case QJsonValue::String:
+        return text(value.toString());
+    case QJsonValue::Array:
+        openList(Spread::Tight);
+        for (const QJsonValue& element : value.toArray())
+            this->value(element);
+        return closeList();
+    case QJsonValue::Object: {
+        const QJsonObject object = value.toObject();
+        openObject(Spread::Tight);
+        for (auto member = object.begin(); member != object.end(); ++member) {
+            key(member.key().toStdString());
+            this->value(member.value());
+        }
+        return closeObject();
+    }
+    case QJsonValue::Null:
+    case QJsonValue::Undefined:
+        break;
+    }
+    null();
+}
+
+void Writer::value(std::string_view name, const QJsonValue& member)
+{
+    key(name);
+    value(member);
+}
+
+void Writer::line(std::initializer_list<Member> members)
+{
+    openObject(Spread::OneLine);
+    for (const auto& [name, member] : members)
+        if (!member.isUndefined())
+            value(name, member);
+    closeObject();
+}
+
+/// What stands between the value before and this one.
+void Writer::begin()
+{
+    const Spread around = spread();
+    if (!m_hasKey && !m_isFirst)
+        m_out << (around == Spread::OneLine ? ", " : ",");
+    if (!m_hasKey && around == Spread::Lines && depth(Spread::Lines) > 0)
+        startLine();
+    m_hasKey = false;
     m_isFirst = false;
 }
 
-void JsonWriter::open(const QString& key, char bracket)
+void Writer::plain(std::string_view token)
 {
-    begin(key);
+    begin();
+    m_out << token;
+}
+
+void Writer::open(char bracket, Spread spread)
+{
+    begin();
     m_out << bracket;
-    ++m_depth;
+    ++depth(std::max(spread, this->spread()));
     m_isFirst = true;
 }
 
-void JsonWriter::close(char bracket)
+void Writer::close(char bracket)
 {
-    --m_depth;
-    if (!m_isFirst)
-        newLine();
+    const Spread closed = spread();
+    --depth(closed);
+    if (closed == Spread::Lines && !m_isFirst)
+        startLine();
     m_out << bracket;
     m_isFirst = false;
-    if (m_depth == 0)
-        m_out << '\n';
 }
 
-void JsonWriter::newLine()
+void Writer::startLine()
 {
-    constexpr std::size_t indentation = 2;
-    m_out << '\n' << std::string(static_cast<std::size_t>(m_depth) * indentation, ' ');
+    m_out << '\n';
+    for (std::size_t blank = 0; blank < depth(Spread::Lines) * m_layout.indentation; ++blank)
+        m_out << ' ';
 }
+
+/// That of the innermost open object or list: within a close one there is no wider one.
+Spread Writer::spread() const
+{
+    for (const Spread spread : {Spread::Tight, Spread::OneLine})
+        if (m_depths.at(static_cast<std::size_t>(spread)) > 0)
+            return spread;
+    return Spread::Lines;
+}
+
+QString Writer::escaped(const QString& text) const
+{
+    QString escaped;
+    for (const QChar character : text) {
+        if (character == QLatin1Char('"') || character == QLatin1Char('\\'))
+            escaped += QLatin1Char('\\') + QString(character);
+        else if (isUnsafe(character))
+            escaped += controlEscape(character, m_layout.hasShortEscapes);
+        else
+            escaped += character;
+    }
+    return escaped;
+}
+
+} // namespace json

@@ -1,44 +1,83 @@
-// jsonWriter.h - writes JSON for people: keys in a chosen order, small objects in one line.
+// jsonWriter.h - writes JSON as it comes, on lines that people read.
 #pragma once
 
 #include <QJsonValue>
-#include <QLatin1String>
 #include <QString>
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <iosfwd>
+#include <string_view>
 #include <utility>
 
-/// Writes one JSON value as it comes; the caller closes what it opens. A key is empty for the outermost value and for
-/// the elements of a list.
-class JsonWriter
+namespace json {
+
+/// How an object or list is laid out. What is in it is laid out at least as closely.
+enum class Spread
+{
+    Lines, ///< a line for each member
+    OneLine, ///< `{"a": 1, "b": [2, 3]}`
+    Tight, ///< `{"a":1,"b":[2,3]}`
+};
+
+/// Where writers differ.
+struct Layout
+{
+    std::size_t indentation; ///< blanks in front of a line for each object or list around it
+    bool hasShortEscapes; ///< a line feed is `\n`, and not `\u000a`; so with the others that have a letter
+};
+
+/// Writes one JSON value in UTF-8 as it comes; the caller closes what it opens, and gives each member of an object its
+/// key before its value. Where memory ends it throws std::bad_alloc, before any of a plain value or bracket is written.
+class Writer
 {
 public:
-    using Member = std::pair<QLatin1String, QJsonValue>;
+    using Member = std::pair<std::string_view, QJsonValue>;
 
-    /// @param out  takes UTF-8; it must outlive this object
-    explicit JsonWriter(std::ostream& out)
+    /// @param out  has to outlive this
+    Writer(std::ostream& out, const Layout& layout)
         : m_out(out)
+        , m_layout(layout)
     {}
 
-    void openObject(const QString& key = {}) { open(key, '{'); }
+    void openObject(Spread spread = Spread::Lines) { open('{', spread); }
+    void openObject(std::string_view name, Spread spread = Spread::Lines);
     void closeObject() { close('}'); }
-    void openList(const QString& key = {}) { open(key, '['); }
+    void openList(Spread spread = Spread::Lines) { open('[', spread); }
+    void openList(std::string_view name, Spread spread = Spread::Lines);
     void closeList() { close(']'); }
 
-    /// A value in one line.
-    void value(const QString& key, const QJsonValue& value);
+    /// The key of the value that comes next.
+    void key(std::string_view name);
 
-    /// An object in one line, an element of a list. Members that are undefined are left out.
-    void line(std::initializer_list<Member> members);
+    void null() { plain("null"); }
+    void flag(bool isSet) { plain(isSet ? "true" : "false"); }
+    void number(std::int64_t number);
+    void fraction(float number); ///< null for what is no finite number
+    void text(std::string_view utf8); ///< invalid bytes are replaced, unsafe characters escaped
+    void text(const QString& text);
+    void value(const QJsonValue& value); ///< tight; null for an undefined value
+
+    void value(std::string_view name, const QJsonValue& member); ///< a member of an object
+    void line(std::initializer_list<Member> members); ///< an object on one line, without undefined members
 
 private:
-    void begin(const QString& key);
-    void open(const QString& key, char bracket);
+    void begin();
+    void plain(std::string_view token);
+    void open(char bracket, Spread spread);
     void close(char bracket);
-    void newLine();
+    void startLine();
+    [[nodiscard]] Spread spread() const;
+    [[nodiscard]] std::size_t& depth(Spread spread) { return m_depths.at(static_cast<std::size_t>(spread)); }
+    [[nodiscard]] QString escaped(const QString& text) const;
 
     std::ostream& m_out;
-    int m_depth = 0;
-    bool m_isFirst = true; ///< nothing stands yet in what is open
+    Layout m_layout;
+    std::array<std::size_t, 3> m_depths{}; ///< how many objects and lists of each spread are open
+    bool m_isFirst = true; ///< there is nothing yet in what is open
+    bool m_hasKey = false; ///< the key of the next value is written
 };
+
+} // namespace json

@@ -10,6 +10,8 @@
 #include <stdexcept>
 #include <utility>
 
+namespace show {
+
 namespace {
 
 /// A device after it has been selected, made of what that reads. It borrows the PDOs and slots of the other device as
@@ -134,3 +136,5 @@ void setChoiceRows(StartupSources& sources, const struct_EtherCatDevice& device,
             ofList.sources.at(ofList.first + position).choiceRow = row++;
     });
 }
+
+} // namespace show

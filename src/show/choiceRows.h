@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <optional>
 
+namespace show {
+
 /// Number of the first PDO of each list of a device, in its list of PDOs; nothing where selecting the device would
 /// change the list.
 struct ChoicePdoRows
@@ -29,3 +31,5 @@ struct ChoicePdoRows
 /// Gives each source of a device its row in the list of startup commands, as far as rows reach.
 /// @param isSame  see `isSameAfterSelection`; if not, the commands of the module list get none
 void setChoiceRows(StartupSources& sources, const struct_EtherCatDevice& device, bool isSame);
+
+} // namespace show

@@ -3,7 +3,7 @@
 #include "esi/derivation/rangeErrors.h"
 #include "ktl/ktlExport.h"
 #include "ktl/reading/ktlItemWalk.h"
-#include "show/exportCounts.h"
+#include "ktl/writing/moduleCounts.h"
 #include "show/showWords.h"
 #include "system/cStreams.h"
 
@@ -14,6 +14,8 @@
 #include <stdexcept>
 #include <utility>
 #include <vector>
+
+namespace show {
 
 namespace {
 
@@ -80,3 +82,5 @@ ShownDevices exportedDevices(struct_FilenameDevice& file, ExportProblemSink tell
 {
     return {file.device.size(), Exporter(file, std::move(tell))};
 }
+
+} // namespace show

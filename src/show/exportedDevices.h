@@ -8,6 +8,8 @@
 
 #include <functional>
 
+namespace show {
+
 /// What is wrong with the export of a device.
 struct ExportProblem
 {
@@ -28,3 +30,5 @@ using ExportProblemSink = std::function<void(const ExportProblem&)>;
 /// @param tell  takes the problems of a device the first time that it is asked for; has to be valid as long
 /// @throws      std::bad_alloc from the result
 [[nodiscard]] ShownDevices exportedDevices(struct_FilenameDevice& file, ExportProblemSink tell);
+
+} // namespace show

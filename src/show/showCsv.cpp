@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <ostream>
 
+namespace show {
+
 namespace {
 
 bool isKept(QChar character)
@@ -76,3 +78,5 @@ void CsvWriter::writeRow(const std::vector<std::string>& fields)
     row += "\r\n";
     m_out << row;
 }
+
+} // namespace show

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace show {
+
 /// Whom the rows are for.
 enum class CsvForm
 {
@@ -26,3 +28,5 @@ private:
     std::ostream& m_out;
     CsvForm m_form;
 };
+
+} // namespace show

@@ -1,20 +1,22 @@
 #include "show/showDevice.h"
 
-#include "editing/linkTexts.h"
+#include "show/showStartup.h"
 #include "show/showWords.h"
+
+namespace show {
 
 namespace {
 
-std::vector<ShowValue> textList(const std::vector<std::string>& words)
+std::vector<Value> textList(const std::vector<std::string>& words)
 {
-    std::vector<ShowValue> values;
+    std::vector<Value> values;
     values.reserve(words.size());
     for (const std::string& word : words)
         values.push_back(text(word));
     return values;
 }
 
-ShowObject fmmuMembers(const struct_KTL_FmmuAttributes& record)
+Object fmmuMembers(const struct_KTL_FmmuAttributes& record)
 {
     return {{"type", decimal(record.m_iFmmuType)},
             {"typeName", text(directionName(record.m_iFmmuType))},
@@ -23,7 +25,7 @@ ShowObject fmmuMembers(const struct_KTL_FmmuAttributes& record)
             {"opOnly", flag(record.m_iOpOnly != 0)}};
 }
 
-ShowObject syncManagerMembers(const struct_KTL_SmAttributes& record)
+Object syncManagerMembers(const struct_KTL_SmAttributes& record)
 {
     return {{"startAddress", hexadecimal(record.m_iStartAddress)},
             {"minSize", decimal(record.m_iMinSize)},
@@ -33,34 +35,29 @@ ShowObject syncManagerMembers(const struct_KTL_SmAttributes& record)
             {"enable", yesNoNumber(record.Enable)}};
 }
 
-ShowObject modeMembers(const struct_KTL_DcAttributes& record)
+Object modeMembers(const struct_KTL_DcAttributes& record)
 {
     return {{"assignActivate", hexadecimal(record.AssignActivate)},
             {"bits", assignActivateBits(record.AssignActivate)}};
 }
 
-ShowValue linkName(std::int32_t link)
-{
-    return text(linkText(link).toStdString());
-}
-
-ShowObject entryMembers(const struct_KTL_EntryPDOContent& record)
+Object entryMembers(const struct_KTL_EntryPDOContent& record)
 {
     return {{"index", hexadecimal(record.Index)},  {"subIndex", decimal(record.SubIndex)},
             {"bitLength", decimal(record.Bitlen)}, {"fixed", flag(record.m_bFixed != 0)},
-            {"link", decimal(record.LinkToData)},  {"linkName", linkName(record.LinkToData)}};
+            {"link", decimal(record.LinkToData)},  {"linkName", text(linkWords(record.LinkToData))}};
 }
 
-ShowObject moduleEntryMembers(const struct_KTL_modulePdoOne& record)
+Object moduleEntryMembers(const struct_KTL_modulePdoOne& record)
 {
     return {{"index", hexadecimal(record.index)},  {"subIndex", decimal(record.SubIndex)},
             {"bitLength", decimal(record.BitLen)}, {"dependOnSlot", flag(record.DependOnSlot != 0)},
-            {"link", decimal(record.LinkToData)},  {"linkName", linkName(record.LinkToData)}};
+            {"link", decimal(record.LinkToData)},  {"linkName", text(linkWords(record.LinkToData))}};
 }
 
 /// PDOs of devices and of modules, whose heads are the same.
 /// @param entryMembersOf  members of one entry
-template<typename Pdo, typename EntryMembers> ShowObject pdoMembers(const Pdo& pdo, EntryMembers entryMembersOf)
+template<typename Pdo, typename EntryMembers> Object pdoMembers(const Pdo& pdo, EntryMembers entryMembersOf)
 {
     return {{"direction", text(pdo.isInput ? "input" : "output")},
             {"index", hexadecimal(pdo.head.IndexAttributes)},
@@ -71,7 +68,7 @@ template<typename Pdo, typename EntryMembers> ShowObject pdoMembers(const Pdo& p
             {"entries", listOf(pdo.entries, entryMembersOf)}};
 }
 
-ShowObject coeMembers(const struct_KTL_COE& coe)
+Object coeMembers(const struct_KTL_COE& coe)
 {
     return {{"sdoInfo", flag(coe.m_bSdoInfo != 0)},           {"pdoAssign", flag(coe.m_bPdoAssign != 0)},
             {"pdoUpload", flag(coe.m_bPdoUpload != 0)},       {"pdoConfig", flag(coe.m_bPdoConfig != 0)},
@@ -79,7 +76,7 @@ ShowObject coeMembers(const struct_KTL_COE& coe)
             {"diagHistory", flag(coe.m_bDiagHistory != 0)}};
 }
 
-ShowObject slotMembers(const struct_KTL_SlotContent& record)
+Object slotMembers(const struct_KTL_SlotContent& record)
 {
     return {{"minInstances", decimal(record.m_iMinInstances)},
             {"maxInstances", decimal(record.m_iMaxInstances)},
@@ -87,30 +84,30 @@ ShowObject slotMembers(const struct_KTL_SlotContent& record)
             {"slotPdoIncrement", hexadecimal(record.SlotPdoIncrement)}};
 }
 
-ShowValue slotsOf(const std::optional<KtlSlots>& deviceSlots)
+Value slotsOf(const std::optional<KtlSlots>& deviceSlots)
 {
     if (!deviceSlots)
         return {};
     const struct_KTL_Slots& head = deviceSlots->head;
-    return {ShowObject{{"downloadModuleIdentList", flag(head.m_bDownloadModuleIdentList != 0)},
-                       {"downloadModuleAddressList", flag(head.m_bDownloadModuleIdentAddressList != 0)},
-                       {"slotIndexIncrement", hexadecimal(head.m_iSlotIndexIncrement)},
-                       {"slotPdoIncrement", hexadecimal(head.m_iSlotPdoIncrement)},
-                       {"list", listOf(deviceSlots->records, slotMembers)}}};
+    return {Object{{"downloadModuleIdentList", flag(head.m_bDownloadModuleIdentList != 0)},
+                   {"downloadModuleAddressList", flag(head.m_bDownloadModuleIdentAddressList != 0)},
+                   {"slotIndexIncrement", hexadecimal(head.m_iSlotIndexIncrement)},
+                   {"slotPdoIncrement", hexadecimal(head.m_iSlotPdoIncrement)},
+                   {"list", listOf(deviceSlots->records, slotMembers)}}};
 }
 
-ShowValue presetOf(const std::optional<KtlPreset>& preset)
+Value presetOf(const std::optional<KtlPreset>& preset)
 {
     if (!preset)
         return {};
     const auto identOf = [](const struct_KTL_Slot_PreModuleIdent& record) {
         return hexadecimal(record.m_iModuleIdent);
     };
-    return {ShowObject{{"modulesInSlots", decimal(preset->head.m_iCountReal)},
-                       {"moduleIdents", listOf(preset->records, identOf)}}};
+    return {Object{{"modulesInSlots", decimal(preset->head.m_iCountReal)},
+                   {"moduleIdents", listOf(preset->records, identOf)}}};
 }
 
-/// Two digits behind one another, as in a date or time.
+/// A number below 100 in two digits, as in a date or time.
 std::string twoDigits(std::uint32_t number)
 {
     constexpr std::uint32_t firstOfTwo = 10;
@@ -126,16 +123,16 @@ std::string threeParts(std::uint32_t number, char separator)
            + twoDigits(number % secondPlace);
 }
 
-ShowValue exportOf(const std::optional<KtlMoreInfo>& moreInfo)
+Value exportOf(const std::optional<KtlMoreInfo>& moreInfo)
 {
     if (!moreInfo)
         return {};
-    return {ShowObject{{"date", text(threeParts(moreInfo->head.m_iDate, '-'))},
-                       {"time", text(threeParts(moreInfo->head.m_iTime, ':'))},
-                       {"formatVersion", hexadecimal(moreInfo->head.m_iVersion)}}};
+    return {Object{{"date", text(threeParts(moreInfo->head.m_iDate, '-'))},
+                   {"time", text(threeParts(moreInfo->head.m_iTime, ':'))},
+                   {"formatVersion", hexadecimal(moreInfo->head.m_iVersion)}}};
 }
 
-ShowValue namesOf(const std::optional<KtlMoreInfo>& moreInfo)
+Value namesOf(const std::optional<KtlMoreInfo>& moreInfo)
 {
     if (!moreInfo)
         return {};
@@ -149,7 +146,7 @@ ShowValue namesOf(const std::optional<KtlMoreInfo>& moreInfo)
     return listOf(textList(names));
 }
 
-ShowObject moduleCommandMembers(const struct_KTL_moduleStartupOne& record)
+Object moduleCommandMembers(const struct_KTL_moduleStartupOne& record)
 {
     return {{"index", hexadecimal(record.index)},
             {"subIndex", decimal(record.SubIndex)},
@@ -159,7 +156,7 @@ ShowObject moduleCommandMembers(const struct_KTL_moduleStartupOne& record)
             {"meaning", text(meaningOf(record))}};
 }
 
-ShowObject moduleMembers(const KtlModule& module)
+Object moduleMembers(const KtlModule& module)
 {
     const auto pdoOf = [](const KtlModulePdo& pdo) { return pdoMembers(pdo, moduleEntryMembers); };
     return {{"ident", hexadecimal(module.attributes.ModuleIdent)},
@@ -171,12 +168,12 @@ ShowObject moduleMembers(const KtlModule& module)
 
 } // namespace
 
-ShowValue assignActivateBits(std::uint32_t assignActivate)
+Value assignActivateBits(std::uint32_t assignActivate)
 {
     return listOf(textList(assignActivateWords(assignActivate)));
 }
 
-ShowObject deviceMembers(const ShownDevice& device)
+Object deviceMembers(const ShownDevice& device)
 {
     const KtlDeviceBlock& block = device.block;
     const struct_KTL_EtherCatDeviceType& general = block.general;
@@ -193,15 +190,17 @@ ShowObject deviceMembers(const ShownDevice& device)
             {"slotCount", decimal(general.m_iSlotCount)},
             {"moduleCount", decimal(general.m_iModuleTypeMax)},
             {"names", namesOf(block.moreInfo)},
-            {"export", device.isExported ? exportOf(block.moreInfo) : ShowValue()},
+            {"export", device.isExported ? exportOf(block.moreInfo) : Value()},
             {"fmmus", listOf(block.fmmus, fmmuMembers)},
             {"syncManagers", listOf(block.syncManagers, syncManagerMembers)},
             {"dcModes", listOf(block.modes, modeMembers)},
             {"pdos", listOf(block.pdos, pdoOf)},
-            {"eoe", {ShowObject{{"ip", flag(block.eoe.m_bIP != 0)}, {"mac", flag(block.eoe.m_bMAC != 0)}}}},
+            {"eoe", {Object{{"ip", flag(block.eoe.m_bIP != 0)}, {"mac", flag(block.eoe.m_bMAC != 0)}}}},
             {"coe", {coeMembers(block.coe)}},
             {"startup", startupGroups(device)},
             {"slots", slotsOf(block.deviceSlots)},
             {"slotPreset", presetOf(block.preset)},
             {"modules", listOf(block.modules, moduleMembers)}};
 }
+
+} // namespace show

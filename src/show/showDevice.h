@@ -6,7 +6,9 @@
 #include "show/showValue.h"
 #include "show/startupOrigins.h"
 
-#include <vector>
+#include <cstdint>
+
+namespace show {
 
 /// A device block with the sources of its commands.
 struct ShownDevice
@@ -16,49 +18,11 @@ struct ShownDevice
     bool isExported = true; ///< false for a device of an ESI file, which has no time of export
 };
 
-/// One startup command of a device block.
-struct ShownCommand
-{
-    std::size_t position = 0; ///< from 1, in the order of the file
-    bool isEoe = false;
-    struct_KTL_InitCmd record = {};
-    const std::vector<std::uint32_t>* values = nullptr; ///< of a complete access; null if they are not known
-    const StartupSource* source = nullptr; ///< never null in the result of `commandsOf`
-};
-
-/// All commands of a device block in the order of the file: EoE, then CoE.
-/// @param device  has to outlive the result
-/// @param values  see `valuesOfCommands`; has to outlive the result too
-[[nodiscard]] std::vector<ShownCommand>
-commandsOf(const ShownDevice& device, const std::optional<std::vector<std::vector<std::uint32_t>>>& values);
-
-/// Whether a command writes a number that the file carries. Not so a complete access, nor a value of more than four
-/// bytes whose number is 0: it did not fit. A number that is not 0 is the value, whatever its length says: that counts
-/// a mark in front of the digits, and zeros behind the last byte that counts.
-[[nodiscard]] bool hasNumber(const struct_KTL_InitCmd& record);
-[[nodiscard]] bool hasNumber(const struct_KTL_moduleStartupOne& record); ///< as above, of a module block
-
-/// The number that a command writes; null if the file does not carry it.
-template<typename Record> [[nodiscard]] ShowValue numberOf(const Record& record)
-{
-    return hasNumber(record) ? bothForms(record.Data) : ShowValue();
-}
-
-/// What a command does, in words, where its object tells: "0x6040:0, 16 bits"; else empty.
-[[nodiscard]] std::string meaningOf(const ShownCommand& command);
-[[nodiscard]] std::string meaningOf(const struct_KTL_moduleStartupOne& record); ///< as above, of a module block
-
-/// Members of one command.
-[[nodiscard]] ShowObject commandMembers(const ShownCommand& command);
-
-/// Startup commands of a device, in groups by transition in the order in which the file has the first of each; in a
-/// group they are in the order of the file.
-/// @param device  has to outlive the result
-[[nodiscard]] ShowValue startupGroups(const ShownDevice& device);
-
 /// Members of all that the format carries of a device.
 /// @param device  has to outlive the result
-[[nodiscard]] ShowObject deviceMembers(const ShownDevice& device);
+[[nodiscard]] Object deviceMembers(const ShownDevice& device);
 
 /// The bits that are set in a DC assign-activate word, spelled out.
-[[nodiscard]] ShowValue assignActivateBits(std::uint32_t assignActivate);
+[[nodiscard]] Value assignActivateBits(std::uint32_t assignActivate);
+
+} // namespace show

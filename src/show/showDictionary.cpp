@@ -1,13 +1,14 @@
 #include "show/showDictionary.h"
 
+#include "model/dataTypeNames.h"
 #include "model/valueTexts.h"
 
 #include <algorithm>
 #include <array>
 
-namespace {
+namespace show {
 
-const QString anyIndex = QStringLiteral("%1"); // the text of the index is not used here: it stands as a number
+namespace {
 
 struct SignedType
 {
@@ -21,17 +22,23 @@ constexpr std::array signedTypes{
     SignedType{"INT16", 16}, SignedType{"INT24", 24}, SignedType{"INT32", 32},
 };
 
-/// The number of a default that reads without its sign; nothing if its type has none, or the number is not of the type.
-std::optional<std::int64_t> signedValue(const std::string& dataType, const std::string& value)
+/// The number of a default with its sign; nothing if its type has none, or the number is not of the type.
+/// @param defaultType  tells whether the default is a text
+std::optional<std::int64_t> signedValue(const std::string& dataType, const std::string& defaultType,
+                                        const str_Info& info)
 {
     const auto* const type = std::find_if(signedTypes.begin(), signedTypes.end(),
                                           [&](const SignedType& candidate) { return dataType == candidate.name; });
-    bool isNumber = false;
-    const qint64 number = QString::fromStdString(value).toLongLong(&isNumber);
-    if (type == signedTypes.end() || !isNumber || number < 0 || number >> type->bits != 0)
+    const auto number = std::int64_t{info.DefaultValue};
+    if (type == signedTypes.end() || isStringType(defaultType) || number >> type->bits != 0)
         return std::nullopt;
-    const qint64 range = qint64{1} << type->bits;
+    const std::int64_t range = std::int64_t{1} << type->bits;
     return number < range / 2 ? number : number - range;
+}
+
+std::string accessOf(NMTOKEN access)
+{
+    return tokenText(access).toStdString();
 }
 
 } // namespace
@@ -51,39 +58,55 @@ DictionaryRowList::DictionaryRowList(const std::vector<struct_DataTypes>& dataTy
 
 ShownDictionaryRow DictionaryRowList::row(std::size_t number)
 {
-    ShownDictionaryRow row = rowAt(m_places.at(number));
-    row.signedValue = signedValue(row.dataType, row.value);
-    return row;
-}
-
-ShownDictionaryRow DictionaryRowList::rowAt(const Place& place)
-{
+    const Place& place = m_places.at(number);
     return place.isObject ? objectRow(place) : rowUnder(place);
 }
 
 ShownDictionaryRow DictionaryRowList::objectRow(const Place& place)
 {
-    const QStringList texts = m_texts.ofObject(*place.object, anyIndex);
-    const bool isCounted = place.under.subItem != nullptr;
-    const QString value =
-        isCounted ? m_texts.valueOf(*place.under.dataType, *place.under.subItem) : texts.value(ValueColumn);
-    return {place.object->index,   0,
-            place.object->Name,    texts.value(FlagsColumn).toStdString(),
-            place.object->BitSize, texts.value(TypeColumn).toStdString(),
-            value.toStdString(),   std::nullopt};
+    const struct_Object& object = *place.object;
+    const DataTypeSubItem* const count = place.under.subItem;
+    const std::string dataType = isStructuredType(object.Type) ? std::string() : object.Type;
+    const std::string& defaultType = count != nullptr ? count->Type : object.Type;
+    const str_Info& info = count != nullptr ? m_texts.infoOf(*place.under.dataType, *count) : object.Info;
+    return {object.index,
+            0,
+            object.Name,
+            accessOf(object.flags.Access),
+            object.BitSize,
+            dataType,
+            valueText(defaultType, info).toStdString(),
+            signedValue(dataType, defaultType, info)};
 }
 
 ShownDictionaryRow DictionaryRowList::rowUnder(const Place& place)
 {
-    const QString objectFlags = tokenText(place.object->flags.Access);
-    const QStringList texts = m_texts.ofRow(place.under, anyIndex, objectFlags);
-    const DataTypeSubItem* const subItem = place.under.subItem;
-    return {place.object->index,
-            subItem != nullptr ? std::int64_t{subItem->SubIdx} : std::int64_t{place.under.element},
-            texts.value(NameColumn).toStdString(),
-            texts.value(FlagsColumn).toStdString(),
-            texts.value(BitSizeColumn).toInt(),
-            texts.value(TypeColumn).toStdString(),
-            texts.value(ValueColumn).toStdString(),
+    const struct_Object& object = *place.object;
+    if (place.under.subItem == nullptr)
+        return elementRow(object, place.under);
+    const DataTypeSubItem& subItem = *place.under.subItem;
+    const str_Info& info = m_texts.infoOf(*place.under.dataType, subItem);
+    return {object.index,
+            subItem.SubIdx,
+            subItem.Name,
+            accessOf(subItem.flag.Access),
+            subItem.BitSize,
+            subItem.Type,
+            valueText(subItem.Type, info).toStdString(),
+            signedValue(subItem.Type, subItem.Type, info)};
+}
+
+ShownDictionaryRow DictionaryRowList::elementRow(const struct_Object& object, const DictionaryRow& element) const
+{
+    const std::string& baseType = element.dataType->BaseType;
+    return {object.index,
+            element.element,
+            elementName(QString::number(element.element)).toStdString(),
+            accessOf(object.flags.Access),
+            m_index.sizeOfDataType(baseType),
+            baseType,
+            {},
             std::nullopt};
 }
+
+} // namespace show

@@ -10,7 +10,9 @@
 #include <string>
 #include <vector>
 
-/// One row: an object, or what stands under it.
+namespace show {
+
+/// One row: an object, or a part of it.
 struct ShownDictionaryRow
 {
     std::uint32_t index = 0;
@@ -42,16 +44,18 @@ private:
     /// Where a row comes from.
     struct Place
     {
-        const struct_Object* object; ///< the object, or the one that the row stands under
+        const struct_Object* object; ///< the object, or the one that the row is a part of
         DictionaryRow under; ///< of an object itself, the data type and sub-item that count what is under it
         bool isObject;
     };
 
-    [[nodiscard]] ShownDictionaryRow rowAt(const Place& place);
     [[nodiscard]] ShownDictionaryRow objectRow(const Place& place);
     [[nodiscard]] ShownDictionaryRow rowUnder(const Place& place);
+    [[nodiscard]] ShownDictionaryRow elementRow(const struct_Object& object, const DictionaryRow& element) const;
 
     DictionaryIndex m_index;
     DictionaryTexts m_texts{m_index};
     std::vector<Place> m_places;
 };
+
+} // namespace show

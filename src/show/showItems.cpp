@@ -9,6 +9,8 @@
 #include <ostream>
 #include <sstream>
 
+namespace show {
+
 namespace {
 
 constexpr std::size_t wordSize = sizeof(std::uint32_t);
@@ -52,11 +54,11 @@ struct ShownItem
     KtlItemParts parts;
 };
 
-ShowValue fieldValue(const ItemBytes& bytes, std::size_t record, const KtlField& field)
+Value fieldValue(const ItemBytes& bytes, std::size_t record, const KtlField& field)
 {
     if (field.count == 1)
         return bothForms(numberIn(bytes, record, field));
-    std::vector<ShowValue> values;
+    std::vector<Value> values;
     for (std::size_t index = 0; index < field.count; ++index)
         values.push_back(decimal(numberIn(bytes, record, field, index)));
     return listOf(std::move(values));
@@ -64,26 +66,26 @@ ShowValue fieldValue(const ItemBytes& bytes, std::size_t record, const KtlField&
 
 /// The fields of a head or record that are there.
 /// @param end  offset behind them in the item
-ShowObject fieldMembers(const ItemBytes& bytes, const KtlFields& fields, std::size_t record, std::size_t end)
+Object fieldMembers(const ItemBytes& bytes, const KtlFields& fields, std::size_t record, std::size_t end)
 {
-    ShowObject members;
+    Object members;
     for (const KtlField& field : fields)
         if (record + field.end() <= end)
             members.push_back({field.name, fieldValue(bytes, record, field)});
     return members;
 }
 
-ShowValue recordList(const ShownItem& shown)
+Value recordList(const ShownItem& shown)
 {
-    return {ShowList{shown.parts.records, [shown](std::size_t index) -> ShowValue {
-                         const std::size_t record = shown.recordOffset(index);
-                         return {fieldMembers(shown.item.bytes, shown.layout.record, record, shown.parts.recordsEnd)};
-                     }}};
+    return {List{shown.parts.records, [shown](std::size_t index) -> Value {
+                     const std::size_t record = shown.recordOffset(index);
+                     return {fieldMembers(shown.item.bytes, shown.layout.record, record, shown.parts.recordsEnd)};
+                 }}};
 }
 
-ShowValue wordList(const ShownItem& shown)
+Value wordList(const ShownItem& shown)
 {
-    return {ShowList{shown.words(), [shown](std::size_t index) { return hexadecimal(shown.word(index)); }}};
+    return {List{shown.words(), [shown](std::size_t index) { return hexadecimal(shown.word(index)); }}};
 }
 
 /// Lines of an item for people, one below the other.
@@ -171,7 +173,7 @@ private:
 
 } // namespace
 
-ShowObject itemMembers(const KtlFileItem& item)
+Object itemMembers(const KtlFileItem& item)
 {
     const ShownItem shown(item);
     const KtlItemParts& parts = shown.parts;
@@ -183,8 +185,8 @@ ShowObject itemMembers(const KtlFileItem& item)
             {"present", decimal(static_cast<std::int64_t>(item.bytes.size()))},
             {"fields", {fieldMembers(item.bytes, shown.layout.head, 0, parts.headEnd)}},
             {"records", recordList(shown)},
-            {"values", hasWords ? ShowValue{ShowList{}} : wordList(shown)},
-            {"words", hasWords ? wordList(shown) : ShowValue{ShowList{}}},
+            {"values", hasWords ? Value{List{}} : wordList(shown)},
+            {"words", hasWords ? wordList(shown) : Value{List{}}},
             {"text", text(shown.text())},
             {"fill", text(bytesText(item.bytes, parts.tailEnd, parts.fillEnd))},
             {"rest", text(bytesText(item.bytes, parts.fillEnd, item.bytes.size()))}};
@@ -212,3 +214,5 @@ void writeItemText(std::ostream& out, const KtlFileItem& item, std::size_t lineW
     lines.writeBytes("fill", shown.parts.tailEnd, shown.parts.fillEnd);
     lines.writeBytes("rest", shown.parts.fillEnd, item.bytes.size());
 }
+
+} // namespace show

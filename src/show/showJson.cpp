@@ -1,77 +1,72 @@
 #include "show/showJson.h"
 
-#include "show/showWords.h"
-#include "text/unsafeCharacters.h"
-
-#include <QString>
+#include "json/jsonWriter.h"
 
 #include <algorithm>
-#include <cmath>
 #include <functional>
 #include <new>
 #include <ostream>
 
+namespace show {
+
 namespace {
 
-bool isFlat(const ShowValue& value);
+constexpr json::Layout layout{1, false};
 
-bool isFlat(const ShowList& list)
+bool isFlat(const Value& value);
+
+bool isFlat(const List& list)
 {
-    return list.count == 0 || !std::holds_alternative<ShowObject>(list.at(0).content);
+    return list.count == 0 || !std::holds_alternative<Object>(list.at(0).content);
 }
 
-bool isFlat(const ShowObject& object)
+bool isFlat(const Object& object)
 {
-    return std::all_of(object.begin(), object.end(), [](const ShowMember& member) { return isFlat(member.value); });
+    return std::all_of(object.begin(), object.end(), [](const Member& member) { return isFlat(member.value); });
 }
 
-/// Whether a value stands on one line: there is no list of objects in it. A list counts by its first element.
-bool isFlat(const ShowValue& value)
+/// Whether a value goes on one line: there is no list of objects in it. A list counts by its first element.
+bool isFlat(const Value& value)
 {
-    if (const auto* const list = std::get_if<ShowList>(&value.content))
+    if (const auto* const list = std::get_if<List>(&value.content))
         return isFlat(*list);
-    const auto* const object = std::get_if<ShowObject>(&value.content);
+    const auto* const object = std::get_if<Object>(&value.content);
     return object == nullptr || isFlat(*object);
+}
+
+template<typename Content> json::Spread spreadOf(const Content& content)
+{
+    return isFlat(content) ? json::Spread::OneLine : json::Spread::Lines;
 }
 
 /// Writes values, and goes on where memory ends: every list and object that was begun is closed, and null stands for
 /// what is missing.
-class JsonWriter
+class ValueWriter
 {
 public:
-    explicit JsonWriter(std::ostream& out)
-        : m_out(out)
+    explicit ValueWriter(std::ostream& out)
+        : m_json(out, layout)
     {}
 
-    void write(const ShowValue& value)
+    void write(const Value& value)
     {
         std::visit([this](const auto& content) { put(content); }, value.content);
     }
 
     /// @param lastMember  makes the last member; null if there is none besides those of the object
-    void writeObject(const ShowObject& object, const std::function<ShowMember(bool isWhole)>& lastMember)
+    void writeObject(const Object& object, const std::function<Member(bool isWhole)>& lastMember)
     {
-        bool isOnOneLine = false;
-        if (!attempt([&] { isOnOneLine = lastMember == nullptr && isFlat(object); })) {
-            m_out << "null";
+        json::Spread spread = json::Spread::Lines;
+        if (!attempt([&] { spread = lastMember != nullptr ? json::Spread::Lines : spreadOf(object); })) {
+            m_json.null();
             return;
         }
-        m_out << '{';
-        ++m_depth;
-        const char* separator = "";
-        for (const ShowMember& member : object) {
-            m_out << separator;
-            writeMember(member, isOnOneLine);
-            separator = isOnOneLine ? ", " : ",";
-        }
-        if (lastMember != nullptr) {
-            m_out << separator;
-            writeMember(lastMember(m_isWhole), isOnOneLine);
-        }
-        --m_depth;
-        if (!isOnOneLine)
-            startLine();
-        m_out << '}';
+        m_json.openObject(spread);
+        for (const Member& member : object)
+            writeMember(member);
+        if (lastMember != nullptr)
+            writeMember(lastMember(m_isWhole));
+        m_json.closeObject();
     }
 
     /// Whether there was memory for all that was to be written.
@@ -90,107 +85,58 @@ private:
         }
     }
 
-    void put(std::monostate /*nothing*/) { m_out << "null"; }
-    void put(bool isSet) { m_out << (isSet ? "true" : "false"); }
-    void put(const ShowNumber& number) { m_out << number.value; }
-    void put(float number) { m_out << (std::isfinite(number) ? fractionText(number) : std::string("null")); }
+    void put(std::monostate /*nothing*/) { m_json.null(); }
+    void put(bool isSet) { m_json.flag(isSet); }
+    void put(const Number& number) { m_json.number(number.value); }
+    void put(float number) { m_json.fraction(number); }
     void put(const std::string& utf8)
     {
-        if (std::all_of(utf8.begin(), utf8.end(), needsNoLook)) {
-            m_out << '"' << utf8 << '"';
+        if (!attempt([&] { m_json.text(utf8); }))
+            m_json.null();
+    }
+    void put(const Object& object) { writeObject(object, nullptr); }
+    void put(const List& list)
+    {
+        json::Spread spread = json::Spread::Lines;
+        if (!m_isWhole || !attempt([&] { spread = spreadOf(list); })) {
+            m_json.null();
             return;
         }
-        std::string escaped;
-        if (attempt([&] { escaped = escapedText(utf8); }))
-            m_out << '"' << escaped << '"';
-        else
-            m_out << "null";
-    }
-
-    /// Whether a byte is a character by itself that stands in JSON as it is; most texts have no others.
-    static bool needsNoLook(char byte) { return byte >= ' ' && byte <= '~' && byte != '"' && byte != '\\'; }
-
-    static std::string escapedText(const std::string& utf8)
-    {
-        QString escaped;
-        for (const QChar character : QString::fromStdString(utf8)) {
-            if (character == QLatin1Char('"') || character == QLatin1Char('\\'))
-                escaped += QLatin1Char('\\') + QString(character);
-            else if (isUnsafe(character))
-                escaped += escapeOf(character);
-            else
-                escaped += character;
-        }
-        return escaped.toStdString();
-    }
-
-    static QString escapeOf(QChar character)
-    {
-        constexpr int digits = 4;
-        constexpr int hexadecimal = 16;
-        return QStringLiteral("\\u%1").arg(character.unicode(), digits, hexadecimal, QLatin1Char('0'));
-    }
-
-    void put(const ShowObject& object) { writeObject(object, nullptr); }
-
-    void writeMember(const ShowMember& member, bool isOnOneLine)
-    {
-        if (!isOnOneLine)
-            startLine();
-        m_out << '"' << member.key << "\": ";
-        write(member.value);
-    }
-
-    void put(const ShowList& list)
-    {
-        bool isOnOneLine = false;
-        if (!m_isWhole || !attempt([&] { isOnOneLine = isFlat(list); })) {
-            m_out << "null";
-            return;
-        }
-        m_out << '[';
-        ++m_depth;
+        m_json.openList(spread);
         for (std::size_t index = 0; index < list.count && m_isWhole; ++index) {
-            if (index > 0)
-                m_out << (isOnOneLine ? ", " : ",");
-            if (!isOnOneLine)
-                startLine();
-            ShowValue element; // null if there is no memory for it
+            Value element; // null if there is no memory for it
             attempt([&] { element = list.at(index); });
             write(element);
         }
-        --m_depth;
-        if (!isOnOneLine)
-            startLine();
-        m_out << ']';
+        m_json.closeList();
     }
 
-    void startLine()
+    void writeMember(const Member& member)
     {
-        m_out << '\n';
-        for (std::size_t blank = 0; blank < m_depth; ++blank)
-            m_out << ' ';
+        m_json.key(member.key);
+        write(member.value);
     }
 
-    std::ostream& m_out;
-    std::size_t m_depth = 0;
+    json::Writer m_json;
     bool m_isWhole = true;
 };
 
 } // namespace
 
-void writeJson(std::ostream& out, const ShowValue& value)
+void writeJson(std::ostream& out, const Value& value)
 {
-    JsonWriter writer(out);
+    ValueWriter writer(out);
     writer.write(value);
     if (!writer.isWhole())
         throw std::bad_alloc();
 }
 
-void writeJson(std::ostream& out, const ShowObject& object, const std::function<ShowMember(bool isWhole)>& lastMember)
+void writeJson(std::ostream& out, const Object& object, const std::function<Member(bool isWhole)>& lastMember)
 {
-    JsonWriter writer(out);
+    ValueWriter writer(out);
     writer.writeObject(object, lastMember);
     if (!writer.isWhole())
         throw std::bad_alloc();
 }
+
+} // namespace show

@@ -6,12 +6,16 @@
 #include <functional>
 #include <iosfwd>
 
+namespace show {
+
 /// Writes a value as JSON in UTF-8, without a line feed at the end. A value without a list of objects in it stands
 /// on one line; what is deeper is indented. The same value gives the same bytes.
-void writeJson(std::ostream& out, const ShowValue& value);
+void writeJson(std::ostream& out, const Value& value);
 
 /// As above, for an object whose last member is known only when the others are written.
 /// @param lastMember  gets whether the others could be written
 /// @throws std::bad_alloc if they could not; what is written is whole JSON all the same: null stands for
 ///         what is missing
-void writeJson(std::ostream& out, const ShowObject& object, const std::function<ShowMember(bool isWhole)>& lastMember);
+void writeJson(std::ostream& out, const Object& object, const std::function<Member(bool isWhole)>& lastMember);
+
+} // namespace show

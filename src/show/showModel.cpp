@@ -1,17 +1,23 @@
 #include "show/showModel.h"
 
 #include "show/choiceRows.h"
+#include "show/showCommandLists.h"
 #include "show/showDevice.h"
+#include "show/showModelDictionary.h"
+#include "show/showPdos.h"
+#include "show/showSlots.h"
 #include "show/showWords.h"
+
+namespace show {
 
 namespace {
 
-ShowObject dcPdoMembers(const Struct_DCPdo& pdo)
+Object dcPdoMembers(const Struct_DCPdo& pdo)
 {
     return {{"index", hexadecimal(pdo.m_index)}, {"oversamplingFactor", decimal(pdo.Attributes.m_OsFac)}};
 }
 
-ShowObject dcSyncManagerMembers(const Struct_DCSm& syncManager)
+Object dcSyncManagerMembers(const Struct_DCSm& syncManager)
 {
     return {{"number", decimal(syncManager.Attributes.m_No)},
             {"syncType", decimal(syncManager.m_SyncType)},
@@ -20,7 +26,7 @@ ShowObject dcSyncManagerMembers(const Struct_DCSm& syncManager)
             {"pdos", listOf(syncManager.m_Pdo, dcPdoMembers)}};
 }
 
-ShowObject modeMembers(const Struct_DCOpMode& mode)
+Object modeMembers(const Struct_DCOpMode& mode)
 {
     const DCOversampling& oversampling = mode.vendorSpecific.twinCAT.oversampling;
     return {{"name", text(mode.Name)},
@@ -32,12 +38,12 @@ ShowObject modeMembers(const Struct_DCOpMode& mode)
             {"cycleTimeSync1", decimal(mode.m_CycleTimeSync1)},
             {"shiftTimeSync1", decimal(mode.m_ShiftTimeSync1)},
             {"oversampling",
-             {ShowObject{{"defaultFactor", decimal(oversampling.m_DefaultFactor)},
-                         {"minCycleTime", decimal(oversampling.m_MinCycleTime)}}}},
+             {Object{{"defaultFactor", decimal(oversampling.m_DefaultFactor)},
+                     {"minCycleTime", decimal(oversampling.m_MinCycleTime)}}}},
             {"syncManagers", listOf(mode.m_Sm, dcSyncManagerMembers)}};
 }
 
-ShowObject fmmuMembers(const Struct_Fmmu& fmmu)
+Object fmmuMembers(const Struct_Fmmu& fmmu)
 {
     return {{"name", text(fmmu.m_Name)},
             {"type", decimal(fmmu.m_FmmuType)},
@@ -47,7 +53,7 @@ ShowObject fmmuMembers(const Struct_Fmmu& fmmu)
             {"opOnly", flag(fmmu.m_OpOnly)}};
 }
 
-ShowObject syncManagerMembers(const struct_SM& syncManager)
+Object syncManagerMembers(const struct_SM& syncManager)
 {
     const SmAttributes& attributes = syncManager.Attributes;
     return {{"number", decimal(syncManager.SM)},
@@ -64,18 +70,18 @@ ShowObject syncManagerMembers(const struct_SM& syncManager)
             {"virtual", yesNoNumber(attributes.m_Virtual)}};
 }
 
-ShowValue coeFlags(const CoeAttributes& coe)
+Value coeFlags(const CoeAttributes& coe)
 {
-    return {ShowObject{{"sdoInfo", flag(coe.SdoInfo)},
-                       {"pdoAssign", flag(coe.PdoAssign)},
-                       {"pdoUpload", flag(coe.PdoUpload)},
-                       {"pdoConfig", flag(coe.PdoConfig)},
-                       {"segmentedSdo", flag(coe.SegmentedSdo)},
-                       {"completeAccess", flag(coe.CompleteAccess)},
-                       {"diagHistory", flag(coe.DiagHistory)}}};
+    return {Object{{"sdoInfo", flag(coe.SdoInfo)},
+                   {"pdoAssign", flag(coe.PdoAssign)},
+                   {"pdoUpload", flag(coe.PdoUpload)},
+                   {"pdoConfig", flag(coe.PdoConfig)},
+                   {"segmentedSdo", flag(coe.SegmentedSdo)},
+                   {"completeAccess", flag(coe.CompleteAccess)},
+                   {"diagHistory", flag(coe.DiagHistory)}}};
 }
 
-ShowObject commandLists(const struct_EtherCatDevice& device)
+Object commandLists(const struct_EtherCatDevice& device)
 {
     return {{"deviceCoe", commandList(device.Mailbox.COE.InitCmd.vinitcmd)},
             {"deviceEoe", commandList(device.Mailbox.EOE.InitCmd.vinitcmd)},
@@ -84,12 +90,12 @@ ShowObject commandLists(const struct_EtherCatDevice& device)
 
 } // namespace
 
-ShowObject modelMembers(struct_EtherCatDevice& device, ShowDetail detail)
+Object modelMembers(struct_EtherCatDevice& device, Detail detail)
 {
     const DeviceTypeAttributes& type = device.TypeAttributes;
     const EoeAttributes& eoe = device.Mailbox.EOE.Attributes;
     const ChoicePdoRows rows = choicePdoRows(device, isSameAfterSelection(device));
-    ShowObject members{
+    Object members{
         {"name", text(device.Name)},
         {"type", text(type.type)},
         {"productCode", bothForms(type.Product_Code)},
@@ -101,7 +107,7 @@ ShowObject modelMembers(struct_EtherCatDevice& device, ShowDetail detail)
         {"driveAxes", decimal(device.m_iDriveAxies)},
         {"configIndex", hexadecimal(device.configindex)},
         {"detectIndex", hexadecimal(device.detectindex)},
-        {"eoe", {ShowObject{{"ip", flag(eoe.IP)}, {"mac", flag(eoe.MAC)}}}},
+        {"eoe", {Object{{"ip", flag(eoe.IP)}, {"mac", flag(eoe.MAC)}}}},
         {"coe", coeFlags(device.Mailbox.COE.Attributes)},
         {"dcModes", listOf(device.vopmode, modeMembers)},
         {"fmmus", listOf(device.vFmmu, fmmuMembers)},
@@ -113,7 +119,9 @@ ShowObject modelMembers(struct_EtherCatDevice& device, ShowDetail detail)
         {"slots", {slotsMembers(device.Slots, detail)}},
         {"dictionary", {dictionaryMembers(device.Dictionary.vdatatype, device.Dictionary.vobject, detail)}},
         {"moduleDictionary", {dictionaryMembers(device.mDictionary.mdatatype, device.mDictionary.mobject, detail)}}};
-    if (detail == ShowDetail::Everything)
+    if (detail == Detail::Everything)
         members.push_back({"commands", {commandLists(device)}});
     return members;
 }
+
+} // namespace show

@@ -1,23 +1,25 @@
-// showModelDictionary.cpp - CoE dictionaries of the model: data types, objects, and the rows that they give.
+#include "show/showModelDictionary.h"
+
 #include "show/showDictionary.h"
-#include "show/showModel.h"
 #include "show/showWords.h"
 
 #include <memory>
 
+namespace show {
+
 namespace {
 
-ShowObject arrayMembers(const ArrayInfo& array)
+Object arrayMembers(const ArrayInfo& array)
 {
     return {{"lowerBound", decimal(array.LBound)}, {"elements", decimal(array.Elements)}};
 }
 
-ShowObject enumMembers(const EnumInfo& value)
+Object enumMembers(const EnumInfo& value)
 {
     return {{"name", text(value.Name)}, {"value", decimal(value.Enum)}, {"comment", text(value.Comment)}};
 }
 
-ShowObject subItemMembers(const DataTypeSubItem& subItem)
+Object subItemMembers(const DataTypeSubItem& subItem)
 {
     return {{"subIndex", decimal(subItem.SubIdx)},
             {"name", text(subItem.Name)},
@@ -30,7 +32,7 @@ ShowObject subItemMembers(const DataTypeSubItem& subItem)
             {"setting", decimal(subItem.flag.Setting)}};
 }
 
-ShowObject dataTypeMembers(const struct_DataTypes& dataType)
+Object dataTypeMembers(const struct_DataTypes& dataType)
 {
     return {{"name", text(dataType.Name)},
             {"bitSize", decimal(dataType.BitSize)},
@@ -41,7 +43,7 @@ ShowObject dataTypeMembers(const struct_DataTypes& dataType)
             {"enumeration", listOf(dataType.venuminfo, enumMembers)}};
 }
 
-ShowObject objectSubItemMembers(const struct_Subitem& subItem)
+Object objectSubItemMembers(const struct_Subitem& subItem)
 {
     const struct_ObjectInfo& info = subItem.Info.Info;
     return {{"name", text(subItem.Name)},
@@ -51,7 +53,7 @@ ShowObject objectSubItemMembers(const struct_Subitem& subItem)
             {"maximum", decimal(info.MaxData)}};
 }
 
-ShowObject objectMembers(const struct_Object& object)
+Object objectMembers(const struct_Object& object)
 {
     const ObjectFlags& flags = object.flags;
     return {{"index", hexadecimal(object.index)},
@@ -73,17 +75,17 @@ ShowObject objectMembers(const struct_Object& object)
             {"subItems", listOf(object.Info.vsubitem, objectSubItemMembers)}};
 }
 
-ShowObject rowMembers(const ShownDictionaryRow& row, ShowDetail detail)
+Object rowMembers(const ShownDictionaryRow& row, Detail detail)
 {
-    const bool isForPeople = detail == ShowDetail::ForPeople;
+    const bool isForPeople = detail == Detail::ForPeople;
     const bool hasOwnForm = isForPeople && row.signedValue.has_value();
-    ShowObject members{{"index", hexadecimal(row.index)},
-                       {"subIndex", decimal(row.subIndex)},
-                       {"name", text(row.name)},
-                       {"access", text(row.access)},
-                       {"bitSize", decimal(row.bitSize)},
-                       {"type", text(row.dataType)},
-                       {"value", hasOwnForm ? optionalNumber(row.signedValue) : text(row.value)}};
+    Object members{{"index", hexadecimal(row.index)},
+                   {"subIndex", decimal(row.subIndex)},
+                   {"name", text(row.name)},
+                   {"access", text(row.access)},
+                   {"bitSize", decimal(row.bitSize)},
+                   {"type", text(row.dataType)},
+                   {"value", hasOwnForm ? optionalNumber(row.signedValue) : text(row.value)}};
     if (!isForPeople)
         members.push_back({"signedValue", optionalNumber(row.signedValue)});
     return members;
@@ -91,17 +93,17 @@ ShowObject rowMembers(const ShownDictionaryRow& row, ShowDetail detail)
 
 } // namespace
 
-ShowObject dictionaryMembers(const std::vector<struct_DataTypes>& dataTypes, const std::vector<struct_Object>& objects,
-                             ShowDetail detail)
+Object dictionaryMembers(const std::vector<struct_DataTypes>& dataTypes, const std::vector<struct_Object>& objects,
+                         Detail detail)
 {
     const auto rows = std::make_shared<DictionaryRowList>(dataTypes, objects);
-    const auto rowAt = [rows, detail](std::size_t number) -> ShowValue {
-        return {rowMembers(rows->row(number), detail)};
-    };
-    ShowObject members{{"rows", {ShowList{rows->size(), rowAt}}}};
-    if (detail == ShowDetail::Everything) {
+    const auto rowAt = [rows, detail](std::size_t number) -> Value { return {rowMembers(rows->row(number), detail)}; };
+    Object members{{"rows", {List{rows->size(), rowAt}}}};
+    if (detail == Detail::Everything) {
         members.push_back({"dataTypes", listOf(dataTypes, dataTypeMembers)});
         members.push_back({"objects", listOf(objects, objectMembers)});
     }
     return members;
 }
+
+} // namespace show

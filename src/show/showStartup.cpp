@@ -1,10 +1,12 @@
-// showStartup.cpp - startup commands of a device block.
+#include "show/showStartup.h"
+
 #include "model/carriedValue.h"
-#include "show/showDevice.h"
 #include "show/showWords.h"
 
 #include <algorithm>
 #include <memory>
+
+namespace show {
 
 namespace {
 
@@ -68,27 +70,27 @@ std::string lostValue(std::uint32_t dataBytes)
     return "value of " + std::to_string(dataBytes) + " bytes, which the format does not carry";
 }
 
-ShowValue valuesOf(const ShownCommand& command)
+Value valuesOf(const ShownCommand& command)
 {
     if (command.record.bIfCA == 0 || command.values == nullptr)
         return {};
-    std::vector<ShowValue> values;
+    std::vector<Value> values;
     for (const std::uint32_t value : *command.values)
         values.push_back(hexadecimal(value));
     return listOf(std::move(values));
 }
 
-ShowValue optionalText(const std::optional<std::string_view>& words)
+Value optionalText(const std::optional<std::string_view>& words)
 {
-    return words ? text(std::string(*words)) : ShowValue();
+    return words ? text(std::string(*words)) : Value();
 }
 
-ShowValue sourceOf(const StartupSource& source)
+Value sourceOf(const StartupSource& source)
 {
-    return {ShowObject{{"origin", text(source.origin)},
-                       {"comment", optionalText(source.comment)},
-                       {"text", optionalText(source.text)},
-                       {"choiceRow", optionalNumber(source.choiceRow)}}};
+    return {Object{{"origin", text(source.origin)},
+                   {"comment", optionalText(source.comment)},
+                   {"text", optionalText(source.text)},
+                   {"choiceRow", optionalNumber(source.choiceRow)}}};
 }
 
 /// Commands of one transition.
@@ -172,7 +174,7 @@ std::vector<ShownCommand> commandsOf(const ShownDevice& device,
     return commands;
 }
 
-ShowObject commandMembers(const ShownCommand& command)
+Object commandMembers(const ShownCommand& command)
 {
     const struct_KTL_InitCmd& record = command.record;
     return {{"position", decimal(static_cast<std::int64_t>(command.position))},
@@ -187,15 +189,17 @@ ShowObject commandMembers(const ShownCommand& command)
             {"source", sourceOf(*command.source)}};
 }
 
-ShowValue startupGroups(const ShownDevice& device)
+Value startupGroups(const ShownDevice& device)
 {
     const auto startup = std::make_shared<Startup>();
     startup->values = valuesOfCommands(device.block.coeCommands, device.block.accessValues);
     startup->groups = groupsOf(commandsOf(device, startup->values));
-    return {ShowList{startup->groups.size(), [startup](std::size_t index) -> ShowValue {
-                         const TransitionGroup& group = startup->groups[index];
-                         return {ShowObject{{"transition", decimal(group.transition)},
-                                            {"transitionName", text(tokenName(group.transition))},
-                                            {"commands", listOf(group.commands, commandMembers)}}};
-                     }}};
+    return {List{startup->groups.size(), [startup](std::size_t index) -> Value {
+                     const TransitionGroup& group = startup->groups[index];
+                     return {Object{{"transition", decimal(group.transition)},
+                                    {"transitionName", text(tokenName(group.transition))},
+                                    {"commands", listOf(group.commands, commandMembers)}}};
+                 }}};
 }
+
+} // namespace show

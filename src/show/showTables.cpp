@@ -1,15 +1,17 @@
 #include "show/showTables.h"
 
-#include "editing/linkTexts.h"
 #include "model/pdoAccess.h"
 #include "show/choiceRows.h"
 #include "show/showDictionary.h"
+#include "show/showStartup.h"
 #include "show/showWords.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
+
+namespace show {
 
 namespace {
 
@@ -45,11 +47,6 @@ std::string numeral(const std::optional<std::int64_t>& number)
 std::string yesOrNo(bool isSet)
 {
     return isSet ? "yes" : "no";
-}
-
-std::string linkName(std::int32_t link)
-{
-    return linkText(link).toStdString();
 }
 
 std::string moduleOwner(std::uint32_t ident)
@@ -160,7 +157,7 @@ void writeModelPdos(CsvWriter& out, const Place& place, const std::vector<Pdo>& 
                            pdo.Attributes.SM, pdo.Attributes.SU),
                  choicePdo, entriesOf(pdo), [](const auto& entry) -> Fields {
                      return {hexText(indexOf(entry)), numeral(entry.SubIndex), numeral(bitLengthOf(entry)), entry.Name,
-                             entry.DataType,          linkName(entry.Linkto)};
+                             entry.DataType,          linkWords(entry.Linkto)};
                  });
         if (choicePdo)
             ++*choicePdo;
@@ -170,15 +167,18 @@ void writeModelPdos(CsvWriter& out, const Place& place, const std::vector<Pdo>& 
 Fields carriedEntry(const struct_KTL_EntryPDOContent& entry)
 {
     return {
-        hexText(entry.Index),      numeral(std::uint32_t{entry.SubIndex}), numeral(std::int32_t{entry.Bitlen}), {}, {},
-        linkName(entry.LinkToData)};
+        hexText(entry.Index),       numeral(std::uint32_t{entry.SubIndex}), numeral(std::int32_t{entry.Bitlen}), {}, {},
+        linkWords(entry.LinkToData)};
 }
 
 Fields carriedEntry(const struct_KTL_modulePdoOne& entry)
 {
-    return {
-        hexText(entry.index),      numeral(std::uint32_t{entry.SubIndex}), numeral(std::uint32_t{entry.BitLen}), {}, {},
-        linkName(entry.LinkToData)};
+    return {hexText(entry.index),
+            numeral(std::uint32_t{entry.SubIndex}),
+            numeral(std::uint32_t{entry.BitLen}),
+            {},
+            {},
+            linkWords(entry.LinkToData)};
 }
 
 template<typename Pdo> void writeCarriedPdos(CsvWriter& out, const Place& place, const std::vector<Pdo>& pdos)
@@ -298,16 +298,18 @@ void writeStartupRows(CsvWriter& out, const ShownFile& file)
 }
 
 constexpr std::array tables{
-    ShowTable{"dictionary", writeDictionaryHeader, writeDictionaryRows},
-    ShowTable{"pdo", writePdoHeader, writePdoRows},
-    ShowTable{"startup", writeStartupHeader, writeStartupRows},
+    Table{"dictionary", writeDictionaryHeader, writeDictionaryRows},
+    Table{"pdo", writePdoHeader, writePdoRows},
+    Table{"startup", writeStartupHeader, writeStartupRows},
 };
 
 } // namespace
 
-const ShowTable* showTableNamed(const QString& name)
+const Table* tableNamed(const QString& name)
 {
     const auto* const found = std::find_if(tables.begin(), tables.end(),
-                                           [&](const ShowTable& table) { return name == QLatin1String(table.name); });
+                                           [&](const Table& table) { return name == QLatin1String(table.name); });
     return found == tables.end() ? nullptr : &*found;
 }
+
+} // namespace show

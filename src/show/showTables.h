@@ -6,8 +6,10 @@
 
 #include <QString>
 
+namespace show {
+
 /// One table: its name on the command line, and what it is made of.
-struct ShowTable
+struct Table
 {
     const char* name;
     void (*writeHeader)(CsvWriter& out);
@@ -15,4 +17,6 @@ struct ShowTable
 };
 
 /// The table of a name; null if there is none.
-[[nodiscard]] const ShowTable* showTableNamed(const QString& name);
+[[nodiscard]] const Table* tableNamed(const QString& name);
+
+} // namespace show

@@ -3,6 +3,7 @@
 #include "show/showWords.h"
 #include "show/textColumns.h"
 #include "show/textTable.h"
+#include "text/fractionText.h"
 #include "text/oneLine.h"
 
 #include <algorithm>
@@ -12,11 +13,13 @@
 #include <string_view>
 #include <utility>
 
+namespace show {
+
 namespace {
 
 constexpr std::size_t step = 2; // blanks by which what belongs to a heading is indented, and after a label
 
-std::string cellOf(const ShowValue& value);
+std::string cellOf(const Value& value);
 
 struct KeyLabel
 {
@@ -53,7 +56,7 @@ std::string labelOf(const std::string& key)
 }
 
 /// Whether one member is the name of what the number in another one stands for: `typeName` of `type`.
-bool isNameOf(const ShowMember& name, const ShowMember& number)
+bool isNameOf(const Member& name, const Member& number)
 {
     const std::string_view ending = "Name";
     const std::string_view key = name.key;
@@ -68,10 +71,10 @@ bool isHidden(const std::string& key)
 
 /// Calls `visit(key, value)` for each member that people read. Of a number and the name after it one is left: the
 /// name, or the number where it has none.
-template<typename Visitor> void forEachReadable(const ShowObject& object, Visitor visit)
+template<typename Visitor> void forEachReadable(const Object& object, Visitor visit)
 {
     for (std::size_t index = 0; index < object.size(); ++index) {
-        const ShowMember& member = object[index];
+        const Member& member = object[index];
         if (isHidden(member.key))
             continue;
         const bool hasName = index + 1 < object.size() && isNameOf(object[index + 1], member);
@@ -87,7 +90,7 @@ std::string plainText(bool isSet)
     return isSet ? "yes" : "no";
 }
 
-std::string plainText(const ShowNumber& number)
+std::string plainText(const Number& number)
 {
     switch (number.form) {
     case NumberForm::Decimal:
@@ -103,7 +106,7 @@ std::string plainText(const ShowNumber& number)
 }
 
 /// Elements parted by commas; one that holds a comma itself stands in quotes.
-std::string plainText(const ShowList& list)
+std::string plainText(const List& list)
 {
     std::string all;
     for (std::size_t index = 0; index < list.count; ++index) {
@@ -130,29 +133,29 @@ std::string plainText(const std::string& utf8)
     return oneLine(utf8, DrawingHints::AreKept);
 }
 
-std::string plainText(const ShowObject& /*object*/)
+std::string plainText(const Object& /*object*/)
 {
     return {};
 }
 
 /// A plain value, or a list of such, on one line; "-" for nothing.
-std::string cellOf(const ShowValue& value)
+std::string cellOf(const Value& value)
 {
     return std::visit([](const auto& content) { return plainText(content); }, value.content);
 }
 
-bool isListOfObjects(const ShowValue& value)
+bool isListOfObjects(const Value& value)
 {
-    const auto* const list = std::get_if<ShowList>(&value.content);
-    return list != nullptr && list->count > 0 && std::holds_alternative<ShowObject>(list->at(0).content);
+    const auto* const list = std::get_if<List>(&value.content);
+    return list != nullptr && list->count > 0 && std::holds_alternative<Object>(list->at(0).content);
 }
 
 /// @return  false if there is a list of objects
-bool addCells(const ShowObject& object, TextRow& cells, TextRow* labels)
+bool addCells(const Object& object, TextRow& cells, TextRow* labels)
 {
     bool areCells = true;
-    forEachReadable(object, [&](const std::string& key, const ShowValue& value) {
-        if (const auto* const inner = std::get_if<ShowObject>(&value.content)) {
+    forEachReadable(object, [&](const std::string& key, const Value& value) {
+        if (const auto* const inner = std::get_if<Object>(&value.content)) {
             areCells = areCells && addCells(*inner, cells, labels);
             return;
         }
@@ -168,10 +171,10 @@ bool addCells(const ShowObject& object, TextRow& cells, TextRow* labels)
 
 /// The plain members of an object and of the objects in it, in one row; nothing if it holds a list of objects.
 /// @param labels  takes the label of each cell; may be null
-std::optional<TextRow> rowOf(const ShowValue& object, TextRow* labels)
+std::optional<TextRow> rowOf(const Value& object, TextRow* labels)
 {
     TextRow cells;
-    const auto* const members = std::get_if<ShowObject>(&object.content);
+    const auto* const members = std::get_if<Object>(&object.content);
     if (members == nullptr || !addCells(*members, cells, labels))
         return std::nullopt;
     return cells;
@@ -179,7 +182,7 @@ std::optional<TextRow> rowOf(const ShowValue& object, TextRow* labels)
 
 /// A table for a list of rows.
 /// @return  nothing if an element is no row, or the table does not fit
-std::optional<TextTable> tableOf(const ShowList& list, std::size_t lineWidth)
+std::optional<TextTable> tableOf(const List& list, std::size_t lineWidth)
 {
     TextRow labels;
     if (!rowOf(list.at(0), &labels))
@@ -194,9 +197,9 @@ std::optional<TextTable> tableOf(const ShowList& list, std::size_t lineWidth)
 }
 
 /// What a member shows, a line each: of a list of several texts each one, else the one value.
-TextRow partsOf(const ShowValue& value)
+TextRow partsOf(const Value& value)
 {
-    const auto* const list = std::get_if<ShowList>(&value.content);
+    const auto* const list = std::get_if<List>(&value.content);
     if (list == nullptr || list->count < 2 || !std::holds_alternative<std::string>(list->at(0).content))
         return {cellOf(value)};
     TextRow parts;
@@ -213,19 +216,19 @@ std::size_t TextWriter::room(std::size_t indentation) const
     return m_lineWidth < indentation + leastRoom ? leastRoom : m_lineWidth - indentation;
 }
 
-void TextWriter::writeObject(const ShowObject& object, std::size_t indentation)
+void TextWriter::writeObject(const Object& object, std::size_t indentation)
 {
     const std::string margin(indentation, ' ');
     std::size_t width = 0;
-    forEachReadable(object, [&](const std::string& key, const ShowValue& value) {
+    forEachReadable(object, [&](const std::string& key, const Value& value) {
         if (!isListOfObjects(value))
             width = std::max(width, labelOf(key).size());
     });
-    forEachReadable(object, [&](const std::string& key, const ShowValue& value) {
+    forEachReadable(object, [&](const std::string& key, const Value& value) {
         const std::string label = labelOf(key);
         if (isListOfObjects(value)) {
-            writeList(label, std::get<ShowList>(value.content), indentation);
-        } else if (const auto* const inner = std::get_if<ShowObject>(&value.content)) {
+            writeList(label, std::get<List>(value.content), indentation);
+        } else if (const auto* const inner = std::get_if<Object>(&value.content)) {
             m_out << margin << label << ":\n";
             writeObject(*inner, indentation + step);
         } else {
@@ -244,7 +247,7 @@ void TextWriter::writeParts(const std::string& head, const std::vector<std::stri
         }
 }
 
-void TextWriter::writeList(const std::string& label, const ShowList& list, std::size_t indentation)
+void TextWriter::writeList(const std::string& label, const List& list, std::size_t indentation)
 {
     const std::string margin(indentation, ' ');
     if (const std::optional<TextTable> table = tableOf(list, room(indentation + step))) {
@@ -257,8 +260,10 @@ void TextWriter::writeList(const std::string& label, const ShowList& list, std::
     }
     for (std::size_t index = 0; index < list.count; ++index) {
         m_out << margin << label << ", " << index + 1 << " of " << list.count << ":\n";
-        const ShowValue element = list.at(index);
-        if (const auto* const object = std::get_if<ShowObject>(&element.content))
+        const Value element = list.at(index);
+        if (const auto* const object = std::get_if<Object>(&element.content))
             writeObject(*object, indentation + step);
     }
 }
+
+} // namespace show

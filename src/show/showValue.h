@@ -11,8 +11,10 @@
 #include <variant>
 #include <vector>
 
-struct ShowMember;
-struct ShowValue;
+namespace show {
+
+struct Member;
+struct Value;
 
 /// How text for people shows a number. In JSON a number is a number.
 enum class NumberForm
@@ -23,91 +25,101 @@ enum class NumberForm
     YesNo, ///< "no" for 0, "yes" for 1, any other in hexadecimal
 };
 
-struct ShowNumber
+struct Number
 {
     std::int64_t value = 0;
     NumberForm form = NumberForm::Decimal;
 };
 
 /// Members in their order. All elements of a list have the same members.
-using ShowObject = std::vector<ShowMember>;
+using Object = std::vector<Member>;
 
 /// A list whose elements are made when they are written, so that a long one takes no memory. What the elements are made
 /// of has to outlive the list.
-struct ShowList
+struct List
 {
     std::size_t count = 0;
-    std::function<ShowValue(std::size_t index)> at;
+    std::function<Value(std::size_t index)> at;
 };
 
 /// A value of any kind; nothing where it is not known.
-struct ShowValue
+struct Value
 {
-    std::variant<std::monostate, bool, ShowNumber, float, std::string, ShowObject, ShowList> content;
+    std::variant<std::monostate, bool, Number, float, std::string, Object, List> content;
 };
 
-struct ShowMember
+struct Member
 {
-    std::string key; ///< in JSON as it stands, "likeThis"; text for people parts the words
-    ShowValue value;
+    std::string key; ///< in JSON as it is, "likeThis"; text for people separates the words
+    Value value;
 };
 
-[[nodiscard]] inline ShowValue decimal(std::int64_t number)
+[[nodiscard]] inline Value decimal(std::int64_t number)
 {
-    return {ShowNumber{number, NumberForm::Decimal}};
+    return {Number{number, NumberForm::Decimal}};
 }
 
-[[nodiscard]] inline ShowValue hexadecimal(std::int64_t number)
+[[nodiscard]] inline Value hexadecimal(std::int64_t number)
 {
-    return {ShowNumber{number, NumberForm::Hexadecimal}};
+    return {Number{number, NumberForm::Hexadecimal}};
 }
 
-[[nodiscard]] inline ShowValue bothForms(std::int64_t number)
+[[nodiscard]] inline Value bothForms(std::int64_t number)
 {
-    return {ShowNumber{number, NumberForm::Both}};
+    return {Number{number, NumberForm::Both}};
 }
 
 /// A flag that is kept as a number.
-[[nodiscard]] inline ShowValue yesNoNumber(std::int64_t number)
+[[nodiscard]] inline Value yesNoNumber(std::int64_t number)
 {
-    return {ShowNumber{number, NumberForm::YesNo}};
+    return {Number{number, NumberForm::YesNo}};
 }
 
-[[nodiscard]] inline ShowValue optionalNumber(const std::optional<std::int64_t>& number)
+[[nodiscard]] inline Value optionalNumber(const std::optional<std::int64_t>& number)
 {
-    return number ? decimal(*number) : ShowValue();
+    return number ? decimal(*number) : Value();
 }
 
-/// A number with a fraction. A length in byte.bit form keeps the digit behind its point, and no more.
-[[nodiscard]] inline ShowValue fraction(float number)
+/// A number with a fraction. A length in byte.bit form keeps the digit after its point, and no more.
+[[nodiscard]] inline Value fraction(float number)
 {
     return {number};
 }
 
-[[nodiscard]] inline ShowValue flag(bool isSet)
+[[nodiscard]] inline Value flag(bool isSet)
 {
     return {isSet};
 }
 
 /// @param utf8  invalid bytes are replaced when it is written
-[[nodiscard]] inline ShowValue text(std::string utf8)
+[[nodiscard]] inline Value text(std::string utf8)
 {
     return {std::move(utf8)};
 }
 
 /// A list with an element for each record.
 /// @param records  have to outlive the list
-/// @param valueOf  `valueOf(record)` gives a `ShowValue` or `ShowObject`
+/// @param valueOf  `valueOf(record)` gives a `Value` or `Object`
 template<typename Record, typename ValueOf>
-[[nodiscard]] ShowValue listOf(const std::vector<Record>& records, ValueOf valueOf)
+[[nodiscard]] Value listOf(const std::vector<Record>& records, ValueOf valueOf)
 {
-    return {ShowList{records.size(),
-                     [&records, valueOf](std::size_t index) -> ShowValue { return {valueOf(records[index])}; }}};
+    return {
+        List{records.size(), [&records, valueOf](std::size_t index) -> Value { return {valueOf(records[index])}; }}};
 }
 
 /// A list of its own few values.
-[[nodiscard]] inline ShowValue listOf(std::vector<ShowValue> values)
+[[nodiscard]] inline Value listOf(std::vector<Value> values)
 {
     const std::size_t count = values.size();
-    return {ShowList{count, [values = std::move(values)](std::size_t index) { return values[index]; }}};
+    return {List{count, [values = std::move(values)](std::size_t index) { return values[index]; }}};
 }
+
+/// The members of two objects in one.
+[[nodiscard]] inline Object with(Object members, Object more)
+{
+    for (Member& member : more)
+        members.push_back(std::move(member));
+    return members;
+}
+
+} // namespace show

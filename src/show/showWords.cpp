@@ -1,7 +1,7 @@
 #include "show/showWords.h"
 
+#include "editing/deviceTypeTexts.h"
 #include "editing/linkTexts.h"
-#include "model/deviceType.h"
 #include "model/syncDirection.h"
 #include "model/valueTexts.h"
 
@@ -10,7 +10,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
+
+namespace show {
 
 namespace {
 
@@ -18,12 +19,6 @@ struct NumberName
 {
     std::int64_t number;
     const char* name;
-};
-
-constexpr std::array deviceTypeNames{
-    NumberName{KTL_DEVICE_TYPE_IOBlock, "IOBlock"},         NumberName{KTL_DEVICE_TYPE_SingleDriver, "SingleDriver"},
-    NumberName{KTL_DEVICE_TYPE_MultiDriver, "MultiDriver"}, NumberName{KTL_DEVICE_TYPE_PnpIOBlock, "PnpIOBlock"},
-    NumberName{KTL_DEVICE_TYPE_Special, "Special"},         NumberName{KTL_DEVICE_TYPE_ManualIOBlock, "ManualIOBlock"},
 };
 
 constexpr std::array directionNames{
@@ -55,13 +50,6 @@ std::string joined(const std::vector<std::string>& words)
 
 } // namespace
 
-std::string fractionText(float number)
-{
-    std::array<char, 32> digits{};
-    const std::to_chars_result result = std::to_chars(digits.data(), digits.data() + digits.size(), number);
-    return {digits.data(), result.ptr};
-}
-
 std::string hexText(std::int64_t number)
 {
     constexpr int hexadecimal = 16;
@@ -79,7 +67,13 @@ std::string bytesText(const ItemBytes& item, std::size_t begin, std::size_t end)
 
 std::string deviceTypeName(std::int64_t type)
 {
-    return nameIn(deviceTypeNames, type);
+    const DeviceTypeText* const known = deviceTypeTextOf(type);
+    return known == nullptr ? std::string() : known->name;
+}
+
+std::string linkWords(std::int32_t link)
+{
+    return linkText(link).toStdString();
 }
 
 std::string directionName(std::int64_t direction)
@@ -115,7 +109,7 @@ std::string wordsOf(KtlMeaning meaning, std::int64_t number)
     case KtlMeaning::Direction:
         return directionName(number);
     case KtlMeaning::Link:
-        return linkText(static_cast<std::int32_t>(number)).toStdString();
+        return linkWords(static_cast<std::int32_t>(number));
     case KtlMeaning::Transition:
     case KtlMeaning::Access:
         return tokenName(number);
@@ -124,3 +118,5 @@ std::string wordsOf(KtlMeaning meaning, std::int64_t number)
     }
     return {};
 }
+
+} // namespace show

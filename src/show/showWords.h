@@ -7,18 +7,20 @@
 #include <string>
 #include <vector>
 
-/// The shortest digits that give the number again: "1.4".
-[[nodiscard]] std::string fractionText(float number);
+namespace show {
 
 /// "0x1c12"; a negative number with its sign in front.
 [[nodiscard]] std::string hexText(std::int64_t number);
 
-/// Bytes in hexadecimal pairs, parted by blanks.
-/// @param end  offset behind the last byte
+/// Bytes in hexadecimal pairs, separated by blanks.
+/// @param end  offset after the last byte
 [[nodiscard]] std::string bytesText(const ItemBytes& item, std::size_t begin, std::size_t end);
 
 /// Name of a device class, such as "SingleDriver"; empty for a number that is none.
 [[nodiscard]] std::string deviceTypeName(std::int64_t type);
+
+/// Words of a link as views show them, such as "DOUT Type"; its number if it has none.
+[[nodiscard]] std::string linkWords(std::int32_t link);
 
 /// Name of the direction of a sync manager or FMMU, such as "Outputs"; empty for a number that is none.
 [[nodiscard]] std::string directionName(std::int64_t direction);
@@ -32,3 +34,5 @@
 
 /// What the number in a field of a KTL file stands for; empty where it is just a number.
 [[nodiscard]] std::string wordsOf(KtlMeaning meaning, std::int64_t number);
+
+} // namespace show

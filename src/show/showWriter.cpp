@@ -3,33 +3,37 @@
 #include "show/showItems.h"
 #include "show/showJson.h"
 #include "show/showModel.h"
+#include "show/showModules.h"
+#include "show/showStartup.h"
 #include "show/showText.h"
 #include "show/textColumns.h"
 #include "text/oneLine.h"
 
 #include <ostream>
 
+namespace show {
+
 namespace {
 
 // ---- JSON ----
 
-ShowObject jsonDevice(const ShownFile& file, std::size_t index)
+Object jsonDevice(const ShownFile& file, std::size_t index)
 {
-    ShowObject members = deviceMembers(file.devices[index]);
+    Object members = deviceMembers(file.devices[index]);
     if (file.esi != nullptr)
-        members.push_back({"model", {modelMembers(file.esi->device[index], ShowDetail::Everything)}});
+        members.push_back({"model", {modelMembers(file.esi->device[index], Detail::Everything)}});
     return members;
 }
 
-ShowObject jsonFile(const ShownFile& file)
+Object jsonFile(const ShownFile& file)
 {
-    const auto deviceAt = [&file](std::size_t index) -> ShowValue { return {jsonDevice(file, index)}; };
-    ShowObject members{{"file", text(file.name)},
-                       {"kind", text(file.esi != nullptr ? "ESI" : "KTL")},
-                       {"devices", {ShowList{file.devices.size(), deviceAt}}}};
+    const auto deviceAt = [&file](std::size_t index) -> Value { return {jsonDevice(file, index)}; };
+    Object members{{"file", text(file.name)},
+                   {"kind", text(file.esi != nullptr ? "ESI" : "KTL")},
+                   {"devices", {List{file.devices.size(), deviceAt}}}};
     if (file.esi != nullptr) {
         members.push_back({"vendorId", hexadecimal(file.esi->Vendor_Id)});
-        members.push_back({"moduleGroups", moduleGroups(*file.esi, ShowDetail::Everything)});
+        members.push_back({"moduleGroups", moduleGroups(*file.esi, Detail::Everything)});
     } else {
         members.push_back({"items", listOf(file.walk.items, itemMembers)});
     }
@@ -39,11 +43,11 @@ ShowObject jsonFile(const ShownFile& file)
 // ---- Text ----
 
 /// A device of an ESI file for people: the model, and the startup commands as the controller gets them.
-ShowObject readableDevice(const ShownFile& file, std::size_t index)
+Object readableDevice(const ShownFile& file, std::size_t index)
 {
     if (file.esi == nullptr)
         return deviceMembers(file.devices[index]);
-    ShowObject members = modelMembers(file.esi->device[index], ShowDetail::ForPeople);
+    Object members = modelMembers(file.esi->device[index], Detail::ForPeople);
     members.push_back({"startup", startupGroups(file.devices[index])});
     return members;
 }
@@ -66,14 +70,14 @@ void writeReadable(std::ostream& out, const ShownFile& file, std::size_t lineWid
     if (file.esi != nullptr) {
         out << "\nFile\n";
         text.writeObject({{"vendorId", hexadecimal(file.esi->Vendor_Id)},
-                          {"moduleGroups", moduleGroups(*file.esi, ShowDetail::ForPeople)}},
+                          {"moduleGroups", moduleGroups(*file.esi, Detail::ForPeople)}},
                          indentation);
     }
 }
 
 } // namespace
 
-ShowWriter::ShowWriter(std::ostream& out, const ShowForm& form)
+Writer::Writer(std::ostream& out, const Form& form)
     : m_out(out)
     , m_form(form)
 {
@@ -81,7 +85,7 @@ ShowWriter::ShowWriter(std::ostream& out, const ShowForm& form)
         m_csv.emplace(out, m_form.csv);
 }
 
-void ShowWriter::begin()
+void Writer::begin()
 {
     if (m_form.isJson)
         m_out << "{\"files\": [";
@@ -89,13 +93,13 @@ void ShowWriter::begin()
         m_form.table->writeHeader(*m_csv);
 }
 
-void ShowWriter::show(const ShownFile& file)
+void Writer::show(const ShownFile& file)
 {
     if (m_form.isJson) {
         m_out << (m_isFirst ? "\n" : ",\n");
         m_isFirst = false;
         writeJson(m_out, jsonFile(file), [&file](bool isWhole) {
-            return ShowMember{"complete", flag(isWhole && file.isComplete)}; // errors of devices are known by now
+            return Member{"complete", flag(isWhole && file.isComplete)}; // errors of devices are known by now
         });
     } else if (m_csv) {
         m_form.table->writeRows(*m_csv, file);
@@ -106,14 +110,16 @@ void ShowWriter::show(const ShownFile& file)
     m_isFirst = false;
 }
 
-void ShowWriter::breakOff()
+void Writer::breakOff()
 {
     if (!m_form.isJson && m_form.table == nullptr)
         m_out << '\n';
 }
 
-void ShowWriter::end()
+void Writer::end()
 {
     if (m_form.isJson)
         m_out << "\n]}\n";
 }
+
+} // namespace show

@@ -9,21 +9,23 @@
 #include <iosfwd>
 #include <optional>
 
+namespace show {
+
 /// How files are shown: as text for people unless one of the others is asked for.
-struct ShowForm
+struct Form
 {
     bool isJson = false;
-    const ShowTable* table = nullptr; ///< as comma-separated values
+    const Table* table = nullptr; ///< as comma-separated values
     CsvForm csv = CsvForm::Plain;
     std::size_t lineWidth = anyWidth; ///< of text, in columns
 };
 
 /// Writes files one after another.
-class ShowWriter
+class Writer
 {
 public:
     /// @param out  has to outlive this
-    ShowWriter(std::ostream& out, const ShowForm& form);
+    Writer(std::ostream& out, const Form& form);
 
     void begin();
     void show(const ShownFile& file);
@@ -33,7 +35,9 @@ public:
 
 private:
     std::ostream& m_out;
-    ShowForm m_form;
+    Form m_form;
     std::optional<CsvWriter> m_csv; ///< with a table only
     bool m_isFirst = true;
 };
+
+} // namespace show

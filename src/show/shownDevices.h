@@ -8,6 +8,8 @@
 #include <optional>
 #include <utility>
 
+namespace show {
+
 /// A list whose devices are made when they are asked for. Only the last one is kept: all of a file would take several
 /// times the memory of the file.
 class ShownDevices
@@ -40,3 +42,5 @@ private:
     mutable std::optional<ShownDevice> m_last;
     mutable std::size_t m_lastIndex = 0;
 };
+
+} // namespace show

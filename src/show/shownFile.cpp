@@ -2,6 +2,8 @@
 
 #include <utility>
 
+namespace show {
+
 void ShownFile::setEsi(struct_FilenameDevice loaded, const ExportProblemSink& tell)
 {
     esi = std::make_unique<struct_FilenameDevice>(std::move(loaded));
@@ -23,3 +25,5 @@ void ShownFile::setKtl(std::vector<unsigned char> contents)
                    return ShownDevice{std::move(block), std::move(sources), true};
                }};
 }
+
+} // namespace show

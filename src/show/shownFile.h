@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+namespace show {
+
 /// An ESI or KTL file. It stays at its place in memory, since its devices are made from it.
 struct ShownFile
 {
@@ -34,3 +36,5 @@ struct ShownFile
     KtlWalk walk; ///< the items in `bytes`
     ShownDevices devices;
 };
+
+} // namespace show

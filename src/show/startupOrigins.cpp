@@ -6,6 +6,8 @@
 #include <array>
 #include <utility>
 
+namespace show {
+
 namespace {
 
 constexpr const char* assignment = "PDO assignment";
@@ -175,3 +177,5 @@ StartupSources startupSourcesOf(const KtlDeviceBlock& block)
         sources.coe.push_back({originByObject(command, block.coe), std::nullopt, std::nullopt, std::nullopt});
     return sources;
 }
+
+} // namespace show

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+namespace show {
+
 /// Where a startup command comes from, and what a KTL file has no place for.
 struct StartupSource
 {
@@ -46,3 +48,5 @@ struct StartupSources
 
 /// Whether an object lists the entries of a PDO.
 [[nodiscard]] bool isMappingObject(std::uint16_t index);
+
+} // namespace show

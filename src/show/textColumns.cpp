@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <array>
 
+namespace show {
+
 namespace {
 
 struct CodeRange
@@ -161,3 +163,5 @@ std::vector<std::string> brokenInto(const std::string& utf8, std::size_t columns
         filler.add(word);
     return filler.lines();
 }
+
+} // namespace show

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace show {
+
 /// A line that never ends: for a file or another program.
 inline constexpr std::size_t anyWidth = std::numeric_limits<std::size_t>::max();
 
@@ -20,3 +22,5 @@ inline constexpr std::size_t anyWidth = std::numeric_limits<std::size_t>::max();
 /// alone is too long. A character that is wider than a line has one to itself.
 /// @return  at least one line
 [[nodiscard]] std::vector<std::string> brokenInto(const std::string& utf8, std::size_t columns);
+
+} // namespace show

@@ -6,6 +6,8 @@
 #include <ostream>
 #include <utility>
 
+namespace show {
+
 namespace {
 
 constexpr std::size_t longWord = 12; // a longer one breaks where room is short
@@ -106,3 +108,5 @@ void TextTable::writeRow(std::ostream& out, const TextRow& row, std::size_t inde
         out << line << '\n';
     }
 }
+
+} // namespace show

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace show {
+
 using TextRow = std::vector<std::string>;
 
 /// The columns of a table: first every row is taken measure of, then the columns are set, then the rows are written.
@@ -45,3 +47,5 @@ private:
     std::vector<Column> m_columns;
     std::size_t m_gap = 0; ///< between columns
 };
+
+} // namespace show

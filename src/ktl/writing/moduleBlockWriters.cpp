@@ -1,7 +1,9 @@
 // moduleBlockWriters.cpp - the module blocks of a file: for each module its identity, entries and startup records.
 #include "ktl/ktlExport.h"
 #include "ktl/writing/itemWriter.h"
+#include "ktl/writing/moduleCounts.h"
 #include "ktl/writing/pdoItemHead.h"
+#include "model/deviceType.h"
 #include "model/pdoAccess.h"
 
 #include <array>
@@ -121,16 +123,16 @@ struct_KTL_moduleStartupOne declaredRecord(const struct_moduleInitCmd& command)
 }
 
 /// Clears a PDO, maps its entries, and sets their number.
-void addMapping(ItemWriter& item, const modulePdo& pdo)
+template<typename Take> void takeMapping(const modulePdo& pdo, Take& take)
 {
     constexpr std::uint8_t countBytes = 1;
     constexpr std::uint8_t mappingBytes = 4;
     const std::uint16_t index = indexOf(pdo);
-    item.add(generatedRecord(index, 0, countBytes, 0));
+    take(generatedRecord(index, 0, countBytes, 0));
     std::size_t subIndex = 0;
     for (const struct_moduleEntry& entry : pdo.vEntry)
-        item.add(generatedRecord(index, ++subIndex, mappingBytes, mappingValueOf(entry)));
-    item.add(generatedRecord(index, 0, countBytes, static_cast<std::uint32_t>(pdo.vEntry.size())));
+        take(generatedRecord(index, ++subIndex, mappingBytes, mappingValueOf(entry)));
+    take(generatedRecord(index, 0, countBytes, static_cast<std::uint32_t>(pdo.vEntry.size())));
 }
 
 /// ODD, KEPT: every assignment has sub-index 1, also for a second PDO on a sync manager, where one would expect the
@@ -163,21 +165,31 @@ std::size_t announcedRecords(const StartupRules& rules, const struct_module& mod
     return count;
 }
 
-void addStartupRecords(ItemWriter& item, const StartupRules& rules, const struct_module& module)
+/// Calls `take` with each startup record of a module, in the order of the file.
+template<typename Take> void forEachStartupRecord(const StartupRules& rules, const struct_module& module, Take take)
 {
     if (rules.configures && !rules.usesCompleteAccess)
         forEachPdo(module, [&](const modulePdo& pdo) {
             if (!pdo.Attributes.Fixed && !pdo.vEntry.empty())
-                addMapping(item, pdo);
+                takeMapping(pdo, take);
         });
     for (const struct_moduleInitCmd& command : module.Mailbox.COE.vinitcmd)
-        item.add(declaredRecord(command));
+        take(declaredRecord(command));
     if (rules.assigns)
         for (const std::uint8_t syncManager : rules.syncManagers)
             forEachPdo(module, [&](const modulePdo& pdo) {
                 if (pdo.Attributes.SM == syncManager)
-                    item.add(assignmentRecord(syncManager, pdo));
+                    take(assignmentRecord(syncManager, pdo));
             });
+}
+
+/// Whether a module has as many startup records as its item announces, or no item at all.
+bool isAsAnnounced(const StartupRules& rules, const struct_module& module)
+{
+    const std::size_t announced = announcedRecords(rules, module);
+    std::size_t following = 0;
+    forEachStartupRecord(rules, module, [&](const struct_KTL_moduleStartupOne& /*record*/) { ++following; });
+    return announced == 0 || announced == following;
 }
 
 void writeStartup(std::FILE* out, const StartupRules& rules, const struct_module& module)
@@ -191,7 +203,7 @@ void writeStartup(std::FILE* out, const StartupRules& rules, const struct_module
     head.m_iSize = static_cast<std::uint32_t>(headSize + count * sizeof(struct_KTL_moduleStartupOne));
     head.m_iCount = static_cast<std::uint32_t>(count);
     ItemWriter item(head, headSize);
-    addStartupRecords(item, rules, module);
+    forEachStartupRecord(rules, module, [&](const struct_KTL_moduleStartupOne& record) { item.add(record); });
     item.writeTo(out, ItemFill::Nothing);
 }
 
@@ -209,4 +221,16 @@ void KTL_write_device_Module(std::FILE* out, struct_EtherCatDevice* device, stru
                 writeEntries(out, direction, module);
             writeStartup(out, rules, module);
         }
+}
+
+const struct_module* firstMiscountedModule(const struct_EtherCatDevice& device, const struct_FilenameDevice& file)
+{
+    if (!hasModuleBlocks(device.m_iDeviceType))
+        return nullptr;
+    const StartupRules rules = startupRulesOf(device);
+    for (const struct_commentmodule& group : file.vcommentmodule)
+        for (const struct_module& module : group.vmodule)
+            if (!isAsAnnounced(rules, module))
+                return &module;
+    return nullptr;
 }
