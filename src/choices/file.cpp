@@ -49,7 +49,7 @@ std::optional<std::vector<DeviceChoices>> choicesIn(const QByteArray& text, Prob
                      QStringLiteral("a choices file has %1 objects and lists at most").arg(maxBrackets));
         return std::nullopt;
     }
-    const JsonParsing parsing = parseJson(text);
+    const json::Parsing parsing = json::parse(text);
     if (!parsing.problem.has_value())
         return choicesFrom(parsing.value(), problems);
     problems.add({ProblemCode::Json, parsing.problem->text, parsing.problem->line, parsing.problem->column});

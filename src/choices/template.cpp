@@ -84,7 +84,7 @@ void writeModes(json::Writer& json, const struct_EtherCatDevice& device)
         json.line({{"dcMode", position++},
                    {"name", text(mode.Name)},
                    {"description", textOrNothing(mode.Desc)},
-                   {"assignActivate", hex(mode.AssignActivate)}});
+                   {"assignActivate", hexNumber(mode.AssignActivate)}});
     json.closeList();
 }
 
@@ -139,7 +139,7 @@ void writeModulesOfFile(json::Writer& json, const struct_FilenameDevice& file)
     json.openList("modulesOfFile");
     for (const struct_commentmodule& group : file.vcommentmodule)
         for (const struct_module& module : group.vmodule)
-            json.line({{"module", hex(module.TypeAttributes.ModuleIdent)},
+            json.line({{"module", hexNumber(module.TypeAttributes.ModuleIdent)},
                        {"name", text(module.Name)},
                        {"type", textOrNothing(module.TypeAttributes.Name)}});
     json.closeList();
@@ -154,7 +154,7 @@ void writeModules(json::Writer& json, const struct_EtherCatDevice& device)
             const struct_module* const module = moduleAt(slot, place);
             json.line(
                 {{"place", place++},
-                 {"module", module == nullptr ? QJsonValue() : QJsonValue(hex(module->TypeAttributes.ModuleIdent))},
+                 {"module", module == nullptr ? QJsonValue() : QJsonValue(hexNumber(module->TypeAttributes.ModuleIdent))},
                  {"about", module == nullptr ? QJsonValue(QJsonValue::Undefined) : textOrNothing(module->Name)}});
         }
     json.closeList();
@@ -185,7 +185,7 @@ template<typename Owner> void writeLinks(json::Writer& json, const Owner& owner,
             for (const auto& entry : entriesOf(pdo))
                 json.line({{"module", module},
                            {"pdo", row},
-                           {"index", hex(indexOf(pdo))},
+                           {"index", hexNumber(indexOf(pdo))},
                            {"entry", position++},
                            {"object", objectText({indexOf(entry), entry.SubIndex})},
                            {"name", text(entry.Name)},
@@ -227,7 +227,7 @@ void writeStartup(json::Writer& json, const struct_EtherCatDevice& device)
             json.line({{"row", row++},
                        {"about", protocol + tokenText(command.Transition)},
                        {"was", was},
-                       {"index", hex(is.index)},
+                       {"index", hexNumber(is.index)},
                        {"subIndex", number(is.subIndex)},
                        {"dataBytes", number(is.dataBytes)},
                        {"data", static_cast<qint64>(is.data)}});
@@ -275,8 +275,8 @@ void writeSettings(json::Writer& json, const struct_EtherCatDevice& device)
         json.value("dcMode", isOnlyOne ? QJsonValue(name) : QJsonValue(0));
     }
     if (takesModuleIndexes(device.m_iDeviceType)) {
-        json.value("configIndex", hex(device.configindex));
-        json.value("detectIndex", hex(device.detectindex));
+        json.value("configIndex", hexNumber(device.configindex));
+        json.value("detectIndex", hexNumber(device.detectindex));
     }
 }
 

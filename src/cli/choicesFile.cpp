@@ -14,7 +14,7 @@ namespace cli {
 
 namespace {
 
-/// Reads a choices file; tells if it cannot be read.
+/// Reads a choices file; reports if it cannot be read.
 std::optional<QByteArray> textOf(const QString& path, Messages& messages)
 {
     QFile file;
@@ -23,7 +23,7 @@ std::optional<QByteArray> textOf(const QString& path, Messages& messages)
     QByteArray text = choices::textOf(file);
     if (file.error() == QFileDevice::NoError)
         return text;
-    tellUnreadable(path, file.errorString(), messages);
+    reportUnreadable(path, file.errorString(), messages);
     return std::nullopt;
 }
 

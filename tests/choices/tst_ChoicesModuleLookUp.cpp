@@ -1,7 +1,7 @@
 // Modules that a choices file names: by ident, name or type name, and only if there is one such module.
 #include "choices/moduleLookUp.h"
 
-#include <QtTest>
+#include "testMain.h"
 
 class tst_ChoicesModuleLookUp : public QObject
 {
@@ -116,5 +116,5 @@ void tst_ChoicesModuleLookUp::label()
     QCOMPARE(choices::moduleLabel(moduleOf(0x216, "DO", "Output")), QStringLiteral("module 0x216 \"Output\""));
 }
 
-QTEST_APPLESS_MAIN(tst_ChoicesModuleLookUp)
+static const testMain::Registration<tst_ChoicesModuleLookUp, testMain::NoApplication> registration;
 #include "tst_ChoicesModuleLookUp.moc"

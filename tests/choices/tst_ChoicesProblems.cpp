@@ -1,7 +1,7 @@
 // The list of what is wrong with a choices file: how many problems are kept, how they are worded, and their kinds.
 #include "choices/problems.h"
 
-#include <QtTest>
+#include "testMain.h"
 
 class tst_ChoicesProblems : public QObject
 {
@@ -87,5 +87,5 @@ void tst_ChoicesProblems::namesOfKinds()
         QCOMPARE(QString(choices::nameOf(static_cast<ProblemCode>(kind))), names[kind]);
 }
 
-QTEST_APPLESS_MAIN(tst_ChoicesProblems)
+static const testMain::Registration<tst_ChoicesProblems, testMain::NoApplication> registration;
 #include "tst_ChoicesProblems.moc"

@@ -1,7 +1,7 @@
 // Selectors of devices: which devices they mean, why one cannot be used, and which devices may have been meant.
 #include "choices/deviceSelectors.h"
 
-#include <QtTest>
+#include "testMain.h"
 
 class tst_DeviceSelectors : public QObject
 {
@@ -176,5 +176,5 @@ void tst_DeviceSelectors::labels()
     QCOMPARE(choices::DeviceSelectors(files).labelOf({1, 1}), QStringLiteral("device 4 \"7\" (0x20:0x6:0x1)"));
 }
 
-QTEST_APPLESS_MAIN(tst_DeviceSelectors)
+static const testMain::Registration<tst_DeviceSelectors, testMain::NoApplication> registration;
 #include "tst_DeviceSelectors.moc"

@@ -1,8 +1,7 @@
 // Fields of a JSON object, held against what they have to be: numbers, counts, texts, lists, and the keys themselves.
 #include "choices/jsonFields.h"
+#include "testMain.h"
 #include "json/jsonText.h"
-
-#include <QtTest>
 
 class tst_JsonFields : public QObject
 {
@@ -36,7 +35,7 @@ const std::array oneKey{JsonKey{key, false}};
 struct OneField
 {
     explicit OneField(const QByteArray& value)
-        : parsing(parseJson("{\"key\": " + value + '}'))
+        : parsing(json::parse("{\"key\": " + value + '}'))
         , fields(parsing.value(), QStringLiteral("at"), oneKey, problems)
     {}
 
@@ -46,7 +45,7 @@ struct OneField
         return problems.count() == 1 ? problems.kept().front().text : QString::number(problems.count());
     }
 
-    JsonParsing parsing;
+    json::Parsing parsing;
     Problems problems;
     JsonFields fields;
 };
@@ -173,7 +172,7 @@ void tst_JsonFields::keys()
 {
     QFETCH(QByteArray, object);
     const std::array twoKeys{JsonKey{QLatin1String("first"), true}, JsonKey{QLatin1String("second"), false}};
-    const auto parsing = parseJson(object);
+    const auto parsing = json::parse(object);
     Problems problems;
     const JsonFields fields(parsing.value(), "at", twoKeys, problems);
     QTEST(problems.count() == 0 ? QString() : problems.kept().front().text, "problem");
@@ -182,7 +181,7 @@ void tst_JsonFields::keys()
 
 void tst_JsonFields::keysThatAreNotThere()
 {
-    const auto parsing = parseJson("{}");
+    const auto parsing = json::parse("{}");
     Problems problems;
     JsonFields fields(parsing.value(), "at", oneKey, problems);
     QVERIFY(!fields.has(key));
@@ -196,11 +195,11 @@ void tst_JsonFields::keysThatAreNotThere()
 /// The file itself has no path.
 void tst_JsonFields::paths()
 {
-    const auto parsing = parseJson("{}");
+    const auto parsing = json::parse("{}");
     Problems problems;
     QCOMPARE(JsonFields(parsing.value(), "devices[0]", oneKey, problems).pathOf(key), QStringLiteral("devices[0].key"));
     QCOMPARE(JsonFields(parsing.value(), "", oneKey, problems).pathOf(key), QStringLiteral("key"));
 }
 
-QTEST_APPLESS_MAIN(tst_JsonFields)
+static const testMain::Registration<tst_JsonFields, testMain::NoApplication> registration;
 #include "tst_JsonFields.moc"

@@ -1,7 +1,7 @@
 // The forms of selectors of devices: identities, numbers, patterns, and what is wrong with anything else.
 #include "choices/selectorForms.h"
 
-#include <QtTest>
+#include "testMain.h"
 
 class tst_SelectorForms : public QObject
 {
@@ -142,5 +142,5 @@ void tst_SelectorForms::problems()
     QTEST(choices::formProblem(selector), "problem");
 }
 
-QTEST_APPLESS_MAIN(tst_SelectorForms)
+static const testMain::Registration<tst_SelectorForms, testMain::NoApplication> registration;
 #include "tst_SelectorForms.moc"
