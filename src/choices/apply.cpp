@@ -6,6 +6,7 @@
 #include "choices/words.h"
 #include "editing/deviceEdits.h"
 #include "editing/deviceLabel.h"
+#include "editing/moduleEdits.h"
 #include "esi/derivation/rangeErrors.h"
 #include "model/deviceType.h"
 #include "text/shownText.h"
@@ -70,8 +71,8 @@ public:
             const std::size_t before = m_problems.count();
             makeModuleLinks(m_choices.moduleLinks, m_modules, m_problems);
             changes = makeModuleChoices(m_choices, m_device, m_modules, m_problems);
-            const bool isPreset = isChanged && m_device.m_iDeviceType == KTL_DEVICE_TYPE_ManualIOBlock;
-            m_isAdvised = (isPreset || changes.havePutIn) && m_device.Slots.Attributes.DownloadModuleIdentList;
+            m_isAdvised = (isChanged && isModuleListAdvised(m_device, ModulePreset::ChosenType))
+                          || (changes.havePutIn && isModuleListAdvised(m_device, ModulePreset::PutInModule));
             if (m_problems.count() != before)
                 return; // the rows of the lists follow from the modules
             changes.haveMovedRows = changes.haveMovedRows || isChanged;

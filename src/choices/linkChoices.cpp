@@ -2,6 +2,7 @@
 
 #include "choices/words.h"
 #include "editing/linkTexts.h"
+#include "editing/pdoEdits.h"
 #include "editing/pdoRows.h"
 #include "model/pdoAccess.h"
 #include "model/valueTexts.h"
@@ -194,7 +195,7 @@ template<typename Owner> void makeLink(const LinkChoice& choice, LinkTargets<Own
             problems.add(ProblemCode::Link, choice.path, QStringLiteral("this entry is linked twice"));
         checkTarget(pdo, entries[*position], choice, problems);
         checkLink(entries[*position], direction, choice, problems);
-        entries[*position].Linkto = choice.link;
+        linkEntry(entries, static_cast<int>(*position), choice.link);
     });
 }
 

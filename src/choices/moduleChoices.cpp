@@ -1,7 +1,7 @@
 #include "choices/moduleChoices.h"
 
 #include "choices/words.h"
-#include "editing/deviceEdits.h"
+#include "editing/moduleData.h"
 #include "editing/moduleEdits.h"
 #include "editing/slotPlaces.h"
 #include "model/valueTexts.h"

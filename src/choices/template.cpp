@@ -121,8 +121,8 @@ void writeSlots(json::Writer& json, const struct_EtherCatDevice& device)
     json.openList("slots");
     PlaceRange places;
     for (const struct_Slot& slot : device.Slots.vslot) {
-        places.first = places.behind;
-        places.behind = static_cast<std::uint16_t>(places.first + slot.Attributes.MaxInstances);
+        places.first = places.end;
+        places.end = static_cast<std::uint16_t>(places.first + slot.Attributes.MaxInstances);
         const QJsonArray idents = identsOf(slot);
         const QJsonArray fixed = modulesThatStay(slot, places);
         json.line({{"slot", text(slot.Name)},

@@ -1,12 +1,8 @@
 #include "editing/deviceEdits.h"
 
 #include "editing/deviceTypeTexts.h"
+#include "editing/moduleData.h"
 #include "esi/derivation/driveAxes.h"
-#include "esi/derivation/moduleInSlot.h"
-#include "esi/derivation/smLengths.h"
-#include "esi/derivation/startupCommands.h"
-#include "model/missingSyncManager.h"
-#include "model/pdoAccess.h"
 
 #include <algorithm>
 #include <iterator>
@@ -60,13 +56,9 @@ void setModuleIndexes(struct_EtherCatDevice& device, std::uint32_t configuration
     device.detectindex = static_cast<std::uint16_t>(detection);
 }
 
-void renewModuleData(struct_EtherCatDevice& device)
+void setMinSize(struct_SM& syncManager, std::uint32_t bytes)
 {
-    onDevice(device, [&] {
-        rebuildModuleLists(device);
-        appendModuleStartup(device, atEditTime);
-        updateProcessDataLengths(device);
-    });
+    syncManager.Attributes.MinSize = static_cast<std::uint16_t>(bytes);
 }
 
 void DeviceClicks::select(struct_EtherCatDevice& device)

@@ -1,4 +1,4 @@
-// deviceEdits.h - what selecting a device does to it, and the settings of the General tab.
+// deviceEdits.h - what selecting a device does to it, and its settings but for modules and lists.
 #pragma once
 
 #include "model/deviceRecords.h"
@@ -18,7 +18,7 @@ void keepDriveAxes(struct_EtherCatDevice& device, std::uint16_t axes);
 void setDriveAxes(struct_EtherCatDevice& device, std::uint32_t axes);
 
 /// Chooses an operation mode: it changes places with the first one, which is the chosen one.
-/// @param position  in `vopmode` as it stands now
+/// @param position  in `vopmode` as it is now
 /// @return  false, with nothing changed, if there are not so many modes
 [[nodiscard]] bool chooseOperationMode(struct_EtherCatDevice& device, std::size_t position);
 
@@ -29,24 +29,21 @@ void setDriveAxes(struct_EtherCatDevice& device, std::uint32_t axes);
 /// Sets the object indexes of module configuration and detection, each in 16 bits.
 void setModuleIndexes(struct_EtherCatDevice& device, std::uint32_t configuration, std::uint32_t detection);
 
-/// Makes again whatever follows from the modules in the slots: what they bring into the device, the startup commands of
-/// the module list, and the lengths of the sync managers. Manual changes of module commands are lost.
-/// @throws MissingSyncManager, a std::out_of_range, if a PDO names a sync manager that the device does not declare
-void renewModuleData(struct_EtherCatDevice& device);
+/// Sets the minimum size of a sync manager, in 16 bits.
+void setMinSize(struct_SM& syncManager, std::uint32_t bytes);
 
-/// Selects devices one after the other as clicks in the device tree do, without a window.
+/// Selects devices one after the other as clicks in the device tree do, for callers without a window. A window has the
+/// list of device types itself: there `m_shownType` is its current entry, and a change of that entry runs the slots.
 class DeviceClicks
 {
 public:
-    /// Does to a device what selecting it does: the list of device types moves to its type, and the module data is made
-    /// again.
-    /// ODD, KEPT: a device of the type that the list shows already keeps its drive axes, and so does a multi-axis
-    /// drive; any other one takes those of its type. One would expect that looking at a device changes nothing. Pinned
-    /// by tst_DeviceEdits::axesOfSelection.
+    /// Does what selecting a device does: the list of types moves to its type, and the module data is made again.
+    /// ODD, KEPT: a device of the listed type keeps its drive axes, and so does a multi-axis drive; any other one takes
+    /// those of its type. One would expect no change. Pinned by tst_DeviceEdits::axesOfSelection.
     /// @throws MissingSyncManager as `renewModuleData`
     void select(struct_EtherCatDevice& device);
 
-    /// Chooses a type for the device that was selected last. The entry at which the list stands is no choice: nothing
+    /// Chooses a type for the device that was selected last. The current entry of the list is no choice: nothing
     /// changes then.
     /// @return  whether the device has changed
     /// @throws MissingSyncManager as `renewModuleData`

@@ -52,7 +52,7 @@ const char* wordsOf(ExportWarning warning)
     return "设备的startup启动项超过254个。固件必须升级大于20240929 %1:\n";
 }
 
-/// Name of a file by its path: what stands behind the last slash, up to the first dot. A split always gives a part; the
+/// Name of a file by its path: what follows the last slash, up to the first dot. A split always gives a part; the
 /// two names for a split that gave none are kept, so that a change of the splitting can never propose an empty name.
 QString fileStem(const QString& path)
 {
@@ -93,9 +93,9 @@ QString proposedKtlName(const struct_FilenameDevice& file)
 
 QString proposedKtlName(const QString& path, std::uint32_t vendorId)
 {
-    constexpr int longestStem = 15;
-    constexpr int longestName = 20;
-    const QString stem = fileStem(path).left(longestStem);
+    constexpr int maxStemLength = 15;
+    constexpr int maxNameLength = 20;
+    const QString stem = fileStem(path).left(maxStemLength);
     const QString name = stem + QLatin1Char('-') + hexNumber(vendorId);
-    return name.left(longestName);
+    return name.left(maxNameLength);
 }

@@ -56,3 +56,14 @@ void removeModule(struct_EtherCatDevice& device, int place)
     if (struct_Slot* slot = slotAt(device.Slots, place))
         takeModule(*slot, place);
 }
+
+void setTakesModuleList(struct_EtherCatDevice& device, bool takes)
+{
+    device.Slots.Attributes.DownloadModuleIdentList = takes;
+}
+
+bool isModuleListAdvised(const struct_EtherCatDevice& device, ModulePreset change)
+{
+    const bool presets = change == ModulePreset::PutInModule || device.m_iDeviceType == KTL_DEVICE_TYPE_ManualIOBlock;
+    return presets && device.Slots.Attributes.DownloadModuleIdentList;
+}

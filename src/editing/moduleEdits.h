@@ -1,5 +1,5 @@
-// moduleEdits.h - modules put into places of a device and taken out again by hand. What follows from the modules is
-// made anew by `renewModuleData`.
+// moduleEdits.h - modules put into places of a device and taken out again by hand, and the coupler's own list of them.
+// What follows from the modules is made again by `renewModuleData`.
 #pragma once
 
 #include "model/deviceRecords.h"
@@ -32,3 +32,16 @@ enum class ModuleRefusal
 
 /// Takes the module out of a place. An empty place, or one that belongs to no slot, changes nothing.
 void removeModule(struct_EtherCatDevice& device, int place);
+
+/// Whether a coupler takes the list of its modules by itself.
+void setTakesModuleList(struct_EtherCatDevice& device, bool takes);
+
+/// A change that presets modules by hand.
+enum class ModulePreset
+{
+    ChosenType, ///< the device got a type; only that of couplers whose modules are preset by hand counts
+    PutInModule, ///< a module is put in, whatever the type
+};
+
+/// Whether a change is followed by `moduleListAdvice`: it presets modules of a coupler that takes their list by itself.
+[[nodiscard]] bool isModuleListAdvised(const struct_EtherCatDevice& device, ModulePreset change);

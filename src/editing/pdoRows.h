@@ -1,5 +1,5 @@
-// pdoRows.h - which row of a PDO list stands for which PDO. No row stores its PDO: views and editors find it anew by
-// the row's number, so that a row that has become stale finds nothing instead of a record that is gone.
+// pdoRows.h - which row of a PDO list stands for which PDO. No row stores its PDO: views and editors look it up
+// by the row's number, so that a row that has become stale finds nothing instead of a record that is gone.
 #pragma once
 
 #include "editing/linkTexts.h"

@@ -1,5 +1,5 @@
 // startupRows.h - which row of the startup list stands for which command, and the changes of that list. No row stores
-// its command: it is found anew by the row's number.
+// its command: it is looked up by the row's number each time.
 #pragma once
 
 #include "model/deviceRecords.h"
@@ -57,7 +57,7 @@ template<typename Command> [[nodiscard]] Command newStartupCommand()
     return command;
 }
 
-/// Inserts a new command behind the one at a row, in the same list.
+/// Inserts a new command after the one at a row, in the same list.
 /// @return  false, with nothing changed, if the row stands for no command
 bool insertStartupCommand(struct_EtherCatDevice& device, int row);
 

@@ -22,7 +22,7 @@ template<typename Command> [[nodiscard]] StartupValues startupValuesOf(const Com
     return {indexOf(command), command.SubIndex, command.DataBytes, command.Data};
 }
 
-/// Sets the values of a command, each cut to the width of its field. Its text is made anew from the data; transition,
+/// Sets the values of a command, each cut to the width of its field. Its text is made again from the data; transition,
 /// comment and the values of a complete access stay as they were.
 template<typename Command> void setStartupValues(Command& command, const StartupValues& values)
 {

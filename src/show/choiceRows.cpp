@@ -1,6 +1,6 @@
 #include "show/choiceRows.h"
 
-#include "editing/deviceEdits.h"
+#include "editing/moduleData.h"
 #include "editing/startupRows.h"
 #include "model/pdoAccess.h"
 #include "model/startupAccess.h"

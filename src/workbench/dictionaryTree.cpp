@@ -10,8 +10,8 @@ namespace {
 constexpr int indexWidth = 120;
 constexpr int indentation = 10; // leaves most of the first column to the indexes
 
-/// A new item with texts, made from one with as many empty texts: copies share their columns, which is faster than to
-/// let each item add column after column.
+/// A new item with texts, made from one with as many empty texts: copies share their columns, which is faster than
+/// adding column after column to each item.
 QTreeWidgetItem* itemOf(const QStringList& texts)
 {
     static const QTreeWidgetItem row({{}, {}, {}, {}, {}, {}});
@@ -36,7 +36,7 @@ void setUpDictionaryColumns(QTreeWidget& tree)
 
 void fitDictionaryFont(QTreeWidget& tree)
 {
-    constexpr int levels = 2; // a row under an object comes after the place of two arrows
+    constexpr int levels = 2; // a row under an object is indented by two levels
     QFont font = tree.font();
     font.setPointSize(QApplication::font().pointSize());
     tree.setFont(fittingFont(font, QStringLiteral("0xdddd:255"), indexWidth - levels * indentation, tree));
@@ -47,8 +47,8 @@ DictionaryItems::DictionaryItems(const DeviceDictionary& dictionary)
     , m_index(dictionary.vdatatype, dictionary.vobject)
 {}
 
-/// The items are built apart from the tree and go into it all at once: a tree that is told of each row by itself takes
-/// many times as long.
+/// The items are built apart from the tree and go into it all at once: a tree that hears of each row
+/// separately takes many times as long.
 void DictionaryItems::addObjects(QTreeWidget& tree)
 {
     QList<QTreeWidgetItem*> items;

@@ -12,12 +12,12 @@ class QTableView;
 class QWidget;
 
 /// What an editor tells its parent when it closes. The parent only refreshes; the text carries nothing.
-inline QString closingWords()
+inline QString closingText()
 {
     return QStringLiteral("Hello parent");
 }
 
-/// Makes an editor a frameless dialog that holds the input of its parent as long as it is open, and puts it over the
+/// Makes an editor a frameless dialog that blocks the input of its parent as long as it is open, and puts it over the
 /// parent, if it has one. Without a frame its two buttons, and Esc and Enter, are the ways out.
 void setUpEditorWindow(QWidget& editor);
 
@@ -25,7 +25,7 @@ void setUpEditorWindow(QWidget& editor);
 /// @return  false if it was another key
 bool pressByKey(const QWidget& editor, const QKeyEvent& event, QPushButton& save, QPushButton& cancel);
 
-/// Gives up the form of an editor that has closed, once the running handlers are done: a closed editor stays a child of
+/// Frees the form of an editor that has closed, once the running handlers are done: a closed editor stays a child of
 /// its parent until that goes, and a long session must not fill memory with fields that nobody sees any more.
 void releaseForm(QWidget& editor);
 

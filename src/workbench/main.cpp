@@ -1,7 +1,7 @@
 // main.cpp - program entry of the workbench.
 #include "workbench/mainwindow.h"
-#include "workbench/startup.h"
 #include "workbench/terminateHandler.h"
+#include "workbench/windowSetUp.h"
 
 #include <QApplication>
 #include <QScreen>

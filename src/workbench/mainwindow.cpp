@@ -4,9 +4,9 @@
 #include "editing/deviceTypeTexts.h"
 #include "workbench/dictionaryTree.h"
 #include "workbench/fileDrags.h"
-#include "workbench/quietByName.h"
 #include "workbench/rowChoices.h"
 #include "workbench/tableViews.h"
+#include "workbench/unmatchedSlotSilencer.h"
 
 #include "ui_mainwindow.h"
 
@@ -14,19 +14,19 @@
 #include <QKeySequence>
 #include <QScrollArea>
 
-/// Takes the images into the program: they lie in a library, whose linker leaves out what nobody asks for by name.
+/// Pulls the images into the program: of a static library the linker drops what nobody refers to by name.
 static void initImages()
 {
     Q_INIT_RESOURCE(application);
 }
 
-/// Puts the form into an area that scrolls: with large letters its parts may need more than the least size of the
+/// Puts the form into an area that scrolls: with large letters its parts may need more than the minimum size of the
 /// window, and then they are out of sight instead of cut off.
 static void makeScrollable(QMainWindow& window)
 {
     auto* area = new QScrollArea;
     area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus); // a click beside the fields takes the focus from none of them
+    area->setFocusPolicy(Qt::NoFocus); // a click beside the fields leaves the focus where it is
     area->setWidgetResizable(true);
     area->setWidget(window.takeCentralWidget());
     window.setCentralWidget(area);
@@ -44,7 +44,7 @@ MainWindow::MainWindow(QWidget* parent)
 
     {
         // Wires the exit action and, by their names, all slots of the form on_<object>_<signal> to the widgets.
-        const QuietByName quiet;
+        const UnmatchedSlotSilencer silencer;
         ui->setupUi(this);
     }
     makeScrollable(*this);
@@ -74,8 +74,8 @@ void MainWindow::connectDeviceTree()
 {
     connect(ui->DeviceTree, &QTreeWidget::customContextMenuRequested, this, &MainWindow::slotCustomContextMenu);
     // The click that toggles a check box also selects the item. The order of the connections is the order in which they
-    // run: first the item becomes the current one, which the view leaves out for a check box; then it is shown, for
-    // which a changed device type goes by the current item; then its check state spreads.
+    // run: first the item becomes current, which a click on a check box does not do by itself; then it is shown, and
+    // a changed device type needs the current item for that; then its check state spreads.
     connect(ui->DeviceTree, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
         if (ui->DeviceTree->currentItem() != item)
             ui->DeviceTree->setCurrentItem(item);
@@ -190,8 +190,8 @@ void MainWindow::setUpDeleteKeys()
     }
 }
 
-/// What a row shows and edits follows its becoming current in any way. Rows of the other tables are only read, or asked
-/// for their menu; and the menu of the device tree selects an item without showing it.
+/// However a row becomes current, the window shows and edits that row. Rows of the other tables are only read, or asked
+/// for their menu, and the menu of the device tree selects an item without showing it.
 void MainWindow::setUpRowChoices()
 {
     makeKeysClick(*ui->DeviceTree);

@@ -52,7 +52,7 @@ protected slots:
     void StartupEditWindowSendMsg(const QString& text);
 
 private slots:
-    // Each slot is carried by the source file of its tab.
+    // Each slot is in the source file of its tab.
     void device_import_triggered();
     void device_information_display(QTreeWidgetItem* item, int column);
     void device_fmmu_display();

@@ -40,6 +40,6 @@ void MainWindow::device_CoE_display()
     fitDictionaryFont(*ui->CoeTree); // here, since the application has its font only after the window was made
     DictionaryItems(selectedDictionary()).addObjects(*ui->CoeTree);
     // ODD, KEPT: the rows counted are those of the module tree, where one would expect the ones just filled in. Nothing
-    // goes by this count. Pinned by tst_CoeSlots::rowCountIsThatOfTheModuleTree.
+    // uses this count. Pinned by tst_CoeSlots::rowCountIsThatOfTheModuleTree.
     coe_model_size = ui->ModuleTree->topLevelItemCount();
 }

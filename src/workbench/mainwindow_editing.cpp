@@ -21,15 +21,15 @@ void MainWindow::runMenu(const QAbstractItemView& view, const std::vector<MenuEn
     menu->exec(QCursor::pos());
 }
 
-/// Says why an edit is refused, unless what it needs is met. @return  whether it is
+/// Says why an edit is refused, unless its condition is met. @return  whether it is met
 bool MainWindow::warnUnless(bool isMet, const QString& text)
 {
     if (!isMet)
-        warn(this, selectionMatters(), text);
+        warn(this, selectionTitle(), text);
     return isMet;
 }
 
-/// Opens the editor of PDO entries; what it works on is told by the selection and its two switches.
+/// Opens the editor of PDO entries; the selection and its two switches say what it works on.
 void MainWindow::openPdoEditor(const QString& title)
 {
     openEditor(PdoEditWindow, &PdoEditWin::sendTextToParent, &MainWindow::PdoEditWindowSendMsg, title);

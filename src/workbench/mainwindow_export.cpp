@@ -43,13 +43,13 @@ std::optional<KtlSaveMode> saveModeFor(QWidget* parent, const std::string& path,
         return std::nullopt;
     }
     if (os::isThere(path)) {
-        warn(parent, fileMatters(), MainWindow::tr("The file does not have write permission %1:\n").arg(nativePath));
+        warn(parent, fileTitle(), MainWindow::tr("The file does not have write permission %1:\n").arg(nativePath));
         return std::nullopt;
     }
     return KtlSaveMode::Overwrite;
 }
 
-/// What is said of a failed export.
+/// The warning of a failed export.
 QString saveWarning(KtlSaveStatus failure, const std::string& path)
 {
     const std::string failedPath = failure == KtlSaveStatus::CannotWriteDump ? dumpPathOf(path) : path;
@@ -65,7 +65,7 @@ void MainWindow::device_export_triggered()
 {
     device_switch_event();
     if (checkedFiles(*ui->DeviceTree) == 0) {
-        warn(this, selectionMatters(), tr("Select at least one device export\n"));
+        warn(this, selectionTitle(), tr("Select at least one device export\n"));
         return;
     }
     if (const std::optional<QString> path = askExportPath(warnAndProposeName()))
@@ -82,7 +82,7 @@ QString MainWindow::warnAndProposeName()
             if (!isCheckedForExport(*ui->DeviceTree, fileIndex, deviceIndex))
                 continue;
             for (const QString& warning : exportWarnings(g_xmlfiledevices[fileIndex].device[deviceIndex]))
-                warn(this, fileMatters(), warning);
+                warn(this, fileTitle(), warning);
             if (proposedName.isEmpty())
                 proposedName = proposedKtlName(g_xmlfiledevices[fileIndex]);
         }
@@ -103,14 +103,14 @@ std::optional<QString> MainWindow::askExportPath(const QString& proposedName)
     return dialog.selectedFiles().value(0);
 }
 
-/// Writes the file and its dump, and tells of what went wrong; there is no message of success.
+/// Writes the file and its dump, and reports what went wrong; success has no message.
 void MainWindow::exportTo(const QString& path)
 {
     // The C library takes a path in the file system's encoding, up to its first zero byte.
     const std::string filePath = QFile::encodeName(path).constData();
     const QString nativePath = QDir::toNativeSeparators(path);
     if (filePath.empty()) {
-        warn(this, fileMatters(), tr("File path is empty %1:\n").arg(nativePath));
+        warn(this, fileTitle(), tr("File path is empty %1:\n").arg(nativePath));
         return;
     }
     const std::optional<KtlSaveMode> mode = saveModeFor(this, filePath, nativePath);
@@ -124,5 +124,5 @@ void MainWindow::exportTo(const QString& path)
         });
     }
     if (result.status != KtlSaveStatus::Saved)
-        warn(this, fileMatters(), saveWarning(result.status, filePath));
+        warn(this, fileTitle(), saveWarning(result.status, filePath));
 }

@@ -25,15 +25,15 @@ void MainWindow::device_import_triggered()
     const QStringList paths =
         QFileDialog::getOpenFileNames(this, tr("文件对话框！"), QStringLiteral("."), tr("XML文件(*xml)"));
     if (paths.isEmpty())
-        warn(this, fileMatters(), tr("Please select a xml file to open"));
+        warn(this, fileTitle(), tr("Please select a xml file to open"));
     for (const QString& path : paths)
-        // A failure ends the opening at once: what was read before it stays loaded and shows with the next refill.
+        // A failure ends the opening at once: what was read before stays loaded and appears with the next refill.
         if (!path.isEmpty() && !importEsiFile(path))
             return;
     DeviceDisplayUpdate();
 }
 
-/// Loads one file and tells of a failure.
+/// Loads one file and reports a failure.
 bool MainWindow::importEsiFile(const QString& path)
 {
     EsiLoadResult result;
@@ -46,18 +46,18 @@ bool MainWindow::importEsiFile(const QString& path)
         g_xmlfiledevices.push_back(std::move(result.file));
         return true;
     case EsiLoadStatus::CannotOpen:
-        warn(this, fileMatters(),
+        warn(this, fileTitle(),
              tr("The file cannot be read %1:\n%2.").arg(QDir::toNativeSeparators(path), result.reason.text));
         break;
     case EsiLoadStatus::NotWellFormed:
-        inform(window(), fileMatters(),
+        inform(window(), fileTitle(),
                tr("XML Field format error， 行:%1, 列:%2:\n%3")
                    .arg(result.reason.line)
                    .arg(result.reason.column)
                    .arg(result.reason.text));
         break;
     case EsiLoadStatus::NotEsi:
-        warn(this, fileMatters(), tr("this xml file not is ethercat xml\n"));
+        warn(this, fileTitle(), tr("this xml file not is ethercat xml\n"));
         break;
     }
     return false;
@@ -68,21 +68,21 @@ void MainWindow::on_actionInPort_ktl_triggered()
     const QStringList paths =
         QFileDialog::getOpenFileNames(this, tr("文件对话框！"), QStringLiteral("."), tr("KTL文件(*ktl)"));
     if (paths.isEmpty())
-        warn(this, ktlMatters(), tr("Please select a ktl file to open"));
+        warn(this, ktlTitle(), tr("Please select a ktl file to open"));
     for (const QString& path : paths)
         if (!path.isEmpty())
             importKtlFile(path);
     DeviceDisplayUpdate();
 }
 
-/// Loads one file, and tells if it cannot be opened.
+/// Loads one file; warns if it cannot be opened.
 /// ODD, KEPT: nothing is said of a file that makes no sense, where one would expect a warning. What could be read of it
-/// shows in the tree. Pinned by tst_ImportKtl::brokenFile.
+/// appears in the tree. Pinned by tst_ImportKtl::brokenFile.
 void MainWindow::importKtlFile(const QString& path)
 {
     const FileHandle file(std::fopen(QFile::encodeName(path).constData(), "rb"));
     if (file == nullptr) {
-        warn(this, ktlMatters(),
+        warn(this, ktlTitle(),
              tr("File open failure again %1:\n Unknown ecoding error.").arg(QDir::toNativeSeparators(path)));
         return;
     }
@@ -104,7 +104,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 void MainWindow::dropEvent(QDropEvent* event)
 {
     if (!event->mimeData()->hasUrls()) {
-        warn(this, selectionMatters(), tr("file does not exist\n"));
+        warn(this, selectionTitle(), tr("file does not exist\n"));
         return;
     }
     for (const QUrl& url : event->mimeData()->urls())
@@ -114,9 +114,8 @@ void MainWindow::dropEvent(QDropEvent* event)
 }
 
 /// Loads one dropped file by its kind; a bad one does not stop the others.
-/// ODD, KEPT: the kind is looked for anywhere after the last point of the name, and in small letters only, where one
-/// would expect the whole suffix in letters of any size. Copies such as "a.xmlbak" and "b.ktl2" are taken that way, and
-/// so is a file without a point whose name holds its kind. Pinned by tst_FileDrop::kindOfFile.
+/// ODD, KEPT: the kind may be anywhere after the last dot of the name, in lower case only: "a.xmlbak" is read, and so
+/// is "myxml" without a dot. One would expect the whole suffix, in either case. Pinned by tst_FileDrop::kindOfFile.
 void MainWindow::loadDroppedFile(const QString& path)
 {
     const QString suffix = path.split(QLatin1Char('/')).last().split(QLatin1Char('.')).last();
@@ -125,5 +124,5 @@ void MainWindow::loadDroppedFile(const QString& path)
     else if (suffix.contains(QLatin1String("ktl")))
         importKtlFile(path);
     else
-        warn(this, fileMatters(), tr("The file unsupport be read %1:\n").arg(QDir::toNativeSeparators(path)));
+        warn(this, fileTitle(), tr("The file unsupport be read %1:\n").arg(QDir::toNativeSeparators(path)));
 }

@@ -3,6 +3,7 @@
 
 #include "editing/deviceEdits.h"
 #include "editing/deviceTypeTexts.h"
+#include "editing/moduleEdits.h"
 #include "esi/xmlCharConversion.h"
 #include "model/deviceType.h"
 #include "model/version.h"
@@ -31,7 +32,7 @@ void MainWindow::showIdentity(const struct_FilenameDevice& file, const struct_Et
 
 void MainWindow::showDeviceType(struct_EtherCatDevice& device)
 {
-    // Making the entry current runs the slot of a changed type, which sets the axes anew. A multi-axis drive keeps the
+    // Making the entry current runs the slot of a changed type, which sets the axes again. A multi-axis drive keeps the
     // number that was found at load or typed by the user.
     const std::uint16_t driveAxes = device.m_iDriveAxies;
     ui->comboBox_DeviceType->setCurrentIndex(ui->comboBox_DeviceType->findData(device.m_iDeviceType, Qt::UserRole));
@@ -46,7 +47,7 @@ void MainWindow::showDeviceType(struct_EtherCatDevice& device)
 void MainWindow::showOperationModes(const struct_EtherCatDevice& device)
 {
     ui->SyncEdit->setText(xmlGetStringuint(device.vopmode.front().AssignActivate));
-    // Filling the list is no choice of the user's. The connection was made by name, so it is taken down by name.
+    // Filling the list is not a choice by the user. The connection was made by name, so it is removed by name.
     disconnect(ui->comboBox_Dc, SIGNAL(currentIndexChanged(int)), this, SLOT(on_comboBox_Dc_currentIndexChanged(int)));
     ui->comboBox_Dc->clear();
     int position = 0;
@@ -74,8 +75,8 @@ void MainWindow::on_comboBox_DeviceType_currentIndexChanged(int index)
     if (device == nullptr || index < 0)
         return;
     setDeviceType(*device, static_cast<std::uint16_t>(ui->comboBox_DeviceType->itemData(index).toUInt()));
-    if (device->m_iDeviceType == KTL_DEVICE_TYPE_ManualIOBlock && device->Slots.Attributes.DownloadModuleIdentList) {
-        warn(this, fileMatters(), moduleListAdvice(*device));
+    if (isModuleListAdvised(*device, ModulePreset::ChosenType)) {
+        warn(this, fileTitle(), moduleListAdvice(*device));
         device = selectedDevice(); // the box has run the event loop
         if (device == nullptr)
             return;
@@ -100,7 +101,7 @@ void MainWindow::on_comboBox_Dc_currentIndexChanged(int index)
     if (device == nullptr || index < 0)
         return;
     if (!chooseOperationMode(*device, ui->comboBox_Dc->itemData(index, Qt::UserRole).toUInt())) {
-        warn(this, fileMatters(), tr("超出DC选择范围 %1:\n").arg(QString::fromStdString(device->Name)));
+        warn(this, fileTitle(), tr("超出DC选择范围 %1:\n").arg(QString::fromStdString(device->Name)));
         return;
     }
     showOperationModes(*device);
@@ -108,6 +109,6 @@ void MainWindow::on_comboBox_Dc_currentIndexChanged(int index)
 
 void MainWindow::on_actionAbout_triggered()
 {
-    tellAbout(this, tr("Software information(软件信息)"),
+    showAbout(this, tr("Software information(软件信息)"),
               QString::asprintf("Kinetra, Kinetra Xml Parser %s", versionText));
 }

@@ -2,10 +2,11 @@
 #include "workbench/mainwindow.h"
 
 #include "editing/deviceTypeTexts.h"
+#include "editing/moduleData.h"
 #include "editing/moduleEdits.h"
+#include "editing/moduleIdentList.h"
 #include "editing/slotPlaces.h"
-#include "esi/derivation/moduleInSlot.h"
-#include "esi/derivation/startupCommands.h"
+#include "editing/slotTable.h"
 #include "esi/xmlCharConversion.h"
 #include "workbench/messages.h"
 #include "workbench/tableViews.h"
@@ -46,7 +47,7 @@ void expandGroups(const QTreeWidget& tree)
             tree.topLevelItem(index)->setExpanded(true);
 }
 
-/// Removes the rows from a number onward.
+/// Removes the rows from one onward.
 void cutRows(QStandardItemModel& model, int firstRow)
 {
     if (firstRow < model.rowCount())
@@ -98,13 +99,13 @@ void MainWindow::device_slotmodule_display()
     cutRows(device_pdo_model, pdo_model_size);
     for (QStandardItemModel* model : {&device_pdocontent_model, &device_pdoassignment_model, &device_slots_model})
         removeAllRows(*model);
-    rebuildModuleLists(*device);
+    moduleData::renewLists(*device);
 }
 
 void MainWindow::device_modulestartup_generate()
 {
     if (struct_EtherCatDevice* device = selectedDeviceInRange())
-        appendModuleStartup(*device, atEditTime);
+        moduleData::appendStartup(*device);
 }
 
 void MainWindow::device_slot_clicked(const QModelIndex& /*index*/)
@@ -143,7 +144,7 @@ bool MainWindow::takesModules(const struct_EtherCatDevice& device)
 {
     const std::optional<ModuleRefusal> refusal = moduleRefusal(device.m_iDeviceType);
     if (refusal.has_value())
-        warn(this, refusedActions(), moduleRefusalText(*refusal));
+        warn(this, refusalTitle(), moduleRefusalText(*refusal));
     return !refusal.has_value();
 }
 
@@ -152,8 +153,8 @@ void MainWindow::on_InsertModule_clicked()
     struct_EtherCatDevice* device = selectedDeviceInRange();
     if (device == nullptr || !takesModules(*device))
         return;
-    if (device->Slots.Attributes.DownloadModuleIdentList)
-        warn(this, refusedActions(), moduleListAdvice(*device));
+    if (isModuleListAdvised(*device, ModulePreset::PutInModule))
+        warn(this, refusalTitle(), moduleListAdvice(*device));
     const QModelIndex place = ui->ModuleView->currentIndex();
     const QModelIndex moduleIndex = ui->ModuleTree->currentIndex();
     if (!warnUnless(place.isValid(), tr("Select valid slot\n"))
@@ -164,7 +165,7 @@ void MainWindow::on_InsertModule_clicked()
         return;
     const struct_module& module = moduleOf(moduleIndex);
     if (const std::optional<ModuleRefusal> refusal = insertModule(*device, place.row(), module)) {
-        warn(this, refusedActions(), moduleRefusalText(*refusal, module.Name));
+        warn(this, refusalTitle(), moduleRefusalText(*refusal, module.Name));
         return;
     }
     refreshModules();
@@ -182,7 +183,8 @@ void MainWindow::on_DeleteModule_clicked()
     refreshModules();
 }
 
-/// Renews everything that follows from the modules in the slots; the order counts.
+/// Renews everything that follows from the modules in the slots: each part of `moduleData`, and the tables that show
+/// it. The order matters.
 void MainWindow::refreshModules()
 {
     device_slotmodule_display();
@@ -196,7 +198,7 @@ void MainWindow::refreshModules()
 void MainWindow::on_DownlaodCfg_stateChanged(int /*arg1*/)
 {
     if (struct_EtherCatDevice* device = selectedDevice())
-        device->Slots.Attributes.DownloadModuleIdentList = ui->DownlaodCfg->isChecked();
+        setTakesModuleList(*device, ui->DownlaodCfg->isChecked());
 }
 
 void MainWindow::device_moduleindex_modify(int arg1)

@@ -3,8 +3,8 @@
 
 #include "editing/pdoRows.h"
 #include "model/pdoAccess.h"
+#include "workbench/entryRows.h"
 #include "workbench/messages.h"
-#include "workbench/pdoEntries.h"
 #include "workbench/rowTexts.h"
 #include "workbench/tableViews.h"
 
@@ -35,7 +35,7 @@ void MainWindow::mPdoContentViewCustomMenu(const QPoint& /*point*/)
 /// What a file declares for its modules is neither added to nor taken from.
 void MainWindow::refuseModuleChange()
 {
-    warn(this, selectionMatters(), tr("This function is not supported temporarily\n"));
+    warn(this, selectionTitle(), tr("This function is not supported temporarily\n"));
 }
 
 void MainWindow::on_ModuleTree_delete()

@@ -1,11 +1,12 @@
 // mainwindow_pdo.cpp - the Process Data tab.
 #include "workbench/mainwindow.h"
 
+#include "editing/assignablePdos.h"
+#include "editing/pdoEdits.h"
 #include "editing/pdoRows.h"
 #include "esi/xmlCharConversion.h"
 #include "model/pdoAccess.h"
-#include "model/syncDirection.h"
-#include "workbench/pdoEntries.h"
+#include "workbench/entryRows.h"
 #include "workbench/rowTexts.h"
 #include "workbench/tableViews.h"
 
@@ -115,7 +116,7 @@ void MainWindow::on_PdoContentView_doubleClicked(const QModelIndex& /*index*/)
     openPdoEditor(tr("Pdo editor"));
 }
 
-/// Changes the entries of the current PDO at the first selected one, and shows them anew.
+/// Changes the entries of the current PDO at the first selected one, and shows them again.
 /// @param change  given the device, the row of the PDO and the row of the entry
 /// @return        row of that entry, nothing after a refusal
 std::optional<int> MainWindow::changeEntries(void (*change)(struct_EtherCatDevice&, int, int))
@@ -136,7 +137,7 @@ std::optional<int> MainWindow::changeEntries(void (*change)(struct_EtherCatDevic
     return entryRow;
 }
 
-/// The new entry opens in the editor at once. Behind the closing row there is none, and the editor says so.
+/// The new entry opens in the editor at once. After the closing row there is none, and the editor says so.
 void MainWindow::on_pdoContect_add()
 {
     const std::optional<int> entryRow = changeEntries(insertPdoEntry);

@@ -1,7 +1,7 @@
 // mainwindow_sm.cpp - sync manager and FMMU views.
 #include "workbench/mainwindow.h"
 
-#include "esi/derivation/smLengths.h"
+#include "editing/moduleData.h"
 #include "workbench/rowTexts.h"
 #include "workbench/smeditwin.h"
 #include "workbench/tableViews.h"
@@ -17,7 +17,7 @@ void MainWindow::device_fmmu_display()
     appendRows(device_fmmu_model, device->vFmmu, fmmuRow);
 }
 
-/// The lengths are computed here, so that what is shown, and exported from then on, follows the PDOs of now.
+/// The lengths are computed here, so that what is shown, and exported from then on, follows the current PDOs.
 void MainWindow::device_sm_display()
 {
     struct_EtherCatDevice* const device = selectedDevice();
@@ -25,7 +25,7 @@ void MainWindow::device_sm_display()
         return;
     removeAllRows(device_sm_model);
     removeAllRows(device_sync_model);
-    updateProcessDataLengths(*device);
+    moduleData::renewLengths(*device);
     appendRows(device_sm_model, device->vSM, smRow);
     sm_model_size = device_sm_model.rowCount();
     appendRows(device_sync_model, device->vSM, syncRow);
@@ -38,7 +38,7 @@ void MainWindow::SmViewCustomMenu(const QPoint& /*point*/)
 
 void MainWindow::on_SmView_modify()
 {
-    // The words of the PDO case serve here too.
+    // The same words as for a PDO.
     if (warnUnless(ui->SmView->currentIndex().isValid(), tr("Please select a pdo\n")))
         openEditor(SmEditWindow, &Smeditwin::SmsendTextToParent, &MainWindow::SmEditWindowSendMsg, tr("Sm editor"));
 }

@@ -66,7 +66,7 @@ void MainWindow::device_information_display(QTreeWidgetItem* item, int /*column*
         showDevice();
 }
 
-/// Fills all tabs from the selected device. The order of the fills counts: the first two rebuild lists of the device
+/// Fills all tabs from the selected device. The order of the fills matters: the first two rebuild lists of the device
 /// that the others show.
 void MainWindow::showDevice()
 {
@@ -97,7 +97,7 @@ void MainWindow::enableModuleIndexes(bool enable)
     ui->DetectModuleEdit->setEnabled(enable);
 }
 
-/// Saves the module index fields: the only way by which these two edits reach the model.
+/// Saves the module index fields: the only way for these two edits to reach the model.
 void MainWindow::device_switch_event()
 {
     if (struct_EtherCatDevice* device = selectedDevice())
@@ -120,7 +120,7 @@ void MainWindow::Device_Information_UIClear()
     for (QCheckBox* box : {ui->checkBox_Dc1, ui->checkBox_Dc2, ui->checkBox_Dc3})
         box->setChecked(false);
     ui->comboBox_Dc->clear();
-    ui->comboBox_Dc->clearEditText(); // the list is editable, and a typed text is no entry of it
+    ui->comboBox_Dc->clearEditText(); // the list is editable, and a typed text is not an entry of it
     enableModuleIndexes(false);
     ui->InsertModule->setEnabled(false);
     ui->DeleteModule->setEnabled(false);
@@ -154,7 +154,7 @@ void MainWindow::slotCustomContextMenu(const QPoint& /*point*/)
 
 /// Deletes the selected device, or the selected file. A file stays when its last device goes.
 /// ODD, KEPT: the selection stays where it was, so that a second "Del" takes what has moved up into the same place,
-/// where one would expect nothing to be selected. Pinned by tst_DeviceTreeDelete::repeatedKeyDeletesWhatStandsThere.
+/// where one would expect nothing to be selected. Pinned by tst_DeviceTreeDelete::repeatedKeyDeletesWhatIsThere.
 void MainWindow::device_delete()
 {
     if (currentfileindex < 0)

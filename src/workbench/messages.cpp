@@ -23,12 +23,12 @@ void inform(QWidget* parent, const QString& title, const QString& text)
     show(QMessageBox::Information, parent, title, text);
 }
 
-void tellOfEnd(QWidget* parent, const QString& title, const QString& text)
+void reportFatal(QWidget* parent, const QString& title, const QString& text)
 {
     show(QMessageBox::Critical, parent, title, text);
 }
 
-void tellAbout(QWidget* parent, const QString& title, const QString& text)
+void showAbout(QWidget* parent, const QString& title, const QString& text)
 {
     QMessageBox::about(parent, title, text);
 }

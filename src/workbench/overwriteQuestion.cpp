@@ -16,7 +16,7 @@ class OverwriteQuestion final : public QMessageBox
 public:
     explicit OverwriteQuestion(QWidget* parent)
         : QMessageBox(
-            Warning, fileMatters(),
+            Warning, fileTitle(),
             QCoreApplication::translate("MainWindow", "The file already exists\nYes is cover，No is Additional?"),
             Yes | No, parent)
     {

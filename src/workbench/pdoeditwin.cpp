@@ -1,5 +1,6 @@
 #include "workbench/pdoeditwin.h"
 
+#include "editing/pdoEdits.h"
 #include "editing/pdoRows.h"
 #include "esi/xmlCharConversion.h"
 #include "model/XMLParsing.h"
@@ -109,13 +110,13 @@ void PdoEditWin::fillForm()
     const int row = g_bpdoormodulepdo ? mwin_mpdocontent_modelselrow : mwin_pdocontent_modelselrow;
     visitTarget([&](const auto& entries, PdoDirection direction) {
         offerLinks(direction);
-        if (row >= 0 && static_cast<std::size_t>(row) < entries.size())
+        if (isEntryRow(entries, row))
             showEntry(entries[static_cast<std::size_t>(row)]);
     });
 }
 
-/// Offers the links of a direction with none of them current. They are offered without an entry to show, too: the row
-/// behind the last entry may be the first of the selected ones.
+/// Offers the links of a direction with none of them current, also without an entry to show: the row after the last
+/// entry may be the first of the selected ones.
 void PdoEditWin::offerLinks(PdoDirection direction)
 {
     for (const LinkText& link : linksFor(direction))
@@ -146,14 +147,10 @@ void PdoEditWin::on_LinkTo_currentIndexChanged(int index)
 template<typename Entries> void PdoEditWin::save(Entries& entries)
 {
     std::int16_t& row = g_bpdoormodulepdo ? mwin_mpdocontent_modelselrow : mwin_pdocontent_modelselrow;
-    const auto saveRow = [&] { // the row behind the last entry is no entry
-        if (row >= 0 && static_cast<std::size_t>(row) < entries.size())
-            entries[static_cast<std::size_t>(row)].Linkto = LinkToindex;
-    };
     if (row < 0)
         return;
     if (!g_bpdoMultiplechoice) {
-        saveRow();
+        linkEntry(entries, row, LinkToindex);
         return;
     }
     const QTableView* const table = entryTable();
@@ -161,7 +158,7 @@ template<typename Entries> void PdoEditWin::save(Entries& entries)
         return;
     for (const QModelIndex& index : table->selectionModel()->selectedIndexes()) {
         row = static_cast<std::int16_t>(index.row());
-        saveRow();
+        linkEntry(entries, row, LinkToindex);
     }
 }
 
@@ -179,7 +176,7 @@ void PdoEditWin::on_CancelButton_clicked()
 void PdoEditWin::closeEvent(QCloseEvent* event)
 {
     event->accept();
-    emit sendTextToParent(closingWords());
+    emit sendTextToParent(closingText());
     releaseForm(*this);
 }
 

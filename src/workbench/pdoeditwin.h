@@ -14,11 +14,9 @@ namespace Ui {
 class PdoEditWin;
 }
 
-/// Gives one PDO entry, or all selected ones (`g_bpdoMultiplechoice`), their link to an input or output of the
-/// controller; the other fields are shown for reading. The entry is one of the selected device, or with
-/// `g_bpdoormodulepdo` one of a module as the file declares it: copies that stand in slots keep their links. It finds
-/// its target by itself, by the selection and the rows at the time of its opening, writes into the model on save, and
-/// tells that it has closed, and nothing else.
+/// Links one PDO entry, or all selected ones (`g_bpdoMultiplechoice`); the other fields are read-only. The entry is one
+/// of the selected device, or with `g_bpdoormodulepdo` one of a module as the file declares it: copies in slots keep
+/// their links. It finds its target by selection and rows when it opens, writes on save, and tells only of its closing.
 class PdoEditWin : public QWidget
 {
     Q_OBJECT

@@ -52,11 +52,11 @@ template<typename Entry> QStringList rowOfEntry(const Entry& entry)
 }
 
 /// Added as floats, with no carry from the tenths into the bytes, as everywhere.
-template<typename Entry> QStringList rowBehind(const Entry& last)
+template<typename Entry> QStringList rowAfter(const Entry& last)
 {
     constexpr int decimals = 6;
-    const float behind = last.Offs + byteBitForm(bitLengthOf(last));
-    return {QString(), QString(), QString::number(static_cast<double>(behind), 'f', decimals)};
+    const float end = last.Offs + byteBitForm(bitLengthOf(last));
+    return {QString(), QString(), QString::number(static_cast<double>(end), 'f', decimals)};
 }
 
 /// The index alone, for a command that goes out as a complete access on sub-index 0.
@@ -160,12 +160,12 @@ QStringList entryRow(const struct_moduleEntry& entry)
 
 QStringList closingRow(const struct_EntryPDOContent& last)
 {
-    return rowBehind(last);
+    return rowAfter(last);
 }
 
 QStringList closingRow(const struct_moduleEntry& last)
 {
-    return rowBehind(last);
+    return rowAfter(last);
 }
 
 QStringList startupRow(const struct_InitCmd& command, StartupList list, bool completeAccess)

@@ -35,12 +35,12 @@
 [[nodiscard]] QStringList entryRow(const struct_EntryPDOContent& entry);
 [[nodiscard]] QStringList entryRow(const struct_moduleEntry& entry); ///< as for an entry of the device
 
-/// Row behind the last entry of a PDO: where the next one would start, with six decimals.
+/// Row after the last entry of a PDO: where the next one would start, with six decimals.
 [[nodiscard]] QStringList closingRow(const struct_EntryPDOContent& last);
 [[nodiscard]] QStringList closingRow(const struct_moduleEntry& last); ///< as for an entry of the device
 
 /// Row of the startup list.
-/// @param list            where the command stands
+/// @param list            the list that holds the command
 /// @param completeAccess  whether the device takes complete accesses
 [[nodiscard]] QStringList startupRow(const struct_InitCmd& command, StartupList list, bool completeAccess);
 [[nodiscard]] QStringList startupRow(const struct_moduleInitCmd& command, StartupList list, bool completeAccess);

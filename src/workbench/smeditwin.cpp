@@ -1,5 +1,6 @@
 #include "workbench/smeditwin.h"
 
+#include "editing/deviceEdits.h"
 #include "model/XMLParsing.h"
 #include "workbench/editorWindow.h"
 #include "workbench/selection.h"
@@ -53,7 +54,7 @@ void Smeditwin::fillForm(const struct_SM& syncManager)
 void Smeditwin::on_SmSavebutton_clicked()
 {
     if (struct_SM* syncManager = target())
-        syncManager->Attributes.MinSize = static_cast<std::uint16_t>(ui->MinSize->text().toUInt());
+        setMinSize(*syncManager, ui->MinSize->text().toUInt());
     close();
 }
 
@@ -65,7 +66,7 @@ void Smeditwin::on_SmCancelButton_clicked()
 void Smeditwin::closeEvent(QCloseEvent* event)
 {
     event->accept();
-    emit SmsendTextToParent(closingWords());
+    emit SmsendTextToParent(closingText());
     releaseForm(*this);
 }
 

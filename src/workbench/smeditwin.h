@@ -12,9 +12,9 @@ namespace Ui {
 class Smeditwin;
 }
 
-/// Edits the least size of the sync manager that is current in the parent's `SmView`; the other fields are shown for
-/// reading. It finds its target by itself, by the selection and the row at the time of its opening, and writes into the
-/// model on save. It tells that it has closed, and nothing else.
+/// Edits the minimum size of the sync manager that is current in the parent's `SmView`; the other fields are
+/// read-only. It finds its target by the selection and the row when it opens, writes into the model on save, and tells
+/// only that it has closed.
 class Smeditwin : public QWidget
 {
     Q_OBJECT

@@ -48,7 +48,7 @@ template<typename Command> void Startupeditwin::fillForm(const Command& command)
     ui->bIfCA->setText(QString::number(command.bIfCA));
 }
 
-/// ODD, KEPT: the index takes all forms that ESI files know, while length and value are decimal only: a value typed in
+/// ODD, KEPT: the index takes all forms that ESI files use, while length and value are decimal only: a value typed in
 /// hexadecimal becomes 0. One would expect the same forms everywhere. The values of a complete access stay as they
 /// were. Pinned by tst_StartupEditor::numberForms.
 template<typename Command> void Startupeditwin::save(Command& command) const
@@ -67,13 +67,13 @@ void Startupeditwin::on_StartupSavebutton_clicked()
 void Startupeditwin::on_StartupCancelButton_clicked()
 {
     close();
-    emit StartupsendTextToParent(closingWords());
+    emit StartupsendTextToParent(closingText());
 }
 
 void Startupeditwin::closeEvent(QCloseEvent* event)
 {
     event->accept();
-    emit StartupsendTextToParent(closingWords());
+    emit StartupsendTextToParent(closingText());
     releaseForm(*this);
 }
 

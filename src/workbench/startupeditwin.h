@@ -11,8 +11,7 @@ class Startupeditwin;
 }
 
 /// Edits index, sub-index, length and value of the command that is current in the parent's `StartupView`. It finds its
-/// target by itself, by the selection and the row at the time of its opening, and writes into the model on save. It
-/// tells that it has closed, and nothing else.
+/// target by the selection and the row when it opens, writes into the model on save, and tells only that it has closed.
 class Startupeditwin : public QWidget
 {
     Q_OBJECT

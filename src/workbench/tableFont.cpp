@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-/// Pixels that a cell takes for a text. Cells lay out their text, and that may take more than the sum of its letters.
+/// Pixels that a cell needs for a text. Cells lay out their text, and that may take more than the sum of its letters.
 static qreal widthInCell(const QString& text, const QFont& font, const QAbstractItemView& view)
 {
     QTextLayout layout(text, font, &view);
@@ -26,9 +26,9 @@ QFont fittingFont(QFont font, const QString& text, int room, const QAbstractItem
 
 int rowHeightFor(int textHeight) noexcept
 {
-    constexpr int leastHeight = 26; // the usual four sync managers and three FMMUs fit the least height of the window
-    // The share beside the text is for Chinese letters, which another, higher font may lend.
+    constexpr int minHeight = 26; // the usual four sync managers and three FMMUs fit the window at its minimum height
+    // The extra share is for Chinese letters, which may come from another, taller font.
     constexpr int tenthsOfText = 13;
     constexpr int tenths = 10;
-    return std::max(leastHeight, (textHeight * tenthsOfText + tenths - 1) / tenths);
+    return std::max(minHeight, (textHeight * tenthsOfText + tenths - 1) / tenths);
 }

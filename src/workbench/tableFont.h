@@ -9,8 +9,8 @@ class QAbstractItemView;
 /// Point size of the cells and headers of tables, for which the widths of their columns are made.
 constexpr int usualTablePoints = 9;
 
-/// The largest font, up to the given one, in which a cell shows a text in full. Widths are given in pixels, so that
-/// without this a wider font, or one for a screen of more dots per inch, would cut the text off.
+/// The largest font, up to the given one, in which a cell shows a text in full. Widths are in pixels: a wider font,
+/// or a screen with more dots per inch, would cut the text off.
 /// @param room  pixels that a cell of the view has for its text and the margins beside it
 [[nodiscard]] QFont fittingFont(QFont font, const QString& text, int room, const QAbstractItemView& view);
 

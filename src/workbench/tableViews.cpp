@@ -1,7 +1,7 @@
 #include "workbench/tableViews.h"
 
-#include "workbench/startup.h"
 #include "workbench/tableFont.h"
+#include "workbench/windowSetUp.h"
 
 #include <QHeaderView>
 #include <QStandardItemModel>
@@ -21,7 +21,7 @@ static void setUpText(QTableView& view, const TextToFit& toFit)
         font = fittingFont(font, toFit.text, view.columnWidth(toFit.column) - gridLine, view);
     }
     view.setFont(font);
-    view.horizontalHeader()->setFont(font); // a view with a style sheet does not hand its font on
+    view.horizontalHeader()->setFont(font); // a view with a style sheet does not pass its font on
     view.setWordWrap(false); // rows are one line high
     const int rowHeight = rowHeightFor(view.fontMetrics().height());
     view.verticalHeader()->setMinimumSectionSize(rowHeight);
@@ -30,17 +30,17 @@ static void setUpText(QTableView& view, const TextToFit& toFit)
 
 void setUpTableView(QTableView& view, QStandardItemModel& model, const TableColumns& columns)
 {
-    constexpr int leastHeight = 30;
+    constexpr int minHeight = 30;
     model.setHorizontalHeaderLabels(columns.headers);
     model.setColumnCount(columns.headers.size());
     view.setModel(&model);
     view.horizontalHeader()->setStretchLastSection(true);
     view.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft);
-    view.horizontalHeader()->setFont(usualFont()); // decides on the least width of a column
+    view.horizontalHeader()->setFont(usualFont()); // sets the minimum width of a column
     view.setStyleSheet(QStringLiteral("QHeaderView::section { background:grey; color:black;min-height:2.5em;}"));
     view.setSelectionBehavior(QAbstractItemView::SelectRows);
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
-    view.setMinimumHeight(leastHeight);
+    view.setMinimumHeight(minHeight);
     if (columns.options.testFlag(StretchSections))
         view.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     if (columns.options.testFlag(CustomMenu))

@@ -28,7 +28,7 @@ bool isAnyWindowVisible()
     if (isAnyWindowVisible()) {
         while (QGuiApplication::overrideCursor() != nullptr)
             QGuiApplication::restoreOverrideCursor();
-        tellOfEnd(QApplication::activeWindow(), fileMatters(), reason);
+        reportFatal(QApplication::activeWindow(), fileTitle(), reason);
     }
     std::abort();
 }

@@ -1,10 +1,7 @@
-// What selecting a device does to it, and the settings of the General tab, without a window.
+// What selecting a device does to it, and its settings, without a window.
 #include "editing/deviceEdits.h"
-#include "editing/startupValues.h"
-#include "model/missingSyncManager.h"
 #include "testMain.h"
 #include "workbench/modelBuilders.h"
-#include "workbench/pdoBuilders.h"
 
 #include <QtTest>
 
@@ -24,11 +21,9 @@ private slots:
     static void operationModes_data();
     static void operationModes();
     static void moduleIndexes();
+    static void minimumSize();
     static void typesWithModuleIndexes_data();
     static void typesWithModuleIndexes();
-    static void moduleDataIsMadeAnew();
-    static void missingSyncManager();
-    static void startupValues();
 };
 
 /// A device with four slots, two of them named as axes; without slot groups all four count.
@@ -51,7 +46,7 @@ void tst_DeviceEdits::axesOfSelection_data()
     QTest::addRow("a coupler has none") << -1 << 3 << 0;
     QTest::addRow("a special device has none") << -1 << 4 << 0;
     QTest::addRow("a preset coupler has none") << -1 << 5 << 0;
-    QTest::addRow("the list stands at the type already") << 4 << 4 << 7;
+    QTest::addRow("the list is at the type already") << 4 << 4 << 7;
     QTest::addRow("the list comes back to the first type") << 4 << 0 << 0;
     QTest::addRow("a type that the list does not have") << 4 << 6 << 7;
 }
@@ -174,6 +169,17 @@ void tst_DeviceEdits::moduleIndexes()
     QCOMPARE(int(device.detectindex), 0xF050);
 }
 
+void tst_DeviceEdits::minimumSize()
+{
+    struct_SM syncManager;
+    syncManager.Attributes.MaxSize = 3;
+    setMinSize(syncManager, 65535);
+    QCOMPARE(int(syncManager.Attributes.MinSize), 65535); // also above the maximum size
+    setMinSize(syncManager, 0x10005); // 16 bits are held
+    QCOMPARE(int(syncManager.Attributes.MinSize), 5);
+    QCOMPARE(int(syncManager.Attributes.MaxSize), 3);
+}
+
 void tst_DeviceEdits::typesWithModuleIndexes_data()
 {
     QTest::addColumn<int>("type");
@@ -189,74 +195,6 @@ void tst_DeviceEdits::typesWithModuleIndexes()
     QFETCH(int, type);
     QFETCH(bool, takes);
     QCOMPARE(takesModuleIndexes(static_cast<std::uint16_t>(type)), takes);
-}
-
-/// A special device with one slot, in which a module with an output of 3 bytes stands on the only sync manager.
-static struct_EtherCatDevice deviceWithModule()
-{
-    struct_EtherCatDevice device = deviceOfType(4);
-    device.Slots.vslot = {slotNamed("A", 1)};
-    struct_module module = moduleWithPdos("IO", 1);
-    module.TxPdo.vpdo.clear();
-    module.RxPdo.vpdo[0].Attributes.SM = 0;
-    module.RxPdo.vpdo[0].size = 3.0F;
-    device.Slots.vslot[0].slotmodule = {standing(0, module)};
-    device.vSM.resize(1);
-    device.vSM[0].Smtype = 3;
-    device.vSM[0].Length = 99.0F;
-    device.Mailbox.COE.Attributes.PdoAssign = true;
-    return device;
-}
-
-void tst_DeviceEdits::moduleDataIsMadeAnew()
-{
-    struct_EtherCatDevice device = deviceWithModule();
-    device.mMailbox.COE.vinitcmd.resize(9); // of load time
-    renewModuleData(device);
-    QCOMPARE(device.mRxPdo.mpdo.size(), std::size_t(1));
-    QCOMPARE(device.mMailbox.COE.vinitcmd.size(), std::size_t(2)); // the assignment of one PDO, and their number
-    QCOMPARE(device.vSM[0].Length, 3.0F);
-    renewModuleData(device);
-    QCOMPARE(device.mMailbox.COE.vinitcmd.size(), std::size_t(2));
-    QCOMPARE(device.vSM[0].Length, 3.0F);
-}
-
-void tst_DeviceEdits::missingSyncManager()
-{
-    struct_EtherCatDevice device = deviceWithModule();
-    device.Name = "Coupler";
-    device.vSM.clear();
-    try {
-        renewModuleData(device);
-        QFAIL("no error is thrown");
-    } catch (const MissingSyncManager& error) {
-        QCOMPARE(error.device(), std::string("Coupler"));
-        QCOMPARE(int(error.pdoIndex()), 0x1600);
-    }
-}
-
-void tst_DeviceEdits::startupValues()
-{
-    struct_InitCmd own;
-    own.Comment = "stays";
-    own.bIfCA = 1;
-    setStartupValues(own, {0x12010, 0x107, 0x10002, 0xFFFFFFFF});
-    QCOMPARE(int(own.Index), 0x2010);
-    QCOMPARE(int(own.SubIndex), 7); // 8 bits
-    QCOMPARE(int(own.DataBytes), 2);
-    QCOMPARE(own.Data, 0xFFFFFFFFU);
-    QCOMPARE(own.strData, std::string("0xffffffff"));
-    QCOMPARE(own.Comment, std::string("stays"));
-    QCOMPARE(int(own.bIfCA), 1);
-
-    struct_moduleInitCmd ofModule;
-    setStartupValues(ofModule, {0x2010, 0x10107, 2, 10});
-    QCOMPARE(int(ofModule.SubIndex), 0x107); // 16 bits
-    const StartupValues values = startupValuesOf(ofModule);
-    QCOMPARE(values.index, 0x2010U);
-    QCOMPARE(values.subIndex, 0x107U);
-    QCOMPARE(values.dataBytes, 2U);
-    QCOMPARE(values.data, 10U);
 }
 
 static const testMain::Registration<tst_DeviceEdits, QCoreApplication> registration;

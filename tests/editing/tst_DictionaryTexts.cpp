@@ -137,10 +137,10 @@ void tst_DictionaryTexts::valueOfTheObjectInTheTypeName_data()
     QTest::addRow("index of an object") << QByteArray("DT1C12") << "12";
     QTest::addRow("lower case digits") << QByteArray("DT1c12") << "12";
     QTest::addRow("word before the mark") << QByteArray("0xDT1C12") << "12";
-    QTest::addRow("decimal digits are hexadecimal behind the mark") << QByteArray("DT1018") << "18";
+    QTest::addRow("decimal digits are hexadecimal after the mark") << QByteArray("DT1018") << "18";
     QTest::addRow("object that is not there") << QByteArray("DT1C13") << "0";
     QTest::addRow("more than 16 bits") << QByteArray("DT11C12") << "0";
-    QTest::addRow("more behind the number gives object 0") << QByteArray("DT1C12EN8") << "100";
+    QTest::addRow("more after the number gives object 0") << QByteArray("DT1C12EN8") << "100";
     QTest::addRow("no number gives object 0") << QByteArray("IdentityDT") << "100";
     QTest::addRow("mark alone gives object 0") << QByteArray("DT") << "100";
     QTest::addRow("part of a word that means 1") << QByteArray("TRUEDT") << "101";

@@ -1,4 +1,4 @@
-// Modules put in and taken out by hand, and why they are refused, without a window.
+// Modules put in and taken out by hand, why they are refused, and the coupler's own list of them, without a window.
 #include "editing/moduleEdits.h"
 #include "testMain.h"
 #include "workbench/modelBuilders.h"
@@ -19,6 +19,8 @@ private slots:
     static void putIn();
     static void takenOut_data();
     static void takenOut();
+    static void moduleListAdvised_data();
+    static void moduleListAdvised();
 };
 
 using Refusal = std::optional<ModuleRefusal>;
@@ -69,8 +71,8 @@ static struct_EtherCatDevice deviceWithTwoSlots()
 {
     struct_EtherCatDevice device = deviceOfType(4);
     device.Slots.vslot = {slotNamed("A", 2), slotNamed("B", 1, {0x20})};
-    device.Slots.vslot[0].slotmodule = {standing(0, moduleNamed("old", 1))};
-    device.Slots.vslot[1].slotmodule = {standing(0, moduleNamed("default by slot number", 2))};
+    device.Slots.vslot[0].slotmodule = {placedAt(0, moduleNamed("old", 1))};
+    device.Slots.vslot[1].slotmodule = {placedAt(0, moduleNamed("default by slot number", 2))};
     return device;
 }
 
@@ -98,7 +100,7 @@ void tst_ModuleEdits::putIn_data()
     QTest::addRow("an ident that the slot names")
         << 2 << 0x20U << Refusal() << "A 0 old,B 0 default by slot number,B 2 new";
     QTest::addRow("one that it does not name") << 2 << 5U << Refusal(ModuleRefusal::ModuleDoesNotFit) << unchanged;
-    QTest::addRow("behind the last place") << 3 << 5U << Refusal() << unchanged;
+    QTest::addRow("after the last place") << 3 << 5U << Refusal() << unchanged;
 }
 
 void tst_ModuleEdits::putIn()
@@ -119,7 +121,7 @@ void tst_ModuleEdits::takenOut_data()
     QTest::addRow("module") << 0 << "B 0 default by slot number";
     QTest::addRow("empty place") << 1 << "A 0 old,B 0 default by slot number";
     QTest::addRow("a default module bears another number than its place") << 2 << "A 0 old,B 0 default by slot number";
-    QTest::addRow("behind the last place") << 3 << "A 0 old,B 0 default by slot number";
+    QTest::addRow("after the last place") << 3 << "A 0 old,B 0 default by slot number";
 }
 
 void tst_ModuleEdits::takenOut()
@@ -129,6 +131,34 @@ void tst_ModuleEdits::takenOut()
     struct_EtherCatDevice device = deviceWithTwoSlots();
     removeModule(device, place);
     QCOMPARE(modulesOf(device).join(','), modules);
+}
+
+void tst_ModuleEdits::moduleListAdvised_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<bool>("takesList");
+    QTest::addColumn<bool>("byType");
+    QTest::addColumn<bool>("byModule");
+    QTest::addRow("preset coupler that takes its list") << 5 << true << true << true;
+    QTest::addRow("preset coupler that does not") << 5 << false << false << false;
+    QTest::addRow("special device that takes its list") << 4 << true << false << true;
+    QTest::addRow("multi-axis drive that takes its list") << 2 << true << false << true;
+    QTest::addRow("special device that does not") << 4 << false << false << false;
+}
+
+/// A chosen type counts only if it is that of preset couplers, a module that is put in with any type.
+void tst_ModuleEdits::moduleListAdvised()
+{
+    QFETCH(int, type);
+    QFETCH(bool, takesList);
+    QFETCH(bool, byType);
+    QFETCH(bool, byModule);
+    struct_EtherCatDevice device = deviceOfType(type);
+    setTakesModuleList(device, !takesList);
+    setTakesModuleList(device, takesList);
+    QCOMPARE(device.Slots.Attributes.DownloadModuleIdentList, takesList);
+    QCOMPARE(isModuleListAdvised(device, ModulePreset::ChosenType), byType);
+    QCOMPARE(isModuleListAdvised(device, ModulePreset::PutInModule), byModule);
 }
 
 static const testMain::Registration<tst_ModuleEdits, QCoreApplication> registration;

@@ -1,5 +1,5 @@
-// Which row of the startup list stands for which command, and the changes of that list.
-#include "editing/startupRows.h" // first, so that the header stands on its own
+// Which row of the startup list is which command, and the changes of that list.
+#include "editing/startupRows.h" // first, so that the header compiles on its own
 
 #include "model/startupAccess.h"
 #include "testMain.h"
@@ -100,10 +100,10 @@ void tst_StartupRows::commandOfRow_data()
     QTest::addRow("last EoE") << "11 12|21 22|31 32" << 3 << 22;
     QTest::addRow("first of the modules") << "11 12|21 22|31 32" << 4 << 31;
     QTest::addRow("last of the modules") << "11 12|21 22|31 32" << 5 << 32;
-    QTest::addRow("behind the last") << "11 12|21 22|31 32" << 6 << -1;
+    QTest::addRow("after the last") << "11 12|21 22|31 32" << 6 << -1;
     QTest::addRow("no row") << "11 12|21 22|31 32" << -1 << -1;
     QTest::addRow("only EoE") << "|21|" << 0 << 21;
-    QTest::addRow("behind only EoE") << "|21|" << 1 << -1;
+    QTest::addRow("past the only EoE") << "|21|" << 1 << -1;
     QTest::addRow("only modules") << "||31" << 0 << 31;
     QTest::addRow("no EoE between") << "11||31" << 1 << 31;
     QTest::addRow("empty lists") << "||" << 0 << -1;
@@ -140,11 +140,11 @@ void tst_StartupRows::insert_data()
     QTest::addColumn<int>("row");
     QTest::addColumn<bool>("isInserted");
     QTest::addColumn<QString>("lists");
-    QTest::addRow("behind the first CoE") << 0 << true << "11 0 12|21|31 32";
-    QTest::addRow("behind the last CoE, still in that list") << 1 << true << "11 12 0|21|31 32";
-    QTest::addRow("behind the only EoE") << 2 << true << "11 12|21 0|31 32";
-    QTest::addRow("behind the first of the modules") << 3 << true << "11 12|21|31 0 32";
-    QTest::addRow("behind the last of all") << 4 << true << "11 12|21|31 32 0";
+    QTest::addRow("after the first CoE") << 0 << true << "11 0 12|21|31 32";
+    QTest::addRow("after the last CoE, still in that list") << 1 << true << "11 12 0|21|31 32";
+    QTest::addRow("after the only EoE") << 2 << true << "11 12|21 0|31 32";
+    QTest::addRow("after the first of the modules") << 3 << true << "11 12|21|31 0 32";
+    QTest::addRow("after the last of all") << 4 << true << "11 12|21|31 32 0";
     QTest::addRow("past the lists") << 5 << false << "11 12|21|31 32";
     QTest::addRow("no row") << -1 << false << "11 12|21|31 32";
 }

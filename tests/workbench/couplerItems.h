@@ -77,8 +77,8 @@ inline QByteArray oneByteOff(std::uint32_t subIndex)
     return moduleCommand(true, 0x8000, subIndex, 1, 0);
 }
 
-/// The startup block of MB-AO04, the only module with a PDO that is not fixed: its mapping stands before the commands
-/// of the file, the assignment behind them.
+/// The startup block of MB-AO04, the only module with a PDO that is not fixed: its mapping comes before the commands
+/// of the file, the assignment after them.
 inline QByteArray analogOutputStartup()
 {
     return moduleStartup({
@@ -94,7 +94,7 @@ inline QByteArray analogOutputStartup()
     });
 }
 
-/// The blocks of all modules of the file, whether they stand in a slot or not, in the order of the file.
+/// The blocks of all modules of the file, whether they are in a slot or not, in the order of the file.
 inline QByteArrayList moduleBlocks()
 {
     const PdoHead outputs{0x1600, 2, true};
@@ -126,8 +126,8 @@ inline QByteArrayList moduleBlocks()
     };
 }
 
-/// What stands behind the CoE item of a device of type 5.
-/// @param occupied  how many modules stand in the 16 places
+/// What follows the CoE item of a device of type 5.
+/// @param occupied  how many modules are in the 16 places
 /// @param idents    of the first places; the others are empty
 inline QByteArrayList presetTail(std::uint32_t occupied, QList<std::uint32_t> idents)
 {

@@ -102,7 +102,7 @@ protected:
         QCOMPARE(dialogs.problem(), QString());
         for (std::size_t step = 0; step < dialogs.count(); ++step)
             QVERIFY(!dialogs.seen(step).underWaitCursor);
-        QVERIFY2(QGuiApplication::overrideCursor() == nullptr, "the waiting cursor is left behind");
+        QVERIFY2(QGuiApplication::overrideCursor() == nullptr, "the waiting cursor is left over");
     }
 
     /// Runs an export that asks for nothing but a new path.

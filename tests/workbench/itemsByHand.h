@@ -29,10 +29,10 @@ inline QByteArray oneByte(std::uint32_t value)
     return QByteArray(1, static_cast<char>(value));
 }
 
-/// Type and size, and what is told to stand behind them.
-inline QByteArray item(std::uint32_t type, const QByteArray& behindHead)
+/// Type and size of an item, then its content.
+inline QByteArray item(std::uint32_t type, const QByteArray& content)
 {
-    return le32(type) + le32(8 + static_cast<std::uint32_t>(behindHead.size())) + behindHead;
+    return le32(type) + le32(8 + static_cast<std::uint32_t>(content.size())) + content;
 }
 
 inline std::uint32_t countOf(const QByteArrayList& records)
@@ -195,7 +195,7 @@ inline QByteArray slotItem(const SlotsHead& head, const QByteArrayList& records)
                            + le16(head.indexIncrement) + count + zeros(2) + records.join());
 }
 
-/// @param occupied  how many modules stand in the positions
+/// @param occupied  how many modules are in the positions
 /// @param idents    of each position, 0 where it is empty
 inline QByteArray slotPreset(std::uint32_t occupied, const QList<std::uint32_t>& idents)
 {
@@ -210,9 +210,9 @@ inline QByteArray slotPreset(std::uint32_t occupied, const QList<std::uint32_t>&
 /// @param names  of the device and of all modules of the file, together at most 990 bytes
 inline QByteArray moreInfoItem(const QByteArrayList& names)
 {
-    constexpr int zerosBehind[] = {0, 3, 2, 5}; // 1 + 1 + 2 to fill; 2 + 2 and nothing to fill; 3 + 3 + 2 to fill
+    constexpr int zerosAfter[] = {0, 3, 2, 5}; // 1 + 1 + 2 to fill; 2 + 2 and nothing to fill; 3 + 3 + 2 to fill
     const QByteArray text = names.join('\n');
-    return item(moreInfo, zeros(8) + le32(0x10028) + zeros(4) + text + zeros(zerosBehind[text.size() % 4]));
+    return item(moreInfo, zeros(8) + le32(0x10028) + zeros(4) + text + zeros(zerosAfter[text.size() % 4]));
 }
 
 inline QByteArray module(std::uint32_t ident, int pdoGroup = 0, bool sraSupported = false)
@@ -298,7 +298,7 @@ inline QString differenceFrom(const QByteArrayList& expected, const QByteArray& 
         offset += wanted.size();
     }
     return offset == file.size() ? QString()
-                                 : QStringLiteral("%1 bytes stand behind the last item").arg(file.size() - offset);
+                                 : QStringLiteral("%1 bytes follow the last item").arg(file.size() - offset);
 }
 
 } // namespace byHand

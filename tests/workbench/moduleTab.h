@@ -1,9 +1,9 @@
 // moduleTab.h - the Module tab as a test uses it.
 #pragma once
 
+#include "workbench/editorParts.h"
 #include "workbench/viewParts.h"
 
-#include <QPushButton>
 #include <QTreeWidget>
 
 inline QTreeWidget& moduleTree(const QWidget& window)
@@ -32,7 +32,12 @@ inline void clickModule(const QWidget& window, int group, int module = -1)
     QTest::mouseClick(moduleTree(window).viewport(), Qt::LeftButton, {}, place);
 }
 
-inline void pressButton(const QWidget& window, const char* name)
+/// Names of the modules of a group that are not struck out.
+inline QStringList fittingModules(const QWidget& window, int group)
 {
-    QTest::mouseClick(part<QPushButton>(window, name), Qt::LeftButton);
+    QStringList names;
+    for (int number = 0; number < moduleItem(window, group)->childCount(); ++number)
+        if (!moduleItem(window, group, number)->font(0).strikeOut())
+            names.append(moduleItem(window, group, number)->text(0));
+    return names;
 }

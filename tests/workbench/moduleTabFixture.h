@@ -1,4 +1,4 @@
-// moduleTabFixture.h - a window with a coupler of two slots, and the Module tab in front.
+// moduleTabFixture.h - a window with a coupler of two slots, for the Module tab.
 #pragma once
 
 #include "workbench/moduleTab.h"
@@ -9,13 +9,7 @@
 /// Base of the tests that put modules into slots.
 class ModuleTabFixture : public TabFixture
 {
-    Q_OBJECT
-
 protected:
-    ModuleTabFixture()
-        : TabFixture("tab_4")
-    {}
-
     /// Shows a coupler of a type with two slots, "A" of two places that takes 0x10 and 0x20, and "B" of one place that
     /// takes every module, and a group of three modules: 0 is "IO" (0x10), 1 is "AX" (0x20), 2 is "XX" (0x30).
     void showCoupler(int type = 5)
@@ -38,14 +32,14 @@ protected:
     void insert(int place, int moduleNumber)
     {
         choose(place, moduleNumber);
-        pressButton(window(), "InsertModule");
+        press(window(), "InsertModule");
     }
 
     /// The modules of all slots with their places, as in "0 IO, 2 XX".
-    [[nodiscard]] static QString standingModules()
+    [[nodiscard]] static QString placedModules()
     {
         QStringList modules;
-        for (const struct_Slot& slot : device().Slots.vslot)
+        for (const struct_Slot& slot : loadedDevice().Slots.vslot)
             for (const struct_slotmodule& placed : slot.slotmodule)
                 modules.append(
                     QStringLiteral("%1 %2").arg(placed.Instances).arg(QString::fromStdString(placed.module.Name)));

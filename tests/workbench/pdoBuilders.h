@@ -89,7 +89,7 @@ inline struct_Slot slotNamed(const std::string& name, std::uint32_t places,
     return slot;
 }
 
-inline struct_slotmodule standing(int place, const struct_module& module)
+inline struct_slotmodule placedAt(int place, const struct_module& module)
 {
     struct_slotmodule placed;
     placed.Instances = place;

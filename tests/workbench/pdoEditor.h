@@ -1,30 +1,16 @@
 // pdoEditor.h - the editor of PDO entries as a test uses it.
 #pragma once
 
+#include "workbench/editorParts.h"
 #include "workbench/pdoeditwin.h"
 #include "workbench/viewParts.h"
 
 #include <QComboBox>
-#include <QLineEdit>
-#include <QPushButton>
 
-/// The editor that is open, null if none is. Editors that have closed stay children of the window.
+/// The editor that is open, null if none is.
 inline PdoEditWin* openEditor(const QWidget& window)
 {
-    PdoEditWin* open = nullptr;
-    for (PdoEditWin* editor : window.findChildren<PdoEditWin*>())
-        if (editor->isVisible())
-            open = editor;
-    return open;
-}
-
-/// Chooses an entry of a context menu of a row; no box may come up.
-/// @return  the problem that came, empty if none
-inline QString chooseInMenu(QTableView& view, int row, const QString& entry)
-{
-    DialogDriver driver({choosingEntry(entry)});
-    driver.during([&] { rightClickRow(view, row); });
-    return driver.problem();
+    return openEditorIn<PdoEditWin>(window);
 }
 
 inline QComboBox& linkList(const PdoEditWin& editor)
@@ -45,20 +31,4 @@ inline QStringList offeredLinks(const PdoEditWin& editor)
 inline void chooseLink(const PdoEditWin& editor, const QString& words)
 {
     linkList(editor).setCurrentIndex(linkList(editor).findText(words));
-}
-
-inline void pressSave(const PdoEditWin& editor)
-{
-    QTest::mouseClick(part<QPushButton>(editor, "PdoSavebutton"), Qt::LeftButton);
-}
-
-inline void pressCancel(const PdoEditWin& editor)
-{
-    QTest::mouseClick(part<QPushButton>(editor, "CancelButton"), Qt::LeftButton);
-}
-
-/// Text of a field of the form.
-inline QString field(const PdoEditWin& editor, const char* name)
-{
-    return part<QLineEdit>(editor, name)->text();
 }

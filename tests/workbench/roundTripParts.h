@@ -1,18 +1,15 @@
 // roundTripParts.h - the window in the hands of a user who opens files, edits a device and exports it.
 #pragma once
 
+#include "workbench/editorParts.h"
 #include "workbench/exportFixture.h"
 #include "workbench/itemsByHand.h"
 #include "workbench/pdoeditwin.h"
 #include "workbench/startupeditwin.h"
+#include "workbench/viewParts.h"
 
-#include <QAbstractItemView>
 #include <QComboBox>
-#include <QContextMenuEvent>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTableView>
 #include <QTreeWidget>
 
 /// A startup command as it is typed into its editor.
@@ -28,14 +25,6 @@ struct TypedCommand
 class RoundTripFixture : public ExportFixture
 {
 protected:
-    enum Tab
-    {
-        GeneralTab,
-        ProcessDataTab,
-        StartupTab,
-        ModuleTab,
-    };
-
     static QString samplePath(const char* name)
     {
         return QStringLiteral(KINETRA_SOURCE_DIR "/samples/%1.xml").arg(QLatin1String(name));
@@ -61,23 +50,13 @@ protected:
         QCOMPARE(currentdeviceindex, device);
     }
 
-    /// Chooses an entry of a list by a click into its popup.
-    static void chooseEntry(QComboBox& box, int row)
-    {
-        box.showPopup();
-        QAbstractItemView* const view = box.view();
-        const QModelIndex entry = view->model()->index(row, box.modelColumn());
-        view->scrollTo(entry);
-        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(entry).center());
-    }
-
     /// Chooses the type of the selected device.
     /// @param script  how the warnings are answered that come up
     void setDeviceType(int deviceType, const std::vector<DialogAnswer>& script = {})
     {
-        part<QTabWidget>(*m_window, "tabWidget")->setCurrentIndex(GeneralTab);
+        openTab(*m_window, GeneralTab);
         auto* const box = part<QComboBox>(*m_window, "comboBox_DeviceType");
-        answering(script, [&] { chooseEntry(*box, box->findData(deviceType)); });
+        answering(script, [&] { chooseFrom(*box, box->findData(deviceType)); });
         QCOMPARE(box->currentData().toInt(), deviceType);
     }
 
@@ -92,10 +71,10 @@ protected:
     /// Chooses a mode by its place in the list; it becomes the first one.
     void setOperationMode(int position)
     {
-        part<QTabWidget>(*m_window, "tabWidget")->setCurrentIndex(GeneralTab);
+        openTab(*m_window, GeneralTab);
         auto* const box = part<QComboBox>(*m_window, "comboBox_Dc");
         const QString chosen = box->itemText(position);
-        chooseEntry(*box, position);
+        chooseFrom(*box, position);
         QCOMPARE(box->itemText(0), chosen);
         QCOMPARE(box->currentIndex(), 0);
     }
@@ -103,9 +82,7 @@ protected:
     /// Links one entry: a double click on it, a choice in the editor, Save.
     void setLink(int pdoRow, int entryRow, const QString& link)
     {
-        QTableView& entries = entriesOfPdo(pdoRow);
-        clickRow(entries, entryRow);
-        doubleClickRow(entries, entryRow);
+        doubleClickRow(entriesOfPdo(pdoRow), entryRow);
         saveLink(link);
     }
 
@@ -115,58 +92,47 @@ protected:
         QTableView& entries = entriesOfPdo(pdoRow);
         for (const int row : entryRows)
             clickRow(entries, row, row == entryRows.first() ? Qt::NoModifier : Qt::ControlModifier);
-        chooseInMenuOf(entries, entryRows.last(), QStringLiteral("Modify"));
+        chooseFromMenu(entries, "Modify", entryRows.last());
         saveLink(link);
     }
 
     /// Links an entry of a module of the file in the tables of the Module tab.
     void setModuleLink(int group, int position, int pdoRow, int entryRow, const QString& link)
     {
-        part<QTabWidget>(*m_window, "tabWidget")->setCurrentIndex(ModuleTab);
+        openTab(*m_window, ModuleTab);
         pickModule(group, position);
-        clickRow(*part<QTableView>(*m_window, "mPdoListView"), pdoRow);
-        auto& entries = *part<QTableView>(*m_window, "mPdoContentView");
-        clickRow(entries, entryRow);
-        doubleClickRow(entries, entryRow);
+        clickRow(table(*m_window, "mPdoListView"), pdoRow);
+        doubleClickRow(table(*m_window, "mPdoContentView"), entryRow);
         saveLink(link);
     }
 
     QTableView& startupList()
     {
-        part<QTabWidget>(*m_window, "tabWidget")->setCurrentIndex(StartupTab);
-        return *part<QTableView>(*m_window, "StartupView");
+        openTab(*m_window, StartupTab);
+        return table(*m_window, "StartupView");
     }
 
     void changeCommand(int row, const TypedCommand& typed)
     {
-        QTableView& list = startupList();
-        clickRow(list, row);
-        doubleClickRow(list, row);
+        doubleClickRow(startupList(), row);
         saveCommand(typed);
     }
 
-    /// The new command stands behind the row; its editor opens by itself.
+    /// The new command comes after the row; its editor opens by itself.
     void addCommand(int row, const TypedCommand& typed)
     {
-        QTableView& list = startupList();
-        clickRow(list, row);
-        chooseInMenuOf(list, row, QStringLiteral("add"));
+        chooseFromMenu(startupList(), "add", row);
         saveCommand(typed);
     }
 
-    void deleteCommand(int row)
-    {
-        QTableView& list = startupList();
-        clickRow(list, row);
-        chooseInMenuOf(list, row, QStringLiteral("delete"));
-    }
+    void deleteCommand(int row) { chooseFromMenu(startupList(), "delete", row); }
 
-    /// An empty list has no row to add behind: no menu comes up, and the action itself only warns.
+    /// An empty list has no row to add after: no menu comes up, and the action itself only warns.
     void compareAddRefused()
     {
         QTableView& list = startupList();
         QCOMPARE(list.model()->rowCount(), 0);
-        answering({}, [&] { askForMenu(list, QPoint(20, 20)); });
+        answering({}, [&] { rightClick(list, QPoint(20, 20)); });
         DialogDriver dialogs({pressing(QMessageBox::Ok)});
         dialogs.during([this] { QVERIFY(callSlot(*m_window, "on_StartupView_add")); });
         QCOMPARE(dialogs.problem(), QString());
@@ -178,17 +144,17 @@ protected:
     /// @param script  how the warnings are answered that come up
     void insertModule(int place, int group, int position, const std::vector<DialogAnswer>& script = {})
     {
-        part<QTabWidget>(*m_window, "tabWidget")->setCurrentIndex(ModuleTab);
-        clickRow(*part<QTableView>(*m_window, "ModuleView"), place);
+        openTab(*m_window, ModuleTab);
+        clickRow(table(*m_window, "ModuleView"), place);
         pickModule(group, position);
-        answering(script, [this] { pressButton(*m_window, "InsertModule"); });
+        answering(script, [this] { press(*m_window, "InsertModule"); });
     }
 
     void deleteModule(int place, const std::vector<DialogAnswer>& script = {})
     {
-        part<QTabWidget>(*m_window, "tabWidget")->setCurrentIndex(ModuleTab);
-        clickRow(*part<QTableView>(*m_window, "ModuleView"), place);
-        answering(script, [this] { pressButton(*m_window, "DeleteModule"); });
+        openTab(*m_window, ModuleTab);
+        clickRow(table(*m_window, "ModuleView"), place);
+        answering(script, [this] { press(*m_window, "DeleteModule"); });
     }
 
     /// Exports what is checked into a new file and compares the file with items that are written by hand.
@@ -206,12 +172,6 @@ protected:
         QVERIFY2(difference.isEmpty(), qPrintable(difference));
     }
 
-    static void clickRow(QTableView& table, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::mouseClick(table.viewport(), Qt::LeftButton, modifiers, placeOfRow(table, row));
-        QCOMPARE(table.currentIndex().row(), row);
-    }
-
 private:
     /// Clicks a module in the tree of the file's modules.
     void pickModule(int group, int position)
@@ -223,29 +183,6 @@ private:
         QCOMPARE(modules->currentItem(), module);
     }
 
-    static QPoint placeOfRow(QTableView& table, int row)
-    {
-        const QModelIndex cell = table.model()->index(row, 0);
-        table.scrollTo(cell);
-        return table.visualRect(cell).center();
-    }
-
-    static void doubleClickRow(QTableView& table, int row)
-    {
-        QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, placeOfRow(table, row));
-    }
-
-    static void askForMenu(QTableView& table, const QPoint& position)
-    {
-        QContextMenuEvent event(QContextMenuEvent::Mouse, position, table.viewport()->mapToGlobal(position));
-        QApplication::sendEvent(table.viewport(), &event);
-    }
-
-    static void chooseInMenuOf(QTableView& table, int row, const QString& entry)
-    {
-        answering({choosingEntry(entry)}, [&] { askForMenu(table, placeOfRow(table, row)); });
-    }
-
     /// Runs an action whose dialogs must come as the script says.
     static void answering(const std::vector<DialogAnswer>& script, const std::function<void()>& action)
     {
@@ -254,48 +191,34 @@ private:
         QCOMPARE(dialogs.problem(), QString());
     }
 
-    static void pressButton(QWidget& window, const char* name)
-    {
-        auto* const button = part<QPushButton>(window, name);
-        QVERIFY2(button->isEnabled(), name);
-        QTest::mouseClick(button, Qt::LeftButton);
-    }
-
     QTableView& entriesOfPdo(int pdoRow)
     {
-        part<QTabWidget>(*m_window, "tabWidget")->setCurrentIndex(ProcessDataTab);
-        clickRow(*part<QTableView>(*m_window, "PdoListView"), pdoRow);
-        return *part<QTableView>(*m_window, "PdoContentView");
-    }
-
-    /// The editor that is open: closed ones stay behind as hidden children.
-    template<typename Editor> Editor* openedEditor() const
-    {
-        const QList<Editor*> editors = m_window->findChildren<Editor*>();
-        if (editors.isEmpty() || !editors.last()->isVisible())
-            qFatal("no editor is open");
-        return editors.last();
+        openTab(*m_window, ProcessDataTab);
+        clickRow(table(*m_window, "PdoListView"), pdoRow);
+        return table(*m_window, "PdoContentView");
     }
 
     void saveLink(const QString& link)
     {
-        auto* const editor = openedEditor<PdoEditWin>();
+        auto* const editor = openEditorIn<PdoEditWin>(*m_window);
+        QVERIFY(editor != nullptr);
         auto* const box = part<QComboBox>(*editor, "LinkTo");
         QVERIFY2(box->findText(link) >= 0, qPrintable(link));
-        chooseEntry(*box, box->findText(link));
+        chooseFrom(*box, box->findText(link));
         QCOMPARE(box->currentText(), link);
-        pressButton(*editor, "PdoSavebutton");
+        press(*editor, "PdoSavebutton");
         QVERIFY(!editor->isVisible());
     }
 
     void saveCommand(const TypedCommand& typed)
     {
-        auto* const editor = openedEditor<Startupeditwin>();
+        auto* const editor = openEditorIn<Startupeditwin>(*m_window);
+        QVERIFY(editor != nullptr);
         part<QLineEdit>(*editor, "Index")->setText(typed.index);
         part<QLineEdit>(*editor, "SubIndex")->setText(typed.subIndex);
         part<QLineEdit>(*editor, "Datalen")->setText(typed.bytes);
         part<QLineEdit>(*editor, "Data")->setText(typed.data);
-        pressButton(*editor, "StartupSavebutton");
+        press(*editor, "StartupSavebutton");
         QVERIFY(!editor->isVisible());
     }
 };

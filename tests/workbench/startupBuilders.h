@@ -1,7 +1,7 @@
 // startupBuilders.h - a device with startup commands in all three lists, and a look at these lists.
 #pragma once
 
-#include "workbench/deviceWindow.h"
+#include "workbench/tabFixture.h"
 
 /// The lists of the device "1, 2 | 3 | 4, 5", each command known by its value.
 inline struct_EtherCatDevice deviceWithCommands()
@@ -30,7 +30,7 @@ template<typename Commands> QString startupValues(const Commands& commands)
 /// The lists of the shown device as "CoE|EoE|modules".
 inline QString startupLists()
 {
-    const struct_EtherCatDevice& device = DeviceWindow::device();
+    const struct_EtherCatDevice& device = loadedDevice();
     return QStringList{startupValues(device.Mailbox.COE.InitCmd.vinitcmd),
                        startupValues(device.Mailbox.EOE.InitCmd.vinitcmd), startupValues(device.mMailbox.COE.vinitcmd)}
         .join('|');

@@ -1,9 +1,9 @@
 // startupEditorParts.h - a device with a startup command in each list, and the editor of these.
 #pragma once
 
-#include "workbench/deviceWindow.h"
 #include "workbench/editorParts.h"
 #include "workbench/startupeditwin.h"
+#include "workbench/tabFixture.h"
 
 #include <cstdint>
 
@@ -48,17 +48,17 @@ inline struct_EtherCatDevice deviceToEdit()
 
 inline struct_InitCmd& coeCommand(std::size_t device = 0)
 {
-    return DeviceWindow::device(device).Mailbox.COE.InitCmd.vinitcmd.at(0);
+    return loadedDevice(device).Mailbox.COE.InitCmd.vinitcmd.at(0);
 }
 
 inline struct_InitCmd& eoeCommand()
 {
-    return DeviceWindow::device().Mailbox.EOE.InitCmd.vinitcmd.at(0);
+    return loadedDevice().Mailbox.EOE.InitCmd.vinitcmd.at(0);
 }
 
 inline struct_moduleInitCmd& moduleCommand()
 {
-    return DeviceWindow::device().mMailbox.COE.vinitcmd.at(0);
+    return loadedDevice().mMailbox.COE.vinitcmd.at(0);
 }
 
 /// Texts of the fields.

@@ -171,7 +171,7 @@ void tst_ChoicesLikeClicks::busCouplerModuleLinks()
     open(samplePath("bus-coupler"));
     select(0);
     setModuleLink(3, 1, 0, 1, QStringLiteral("AOUT16 Type")); // MB-AO04
-    setModuleLink(1, 1, 0, 15, QStringLiteral("DIN Type")); // MB-DI16, which stands at place 1 already
+    setModuleLink(1, 1, 0, 15, QStringLiteral("DIN Type")); // MB-DI16, which is at place 1 already
     setDeviceType(5, ok);
     insertModule(2, 3, 1, ok);
     const QByteArray links = R"("moduleLinks": [{"module": "0x404", "pdo": "0x1600", "entry": 1, "link": "AOUT16"},

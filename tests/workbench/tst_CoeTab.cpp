@@ -87,12 +87,8 @@ static QVector<int> widthsOf(const QTreeWidget& tree, int columns)
     return widths;
 }
 
-void tst_CoeTab::tree_data()
+static void addObjectsAndArrays()
 {
-    QTest::addColumn<DeviceDictionary>("dictionary");
-    QTest::addColumn<Objects>("expected");
-    const DataTypeSubItem count = subItem(0, "USINT", "count");
-
     QTest::addRow("empty dictionary, as of a device from a KTL file") << DeviceDictionary{} << Objects{};
     QTest::addRow("data types alone") << DeviceDictionary{{array("DT1", 1, 4)}, {}} << Objects{};
     QTest::addRow("simple type") << DeviceDictionary{{sized("UDINT", 32)},
@@ -112,6 +108,11 @@ void tst_CoeTab::tree_data()
     QTest::addRow("array with the lower bound above the elements")
         << DeviceDictionary{{array("DT1003ARR", 5, 4)}, {object(0x1003, "DT1003ARR")}}
         << Objects{{{"0x1003:0", "object", "ro", "32", "", "0"}, {}}};
+}
+
+static void addRecords()
+{
+    const DataTypeSubItem count = subItem(0, "USINT", "count");
     QTest::addRow("record, its count on the object")
         << DeviceDictionary{{record("DT1018", {count, subItem(1, "UDINT", "Vendor"), subItem(2, "STRING(4)", "Text")})},
                             {objectWithDefaults(0x1018, "DT1018", {2, 17, 18})}}
@@ -150,6 +151,14 @@ void tst_CoeTab::tree_data()
         << Objects{{{"0x1600:0", "object", "ro", "32", "", "5"},
                     {{"0x1600:1", "a", "rw", "16", "UINT", "6"}, {"0x1600:2", "b", "rw", "16", "UINT", "4"}}},
                    {{"0x1601:0", "object", "ro", "32", "BOOL", "0"}, {}}};
+}
+
+void tst_CoeTab::tree_data()
+{
+    QTest::addColumn<DeviceDictionary>("dictionary");
+    QTest::addColumn<Objects>("expected");
+    addObjectsAndArrays();
+    addRecords();
 }
 
 void tst_CoeTab::tree()

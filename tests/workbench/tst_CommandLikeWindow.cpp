@@ -81,7 +81,7 @@ void tst_CommandLikeWindow::everyDeviceClicked()
         deviceTree(*m_window)->scrollToItem(treeItem(*m_window, 0, device));
         select(device);
     }
-    const CommandRun choices = runKtl({"choices", path});
+    const CommandRun choices = runHere({"choices", path});
     for (const QByteArray& line : choices.errors.split('\n'))
         QVERIFY2(line.isEmpty() || line.endsWith("[startup-data]"), line.constData());
     compareWindow(path, choices.output);

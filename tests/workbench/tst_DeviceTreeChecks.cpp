@@ -52,7 +52,7 @@ void tst_DeviceTreeChecks::init()
     m_window = std::make_unique<MainWindow>();
     showWindow(*m_window);
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-    openTab(*m_window, "tab");
+    openTab(*m_window, GeneralTab);
     m_window->DeviceDisplayUpdate();
 }
 
@@ -158,7 +158,7 @@ void tst_DeviceTreeChecks::checkBoxSelects_data()
     QTest::addRow("another device was deleted") << "deletion";
 }
 
-/// A device of another type than the one before: its entry of the list changes, which shows the current item anew.
+/// A device of another type than the one before: its entry of the list changes, which shows the current item again.
 void tst_DeviceTreeChecks::checkBoxSelects()
 {
     QFETCH(QString, before);

@@ -27,7 +27,7 @@ private slots:
     static void deletes_data();
     void deletes();
     void refillsAndClears();
-    void repeatedKeyDeletesWhatStandsThere();
+    void repeatedKeyDeletesWhatIsThere();
     void lastDeviceLeavesTheFile();
 
 private:
@@ -202,7 +202,7 @@ void tst_DeviceTreeDelete::refillsAndClears()
         QCOMPARE(stateOf(*item), 2); // all check states are back at checked
 }
 
-void tst_DeviceTreeDelete::repeatedKeyDeletesWhatStandsThere()
+void tst_DeviceTreeDelete::repeatedKeyDeletesWhatIsThere()
 {
     clickItem(*m_window, treeItem(*m_window, 0, 1));
     QTest::keyClick(m_window.get(), Qt::Key_Delete);
@@ -210,7 +210,7 @@ void tst_DeviceTreeDelete::repeatedKeyDeletesWhatStandsThere()
     QTest::keyClick(m_window.get(), Qt::Key_Backspace);
     QCOMPARE(loaded(), QStringList({"a.xml", "A1", "b.xml", "B1"}));
     QTest::keyClick(m_window.get(), Qt::Key_Delete);
-    QCOMPARE(loaded(), QStringList({"a.xml", "A1", "b.xml", "B1"})); // nothing stands at the position
+    QCOMPARE(loaded(), QStringList({"a.xml", "A1", "b.xml", "B1"})); // nothing is at the position
     QCOMPARE(currentfileindex, 0);
     QCOMPARE(currentdeviceindex, 1);
 }

@@ -1,17 +1,15 @@
 // The drive axes on the General tab: counted when the type is chosen, or typed.
 #include "testMain.h"
-#include "workbench/deviceWindow.h"
 #include "workbench/editorParts.h"
+#include "workbench/tabFixture.h"
 
-#include <memory>
-
-class tst_DriveAxesField : public QObject
+class tst_DriveAxesField : public TabFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { begin(GeneralTab); }
+    void cleanup() { end(); }
     static void axesOfSlots_data();
     void axesOfSlots();
     static void driveAxes_data();
@@ -24,10 +22,8 @@ private slots:
     void driveAxesNeedADevice();
 
 private:
-    QLineEdit* axesField() { return m_window->find<QLineEdit>("DriveAxies"); }
-    [[nodiscard]] static int axes() { return DeviceWindow::device().m_iDriveAxies; }
-
-    std::unique_ptr<DeviceWindow> m_window;
+    QLineEdit* axesField() { return part<QLineEdit>(window(), "DriveAxies"); }
+    [[nodiscard]] static int axes() { return loadedDevice().m_iDriveAxies; }
 };
 
 /// A slot as "group name".
@@ -37,17 +33,6 @@ static struct_Slot slotFrom(const QString& text)
     slot.Attributes.m_SlotGroup = text.section(' ', 0, 0).toInt();
     slot.Name = text.section(' ', 1).toStdString();
     return slot;
-}
-
-void tst_DriveAxesField::init()
-{
-    m_window = std::make_unique<DeviceWindow>();
-    showTab(m_window->window, 0);
-}
-
-void tst_DriveAxesField::cleanup()
-{
-    m_window.reset();
 }
 
 void tst_DriveAxesField::axesOfSlots_data()
@@ -75,8 +60,8 @@ void tst_DriveAxesField::axesOfSlots()
     device.Slots.Attributes.m_MaxSlotGroupCount = groups;
     for (const QString& text : slotTexts)
         device.Slots.vslot.push_back(slotFrom(text));
-    m_window->show({device});
-    choose(m_window->find<QComboBox>("comboBox_DeviceType"), KTL_DEVICE_TYPE_MultiDriver);
+    show({device});
+    choose(*part<QComboBox>(window(), "comboBox_DeviceType"), KTL_DEVICE_TYPE_MultiDriver);
     QTEST(axes(), "driveAxes");
 }
 
@@ -103,7 +88,7 @@ void tst_DriveAxesField::driveAxes()
     QFETCH(QString, typed);
     struct_EtherCatDevice device = deviceOfType(KTL_DEVICE_TYPE_MultiDriver);
     device.m_iDriveAxies = 9;
-    m_window->show({device});
+    show({device});
     typeInto(axesField(), typed);
     QCOMPARE(axes(), 9); // not before the editing is finished
     QTest::keyClick(axesField(), Qt::Key_Return);
@@ -113,7 +98,7 @@ void tst_DriveAxesField::driveAxes()
 
 void tst_DriveAxesField::driveAxesAreStoredWhenTheFieldIsLeft()
 {
-    m_window->show({deviceOfType(KTL_DEVICE_TYPE_MultiDriver)});
+    show({deviceOfType(KTL_DEVICE_TYPE_MultiDriver)});
     typeInto(axesField(), "12");
     QTest::keyClick(axesField(), Qt::Key_Tab);
     QCOMPARE(axes(), 12);
@@ -130,19 +115,19 @@ void tst_DriveAxesField::driveAxesOfOtherTypes_data()
 void tst_DriveAxesField::driveAxesOfOtherTypes()
 {
     QFETCH(int, ofDevice);
-    m_window->show({deviceOfType(ofDevice)});
-    DeviceWindow::device().m_iDriveAxies = 3;
+    show({deviceOfType(ofDevice)});
+    loadedDevice().m_iDriveAxies = 3;
     axesField()->setText("5");
-    QVERIFY(callSlot(m_window->window, "on_DriveAxies_editingFinished"));
+    QVERIFY(callSlot(window(), "on_DriveAxies_editingFinished"));
     QCOMPARE(axes(), 0);
     QCOMPARE(axesField()->text(), QString("0x00"));
 }
 
 void tst_DriveAxesField::singleDriverForcesOneAxis()
 {
-    m_window->show({deviceOfType(KTL_DEVICE_TYPE_MultiDriver)});
+    show({deviceOfType(KTL_DEVICE_TYPE_MultiDriver)});
     typeInto(axesField(), "9");
-    choose(m_window->find<QComboBox>("comboBox_DeviceType"), KTL_DEVICE_TYPE_SingleDriver);
+    choose(*part<QComboBox>(window(), "comboBox_DeviceType"), KTL_DEVICE_TYPE_SingleDriver);
     QCOMPARE(axes(), 1);
     QCOMPARE(axesField()->text(), QString("0x1"));
     QCOMPARE(axesField()->isEnabled(), false);
@@ -157,13 +142,13 @@ void tst_DriveAxesField::driveAxesNeedADevice()
 {
     struct_EtherCatDevice drive = deviceOfType(KTL_DEVICE_TYPE_MultiDriver);
     drive.m_iDriveAxies = 4;
-    m_window->show({drive});
+    show({drive});
     QFETCH(int, file);
     QFETCH(int, device);
     currentfileindex = file;
     currentdeviceindex = device;
     axesField()->setText("5");
-    QVERIFY(callSlot(m_window->window, "on_DriveAxies_editingFinished"));
+    QVERIFY(callSlot(window(), "on_DriveAxies_editingFinished"));
     QCOMPARE(axes(), 4);
     QCOMPARE(axesField()->text(), QString("5"));
 }

@@ -164,7 +164,7 @@ void tst_ExportFailures::fullDiskForTheDump()
 
 void tst_ExportFailures::dumpCannotBeCreated()
 {
-    QVERIFY(m_out.mkdir(QStringLiteral("a.ktl.txt"))); // a folder stands where the dump should lie
+    QVERIFY(m_out.mkdir(QStringLiteral("a.ktl.txt"))); // a folder is where the dump should be
     const QString path = outPath("a.ktl");
     DialogDriver dialogs({choosing(path), pressing(QMessageBox::Ok)});
     runExport(dialogs);

@@ -66,7 +66,7 @@ void tst_ExportOverwrite::noAppends()
 
 void tst_ExportOverwrite::noAppendsToWhateverIsThere()
 {
-    // The dump is made from the file as it stands on disk, so it ends where that is no KTL file; nobody is told.
+    // The dump is made from the file as it is on disk, so it ends where that is no KTL file; nobody is told.
     const QByteArray before = QByteArray::fromHex("01000000 04000000");
     QVERIFY(!writeFile(m_out, "a.ktl", before).isEmpty());
     DialogDriver dialogs({choosing(m_path), pressing(QMessageBox::Yes), pressing(QMessageBox::No)});

@@ -49,7 +49,7 @@ private:
     /// Drops urls on the window and answers what comes up.
     void drop(DialogDriver& dialogs, const QList<QUrl>& urls);
     void dropFiles(DialogDriver& dialogs, const QStringList& paths);
-    /// Texts of the tree: a file as it is, a device behind a blank.
+    /// Texts of the tree: a file as it is, a device after a blank.
     [[nodiscard]] QStringList treeTexts() const;
     QString write(const QString& name, const QByteArray& content) { return writeFile(m_folder->path(), name, content); }
     QString writeEsi(const QString& name) { return write(name, esiText({"A"}).toUtf8()); }
@@ -115,7 +115,7 @@ void tst_FileDrop::drop(DialogDriver& dialogs, const QList<QUrl>& urls)
     data.setUrls(urls);
     dialogs.during([&] { sendDrop(*m_window, data); });
     QCOMPARE(dialogs.problem(), QString());
-    QVERIFY2(QGuiApplication::overrideCursor() == nullptr, "the waiting cursor is left behind");
+    QVERIFY2(QGuiApplication::overrideCursor() == nullptr, "the waiting cursor is left over");
 }
 
 void tst_FileDrop::dropFiles(DialogDriver& dialogs, const QStringList& paths)
@@ -240,15 +240,15 @@ void tst_FileDrop::kindOfFile_data()
     } rows[] = {
         {"xml", "a.xml", "xml"},
         {"ktl", "a.ktl", "ktl"},
-        {"more behind xml", "a.xmlbak", "xml"},
-        {"more behind ktl", "b.ktl2", "ktl"},
+        {"more after xml", "a.xmlbak", "xml"},
+        {"more after ktl", "b.ktl2", "ktl"},
         {"more before ktl", "b.oldktl", "ktl"},
         {"the last suffix counts", "a.xml.ktl", "ktl"},
         {"the last suffix counts, the other way round", "a.ktl.xml", "xml"},
         {"xml is looked for first", "a.ktlxml", "xml"},
         {"no point: the whole name", "my-xml-file", "xml"},
         {"no point, ktl", "ktl", "ktl"},
-        {"a point in front only", ".xml", "xml"},
+        {"nothing before the dot", ".xml", "xml"},
         {"Chinese name", "伺服.ktl", "ktl"},
         {"capitals", "a.XML", ""},
         {"capitals of ktl", "a.KTL", ""},

@@ -1,20 +1,18 @@
 // The device type on the General tab: chosen by the user, and found by a click in the tree; and the about box.
 #include "testMain.h"
-#include "workbench/deviceWindow.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/editorParts.h"
+#include "workbench/tabFixture.h"
 
 #include <QAction>
 
-#include <memory>
-
-class tst_GeneralTab : public QObject
+class tst_GeneralTab : public TabFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { begin(GeneralTab); }
+    void cleanup() { end(); }
     static void chosenType_data();
     void chosenType();
     static void adviceOnModuleList_data();
@@ -34,14 +32,12 @@ private slots:
     void about();
 
 private:
-    QComboBox* typeList() { return m_window->find<QComboBox>("comboBox_DeviceType"); }
-    QLineEdit* axesField() { return m_window->find<QLineEdit>("DriveAxies"); }
-    [[nodiscard]] static int axes(std::size_t device = 0) { return DeviceWindow::device(device).m_iDriveAxies; }
-    [[nodiscard]] static int type(std::size_t device = 0) { return DeviceWindow::device(device).m_iDeviceType; }
+    QComboBox& typeList() { return *part<QComboBox>(window(), "comboBox_DeviceType"); }
+    QLineEdit* axesField() { return part<QLineEdit>(window(), "DriveAxies"); }
+    [[nodiscard]] static int axes(std::size_t device = 0) { return loadedDevice(device).m_iDriveAxies; }
+    [[nodiscard]] static int type(std::size_t device = 0) { return loadedDevice(device).m_iDeviceType; }
     /// Loads devices and clicks the first; boxes that come up meanwhile are a failure.
     void show(const std::vector<struct_EtherCatDevice>& devices);
-
-    std::unique_ptr<DeviceWindow> m_window;
 };
 
 /// A coupler set by hand that takes its list of modules by itself.
@@ -52,21 +48,10 @@ static struct_EtherCatDevice couplerWithModuleList(const std::string& name)
     return device;
 }
 
-void tst_GeneralTab::init()
-{
-    m_window = std::make_unique<DeviceWindow>();
-    showTab(m_window->window, 0);
-}
-
-void tst_GeneralTab::cleanup()
-{
-    m_window.reset();
-}
-
 void tst_GeneralTab::show(const std::vector<struct_EtherCatDevice>& devices)
 {
     DialogDriver driver({});
-    driver.during([&] { m_window->show(devices); });
+    driver.during([&] { show(devices); });
     QCOMPARE(driver.problem(), QString());
 }
 
@@ -97,12 +82,12 @@ void tst_GeneralTab::chosenType()
     show({device});
     choose(typeList(), entry);
     QCOMPARE(type(), entry);
-    QCOMPARE(typeList()->currentIndex(), entry);
+    QCOMPARE(typeList().currentIndex(), entry);
     QTEST(axes(), "driveAxes");
     QTEST(axesField()->text(), "shownAxes");
     QTEST(axesField()->isEnabled(), "axesMayBeTyped");
-    QCOMPARE(m_window->find<QLineEdit>("ConfigModuleEdit")->isEnabled(), moduleIndexesMayBeTyped);
-    QCOMPARE(m_window->find<QLineEdit>("DetectModuleEdit")->isEnabled(), moduleIndexesMayBeTyped);
+    QCOMPARE(part<QLineEdit>(window(), "ConfigModuleEdit")->isEnabled(), moduleIndexesMayBeTyped);
+    QCOMPARE(part<QLineEdit>(window(), "DetectModuleEdit")->isEnabled(), moduleIndexesMayBeTyped);
 }
 
 void tst_GeneralTab::adviceOnModuleList_data()
@@ -128,7 +113,7 @@ void tst_GeneralTab::adviceOnModuleList()
     show({device});
     DialogDriver driver(isAdvised ? std::vector<DialogAnswer>{pressing(QMessageBox::Ok)} : std::vector<DialogAnswer>{});
     choose(typeList(), entry, driver);
-    QCOMPARE(type(), entry); // the change stands all the same
+    QCOMPARE(type(), entry); // the change is made all the same
     if (!isAdvised)
         return;
     const SeenDialog box = driver.seen(0);
@@ -136,7 +121,7 @@ void tst_GeneralTab::adviceOnModuleList()
     QCOMPARE(box.text, QStringLiteral("当前设备支持写F030，建议配置设备类型为类型4。请谨慎操作 <b>耦合器</b>:\n"));
     QCOMPARE(box.icon, QMessageBox::Warning);
     QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
-    QCOMPARE(box.parent, m_window->widget());
+    QCOMPARE(box.parent, &window());
 }
 
 void tst_GeneralTab::adviceComesWithEachChoice()
@@ -155,14 +140,14 @@ void tst_GeneralTab::noAdviceWhereTheEntryIsCurrent()
 {
     DialogDriver whenTheEntryChanges({pressing(QMessageBox::Ok)});
     whenTheEntryChanges.during([this] {
-        m_window->show({couplerWithModuleList("Coupler 1"), couplerWithModuleList("Coupler 2")});
+        show({couplerWithModuleList("Coupler 1"), couplerWithModuleList("Coupler 2")});
     });
     QCOMPARE(whenTheEntryChanges.problem(), QString());
     DialogDriver driver({});
     driver.during([this] {
-        m_window->click(1);
-        m_window->click(0);
-        m_window->click(0);
+        clickDevice(1);
+        clickDevice(0);
+        clickDevice(0);
         choose(typeList(), KTL_DEVICE_TYPE_ManualIOBlock); // the current entry: no change
     });
     QCOMPARE(driver.problem(), QString());
@@ -193,7 +178,7 @@ void tst_GeneralTab::clickOnADeviceOfAnotherType()
     first.m_iDriveAxies = 5;
     show({first, device});
     QCOMPARE(axes(0), 5);
-    m_window->click(1);
+    clickDevice(1);
     QCOMPARE(type(1), ofDevice);
     QTEST(axes(1), "driveAxes");
     QTEST(axesField()->text(), "shown");
@@ -206,13 +191,13 @@ void tst_GeneralTab::multiDriverKeepsItsAxes()
     drive.Slots.vslot.resize(2);
     show({drive, deviceOfType(KTL_DEVICE_TYPE_IOBlock)});
     typeInto(axesField(), "7");
-    m_window->click(1);
+    clickDevice(1);
     QCOMPARE(axesField()->isEnabled(), false);
-    m_window->click(0); // the entry changes and its slot counts two slots
+    clickDevice(0); // the entry changes and its slot counts two slots
     QCOMPARE(axes(), 7);
     QCOMPARE(axesField()->text(), QString("0x7"));
     QCOMPARE(axesField()->isEnabled(), true);
-    m_window->click(0); // the entry is current
+    clickDevice(0); // the entry is current
     QCOMPARE(axes(), 7);
     QCOMPARE(axesField()->text(), QString("0x7"));
 }
@@ -253,34 +238,34 @@ void tst_GeneralTab::nestedDispatcherFillsOnce()
     const auto tablesNow = [this] {
         QVector<QVector<QStringList>> tables;
         for (const char* name : {"SmView", "FmmuView", "SyncManagerView", "PdoListView", "StartupView", "ModuleView"})
-            tables.append(cellsOf(m_window->find<QTableView>(name)));
+            tables.append(allTexts(table(window(), name)));
         return tables;
     };
     // Clicked while its entry is current, the dispatcher runs once.
     struct_EtherCatDevice plain = modularDevice(KTL_DEVICE_TYPE_MultiDriver);
     show({plain, deviceOfType(KTL_DEVICE_TYPE_IOBlock)});
-    m_window->click(0);
+    clickDevice(0);
     const QVector<QVector<QStringList>> tables = tablesNow();
     QCOMPARE(tables[0].size(), 4);
     QCOMPARE(tables[1].size(), 2);
     QCOMPARE(tables[2].size(), 4);
     QCOMPARE(tables[3].size(), 2); // of the device and of its module
     QCOMPARE(tables[5].size(), 1);
-    const std::size_t moduleCommands = DeviceWindow::device().mMailbox.COE.vinitcmd.size();
+    const std::size_t moduleCommands = loadedDevice().mMailbox.COE.vinitcmd.size();
     QCOMPARE(tables[4].size(), int(moduleCommands) + 1);
     // Two of the module; clearing, mapping and count of its PDO; two assignments and their count.
     QCOMPARE(moduleCommands, std::size_t(2 + 3 + 3));
 
-    m_window->click(1);
-    m_window->click(0); // another entry becomes current: the dispatcher runs inside itself
+    clickDevice(1);
+    clickDevice(0); // another entry becomes current: the dispatcher runs inside itself
     QCOMPARE(tablesNow(), tables);
-    QCOMPARE(m_window->find<QComboBox>("comboBox_Dc")->count(), 2);
-    QCOMPARE(DeviceWindow::device().mMailbox.COE.vinitcmd.size(), moduleCommands);
-    QCOMPARE(DeviceWindow::device().mRxPdo.mpdo.size(), std::size_t(1));
-    QCOMPARE(int(DeviceWindow::device().configindex), 0xF030);
-    QCOMPARE(int(DeviceWindow::device().detectindex), 0xF050);
-    QCOMPARE(m_window->find<QLineEdit>("ConfigModuleEdit")->text(), QString("0xf030"));
-    QCOMPARE(m_window->find<QLineEdit>("TypeEdit")->text(), QString("M1"));
+    QCOMPARE(part<QComboBox>(window(), "comboBox_Dc")->count(), 2);
+    QCOMPARE(loadedDevice().mMailbox.COE.vinitcmd.size(), moduleCommands);
+    QCOMPARE(loadedDevice().mRxPdo.mpdo.size(), std::size_t(1));
+    QCOMPARE(int(loadedDevice().configindex), 0xF030);
+    QCOMPARE(int(loadedDevice().detectindex), 0xF050);
+    QCOMPARE(part<QLineEdit>(window(), "ConfigModuleEdit")->text(), QString("0xf030"));
+    QCOMPARE(part<QLineEdit>(window(), "TypeEdit")->text(), QString("M1"));
     QCOMPARE(currentfileindex, 0);
     QCOMPARE(currentdeviceindex, 0);
 }
@@ -291,7 +276,7 @@ void tst_GeneralTab::nestedDispatcherWarnsOnce()
     device.Slots.vslot.resize(1);
     device.Slots.vslot[0].Attributes.MaxInstances = 100; // a slot with too many places is told of when it is shown
     DialogDriver driver({pressing(QMessageBox::Ok)});
-    driver.during([&] { m_window->show({device}); }); // another entry becomes current
+    driver.during([&] { show({device}); }); // another entry becomes current
     QCOMPARE(driver.problem(), QString());
     QCOMPARE(driver.seen(0).title, QString("slot sum overflow"));
 }
@@ -300,12 +285,12 @@ void tst_GeneralTab::choiceStoresTheModuleIndexes()
 {
     struct_EtherCatDevice device = deviceOfType(KTL_DEVICE_TYPE_PnpIOBlock);
     show({device});
-    showTab(m_window->window, 3);
-    typeInto(m_window->find<QLineEdit>("ConfigModuleEdit"), "0xF030");
-    showTab(m_window->window, 0);
-    choose(typeList(), KTL_DEVICE_TYPE_Special); // shows the device anew, which saves what was typed
-    QCOMPARE(int(DeviceWindow::device().configindex), 0xF030);
-    QCOMPARE(m_window->find<QLineEdit>("ConfigModuleEdit")->text(), QString("0xf030"));
+    openTab(window(), ModuleTab);
+    typeInto(part<QLineEdit>(window(), "ConfigModuleEdit"), "0xF030");
+    openTab(window(), GeneralTab);
+    choose(typeList(), KTL_DEVICE_TYPE_Special); // shows the device again, which saves what was typed
+    QCOMPARE(int(loadedDevice().configindex), 0xF030);
+    QCOMPARE(part<QLineEdit>(window(), "ConfigModuleEdit")->text(), QString("0xf030"));
 }
 
 void tst_GeneralTab::unknownTypeHasNoEntry()
@@ -313,7 +298,7 @@ void tst_GeneralTab::unknownTypeHasNoEntry()
     struct_EtherCatDevice device = deviceOfType(9);
     device.m_iDriveAxies = 4;
     show({device});
-    QCOMPARE(typeList()->currentIndex(), -1);
+    QCOMPARE(typeList().currentIndex(), -1);
     QCOMPARE(type(), 9);
     QCOMPARE(axes(), 4);
     QCOMPARE(axesField()->isEnabled(), false);
@@ -346,7 +331,7 @@ void tst_GeneralTab::negativeTypeEntry()
     struct_EtherCatDevice device = deviceOfType(KTL_DEVICE_TYPE_MultiDriver);
     device.m_iDriveAxies = 4;
     show({device});
-    QVERIFY(callSlot(m_window->window, "on_comboBox_DeviceType_currentIndexChanged", Q_ARG(int, -1)));
+    QVERIFY(callSlot(window(), "on_comboBox_DeviceType_currentIndexChanged", Q_ARG(int, -1)));
     QCOMPARE(type(), 2);
     QCOMPARE(axes(), 4);
 }
@@ -354,13 +339,13 @@ void tst_GeneralTab::negativeTypeEntry()
 void tst_GeneralTab::about()
 {
     DialogDriver driver({pressing(QMessageBox::Ok)});
-    driver.during([this] { m_window->find<QAction>("actionAbout")->trigger(); });
+    driver.during([this] { part<QAction>(window(), "actionAbout")->trigger(); });
     QCOMPARE(driver.problem(), QString());
     const SeenDialog box = driver.seen(0);
     QCOMPARE(box.title, QStringLiteral("Software information(软件信息)"));
     QVERIFY2(box.text.endsWith(" V1.0.28"), qPrintable(box.text));
     QVERIFY(!box.text.contains('\n'));
-    QCOMPARE(box.parent, m_window->widget());
+    QCOMPARE(box.parent, &window());
 }
 
 static const testMain::Registration<tst_GeneralTab, QApplication> registration;

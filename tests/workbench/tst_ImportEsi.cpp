@@ -41,7 +41,7 @@ private slots:
 private:
     /// Runs the open action and answers what comes up.
     void open(DialogDriver& dialogs);
-    /// Texts of the tree: a file as it is, a device behind a blank.
+    /// Texts of the tree: a file as it is, a device after a blank.
     [[nodiscard]] QStringList treeTexts() const;
     QString write(const QString& name, const QString& content) { return writeFile(m_folder->path(), name, content); }
 
@@ -72,7 +72,7 @@ void tst_ImportEsi::open(DialogDriver& dialogs)
 {
     dialogs.during([this] { part<QAction>(*m_window, "actionimport")->trigger(); });
     QCOMPARE(dialogs.problem(), QString());
-    QVERIFY2(QGuiApplication::overrideCursor() == nullptr, "the waiting cursor is left behind");
+    QVERIFY2(QGuiApplication::overrideCursor() == nullptr, "the waiting cursor is left over");
 }
 
 QStringList tst_ImportEsi::treeTexts() const
@@ -244,10 +244,10 @@ void tst_ImportEsi::failureLeavesEarlierFilesOut()
     g_xmlfiledevices = {fileWith("/esi/shown.xml", {"Shown"})};
     m_window->DeviceDisplayUpdate();
     const QStringList paths = {write("first.xml", esiText({"First"})), write("broken.xml", content),
-                               write("behind.xml", esiText({"Behind"}))};
+                               write("after.xml", esiText({"After"}))};
     DialogDriver dialogs({choosing(paths), pressing(QMessageBox::Ok)});
     open(dialogs);
-    QCOMPARE(g_xmlfiledevices.size(), std::size_t{2}); // the file behind the broken one was not read
+    QCOMPARE(g_xmlfiledevices.size(), std::size_t{2}); // the file after the broken one was not read
     QCOMPARE(g_xmlfiledevices[1].device[0].Name, std::string("First"));
     QCOMPARE(treeTexts(), QStringList({"shown.xml", " Shown"}));
     DialogDriver next({cancelling(), pressing(QMessageBox::Ok)});
@@ -276,7 +276,7 @@ void tst_ImportEsi::nestedTooDeep()
     const QRegularExpression text(QStringLiteral("^XML Field format error， 行:1, 列:(\\d+):\n.+$"));
     const QRegularExpressionMatch match = text.match(dialogs.seen(1).text);
     QVERIFY2(match.hasMatch(), qPrintable(dialogs.seen(1).text));
-    // 23 characters stand before the first <x>; the one that is too deep is the thousandth, of three characters each.
+    // 23 characters come before the first <x>; the one that is too deep is the thousandth, of three characters each.
     const int column = match.captured(1).toInt();
     QVERIFY2(column >= 23 + 999 * 3 && column <= 23 + 1000 * 3 + 1, qPrintable(match.captured(1)));
     QVERIFY(g_xmlfiledevices.empty());

@@ -37,7 +37,7 @@ private slots:
 private:
     /// Runs the import action and answers what comes up.
     void open(DialogDriver& dialogs);
-    /// Texts of the tree: a file as it is, a device behind a blank.
+    /// Texts of the tree: a file as it is, a device after a blank.
     [[nodiscard]] QStringList treeTexts() const;
     QString write(const QString& name, const QByteArray& content) { return writeFile(m_folder->path(), name, content); }
 
@@ -68,7 +68,7 @@ void tst_ImportKtl::open(DialogDriver& dialogs)
 {
     dialogs.during([this] { part<QAction>(*m_window, "actionInPort_ktl")->trigger(); });
     QCOMPARE(dialogs.problem(), QString());
-    QVERIFY2(QGuiApplication::overrideCursor() == nullptr, "the waiting cursor is left behind");
+    QVERIFY2(QGuiApplication::overrideCursor() == nullptr, "the waiting cursor is left over");
 }
 
 QStringList tst_ImportKtl::treeTexts() const
@@ -184,7 +184,7 @@ void tst_ImportKtl::cannotBeOpened()
     QVERIFY(g_xmlfiledevices.empty());
 }
 
-/// A file that nobody may read stands between two that can be read.
+/// A file that nobody may read, between two that can be read.
 void tst_ImportKtl::oneBadFileDoesNotStopTheOthers()
 {
     const QStringList paths = {write("a.ktl", ktlOfProducts({1})), write("closed.ktl", ktlOfProducts({2})),
@@ -207,7 +207,7 @@ void tst_ImportKtl::brokenFile_data()
     QTest::addRow("no KTL file") << QByteArray("<EtherCATInfo/>") << QStringList();
     QTest::addRow("cut in the middle") << run.left(60) << QStringList();
     QTest::addRow("second run cut") << run + run.left(60) << QStringList({"broken.ktl", " 0x1"});
-    QTest::addRow("rubbish behind the first run")
+    QTest::addRow("rubbish after the first run")
         << run + QByteArray(100, '\xFF') << QStringList({"broken.ktl", " 0x1"});
     QTest::addRow("an end item alone") << run.right(12) << QStringList();
 }

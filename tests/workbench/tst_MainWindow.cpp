@@ -1,5 +1,5 @@
 // The frame of the main window: its menu, shortcuts, tabs and resources.
-#include "workbench/mainwindow.h" // first, so that the header stands on its own
+#include "workbench/mainwindow.h" // first, so that the header compiles on its own
 
 #include "testMain.h"
 #include "workbench/dialogDriver.h"

@@ -1,20 +1,18 @@
 // Choosing an operation mode of the distributed clocks: the chosen mode moves to the front.
 #include "testMain.h"
-#include "workbench/deviceWindow.h"
 #include "workbench/dialogDriver.h"
+#include "workbench/tabFixture.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
 
-#include <memory>
-
-class tst_ModeChoice : public QObject
+class tst_ModeChoice : public TabFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { begin(GeneralTab); }
+    void cleanup() { end(); }
     static void chosenMode_data();
     void chosenMode();
     void choicesFollowEachOther();
@@ -26,11 +24,9 @@ private slots:
     void clearingTheModesIsNoChoice();
 
 private:
-    QComboBox* modeList() { return m_window->find<QComboBox>("comboBox_Dc"); }
+    QComboBox& modeList() { return *part<QComboBox>(window(), "comboBox_Dc"); }
     /// What the tab shows of the modes: the texts in order, the value, and the check boxes.
     QStringList shownModes();
-
-    std::unique_ptr<DeviceWindow> m_window;
 };
 
 /// A device with three modes "m0", "m1", "m2", whose words activate SYNC signals by one bit each.
@@ -54,27 +50,16 @@ static QStringList modesOf(const struct_EtherCatDevice& device)
     return modes;
 }
 
-void tst_ModeChoice::init()
-{
-    m_window = std::make_unique<DeviceWindow>();
-    showTab(m_window->window, 0);
-}
-
-void tst_ModeChoice::cleanup()
-{
-    m_window.reset();
-}
-
 QStringList tst_ModeChoice::shownModes()
 {
     QStringList shown;
-    for (int index = 0; index < modeList()->count(); ++index)
-        shown.append(modeList()->itemText(index));
-    shown.append(modeList()->currentText());
-    shown.append(m_window->find<QLineEdit>("SyncEdit")->text());
+    for (int index = 0; index < modeList().count(); ++index)
+        shown.append(modeList().itemText(index));
+    shown.append(modeList().currentText());
+    shown.append(part<QLineEdit>(window(), "SyncEdit")->text());
     QString checks;
     for (const char* name : {"checkBox_Dc1", "checkBox_Dc2", "checkBox_Dc3"})
-        checks += m_window->find<QCheckBox>(name)->isChecked() ? 'x' : '-';
+        checks += part<QCheckBox>(window(), name)->isChecked() ? 'x' : '-';
     shown.append(checks);
     return shown;
 }
@@ -95,37 +80,37 @@ void tst_ModeChoice::chosenMode_data()
 void tst_ModeChoice::chosenMode()
 {
     QFETCH(int, entry);
-    m_window->show({deviceWithModes()});
+    show({deviceWithModes()});
     choose(modeList(), entry);
-    QTEST(modesOf(DeviceWindow::device()), "order");
+    QTEST(modesOf(loadedDevice()), "order");
     QTEST(shownModes(), "shown");
-    QCOMPARE(modeList()->currentIndex(), 0);
+    QCOMPARE(modeList().currentIndex(), 0);
     for (int index = 0; index < 3; ++index)
-        QCOMPARE(modeList()->itemData(index, Qt::UserRole), QVariant(index));
+        QCOMPARE(modeList().itemData(index, Qt::UserRole), QVariant(index));
     // The whole mode moves, not its words alone.
-    const Struct_DCOpMode& front = DeviceWindow::device().vopmode.front();
+    const Struct_DCOpMode& front = loadedDevice().vopmode.front();
     QCOMPARE(front.Name, "name of " + front.Desc);
 }
 
 void tst_ModeChoice::choicesFollowEachOther()
 {
-    m_window->show({deviceWithModes()});
+    show({deviceWithModes()});
     choose(modeList(), 2); // m2 m1 m0
     choose(modeList(), 1); // m1 m2 m0
-    QCOMPARE(modesOf(DeviceWindow::device()), QStringList({"m1", "m2", "m0"}));
+    QCOMPARE(modesOf(loadedDevice()), QStringList({"m1", "m2", "m0"}));
     QCOMPARE(shownModes(), QStringList({"m1", "m2", "m0", "m1", "0x200", "-x-"}));
-    QTest::keyClick(modeList(), Qt::Key_Down); // m2 m1 m0
-    QCOMPARE(modesOf(DeviceWindow::device()), QStringList({"m2", "m1", "m0"}));
+    QTest::keyClick(&modeList(), Qt::Key_Down); // m2 m1 m0
+    QCOMPARE(modesOf(loadedDevice()), QStringList({"m2", "m1", "m0"}));
     QCOMPARE(shownModes(), QStringList({"m2", "m1", "m0", "m2", "0x400", "--x"}));
 }
 
 void tst_ModeChoice::choiceSurvivesTheNextClick()
 {
-    m_window->show({deviceWithModes(), deviceNamed("Other")});
+    show({deviceWithModes(), deviceNamed("Other")});
     choose(modeList(), 1);
-    m_window->click(1);
+    clickDevice(1);
     QCOMPARE(shownModes(), QStringList({"", "", "---"}));
-    m_window->click(0);
+    clickDevice(0);
     QCOMPARE(shownModes(), QStringList({"m1", "m0", "m2", "m1", "0x200", "-x-"}));
 }
 
@@ -140,9 +125,9 @@ void tst_ModeChoice::modeOutOfRange_data()
 void tst_ModeChoice::modeOutOfRange()
 {
     QFETCH(int, modesLeft);
-    m_window->show({deviceWithModes()});
-    DeviceWindow::device().vopmode.resize(static_cast<std::size_t>(modesLeft));
-    const QStringList before = modesOf(DeviceWindow::device());
+    show({deviceWithModes()});
+    loadedDevice().vopmode.resize(static_cast<std::size_t>(modesLeft));
+    const QStringList before = modesOf(loadedDevice());
     DialogDriver driver({pressing(QMessageBox::Ok)});
     choose(modeList(), 2, driver);
     const SeenDialog box = driver.seen(0);
@@ -150,9 +135,9 @@ void tst_ModeChoice::modeOutOfRange()
     QCOMPARE(box.text, QStringLiteral("超出DC选择范围 Drive:\n"));
     QCOMPARE(box.icon, QMessageBox::Warning);
     QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
-    QCOMPARE(box.parent, m_window->widget());
-    QCOMPARE(modesOf(DeviceWindow::device()), before);
-    QCOMPARE(shownModes(), QStringList({"m0", "m1", "m2", "m2", "0x100", "x--"})); // nothing is shown anew
+    QCOMPARE(box.parent, &window());
+    QCOMPARE(modesOf(loadedDevice()), before);
+    QCOMPARE(shownModes(), QStringList({"m0", "m1", "m2", "m2", "0x100", "x--"})); // nothing is shown again
 }
 
 void tst_ModeChoice::modeNeedsADevice_data()
@@ -162,29 +147,29 @@ void tst_ModeChoice::modeNeedsADevice_data()
 
 void tst_ModeChoice::modeNeedsADevice()
 {
-    m_window->show({deviceWithModes()});
+    show({deviceWithModes()});
     QFETCH(int, file);
     QFETCH(int, device);
     currentfileindex = file;
     currentdeviceindex = device;
     choose(modeList(), 2);
-    QCOMPARE(modesOf(DeviceWindow::device()), QStringList({"m0", "m1", "m2"}));
+    QCOMPARE(modesOf(loadedDevice()), QStringList({"m0", "m1", "m2"}));
     QCOMPARE(shownModes(), QStringList({"m0", "m1", "m2", "m2", "0x100", "x--"}));
 }
 
 void tst_ModeChoice::clearingTheModesIsNoChoice()
 {
-    m_window->show({deviceWithModes()});
+    show({deviceWithModes()});
     DialogDriver driver({});
     driver.during([this] {
-        m_window->click(0);
-        m_window->click(-1);
+        clickDevice(0);
+        clickDevice(-1);
     });
     QCOMPARE(driver.problem(), QString());
-    QCOMPARE(modesOf(DeviceWindow::device()), QStringList({"m0", "m1", "m2"}));
+    QCOMPARE(modesOf(loadedDevice()), QStringList({"m0", "m1", "m2"}));
     QCOMPARE(shownModes(), QStringList({"", "", "---"}));
-    QVERIFY(callSlot(m_window->window, "on_comboBox_Dc_currentIndexChanged", Q_ARG(int, -1)));
-    QCOMPARE(modesOf(DeviceWindow::device()), QStringList({"m0", "m1", "m2"}));
+    QVERIFY(callSlot(window(), "on_comboBox_Dc_currentIndexChanged", Q_ARG(int, -1)));
+    QCOMPARE(modesOf(loadedDevice()), QStringList({"m0", "m1", "m2"}));
 }
 
 static const testMain::Registration<tst_ModeChoice, QApplication> registration;

@@ -130,7 +130,7 @@ void tst_ModularDevices::multiDriveEdited()
     insertModule(1, 0, 2); // "Both"
     insertModule(0, 0, 1); // "In" in place of the first of the two modules at place 0
     insertModule(2, 0, 0); // "Out", in the slot that takes any
-    insertModule(4, 0, 1); // "In" behind the one that is there by default
+    insertModule(4, 0, 1); // "In" after the one that is there by default
     insertModule(3, 0, 2, {pressing(QMessageBox::Ok)}); // "Both" does not fit
     deleteModule(3); // is empty
     const QByteArrayList inputs = inputsOf(0x1A00, 0x6000) + inputsOf(0x1A00, 0x6000)
@@ -257,7 +257,7 @@ void tst_ModularDevices::driveByItsModules_data()
     QTest::addRow("coupler") << "5001";
 }
 
-/// A module of profile 402 makes its device a multi-axis drive. The module before it is no axis, the one behind it is.
+/// A module of profile 402 makes its device a multi-axis drive. The module before it is no axis, the one after it is.
 void tst_ModularDevices::driveByItsModules()
 {
     QFETCH(QString, profile);

@@ -1,4 +1,4 @@
-// Devices of the types 3 and 5, behind which the modules of the file follow as blocks, and the preset of places that
+// Devices of the types 3 and 5, which the modules of the file follow as blocks, and the preset of places that
 // type 5 has: every byte of the export is worked out from the ESI text.
 #include "testMain.h"
 #include "workbench/modularEsi.h"

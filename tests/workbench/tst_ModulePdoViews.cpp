@@ -9,12 +9,9 @@ class tst_ModulePdoViews : public TabFixture
 {
     Q_OBJECT
 
-public:
-    tst_ModulePdoViews()
-        : TabFixture("tab_4")
-    {}
-
 private slots:
+    void init() { begin(ModuleTab); }
+    void cleanup() { end(); }
     static void pdoRow_data();
     void pdoRow();
     void indexOfTheDeclaredModule();
@@ -208,7 +205,7 @@ void tst_ModulePdoViews::rowPastTheLists()
 {
     showModule(moduleWithPdos("first", 1));
     clickRow(pdos(), 0);
-    module(0, 0).TxPdo.vpdo.clear(); // the second row stands for nothing any more
+    module(0, 0).TxPdo.vpdo.clear(); // the second row is nothing any more
     clickRow(pdos(), 1);
     QCOMPARE(modelOf(entries()).rowCount(), 0);
     QCOMPARE(labelText(window(), "label_17"), QStringLiteral("(0x1600)"));
@@ -275,7 +272,7 @@ void tst_ModulePdoViews::noMenuWithoutCurrentRow()
     moduleTree(window()).setCurrentItem(nullptr);
     DialogDriver driver({});
     driver.during([this] {
-        rightClickBeside(entries());
+        rightClickBelowTheRows(entries());
         callSlot(window(), "ModuleTreeCustomMenu", Q_ARG(QPoint, QPoint()));
     });
     QCOMPARE(driver.problem(), QString());
@@ -350,7 +347,7 @@ void tst_ModulePdoViews::doubleClickOpensTheEditor()
     QVERIFY(g_bpdoormodulepdo);
     QVERIFY(!g_bpdoMultiplechoice); // the one current row
     QCOMPARE(openEditor(window())->windowTitle(), QStringLiteral("module Pdo editor"));
-    QCOMPARE(field(*openEditor(window()), "Index"), QStringLiteral("0x7001"));
+    QCOMPARE(fieldText(*openEditor(window()), "Index"), QStringLiteral("0x7001"));
 }
 
 void tst_ModulePdoViews::modifyOpensTheEditor()
@@ -359,10 +356,10 @@ void tst_ModulePdoViews::modifyOpensTheEditor()
     clickRow(pdos(), 0);
     clickRow(entries(), 0);
     clickRow(entries(), 1, Qt::ControlModifier);
-    QCOMPARE(chooseInMenu(entries(), 1, "modify"), QString());
+    chooseFromMenu(entries(), "modify", 1);
     QVERIFY(g_bpdoormodulepdo && g_bpdoMultiplechoice);
     QCOMPARE(openEditor(window())->windowTitle(), QStringLiteral("module Pdo editor"));
-    QCOMPARE(field(*openEditor(window()), "Index"), QStringLiteral("0x7000")); // the first selected one
+    QCOMPARE(fieldText(*openEditor(window()), "Index"), QStringLiteral("0x7000")); // the first selected one
 }
 
 void tst_ModulePdoViews::editorBeforeIsClosed()
@@ -381,8 +378,8 @@ void tst_ModulePdoViews::deviceEntriesAreRefusedAfterwards()
     showModule(moduleWithPdos("first", 1));
     clickRow(pdos(), 0);
     doubleClickRow(entries(), 0);
-    device().RxPdo.vpdo = {devicePdo(0x1600)};
-    pressCancel(*openEditor(window()));
+    loadedDevice().RxPdo.vpdo = {devicePdo(0x1600)};
+    press(*openEditor(window()), "CancelButton");
     QVERIFY(g_bpdoormodulepdo); // stays
     QCOMPARE(boxesDuring(1, [this] { callSlot(window(), "on_pdoContect_add"); }),
              QStringList(selectionBox("Please select no modulepdo\n")));

@@ -1,5 +1,5 @@
 // What follows from a change of the modules in the slots: the module lists of the device, the tables that are shown
-// anew, and the command that names the configured modules.
+// again, and the command that names the configured modules.
 #include "testMain.h"
 #include "workbench/moduleTabFixture.h"
 
@@ -14,6 +14,8 @@ class tst_ModuleRefresh : public ModuleTabFixture
     Q_OBJECT
 
 private slots:
+    void init() { begin(ModuleTab); }
+    void cleanup() { end(); }
     void withoutDevice();
     static void selectionPastTheLists_data();
     void selectionPastTheLists();
@@ -41,10 +43,10 @@ void tst_ModuleRefresh::withoutDevice()
     choose(0, 0);
     currentdeviceindex = -1;
     for (const char* button : {"InsertModule", "DeleteModule"})
-        QCOMPARE(boxesDuring(0, [&] { pressButton(window(), button); }), QStringList());
+        QCOMPARE(boxesDuring(0, [&] { press(window(), button); }), QStringList());
     callSlot(window(), "device_slotmodule_display");
     callSlot(window(), "device_modulestartup_generate");
-    QCOMPARE(standingModules(), QString());
+    QCOMPARE(placedModules(), QString());
     QCOMPARE(modelOf(view("ModuleView")).rowCount(), 3);
 }
 
@@ -92,7 +94,7 @@ void tst_ModuleRefresh::selectionPastTheLists()
     handler(window());
 }
 
-/// The box goes by a selection that stands for a device, and by no other.
+/// The box goes by a selection that is a device, and by no other.
 void tst_ModuleRefresh::downloadBoxPastTheLists()
 {
     showCoupler();
@@ -100,7 +102,7 @@ void tst_ModuleRefresh::downloadBoxPastTheLists()
     part<QCheckBox>(window(), "DownlaodCfg")->click();
     currentfileindex = 1;
     part<QCheckBox>(window(), "DownlaodCfg")->click();
-    QVERIFY(!device().Slots.Attributes.DownloadModuleIdentList);
+    QVERIFY(!loadedDevice().Slots.Attributes.DownloadModuleIdentList);
 }
 
 /// The selection stays where it was, past the list now; but the tabs are empty, so that no handler is reached.
@@ -116,7 +118,7 @@ void tst_ModuleRefresh::tabsAreSafeAfterADeletion()
         QTest::keyClick(rows, Qt::Key_Down);
     }
     for (const char* name : {"InsertModule", "DeleteModule"})
-        pressButton(window(), name);
+        press(window(), name);
     part<QCheckBox>(window(), "DownlaodCfg")->click();
     part<QComboBox>(window(), "comboBox_DeviceType")->setCurrentIndex(2);
     QVERIFY(callSlot(window(), "device_delete"));
@@ -127,19 +129,19 @@ void tst_ModuleRefresh::tabsAreSafeAfterADeletion()
 void tst_ModuleRefresh::indexesMoveWithThePlace()
 {
     showCoupler();
-    device().Slots.Attributes.SlotPdoIncrement = 0x10;
+    loadedDevice().Slots.Attributes.SlotPdoIncrement = 0x10;
     insert(0, 0);
     insert(2, 2);
     // Place 2 is the first place of the second slot: twice the increment for the PDO that depends on the slot.
     QCOMPARE(column("PdoListView", 0), QStringList({"0x1600", "0x1620", "0x1a00", "0x1a00"}));
-    QCOMPARE(device().mRxPdo.mpdo[1].Instances, 2);
-    QCOMPARE(int(device().Slots.vslot[1].slotmodule[0].module.RxPdo.vpdo[0].indexAttributes.index), 0x1600);
+    QCOMPARE(loadedDevice().mRxPdo.mpdo[1].Instances, 2);
+    QCOMPARE(int(loadedDevice().Slots.vslot[1].slotmodule[0].module.RxPdo.vpdo[0].indexAttributes.index), 0x1600);
 }
 
 void tst_ModuleRefresh::refreshedTables()
 {
     showCoupler();
-    struct_EtherCatDevice& coupler = device();
+    struct_EtherCatDevice& coupler = loadedDevice();
     coupler.Mailbox.COE.Attributes.PdoConfig = true;
     coupler.vSM.resize(3);
     coupler.vSM[2].Smtype = 3;
@@ -161,7 +163,7 @@ void tst_ModuleRefresh::refreshedTables()
     QCOMPARE(modelOf(view("PdoContentView")).rowCount(), 0);
     QCOMPARE(modelOf(view("PdoAssignView")).rowCount(), 0);
     clickRow(view("ModuleView"), 0);
-    pressButton(window(), "DeleteModule");
+    press(window(), "DeleteModule");
     QCOMPARE(modelOf(view("StartupView")).rowCount(), 0);
     QCOMPARE(column("PdoListView", 0), QStringList("0x1400"));
     QCOMPARE(column("SyncManagerView", 1), QStringList({"0.00", "0.00", "0.00"}));
@@ -170,14 +172,14 @@ void tst_ModuleRefresh::refreshedTables()
 void tst_ModuleRefresh::orderOfTheRefresh()
 {
     showCoupler();
-    device().Slots.vslot.push_back(slotNamed("big", 100));
+    loadedDevice().Slots.vslot.push_back(slotNamed("big", 100));
     choose(0, 0);
     QStringList pdosUnderTheBox;
     DialogDriver driver({{DialogAnswer::Kind::MessageBox, [&](QWidget& box) {
                               pdosUnderTheBox = column("PdoListView", 2);
                               box.close();
                           }}});
-    driver.during([this] { pressButton(window(), "InsertModule"); });
+    driver.during([this] { press(window(), "InsertModule"); });
     QCOMPARE(driver.problem(), QString());
     QCOMPARE(driver.seen(0).title, QStringLiteral("slot sum overflow")); // the slots come last
     QCOMPARE(pdosUnderTheBox, QStringList({"IO out", "IO in"}));
@@ -186,10 +188,10 @@ void tst_ModuleRefresh::orderOfTheRefresh()
 void tst_ModuleRefresh::tablesAreCutBack()
 {
     showCoupler();
-    device().RxPdo.vpdo = {devicePdo(0x1400, {deviceEntry(0x7000, 8)})};
-    device().Mailbox.COE.InitCmd.vinitcmd.resize(2);
-    device().vSM.resize(1);
-    device().vSM[0].Smtype = 3;
+    loadedDevice().RxPdo.vpdo = {devicePdo(0x1400, {deviceEntry(0x7000, 8)})};
+    loadedDevice().Mailbox.COE.InitCmd.vinitcmd.resize(2);
+    loadedDevice().vSM.resize(1);
+    loadedDevice().vSM[0].Smtype = 3;
     clickItem(window(), treeItem(window(), 0, 0));
     clickRow(view("PdoListView"), 0);
     clickRow(view("SyncManagerView"), 0);
@@ -208,7 +210,7 @@ void tst_ModuleRefresh::tablesAreCutBack()
 void tst_ModuleRefresh::listsAreRebuilt()
 {
     showCoupler();
-    struct_EtherCatDevice& coupler = device();
+    struct_EtherCatDevice& coupler = loadedDevice();
     coupler.mRxPdo.mpdo.resize(5);
     coupler.mTxPdo.mpdo.resize(5);
     coupler.mMailbox.COE.vinitcmd.resize(5); // as generated at load time, or changed by hand
@@ -218,7 +220,7 @@ void tst_ModuleRefresh::listsAreRebuilt()
     brought.Mailbox.COE.vinitcmd.resize(1);
     brought.Dictionary.vobject.resize(2);
     brought.Dictionary.vdatatype.resize(3);
-    coupler.Slots.vslot[0].slotmodule = {standing(0, brought), standing(1, brought)};
+    coupler.Slots.vslot[0].slotmodule = {placedAt(0, brought), placedAt(1, brought)};
     clickItem(window(), treeItem(window(), 0, 0));
     QCOMPARE(coupler.mRxPdo.mpdo.size(), std::size_t(2));
     QCOMPARE(coupler.mTxPdo.mpdo.size(), std::size_t(2));
@@ -239,7 +241,7 @@ void tst_ModuleRefresh::deviceWithoutSlotsKeepsItsLists()
     drive.vSM.resize(1);
     drive.vSM[0].Smtype = 3;
     show(drive);
-    QCOMPARE(device().mRxPdo.mpdo.size(), std::size_t(1));
+    QCOMPARE(loadedDevice().mRxPdo.mpdo.size(), std::size_t(1));
     QCOMPARE(modelOf(view("StartupView")).rowCount(), 3);
     clickRow(view("SyncManagerView"), 0);
     callSlot(window(), "device_slotmodule_display");
@@ -249,14 +251,14 @@ void tst_ModuleRefresh::deviceWithoutSlotsKeepsItsLists()
 void tst_ModuleRefresh::assignmentsRemainWithoutModules()
 {
     showCoupler();
-    device().Mailbox.COE.Attributes.PdoAssign = true;
-    device().vSM.resize(1);
-    device().vSM[0].Smtype = 3;
-    device().RxPdo.vpdo = {devicePdo(0x1600)};
-    device().RxPdo.vpdo[0].Attributes.SM = 0;
+    loadedDevice().Mailbox.COE.Attributes.PdoAssign = true;
+    loadedDevice().vSM.resize(1);
+    loadedDevice().vSM[0].Smtype = 3;
+    loadedDevice().RxPdo.vpdo = {devicePdo(0x1600)};
+    loadedDevice().RxPdo.vpdo[0].Attributes.SM = 0;
     insert(0, 0);
     clickRow(view("ModuleView"), 0);
-    pressButton(window(), "DeleteModule");
+    press(window(), "DeleteModule");
     QCOMPARE(column("StartupView", 5), QStringList({"download pdo 0x1c10 index", "download pdo 0x1c10  count"}));
 }
 
@@ -264,10 +266,10 @@ void tst_ModuleRefresh::axesAndTypeStay()
 {
     showCoupler();
     module(0, 0).m_profileNO = 402; // at load time it would make a multi-axis drive
-    device().m_iDriveAxies = 7;
+    loadedDevice().m_iDriveAxies = 7;
     insert(0, 0);
-    QCOMPARE(int(device().m_iDeviceType), 5);
-    QCOMPARE(int(device().m_iDriveAxies), 7);
+    QCOMPARE(int(loadedDevice().m_iDeviceType), 5);
+    QCOMPARE(int(loadedDevice().m_iDriveAxies), 7);
 }
 
 void tst_ModuleRefresh::otherTypeAndBack_data()
@@ -285,8 +287,8 @@ void tst_ModuleRefresh::otherTypeAndBack()
     auto* const types = part<QComboBox>(window(), "comboBox_DeviceType");
     types->setCurrentIndex(type);
     QCOMPARE(modelOf(view("PdoListView")).rowCount(), 0); // no module data,
-    QVERIFY(device().mRxPdo.mpdo.empty() && device().mTxPdo.mpdo.empty());
-    QCOMPARE(standingModules(), QStringLiteral("0 IO")); // but the module stays in its slot
+    QVERIFY(loadedDevice().mRxPdo.mpdo.empty() && loadedDevice().mTxPdo.mpdo.empty());
+    QCOMPARE(placedModules(), QStringLiteral("0 IO")); // but the module stays in its slot
     QCOMPARE(row("ModuleView", 0).at(1), QStringLiteral("IO"));
     types->setCurrentIndex(5);
     QCOMPARE(column("PdoListView", 2), QStringList({"IO out", "IO in"}));
@@ -318,10 +320,10 @@ void tst_ModuleRefresh::downloadCommand()
     QFETCH(bool, hasModules);
     QFETCH(QString, text);
     showCoupler();
-    device().Slots.Attributes.DownloadModuleIdentList = downloads;
-    struct_Slot& slot = device().Slots.vslot[0];
+    loadedDevice().Slots.Attributes.DownloadModuleIdentList = downloads;
+    struct_Slot& slot = loadedDevice().Slots.vslot[0];
     if (hasModules)
-        slot.slotmodule = {standing(0, moduleNamed("IO", 0x10)), standing(2, moduleNamed("AX", 0x20))};
+        slot.slotmodule = {placedAt(0, moduleNamed("IO", 0x10)), placedAt(2, moduleNamed("AX", 0x20))};
     const str_InitCmd command = downloadOf(window(), slot);
     QCOMPARE(command.Transition, downloads ? PS : UnknownType);
     QCOMPARE(int(command.Index), downloads ? 0xF030 : 0);
@@ -334,9 +336,9 @@ void tst_ModuleRefresh::downloadCommand()
 void tst_ModuleRefresh::downloadCommandWithoutDevice()
 {
     showCoupler();
-    struct_Slot slot = device().Slots.vslot[0];
-    slot.slotmodule = {standing(0, moduleNamed("IO", 0x10))};
-    device().Slots.Attributes.DownloadModuleIdentList = true;
+    struct_Slot slot = loadedDevice().Slots.vslot[0];
+    slot.slotmodule = {placedAt(0, moduleNamed("IO", 0x10))};
+    loadedDevice().Slots.Attributes.DownloadModuleIdentList = true;
     currentdeviceindex = -1;
     const str_InitCmd command = downloadOf(window(), slot);
     QCOMPARE(int(command.Index), 0);

@@ -9,6 +9,8 @@ class tst_ModuleTab : public ModuleTabFixture
     Q_OBJECT
 
 private slots:
+    void init() { begin(ModuleTab); }
+    void cleanup() { end(); }
     void buttons();
     void insertAndDelete();
     void insertReplaces();
@@ -63,13 +65,13 @@ void tst_ModuleTab::insertAndDelete()
     showCoupler();
     insert(1, 1);
     insert(2, 2);
-    QCOMPARE(standingModules(), QStringLiteral("1 AX, 2 XX"));
-    QCOMPARE(device().Slots.vslot[0].slotmodule[0].module.RxPdo.vpdo.size(), std::size_t(1)); // a full copy
+    QCOMPARE(placedModules(), QStringLiteral("1 AX, 2 XX"));
+    QCOMPARE(loadedDevice().Slots.vslot[0].slotmodule[0].module.RxPdo.vpdo.size(), std::size_t(1)); // a full copy
     QCOMPARE(column("ModuleView", 1), QStringList({noItem(), "AX", "XX"}));
     QCOMPARE(column("ModuleView", 2), QStringList({noItem(), "0x20", "0x30"}));
     clickRow(view("ModuleView"), 1);
-    pressButton(window(), "DeleteModule");
-    QCOMPARE(standingModules(), QStringLiteral("2 XX"));
+    press(window(), "DeleteModule");
+    QCOMPARE(placedModules(), QStringLiteral("2 XX"));
     QCOMPARE(column("ModuleView", 1), QStringList({noItem(), noItem(), "XX"}));
 }
 
@@ -78,7 +80,7 @@ void tst_ModuleTab::insertReplaces()
     showCoupler();
     insert(0, 0);
     insert(0, 1); // no question is asked
-    QCOMPARE(standingModules(), QStringLiteral("0 AX"));
+    QCOMPARE(placedModules(), QStringLiteral("0 AX"));
     QCOMPARE(column("PdoListView", 2), QStringList({"AX out", "AX in"}));
 }
 
@@ -87,7 +89,7 @@ void tst_ModuleTab::modulesAreSorted()
     showCoupler();
     insert(1, 0);
     insert(0, 1);
-    QCOMPARE(standingModules(), QStringLiteral("0 AX, 1 IO"));
+    QCOMPARE(placedModules(), QStringLiteral("0 AX, 1 IO"));
     QCOMPARE(column("PdoListView", 2), QStringList({"AX out", "IO out", "AX in", "IO in"}));
 }
 
@@ -105,12 +107,12 @@ void tst_ModuleTab::typesThatRefuse()
     QFETCH(int, type);
     QFETCH(QString, text);
     showCoupler(type);
-    device().Slots.vslot[0].slotmodule = {standing(0, moduleNamed("IO", 0x10))};
-    device().Slots.Attributes.DownloadModuleIdentList = true; // its advice is not given
+    loadedDevice().Slots.vslot[0].slotmodule = {placedAt(0, moduleNamed("IO", 0x10))};
+    loadedDevice().Slots.Attributes.DownloadModuleIdentList = true; // its advice is not given
     choose(0, 1);
     for (const char* button : {"InsertModule", "DeleteModule"})
-        QCOMPARE(boxesDuring(1, [&] { pressButton(window(), button); }), QStringList(refused(text)));
-    QCOMPARE(standingModules(), QStringLiteral("0 IO"));
+        QCOMPARE(boxesDuring(1, [&] { press(window(), button); }), QStringList(refused(text)));
+    QCOMPARE(placedModules(), QStringLiteral("0 IO"));
 }
 
 void tst_ModuleTab::typesThatAllow_data()
@@ -126,10 +128,10 @@ void tst_ModuleTab::typesThatAllow()
     QFETCH(int, type);
     showCoupler(type);
     insert(0, 0);
-    QCOMPARE(standingModules(), QStringLiteral("0 IO"));
+    QCOMPARE(placedModules(), QStringLiteral("0 IO"));
     clickRow(view("ModuleView"), 0);
-    pressButton(window(), "DeleteModule");
-    QCOMPARE(standingModules(), QString());
+    press(window(), "DeleteModule");
+    QCOMPARE(placedModules(), QString());
 }
 
 void tst_ModuleTab::selectionRefusals()
@@ -145,8 +147,8 @@ void tst_ModuleTab::selectionRefusals()
     QCOMPARE(boxesDuring(1, press), noModule);
     clickModule(window(), 0, 0);
     press();
-    QCOMPARE(standingModules(), QStringLiteral("0 IO"));
-    QCOMPARE(boxesDuring(1, press), noSlot); // the table is filled anew, so no place is current
+    QCOMPARE(placedModules(), QStringLiteral("0 IO"));
+    QCOMPARE(boxesDuring(1, press), noSlot); // the table is filled again, so no place is current
 }
 
 void tst_ModuleTab::deleteRefusals()
@@ -156,7 +158,7 @@ void tst_ModuleTab::deleteRefusals()
     const auto press = [this] { callSlot(window(), "on_DeleteModule_clicked"); };
     QCOMPARE(boxesDuring(1, press), noSlot);
     clickRow(view("ModuleView"), 0);
-    device().Slots.vslot.clear();
+    loadedDevice().Slots.vslot.clear();
     QCOMPARE(boxesDuring(1, press), noSlot);
 }
 
@@ -167,10 +169,10 @@ void tst_ModuleTab::adviceDoesNotStop()
     const QStringList advice(
         refused(QStringLiteral("当前设备支持写F030，建议配置设备类型为类型4。请谨慎操作 Coupler:\n")));
     QCOMPARE(boxesDuring(1, [this] { insert(0, 0); }), advice);
-    QCOMPARE(standingModules(), QStringLiteral("0 IO"));
+    QCOMPARE(placedModules(), QStringLiteral("0 IO"));
     clickRow(view("ModuleView"), 0);
-    pressButton(window(), "DeleteModule"); // no advice on this one
-    QCOMPARE(standingModules(), QString());
+    press(window(), "DeleteModule"); // no advice on this one
+    QCOMPARE(placedModules(), QString());
 }
 
 void tst_ModuleTab::adviceComesBeforeTheSelection()
@@ -188,22 +190,22 @@ void tst_ModuleTab::moduleThatDoesNotFit()
     insert(1, 0);
     const QStringList refusal(refused(QStringLiteral("当前模块不能插入模块到当前槽 XX:\n")));
     QCOMPARE(boxesDuring(1, [this] { insert(1, 2); }), refusal);
-    QCOMPARE(standingModules(), QStringLiteral("1 IO"));
-    QCOMPARE(view("ModuleView").currentIndex().row(), 1); // nothing is filled anew
+    QCOMPARE(placedModules(), QStringLiteral("1 IO"));
+    QCOMPARE(view("ModuleView").currentIndex().row(), 1); // nothing is filled again
     insert(2, 2); // the slot that names no ident takes it
-    QCOMPARE(standingModules(), QStringLiteral("1 IO, 2 XX"));
+    QCOMPARE(placedModules(), QStringLiteral("1 IO, 2 XX"));
 }
 
 void tst_ModuleTab::rowOfNoSlot()
 {
     showCoupler();
-    device().Slots.vslot[1].slotmodule = {standing(4, moduleNamed("beside", 1))};
+    loadedDevice().Slots.vslot[1].slotmodule = {placedAt(4, moduleNamed("beside", 1))};
     callSlot(window(), "device_slots_display");
     insert(4, 2); // no slot has that row: nothing is put in, and nothing is said
-    QCOMPARE(standingModules(), QStringLiteral("4 beside"));
+    QCOMPARE(placedModules(), QStringLiteral("4 beside"));
     clickRow(view("ModuleView"), 4);
-    pressButton(window(), "DeleteModule");
-    QCOMPARE(standingModules(), QStringLiteral("4 beside"));
+    press(window(), "DeleteModule");
+    QCOMPARE(placedModules(), QStringLiteral("4 beside"));
 }
 
 void tst_ModuleTab::deleteFromAnEmptyPlace()
@@ -211,10 +213,10 @@ void tst_ModuleTab::deleteFromAnEmptyPlace()
     showCoupler();
     insert(0, 0);
     clickRow(view("ModuleView"), 1);
-    device().mRxPdo.mpdo.clear();
-    pressButton(window(), "DeleteModule");
-    QCOMPARE(standingModules(), QStringLiteral("0 IO"));
-    QCOMPARE(device().mRxPdo.mpdo.size(), std::size_t(1)); // the refresh runs all the same
+    loadedDevice().mRxPdo.mpdo.clear();
+    press(window(), "DeleteModule");
+    QCOMPARE(placedModules(), QStringLiteral("0 IO"));
+    QCOMPARE(loadedDevice().mRxPdo.mpdo.size(), std::size_t(1)); // the refresh runs all the same
     QVERIFY(!view("ModuleView").currentIndex().isValid());
 }
 
@@ -223,13 +225,13 @@ void tst_ModuleTab::deleteDefaultModule()
     // A default module of the second slot carries 1, so it shows among the places of the first one, and the button
     // looks for it there.
     showCoupler();
-    device().Slots.vslot[1].slotmodule = {standing(1, moduleNamed("default", 0x30))};
+    loadedDevice().Slots.vslot[1].slotmodule = {placedAt(1, moduleNamed("default", 0x30))};
     callSlot(window(), "device_slots_display");
     QCOMPARE(row("ModuleView", 1).at(1), QStringLiteral("default"));
     for (const int place : {1, 2}) {
         clickRow(view("ModuleView"), place);
-        pressButton(window(), "DeleteModule");
-        QCOMPARE(standingModules(), QStringLiteral("1 default"));
+        press(window(), "DeleteModule");
+        QCOMPARE(placedModules(), QStringLiteral("1 default"));
     }
 }
 

@@ -6,12 +6,9 @@ class tst_PdoAssignment : public TabFixture
 {
     Q_OBJECT
 
-public:
-    tst_PdoAssignment()
-        : TabFixture("tab_2")
-    {}
-
 private slots:
+    void init() { begin(ProcessDataTab); }
+    void cleanup() { end(); }
     static void assignableBySyncManagerType_data();
     void assignableBySyncManagerType();
     void assignedHere();
@@ -109,7 +106,7 @@ void tst_PdoAssignment::clickInAssignmentDoesNothing()
     clickRow(view("PdoAssignView"), 1); // were it taken for a sync manager, nothing would be listed
     QCOMPARE(column("PdoAssignView", 0), QStringList({"0x1400", "0x17ff", "0x1600", "0x1601"}));
     QCOMPARE(labelText(window(), "label_18"), QStringLiteral("(0x1c13)"));
-    QCOMPARE(device().mRxPdo.mpdo[0].Attributes.SM, -1);
+    QCOMPARE(loadedDevice().mRxPdo.mpdo[0].Attributes.SM, -1);
 }
 
 void tst_PdoAssignment::nothingSelected()

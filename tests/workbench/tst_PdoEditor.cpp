@@ -10,12 +10,9 @@ class tst_PdoEditor : public TabFixture
 {
     Q_OBJECT
 
-public:
-    tst_PdoEditor()
-        : TabFixture("tab_2")
-    {}
-
 private slots:
+    void init() { begin(ProcessDataTab); }
+    void cleanup() { end(); }
     void lookOfTheWindow();
     static void texts_data();
     void texts();
@@ -44,7 +41,7 @@ private:
     [[nodiscard]] QTableView& entries() const { return view("PdoContentView"); }
     /// Opens the editor on the first entry of the PDO at a row, by a double click.
     PdoEditWin& open(int pdoRow = 0);
-    [[nodiscard]] static std::int32_t& link() { return device().RxPdo.vpdo.at(0).Entry.vPdo_c.at(0).Linkto; }
+    [[nodiscard]] static std::int32_t& link() { return loadedDevice().RxPdo.vpdo.at(0).Entry.vPdo_c.at(0).Linkto; }
 };
 
 /// A device with a PDO of one entry in each list; the entries have the same fields.
@@ -132,12 +129,12 @@ void tst_PdoEditor::fieldsOfAnEntry()
     QFETCH(int, pdoRow);
     show(deviceWithLinks(0));
     const PdoEditWin& editor = open(pdoRow);
-    QCOMPARE(field(editor, "Index"), QStringLiteral("0x60ff"));
-    QCOMPARE(field(editor, "Subindex"), QStringLiteral("17"));
-    QCOMPARE(field(editor, "Size"), QStringLiteral("1.40"));
-    QCOMPARE(field(editor, "Name"), QStringLiteral("Velocity 速度"));
-    QCOMPARE(field(editor, "Type"), QStringLiteral("BITARR12"));
-    QCOMPARE(field(editor, "Default"), QStringLiteral("4294967295"));
+    QCOMPARE(fieldText(editor, "Index"), QStringLiteral("0x60ff"));
+    QCOMPARE(fieldText(editor, "Subindex"), QStringLiteral("17"));
+    QCOMPARE(fieldText(editor, "Size"), QStringLiteral("1.40"));
+    QCOMPARE(fieldText(editor, "Name"), QStringLiteral("Velocity 速度"));
+    QCOMPARE(fieldText(editor, "Type"), QStringLiteral("BITARR12"));
+    QCOMPARE(fieldText(editor, "Default"), QStringLiteral("4294967295"));
     QCOMPARE(linkList(editor).currentText(), QStringLiteral("NONE Type"));
 }
 
@@ -204,9 +201,9 @@ void tst_PdoEditor::linkIsWritten()
     show(deviceWithLinks(pdoRow == 0 ? -2 : -1));
     const PdoEditWin& editor = open(pdoRow);
     chooseLink(editor, words);
-    pressSave(editor);
+    press(editor, "PdoSavebutton");
     QVERIFY(!editor.isVisible());
-    const std::vector<struct_PDOList>& pdos = pdoRow == 0 ? device().RxPdo.vpdo : device().TxPdo.vpdo;
+    const std::vector<struct_PDOList>& pdos = pdoRow == 0 ? loadedDevice().RxPdo.vpdo : loadedDevice().TxPdo.vpdo;
     const struct_EntryPDOContent& entry = pdos.at(0).Entry.vPdo_c.at(0);
     QCOMPARE(entry.Linkto, link);
     QCOMPARE(row("PdoContentView", 0).at(5), words);
@@ -242,7 +239,7 @@ void tst_PdoEditor::saveWithoutChange()
     const PdoEditWin& editor = open();
     QCOMPARE(linkList(editor).currentIndex(), current);
     QCOMPARE(linkList(editor).count(), 5);
-    pressSave(editor);
+    press(editor, "PdoSavebutton");
     QCOMPARE(link(), after);
 }
 
@@ -251,8 +248,8 @@ void tst_PdoEditor::cancelWritesNothing()
     show(deviceWithLinks(-2));
     const PdoEditWin& editor = open();
     chooseLink(editor, "FAOUT Type");
-    device().RxPdo.vpdo[0].Entry.vPdo_c[0].Name = "renamed"; // to be seen by the refresh
-    pressCancel(editor);
+    loadedDevice().RxPdo.vpdo[0].Entry.vPdo_c[0].Name = "renamed"; // to be seen by the refresh
+    press(editor, "CancelButton");
     QVERIFY(!editor.isVisible());
     QCOMPARE(link(), -2);
     QCOMPARE(row("PdoContentView", 0).at(3), QStringLiteral("renamed"));
@@ -334,7 +331,7 @@ void tst_PdoEditor::replyTellsAndRefreshes()
     show(deviceWithLinks(0));
     const PdoEditWin& editor = open();
     const QSignalSpy replies(&editor, &PdoEditWin::sendTextToParent);
-    pressSave(editor);
+    press(editor, "PdoSavebutton");
     QCOMPARE(replies.count(), 1);
     QCOMPARE(replies.at(0).at(0).toString(), QStringLiteral("Hello parent"));
     QVERIFY(!entries().currentIndex().isValid()); // refilled
@@ -344,12 +341,12 @@ void tst_PdoEditor::closedEditorStaysWithoutItsForm()
 {
     show(deviceWithLinks(0));
     const PdoEditWin& editor = open();
-    pressCancel(editor);
+    press(editor, "CancelButton");
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCOMPARE(window().findChildren<PdoEditWin*>(), QList<PdoEditWin*>{const_cast<PdoEditWin*>(&editor)});
     QVERIFY(editor.findChildren<QWidget*>().isEmpty());
     open();
-    QCOMPARE(window().findChildren<PdoEditWin*>().size(), 2); // made anew for each use
+    QCOMPARE(window().findChildren<PdoEditWin*>().size(), 2); // a new one for each use
 }
 
 void tst_PdoEditor::withoutParent()
@@ -358,9 +355,9 @@ void tst_PdoEditor::withoutParent()
     PdoEditWin editor(nullptr);
     editor.show();
     const QSignalSpy replies(&editor, &PdoEditWin::sendTextToParent);
-    QCOMPARE(field(editor, "Index"), QString());
+    QCOMPARE(fieldText(editor, "Index"), QString());
     QCOMPARE(linkList(editor).count(), 0);
-    pressSave(editor);
+    press(editor, "PdoSavebutton");
     QCOMPARE(replies.count(), 1);
     QCOMPARE(link(), -2);
 }
@@ -374,9 +371,9 @@ void tst_PdoEditor::withoutSelection()
     PdoEditWin editor(&window());
     editor.show();
     QCOMPARE(editor.windowModality(), Qt::WindowModal);
-    QCOMPARE(field(editor, "Index"), QString());
+    QCOMPARE(fieldText(editor, "Index"), QString());
     currentdeviceindex = 0; // the selection at the time of the opening counts
-    pressSave(editor);
+    press(editor, "PdoSavebutton");
     QCOMPARE(link(), -2);
 }
 

@@ -9,12 +9,9 @@ class tst_PdoEditorTargets : public TabFixture
 {
     Q_OBJECT
 
-public:
-    tst_PdoEditorTargets()
-        : TabFixture("tab_2")
-    {}
-
 private slots:
+    void init() { begin(ProcessDataTab); }
+    void cleanup() { end(); }
     static void eachList_data();
     void eachList();
     void oneRow();
@@ -56,7 +53,7 @@ template<typename Entries> static QVector<int> linksOf(const Entries& entries)
 
 QVector<int> tst_PdoEditorTargets::links()
 {
-    return linksOf(device().RxPdo.vpdo.at(0).Entry.vPdo_c);
+    return linksOf(loadedDevice().RxPdo.vpdo.at(0).Entry.vPdo_c);
 }
 
 /// A device with an output PDO of that many entries.
@@ -88,12 +85,12 @@ void tst_PdoEditorTargets::eachList()
     doubleClickRow(entries(), 1);
     const PdoEditWin& editor = *openEditor(window());
     linkList(editor).setCurrentIndex(1); // a digital output or input
-    pressSave(editor);
+    press(editor, "PdoSavebutton");
     const QVector<int> none{0, 0};
-    QCOMPARE(linksOf(device().RxPdo.vpdo[0].Entry.vPdo_c), pdoRow == 0 ? QVector<int>({0, -2}) : none);
-    QCOMPARE(linksOf(device().TxPdo.vpdo[0].Entry.vPdo_c), pdoRow == 1 ? QVector<int>({0, -1}) : none);
-    QCOMPARE(linksOf(device().mRxPdo.mpdo[0].vEntry), pdoRow == 2 ? QVector<int>({0, -2}) : none);
-    QCOMPARE(linksOf(device().mTxPdo.mpdo[0].vEntry), pdoRow == 3 ? QVector<int>({0, -1}) : none);
+    QCOMPARE(linksOf(loadedDevice().RxPdo.vpdo[0].Entry.vPdo_c), pdoRow == 0 ? QVector<int>({0, -2}) : none);
+    QCOMPARE(linksOf(loadedDevice().TxPdo.vpdo[0].Entry.vPdo_c), pdoRow == 1 ? QVector<int>({0, -1}) : none);
+    QCOMPARE(linksOf(loadedDevice().mRxPdo.mpdo[0].vEntry), pdoRow == 2 ? QVector<int>({0, -2}) : none);
+    QCOMPARE(linksOf(loadedDevice().mTxPdo.mpdo[0].vEntry), pdoRow == 3 ? QVector<int>({0, -1}) : none);
 }
 
 void tst_PdoEditorTargets::oneRow()
@@ -104,7 +101,7 @@ void tst_PdoEditorTargets::oneRow()
     doubleClickRow(entries(), 1);
     entries().selectAll(); // a double click works on the current row, whatever is selected
     chooseLink(*openEditor(window()), "DOUT Type");
-    pressSave(*openEditor(window()));
+    press(*openEditor(window()), "PdoSavebutton");
     QCOMPARE(links(), QVector<int>({0, -2, 0}));
 }
 
@@ -114,9 +111,9 @@ void tst_PdoEditorTargets::allSelectedRows()
     clickRow(view("PdoListView"), 0);
     clickRow(entries(), 0);
     clickRow(entries(), 2, Qt::ControlModifier);
-    QCOMPARE(chooseInMenu(entries(), 2, "Modify"), QString());
+    chooseFromMenu(entries(), "Modify", 2);
     chooseLink(*openEditor(window()), "AOUT16 Type");
-    pressSave(*openEditor(window()));
+    press(*openEditor(window()), "PdoSavebutton");
     QCOMPARE(links(), QVector<int>({-7, 0, -7, 0}));
     QCOMPARE(column("PdoContentView", 5).mid(0, 3), QStringList({"AOUT16 Type", "NONE Type", "AOUT16 Type"}));
 }
@@ -127,9 +124,9 @@ void tst_PdoEditorTargets::closingRowIsSkipped()
     clickRow(view("PdoListView"), 0);
     clickRow(entries(), 1);
     clickRow(entries(), 3, Qt::ShiftModifier);
-    QCOMPARE(chooseInMenu(entries(), 2, "Modify"), QString());
+    chooseFromMenu(entries(), "Modify", 2);
     chooseLink(*openEditor(window()), "DOUT Type");
-    pressSave(*openEditor(window()));
+    press(*openEditor(window()), "PdoSavebutton");
     QCOMPARE(links(), QVector<int>({0, -2, -2}));
 }
 
@@ -139,12 +136,12 @@ void tst_PdoEditorTargets::closingRowFirst()
     clickRow(view("PdoListView"), 0);
     clickRow(entries(), 2);
     clickRow(entries(), 1, Qt::ControlModifier);
-    QCOMPARE(chooseInMenu(entries(), 1, "Modify"), QString());
+    chooseFromMenu(entries(), "Modify", 1);
     const PdoEditWin& editor = *openEditor(window());
-    QCOMPARE(field(editor, "Index"), QString()); // the first selected row is no entry
+    QCOMPARE(fieldText(editor, "Index"), QString()); // the first selected row is no entry
     QCOMPARE(linkList(editor).currentIndex(), -1);
     chooseLink(editor, "DOUT Type");
-    pressSave(editor);
+    press(editor, "PdoSavebutton");
     QCOMPARE(links(), QVector<int>({0, -2}));
 }
 
@@ -154,7 +151,7 @@ void tst_PdoEditorTargets::closingRowAlone()
     clickRow(view("PdoListView"), 0);
     doubleClickRow(entries(), 2);
     chooseLink(*openEditor(window()), "DOUT Type");
-    pressSave(*openEditor(window()));
+    press(*openEditor(window()), "PdoSavebutton");
     QCOMPARE(links(), QVector<int>({0, 0}));
 }
 
@@ -163,10 +160,10 @@ void tst_PdoEditorTargets::selectionIsTakenAfreshOnSave()
     show(deviceWithEntries(3));
     clickRow(view("PdoListView"), 0);
     clickRow(entries(), 0);
-    QCOMPARE(chooseInMenu(entries(), 0, "Modify"), QString());
+    chooseFromMenu(entries(), "Modify", 0);
     entries().selectRow(2);
     chooseLink(*openEditor(window()), "DOUT Type");
-    pressSave(*openEditor(window()));
+    press(*openEditor(window()), "PdoSavebutton");
     QCOMPARE(links(), QVector<int>({0, 0, -2}));
 }
 
@@ -186,7 +183,7 @@ void tst_PdoEditorTargets::staleRows()
     show(deviceWithEntries(2));
     clickRow(view("PdoListView"), 0);
     if (byMenu)
-        QCOMPARE(chooseInMenu(entries(), 1, "Modify"), QString());
+        chooseFromMenu(entries(), "Modify", 1);
     else
         doubleClickRow(entries(), 1);
     const PdoEditWin& editor = *openEditor(window());
@@ -200,7 +197,7 @@ void tst_PdoEditorTargets::staleRows()
         file.device[0].RxPdo.vpdo.clear();
     else
         file.device[0].RxPdo.vpdo[0].Entry.vPdo_c.resize(1);
-    pressSave(editor);
+    press(editor, "PdoSavebutton");
     QVERIFY(!editor.isVisible());
     if (gone == QLatin1String("entry"))
         QCOMPARE(links(), QVector<int>({0}));
@@ -213,7 +210,7 @@ void tst_PdoEditorTargets::switchesCountOnSave()
     doubleClickRow(entries(), 1);
     chooseLink(*openEditor(window()), "DOUT Type");
     g_bpdoormodulepdo = true; // no module was selected when it opened
-    pressSave(*openEditor(window()));
+    press(*openEditor(window()), "PdoSavebutton");
     QCOMPARE(links(), QVector<int>({0, 0}));
 }
 
@@ -230,7 +227,7 @@ void tst_PdoEditorTargets::devicePositionsHaveEightBits()
     QFETCH(int, file);
     QFETCH(int, position);
     show(deviceWithEntries(1));
-    g_xmlfiledevices[0].device.resize(std::size_t(position) + 1, device());
+    g_xmlfiledevices[0].device.resize(std::size_t(position) + 1, loadedDevice());
     g_xmlfiledevices.resize(std::size_t(file) + 1, g_xmlfiledevices[0]);
     clickRow(view("PdoListView"), 0);
     clickRow(entries(), 0);
@@ -238,7 +235,7 @@ void tst_PdoEditorTargets::devicePositionsHaveEightBits()
     currentdeviceindex = position;
     doubleClickRow(entries(), 0);
     chooseLink(*openEditor(window()), "DOUT Type");
-    pressSave(*openEditor(window()));
+    press(*openEditor(window()), "PdoSavebutton");
     QCOMPARE(links(), QVector<int>({-2}));
     QCOMPARE(linksOf(deviceAt(file, position)->RxPdo.vpdo[0].Entry.vPdo_c), QVector<int>({0}));
 }
@@ -251,9 +248,9 @@ void tst_PdoEditorTargets::rowsOfTheDeviceHaveSixteenBits()
     clickRow(view("PdoListView"), 258);
     doubleClickRow(entries(), 257);
     chooseLink(*openEditor(window()), "DOUT Type");
-    pressSave(*openEditor(window()));
-    QCOMPARE(device().RxPdo.vpdo[258].Entry.vPdo_c[257].Linkto, -2);
-    QCOMPARE(linksOf(device().RxPdo.vpdo[2].Entry.vPdo_c).count(0), 260);
+    press(*openEditor(window()), "PdoSavebutton");
+    QCOMPARE(loadedDevice().RxPdo.vpdo[258].Entry.vPdo_c[257].Linkto, -2);
+    QCOMPARE(linksOf(loadedDevice().RxPdo.vpdo[2].Entry.vPdo_c).count(0), 260);
 }
 
 void tst_PdoEditorTargets::showModule(const struct_module& shown, int pdoRow)
@@ -261,9 +258,9 @@ void tst_PdoEditorTargets::showModule(const struct_module& shown, int pdoRow)
     struct_EtherCatDevice coupler = deviceNamed("Coupler");
     coupler.m_iDeviceType = 5;
     coupler.Slots.vslot = {slotNamed("Slot", 1)};
-    coupler.Slots.vslot[0].slotmodule = {standing(0, shown)};
+    coupler.Slots.vslot[0].slotmodule = {placedAt(0, shown)};
     show(coupler, {groupOf("first", {moduleNamed("other", 1)}), groupOf("second", {moduleNamed("other", 2), shown})});
-    openTab(window(), "tab_4");
+    openTab(window(), ModuleTab);
     clickModule(window(), 1, 1);
     clickRow(view("mPdoListView"), pdoRow);
 }
@@ -289,14 +286,14 @@ void tst_PdoEditorTargets::moduleOfTheFileIsWritten()
     showModule(moduleWithPdos("IO", 3), pdoRow);
     doubleClickRow(moduleEntries(), entryRow);
     chooseLink(*openEditor(window()), words);
-    pressSave(*openEditor(window()));
+    press(*openEditor(window()), "PdoSavebutton");
     QCOMPARE(linksOf(module(1, 1).RxPdo.vpdo[0].vEntry), outputs);
     QCOMPARE(linksOf(module(1, 1).TxPdo.vpdo[0].vEntry), inputs);
     QCOMPARE(row("mPdoContentView", entryRow).at(5), words);
     // The copies in the slot, and in the device, keep their links.
-    QCOMPARE(linksOf(device().Slots.vslot[0].slotmodule[0].module.RxPdo.vpdo[0].vEntry), QVector<int>({0, 0}));
-    QCOMPARE(linksOf(device().mRxPdo.mpdo.at(0).vEntry), QVector<int>({0, 0}));
-    QCOMPARE(linksOf(device().mTxPdo.mpdo.at(0).vEntry), QVector<int>({0}));
+    QCOMPARE(linksOf(loadedDevice().Slots.vslot[0].slotmodule[0].module.RxPdo.vpdo[0].vEntry), QVector<int>({0, 0}));
+    QCOMPARE(linksOf(loadedDevice().mRxPdo.mpdo.at(0).vEntry), QVector<int>({0, 0}));
+    QCOMPARE(linksOf(loadedDevice().mTxPdo.mpdo.at(0).vEntry), QVector<int>({0}));
 }
 
 void tst_PdoEditorTargets::allSelectedRowsOfAModule()
@@ -307,9 +304,9 @@ void tst_PdoEditorTargets::allSelectedRowsOfAModule()
     clickRow(moduleEntries(), 1);
     clickRow(moduleEntries(), 4, Qt::ControlModifier); // the closing row
     clickRow(moduleEntries(), 3, Qt::ControlModifier);
-    QCOMPARE(chooseInMenu(moduleEntries(), 3, "modify"), QString());
+    chooseFromMenu(moduleEntries(), "modify", 3);
     chooseLink(*openEditor(window()), "DOUT Type");
-    pressSave(*openEditor(window()));
+    press(*openEditor(window()), "PdoSavebutton");
     QCOMPARE(linksOf(module(1, 1).RxPdo.vpdo[0].vEntry), QVector<int>({0, -2, 0, -2}));
 }
 
@@ -325,12 +322,12 @@ void tst_PdoEditorTargets::moduleFieldsAreShown()
     showModule(shown, 1);
     doubleClickRow(moduleEntries(), 0);
     const PdoEditWin& editor = *openEditor(window());
-    QCOMPARE(field(editor, "Index"), QStringLiteral("0x6000"));
-    QCOMPARE(field(editor, "Subindex"), QStringLiteral("300"));
-    QCOMPARE(field(editor, "Size"), QStringLiteral("1.40"));
-    QCOMPARE(field(editor, "Name"), QStringLiteral("Input 输入"));
-    QCOMPARE(field(editor, "Type"), QStringLiteral("BITARR12"));
-    QCOMPARE(field(editor, "Default"), QStringLiteral("5"));
+    QCOMPARE(fieldText(editor, "Index"), QStringLiteral("0x6000"));
+    QCOMPARE(fieldText(editor, "Subindex"), QStringLiteral("300"));
+    QCOMPARE(fieldText(editor, "Size"), QStringLiteral("1.40"));
+    QCOMPARE(fieldText(editor, "Name"), QStringLiteral("Input 输入"));
+    QCOMPARE(fieldText(editor, "Type"), QStringLiteral("BITARR12"));
+    QCOMPARE(fieldText(editor, "Default"), QStringLiteral("5"));
     QCOMPARE(linkList(editor).currentText(), QStringLiteral("AIN16 Type"));
     QCOMPARE(linkList(editor).count(), 6);
 }
@@ -359,8 +356,8 @@ void tst_PdoEditorTargets::staleModules()
         groups[1].vmodule[1].RxPdo.vpdo.clear();
     else
         groups[1].vmodule[1].RxPdo.vpdo[0].vEntry.pop_back();
-    view("mPdoListView").setCurrentIndex(QModelIndex()); // so that nothing is read anew when it closes
-    pressSave(editor);
+    view("mPdoListView").setCurrentIndex(QModelIndex()); // so that nothing is read again when it closes
+    press(editor, "PdoSavebutton");
     QVERIFY(!editor.isVisible());
     for (const struct_commentmodule& group : groups)
         for (const struct_module& left : group.vmodule)
@@ -381,13 +378,13 @@ void tst_PdoEditorTargets::modulePositionsHaveEightBits()
     groups[0] = groupOf("first", modules);
     groups[256] = groups[0];
     show(deviceNamed("Coupler"), groups);
-    openTab(window(), "tab_4");
+    openTab(window(), ModuleTab);
     clickModule(window(), 256, 256);
     clickRow(view("mPdoListView"), 257);
     doubleClickRow(moduleEntries(), 259);
     chooseLink(*openEditor(window()), "DOUT Type");
-    pressSave(*openEditor(window()));
-    // Group 256, module 256, PDO 257 and entry 259 stand for group 0, module 0, PDO 1 and entry 3.
+    press(*openEditor(window()), "PdoSavebutton");
+    // Group 256, module 256, PDO 257 and entry 259 address group 0, module 0, PDO 1 and entry 3.
     QCOMPARE(module(0, 0).RxPdo.vpdo[1].vEntry[3].Linkto, -2);
     QCOMPARE(linksOf(module(256, 256).RxPdo.vpdo[257].vEntry).count(0), 260);
 }

@@ -8,12 +8,9 @@ class tst_PdoEntryEdits : public TabFixture
 {
     Q_OBJECT
 
-public:
-    tst_PdoEntryEdits()
-        : TabFixture("tab_2")
-    {}
-
 private slots:
+    void init() { begin(ProcessDataTab); }
+    void cleanup() { end(); }
     void menuOfAnEntry();
     void noMenuWithoutEntry();
     static void refusals_data();
@@ -23,8 +20,8 @@ private slots:
     void moduleEntriesRefuseFirst();
     static void moduleUseEndsWithModifyOrDoubleClick_data();
     void moduleUseEndsWithModifyOrDoubleClick();
-    static void addBehindTheFirstSelected_data();
-    void addBehindTheFirstSelected();
+    static void addAfterTheFirstSelected_data();
+    void addAfterTheFirstSelected();
     void addedEntryOpensInTheEditor();
     void addOnTheClosingRow();
     static void deleteInEachList_data();
@@ -88,13 +85,13 @@ QStringList tst_PdoEntryEdits::recorded(int pdoRow)
 {
     switch (pdoRow) {
     case 0:
-        return indexesOf(device().RxPdo.vpdo.at(0).Entry.vPdo_c);
+        return indexesOf(loadedDevice().RxPdo.vpdo.at(0).Entry.vPdo_c);
     case 1:
-        return indexesOf(device().TxPdo.vpdo.at(0).Entry.vPdo_c);
+        return indexesOf(loadedDevice().TxPdo.vpdo.at(0).Entry.vPdo_c);
     case 2:
-        return indexesOf(device().mRxPdo.mpdo.at(0).vEntry);
+        return indexesOf(loadedDevice().mRxPdo.mpdo.at(0).vEntry);
     default:
-        return indexesOf(device().mTxPdo.mpdo.at(0).vEntry);
+        return indexesOf(loadedDevice().mTxPdo.mpdo.at(0).vEntry);
     }
 }
 
@@ -114,7 +111,7 @@ void tst_PdoEntryEdits::noMenuWithoutEntry()
 {
     showEntriesOf(0);
     DialogDriver driver({});
-    driver.during([this] { rightClickBeside(entries()); });
+    driver.during([this] { rightClickBelowTheRows(entries()); });
     QCOMPARE(driver.problem(), QString());
 }
 
@@ -198,35 +195,35 @@ void tst_PdoEntryEdits::moduleUseEndsWithModifyOrDoubleClick()
     g_bpdoormodulepdo = true;
     showEntriesOf(0);
     if (byMenu)
-        QCOMPARE(chooseInMenu(entries(), 0, "Modify"), QString());
+        chooseFromMenu(entries(), "Modify", 0);
     else
         doubleClickRow(entries(), 0);
     QVERIFY(!g_bpdoormodulepdo);
-    pressCancel(*openEditor(window()));
-    QCOMPARE(chooseInMenu(entries(), 0, "Delete"), QString());
+    press(*openEditor(window()), "CancelButton");
+    chooseFromMenu(entries(), "Delete", 0);
     QCOMPARE(recorded(0), QStringList("7001"));
 }
 
-void tst_PdoEntryEdits::addBehindTheFirstSelected_data()
+void tst_PdoEntryEdits::addAfterTheFirstSelected_data()
 {
     QTest::addColumn<int>("pdoRow");
     QTest::addColumn<int>("entryRow");
     QTest::addColumn<QStringList>("expected");
     QTest::addRow("own output, in between") << 0 << 0 << QStringList{"7000", "0", "7001"};
-    QTest::addRow("own output, behind the last") << 0 << 1 << QStringList{"7000", "7001", "0"};
+    QTest::addRow("own output, after the last") << 0 << 1 << QStringList{"7000", "7001", "0"};
     QTest::addRow("own input") << 1 << 0 << QStringList{"6000", "0", "6001"};
     QTest::addRow("output of a module") << 2 << 1 << QStringList{"7010", "7011", "0"};
     QTest::addRow("input of a module") << 3 << 0 << QStringList{"6010", "0", "6011"};
 }
 
-void tst_PdoEntryEdits::addBehindTheFirstSelected()
+void tst_PdoEntryEdits::addAfterTheFirstSelected()
 {
     QFETCH(int, pdoRow);
     QFETCH(int, entryRow);
     QFETCH(QStringList, expected);
     showEntriesOf(pdoRow);
     g_bpdoMultiplechoice = true;
-    QCOMPARE(chooseInMenu(entries(), entryRow, "Add"), QString());
+    chooseFromMenu(entries(), "Add", entryRow);
     QCOMPARE(recorded(pdoRow), expected);
     QCOMPARE(row("PdoContentView", entryRow + 1),
              QStringList({"0x00:0", "0.00", "0.00", "", "", "NONE Type", "0"})); // all fields zero and empty
@@ -238,16 +235,16 @@ void tst_PdoEntryEdits::addBehindTheFirstSelected()
 void tst_PdoEntryEdits::addedEntryOpensInTheEditor()
 {
     showEntriesOf(0);
-    QCOMPARE(chooseInMenu(entries(), 0, "Add"), QString());
+    chooseFromMenu(entries(), "Add", 0);
     QCOMPARE(pdos().currentIndex().row(), 0);
     QVERIFY(pdos().selectionModel()->isRowSelected(0, QModelIndex()));
     QCOMPARE(entries().currentIndex().row(), 1);
     const PdoEditWin* const editor = openEditor(window());
     QVERIFY(editor != nullptr);
-    QCOMPARE(field(*editor, "Index"), QStringLiteral("0x00"));
+    QCOMPARE(fieldText(*editor, "Index"), QStringLiteral("0x00"));
     chooseLink(*editor, "DOUT Type");
-    pressSave(*editor);
-    const std::vector<struct_EntryPDOContent>& kept = device().RxPdo.vpdo[0].Entry.vPdo_c;
+    press(*editor, "PdoSavebutton");
+    const std::vector<struct_EntryPDOContent>& kept = loadedDevice().RxPdo.vpdo[0].Entry.vPdo_c;
     QCOMPARE(kept[0].Linkto, 0);
     QCOMPARE(kept[1].Linkto, -2);
     QCOMPARE(kept[2].Linkto, 0);
@@ -288,7 +285,7 @@ void tst_PdoEntryEdits::deleteInEachList()
     QFETCH(QStringList, left);
     showEntriesOf(pdoRow);
     g_bpdoMultiplechoice = true;
-    QCOMPARE(chooseInMenu(entries(), entryRow, "Delete"), QString());
+    chooseFromMenu(entries(), "Delete", entryRow);
     QCOMPARE(recorded(pdoRow), left);
     QCOMPARE(modelOf(entries()).rowCount(), 2);
     QCOMPARE(row("PdoContentView", 0).at(0), QStringLiteral("0x%1:0").arg(left.first()));
@@ -304,8 +301,8 @@ void tst_PdoEntryEdits::deleteInEachList()
 void tst_PdoEntryEdits::deleteTheOnlyEntry()
 {
     showEntriesOf(0);
-    QCOMPARE(chooseInMenu(entries(), 0, "Delete"), QString());
-    QCOMPARE(chooseInMenu(entries(), 0, "Delete"), QString());
+    chooseFromMenu(entries(), "Delete", 0);
+    chooseFromMenu(entries(), "Delete", 0);
     QCOMPARE(recorded(0), QStringList());
     QCOMPARE(modelOf(entries()).rowCount(), 0); // no closing row without entries
 }
@@ -313,7 +310,7 @@ void tst_PdoEntryEdits::deleteTheOnlyEntry()
 void tst_PdoEntryEdits::deleteOnTheClosingRow()
 {
     showEntriesOf(0);
-    QCOMPARE(chooseInMenu(entries(), 2, "Delete"), QString());
+    chooseFromMenu(entries(), "Delete", 2);
     QCOMPARE(recorded(0), QStringList({"7000", "7001"}));
 }
 
@@ -329,7 +326,7 @@ void tst_PdoEntryEdits::staleRowsChangeNothing()
     QFETCH(QString, edit);
     showEntriesOf(3);
     clickRow(entries(), 0);
-    device().mTxPdo.mpdo.clear(); // the row of the list stands for nothing any more
+    loadedDevice().mTxPdo.mpdo.clear(); // the row of the list is no PDO any more
     std::vector<DialogAnswer> script{choosingEntry(edit)};
     if (edit == QLatin1String("Add"))
         script.push_back(pressing(QMessageBox::Ok)); // there is no entry to open
@@ -346,10 +343,10 @@ void tst_PdoEntryEdits::modifyWorksOnAllSelected()
     showEntriesOf(0);
     clickRow(entries(), 0);
     clickRow(entries(), 1, Qt::ControlModifier);
-    QCOMPARE(chooseInMenu(entries(), 1, "Modify"), QString());
+    chooseFromMenu(entries(), "Modify", 1);
     QVERIFY(g_bpdoMultiplechoice && !g_bpdoormodulepdo);
     QCOMPARE(openEditor(window())->windowTitle(), QStringLiteral("Pdo editor"));
-    QCOMPARE(field(*openEditor(window()), "Index"), QStringLiteral("0x7000")); // the first of the selected ones
+    QCOMPARE(fieldText(*openEditor(window()), "Index"), QStringLiteral("0x7000")); // the first of the selected ones
 }
 
 void tst_PdoEntryEdits::doubleClickWorksOnTheCurrentRow()
@@ -359,7 +356,7 @@ void tst_PdoEntryEdits::doubleClickWorksOnTheCurrentRow()
     doubleClickRow(entries(), 1);
     QVERIFY(!g_bpdoMultiplechoice && !g_bpdoormodulepdo);
     QCOMPARE(openEditor(window())->windowTitle(), QStringLiteral("Pdo editor"));
-    QCOMPARE(field(*openEditor(window()), "Index"), QStringLiteral("0x7001"));
+    QCOMPARE(fieldText(*openEditor(window()), "Index"), QStringLiteral("0x7001"));
 }
 
 void tst_PdoEntryEdits::editorBeforeIsClosed()
@@ -375,7 +372,7 @@ void tst_PdoEntryEdits::editorBeforeIsClosed()
 void tst_PdoEntryEdits::replyRefreshesTheTableOfItsSwitch()
 {
     showEntriesOf(0);
-    device().RxPdo.vpdo[0].Entry.vPdo_c[0].Linkto = -2;
+    loadedDevice().RxPdo.vpdo[0].Entry.vPdo_c[0].Linkto = -2;
     g_bpdoormodulepdo = true; // the module views are meant, and they have no current row
     callSlot(window(), "PdoEditWindowSendMsg", Q_ARG(QString, QString()));
     QCOMPARE(row("PdoContentView", 0).at(5), QStringLiteral("NONE Type"));

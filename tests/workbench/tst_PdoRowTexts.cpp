@@ -128,7 +128,7 @@ void tst_PdoRowTexts::entry_data()
     QTest::addColumn<QStringList>("cells");
     QTest::addRow("word") << 0x6040U << 0U << 16 << 0.0F << 0 << 0U
                           << QStringList{"0x6040:0", "2.00", "0.00", "N", "UINT", "NONE Type", "0"};
-    QTest::addRow("twelve bits behind twelve")
+    QTest::addRow("twelve bits after twelve")
         << 0x7000U << 17U << 12 << 1.4F << -7 << 10U
         << QStringList{"0x7000:17", "1.40", "1.40", "N", "UINT", "AOUT16 Type", "10"};
     QTest::addRow("gap") << 0U << 0U << 7 << 0.1F << 0 << 0U

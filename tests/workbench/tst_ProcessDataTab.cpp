@@ -8,12 +8,9 @@ class tst_ProcessDataTab : public TabFixture
 {
     Q_OBJECT
 
-public:
-    tst_ProcessDataTab()
-        : TabFixture("tab_2")
-    {}
-
 private slots:
+    void init() { begin(ProcessDataTab); }
+    void cleanup() { end(); }
     static void ownPdo_data();
     void ownPdo();
     void modulePdoRow();
@@ -184,7 +181,7 @@ void tst_ProcessDataTab::emptyDevice()
     show(deviceNamed("Drive"));
     QCOMPARE(modelOf(view("PdoListView")).rowCount(), 0);
     DialogDriver driver({});
-    driver.during([this] { rightClickBeside(view("PdoContentView")); });
+    driver.during([this] { rightClickBelowTheRows(view("PdoContentView")); });
     QCOMPARE(driver.problem(), QString());
 }
 
@@ -261,7 +258,7 @@ void tst_ProcessDataTab::closingRow_data()
 {
     QTest::addColumn<float>("place");
     QTest::addColumn<int>("bits");
-    QTest::addColumn<QString>("behind");
+    QTest::addColumn<QString>("end");
     QTest::addRow("empty entry at the start") << 0.0F << 0 << "0.000000";
     QTest::addRow("whole bytes") << 2.0F << 16 << "4.000000";
     // 1.4 and 0.7 as floats, added as floats: nothing is carried from the tenths into the bytes.
@@ -273,14 +270,14 @@ void tst_ProcessDataTab::closingRow()
 {
     QFETCH(float, place);
     QFETCH(int, bits);
-    QFETCH(QString, behind);
+    QFETCH(QString, end);
     struct_EtherCatDevice shown = deviceNamed("Drive");
     shown.RxPdo.vpdo = {devicePdo(0x1600, {deviceEntry(0x7000, 8), deviceEntry(0x7001, bits)})};
     shown.RxPdo.vpdo[0].Entry.vPdo_c[1].Offs = place;
     shown.mTxPdo.mpdo = {pdoOfModule(0x1A00, {moduleEntry(0x6000, 8), moduleEntry(0x6001, bits)})};
     shown.mTxPdo.mpdo[0].vEntry[1].Offs = place;
     show(shown);
-    const QStringList expected{noItem(), noItem(), behind, noItem(), noItem(), noItem(), noItem()};
+    const QStringList expected{noItem(), noItem(), end, noItem(), noItem(), noItem(), noItem()};
     for (const int pdo : {0, 1}) {
         clickRow(view("PdoListView"), pdo);
         QCOMPARE(modelOf(view("PdoContentView")).rowCount(), 3);
@@ -333,7 +330,7 @@ void tst_ProcessDataTab::rowPastTheLists()
 {
     show(deviceWithFourLists());
     clickRow(view("PdoListView"), 0);
-    device().mTxPdo.mpdo.clear(); // the view is stale: rows 4 and 5 stand for nothing any more
+    loadedDevice().mTxPdo.mpdo.clear(); // the view is stale: rows 4 and 5 are no PDOs any more
     clickRow(view("PdoListView"), 4);
     QCOMPARE(modelOf(view("PdoContentView")).rowCount(), 0);
     QCOMPARE(labelText(window(), "label_17"), QStringLiteral("(0x1600)"));
@@ -344,7 +341,7 @@ void tst_ProcessDataTab::nothingSelected()
     show(deviceWithFourLists());
     clickRow(view("PdoListView"), 1);
     currentdeviceindex = -1;
-    device().RxPdo.vpdo.clear();
+    loadedDevice().RxPdo.vpdo.clear();
     clickRow(view("PdoListView"), 2);
     QVERIFY(callSlot(window(), "device_pdo_display"));
     QCOMPARE(modelOf(view("PdoListView")).rowCount(), 6);

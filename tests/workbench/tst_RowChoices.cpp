@@ -9,12 +9,9 @@ class tst_RowChoices : public TabFixture
 {
     Q_OBJECT
 
-public:
-    tst_RowChoices()
-        : TabFixture("tab_2")
-    {}
-
 private slots:
+    void init() { begin(ProcessDataTab); }
+    void cleanup() { end(); }
     static void deviceTreeKey_data();
     void deviceTreeKey();
     void deviceTreeTakesTheFocus();
@@ -165,7 +162,7 @@ void tst_RowChoices::showFiveRows()
 QTableView& tst_RowChoices::openTable(const char* name)
 {
     const QStringList ofModuleTab{"ModuleView", "mPdoListView"};
-    openTab(window(), ofModuleTab.contains(QLatin1String(name)) ? "tab_4" : "tab_2");
+    openTab(window(), ofModuleTab.contains(QLatin1String(name)) ? ModuleTab : ProcessDataTab);
     if (QLatin1String(name) == QLatin1String("mPdoListView"))
         clickModule(window(), 0, 0);
     return view(name);
@@ -173,13 +170,9 @@ QTableView& tst_RowChoices::openTable(const char* name)
 
 QString tst_RowChoices::shownBy(const QString& name) const
 {
-    if (name != QLatin1String("ModuleView"))
-        return labelText(window(), name == QLatin1String("SyncManagerView") ? "label_18" : "label_17");
-    QStringList fitting;
-    for (int number = 0; number < moduleItem(window(), 0)->childCount(); ++number)
-        if (!moduleItem(window(), 0, number)->font(0).strikeOut())
-            fitting.append(moduleItem(window(), 0, number)->text(0));
-    return fitting.join(QLatin1Char(' '));
+    if (name == QLatin1String("ModuleView"))
+        return fittingModules(window(), 0).join(QLatin1Char(' '));
+    return labelText(window(), name == QLatin1String("SyncManagerView") ? "label_18" : "label_17");
 }
 
 namespace {
@@ -268,22 +261,12 @@ void tst_RowChoices::rightButton()
     clickIndex(rows, rows.model()->index(0, 0), {}, Qt::RightButton);
     QCOMPARE(rows.currentIndex().row(), 0);
     QCOMPARE(shownBy(name), shown);
-    openTab(window(), "tab_4");
+    openTab(window(), ModuleTab);
     clickModule(window(), 0, 1);
     QCOMPARE(modelOf(view("mPdoListView")).rowCount(), 0);
     QTest::mouseClick(moduleTree(window()).viewport(), Qt::RightButton, {},
                       placeOfModule(window(), moduleItem(window(), 0, 0)));
     QCOMPARE(modelOf(view("mPdoListView")).rowCount(), 5);
-}
-
-/// Presses the left button at one place of a view, and releases it at another one.
-static void dragOver(QAbstractItemView& view, const QPoint& from, const QPoint& to)
-{
-    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, from);
-    QMouseEvent move(QEvent::MouseMove, to, view.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(view.viewport(), &move);
-    QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, to);
-    QCoreApplication::processEvents();
 }
 
 void tst_RowChoices::drag_data()
@@ -375,7 +358,7 @@ void tst_RowChoices::moduleTreeKey()
     QFETCH(int, module);
     QFETCH(int, pdos);
     showFiveRows();
-    openTab(window(), "tab_4");
+    openTab(window(), ModuleTab);
     clickModule(window(), 0, 1);
     QStandardItemModel& shown = modelOf(view("mPdoListView"));
     QCOMPARE(shown.rowCount(), 0);

@@ -1,6 +1,6 @@
 // The cells of the tables' rows, record by record; those of PDOs are in tst_PdoRowTexts.
 #include "testMain.h"
-#include "workbench/rowTexts.h" // first, so that the header stands on its own
+#include "workbench/rowTexts.h" // first, so that the header compiles on its own
 
 #include <QtTest>
 

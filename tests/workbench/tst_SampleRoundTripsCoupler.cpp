@@ -20,7 +20,7 @@ private slots:
     void refusals();
 };
 
-/// Commands of the modules that stand in their slots from the start: none have any, and all their PDOs are fixed. The
+/// Commands of the modules that are in their slots from the start: none have any, and all their PDOs are fixed. The
 /// power feed is at place 0, the sixteen inputs at place 1.
 static QByteArrayList defaultAssignments()
 {
@@ -50,7 +50,7 @@ void tst_SampleRoundTripsCoupler::selected()
                   + moduleBlocks() + QByteArrayList{coupler::end()});
 }
 
-/// The warning about the list of modules comes up, and the type stands all the same.
+/// The warning about the list of modules comes up, and the type is set all the same.
 void tst_SampleRoundTripsCoupler::presetWithEdits()
 {
     open(samplePath("bus-coupler"));

@@ -49,7 +49,7 @@ static QByteArrayList servoPdos(int linkOfTargetPosition, int linkOfDigitalInput
     };
 }
 
-/// What is generated behind the commands of the ESI file: both assign objects are cleared, all PDOs but the fixed one
+/// What is generated after the commands of the ESI file: both assign objects are cleared, all PDOs but the fixed one
 /// are mapped, those without sync manager too, and those on a sync manager are assigned, the fixed one too.
 static QByteArrayList servoGenerated()
 {
@@ -175,7 +175,7 @@ void tst_SampleRoundTripsDrives::dualAxisDrive()
     setDeviceType(4); // a special device: no axes, but the PDOs of its modules are written
     setOperationMode(0); // the only one
     setLink(0, 0, QStringLiteral("AIN16 Type"));
-    setLink(1, 1, QStringLiteral("AOUT32 Type")); // behind the own PDO, the first one of the modules
+    setLink(1, 1, QStringLiteral("AOUT32 Type")); // after the own PDO, the first one of the modules
     changeCommand(0, {QStringLiteral("#x2001"), QStringLiteral("0"), QStringLiteral("2"), QStringLiteral("3")});
     addCommand(1, {QStringLiteral("#x2002"), QStringLiteral("1"), QStringLiteral("4"), QStringLiteral("4294967295")});
     deleteCommand(3); // the second of the two that clear the assign objects

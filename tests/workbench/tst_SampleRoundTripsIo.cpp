@@ -94,7 +94,7 @@ static QByteArrayList analogOutputs(int deviceType, int linkOfThirdSample)
     return items;
 }
 
-/// FT-AI02: four samples of 4 bytes behind a PDO that has none.
+/// FT-AI02: four samples of 4 bytes after a PDO that has none.
 static QByteArrayList analogInputs(int deviceType, int driveAxes, int linkOfLastSample)
 {
     return {

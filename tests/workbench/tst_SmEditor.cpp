@@ -1,24 +1,23 @@
 // The editor of a sync manager.
-#include "workbench/smeditwin.h" // first, so that the header stands on its own
-
 #include "testMain.h"
-#include "workbench/deviceWindow.h"
+#include "workbench/smeditwin.h" // first, so that the header compiles on its own
+
 #include "workbench/editorParts.h"
+#include "workbench/tabFixture.h"
 
 #include <QGroupBox>
 #include <QPointer>
 #include <QSignalSpy>
 
 #include <cstdint>
-#include <memory>
 
-class tst_SmEditor : public QObject
+class tst_SmEditor : public TabFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { begin(GeneralTab); }
+    void cleanup() { end(); }
     void form();
     void values();
     static void minSize_data();
@@ -38,12 +37,10 @@ private slots:
     void withoutADevice();
 
 private:
-    QTableView* smView() { return m_window->find<QTableView>("SmView"); }
-    Smeditwin* openEditor() { return openEditorIn<Smeditwin>(m_window->window); }
+    QTableView& smView() { return table(window(), "SmView"); }
+    Smeditwin* openEditor() { return openEditorIn<Smeditwin>(window()); }
     /// Shows devices and opens the editor of a row of the first one.
     Smeditwin* editRow(int row, const std::vector<struct_EtherCatDevice>& devices);
-
-    std::unique_ptr<DeviceWindow> m_window;
 };
 
 static const QStringList fields{"Sm", "StartAddress", "Length", "Data", "MinSize", "MaxSize", "DefaultSize"};
@@ -73,7 +70,7 @@ static struct_EtherCatDevice deviceToEdit()
 
 static int minSizeOf(std::size_t row, std::size_t device = 0)
 {
-    return DeviceWindow::device(device).vSM.at(row).Attributes.MinSize;
+    return loadedDevice(device).vSM.at(row).Attributes.MinSize;
 }
 
 static QStringList textsOf(const QWidget& editor)
@@ -84,20 +81,9 @@ static QStringList textsOf(const QWidget& editor)
     return texts;
 }
 
-void tst_SmEditor::init()
-{
-    m_window = std::make_unique<DeviceWindow>();
-    showTab(m_window->window, 0);
-}
-
-void tst_SmEditor::cleanup()
-{
-    m_window.reset();
-}
-
 Smeditwin* tst_SmEditor::editRow(int row, const std::vector<struct_EtherCatDevice>& devices)
 {
-    m_window->show(devices);
+    show(devices);
     doubleClickRow(smView(), row);
     return openEditor();
 }
@@ -112,14 +98,14 @@ void tst_SmEditor::form()
     QCOMPARE(enabledFields(*editor, fields), QStringList{"MinSize"});
     QCOMPARE(part<QPushButton>(*editor, "SmSavebutton")->text(), QString("Save"));
     QCOMPARE(part<QPushButton>(*editor, "SmCancelButton")->text(), QString("Cancel"));
-    QVERIFY(m_window->window.geometry().contains(editor->geometry().topLeft())); // over the window, not beside it
+    QVERIFY(window().geometry().contains(editor->geometry().topLeft())); // over the window, not beside it
 }
 
 void tst_SmEditor::values()
 {
     const Smeditwin* const editor = editRow(0, {deviceToEdit()});
     // The table shows 0x10026 for the data: the bit is added there only.
-    QCOMPARE(cellsOf(smView())[0][3], QString("0x10026"));
+    QCOMPARE(allTexts(smView())[0][3], QString("0x10026"));
     QCOMPARE(textsOf(*editor), QStringList({"2", "4352", "1.400000", "38", "34", "256", "128"}));
 }
 
@@ -157,7 +143,7 @@ void tst_SmEditor::nothingElseIsWritten()
     for (const QString& field : fields)
         part<QLineEdit>(*editor, field.toLatin1().constData())->setText("5");
     press(*editor, "SmSavebutton");
-    const struct_SM& saved = DeviceWindow::device().vSM[0];
+    const struct_SM& saved = loadedDevice().vSM[0];
     QCOMPARE(int(saved.SM), 2);
     QCOMPARE(int(saved.Smtype), 3);
     QCOMPARE(saved.Name, std::string("Outputs"));
@@ -222,7 +208,7 @@ void tst_SmEditor::replies()
 void tst_SmEditor::rowIsThatOfTheOpening()
 {
     Smeditwin* const editor = editRow(0, {deviceToEdit(), deviceToEdit()});
-    smView()->setCurrentIndex(smView()->model()->index(1, 0));
+    smView().setCurrentIndex(smView().model()->index(1, 0));
     currentdeviceindex = 1;
     typeInto(*editor, "MinSize", "12");
     press(*editor, "SmSavebutton");
@@ -245,7 +231,7 @@ void tst_SmEditor::staleTarget()
     Smeditwin* const editor = editRow(1, {deviceToEdit()});
     typeInto(*editor, "MinSize", "12");
     if (gone == "sync manager")
-        DeviceWindow::device().vSM.pop_back();
+        loadedDevice().vSM.pop_back();
     else if (gone == "device")
         g_xmlfiledevices[0].device.clear();
     else
@@ -258,8 +244,8 @@ void tst_SmEditor::staleTarget()
 
 void tst_SmEditor::rowPastTheList()
 {
-    m_window->show({deviceToEdit()});
-    DeviceWindow::device().vSM.pop_back();
+    show({deviceToEdit()});
+    loadedDevice().vSM.pop_back();
     doubleClickRow(smView(), 1);
     Smeditwin* const editor = openEditor();
     QVERIFY(editor != nullptr);
@@ -298,10 +284,10 @@ void tst_SmEditor::positionsHaveEightBits()
     };
     for (int position = 0; position < count; ++position)
         syncManagerAt(position).Attributes.MinSize = static_cast<std::uint16_t>(1000 + position);
-    m_window->window.DeviceDisplayUpdate();
-    QTreeWidgetItem* const item = treeItem(m_window->window, manyFiles ? selected : 0, manyFiles ? 0 : selected);
-    deviceTree(m_window->window)->scrollToItem(item);
-    clickItem(m_window->window, item);
+    window().DeviceDisplayUpdate();
+    QTreeWidgetItem* const item = treeItem(window(), manyFiles ? selected : 0, manyFiles ? 0 : selected);
+    deviceTree(window())->scrollToItem(item);
+    clickItem(window(), item);
     doubleClickRow(smView(), 0);
     Smeditwin* const editor = openEditor();
     QCOMPARE(fieldText(*editor, "MinSize"), QString::number(1000 + edited));
@@ -318,12 +304,12 @@ void tst_SmEditor::closedEditorStaysAChild()
     letDeferredDeletionsHappen();
     QVERIFY(!editor.isNull());
     QVERIFY(editor->isHidden());
-    QCOMPARE(editor->parentWidget(), m_window->widget());
+    QCOMPARE(editor->parentWidget(), &window());
     QVERIFY(editor->findChildren<QWidget*>().isEmpty()); // only its form is given up
     doubleClickRow(smView(), 0); // each use makes a new one
-    QCOMPARE(editorsOf<Smeditwin>(m_window->window), 2);
+    QCOMPARE(editorsOf<Smeditwin>(window()), 2);
     QVERIFY(openEditor() != editor);
-    m_window.reset();
+    closeWindow();
     QVERIFY(editor.isNull());
 }
 
@@ -345,10 +331,10 @@ void tst_SmEditor::withoutAParent()
 
 void tst_SmEditor::withoutADevice()
 {
-    m_window->show({deviceToEdit()});
-    smView()->setCurrentIndex(smView()->model()->index(0, 0));
+    show({deviceToEdit()});
+    smView().setCurrentIndex(smView().model()->index(0, 0));
     currentdeviceindex = -1;
-    Smeditwin editor(m_window->widget());
+    Smeditwin editor(&window());
     QCOMPARE(textsOf(editor).join(QString()), QString());
     currentdeviceindex = 0; // too late: the selection at its opening counts
     editor.show();

@@ -1,22 +1,20 @@
 // Adding, modifying and deleting startup commands on the Startup tab.
 #include "testMain.h"
-#include "workbench/deviceWindow.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/editorParts.h"
 #include "workbench/startupBuilders.h"
 #include "workbench/startupeditwin.h"
+#include "workbench/tabFixture.h"
 
 #include <QMenu>
 
-#include <memory>
-
-class tst_StartupEditing : public QObject
+class tst_StartupEditing : public TabFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { begin(StartupTab); }
+    void cleanup() { end(); }
     void menuOfARow();
     void noMenuWithoutARow();
     static void add_data();
@@ -35,50 +33,37 @@ private slots:
     void refusalWithoutARow();
     void secondEditorClosesTheFirst();
     void savingRefillsTheTable();
-    void replyWithoutARowShowsNothingAnew();
+    void replyWithoutARowShowsNothing();
 
 private:
-    QTableView* view() { return m_window->find<QTableView>("StartupView"); }
-    Startupeditwin* openEditor() { return openEditorIn<Startupeditwin>(m_window->window); }
-
-    std::unique_ptr<DeviceWindow> m_window;
+    QTableView& commands() { return table(window(), "StartupView"); }
+    Startupeditwin* openEditor() { return openEditorIn<Startupeditwin>(window()); }
 };
-
-void tst_StartupEditing::init()
-{
-    m_window = std::make_unique<DeviceWindow>();
-    showTab(m_window->window, 2);
-}
-
-void tst_StartupEditing::cleanup()
-{
-    m_window.reset();
-}
 
 void tst_StartupEditing::menuOfARow()
 {
-    m_window->show({deviceWithCommands()});
+    show({deviceWithCommands()});
     DialogDriver driver({leavingTheMenu()});
-    driver.during([this] { rightClickRow(view(), 2); });
+    driver.during([this] { rightClickRow(commands(), 2); });
     QCOMPARE(driver.problem(), QString());
     QCOMPARE(driver.seen(0).entries, QStringList({"add", "modify", "delete"}));
-    QCOMPARE(driver.seen(0).parent, static_cast<QWidget*>(deviceTree(m_window->window)));
-    QCOMPARE(deviceTree(m_window->window)->findChildren<QMenu*>().size(), 1); // it is kept
+    QCOMPARE(driver.seen(0).parent, static_cast<QWidget*>(deviceTree(window())));
+    QCOMPARE(deviceTree(window())->findChildren<QMenu*>().size(), 1); // it is kept
     QCOMPARE(startupLists(), QString("1 2|3|4 5"));
     QVERIFY(openEditor() == nullptr);
 }
 
 void tst_StartupEditing::noMenuWithoutARow()
 {
-    m_window->show({deviceWithCommands(), deviceNamed("Plain")});
+    show({deviceWithCommands(), deviceNamed("Plain")});
     DialogDriver driver({});
     driver.during([this] {
-        rightClickBelowTheRows(view()); // rows, but none is current
-        m_window->click(1);
-        rightClickBelowTheRows(view()); // an empty list
+        rightClickBelowTheRows(commands()); // rows, but none is current
+        clickDevice(1);
+        rightClickBelowTheRows(commands()); // an empty list
     });
     QCOMPARE(driver.problem(), QString());
-    QCOMPARE(view()->model()->rowCount(), 0);
+    QCOMPARE(commands().model()->rowCount(), 0);
 }
 
 void tst_StartupEditing::add_data()
@@ -87,21 +72,21 @@ void tst_StartupEditing::add_data()
     QTest::addColumn<QString>("after");
     QTest::addColumn<QString>("protocol");
     QTest::addColumn<QString>("index");
-    QTest::addRow("behind the first CoE") << 0 << "1 new 2|3|4 5"
-                                          << "COE"
-                                          << "0x00:0";
-    QTest::addRow("behind the last CoE") << 1 << "1 2 new|3|4 5"
+    QTest::addRow("after the first CoE") << 0 << "1 new 2|3|4 5"
                                          << "COE"
                                          << "0x00:0";
-    QTest::addRow("behind the EoE") << 2 << "1 2|3 new|4 5"
-                                    << "EOE"
-                                    << "0x00 C 0";
-    QTest::addRow("behind the first of the modules") << 3 << "1 2|3|4 new 5"
-                                                     << "COE"
-                                                     << "0x00:0";
-    QTest::addRow("behind the last of all") << 4 << "1 2|3|4 5 new"
-                                            << "COE"
-                                            << "0x00:0";
+    QTest::addRow("after the last CoE") << 1 << "1 2 new|3|4 5"
+                                        << "COE"
+                                        << "0x00:0";
+    QTest::addRow("after the EoE") << 2 << "1 2|3 new|4 5"
+                                   << "EOE"
+                                   << "0x00 C 0";
+    QTest::addRow("after the first of the modules") << 3 << "1 2|3|4 new 5"
+                                                    << "COE"
+                                                    << "0x00:0";
+    QTest::addRow("after the last of all") << 4 << "1 2|3|4 5 new"
+                                           << "COE"
+                                           << "0x00:0";
 }
 
 void tst_StartupEditing::add()
@@ -109,14 +94,14 @@ void tst_StartupEditing::add()
     QFETCH(int, row);
     QFETCH(QString, protocol);
     QFETCH(QString, index);
-    m_window->show({deviceWithCommands()});
-    chooseFromMenu(view(), "add", row);
+    show({deviceWithCommands()});
+    chooseFromMenu(commands(), "add", row);
     QTEST(startupLists(), "after");
-    QCOMPARE(view()->model()->rowCount(), 6);
-    QCOMPARE(cellsOf(view())[row + 1], QStringList({"PS", protocol, index, "0x00", "", "", "0x00"}));
-    QCOMPARE(currentRowOf(view()), row + 1);
-    QCOMPARE(view()->selectionModel()->selectedRows().size(), 1);
-    QVERIFY(view()->selectionModel()->isRowSelected(row + 1, QModelIndex()));
+    QCOMPARE(commands().model()->rowCount(), 6);
+    QCOMPARE(allTexts(commands())[row + 1], QStringList({"PS", protocol, index, "0x00", "", "", "0x00"}));
+    QCOMPARE(currentRowOf(commands()), row + 1);
+    QCOMPARE(commands().selectionModel()->selectedRows().size(), 1);
+    QVERIFY(commands().selectionModel()->isRowSelected(row + 1, QModelIndex()));
     Startupeditwin* const editor = openEditor();
     QVERIFY(editor != nullptr);
     QCOMPARE(fieldText(*editor, "Transition"), QString("PS"));
@@ -128,15 +113,15 @@ void tst_StartupEditing::add()
 
 void tst_StartupEditing::addedCommandIsSaved()
 {
-    m_window->show({deviceWithCommands()});
-    chooseFromMenu(view(), "add", 1);
+    show({deviceWithCommands()});
+    chooseFromMenu(commands(), "add", 1);
     Startupeditwin* const editor = openEditor();
     typeInto(*editor, "Index", "0x6060");
     typeInto(*editor, "Datalen", "1");
     typeInto(*editor, "Data", "8");
     press(*editor, "StartupSavebutton");
     QCOMPARE(startupLists(), QString("1 2 0x8|3|4 5"));
-    QCOMPARE(cellsOf(view())[2], QStringList({"PS", "COE", "0x6060:0", "0x1", "0x8", "", "0x00"}));
+    QCOMPARE(allTexts(commands())[2], QStringList({"PS", "COE", "0x6060:0", "0x1", "0x8", "", "0x00"}));
 }
 
 void tst_StartupEditing::silentAdd_data()
@@ -148,7 +133,7 @@ void tst_StartupEditing::silentAdd_data()
     QTest::addRow("the row lies past the lists") << "row";
 }
 
-/// Takes away what the row that is current stands for.
+/// Takes away what the current row is.
 static void takeAway(const QString& what)
 {
     if (what == "nothing")
@@ -158,22 +143,22 @@ static void takeAway(const QString& what)
     else if (what == "device")
         currentdeviceindex = 1;
     else
-        DeviceWindow::device().mMailbox.COE.vinitcmd.pop_back();
+        loadedDevice().mMailbox.COE.vinitcmd.pop_back();
 }
 
 void tst_StartupEditing::silentAdd()
 {
     QFETCH(QString, what);
-    m_window->show({deviceWithCommands()});
-    clickRow(view(), 4);
+    show({deviceWithCommands()});
+    clickRow(commands(), 4);
     takeAway(what);
     const QString before = startupLists();
     DialogDriver driver({});
-    driver.during([this] { QVERIFY(callSlot(m_window->window, "on_StartupView_add")); });
+    driver.during([this] { QVERIFY(callSlot(window(), "on_StartupView_add")); });
     QCOMPARE(driver.problem(), QString());
     QCOMPARE(startupLists(), before);
-    QCOMPARE(view()->model()->rowCount(), 5); // nothing is shown anew
-    QCOMPARE(editorsOf<Startupeditwin>(m_window->window), 0);
+    QCOMPARE(commands().model()->rowCount(), 5); // nothing is shown again
+    QCOMPARE(editorsOf<Startupeditwin>(window()), 0);
 }
 
 void tst_StartupEditing::modify_data()
@@ -188,19 +173,19 @@ void tst_StartupEditing::modify()
     QFETCH(bool, byDoubleClick);
     struct_EtherCatDevice device = deviceWithCommands();
     device.mMailbox.COE.vinitcmd[0].Comment = "of the module";
-    m_window->show({device});
+    show({device});
     if (byDoubleClick)
-        doubleClickRow(view(), 3);
+        doubleClickRow(commands(), 3);
     else
-        chooseFromMenu(view(), "modify", 3);
+        chooseFromMenu(commands(), "modify", 3);
     Startupeditwin* const editor = openEditor();
     QVERIFY(editor != nullptr);
-    QCOMPARE(editorsOf<Startupeditwin>(m_window->window), 1);
+    QCOMPARE(editorsOf<Startupeditwin>(window()), 1);
     QCOMPARE(fieldText(*editor, "Comment"), QString("of the module"));
     QCOMPARE(editor->windowTitle(), QString("startup editor"));
     QCOMPARE(editor->windowModality(), Qt::WindowModal);
     QCOMPARE(int(editor->windowFlags()), 0x803); // a dialog without a frame
-    QCOMPARE(editor->parentWidget(), m_window->widget());
+    QCOMPARE(editor->parentWidget(), &window());
 }
 
 void tst_StartupEditing::remove_data()
@@ -217,24 +202,24 @@ void tst_StartupEditing::remove_data()
 void tst_StartupEditing::remove()
 {
     QFETCH(int, row);
-    m_window->show({deviceWithCommands()});
-    chooseFromMenu(view(), "delete", row); // no question is asked
+    show({deviceWithCommands()});
+    chooseFromMenu(commands(), "delete", row); // no question is asked
     QTEST(startupLists(), "after");
     QStringList expected{"1", "2", "3", "4", "5"};
     expected.removeAt(row);
-    QCOMPARE(columnOf(view(), 4), expected);
-    QCOMPARE(currentRowOf(view()), -1);
-    QVERIFY(!view()->selectionModel()->hasSelection());
+    QCOMPARE(columnTexts(commands(), 4), expected);
+    QCOMPARE(currentRowOf(commands()), -1);
+    QVERIFY(!commands().selectionModel()->hasSelection());
 }
 
 void tst_StartupEditing::removeAll()
 {
-    m_window->show({deviceWithCommands()});
+    show({deviceWithCommands()});
     for (int count = 0; count < 5; ++count)
-        chooseFromMenu(view(), "delete", 0);
+        chooseFromMenu(commands(), "delete", 0);
     QCOMPARE(startupLists(), QString("||"));
     DialogDriver driver({});
-    driver.during([this] { rightClickBelowTheRows(view()); });
+    driver.during([this] { rightClickBelowTheRows(commands()); });
     QCOMPARE(driver.problem(), QString());
 }
 
@@ -246,15 +231,15 @@ void tst_StartupEditing::silentRemove_data()
 void tst_StartupEditing::silentRemove()
 {
     QFETCH(QString, what);
-    m_window->show({deviceWithCommands()});
-    clickRow(view(), 4);
+    show({deviceWithCommands()});
+    clickRow(commands(), 4);
     takeAway(what);
     const QString before = startupLists();
     DialogDriver driver({});
-    driver.during([this] { QVERIFY(callSlot(m_window->window, "on_StartupView_delete")); });
+    driver.during([this] { QVERIFY(callSlot(window(), "on_StartupView_delete")); });
     QCOMPARE(driver.problem(), QString());
     QCOMPARE(startupLists(), before);
-    QCOMPARE(view()->model()->rowCount(), what == "row" ? 4 : 5); // the lists are shown anew if there is a device
+    QCOMPARE(commands().model()->rowCount(), what == "row" ? 4 : 5); // the lists are shown again if there is a device
 }
 
 void tst_StartupEditing::refusalWithoutARow_data()
@@ -268,13 +253,13 @@ void tst_StartupEditing::refusalWithoutARow_data()
 void tst_StartupEditing::refusalWithoutARow()
 {
     QFETCH(QByteArray, slot);
-    m_window->show({deviceWithCommands()});
+    show({deviceWithCommands()});
     DialogDriver driver({pressing(QMessageBox::Ok)});
     driver.during([&] {
         // The argument of the double click does not count, the current row does.
         QVERIFY(slot.endsWith("doubleClicked")
-                    ? callSlot(m_window->window, slot.constData(), Q_ARG(QModelIndex, view()->model()->index(0, 0)))
-                    : callSlot(m_window->window, slot.constData()));
+                    ? callSlot(window(), slot.constData(), Q_ARG(QModelIndex, commands().model()->index(0, 0)))
+                    : callSlot(window(), slot.constData()));
     });
     QCOMPARE(driver.problem(), QString());
     const SeenDialog box = driver.seen(0);
@@ -282,17 +267,17 @@ void tst_StartupEditing::refusalWithoutARow()
     QCOMPARE(box.text, QString("Please select a startup\n"));
     QCOMPARE(box.icon, QMessageBox::Warning);
     QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
-    QCOMPARE(box.parent, m_window->widget());
+    QCOMPARE(box.parent, &window());
     QCOMPARE(startupLists(), QString("1 2|3|4 5"));
-    QCOMPARE(editorsOf<Startupeditwin>(m_window->window), 0);
+    QCOMPARE(editorsOf<Startupeditwin>(window()), 0);
 }
 
 void tst_StartupEditing::secondEditorClosesTheFirst()
 {
-    m_window->show({deviceWithCommands()});
-    doubleClickRow(view(), 1);
+    show({deviceWithCommands()});
+    doubleClickRow(commands(), 1);
     const Startupeditwin* const first = openEditor();
-    QVERIFY(callSlot(m_window->window, "on_StartupView_modify"));
+    QVERIFY(callSlot(window(), "on_StartupView_modify"));
     QVERIFY(!first->isVisible());
     Startupeditwin* const second = openEditor();
     QVERIFY(second != nullptr && second != first);
@@ -304,25 +289,25 @@ void tst_StartupEditing::secondEditorClosesTheFirst()
 
 void tst_StartupEditing::savingRefillsTheTable()
 {
-    m_window->show({deviceWithCommands()});
-    doubleClickRow(view(), 1);
+    show({deviceWithCommands()});
+    doubleClickRow(commands(), 1);
     typeInto(*openEditor(), "Data", "255");
-    DeviceWindow::device().Mailbox.EOE.InitCmd.vinitcmd.clear();
+    loadedDevice().Mailbox.EOE.InitCmd.vinitcmd.clear();
     press(*openEditor(), "StartupSavebutton");
     QVERIFY(openEditor() == nullptr);
-    QCOMPARE(columnOf(view(), 4), QStringList({"1", "0xff", "4", "5"}));
-    QCOMPARE(currentRowOf(view()), -1);
+    QCOMPARE(columnTexts(commands(), 4), QStringList({"1", "0xff", "4", "5"}));
+    QCOMPARE(currentRowOf(commands()), -1);
 }
 
-void tst_StartupEditing::replyWithoutARowShowsNothingAnew()
+void tst_StartupEditing::replyWithoutARowShowsNothing()
 {
-    m_window->show({deviceWithCommands()});
-    DeviceWindow::device().mMailbox.COE.vinitcmd.clear();
-    QVERIFY(callSlot(m_window->window, "StartupEditWindowSendMsg", Q_ARG(QString, "any words")));
-    QCOMPARE(view()->model()->rowCount(), 5);
-    clickRow(view(), 0);
-    QVERIFY(callSlot(m_window->window, "StartupEditWindowSendMsg", Q_ARG(QString, "any words")));
-    QCOMPARE(view()->model()->rowCount(), 3);
+    show({deviceWithCommands()});
+    loadedDevice().mMailbox.COE.vinitcmd.clear();
+    QVERIFY(callSlot(window(), "StartupEditWindowSendMsg", Q_ARG(QString, "any words")));
+    QCOMPARE(commands().model()->rowCount(), 5);
+    clickRow(commands(), 0);
+    QVERIFY(callSlot(window(), "StartupEditWindowSendMsg", Q_ARG(QString, "any words")));
+    QCOMPARE(commands().model()->rowCount(), 3);
 }
 
 static const testMain::Registration<tst_StartupEditing, QApplication> registration;

@@ -1,24 +1,23 @@
 // The editor of a startup command: its form, what it saves, and the ways out of it.
-#include "workbench/startupeditwin.h" // first, so that the header stands on its own
-
 #include "testMain.h"
-#include "workbench/deviceWindow.h"
+#include "workbench/startupeditwin.h" // first, so that the header compiles on its own
+
 #include "workbench/startupEditorParts.h"
+#include "workbench/tabFixture.h"
 
 #include <QGroupBox>
 #include <QSignalSpy>
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
-class tst_StartupEditor : public QObject
+class tst_StartupEditor : public TabFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { begin(StartupTab); }
+    void cleanup() { end(); }
     void form();
     static void values_data();
     void values();
@@ -37,29 +36,16 @@ private slots:
     void tabOrder();
 
 private:
-    QTableView* view() { return m_window->find<QTableView>("StartupView"); }
-    Startupeditwin* openEditor() { return openEditorIn<Startupeditwin>(m_window->window); }
+    QTableView& commands() { return table(window(), "StartupView"); }
+    Startupeditwin* openEditor() { return openEditorIn<Startupeditwin>(window()); }
     /// Shows devices and opens the editor of a row of the first one.
     Startupeditwin* editRow(int row, const std::vector<struct_EtherCatDevice>& devices);
-
-    std::unique_ptr<DeviceWindow> m_window;
 };
-
-void tst_StartupEditor::init()
-{
-    m_window = std::make_unique<DeviceWindow>();
-    showTab(m_window->window, 2);
-}
-
-void tst_StartupEditor::cleanup()
-{
-    m_window.reset();
-}
 
 Startupeditwin* tst_StartupEditor::editRow(int row, const std::vector<struct_EtherCatDevice>& devices)
 {
-    m_window->show(devices);
-    doubleClickRow(view(), row);
+    show(devices);
+    doubleClickRow(commands(), row);
     return openEditor();
 }
 
@@ -73,7 +59,7 @@ void tst_StartupEditor::form()
     QCOMPARE(enabledFields(*editor, startupFields), QStringList({"Index", "SubIndex", "Datalen", "Data"}));
     QCOMPARE(part<QPushButton>(*editor, "StartupSavebutton")->text(), QString("Save"));
     QCOMPARE(part<QPushButton>(*editor, "StartupCancelButton")->text(), QString("Cancel"));
-    QVERIFY(m_window->window.geometry().contains(editor->geometry().topLeft())); // over the window, not beside it
+    QVERIFY(window().geometry().contains(editor->geometry().topLeft())); // over the window, not beside it
 }
 
 void tst_StartupEditor::values_data()
@@ -105,7 +91,7 @@ void tst_StartupEditor::numberForms_data()
     QTest::addRow("hexadecimal: the index only") << "0x1C12" << 0x1C12U << 0U << 0U << 0U << "0x00";
     QTest::addRow("mark of ESI files") << "#x1c13" << 0x1C13U << 0U << 0U << 0U << "0x00";
     QTest::addRow("digits of a hexadecimal number") << "1A" << 26U << 0U << 0U << 0U << "0x00";
-    QTest::addRow("a word that stands for 1") << "true" << 1U << 0U << 0U << 0U << "0x00";
+    QTest::addRow("a word that means 1") << "true" << 1U << 0U << 0U << 0U << "0x00";
     QTest::addRow("no number") << "xyz" << 0U << 0U << 0U << 0U << "0x00";
     QTest::addRow("empty") << "" << 0U << 0U << 0U << 0U << "0x00";
     QTest::addRow("negative") << "-1" << 0U << 0U << 0U << 0U << "0x00";
@@ -183,11 +169,11 @@ void tst_StartupEditor::threeLists()
 void tst_StartupEditor::textOfTheValueIsRebuilt()
 {
     Startupeditwin* const editor = editRow(coeRow, {deviceToEdit()});
-    QCOMPARE(cellsOf(view())[coeRow][4], QString("as given"));
+    QCOMPARE(allTexts(commands())[coeRow][4], QString("as given"));
     press(*editor, "StartupSavebutton"); // with nothing changed
     QCOMPARE(coeCommand().Data, 3U);
     QCOMPARE(coeCommand().strData, std::string("0x3"));
-    QCOMPARE(cellsOf(view())[coeRow][4], QString("0x3"));
+    QCOMPARE(allTexts(commands())[coeRow][4], QString("0x3"));
 }
 
 void tst_StartupEditor::theRestStays_data()
@@ -255,7 +241,7 @@ void tst_StartupEditor::wayOut()
     QCOMPARE(replies.count(), isSaved ? 1 : 2); // a cancel tells it twice
     for (const QList<QVariant>& reply : qAsConst(replies))
         QCOMPARE(reply[0].toString(), QString("Hello parent"));
-    QCOMPARE(currentRowOf(view()), -1); // the window has refilled the table
+    QCOMPARE(currentRowOf(commands()), -1); // the window has refilled the table
 }
 
 void tst_StartupEditor::closedByTheWindowSystem()

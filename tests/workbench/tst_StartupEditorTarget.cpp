@@ -1,20 +1,19 @@
 // Which command the editor of startup commands works on, and what becomes of it once it is closed.
 #include "testMain.h"
-#include "workbench/deviceWindow.h"
 #include "workbench/startupEditorParts.h"
+#include "workbench/tabFixture.h"
 
 #include <QPointer>
 
 #include <cstdint>
-#include <memory>
 
-class tst_StartupEditorTarget : public QObject
+class tst_StartupEditorTarget : public TabFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { begin(StartupTab); }
+    void cleanup() { end(); }
     void rowIsThatOfTheOpening();
     static void staleTarget_data();
     void staleTarget();
@@ -25,36 +24,23 @@ private slots:
     static void withoutAParent();
 
 private:
-    QTableView* view() { return m_window->find<QTableView>("StartupView"); }
-    Startupeditwin* openEditor() { return openEditorIn<Startupeditwin>(m_window->window); }
+    QTableView& commands() { return table(window(), "StartupView"); }
+    Startupeditwin* openEditor() { return openEditorIn<Startupeditwin>(window()); }
     /// Shows devices and opens the editor of a row of the first one.
     Startupeditwin* editRow(int row, const std::vector<struct_EtherCatDevice>& devices);
-
-    std::unique_ptr<DeviceWindow> m_window;
 };
-
-void tst_StartupEditorTarget::init()
-{
-    m_window = std::make_unique<DeviceWindow>();
-    showTab(m_window->window, 2);
-}
-
-void tst_StartupEditorTarget::cleanup()
-{
-    m_window.reset();
-}
 
 Startupeditwin* tst_StartupEditorTarget::editRow(int row, const std::vector<struct_EtherCatDevice>& devices)
 {
-    m_window->show(devices);
-    doubleClickRow(view(), row);
+    show(devices);
+    doubleClickRow(commands(), row);
     return openEditor();
 }
 
 void tst_StartupEditorTarget::rowIsThatOfTheOpening()
 {
     Startupeditwin* const editor = editRow(coeRow, {deviceToEdit(), deviceToEdit()});
-    view()->setCurrentIndex(view()->model()->index(moduleRow, 0));
+    commands().setCurrentIndex(commands().model()->index(moduleRow, 0));
     currentdeviceindex = 1;
     typeInto(*editor, "Data", "12");
     press(*editor, "StartupSavebutton");
@@ -77,7 +63,7 @@ void tst_StartupEditorTarget::staleTarget()
     Startupeditwin* const editor = editRow(moduleRow, {deviceToEdit()});
     typeInto(*editor, "Data", "12");
     if (gone == "command")
-        DeviceWindow::device().mMailbox.COE.vinitcmd.clear();
+        loadedDevice().mMailbox.COE.vinitcmd.clear();
     else if (gone == "device")
         g_xmlfiledevices[0].device.clear();
     else
@@ -92,9 +78,9 @@ void tst_StartupEditorTarget::staleTarget()
 
 void tst_StartupEditorTarget::rowPastTheLists()
 {
-    m_window->show({deviceToEdit()});
-    DeviceWindow::device().mMailbox.COE.vinitcmd.clear();
-    doubleClickRow(view(), moduleRow);
+    show({deviceToEdit()});
+    loadedDevice().mMailbox.COE.vinitcmd.clear();
+    doubleClickRow(commands(), moduleRow);
     Startupeditwin* const editor = openEditor();
     QVERIFY(editor != nullptr);
     QCOMPARE(textsOf(*editor).join(QString()), QString());
@@ -120,9 +106,9 @@ void tst_StartupEditorTarget::positionsHaveEightBits()
     std::vector<struct_EtherCatDevice> devices(count, deviceToEdit());
     for (std::size_t position = 0; position < count; ++position)
         devices[position].Mailbox.COE.InitCmd.vinitcmd[0].Data = static_cast<std::uint32_t>(1000 + position);
-    m_window->show(std::move(devices));
-    m_window->click(selected);
-    doubleClickRow(view(), coeRow);
+    show(std::move(devices));
+    clickDevice(selected);
+    doubleClickRow(commands(), coeRow);
     Startupeditwin* const editor = openEditor();
     QCOMPARE(fieldText(*editor, "Data"), QString::number(1000 + edited));
     typeInto(*editor, "Data", "5");
@@ -138,11 +124,11 @@ void tst_StartupEditorTarget::closedEditorStaysAChild()
     letDeferredDeletionsHappen();
     QVERIFY(!editor.isNull());
     QVERIFY(editor->isHidden());
-    QCOMPARE(editor->parentWidget(), m_window->widget());
+    QCOMPARE(editor->parentWidget(), &window());
     QVERIFY(editor->findChildren<QWidget*>().isEmpty()); // only its form is given up
-    doubleClickRow(view(), coeRow); // each use makes a new one
-    QCOMPARE(editorsOf<Startupeditwin>(m_window->window), 2);
-    m_window.reset();
+    doubleClickRow(commands(), coeRow); // each use makes a new one
+    QCOMPARE(editorsOf<Startupeditwin>(window()), 2);
+    closeWindow();
     QVERIFY(editor.isNull());
 }
 

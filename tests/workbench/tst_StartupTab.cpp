@@ -1,22 +1,21 @@
 // The rows of the Startup tab: the commands of three lists.
 #include "testMain.h"
-#include "workbench/deviceWindow.h"
 #include "workbench/editorParts.h"
 #include "workbench/startupBuilders.h"
 #include "workbench/startupeditwin.h"
+#include "workbench/tabFixture.h"
 
 #include <QAbstractItemModelTester>
 
 #include <cstdint>
-#include <memory>
 
-class tst_StartupTab : public QObject
+class tst_StartupTab : public TabFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { begin(StartupTab); }
+    void cleanup() { end(); }
     void rows();
     static void completeAccess_data();
     void completeAccess();
@@ -31,21 +30,8 @@ private slots:
     void modelKeepsItsContract();
 
 private:
-    QTableView* view() { return m_window->find<QTableView>("StartupView"); }
-
-    std::unique_ptr<DeviceWindow> m_window;
+    QTableView& commands() { return table(window(), "StartupView"); }
 };
-
-void tst_StartupTab::init()
-{
-    m_window = std::make_unique<DeviceWindow>();
-    showTab(m_window->window, 2);
-}
-
-void tst_StartupTab::cleanup()
-{
-    m_window.reset();
-}
 
 void tst_StartupTab::rows()
 {
@@ -69,12 +55,13 @@ void tst_StartupTab::rows()
     ofModule.SubIndex = 300;
     ofModule.DataBytes = 2;
     ofModule.Comment = "download pdo";
-    m_window->show({device});
-    QCOMPARE(cellsOf(view()), QVector<QStringList>({{"PS", "COE", "0x6060:10", "0x1", "1", "运行模式", "0x1"},
-                                                    {"IP_PS", "COE", "0x00:0", "0x00", "2", "", "0x00"},
-                                                    {"IP", "EOE", "0x1234 C 0", "0x12c", "3", "", "0x00"},
-                                                    {"SO", "COE", "0x8000:300", "0x2", "4", "download pdo", "0x00"},
-                                                    {"", "COE", "0x00:0", "0x00", "5", "", "0x00"}}));
+    show({device});
+    QCOMPARE(allTexts(commands()),
+             QVector<QStringList>({{"PS", "COE", "0x6060:10", "0x1", "1", "运行模式", "0x1"},
+                                   {"IP_PS", "COE", "0x00:0", "0x00", "2", "", "0x00"},
+                                   {"IP", "EOE", "0x1234 C 0", "0x12c", "3", "", "0x00"},
+                                   {"SO", "COE", "0x8000:300", "0x2", "4", "download pdo", "0x00"},
+                                   {"", "COE", "0x00:0", "0x00", "5", "", "0x00"}}));
 }
 
 void tst_StartupTab::completeAccess_data()
@@ -93,8 +80,8 @@ void tst_StartupTab::completeAccess()
     device.Mailbox.COE.InitCmd.vinitcmd[0].Comment = "download pdo";
     device.Mailbox.EOE.InitCmd.vinitcmd[0].Comment = "download pdo";
     device.mMailbox.COE.vinitcmd[0].Comment = "download pdo";
-    m_window->show({device});
-    QTEST(columnOf(view(), 2), "indexes");
+    show({device});
+    QTEST(columnTexts(commands(), 2), "indexes");
 }
 
 void tst_StartupTab::colour_data()
@@ -116,8 +103,8 @@ void tst_StartupTab::colour()
     QFETCH(bool, isRed);
     struct_EtherCatDevice device = deviceWithCommands();
     device.mMailbox.COE.vinitcmd[0].indexAttributes.index = static_cast<std::uint16_t>(index);
-    m_window->show({device});
-    const QAbstractItemModel* const model = view()->model();
+    show({device});
+    const QAbstractItemModel* const model = commands().model();
     QCOMPARE(model->columnCount(), 7);
     for (int column = 0; column < 7; ++column) {
         const QVariant foreground = model->index(moduleRow, column).data(Qt::ForegroundRole);
@@ -129,37 +116,37 @@ void tst_StartupTab::colour()
 
 void tst_StartupTab::otherRowsKeepTheirColour()
 {
-    m_window->show({deviceWithCommands()});
+    show({deviceWithCommands()});
     for (int row = 0; row < 3; ++row)
         for (int column = 0; column < 7; ++column)
-            QVERIFY(!view()->model()->index(row, column).data(Qt::ForegroundRole).isValid());
+            QVERIFY(!commands().model()->index(row, column).data(Qt::ForegroundRole).isValid());
 }
 
 void tst_StartupTab::countsHaveSixteenBits()
 {
     struct_EtherCatDevice device = deviceWithCommands();
     device.Mailbox.COE.InitCmd.vinitcmd.resize(65536 + 1); // counts as 1
-    m_window->show({device});
-    QCOMPARE(columnOf(view(), 4), QStringList({"1", "3", "4", "5"}));
-    chooseFromMenu(view(), "delete", 1); // the row of the EoE command
-    QCOMPARE(startupValues(DeviceWindow::device().Mailbox.EOE.InitCmd.vinitcmd), QString());
-    QCOMPARE(DeviceWindow::device().Mailbox.COE.InitCmd.vinitcmd.size(), std::size_t(65536 + 1));
+    show({device});
+    QCOMPARE(columnTexts(commands(), 4), QStringList({"1", "3", "4", "5"}));
+    chooseFromMenu(commands(), "delete", 1); // the row of the EoE command
+    QCOMPARE(startupValues(loadedDevice().Mailbox.EOE.InitCmd.vinitcmd), QString());
+    QCOMPARE(loadedDevice().Mailbox.COE.InitCmd.vinitcmd.size(), std::size_t(65536 + 1));
 }
 
 void tst_StartupTab::clickOnAFileEmptiesTheTable()
 {
-    m_window->show({deviceWithCommands()});
-    QCOMPARE(view()->model()->rowCount(), 5);
-    m_window->click(-1);
-    QCOMPARE(view()->model()->rowCount(), 0);
+    show({deviceWithCommands()});
+    QCOMPARE(commands().model()->rowCount(), 5);
+    clickDevice(-1);
+    QCOMPARE(commands().model()->rowCount(), 0);
 }
 
 void tst_StartupTab::fillsDoNotAddUp()
 {
-    m_window->show({deviceWithCommands()});
-    QVERIFY(callSlot(m_window->window, "device_startup_display"));
-    m_window->click(0);
-    QCOMPARE(columnOf(view(), 4), QStringList({"1", "2", "3", "4", "5"}));
+    show({deviceWithCommands()});
+    QVERIFY(callSlot(window(), "device_startup_display"));
+    clickDevice(0);
+    QCOMPARE(columnTexts(commands(), 4), QStringList({"1", "2", "3", "4", "5"}));
 }
 
 void tst_StartupTab::nothingIsShownWithoutADevice_data()
@@ -169,27 +156,27 @@ void tst_StartupTab::nothingIsShownWithoutADevice_data()
 
 void tst_StartupTab::nothingIsShownWithoutADevice()
 {
-    m_window->show({deviceWithCommands()});
+    show({deviceWithCommands()});
     QFETCH(int, file);
     QFETCH(int, device);
     currentfileindex = file;
     currentdeviceindex = device;
-    QVERIFY(callSlot(m_window->window, "device_startup_display"));
-    QCOMPARE(columnOf(view(), 4), QStringList({"1", "2", "3", "4", "5"})); // as it was
+    QVERIFY(callSlot(window(), "device_startup_display"));
+    QCOMPARE(columnTexts(commands(), 4), QStringList({"1", "2", "3", "4", "5"})); // as it was
 }
 
 void tst_StartupTab::modelKeepsItsContract()
 {
-    const QAbstractItemModelTester tester(view()->model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
-    m_window->show({deviceWithCommands(), deviceNamed("Plain")});
-    chooseFromMenu(view(), "add", 2);
-    press(*openEditorIn<Startupeditwin>(m_window->window), "StartupSavebutton");
-    chooseFromMenu(view(), "delete", 5);
-    m_window->click(1);
-    m_window->click(0);
-    QCOMPARE(view()->model()->rowCount(), 5);
-    m_window->click(-1);
-    QCOMPARE(view()->model()->rowCount(), 0);
+    const QAbstractItemModelTester tester(commands().model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    show({deviceWithCommands(), deviceNamed("Plain")});
+    chooseFromMenu(commands(), "add", 2);
+    press(*openEditorIn<Startupeditwin>(window()), "StartupSavebutton");
+    chooseFromMenu(commands(), "delete", 5);
+    clickDevice(1);
+    clickDevice(0);
+    QCOMPARE(commands().model()->rowCount(), 5);
+    clickDevice(-1);
+    QCOMPARE(commands().model()->rowCount(), 0);
 }
 
 static const testMain::Registration<tst_StartupTab, QApplication> registration;

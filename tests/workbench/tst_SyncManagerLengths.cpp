@@ -1,43 +1,30 @@
 // The lengths of sync managers, computed from the PDOs whenever the sync managers are shown.
 #include "esi/derivation/smLengths.h"
 #include "testMain.h"
-#include "workbench/deviceWindow.h"
 #include "workbench/syncManagerBuilders.h"
+#include "workbench/tabFixture.h"
 
-#include <memory>
 #include <stdexcept>
 
 using Lengths = QVector<float>;
 
-class tst_SyncManagerLengths : public QObject
+class tst_SyncManagerLengths : public TabFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { begin(GeneralTab); }
+    void cleanup() { end(); }
     static void lengths_data();
     void lengths();
-    void everyDisplayComputesAnew();
+    void everyDisplayComputesAgain();
     static void unknownSyncManager_data();
     static void unknownSyncManager();
 
 private:
-    QTableView* smView() { return m_window->find<QTableView>("SmView"); }
-    QTableView* syncView() { return m_window->find<QTableView>("SyncManagerView"); }
-
-    std::unique_ptr<DeviceWindow> m_window;
+    QTableView& smView() { return table(window(), "SmView"); }
+    QTableView& syncView() { return table(window(), "SyncManagerView"); }
 };
-
-void tst_SyncManagerLengths::init()
-{
-    m_window = std::make_unique<DeviceWindow>();
-}
-
-void tst_SyncManagerLengths::cleanup()
-{
-    m_window.reset();
-}
 
 /// PDOs as "manager:size manager:size ...".
 template<typename Pdo> static std::vector<Pdo> pdosFrom(const QString& text, float Pdo::*size)
@@ -91,27 +78,27 @@ void tst_SyncManagerLengths::lengths()
     device.TxPdo.vpdo = pdosFrom(pdos[1], &struct_PDOList::Size);
     device.mRxPdo.mpdo = pdosFrom(pdos[2], &modulePdo::size);
     device.mTxPdo.mpdo = pdosFrom(pdos[3], &modulePdo::size);
-    m_window->show({device}); // without slots the lists of modules stay as they are
+    show({device}); // without slots the lists of modules stay as they are
     QStringList shown;
     for (const float length : qAsConst(expected))
         shown.append(QString::number(double(length), 'f', 2));
-    QCOMPARE(cellsOf(syncView()).size(), shown.size());
+    QCOMPARE(allTexts(syncView()).size(), shown.size());
     for (int row = 0; row < expected.size(); ++row) {
-        QCOMPARE(cellsOf(syncView())[row][1], shown[row]);
-        QCOMPARE(DeviceWindow::device().vSM[std::size_t(row)].Length, expected[row]);
+        QCOMPARE(allTexts(syncView())[row][1], shown[row]);
+        QCOMPARE(loadedDevice().vSM[std::size_t(row)].Length, expected[row]);
     }
 }
 
-void tst_SyncManagerLengths::everyDisplayComputesAnew()
+void tst_SyncManagerLengths::everyDisplayComputesAgain()
 {
-    m_window->show({usualDevice()});
-    DeviceWindow::device().RxPdo.vpdo[0].Size = 9.0F;
-    QVERIFY(callSlot(m_window->window, "device_sm_display"));
-    QCOMPARE(cellsOf(smView())[2][2], QString("0x9"));
-    DeviceWindow::device().RxPdo.vpdo.clear();
-    m_window->click(0);
-    QCOMPARE(cellsOf(smView())[2][2], QString("0x00"));
-    QCOMPARE(cellsOf(smView())[0][2], QString("0x80")); // a mailbox is never computed
+    show({usualDevice()});
+    loadedDevice().RxPdo.vpdo[0].Size = 9.0F;
+    QVERIFY(callSlot(window(), "device_sm_display"));
+    QCOMPARE(allTexts(smView())[2][2], QString("0x9"));
+    loadedDevice().RxPdo.vpdo.clear();
+    clickDevice(0);
+    QCOMPARE(allTexts(smView())[2][2], QString("0x00"));
+    QCOMPARE(allTexts(smView())[0][2], QString("0x80")); // a mailbox is never computed
 }
 
 void tst_SyncManagerLengths::unknownSyncManager_data()

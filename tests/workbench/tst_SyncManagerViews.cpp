@@ -1,23 +1,21 @@
 // The tables of sync managers and FMMUs, and the way from them to the editor.
 #include "testMain.h"
-#include "workbench/deviceWindow.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/editorParts.h"
 #include "workbench/smeditwin.h"
 #include "workbench/syncManagerBuilders.h"
+#include "workbench/tabFixture.h"
 
 #include <QAbstractItemModelTester>
 #include <QMenu>
 
-#include <memory>
-
-class tst_SyncManagerViews : public QObject
+class tst_SyncManagerViews : public TabFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { begin(GeneralTab); }
+    void cleanup() { end(); }
     void fmmuTable();
     void syncManagerTables();
     void withoutSyncManagers();
@@ -32,28 +30,15 @@ private slots:
     void refusalWithoutARow();
     void secondEditorClosesTheFirst();
     void savingRefillsTheTable();
-    void replyWithoutARowShowsNothingAnew();
+    void replyWithoutARowShowsNothing();
     void modelsKeepTheirContract();
 
 private:
-    QTableView* smView() { return m_window->find<QTableView>("SmView"); }
-    QTableView* fmmuView() { return m_window->find<QTableView>("FmmuView"); }
-    QTableView* syncView() { return m_window->find<QTableView>("SyncManagerView"); }
-    Smeditwin* openEditor() { return openEditorIn<Smeditwin>(m_window->window); }
-
-    std::unique_ptr<DeviceWindow> m_window;
+    QTableView& smView() { return table(window(), "SmView"); }
+    QTableView& fmmuView() { return table(window(), "FmmuView"); }
+    QTableView& syncView() { return table(window(), "SyncManagerView"); }
+    Smeditwin* openEditor() { return openEditorIn<Smeditwin>(window()); }
 };
-
-void tst_SyncManagerViews::init()
-{
-    m_window = std::make_unique<DeviceWindow>();
-    showTab(m_window->window, 0);
-}
-
-void tst_SyncManagerViews::cleanup()
-{
-    m_window.reset();
-}
 
 void tst_SyncManagerViews::fmmuTable()
 {
@@ -66,44 +51,44 @@ void tst_SyncManagerViews::fmmuTable()
         device.vFmmu[index].m_Su = 0x10 * index;
         device.vFmmu[index].m_OpOnly = index == 1;
     }
-    m_window->show({device});
-    QCOMPARE(cellsOf(fmmuView()), QVector<QStringList>({{"Outputs", "0x00", "0x00", "0x00"},
-                                                        {"Inputs", "0x1", "0x10", "0x1"},
-                                                        {"MBoxState", "0x2", "0x20", "0x00"}}));
+    show({device});
+    QCOMPARE(allTexts(fmmuView()), QVector<QStringList>({{"Outputs", "0x00", "0x00", "0x00"},
+                                                         {"Inputs", "0x1", "0x10", "0x1"},
+                                                         {"MBoxState", "0x2", "0x20", "0x00"}}));
 }
 
 void tst_SyncManagerViews::syncManagerTables()
 {
-    m_window->show({usualDevice()});
+    show({usualDevice()});
     // 38 and 65536 make 65574, 0x10026; the 4.5 bytes of the outputs show as 4 and as 4.50.
-    QCOMPARE(cellsOf(smView()), QVector<QStringList>({{"0", "0x1000", "0x80", "0x10026", "0x22", "0x100", "0x80"},
-                                                      {"1", "0x1400", "0x40", "0x10026", "0x22", "0x100", "0x80"},
-                                                      {"2", "0x1800", "0x4", "0x10026", "0x22", "0x100", "0x80"},
-                                                      {"3", "0x1c00", "0x2", "0x10026", "0x22", "0x100", "0x80"}}));
+    QCOMPARE(allTexts(smView()), QVector<QStringList>({{"0", "0x1000", "0x80", "0x10026", "0x22", "0x100", "0x80"},
+                                                       {"1", "0x1400", "0x40", "0x10026", "0x22", "0x100", "0x80"},
+                                                       {"2", "0x1800", "0x4", "0x10026", "0x22", "0x100", "0x80"},
+                                                       {"3", "0x1c00", "0x2", "0x10026", "0x22", "0x100", "0x80"}}));
     QCOMPARE(
-        cellsOf(syncView()),
+        allTexts(syncView()),
         QVector<QStringList>(
             {{"0", "128.00", "MBoxOut"}, {"1", "64.00", "MBoxIn"}, {"2", "4.50", "Outputs"}, {"3", "2.00", "Inputs"}}));
-    for (const struct_SM& each : DeviceWindow::device().vSM)
+    for (const struct_SM& each : loadedDevice().vSM)
         QCOMPARE(each.Attributes.ControlByte, 38U); // the model keeps what was read
 }
 
 void tst_SyncManagerViews::withoutSyncManagers()
 {
-    m_window->show({usualDevice(), deviceNamed("Plain")});
-    m_window->click(1);
-    QCOMPARE(smView()->model()->rowCount(), 0);
-    QCOMPARE(syncView()->model()->rowCount(), 0);
-    QCOMPARE(fmmuView()->model()->rowCount(), 0);
+    show({usualDevice(), deviceNamed("Plain")});
+    clickDevice(1);
+    QCOMPARE(smView().model()->rowCount(), 0);
+    QCOMPARE(syncView().model()->rowCount(), 0);
+    QCOMPARE(fmmuView().model()->rowCount(), 0);
 }
 
 void tst_SyncManagerViews::clickOnAFileEmptiesTheTables()
 {
     struct_EtherCatDevice device = usualDevice();
     device.vFmmu.resize(2);
-    m_window->show({device});
-    QCOMPARE(fmmuView()->model()->rowCount(), 2);
-    m_window->click(-1);
+    show({device});
+    QCOMPARE(fmmuView().model()->rowCount(), 2);
+    clickDevice(-1);
     for (const QTableView* view : {smView(), syncView(), fmmuView()})
         QCOMPARE(view->model()->rowCount(), 0);
 }
@@ -112,13 +97,13 @@ void tst_SyncManagerViews::fillsDoNotAddUp()
 {
     struct_EtherCatDevice device = usualDevice();
     device.vFmmu.resize(2);
-    m_window->show({device});
-    const QVector<QStringList> syncManagers = cellsOf(smView());
-    QVERIFY(callSlot(m_window->window, "device_fmmu_display"));
-    QVERIFY(callSlot(m_window->window, "device_sm_display"));
-    QCOMPARE(fmmuView()->model()->rowCount(), 2);
-    QCOMPARE(syncView()->model()->rowCount(), 4);
-    QCOMPARE(cellsOf(smView()), syncManagers);
+    show({device});
+    const QVector<QStringList> syncManagers = allTexts(smView());
+    QVERIFY(callSlot(window(), "device_fmmu_display"));
+    QVERIFY(callSlot(window(), "device_sm_display"));
+    QCOMPARE(fmmuView().model()->rowCount(), 2);
+    QCOMPARE(syncView().model()->rowCount(), 4);
+    QCOMPARE(allTexts(smView()), syncManagers);
 }
 
 void tst_SyncManagerViews::nothingIsShownWithoutADevice_data()
@@ -130,39 +115,39 @@ void tst_SyncManagerViews::nothingIsShownWithoutADevice()
 {
     struct_EtherCatDevice usual = usualDevice();
     usual.vFmmu.resize(2);
-    m_window->show({usual});
-    DeviceWindow::device().vSM.clear();
-    DeviceWindow::device().vFmmu.clear();
+    show({usual});
+    loadedDevice().vSM.clear();
+    loadedDevice().vFmmu.clear();
     QFETCH(int, file);
     QFETCH(int, device);
     currentfileindex = file;
     currentdeviceindex = device;
-    QVERIFY(callSlot(m_window->window, "device_fmmu_display"));
-    QVERIFY(callSlot(m_window->window, "device_sm_display"));
-    QCOMPARE(smView()->model()->rowCount(), 4); // as they were
-    QCOMPARE(fmmuView()->model()->rowCount(), 2);
+    QVERIFY(callSlot(window(), "device_fmmu_display"));
+    QVERIFY(callSlot(window(), "device_sm_display"));
+    QCOMPARE(smView().model()->rowCount(), 4); // as they were
+    QCOMPARE(fmmuView().model()->rowCount(), 2);
 }
 
 void tst_SyncManagerViews::menuOfARow()
 {
-    m_window->show({usualDevice()});
+    show({usualDevice()});
     DialogDriver driver({choosingEntry("modify")});
     driver.during([this] { rightClickRow(smView(), 2); });
     QCOMPARE(driver.problem(), QString());
     QCOMPARE(driver.seen(0).entries, QStringList{"modify"});
-    QCOMPARE(driver.seen(0).parent, static_cast<QWidget*>(deviceTree(m_window->window)));
-    QCOMPARE(deviceTree(m_window->window)->findChildren<QMenu*>().size(), 1); // it is kept
+    QCOMPARE(driver.seen(0).parent, static_cast<QWidget*>(deviceTree(window())));
+    QCOMPARE(deviceTree(window())->findChildren<QMenu*>().size(), 1); // it is kept
     QVERIFY(openEditor() != nullptr);
     QCOMPARE(fieldText(*openEditor(), "Sm"), QString("2"));
 }
 
 void tst_SyncManagerViews::noMenuWithoutARow()
 {
-    m_window->show({usualDevice(), deviceNamed("Plain")});
+    show({usualDevice(), deviceNamed("Plain")});
     DialogDriver driver({});
     driver.during([this] {
         rightClickBelowTheRows(smView());
-        m_window->click(1);
+        clickDevice(1);
         rightClickBelowTheRows(smView());
     });
     QCOMPARE(driver.problem(), QString());
@@ -171,7 +156,7 @@ void tst_SyncManagerViews::noMenuWithoutARow()
 
 void tst_SyncManagerViews::doubleClickOpensTheEditor()
 {
-    m_window->show({usualDevice()});
+    show({usualDevice()});
     doubleClickRow(smView(), 1);
     Smeditwin* const editor = openEditor();
     QVERIFY(editor != nullptr);
@@ -179,7 +164,7 @@ void tst_SyncManagerViews::doubleClickOpensTheEditor()
     QCOMPARE(editor->windowTitle(), QString("Sm editor"));
     QCOMPARE(editor->windowModality(), Qt::WindowModal);
     QCOMPARE(int(editor->windowFlags()), 0x803); // a dialog without a frame
-    QCOMPARE(editor->parentWidget(), m_window->widget());
+    QCOMPARE(editor->parentWidget(), &window());
 }
 
 void tst_SyncManagerViews::refusalWithoutARow_data()
@@ -192,13 +177,13 @@ void tst_SyncManagerViews::refusalWithoutARow_data()
 void tst_SyncManagerViews::refusalWithoutARow()
 {
     QFETCH(bool, byDoubleClick);
-    m_window->show({usualDevice()});
+    show({usualDevice()});
     DialogDriver driver({pressing(QMessageBox::Ok)});
     driver.during([&] {
         // The argument of the double click does not count, the current row does.
-        QVERIFY(byDoubleClick ? callSlot(m_window->window, "on_SmView_doubleClicked",
-                                         Q_ARG(QModelIndex, smView()->model()->index(0, 0)))
-                              : callSlot(m_window->window, "on_SmView_modify"));
+        QVERIFY(byDoubleClick
+                    ? callSlot(window(), "on_SmView_doubleClicked", Q_ARG(QModelIndex, smView().model()->index(0, 0)))
+                    : callSlot(window(), "on_SmView_modify"));
     });
     QCOMPARE(driver.problem(), QString());
     const SeenDialog box = driver.seen(0);
@@ -206,53 +191,53 @@ void tst_SyncManagerViews::refusalWithoutARow()
     QCOMPARE(box.text, QString("Please select a pdo\n"));
     QCOMPARE(box.icon, QMessageBox::Warning);
     QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
-    QCOMPARE(box.parent, m_window->widget());
-    QCOMPARE(editorsOf<Smeditwin>(m_window->window), 0);
+    QCOMPARE(box.parent, &window());
+    QCOMPARE(editorsOf<Smeditwin>(window()), 0);
 }
 
 void tst_SyncManagerViews::secondEditorClosesTheFirst()
 {
-    m_window->show({usualDevice()});
+    show({usualDevice()});
     doubleClickRow(smView(), 1);
     const Smeditwin* const first = openEditor();
-    QVERIFY(callSlot(m_window->window, "on_SmView_modify"));
+    QVERIFY(callSlot(window(), "on_SmView_modify"));
     QVERIFY(!first->isVisible());
     Smeditwin* const second = openEditor();
     QVERIFY(second != nullptr && second != first);
     // The first one's closing has refilled the table, so that no row is current any more.
     QCOMPARE(fieldText(*second, "Sm"), QString());
     press(*second, "SmSavebutton");
-    for (const struct_SM& each : DeviceWindow::device().vSM)
+    for (const struct_SM& each : loadedDevice().vSM)
         QCOMPARE(int(each.Attributes.MinSize), 34);
 }
 
 void tst_SyncManagerViews::savingRefillsTheTable()
 {
-    m_window->show({usualDevice()});
+    show({usualDevice()});
     doubleClickRow(smView(), 2);
-    DeviceWindow::device().RxPdo.vpdo[0].Size = 5.0F;
+    loadedDevice().RxPdo.vpdo[0].Size = 5.0F;
     typeInto(*openEditor(), "MinSize", "16");
     press(*openEditor(), "SmSavebutton");
     QVERIFY(openEditor() == nullptr);
-    QCOMPARE(cellsOf(smView())[2], QStringList({"2", "0x1800", "0x5", "0x10026", "0x10", "0x100", "0x80"}));
+    QCOMPARE(allTexts(smView())[2], QStringList({"2", "0x1800", "0x5", "0x10026", "0x10", "0x100", "0x80"}));
     QCOMPARE(currentRowOf(smView()), -1);
     DialogDriver driver({pressing(QMessageBox::Ok)}); // so that the next edit wants a row again
-    driver.during([this] { QVERIFY(callSlot(m_window->window, "on_SmView_modify")); });
+    driver.during([this] { QVERIFY(callSlot(window(), "on_SmView_modify")); });
     QCOMPARE(driver.problem(), QString());
 }
 
-void tst_SyncManagerViews::replyWithoutARowShowsNothingAnew()
+void tst_SyncManagerViews::replyWithoutARowShowsNothing()
 {
     struct_EtherCatDevice device = usualDevice();
     device.RxPdo.vpdo.clear();
     device.TxPdo.vpdo.clear();
-    m_window->show({device});
-    DeviceWindow::device().vSM.resize(1);
-    QVERIFY(callSlot(m_window->window, "SmEditWindowSendMsg", Q_ARG(QString, "any words")));
-    QCOMPARE(smView()->model()->rowCount(), 4);
+    show({device});
+    loadedDevice().vSM.resize(1);
+    QVERIFY(callSlot(window(), "SmEditWindowSendMsg", Q_ARG(QString, "any words")));
+    QCOMPARE(smView().model()->rowCount(), 4);
     clickRow(smView(), 3);
-    QVERIFY(callSlot(m_window->window, "SmEditWindowSendMsg", Q_ARG(QString, "any words")));
-    QCOMPARE(smView()->model()->rowCount(), 1);
+    QVERIFY(callSlot(window(), "SmEditWindowSendMsg", Q_ARG(QString, "any words")));
+    QCOMPARE(smView().model()->rowCount(), 1);
 }
 
 void tst_SyncManagerViews::modelsKeepTheirContract()
@@ -266,13 +251,13 @@ void tst_SyncManagerViews::modelsKeepTheirContract()
     const auto fmmus = testerOf(fmmuView());
     struct_EtherCatDevice device = usualDevice();
     device.vFmmu.resize(2);
-    m_window->show({device, deviceNamed("Plain")});
+    show({device, deviceNamed("Plain")});
     doubleClickRow(smView(), 3);
     press(*openEditor(), "SmSavebutton");
-    m_window->click(1);
-    m_window->click(0);
-    m_window->click(-1);
-    QCOMPARE(smView()->model()->rowCount(), 0);
+    clickDevice(1);
+    clickDevice(0);
+    clickDevice(-1);
+    QCOMPARE(smView().model()->rowCount(), 0);
 }
 
 static const testMain::Registration<tst_SyncManagerViews, QApplication> registration;

@@ -5,15 +5,29 @@
 #include "workbench/windowParts.h"
 
 #include <QAbstractItemView>
+#include <QComboBox>
 #include <QLabel>
 #include <QStandardItemModel>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
 
-/// Brings a tab to the front, so that its parts can be clicked.
-inline void openTab(const QWidget& window, const char* name)
+/// The tabs of the window, in their order.
+enum Tab
 {
-    part<QTabWidget>(window, "tabWidget")->setCurrentWidget(part<QWidget>(window, name));
+    GeneralTab,
+    ProcessDataTab,
+    StartupTab,
+    ModuleTab,
+    CoeTab,
+};
+
+/// Brings a tab to the front by a click on its title.
+inline void openTab(const QWidget& window, Tab tab)
+{
+    const auto* const tabs = part<QTabWidget>(window, "tabWidget");
+    QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(tab).center());
+    QCOMPARE(tabs->currentIndex(), int(tab));
 }
 
 inline QTableView& table(const QWidget& window, const char* name)
@@ -26,7 +40,7 @@ inline QStandardItemModel& modelOf(const QTableView& view)
     return static_cast<QStandardItemModel&>(*view.model());
 }
 
-/// What stands for a cell that has no item at all, which is not the same as an empty one.
+/// Text of a cell that has no item at all, which is not the same as an empty one.
 inline QString noItem()
 {
     return QStringLiteral("(no item)");
@@ -42,6 +56,15 @@ inline QStringList rowTexts(const QTableView& view, int row)
         texts.append(item == nullptr ? noItem() : item->text());
     }
     return texts;
+}
+
+/// Texts of all rows.
+inline QVector<QStringList> allTexts(const QTableView& view)
+{
+    QVector<QStringList> rows;
+    for (int row = 0; row < modelOf(view).rowCount(); ++row)
+        rows.append(rowTexts(view, row));
+    return rows;
 }
 
 /// Texts of a column, one per row.
@@ -91,10 +114,57 @@ inline void rightClickRow(QTableView& view, int row)
     rightClick(view, placeOfCell(view, view.model()->index(row, 0)));
 }
 
-/// A right click below the last row.
-inline void rightClickBeside(QAbstractItemView& view)
+/// A right click where the table has no row.
+inline void rightClickBelowTheRows(QAbstractItemView& view)
 {
-    rightClick(view, QPoint(2, view.viewport()->height() - 2));
+    const QPoint corner = view.viewport()->rect().bottomRight();
+    QVERIFY(!view.indexAt(corner).isValid());
+    rightClick(view, corner);
+}
+
+/// Number of the current row, -1 if there is none.
+inline int currentRowOf(const QTableView& view)
+{
+    return view.currentIndex().row();
+}
+
+/// Chooses an entry of the menu of a row; no box may come up.
+inline void chooseFromMenu(QTableView& view, const QString& entry, int row)
+{
+    DialogDriver driver({choosingEntry(entry)});
+    driver.during([&] { rightClickRow(view, row); });
+    QCOMPARE(driver.problem(), QString());
+}
+
+/// Opens a list and clicks one of its entries.
+inline void chooseFrom(QComboBox& box, int entry)
+{
+    box.showPopup();
+    clickIndex(*box.view(), box.view()->model()->index(entry, box.modelColumn()));
+}
+
+/// Chooses an entry of a list while a script answers the boxes.
+inline void choose(QComboBox& box, int entry, DialogDriver& driver)
+{
+    driver.during([&] { chooseFrom(box, entry); });
+    QCOMPARE(driver.problem(), QString());
+}
+
+/// Chooses an entry of a list; boxes that come up are a failure.
+inline void choose(QComboBox& box, int entry)
+{
+    DialogDriver driver({});
+    choose(box, entry, driver);
+}
+
+/// Presses the left button at one place of a view, and releases it at another one.
+inline void dragOver(QAbstractItemView& view, const QPoint& from, const QPoint& to)
+{
+    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, from);
+    QMouseEvent move(QEvent::MouseMove, to, view.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(view.viewport(), &move);
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, to);
+    QCoreApplication::processEvents();
 }
 
 inline QString labelText(const QWidget& window, const char* name)

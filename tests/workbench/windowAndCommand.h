@@ -1,7 +1,7 @@
 // windowAndCommand.h - what the window exported, and what the command makes of the same files at the same time.
 #pragma once
 
-#include "cli/commandRun.h"
+#include "cli/commandInProcess.h"
 #include "workbench/roundTripParts.h"
 
 #include <QDateTime>
@@ -46,7 +46,7 @@ protected:
             QStringList{"convert"} + files + QStringList{"-o", m_command, "--force", "--date", time};
         if (!choices.isNull())
             arguments += {"--choices", writeFile(folder, QStringLiteral("choices.json"), choices)};
-        return runKtl(arguments);
+        return runHere(arguments);
     }
 
     /// Compares two files item by item, so that a difference is told by its item.

@@ -4,7 +4,7 @@
 #include "model/XMLParsing.h"
 #include "workbench/mainwindow.h"
 #include "workbench/selection.h"
-#include "workbench/startup.h"
+#include "workbench/windowSetUp.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -21,6 +21,8 @@ inline void resetModel()
     domDocument.clear();
     currentfileindex = -1;
     currentdeviceindex = -1;
+    g_bpdoormodulepdo = false;
+    g_bpdoMultiplechoice = false;
 }
 
 /// Shows the window as the program does on a screen of usual size.

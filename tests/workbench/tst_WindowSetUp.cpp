@@ -1,11 +1,11 @@
 // How the window comes up: font by the width of the screen, title, flags and size.
 #include "testMain.h"
-#include "workbench/startup.h"
+#include "workbench/windowSetUp.h"
 
 #include <QWidget>
 #include <QtTest>
 
-class tst_Startup : public QObject
+class tst_WindowSetUp : public QObject
 {
     Q_OBJECT
 
@@ -17,10 +17,10 @@ private slots:
     static void styleSheetIsEmptied();
     static void size_data();
     static void size();
-    static void leastSizeHolds();
+    static void minimumSizeHolds();
 };
 
-void tst_Startup::pointSize_data()
+void tst_WindowSetUp::pointSize_data()
 {
     QTest::addColumn<int>("screenWidth");
     QTest::addColumn<int>("points");
@@ -32,7 +32,7 @@ void tst_Startup::pointSize_data()
     QTest::addRow("7680: wide") << 7680 << 14;
 }
 
-void tst_Startup::pointSize()
+void tst_WindowSetUp::pointSize()
 {
     QFETCH(int, screenWidth);
     QFETCH(int, points);
@@ -41,7 +41,7 @@ void tst_Startup::pointSize()
     QCOMPARE(font.pointSize(), points);
 }
 
-void tst_Startup::restOfTheFontStays()
+void tst_WindowSetUp::restOfTheFontStays()
 {
     const QFont base(QStringLiteral("DejaVu Sans"), 9, QFont::Bold, true);
     const QFont font = applicationFont(base, 1920);
@@ -49,7 +49,7 @@ void tst_Startup::restOfTheFontStays()
     QVERIFY(font.italic());
 }
 
-void tst_Startup::titleAndFlags()
+void tst_WindowSetUp::titleAndFlags()
 {
     QWidget window;
     window.setWindowTitle(QStringLiteral("before"));
@@ -58,7 +58,7 @@ void tst_Startup::titleAndFlags()
     QCOMPARE(window.windowType(), Qt::Window);
 }
 
-void tst_Startup::styleSheetIsEmptied()
+void tst_WindowSetUp::styleSheetIsEmptied()
 {
     QWidget window;
     window.setStyleSheet(QStringLiteral("QWidget { color: red }"));
@@ -66,7 +66,7 @@ void tst_Startup::styleSheetIsEmptied()
     QCOMPARE(window.styleSheet(), QString());
 }
 
-void tst_Startup::size_data()
+void tst_WindowSetUp::size_data()
 {
     QTest::addColumn<QSize>("screen");
     QTest::addColumn<QSize>("expected");
@@ -79,7 +79,7 @@ void tst_Startup::size_data()
     QTest::addRow("1600x1600: the least width wins") << QSize(1600, 1600) << QSize(1400, 960);
 }
 
-void tst_Startup::size()
+void tst_WindowSetUp::size()
 {
     QFETCH(QSize, screen);
     QFETCH(QSize, expected);
@@ -88,7 +88,7 @@ void tst_Startup::size()
     QCOMPARE(window.size(), expected);
 }
 
-void tst_Startup::leastSizeHolds()
+void tst_WindowSetUp::minimumSizeHolds()
 {
     QWidget window;
     setUpMainWindow(window, QRect(0, 0, 3840, 2160));
@@ -97,5 +97,5 @@ void tst_Startup::leastSizeHolds()
     QCOMPARE(window.size(), QSize(1400, 800));
 }
 
-static const testMain::Registration<tst_Startup, QApplication> registration;
-#include "tst_Startup.moc"
+static const testMain::Registration<tst_WindowSetUp, QApplication> registration;
+#include "tst_WindowSetUp.moc"

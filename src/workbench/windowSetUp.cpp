@@ -1,4 +1,4 @@
-#include "workbench/startup.h"
+#include "workbench/windowSetUp.h"
 
 #include <QWidget>
 
@@ -28,13 +28,13 @@ QFont applicationFont(QFont base, int screenWidth)
 
 void setUpMainWindow(QWidget& window, const QRect& screen)
 {
-    constexpr int leastWidth = 1400;
-    constexpr int leastHeight = 800;
+    constexpr int minWidth = 1400;
+    constexpr int minHeight = 800;
     constexpr double shareOfWidth = 0.55;
     constexpr double shareOfHeight = 0.6;
     window.setStyleSheet(QString());
     window.setWindowFlags(Qt::Window);
     window.setWindowTitle(QStringLiteral("Kinetra Xml Parser"));
-    window.setMinimumSize(leastWidth, leastHeight);
+    window.setMinimumSize(minWidth, minHeight);
     window.resize(static_cast<int>(screen.width() * shareOfWidth), static_cast<int>(screen.height() * shareOfHeight));
 }

@@ -1,4 +1,4 @@
-// startup.h - how the window comes up: title, size and font.
+// windowSetUp.h - how the window comes up: title, size and font.
 #pragma once
 
 #include <QFont>
@@ -18,6 +18,6 @@ inline QString textFamily()
 /// @param screenWidth  pixels; above 4089 the text is 14 point, otherwise 12
 [[nodiscard]] QFont applicationFont(QFont base, int screenWidth);
 
-/// Gives the main window its flags, title, least size (1400 x 800) and a size by the screen: 0.55 of its width and 0.6
-/// of its height, the least size winning.
+/// Gives the main window its flags, title, minimum size (1400 x 800) and a size by the screen: 0.55 of its width and
+/// 0.6 of its height, but not less than the minimum.
 void setUpMainWindow(QWidget& window, const QRect& screen);

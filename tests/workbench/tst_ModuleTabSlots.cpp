@@ -6,16 +6,13 @@
 #include <QCheckBox>
 #include <QComboBox>
 
-class tst_SlotTable : public TabFixture
+class tst_ModuleTabSlots : public TabFixture
 {
     Q_OBJECT
 
-public:
-    tst_SlotTable()
-        : TabFixture("tab_4")
-    {}
-
 private slots:
+    void init() { begin(ModuleTab); }
+    void cleanup() { end(); }
     void places();
     void defaultModules();
     void overflow();
@@ -51,10 +48,10 @@ static struct_EtherCatDevice coupler(const std::vector<struct_Slot>& list)
     return device;
 }
 
-void tst_SlotTable::places()
+void tst_ModuleTabSlots::places()
 {
     struct_Slot terminals = slotNamed("Terminals", 3);
-    terminals.slotmodule = {standing(2, moduleNamed("IO 模块", 0x1234))};
+    terminals.slotmodule = {placedAt(2, moduleNamed("IO 模块", 0x1234))};
     show(coupler({slotNamed("Head", 1), slotNamed("none", 0), terminals}));
     QCOMPARE(row("ModuleView", 0), QStringList({"Head", noItem(), noItem()}));
     QCOMPARE(column("ModuleView", 0), QStringList({"Head", "Terminals-0", "Terminals-1", "Terminals-2"}));
@@ -62,11 +59,11 @@ void tst_SlotTable::places()
     QCOMPARE(row("ModuleView", 3), QStringList({"Terminals-2", noItem(), noItem()}));
 }
 
-void tst_SlotTable::defaultModules()
+void tst_ModuleTabSlots::defaultModules()
 {
     // Default modules carry the number of their slot. That is their row only while every slot has one place.
     struct_Slot last = slotNamed("Last", 1);
-    last.slotmodule = {standing(1, moduleNamed("default", 0x20))};
+    last.slotmodule = {placedAt(1, moduleNamed("default", 0x20))};
     show(coupler({slotNamed("First", 1), last}));
     QCOMPARE(row("ModuleView", 1).at(1), QStringLiteral("default"));
     show(coupler({slotNamed("First", 2), last}));
@@ -74,11 +71,11 @@ void tst_SlotTable::defaultModules()
     QCOMPARE(row("ModuleView", 2), QStringList({"Last", noItem(), noItem()}));
 }
 
-void tst_SlotTable::overflow()
+void tst_ModuleTabSlots::overflow()
 {
     const QString box = QStringLiteral("slot sum overflow|Please check xml file");
     struct_Slot big = slotNamed("Big", 100);
-    big.slotmodule = {standing(0, moduleNamed("hidden", 1))};
+    big.slotmodule = {placedAt(0, moduleNamed("hidden", 1))};
     const struct_EtherCatDevice shown = coupler({slotNamed("First", 1), big, slotNamed("Last", 99)});
     // The first click on a device of another type fills the tab twice.
     part<QComboBox>(window(), "comboBox_DeviceType")->setCurrentIndex(5);
@@ -87,11 +84,11 @@ void tst_SlotTable::overflow()
     QCOMPARE(row("ModuleView", 0), QStringList({"First", noItem(), noItem()})); // its modules are not shown
     QCOMPARE(row("ModuleView", 1).at(0), QStringLiteral("Last-0"));
     QCOMPARE(boxesDuring(1, [&] { callSlot(window(), "device_slots_display"); }), QStringList(box)); // each time
-    device().Slots.vslot.push_back(big);
+    loadedDevice().Slots.vslot.push_back(big);
     QCOMPARE(boxesDuring(2, [&] { callSlot(window(), "device_slots_display"); }), QStringList({box, box}));
 }
 
-void tst_SlotTable::moduleTreeShowsTheFile()
+void tst_ModuleTabSlots::moduleTreeShowsTheFile()
 {
     show(coupler({}), {groupOf("Digital 数字", {moduleNamed("DI8", 0x10), moduleNamed("DO8", 0xABCDEF01)}),
                        groupOf("", {}), groupOf("Drives", {moduleNamed("Axis", 0)})});
@@ -107,11 +104,11 @@ void tst_SlotTable::moduleTreeShowsTheFile()
     QCOMPARE(tree.topLevelItem(2)->child(0)->text(1), QStringLiteral("0x00"));
     QVERIFY(tree.topLevelItem(0)->isExpanded());
     QVERIFY(!tree.topLevelItem(1)->isExpanded());
-    QVERIFY(callSlot(window(), "device_module_display")); // filled anew, not twice
+    QVERIFY(callSlot(window(), "device_module_display")); // filled again, not twice
     QCOMPARE(tree.topLevelItemCount(), 3);
 }
 
-void tst_SlotTable::anotherDeviceEmptiesTheTab()
+void tst_ModuleTabSlots::anotherDeviceEmptiesTheTab()
 {
     show(coupler({slotNamed("A", 2)}), {groupOf("", {moduleNamed("IO", 1)})});
     QCOMPARE(modelOf(slotPlaces()).rowCount(), 2);
@@ -120,7 +117,7 @@ void tst_SlotTable::anotherDeviceEmptiesTheTab()
     QCOMPARE(moduleTree(window()).topLevelItemCount(), 0);
 }
 
-void tst_SlotTable::configurationBoxes_data()
+void tst_ModuleTabSlots::configurationBoxes_data()
 {
     QTest::addColumn<bool>("downloads");
     QTest::addColumn<unsigned int>("transition");
@@ -132,7 +129,7 @@ void tst_SlotTable::configurationBoxes_data()
     QTest::addRow("the number is signed") << false << 0xFFFFFFFFU << true;
 }
 
-void tst_SlotTable::configurationBoxes()
+void tst_ModuleTabSlots::configurationBoxes()
 {
     QFETCH(bool, downloads);
     QFETCH(unsigned int, transition);
@@ -145,41 +142,41 @@ void tst_SlotTable::configurationBoxes()
     show(shown);
     QCOMPARE(isChecked("DownlaodCfg"), downloads);
     QCOMPARE(isChecked("CfgTransition"), isInitToPreop);
-    QCOMPARE(device().Slots.Attributes.DownloadModuleIdentList, downloads);
+    QCOMPARE(loadedDevice().Slots.Attributes.DownloadModuleIdentList, downloads);
 }
 
-void tst_SlotTable::downloadBoxIsWrittenBack()
+void tst_ModuleTabSlots::downloadBoxIsWrittenBack()
 {
     show(coupler({slotNamed("A", 1)}));
     for (const bool expected : {true, false}) {
         QTest::mouseClick(part<QCheckBox>(window(), "DownlaodCfg"), Qt::LeftButton, {}, QPoint(8, 8));
         QCOMPARE(isChecked("DownlaodCfg"), expected);
-        QCOMPARE(device().Slots.Attributes.DownloadModuleIdentList, expected);
+        QCOMPARE(loadedDevice().Slots.Attributes.DownloadModuleIdentList, expected);
     }
 }
 
-void tst_SlotTable::downloadBoxFollowsTheDevice()
+void tst_ModuleTabSlots::downloadBoxFollowsTheDevice()
 {
     g_xmlfiledevices = {fileWith("a.xml", {"first", "second"})};
-    device().Slots.Attributes.DownloadModuleIdentList = true;
+    loadedDevice().Slots.Attributes.DownloadModuleIdentList = true;
     window().DeviceDisplayUpdate();
     for (const int position : {0, 1, 0}) {
         clickItem(window(), treeItem(window(), 0, position));
         QCOMPARE(isChecked("DownlaodCfg"), position == 0);
     }
-    QVERIFY(device().Slots.Attributes.DownloadModuleIdentList);
+    QVERIFY(loadedDevice().Slots.Attributes.DownloadModuleIdentList);
     QVERIFY(!g_xmlfiledevices[0].device[1].Slots.Attributes.DownloadModuleIdentList);
 }
 
-void tst_SlotTable::downloadBoxWithoutDevice()
+void tst_ModuleTabSlots::downloadBoxWithoutDevice()
 {
     show(coupler({slotNamed("A", 1)}));
     clickItem(window(), treeItem(window(), 0)); // the file
     part<QCheckBox>(window(), "DownlaodCfg")->click();
-    QVERIFY(!device().Slots.Attributes.DownloadModuleIdentList);
+    QVERIFY(!loadedDevice().Slots.Attributes.DownloadModuleIdentList);
 }
 
-QStringList tst_SlotTable::marked() const
+QStringList tst_ModuleTabSlots::marked() const
 {
     QStringList names;
     for (QTreeWidgetItem* item : moduleTree(window()).findItems(QString(), Qt::MatchContains | Qt::MatchRecursive)) {
@@ -203,7 +200,7 @@ static std::vector<struct_commentmodule> threeModules()
             groupOf("second", {moduleNamed("c", 0x10)})};
 }
 
-void tst_SlotTable::marks_data()
+void tst_ModuleTabSlots::marks_data()
 {
     QTest::addColumn<int>("place");
     QTest::addColumn<QStringList>("struck");
@@ -215,19 +212,19 @@ void tst_SlotTable::marks_data()
     QTest::addRow("row of no slot") << 5 << QStringList();
 }
 
-void tst_SlotTable::marks()
+void tst_ModuleTabSlots::marks()
 {
     QFETCH(int, place);
     QFETCH(QStringList, struck);
     struct_Slot last = slotNamed("E", 1, {0x30});
-    last.slotmodule = {standing(5, moduleNamed("beside", 1))}; // its row belongs to no slot
+    last.slotmodule = {placedAt(5, moduleNamed("beside", 1))}; // its row belongs to no slot
     show(coupler({slotNamed("A", 1), slotNamed("B", 2, {0x10}), slotNamed("D", 1, {0x20, 0x10}), last}),
          threeModules());
     clickRow(slotPlaces(), place);
     QCOMPARE(marked(), struck);
 }
 
-void tst_SlotTable::marksAreTakenBack()
+void tst_ModuleTabSlots::marksAreTakenBack()
 {
     show(coupler({slotNamed("A", 1), slotNamed("B", 1, {0x10}), slotNamed("C", 1, {0x20})}), threeModules());
     clickRow(slotPlaces(), 1);
@@ -238,7 +235,7 @@ void tst_SlotTable::marksAreTakenBack()
     QCOMPARE(marked(), QStringList());
 }
 
-void tst_SlotTable::marksWithoutCurrentRow()
+void tst_ModuleTabSlots::marksWithoutCurrentRow()
 {
     show(coupler({slotNamed("B", 1, {0x10})}), threeModules());
     clickRow(slotPlaces(), 0);
@@ -248,7 +245,7 @@ void tst_SlotTable::marksWithoutCurrentRow()
     QCOMPARE(marked(), QStringList());
 }
 
-void tst_SlotTable::marksExpandTheGroups()
+void tst_ModuleTabSlots::marksExpandTheGroups()
 {
     show(coupler({slotNamed("A", 1)}), threeModules());
     moduleTree(window()).collapseAll();
@@ -256,17 +253,17 @@ void tst_SlotTable::marksExpandTheGroups()
     QVERIFY(moduleItem(window(), 0)->isExpanded() && moduleItem(window(), 1)->isExpanded());
 }
 
-void tst_SlotTable::marksWithoutDevice()
+void tst_ModuleTabSlots::marksWithoutDevice()
 {
     show(coupler({slotNamed("B", 1, {0x10})}), threeModules());
     clickRow(slotPlaces(), 0);
     currentdeviceindex = -1;
-    device().Slots.vslot.clear();
+    loadedDevice().Slots.vslot.clear();
     clickRow(slotPlaces(), 0);
     QCOMPARE(marked(), QStringList("b"));
 }
 
-void tst_SlotTable::manySlotsAndModules()
+void tst_ModuleTabSlots::manySlotsAndModules()
 {
     constexpr int slotCount = 300;
     constexpr int moduleCount = 1000;
@@ -285,5 +282,5 @@ void tst_SlotTable::manySlotsAndModules()
     QVERIFY(!struck.contains("module 299"));
 }
 
-static const testMain::Registration<tst_SlotTable, QApplication> registration;
-#include "tst_SlotTable.moc"
+static const testMain::Registration<tst_ModuleTabSlots, QApplication> registration;
+#include "tst_ModuleTabSlots.moc"
