@@ -84,7 +84,7 @@ struct_EtherCatDevice deviceWithDictionary()
 /// Texts of an object's row, and of those under it.
 using ObjectTexts = std::vector<QStringList>;
 
-/// Copies of the texts: parts of them that stay behind when the item goes would leave its memory full of holes.
+/// Copies of the texts: parts of them that outlive the item would leave its memory full of holes.
 QStringList textsOf(const QTreeWidgetItem& item)
 {
     QStringList texts;

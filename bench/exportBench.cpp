@@ -1,4 +1,4 @@
-// exportBench.cpp - exporting devices against writing the same bytes as they stand.
+// exportBench.cpp - exporting devices against writing the same bytes as they are.
 #include "generatedEsi.h"
 #include "ratioLimits.h"
 #include "stopwatch.h"

@@ -46,7 +46,7 @@ const Number& numberAt(int position)
 
 constexpr int subItems = 6; ///< of a record or array, the counter at sub-index 0 included
 constexpr int bitsOfSubItem = 32;
-constexpr int bitsOfCounter = 16; ///< the counter and a gap behind it
+constexpr int bitsOfCounter = 16; ///< the counter and a gap after it
 
 std::string dataTypeOf(int object)
 {

@@ -13,7 +13,7 @@ class QTemporaryFile;
 /// Bytes of one MB, as file sizes are counted here.
 inline constexpr std::size_t megabyte = 1'000'000;
 
-/// An ESI file of drives, made anew and removed together with the object. Each drive has a product and two names, three
+/// An ESI file of drives, made and removed together with the object. Each drive has a product and two names, three
 /// FMMUs, four sync managers, PDOs with entries, CoE with startup commands, and two operation modes of the distributed
 /// clocks.
 class GeneratedEsi

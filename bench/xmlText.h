@@ -15,11 +15,11 @@
     return text;
 }
 
-/// Text of elements, written in document order. Values and attributes are taken as they stand: nothing is escaped.
+/// Text of elements, written in document order. Values and attributes are taken as they are: nothing is escaped.
 class XmlText
 {
 public:
-    /// @param depth  how deep the first element stands
+    /// @param depth  that of the first element
     explicit XmlText(std::size_t depth)
         : m_depth(depth)
     {}

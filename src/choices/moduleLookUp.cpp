@@ -1,6 +1,7 @@
 #include "choices/moduleLookUp.h"
 
 #include "editing/deviceLabel.h"
+#include "model/moduleAccess.h"
 #include "model/valueTexts.h"
 #include "text/shownText.h"
 
@@ -34,13 +35,12 @@ QString moduleLabel(const struct_module& module)
 ModuleLookUp::ModuleLookUp(struct_FilenameDevice& file)
     : m_fileName(QFileInfo(inputPathOf(file)).fileName())
 {
-    for (struct_commentmodule& group : file.vcommentmodule)
-        for (struct_module& module : group.vmodule) {
-            m_idents[module.TypeAttributes.ModuleIdent].push_back(&module);
-            m_names[module.Name].push_back(&module);
-            if (module.TypeAttributes.Name != module.Name)
-                m_names[module.TypeAttributes.Name].push_back(&module);
-        }
+    forEachModule(file, [this](struct_module& module) {
+        m_idents[module.TypeAttributes.ModuleIdent].push_back(&module);
+        m_names[module.Name].push_back(&module);
+        if (module.TypeAttributes.Name != module.Name)
+            m_names[module.TypeAttributes.Name].push_back(&module);
+    });
 }
 
 const std::vector<struct_module*>* ModuleLookUp::all(const ModuleName& name) const

@@ -9,6 +9,7 @@
 #include "editing/slotPlaces.h"
 #include "editing/startupRows.h"
 #include "editing/startupValues.h"
+#include "model/moduleAccess.h"
 #include "model/pdoAccess.h"
 #include "model/valueTexts.h"
 #include "json/jsonWriter.h"
@@ -137,11 +138,11 @@ void writeSlots(json::Writer& json, const struct_EtherCatDevice& device)
 void writeModulesOfFile(json::Writer& json, const struct_FilenameDevice& file)
 {
     json.openList("modulesOfFile");
-    for (const struct_commentmodule& group : file.vcommentmodule)
-        for (const struct_module& module : group.vmodule)
-            json.line({{"module", hexNumber(module.TypeAttributes.ModuleIdent)},
-                       {"name", text(module.Name)},
-                       {"type", textOrNothing(module.TypeAttributes.Name)}});
+    forEachModule(file, [&](const struct_module& module) {
+        json.line({{"module", hexNumber(module.TypeAttributes.ModuleIdent)},
+                   {"name", text(module.Name)},
+                   {"type", textOrNothing(module.TypeAttributes.Name)}});
+    });
     json.closeList();
 }
 
@@ -200,14 +201,12 @@ template<typename Owner> void writeLinks(json::Writer& json, const Owner& owner,
 void writeModuleLinks(json::Writer& json, const struct_FilenameDevice& file)
 {
     std::map<std::uint32_t, int> idents;
-    for (const struct_commentmodule& group : file.vcommentmodule)
-        for (const struct_module& module : group.vmodule)
-            ++idents[module.TypeAttributes.ModuleIdent];
+    forEachModule(file, [&](const struct_module& module) { ++idents[module.TypeAttributes.ModuleIdent]; });
     json.openList("moduleLinks");
-    for (const struct_commentmodule& group : file.vcommentmodule)
-        for (const struct_module& module : group.vmodule)
-            if (idents[module.TypeAttributes.ModuleIdent] == 1)
-                writeLinks(json, module, hexNumber(module.TypeAttributes.ModuleIdent));
+    forEachModule(file, [&](const struct_module& module) {
+        if (idents[module.TypeAttributes.ModuleIdent] == 1)
+            writeLinks(json, module, hexNumber(module.TypeAttributes.ModuleIdent));
+    });
     json.closeList();
 }
 

@@ -1,6 +1,6 @@
 // main.cpp - `ktl`, the companion command for build servers: the engine of the workbench without a window.
 #include "cli/ktlCommand.h"
-#include "esi/lastWords.h"
+#include "esi/terminationReason.h"
 #include "system/fileNameCodec.h"
 #include "system/standardOutput.h"
 #include "system/standardStreams.h"
@@ -15,7 +15,7 @@
 
 [[noreturn]] static void endWithReason()
 {
-    std::cerr << lastWords().toStdString() << std::endl;
+    std::cerr << terminationReason().toStdString() << std::endl;
     std::abort();
 }
 

@@ -1,6 +1,7 @@
 #include "editing/lostValues.h"
 
 #include "model/carriedValue.h"
+#include "model/moduleAccess.h"
 #include "model/startupAccess.h"
 
 #include <vector>
@@ -31,8 +32,6 @@ LostValues lostValuesOf(const struct_EtherCatDevice& device)
 LostValues lostModuleValuesOf(const struct_FilenameDevice& file)
 {
     LostValues lost;
-    for (const struct_commentmodule& group : file.vcommentmodule)
-        for (const struct_module& module : group.vmodule)
-            addLost(lost, module.Mailbox.COE.vinitcmd);
+    forEachModule(file, [&](const struct_module& module) { addLost(lost, module.Mailbox.COE.vinitcmd); });
     return lost;
 }

@@ -1,14 +1,12 @@
 // deviceClass.cpp - device class by ESI profile number.
 #include "esi/xmlparsing.h"
+#include "model/profileNumbers.h"
 
 #include <cstdint>
 
 namespace {
 
 constexpr int noDevice = 10;
-constexpr int ioProfile = 0;
-constexpr int driveProfile = 402;
-constexpr int modularProfile = 5001;
 
 } // namespace
 

@@ -100,7 +100,7 @@ private:
         m_devices.emplace_back();
     }
 
-    /// A section belongs to every device that it stands under.
+    /// A section belongs to every device that it is under.
     void addSection(const QDomElement& element, DeviceSection section)
     {
         if (m_open.empty())

@@ -24,12 +24,12 @@ enum class DeviceSection : std::size_t
     Count
 };
 
-/// What stands under a device, at whatever depth: other devices may lie between.
+/// What is under a device, at whatever depth: other devices may lie between.
 struct DeviceElements
 {
-    /// By `DeviceSection`, in document order: the elements that stand directly under one whose tag contains "Device".
+    /// By `DeviceSection`, in document order: the elements directly under one whose tag contains "Device".
     std::array<std::vector<QDomElement>, static_cast<std::size_t>(DeviceSection::Count)> sections;
-    bool hasSlots = false; ///< a `Slots` element stands somewhere under the device, whatever its parent
+    bool hasSlots = false; ///< a `Slots` element is somewhere under the device, whatever its parent
 };
 
 /// The parts of an ESI document besides its devices, in document order.
@@ -42,6 +42,6 @@ struct DocumentElements
 
 /// Finds the parts of a document under its root element in one pass. Names are local ones; a part of a parent's tag
 /// counts, so `Devices` passes for "Device".
-/// @param readDevice  is called for each `Device`, nested ones too, in document order, as soon as the pass is through
-///                    with the outermost of them: the nodes of a device are then still at hand in the processor's cache
+/// @param readDevice  called for each `Device`, nested ones too, in document order, as soon as the pass has left the
+///                    outermost of them, while its nodes are still in the cache
 DocumentElements walkDocument(const QDomElement& root, const std::function<void(DeviceElements& device)>& readDevice);

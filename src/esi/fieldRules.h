@@ -25,7 +25,7 @@ template<typename Record> struct ElementRule
     void (*read)(Record& to, const QDomElement& element);
 };
 
-/// Text of an element. Most elements hold one text and nothing else, and then that is the answer as it stands.
+/// Text of an element. Most elements hold one text and nothing else, and then that is the answer.
 [[nodiscard]] inline QString textOf(const QDomElement& element)
 {
     const QDomNode child = element.firstChild();

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// The one place of the name: a terminate handler gets no arguments, so it has to find the name by itself.
+/// The one place of the name: a terminate handler gets no arguments, so it has to look the name up.
 QString& currentPath()
 {
     static QString path;

@@ -1,4 +1,4 @@
-// fileBeingRead.h - which file is being read, for the last words of a program that ends on an error.
+// fileBeingRead.h - which file is being read, for a program that ends on an error.
 #pragma once
 
 #include <QString>

@@ -109,7 +109,7 @@ std::uint32_t vendorIdOf(const QDomElement& vendor)
 }
 
 /// Takes a run of modules up to the next comment. Inside a run any element counts as a module, other nodes are passed.
-/// @return  the node behind the run
+/// @return  the node after the run
 QDomNode takeRun(QDomNode node, std::vector<struct_module>& modules)
 {
     for (; !node.isNull() && !node.isComment(); node = node.nextSibling()) {
@@ -123,8 +123,8 @@ QDomNode takeRun(QDomNode node, std::vector<struct_module>& modules)
     return node;
 }
 
-/// Groups the modules of a file under the comment that stands before each run. Of several comments in a row the last
-/// one counts; comments behind the last run make no group.
+/// Groups the modules of a file under the comment before each run. Of several comments in a row the last
+/// one counts; comments after the last run make no group.
 void appendModuleGroups(const QDomElement& modules, std::vector<struct_commentmodule>& groups)
 {
     QDomNode node = modules.firstChild();
@@ -150,7 +150,7 @@ void appendModuleGroups(const QDomElement& modules, std::vector<struct_commentmo
 EsiLoadResult tooManyCopies()
 {
     const QString text =
-        QStringLiteral("the PDOs and modules of the file stand for more than %1 bytes").arg(mostCopiedBytes);
+        QStringLiteral("the PDOs and modules of the file stand for more than %1 bytes").arg(maxCopiedBytes);
     return {EsiLoadStatus::NotWellFormed, {text, 1, 1}, {}};
 }
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Calls `change(device)` for each device of a file; a null file has none. An error tells which device it is about.
+/// Calls `change(device)` for each device of a file; a null file has none. An error says which device it is about.
 template<typename Change> void forEachDevice(struct_FilenameDevice* file, Change change)
 {
     if (file == nullptr)

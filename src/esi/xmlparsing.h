@@ -18,7 +18,7 @@
 /// @throws std::out_of_range if a PDO names a sync manager that its device does not declare; nothing is added then
 [[nodiscard]] bool read_xmldevice(const QString& projectName);
 
-/// Device class by ESI profile number; sets `m_iDeviceType`, and for profile 402 `m_iDriveAxies` too.
+/// Device class by ESI profile number; sets `m_iDeviceType`, and for `driveProfile` `m_iDriveAxies` too.
 /// @param iType      profile number
 /// @param bHasSlots  not 0 if the device has a `Slots` element
 /// @return           0, or 10 for a null device
@@ -64,6 +64,6 @@ void device_sm_defalutset(struct_FilenameDevice* file);
 // ---- Modules of a file ----
 
 /// Looks for a module of the file. Of several with the same ident the first one of the first group counts.
-/// @param out  takes a copy of the module; a class or type name that is empty in the file leaves the one in `out`
-/// @return     false, with `out` untouched, if no module has the ident or a pointer is null
+/// @param out  takes a copy of the module; a class or type name that is empty in the file leaves that of `out`
+/// @return     false, with `out` untouched, if there is none or a pointer is null
 [[nodiscard]] bool device_getmodule_byModuleIdent(struct_FilenameDevice* file, std::uint32_t ident, struct_module* out);

@@ -19,18 +19,14 @@ class QTreeWidget;
 
 // ---- A whole run: all selected devices and one end item ----
 
-/// Tells whether a device takes part in an export: position of its file in the list of files, and its own in the file.
+/// Whether a device takes part in an export: position of its file in the list of files, and its own in the file.
 using DeviceSelection = std::function<bool(std::size_t file, std::size_t device)>;
 
 /// Writes the selected devices, in the order of the list, and one end item.
-/// @param out         open for binary writing; not closed
-/// @param piErrorCode receives the result of the last General item (1, or 0 if no device was selected) when the run
-///                    reaches its end item; unchanged otherwise
-/// @param exportTime  valid, as the file is to show it: local time; one for all devices of the run
-/// @return            false if a General item could not be written; the run then stops there, without an end item. Only
-///                    that item is tested: a caller that must know of a full disk later on asks the file itself
-/// @throws MissingSyncManager, a std::out_of_range, if a PDO names a sync manager that its device does not declare; the
-///                    stream then ends in the middle of that device
+/// @param piErrorCode  result of the last General item, 0 without a device; unchanged on failure
+/// @param exportTime   local time
+/// @return  false if a General item cannot be written: the run stops there
+/// @throws MissingSyncManager if a device lacks one that a PDO names: the run stops within it
 [[nodiscard]] bool writeDevices(std::FILE* out, std::vector<struct_FilenameDevice>& files,
                                 const DeviceSelection& isSelected, int* piErrorCode,
                                 const QDateTime& exportTime = QDateTime::currentDateTime());
@@ -41,16 +37,16 @@ using DeviceSelection = std::function<bool(std::size_t file, std::size_t device)
 [[nodiscard]] int writeDevice(std::FILE* out, struct_EtherCatDevice& device, struct_FilenameDevice& file,
                               const QDateTime& exportTime);
 
-/// As `writeDevices`, for the devices of `g_xmlfiledevices` that are checked in the tree: the top-level item at a
-/// position is the file at that position, its children are the file's devices. Partially checked counts as checked, and
-/// a device counts only together with its file. The time of the export is now.
-/// @return  false, with nothing touched, if an argument is null; else as `writeDevices`
+/// As `writeDevices`, for the devices of `g_xmlfiledevices` that are checked in the tree, at the time of the call. The
+/// top-level item at a position is the file at that position, its children are the file's devices. Partially checked
+/// counts as checked; a device counts only together with its file.
+/// @return  false if an argument is null
 [[nodiscard]] bool KTL_write_devices(std::FILE* out, QTreeWidget* tree, int* piErrorCode);
 
 // ---- Items of a device, in the order of the file ----
 //
 // A null argument writes nothing. Apart from the General item no result of a write is tested: a controller skips what
-// it does not find, and the file tells of a full disk when it is closed.
+// it does not find, and a full disk shows when the file is closed.
 
 /// @return  number of records written: 1, or 0 on failure
 int KTL_write_device_General(std::FILE* out, struct_EtherCatDevice* device, struct_FilenameDevice* filedevices);
@@ -85,7 +81,7 @@ void KTL_write_device_CoEInitCmd(std::FILE* out, struct_EtherCatDevice* device);
 void KTL_write_device_Slots(std::FILE* out, struct_EtherCatDevice* device);
 
 /// One item for the modules in the slots, none without slots. A default module is at the number of its slot, one that
-/// was put in by hand at its place. For devices of class 5.
+/// a user put in at its place. For devices of class 5.
 void KTL_write_device_SlotPreConfig(std::FILE* out, struct_EtherCatDevice* device);
 
 /// One item with the time of the export, the format version, and the names of the device and of all modules of its
@@ -101,7 +97,7 @@ void KTL_write_device_DeviceMoreInfo(std::FILE* out, struct_EtherCatDevice* devi
 /// and 5. Reads of the device its process data sync managers and its CoE flags.
 void KTL_write_device_Module(std::FILE* out, struct_EtherCatDevice* device, struct_FilenameDevice* filedevices);
 
-/// An item of 40 bytes that tells of an EEPROM of 2048 bytes, its configuration data all 0. A ready operation that no
+/// An item of 40 bytes for an EEPROM of 2048 bytes, its configuration data all 0. A ready operation that no
 /// export calls; the device is not read.
 void KTL_write_device_EEPROM(std::FILE* out, struct_EtherCatDevice* device);
 
@@ -119,8 +115,8 @@ void KTL_write_device_Objects(std::FILE* out, struct_EtherCatDevice* device);
 
 /// An item for each sub-item and each array element of a data type; none for a simple type. The first sub-item of a
 /// record has none: it holds the number of the others.
-/// @param type    name of the data type, looked up in the device's dictionary
-/// @param object  the object that is of this type: its index and access flags go into the items
+/// @param type    name of the data type in the device's dictionary
+/// @param object  of this type: its index and access flags go into the items
 void KTL_write_device_ObjectScan(std::FILE* out, struct_EtherCatDevice* device, const std::string& type,
                                  const struct_KTL_ObjectType* object);
 /// As above, in the dictionary of a module.
@@ -140,10 +136,9 @@ str_Info KTL_get_device_objectmoduleInfo(struct_module* module, std::uint32_t in
 
 // ---- Text dump ----
 
-/// Writes the items of a KTL file as text, in hexadecimal words; at most 2000 items, end items included. A word that an
-/// item announces and the file does not hold is shown as 0, up to 65,536 of them: a broken size may announce billions.
-/// @param log          open for writing; not closed
-/// @param ktl          open for reading, read from its start; not closed
-/// @param piErrorCode  set to 0 in any case; may be null
-/// @return  false if a file is null, or at an item head that cannot be; the text then ends with a line "Err para: ..."
+/// Writes the items of a KTL file as text, in hexadecimal words; at most `maxReadItems`. Words that the file does not
+/// hold are shown as 0, up to 65,536: a broken size may announce billions.
+/// @param ktl          read from its start
+/// @param piErrorCode  set to 0; may be null
+/// @return  false for a null file, and at an impossible head, after "Err para: ..."
 bool KTL_write_log_devices(std::FILE* log, std::FILE* ktl, int* piErrorCode);

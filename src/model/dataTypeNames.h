@@ -1,11 +1,11 @@
-// dataTypeNames.h - what the name of a data type tells about it.
+// dataTypeNames.h - what the name of a data type says about it.
 #pragma once
 
 #include <string_view>
 
 /// Whether the name is that of a structured data type, a record or an array. All others are simple.
-/// ODD, KEPT: the mark counts anywhere in the name, where one would look for it at the start. So "WIDTH" is structured
-/// too: an object of such a simple type shows no type, and a sub-item of one has no row at all. Pinned by
+/// ODD, KEPT: the mark counts anywhere in the name, where one would look for it at the start. So "WIDTH" is structured:
+/// an object of this type shows none, a sub-item has no row. Pinned by
 /// tst_DataTypeNames::structured.
 [[nodiscard]] inline bool isStructuredType(std::string_view name) noexcept
 {

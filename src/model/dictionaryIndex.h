@@ -19,8 +19,8 @@ public:
 
     DictionaryIndex(const std::vector<struct_DataTypes>& dataTypes, const std::vector<struct_Object>& objects);
 
-    /// All data types whose whole name, case-sensitive, is the given one: nothing in the format keeps a name from being
-    /// there twice. The reference is valid as long as the index.
+    /// All data types whose whole name, case-sensitive, is the given one: nothing in the format keeps a name from
+    /// occurring twice. The reference is valid as long as the index.
     /// @return  empty if there is none
     [[nodiscard]] const DataTypes& dataTypesNamed(const std::string& name) const;
 

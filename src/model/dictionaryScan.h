@@ -1,4 +1,4 @@
-// dictionaryScan.h - what stands under an object of a CoE dictionary: the sub-items and elements of its data type.
+// dictionaryScan.h - what is under an object of a CoE dictionary: the sub-items and elements of its data type.
 #pragma once
 
 #include "model/dictionaryIndex.h"
@@ -19,11 +19,9 @@ struct DictionaryRow
 struct DictionaryRows
 {
     std::vector<DictionaryRow> rows; ///< in the order of the scan
-    /// The first sub-item of a record, which has no row: it holds the number of the others and shows on the object.
-    /// Null if there is no record.
-    /// ODD, KEPT: it is the one at the first place, where one would look for sub-index 0, and a record within a record
-    /// puts its own in the place of the outer one, where one would expect that to stay. Pinned by
-    /// tst_DictionaryScan::countOfTheLastRecord.
+    /// The first sub-item of a record, which has no row: it holds the number of the others. Null without a record.
+    /// ODD, KEPT: it is the first one, where one would look for sub-index 0, and that of a record within a record
+    /// replaces it, where one would expect it to stay. Pinned by tst_DictionaryScan::countOfTheLastRecord.
     const DataTypeSubItem* count = nullptr;
     const struct_DataTypes* countedType = nullptr; ///< the record that `count` belongs to
 };
@@ -32,13 +30,13 @@ struct DictionaryRows
 /// others so often that the rows under one object could not be counted.
 struct ScanLimits
 {
-    std::size_t rows = 0; ///< what would come behind is left out
+    std::size_t rows = 0; ///< what would come after them is left out
     std::size_t steps = 0; ///< sub-items and data types that are looked at; then the scan ends
 };
 
-/// Limits of one object. Sub-indexes have 8 bits, so an object has at most 256 rows that can be reached on the bus;
-/// this is all that 16 bits could count, for files that use an array as a plain block of bytes. The steps are enough
-/// for a chain of 200,000 data types that each name the next, and take a fraction of a second.
+/// Limits of one object. Sub-indexes have 8 bits, so at most 256 rows can be reached on the bus; this is all that 16
+/// bits could count, for arrays that are plain blocks of bytes. The steps are enough for a chain of 200,000 data types
+/// that each name the next, and take a fraction of a second.
 inline constexpr ScanLimits limitsOfObject{65'536, 1'000'000};
 
 /// Limits of all objects of a dictionary together. A dictionary of a large drive has some 60,000 rows; this many rows
@@ -54,10 +52,9 @@ public:
         : m_index(index)
     {}
 
-    /// The rows under an object or sub-item of a type. A simple type, and one that the dictionary does not have, gives
-    /// none. A data type named like another is scanned too, in the order of the dictionary. A record within a record
-    /// gives its rows in the place of its own. A name that is being scanned already, further up the chain of names, is
-    /// passed over: data types that name themselves or each other are followed once around.
+    /// The rows under an object of a type; none for a simple or unknown type. Data types that share a name
+    /// are all scanned, in the order of the dictionary. A record within a record gives its rows instead of its own. A
+    /// name that is being scanned is skipped: a circle of data types is followed once around.
     [[nodiscard]] DictionaryRows scan(const std::string& type);
 
 private:

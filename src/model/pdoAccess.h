@@ -66,7 +66,7 @@
     return entry.indexAttributes.index;
 }
 
-/// Length of an entry in bits, as it stands in the record: a number above 2^31 in a file is negative here.
+/// Length of an entry in bits, as the record holds it: a number above 2^31 in a file is negative here.
 [[nodiscard]] inline int bitLengthOf(const struct_EntryPDOContent& entry) noexcept
 {
     return entry.Bitlen;
@@ -77,10 +77,9 @@
     return entry.BitLen;
 }
 
-/// Value that maps an entry into its PDO: object index, sub-index and bit length in one 32-bit number.
+/// Value that maps an entry into its PDO: object index, sub-index and bit length in 32 bits. A gap gives its length.
 /// ODD, KEPT: plain additions, so a length of 256 bits or more carries into the sub-index, where one would expect it to
 /// be cut to 8 bits. Pinned by tst_StartupCommands::longEntry.
-/// @param entry  of a device or of a module; a gap gives its bit length alone
 template<typename Entry> [[nodiscard]] std::uint32_t mappingValueOf(const Entry& entry) noexcept
 {
     constexpr unsigned indexShift = 16;
@@ -103,11 +102,10 @@ template<typename SyncManagers, typename Pdo>
     }
 }
 
-/// Whether a PDO is on a sync manager that exists in the description only. A PDO on none is not.
-/// ODD, KEPT: the number that the PDO names is a position here, in its low 16 bits, while a PDO is assigned to the sync
-/// manager that has the number. One would expect one rule. Pinned by tst_StartupCommands::unmappedPdos.
-/// @param syncManagers  those of the device
-/// @throws MissingSyncManager, a std::out_of_range, if the PDO names one that is not there
+/// Whether a PDO is on a sync manager that exists in the description only.
+/// ODD, KEPT: the number that the PDO names, its low 16 bits, is a position here, while a PDO is assigned to the sync
+/// manager of that number. One would expect one rule. Pinned by tst_StartupCommands::unmappedPdos.
+/// @throws MissingSyncManager if there are not so many
 template<typename Pdo>
 [[nodiscard]] bool isOnVirtualSyncManager(const Pdo& pdo, const std::vector<struct_SM>& syncManagers)
 {

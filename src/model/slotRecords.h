@@ -33,7 +33,7 @@ using str_ModuleIdent = struct_ModuleIdent;
 /// A module in a slot.
 struct struct_slotmodule
 {
-    int Instances = 0; ///< from 0: number of the slot of a default module, place of one that was put in by hand
+    int Instances = 0; ///< from 0: number of the slot of a default module, place of one that a user put in
     struct_module module; ///< a full copy of the module as declared
 };
 using str_slotmodule = struct_slotmodule;
@@ -41,8 +41,8 @@ using str_slotmodule = struct_slotmodule;
 /// Attributes of a slot.
 struct SlotAttributes
 {
-    std::uint32_t MinInstances = 0; ///< least number of modules
-    std::uint32_t MaxInstances = 0; ///< most modules, never above 16
+    std::uint32_t MinInstances = 0; ///< modules at least
+    std::uint32_t MaxInstances = 0; ///< modules at most, never above 16
     std::uint32_t SlotIndexIncrement = 0; ///< object index step of the slot; starts as the device's value
     std::uint32_t SlotPdoIncrement = 0; ///< PDO index step of the slot; starts as the device's value
     std::int32_t m_SlotGroup = -1; ///< number of the slot group, -1 for none
@@ -57,7 +57,7 @@ struct struct_Slot
     std::string Name; ///< slot name, extended by the names of its slot group
     std::vector<struct_ModuleClass> ModuleClass;
     std::vector<struct_ModuleIdent> ModuleIdent; ///< the module idents that the slot accepts
-    std::vector<struct_slotmodule> slotmodule; ///< the modules that stand in the slot now
+    std::vector<struct_slotmodule> slotmodule; ///< the modules that are in the slot now
 };
 using str_Slot = struct_Slot;
 

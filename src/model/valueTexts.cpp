@@ -112,9 +112,9 @@ constexpr std::uint32_t digitValue(QChar digit)
 }
 
 /// Number of a text that is nothing but digits, and not too many for 32 bits; else nothing.
-std::optional<std::uint32_t> plainNumber(QStringView digits, std::uint32_t base, int mostDigits)
+std::optional<std::uint32_t> plainNumber(QStringView digits, std::uint32_t base, int maxDigits)
 {
-    if (digits.isEmpty() || digits.size() > mostDigits)
+    if (digits.isEmpty() || digits.size() > maxDigits)
         return std::nullopt;
     std::uint32_t number = 0;
     for (const QChar digit : digits) {
@@ -126,7 +126,7 @@ std::optional<std::uint32_t> plainNumber(QStringView digits, std::uint32_t base,
     return number;
 }
 
-/// Number of a text in one of the forms that nearly all have: decimal digits, or hexadecimal ones behind "#x" or "0x".
+/// Number of a text in one of the forms that nearly all have: decimal digits, or hexadecimal ones after "#x" or "0x".
 /// Neither form leaves room for another mark or word, so this is what the full rule gives, without its searches.
 std::optional<std::uint32_t> usualNumber(QStringView text)
 {
@@ -210,10 +210,10 @@ QString tokenText(NMTOKEN token)
 
 std::string numberText(std::uint32_t number)
 {
-    constexpr std::size_t mostDigits = 8;
+    constexpr std::size_t maxDigits = 8;
     if (number == 0)
         return "0x00";
-    std::array<char, mostDigits> digits{};
+    std::array<char, maxDigits> digits{};
     char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number, hexadecimal).ptr;
     return std::string("0x").append(digits.data(), end);
 }

@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <string>
 
-// A text is taken as far as its first zero character and as it is: nobody trims.
+// A text is taken as far as its first zero character and as it is, untrimmed.
 
 /// True for "TRUE" in any case, else for a decimal number above 0; a text that is neither gives false.
 [[nodiscard]] bool toBool(QStringView text);
@@ -25,7 +25,7 @@
 [[nodiscard]] std::int32_t toInt(QStringView text);
 
 /// Number of a text of hexadecimal byte pairs, the least significant byte first: "0A0B" is 0x0B0A. With "#x" in it the
-/// rest is read as it stands. More than four bytes, or a text that does not convert, gives 0.
+/// rest is read as it is. More than four bytes, or a text that does not convert, gives 0.
 [[nodiscard]] std::uint32_t toUintFromBytes(QStringView text);
 
 /// The text of a token: transitions, "NONE" and "EQ" in upper case, all others in lower case.

@@ -8,7 +8,7 @@
 inline constexpr char versionText[] = "V" KINETRA_VERSION;
 
 /// Format version as the controller reads it: major version, then two hexadecimal digits each for minor version and
-/// patch. The digits are those of the version text, so patch 28 stands as 0x28.
+/// patch. The digits are those of the version text, so patch 28 is 0x28.
 inline constexpr std::uint32_t formatVersion = 0x10028;
 
 /// The number that belongs to a version text "Vmajor.minor.patch", each part taken digit by digit into hexadecimal.

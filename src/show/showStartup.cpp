@@ -1,6 +1,7 @@
 #include "show/showStartup.h"
 
 #include "model/carriedValue.h"
+#include "model/objectAreas.h"
 #include "show/showWords.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 #include "show/showTables.h"
 
+#include "model/moduleAccess.h"
 #include "model/pdoAccess.h"
 #include "show/choiceRows.h"
 #include "show/showDictionary.h"
@@ -69,14 +70,13 @@ template<typename Visitor> void forEachDevice(const ShownFile& file, Visitor vis
     }
 }
 
-/// Calls `visit(module)` for each module of an ESI file.
-template<typename Visitor> void forEachModule(const ShownFile& file, Visitor visit)
+/// Calls `visit(module, place)` for each module of an ESI file.
+template<typename Visitor> void forEachShownModule(const ShownFile& file, Visitor visit)
 {
-    if (!file.esi)
-        return;
-    for (const struct_commentmodule& group : file.esi->vcommentmodule)
-        for (const struct_module& module : group.vmodule)
+    if (file.esi)
+        forEachModule(*file.esi, [&](const struct_module& module) {
             visit(module, Place{file.name, {}, {}, moduleOwner(module.TypeAttributes.ModuleIdent)});
+        });
 }
 
 // ---- dictionary ----
@@ -104,7 +104,7 @@ void writeDictionaryRows(CsvWriter& out, const ShownFile& file)
     forEachDevice(file, [&](const Place& place, const ShownDevice& /*device*/, std::size_t index) {
         writeDictionary(out, place, file.esi->device[index].Dictionary);
     });
-    forEachModule(
+    forEachShownModule(
         file, [&](const struct_module& module, const Place& place) { writeDictionary(out, place, module.Dictionary); });
 }
 
@@ -217,7 +217,7 @@ void writePdoRows(CsvWriter& out, const ShownFile& file)
         else
             writeKtlPdos(out, place, device.block);
     });
-    forEachModule(file, [&](const struct_module& module, const Place& place) {
+    forEachShownModule(file, [&](const struct_module& module, const Place& place) {
         writeModelPdos(out, place, module.RxPdo.vpdo, false, 0);
         writeModelPdos(out, place, module.TxPdo.vpdo, true, static_cast<std::int64_t>(module.RxPdo.vpdo.size()));
     });

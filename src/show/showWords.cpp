@@ -2,6 +2,7 @@
 
 #include "editing/deviceTypeTexts.h"
 #include "editing/linkTexts.h"
+#include "model/assignActivate.h"
 #include "model/syncDirection.h"
 #include "model/valueTexts.h"
 
@@ -28,9 +29,9 @@ constexpr std::array directionNames{
 };
 
 constexpr std::array assignActivateBits{
-    NumberName{8, "cyclic operation enabled"},
-    NumberName{9, "SYNC 0"},
-    NumberName{10, "SYNC 1"},
+    NumberName{static_cast<std::int64_t>(AssignActivateBit::CyclicMode), "cyclic operation enabled"},
+    NumberName{static_cast<std::int64_t>(AssignActivateBit::Sync0), "SYNC 0"},
+    NumberName{static_cast<std::int64_t>(AssignActivateBit::Sync1), "SYNC 1"},
 };
 
 template<std::size_t Size> std::string nameIn(const std::array<NumberName, Size>& names, std::int64_t number)

@@ -1,6 +1,7 @@
 #include "show/startupOrigins.h"
 
 #include "esi/derivation/startupCommands.h"
+#include "model/objectAreas.h"
 #include "show/choiceRows.h"
 
 #include <array>
@@ -14,16 +15,6 @@ constexpr const char* assignment = "PDO assignment";
 constexpr const char* mapping = "PDO mapping";
 constexpr const char* eoeStart = "EoE";
 constexpr const char* unknown = "unknown";
-
-struct IndexRange
-{
-    std::uint16_t first;
-    std::uint16_t last;
-    [[nodiscard]] constexpr bool holds(std::uint16_t index) const { return index >= first && index <= last; }
-};
-
-constexpr IndexRange assignObjects{0x1C10, 0x1C2F};
-constexpr std::array mappingObjects{IndexRange{0x1600, 0x17FF}, IndexRange{0x1A00, 0x1BFF}};
 
 /// Numbers of generated commands in the lists of a device.
 struct GeneratedCounts
@@ -128,16 +119,6 @@ const StartupSource& sourceAt(const std::vector<StartupSource>& sources, std::si
 {
     static const StartupSource unknownSource{unknown, std::nullopt, std::nullopt, std::nullopt};
     return place < sources.size() ? sources[place] : unknownSource;
-}
-
-bool isAssignObject(std::uint16_t index)
-{
-    return assignObjects.holds(index);
-}
-
-bool isMappingObject(std::uint16_t index)
-{
-    return mappingObjects.front().holds(index) || mappingObjects.back().holds(index);
 }
 
 StartupSources startupSourcesOf(struct_EtherCatDevice& device)

@@ -34,19 +34,12 @@ struct StartupSources
 [[nodiscard]] StartupSources startupSourcesOf(struct_EtherCatDevice& device);
 
 /// Sources of a device of a KTL file, which does not carry them. A CoE command of the transition PS whose object is an
-/// assign object (0x1C10 to 0x1C2F) or a mapping object (0x1600 to 0x17FF, 0x1A00 to 0x1BFF) is taken for a generated
-/// one if the device assigns or configures PDOs at all; an EoE command of IP_PS is a generated one, since no ESI text
-/// reads as that transition. All others are unknown.
+/// assign object or a mapping object is taken for a generated one if the device assigns or configures PDOs at all; an
+/// EoE command of IP_PS is a generated one, since no ESI text reads as that transition. All others are unknown.
 [[nodiscard]] StartupSources startupSourcesOf(const KtlDeviceBlock& block);
 
 /// The source of a command by its place in its list. One behind the last source is unknown: an export that cannot be
 /// read in full can seem to hold more commands than the device has.
 [[nodiscard]] const StartupSource& sourceAt(const std::vector<StartupSource>& sources, std::size_t place);
-
-/// Whether an object lists the PDOs of a sync manager.
-[[nodiscard]] bool isAssignObject(std::uint16_t index);
-
-/// Whether an object lists the entries of a PDO.
-[[nodiscard]] bool isMappingObject(std::uint16_t index);
 
 } // namespace show

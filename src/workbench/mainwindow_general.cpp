@@ -5,6 +5,7 @@
 #include "editing/deviceTypeTexts.h"
 #include "editing/moduleEdits.h"
 #include "esi/xmlCharConversion.h"
+#include "model/assignActivate.h"
 #include "model/deviceType.h"
 #include "model/version.h"
 #include "workbench/messages.h"
@@ -57,16 +58,12 @@ void MainWindow::showOperationModes(const struct_EtherCatDevice& device)
     showSyncSignals(device);
 }
 
-/// Bits 8, 9 and 10 of the assign-activate word: cyclic mode, SYNC 0 and SYNC 1.
 void MainWindow::showSyncSignals(const struct_EtherCatDevice& device)
 {
-    constexpr std::uint32_t cyclicMode = 1U << 8U;
-    constexpr std::uint32_t sync0 = 1U << 9U;
-    constexpr std::uint32_t sync1 = 1U << 10U;
     const std::uint32_t activate = device.vopmode.front().AssignActivate;
-    ui->checkBox_Dc1->setChecked((activate & cyclicMode) != 0);
-    ui->checkBox_Dc2->setChecked((activate & sync0) != 0);
-    ui->checkBox_Dc3->setChecked((activate & sync1) != 0);
+    ui->checkBox_Dc1->setChecked(isActive(activate, AssignActivateBit::CyclicMode));
+    ui->checkBox_Dc2->setChecked(isActive(activate, AssignActivateBit::Sync0));
+    ui->checkBox_Dc3->setChecked(isActive(activate, AssignActivateBit::Sync1));
 }
 
 void MainWindow::on_comboBox_DeviceType_currentIndexChanged(int index)

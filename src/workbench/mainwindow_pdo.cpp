@@ -5,6 +5,7 @@
 #include "editing/pdoEdits.h"
 #include "editing/pdoRows.h"
 #include "esi/xmlCharConversion.h"
+#include "model/objectAreas.h"
 #include "model/pdoAccess.h"
 #include "workbench/entryRows.h"
 #include "workbench/rowTexts.h"
@@ -41,13 +42,12 @@ void MainWindow::on_SyncManagerView_clicked(const QModelIndex& index)
 /// Lists the PDOs that the clicked sync manager could carry. The view only reports.
 void MainWindow::device_sm_clicked(const QModelIndex& index)
 {
-    constexpr std::uint32_t firstAssignObject = 0x1C10;
     const struct_EtherCatDevice* const device = selectedDevice();
     if (device == nullptr || !index.isValid())
         return;
     const int row = index.row();
     const struct_SM& syncManager = device->vSM.at(static_cast<std::size_t>(row));
-    ui->label_18->setText(bracketed(firstAssignObject + syncManager.SM));
+    ui->label_18->setText(bracketed(assignObjectOf(syncManager.SM)));
     removeAllRows(device_pdoassignment_model);
     forEachPdoList(*device, [&](const auto& pdos, PdoDirection /*direction*/) {
         for (const auto& pdo : pdos)

@@ -2,6 +2,7 @@
 #include "workbench/mainwindow.h"
 
 #include "editing/startupRows.h"
+#include "model/objectAreas.h"
 #include "model/startupAccess.h"
 #include "workbench/rowTexts.h"
 #include "workbench/startupeditwin.h"
@@ -17,8 +18,8 @@ namespace {
 /// the device itself.
 QBrush colourOf(const struct_moduleInitCmd& command)
 {
-    constexpr std::uint16_t assignmentOfOutputs = 0x1C12;
-    constexpr std::uint16_t assignmentOfInputs = 0x1C13;
+    constexpr std::uint16_t assignmentOfOutputs = assignObjectOf(2);
+    constexpr std::uint16_t assignmentOfInputs = assignObjectOf(3);
     const std::uint16_t index = indexOf(command);
     return index == assignmentOfOutputs || index == assignmentOfInputs ? QBrush() : colourOfModules();
 }

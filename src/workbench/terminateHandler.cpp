@@ -1,6 +1,6 @@
 #include "workbench/terminateHandler.h"
 
-#include "esi/lastWords.h"
+#include "esi/terminationReason.h"
 #include "workbench/messages.h"
 
 #include <QApplication>
@@ -23,7 +23,7 @@ bool isAnyWindowVisible()
 
 [[noreturn]] void endWithReason()
 {
-    const QString reason = lastWords();
+    const QString reason = terminationReason();
     std::cerr << reason.toStdString() << std::endl;
     if (isAnyWindowVisible()) {
         while (QGuiApplication::overrideCursor() != nullptr)

@@ -1,8 +1,8 @@
 // Loading one ESI file: how it ends, and what is in the list of files then.
 #include "esi/esiFile.h"
 #include "esi/fileBeingRead.h"
-#include "esi/lastWords.h"
 #include "esi/temporaryFile.h"
+#include "esi/terminationReason.h"
 #include "model/XMLParsing.h"
 #include "testMain.h"
 
@@ -211,7 +211,7 @@ void tst_EsiFile::unknownSyncManager()
         static_cast<void>(loaded(bad));
     } catch (const std::out_of_range& error) {
         reason = QString::fromLatin1(error.what());
-        words = lastWords();
+        words = terminationReason();
     }
     QCOMPARE(reason, QStringLiteral("vector::_M_range_check: __n (which is 4) >= this->size() (which is 1)"));
     QCOMPARE(FileBeingRead::path(), bad);

@@ -180,8 +180,8 @@ void tst_HostileCopies::inEachOther()
     const auto nested = [&](int depth) {
         return "<EtherCATInfo><Vendor/>" + start.repeated(depth) + "<Slot/>" + end.repeated(depth) + "</EtherCATInfo>";
     };
-    QVERIFY(load(nested(mostInEachOther)).status == EsiLoadStatus::Loaded);
-    for (const int depth : {mostInEachOther + 1, 400}) {
+    QVERIFY(load(nested(maxInEachOther)).status == EsiLoadStatus::Loaded);
+    for (const int depth : {maxInEachOther + 1, 400}) {
         loadOneBefore();
         const Ending ending = load(nested(depth));
         QVERIFY(ending.status == EsiLoadStatus::NotWellFormed);

@@ -18,7 +18,7 @@ private slots:
     static void deviceParents();
 };
 
-static_assert(mostNodes == 2500000 && mostDevices == 100000 && mostModules == 500000);
+static_assert(maxNodes == 2500000 && maxDevices == 100000 && maxModules == 500000);
 
 namespace {
 

@@ -171,19 +171,19 @@ void tst_XmlFileSource::documentTypeBehindABlock()
     QFETCH(int, commentSize);
     const QByteArray start = comment(commentSize) + "\n";
 
-    const Parsed within = parsed(start + referring(mostReferences));
+    const Parsed within = parsed(start + referring(maxReferences));
     QVERIFY2(within.isRead, qPrintable(within.error.message));
-    QCOMPARE(within.root().text(), QString(mostReferences, QLatin1Char('v')));
+    QCOMPARE(within.root().text(), QString(maxReferences, QLatin1Char('v')));
 
-    const Parsed beyond = parsed(start + referring(mostReferences + 1));
+    const Parsed beyond = parsed(start + referring(maxReferences + 1));
     QVERIFY(!beyond.isRead);
     QCOMPARE(beyond.error.message,
              QStringLiteral("a file that declares entities has more than 250 references to entities"));
     QCOMPARE(beyond.error.line, 3);
-    QCOMPARE(beyond.error.column, int{sizeof "<a>"} + 3 * mostReferences);
+    QCOMPARE(beyond.error.column, int{sizeof "<a>"} + 3 * maxReferences);
 
     const Parsed late = parsed(start + "<!DOCTYPE a [<!ENTITY e 'v'>]><a>" + comment(2 * blockSize)
-                               + QByteArray("&e;").repeated(mostReferences + 1) + "</a>");
+                               + QByteArray("&e;").repeated(maxReferences + 1) + "</a>");
     QVERIFY2(!late.isRead && late.error.message == beyond.error.message, "references in a later block count as well");
 
     const Parsed tooLong = parsed(start + "<!DOCTYPE a [" + QByteArray(2 * blockSize, ' ') + "]><a/>");

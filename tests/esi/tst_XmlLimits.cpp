@@ -38,8 +38,8 @@ private slots:
     static void largestFile();
 };
 
-static_assert(largestXmlFile == 268435456 && deepestNesting == 1000 && mostAttributes == 100 && mostPrefixes == 16);
-static_assert(longestDocumentType == 4096 && mostNestedReferences == 4 && mostReferences == 250);
+static_assert(maxXmlFileBytes == 268435456 && maxNesting == 1000 && maxAttributes == 100 && maxPrefixes == 16);
+static_assert(maxDocumentTypeLength == 4096 && maxNestedReferences == 4 && maxReferences == 250);
 
 namespace {
 
@@ -372,7 +372,7 @@ void tst_XmlLimits::largestFile()
     const QTemporaryDir folder;
     QFile file(writeFile(folder, QStringLiteral("large.xml"), "<a/>"));
     QVERIFY(file.open(QIODevice::ReadWrite | QIODevice::Text));
-    QVERIFY(file.resize(qint64{largestXmlFile} + 1));
+    QVERIFY(file.resize(qint64{maxXmlFileBytes} + 1));
     QDomDocument document;
     XmlFormatError error;
     QVERIFY(!parseXml(file, document, error));

@@ -104,7 +104,7 @@ public:
         : m_modules(file)
     {}
 
-    [[nodiscard]] bool isWithinLimit() const { return m_bytes <= mostCopiedBytes; }
+    [[nodiscard]] bool isWithinLimit() const { return m_bytes <= maxCopiedBytes; }
 
     void add(const struct_EtherCatDevice& device)
     {

@@ -6,7 +6,7 @@
 #include <cstdint>
 
 /// Number of drive axes: without slot groups the number of slots, low 16 bits; with slot groups the highest number of a
-/// group that has a slot named with "Axis", plus 1, in 16 bits (group 65535 gives 0, and a later slot counts anew). A
+/// group that has a slot named with "Axis", plus 1, in 16 bits (group 65535 gives 0, and a later slot counts again). A
 /// slot in a group without "Axis" in its name does not count.
 [[nodiscard]] std::uint16_t driveAxesOf(const DeviceSlots& deviceSlots);
 

@@ -2,6 +2,7 @@
 
 #include "esi/derivation/moduleInSlot.h"
 #include "model/deviceType.h"
+#include "model/profileNumbers.h"
 
 #include <cstdint>
 #include <utility>
@@ -14,7 +15,6 @@ namespace {
 /// tst_SlotModuleDefaults::typeChangesDuringThePass.
 void countAxis(struct_EtherCatDevice& device, const struct_module& module)
 {
-    constexpr std::uint32_t driveProfile = 402;
     if (module.m_profileNO == driveProfile)
         device.m_iDeviceType = KTL_DEVICE_TYPE_MultiDriver;
     if (device.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver)
@@ -30,10 +30,10 @@ void fillSlot(struct_EtherCatDevice& device, struct_Slot& slot, std::uint16_t sl
         const struct_module* const module = modules.find(ident.ModuleIdent);
         if (module == nullptr)
             continue;
-        struct_slotmodule standing;
-        standing.Instances = slotNumber;
-        copyModule(*module, standing.module);
-        slot.slotmodule.push_back(std::move(standing));
+        struct_slotmodule placed;
+        placed.Instances = slotNumber;
+        copyModule(*module, placed.module);
+        slot.slotmodule.push_back(std::move(placed));
         bringIntoDevice(device, slot, *module, slotNumber);
         countAxis(device, *module);
     }

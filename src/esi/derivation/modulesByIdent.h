@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/deviceRecords.h"
+#include "model/moduleAccess.h"
 
 #include <cstdint>
 #include <unordered_map>
@@ -12,9 +13,9 @@ class ModulesByIdent
 public:
     explicit ModulesByIdent(const struct_FilenameDevice& file)
     {
-        for (const struct_commentmodule& group : file.vcommentmodule)
-            for (const struct_module& module : group.vmodule)
-                m_modules.emplace(module.TypeAttributes.ModuleIdent, &module);
+        forEachModule(file, [this](const struct_module& module) {
+            m_modules.emplace(module.TypeAttributes.ModuleIdent, &module);
+        });
     }
 
     /// Null if there is none; valid as long as the modules of the file.
@@ -28,7 +29,7 @@ private:
     std::unordered_map<std::uint32_t, const struct_module*> m_modules;
 };
 
-/// Whether the module of an ident stands in a slot from the start. Of several such idents all do.
+/// Whether the module of an ident is in a slot from the start. Of several such idents all are.
 [[nodiscard]] inline bool isDefaultOf(const struct_Slot& slot, const struct_ModuleIdent& ident)
 {
     return ident.Attributes.Default != 0 && slot.Attributes.MaxInstances != 0;

@@ -22,8 +22,7 @@ struct_EntryPDOContent sampleEntry(const struct_EntryPDOContent& declared, std::
 struct_PDOList sampleOf(const struct_PDOList& declared, std::uint16_t sample)
 {
     constexpr std::uint16_t lastAssignedSample = 9;
-    const std::uint32_t steps =
-        static_cast<std::uint32_t>(sample) - 1U; // sample 0 stands one step before the declared PDO
+    const std::uint32_t steps = static_cast<std::uint32_t>(sample) - 1U; // sample 0 is one step before the declared PDO
 
     struct_PDOList pdo;
     pdo.Name = declared.Name + ' ' + std::to_string(static_cast<int>(sample) - 1);
@@ -43,9 +42,9 @@ struct_PDOList sampleOf(const struct_PDOList& declared, std::uint16_t sample)
     return pdo;
 }
 
-/// Replaces the PDO at `place` by its samples. The first one takes its place; the others stand in a row from as many
-/// places behind it as the first sample's number says, or at the end of a list that is not that long. With a range from
-/// 1 all samples thus follow one another; with one from 0 the others come first.
+/// Replaces the PDO at `place` by its samples. The first one takes its place; the others follow in a row, as many
+/// places further on as the first sample's number says, or at the end of a shorter list. With a range from 1 all
+/// samples thus follow one another; with one from 0 the others come first.
 void expandAt(std::list<struct_PDOList>& pdos, std::list<struct_PDOList>::iterator place)
 {
     const struct_PDOList declared = std::move(*place);
@@ -53,11 +52,11 @@ void expandAt(std::list<struct_PDOList>& pdos, std::list<struct_PDOList>::iterat
     *place = sampleOf(declared, range.first);
     if (range.last <= static_cast<int>(range.first))
         return;
-    auto behind = place;
-    for (int step = 0; step < static_cast<int>(range.first) && behind != pdos.end(); ++step)
-        ++behind;
+    auto target = place;
+    for (int step = 0; step < static_cast<int>(range.first) && target != pdos.end(); ++step)
+        ++target;
     for (int sample = range.first + 1; sample <= range.last; ++sample)
-        pdos.insert(behind, sampleOf(declared, static_cast<std::uint16_t>(sample)));
+        pdos.insert(target, sampleOf(declared, static_cast<std::uint16_t>(sample)));
 }
 
 void expandSamples(std::vector<struct_PDOList>& declared)

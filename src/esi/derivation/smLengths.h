@@ -8,7 +8,7 @@
 /// @throws std::out_of_range if a PDO names a sync manager that the device does not declare
 void computeLengths(struct_EtherCatDevice& device);
 
-/// Computes the length of each sync manager that is no mailbox anew, from the PDOs that are assigned to it now, those
+/// Computes the length of each sync manager that is no mailbox again, from the PDOs that are assigned to it now, those
 /// of modules too. Only PDOs of the sync manager's own direction count.
 /// @throws std::out_of_range if a PDO names a sync manager that the device does not declare
 void updateProcessDataLengths(struct_EtherCatDevice& device);

@@ -1,5 +1,6 @@
 #include "esi/derivation/startupCommands.h"
 
+#include "model/objectAreas.h"
 #include "model/pdoAccess.h"
 #include "model/startupAccess.h"
 #include "model/syncDirection.h"
@@ -16,10 +17,9 @@
 
 namespace {
 
-constexpr std::uint16_t firstAssignObject = 0x1C10; // assign object of sync manager 0
 constexpr std::uint16_t bytesPerValue = 4;
 
-/// How the data of a command stands in its text.
+/// How the text of a command shows its data.
 enum class DataText
 {
     Bare, ///< the number alone
@@ -55,7 +55,7 @@ Command plainCommand(std::uint16_t index, std::size_t subIndex, std::uint16_t da
     return command;
 }
 
-/// One command that writes a whole object. The count that goes ahead of the values stands in the text only.
+/// One command that writes a whole object. The count that precedes the values is in the text only.
 template<typename Command>
 Command completeAccessCommand(std::uint16_t index, std::uint32_t count, std::uint16_t dataBytes,
                               std::vector<unsigned int>&& values, const char* comment)
@@ -140,18 +140,13 @@ void appendMapping(std::vector<Command>& commands, const Pdo& pdo, bool complete
         appendSingleMappings(commands, pdo, texts);
 }
 
-std::uint16_t assignObjectOf(const struct_SM& syncManager)
-{
-    return static_cast<std::uint16_t>(firstAssignObject + syncManager.SM);
-}
-
 /// Clears the assign object of each sync manager that carries process data. A complete access needs no clearing.
 void appendClearedAssignments(struct_EtherCatDevice& device)
 {
     for (const struct_SM& syncManager : device.vSM)
         if (carriesProcessData(syncManager.Smtype) && syncManager.Attributes.m_Virtual == 0)
             device.Mailbox.COE.InitCmd.vinitcmd.push_back(plainCommand<struct_InitCmd>(
-                assignObjectOf(syncManager), 0, 1, 0, DataText::WithBlank, deviceMappingTexts.clear));
+                assignObjectOf(syncManager.SM), 0, 1, 0, DataText::WithBlank, deviceMappingTexts.clear));
 }
 
 void appendDeviceMappings(struct_EtherCatDevice& device, const std::vector<struct_PDOList>& pdos)
@@ -221,19 +216,19 @@ private:
 };
 
 /// Assigns the PDOs of a sync manager by one complete access, also when there are none.
-/// ODD, KEPT: PDOs of fixed content are left out here, where one would expect them as in the single commands. Pinned by
-/// tst_StartupAssignment::fixedPdos.
-/// ODD, KEPT: its comment speaks of the entries of a module's PDO, although it writes an assign object. One would
-/// expect a comment of its own. Pinned by tst_StartupAssignment::completeAccess.
 struct_moduleInitCmd wholeAssignment(const std::vector<AssignedPdo>& pdos, const struct_SM& syncManager)
 {
     std::vector<unsigned int> indexes;
+    // ODD, KEPT: PDOs of fixed content are left out here, where one would expect them as in the single commands. Pinned
+    // by tst_StartupAssignment::fixedPdos.
     for (const AssignedPdo& pdo : pdos)
         if (!pdo.isFixed)
             indexes.push_back(pdo.index);
     const auto count = static_cast<std::uint32_t>(indexes.size());
     const auto dataBytes = static_cast<std::uint16_t>(count * bytesPerValue);
-    return completeAccessCommand<struct_moduleInitCmd>(assignObjectOf(syncManager), count, dataBytes,
+    // ODD, KEPT: the comment speaks of the entries of a module's PDO, although this writes an assign object. One would
+    // expect a comment of its own. Pinned by tst_StartupAssignment::completeAccess.
+    return completeAccessCommand<struct_moduleInitCmd>(assignObjectOf(syncManager.SM), count, dataBytes,
                                                        std::move(indexes), moduleMappingTexts.whole);
 }
 
@@ -242,7 +237,7 @@ void appendSingleAssignments(std::vector<struct_moduleInitCmd>& commands, const 
                              const struct_SM& syncManager)
 {
     constexpr std::uint16_t bytesPerPdo = 2;
-    const std::uint16_t assignObject = assignObjectOf(syncManager);
+    const std::uint16_t assignObject = assignObjectOf(syncManager.SM);
     std::uint32_t number = 0;
     for (const AssignedPdo& pdo : pdos)
         commands.push_back(plainCommand<struct_moduleInitCmd>(assignObject, ++number, bytesPerPdo, pdo.index,

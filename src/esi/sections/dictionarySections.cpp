@@ -2,6 +2,7 @@
 #include "esi/fieldRules.h"
 #include "esi/storeField.h"
 #include "esi/xmlparsing.h"
+#include "model/dataTypeNames.h"
 
 #include <array>
 #include <string>
@@ -82,13 +83,13 @@ const std::array dataTypeRules{
 // ---- Objects ----
 
 /// Default of an object or of one of its sub-items.
-/// ODD, KEPT: the type of the object decides, as far as it is known by now, where one would expect a sub-item's own
-/// type. So a sub-item of a string type in a record is a number, and so is every default that comes before the type of
-/// its object. Pinned by tst_Objects::defaultData and tst_Objects::subItemDefault.
-/// @param typeOfObject  `Type` of the object as read so far
+/// ODD, KEPT: the type of the object decides, as far as read, where one would expect a sub-item's own. So a string in a
+/// record is a number, and so is a default before the type of its object. Pinned by tst_Objects::defaultData and
+/// tst_Objects::subItemDefault.
+/// @param typeOfObject  as read so far
 void storeDefault(struct_ObjectInfo& to, const QString& value, const std::string& typeOfObject)
 {
-    if (typeOfObject.find("STRING") != std::string::npos)
+    if (isStringType(typeOfObject))
         to.DefaultString = utf8Of(value);
     else
         to.DefaultValue = toUintFromBytes(value);

@@ -99,7 +99,7 @@ void readMailbox(struct_module& module, const QDomElement& element)
     });
 }
 
-// ---- Profile: the number stands directly in it; the channels of a modular drive are those of its device ----
+// ---- Profile: the number is directly in it; the channels of a modular drive are those of its device ----
 
 const std::array dictionaryRules{
     ElementRule<struct_module>{QLatin1String("DataTypes"), bySection<read_device_moduleDataTypes>},

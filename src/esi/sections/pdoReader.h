@@ -1,5 +1,5 @@
-// pdoReader.h - how a PDO of a device and a PDO of a module are read alike. What differs stands in the tables of rules
-// that the two sections bring along: names of attributes, the attributes of an index, which names may be empty.
+// pdoReader.h - how a PDO of a device and a PDO of a module are read alike. What differs is in the tables of rules of
+// the two sections: names of attributes, the attributes of an index, which names may be empty.
 #pragma once
 
 #include "esi/fieldRules.h"
@@ -32,7 +32,7 @@ template<auto Read, typename Record> void recordFromElement(BeingRead<Record>& t
     Read(to.record, element);
 }
 
-/// Stores the length of an entry and counts it for the PDO; a length that stands twice counts twice.
+/// Stores the length of an entry and counts it for the PDO; a length that occurs twice counts twice.
 template<auto BitLength> void storeBitLength(BeingRead<RecordOf<BitLength>>& to, const QString& value)
 {
     storeUint<BitLength>(to.record, value);

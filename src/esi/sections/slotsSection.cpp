@@ -35,8 +35,8 @@ const std::array slotsRules{
 
 void storeMaxInstances(SlotAttributes& to, const QString& value)
 {
-    constexpr std::uint32_t mostInstances = 16; // places per slot that the controller can hold
-    to.MaxInstances = std::min(toUint(value), mostInstances);
+    constexpr std::uint32_t maxInstances = 16; // places per slot that the controller can hold
+    to.MaxInstances = std::min(toUint(value), maxInstances);
 }
 
 const std::array slotRules{
@@ -96,7 +96,7 @@ struct_Slot slotFrom(const QDomElement& element, const SlotsAttributes& defaults
     return slot;
 }
 
-/// Tails that the slots of each group get behind their names, by group number.
+/// What the names of the slots of each group end with, by group number.
 using GroupTails = std::unordered_map<std::int32_t, std::string>;
 
 void addTail(GroupTails& tails, const QDomElement& groupData)
@@ -114,7 +114,7 @@ void nameSlotsByGroup(std::vector<struct_Slot>& allSlots, const std::vector<QDom
     GroupTails tails;
     for (const QDomElement& group : groups)
         addTail(tails, group);
-    if (tails.empty()) // or a device with many lists of slots would go through all its slots for each
+    if (tails.empty()) // else a device with many lists of slots would go through all its slots for each
         return;
     for (struct_Slot& slot : allSlots)
         if (const auto tail = tails.find(slot.Attributes.m_SlotGroup); tail != tails.end())
@@ -123,7 +123,7 @@ void nameSlotsByGroup(std::vector<struct_Slot>& allSlots, const std::vector<QDom
 
 void readSlots(const QDomElement& element, DeviceSlots& deviceSlots)
 {
-    // A second `Slots` element starts its increments anew; the other attributes keep what the first one said.
+    // A second `Slots` element starts its increments again from 0; the other attributes keep what the first one said.
     deviceSlots.Attributes.SlotIndexIncrement = 0;
     deviceSlots.Attributes.SlotPdoIncrement = 0;
     deviceSlots.Attributes.m_SlotGroupIndexIncrement = 0;

@@ -1,5 +1,6 @@
 #include "esi/xml/boundedXmlReader.h"
 
+#include "esi/xml/documentTypeLimit.h"
 #include "esi/xml/groupNameCount.h"
 #include "esi/xml/xmlFileSource.h"
 #include "esi/xml/xmlLimits.h"
@@ -63,7 +64,7 @@ public:
     bool startPrefixMapping(const QString& prefix, const QString& uri) override
     {
         m_prefixes.insert(prefix);
-        return holds(m_prefixes.size() <= mostPrefixes, "the file has more than %1 namespace prefixes", mostPrefixes)
+        return holds(m_prefixes.size() <= maxPrefixes, "the file has more than %1 namespace prefixes", maxPrefixes)
                && m_builder->startPrefixMapping(prefix, uri);
     }
     bool endPrefixMapping(const QString& prefix) override { return m_builder->endPrefixMapping(prefix); }
@@ -71,9 +72,9 @@ public:
                       const QXmlAttributes& attributes) override
     {
         m_depth += 1;
-        return holds(m_depth <= deepestNesting, "elements are nested deeper than %1", deepestNesting)
-               && holds(attributes.count() <= mostAttributes, "an element has more than %1 attributes", mostAttributes)
-               && multipliesLittle(localName) && standsInFewDevices(localName) && hasRoomFor(1 + attributes.count())
+        return holds(m_depth <= maxNesting, "elements are nested deeper than %1", maxNesting)
+               && holds(attributes.count() <= maxAttributes, "an element has more than %1 attributes", maxAttributes)
+               && multipliesLittle(localName) && isInFewDevices(localName) && hasRoomFor(1 + attributes.count())
                && m_builder->startElement(namespaceUri, localName, qualifiedName, attributes);
     }
     bool endElement(const QString& namespaceUri, const QString& localName, const QString& qualifiedName) override
@@ -124,7 +125,7 @@ public:
     [[nodiscard]] bool sawSkippedEntity() const { return m_sawSkippedEntity; }
 
 private:
-    /// Whether an element that begins stands in few of those that count its content for themselves.
+    /// Whether an element that begins is in few of those that each count its content.
     bool multipliesLittle(const QString& name)
     {
         if (m_slots.open() > 0)
@@ -135,10 +136,10 @@ private:
             if (m_devices.open() == 1)
                 m_groupNames.enterDevice();
         }
-        return holds(m_devices.open() <= mostInEachOther, "more than %1 devices stand in each other", mostInEachOther)
-               && holds(m_slots.open() <= mostInEachOther, "more than %1 lists of slots stand in each other",
-                        mostInEachOther)
-               && holds(m_deviceCount <= mostDevices, "the file has more than %1 devices", mostDevices)
+        return holds(m_devices.open() <= maxInEachOther, "more than %1 devices stand in each other", maxInEachOther)
+               && holds(m_slots.open() <= maxInEachOther, "more than %1 lists of slots stand in each other",
+                        maxInEachOther)
+               && holds(m_deviceCount <= maxDevices, "the file has more than %1 devices", maxDevices)
                && hasRoomForModule(name) && hasRoomForGroupNames();
     }
     bool hasRoomForGroupNames()
@@ -150,11 +151,11 @@ private:
 
     /// As the walk over the document asks for the parents of sections.
     static bool mayHoldSections(const QString& name) { return name.contains(QLatin1String("Device")); }
-    bool standsInFewDevices(const QString& name)
+    bool isInFewDevices(const QString& name)
     {
         m_deviceParents += mayHoldSections(name) ? 1 : 0;
-        return holds(m_deviceParents <= mostDeviceParents,
-                     "more than %1 elements with \"Device\" in their names stand in each other", mostDeviceParents);
+        return holds(m_deviceParents <= maxDeviceParents,
+                     "more than %1 elements with \"Device\" in their names stand in each other", maxDeviceParents);
     }
 
     /// Counts elements directly in lists of modules: whatever their name, they may be read as modules.
@@ -164,19 +165,19 @@ private:
             m_modules += 1;
         if (isNamed(name, QLatin1String("Modules")))
             m_moduleLists.push_back(m_depth);
-        return holds(m_modules <= mostModules, "the file has more than %1 modules", mostModules);
+        return holds(m_modules <= maxModules, "the file has more than %1 modules", maxModules);
     }
 
-    /// Counts nodes that are about to be built, once for each element around them that reads its content for itself.
+    /// Counts nodes that are about to be built, once for each element around them that reads its content.
     bool hasRoomFor(int nodes)
     {
         m_nodes += nodes * readers();
-        return holds(m_nodes <= mostNodes, "the file has more than %1 elements, attributes and comments", mostNodes);
+        return holds(m_nodes <= maxNodes, "the file has more than %1 elements, attributes and comments", maxNodes);
     }
     bool hasRoomForText()
     {
         m_texts += readers();
-        return holds(m_texts <= mostNodes, "the file has more than %1 texts", mostNodes);
+        return holds(m_texts <= maxNodes, "the file has more than %1 texts", maxNodes);
     }
     [[nodiscard]] int readers() const { return std::max(1, m_devices.open()) * std::max(1, m_slots.open()); }
 
@@ -246,7 +247,7 @@ bool parseAgain(QFile& file, const QString& beginning, QDomDocument& document, X
 
 XmlFormatError tooLargeError()
 {
-    return {QStringLiteral("the file is larger than %1 bytes").arg(largestXmlFile), 1, 1};
+    return {QStringLiteral("the file is larger than %1 bytes").arg(maxXmlFileBytes), 1, 1};
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// boundedXmlReader.h - parses an XML file into a document, but not one that goes beyond all sense.
+// boundedXmlReader.h - parses an XML file into a document, within the limits.
 #pragma once
 
 #include "esi/xml/xmlFormatError.h"
@@ -6,9 +6,9 @@
 class QDomDocument;
 class QFile;
 
-/// Parses an open file into `document`, with namespace processing on: tags and attributes have their local names.
-/// Comments are kept, and line ends inside texts stay as they stand in the file: its text mode is switched off. Nothing
-/// but the file is ever read; an external entity stays empty.
+/// Parses an open file into `document`, with namespace processing on: tags and attributes have local names. Comments
+/// and line ends inside texts are kept: text mode is switched off. Nothing but the file is read; an external entity
+/// stays empty.
 /// @param error  set on failure
 /// @return       false if the file is not well-formed, or goes beyond a limit of `xmlLimits.h`
 [[nodiscard]] bool parseXml(QFile& file, QDomDocument& document, XmlFormatError& error);

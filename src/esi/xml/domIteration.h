@@ -29,7 +29,7 @@ template<typename Visitor> void forEachChildElement(const QDomElement& parent, Q
 }
 
 /// Walks all elements under `root`, at any depth and in document order: `enter(element, depth)` before what is under
-/// it, `leave(depth)` behind that; the children of `root` are at depth 1. It does not recurse, so the depth of the
+/// it, `leave(depth)` after it; the children of `root` are at depth 1. It does not recurse, so the depth of the
 /// document costs no stack.
 template<typename Enter, typename Leave> void walkElements(const QDomElement& root, Enter enter, Leave leave)
 {

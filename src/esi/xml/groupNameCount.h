@@ -6,18 +6,18 @@
 #include <vector>
 
 /// Adds up what the names of the slot groups of each device would add to the names of its slots: the characters of all
-/// names, times the number of its slots. Which slot is of which group is not asked, so it is the most that can come.
-/// What is in several elements that read it counts for each of them.
+/// names times the number of slots, whichever slot is in which group, so it is an upper bound. What several elements
+/// read counts for each of them.
 class GroupNameCount
 {
 public:
-    /// To be called for a device that is in no other one: its slots and names are counted for themselves.
+    /// To be called for a device that is in no other one: its slots and names are counted separately.
     void enterDevice();
 
-    /// To be called for each element inside of a list of slots.
+    /// To be called for each element in a list of slots.
     /// @param name     its local name
     /// @param depth    of the element in the file
-    /// @param readers  elements around it that each read it for themselves
+    /// @param readers  elements around it that each read it
     void enter(const QString& name, int depth, int readers);
     void leave(int depth);
 

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// First bytes that tell the encoding of a file.
+/// First bytes that reveal the encoding of a file.
 struct Opening
 {
     QByteArray bytes;
@@ -37,7 +37,7 @@ const QTextCodec* declaredCodec(const QByteArray& bytes)
 {
     static const QRegularExpression declaration(QStringLiteral(R"(^<\?xml\s[^>]*?\bencoding\s*=\s*["']([^"'>]*)["'])"));
     const QRegularExpressionMatch match =
-        declaration.match(QString::fromLatin1(bytes.left(XmlDecoder::longestDeclaration)));
+        declaration.match(QString::fromLatin1(bytes.left(XmlDecoder::maxDeclarationBytes)));
     if (!match.hasMatch())
         return nullptr;
     const QTextCodec* codec = QTextCodec::codecForName(match.captured(1).toLatin1());
@@ -58,6 +58,9 @@ bool cutAtNonCharacter(QString& text)
 
 } // namespace
 
+// A mark counts for more than the declaration: makers of devices ship files that were saved again under an old
+// declaration. An encoding that is unknown, or in which the declaration itself would not read as it does ("UTF-16" in a
+// file of single bytes), is passed over.
 XmlDecoder::XmlDecoder(const QByteArray& start)
     : m_state(QTextCodec::IgnoreHeader) // the mark is left out here, so the codec need not look for one
 {

@@ -5,24 +5,20 @@
 #include <QString>
 #include <QTextCodec>
 
-/// Decodes the bytes of an XML file, as many at a time as its user likes.
-/// The encoding is told by the byte order mark, or else by a first "<" of two or four bytes, or else by the
-/// declaration, or else it is UTF-8. A mark counts for more than the declaration: makers of devices ship files that
-/// were saved anew under an old declaration. An encoding that is unknown, or in which the declaration itself would not
-/// read as it does ("UTF-16" in a file of single bytes), is passed over.
+/// Decodes the bytes of an XML file, any number at a time. The byte order mark decides on the encoding, or else a first
+/// "<" of two or four bytes, or else the declaration, or else it is UTF-8.
 class XmlDecoder
 {
 public:
     /// The bytes that may have to be known at the start: far more than mark and declaration take.
-    static constexpr int longestDeclaration = 1024;
+    static constexpr int maxDeclarationBytes = 1024;
 
-    /// @param start  the first bytes of the file, `longestDeclaration` of them or all; they are not decoded yet
+    /// @param start  the first bytes of the file, `maxDeclarationBytes` of them or all; they are not decoded yet
     explicit XmlDecoder(const QByteArray& start);
 
-    /// Decodes the bytes behind those of the call before; the first call takes those at the start of the file.
-    /// @return  their text without the mark; an invalid byte becomes U+FFFD. A character whose bytes are not all there
-    ///          comes with the next call. The whole text ends before the first U+FFFE or U+FFFF: these are no
-    ///          characters, and the parser takes them for the end of its input
+    /// Decodes the bytes after those of the last call, first those at the start. The text ends before
+    /// the first U+FFFE or U+FFFF: these are no characters, and the parser takes them for the end of its input.
+    /// @return  the text without the mark; an invalid byte becomes U+FFFD, a part of a character waits for its rest
     [[nodiscard]] QString decode(const QByteArray& bytes);
 
 private:

@@ -1,5 +1,6 @@
 #include "esi/xml/xmlFileSource.h"
 
+#include "esi/xml/documentTypeLimit.h"
 #include "esi/xml/xmlLimits.h"
 
 #include <QByteArray>
@@ -54,7 +55,7 @@ QString XmlFileSource::readBeginning()
 
 bool XmlFileSource::isTooLarge() const
 {
-    return m_bytesRead > largestXmlFile || m_file.size() > largestXmlFile;
+    return m_bytesRead > maxXmlFileBytes || m_file.size() > maxXmlFileBytes;
 }
 
 QString XmlFileSource::nextText()

@@ -10,18 +10,18 @@
 
 class QFile;
 
-// The parser that reads from here is marked as outdated; `boundedXmlReader.cpp` tells why it stays in use.
+// The parser that reads from here is marked as outdated; `boundedXmlReader.cpp` says why it stays in use.
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_DEPRECATED
 
 /// Hands a file to the parser block by block: its whole text would take a fifth of the memory of its tree, at the time
-/// when that is largest. Line ends stay as they stand in the file: its text mode is switched off.
+/// when that is largest. Line ends stay as they are in the file: its text mode is switched off.
 class XmlFileSource final : public QXmlInputSource
 {
 public:
     /// Bytes of a file that are read at a time: a read takes memory for all that it asks for, so it asks for little.
     static constexpr int blockSize = 65536;
-    static_assert(XmlDecoder::longestDeclaration <= blockSize);
+    static_assert(XmlDecoder::maxDeclarationBytes <= blockSize);
 
     /// @param file  open for reading, at its start; must outlive the source
     explicit XmlFileSource(QFile& file);
@@ -29,13 +29,13 @@ public:
     /// Reads on and makes what was read the next input of the parser.
     void fetchData() override;
 
-    /// Reads the beginning of the file, so much of it that the limits for document types can be told by it, and makes
-    /// it the input of the parser. A file that cannot be read twice is read whole.
+    /// Reads as much of the file as it takes to hold it against the limits for document types, and makes that the input
+    /// of the parser. A file that cannot be read twice is read whole.
     /// @return  the beginning; of a file that is too large it may be any part
     [[nodiscard]] QString readBeginning();
 
     /// Whether more bytes were there than a file may have; the parser got a part of them. The size is that of what is
-    /// read, since a device or pipe does not tell its own.
+    /// read, since a device or pipe does not say its own.
     [[nodiscard]] bool isTooLarge() const;
 
 private:

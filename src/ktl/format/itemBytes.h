@@ -8,7 +8,7 @@
 #include <type_traits>
 #include <vector>
 
-/// The bytes of one item, head included. They belong to somebody else and must outlive this.
+/// The bytes of one item, head included. They belong to the caller and must outlive this.
 class ItemBytes
 {
 public:
@@ -30,14 +30,14 @@ public:
         return record;
     }
 
-    /// Number of records behind a head, `count` of them at most: a record of which no byte is there does not count.
+    /// Number of records after a head, `count` of them at most: a record of which no byte is there does not count.
     template<typename Record> [[nodiscard]] std::size_t recordCount(std::size_t headSize, std::size_t count) const
     {
         const std::size_t room = m_size > headSize ? m_size - headSize : 0;
         return std::min(count, (room + sizeof(Record) - 1) / sizeof(Record));
     }
 
-    /// Appends what is made of each record behind a head, in their order.
+    /// Appends what is made of each record after a head, in their order.
     /// @param count   of records at most, see `recordCount`
     /// @param makeOf  `makeOf(record, index)` gives the element
     template<typename Record, typename Element, typename MakeOf>
@@ -45,7 +45,7 @@ public:
     {
         const std::size_t records = recordCount<Record>(headSize, count);
         if (to.empty())
-            to.reserve(records); // not behind others: many short items would move them again and again
+            to.reserve(records); // not after others: many short items would move them again and again
         for (std::size_t index = 0; index < records; ++index)
             to.push_back(makeOf(at<Record>(headSize + index * sizeof(Record)), index));
     }

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
-// Fields lie in the file exactly as they lie here: packed, little-endian, at the offsets of the comments. The
-// one-element array at the end of a record stands for the records that follow its head in the file.
+// Fields are in the file exactly as they are here: packed, little-endian, at the offsets of the comments. The
+// one-element array at the end of a record is a placeholder for the records that follow its head in the file.
 #pragma pack(push, 1)
 
 /// The first eight bytes of every item.
@@ -94,7 +94,7 @@ struct struct_KTL_FmmuType
     std::uint32_t m_iItemType; ///< offset 0, KTL_ITEM_FMMU
     std::uint32_t m_iSize; ///< offset 4, bytes, head included: 12 + 8n
     std::uint32_t m_iCount; ///< offset 8, n, number of FMMUs
-    struct_KTL_FmmuAttributes m_aStrKTL_FmmuAttrb[1]; ///< offset 12, stands for the records that follow the head
+    struct_KTL_FmmuAttributes m_aStrKTL_FmmuAttrb[1]; ///< offset 12, placeholder for the records that follow the head
 };
 static_assert(sizeof(struct_KTL_FmmuType) == 20);
 static_assert(offsetof(struct_KTL_FmmuType, m_iSize) == 4);
@@ -124,7 +124,7 @@ struct struct_KTL_SmType
     std::uint32_t m_iItemType; ///< offset 0, KTL_ITEM_SM
     std::uint32_t m_iSize; ///< offset 4, bytes, head included: 12 + 16n
     std::uint32_t m_iCount; ///< offset 8, n, number of sync managers
-    struct_KTL_SmAttributes m_aStrKTL_SmAttrb[1]; ///< offset 12, stands for the records that follow the head
+    struct_KTL_SmAttributes m_aStrKTL_SmAttrb[1]; ///< offset 12, placeholder for the records that follow the head
 };
 static_assert(sizeof(struct_KTL_SmType) == 28);
 static_assert(offsetof(struct_KTL_SmType, m_iSize) == 4);
@@ -146,7 +146,7 @@ struct struct_KTL_DcType
     std::uint32_t m_iItemType; ///< offset 0, KTL_ITEM_DC
     std::uint32_t m_iSize; ///< offset 4, bytes, head included: 12 + 28n
     std::uint32_t m_iCount; ///< offset 8, n, number of modes
-    struct_KTL_DcAttributes m_aStrKTL_DcAttrb[1]; ///< offset 12, stands for the records that follow the head
+    struct_KTL_DcAttributes m_aStrKTL_DcAttrb[1]; ///< offset 12, placeholder for the records that follow the head
 };
 static_assert(sizeof(struct_KTL_DcType) == 40);
 static_assert(offsetof(struct_KTL_DcType, m_iSize) == 4);
@@ -183,7 +183,8 @@ struct struct_KTL_PDOListType
     std::uint16_t IndexAttributes; ///< offset 20, PDO index
     std::uint16_t m_rev; ///< offset 22, reserved, 0
     std::uint32_t m_iCount; ///< offset 24, n, number of entries
-    struct_KTL_EntryPDOContent m_aStrKTL_EntryPDOContent[1]; ///< offset 28, stands for the records that follow the head
+    struct_KTL_EntryPDOContent
+        m_aStrKTL_EntryPDOContent[1]; ///< offset 28, placeholder for the records that follow the head
 };
 static_assert(sizeof(struct_KTL_PDOListType) == 48);
 static_assert(offsetof(struct_KTL_PDOListType, m_iSize) == 4);
@@ -223,7 +224,7 @@ struct struct_KTL_EOE
     std::uint8_t m_bMAC; ///< offset 9, 0 or 1
     std::uint8_t m_bTimeStamp; ///< offset 10, reserved, 0
     std::uint8_t m_iInitCmdCount; ///< offset 11, n, low 8 bits of the number of commands
-    struct_KTL_InitCmd m_aInitCmd[1]; ///< offset 12, stands for the records that follow the head
+    struct_KTL_InitCmd m_aInitCmd[1]; ///< offset 12, placeholder for the records that follow the head
 };
 static_assert(sizeof(struct_KTL_EOE) == 24);
 static_assert(offsetof(struct_KTL_EOE, m_iSize) == 4);
@@ -246,7 +247,7 @@ struct struct_KTL_COE
     std::uint8_t m_bCompleteAccess; ///< offset 13, 0 or 1
     std::uint8_t m_bDiagHistory; ///< offset 14, 0 or 1
     std::uint8_t m_iInitCmdCount; ///< offset 15, c, number of commands; 255 means count them from m_iSize
-    struct_KTL_InitCmd m_aInitCmd[1]; ///< offset 16, stands for the records that follow the head
+    struct_KTL_InitCmd m_aInitCmd[1]; ///< offset 16, placeholder for the records that follow the head
 };
 static_assert(sizeof(struct_KTL_COE) == 28);
 static_assert(offsetof(struct_KTL_COE, m_iSize) == 4);
@@ -282,7 +283,7 @@ struct struct_KTL_DeviceMoreInfo
     std::uint32_t m_iTime; ///< offset 12, hour * 10000 + minute * 100 + second
     std::uint32_t m_iVersion; ///< offset 16, format version, see version.h
     std::uint32_t m_iCount; ///< offset 20, reserved, 0
-    char m_aStrChar[1]; ///< offset 24, stands for the records that follow the head
+    char m_aStrChar[1]; ///< offset 24, placeholder for the records that follow the head
 };
 static_assert(sizeof(struct_KTL_DeviceMoreInfo) == 25);
 static_assert(offsetof(struct_KTL_DeviceMoreInfo, m_iSize) == 4);

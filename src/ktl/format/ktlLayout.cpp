@@ -1,6 +1,7 @@
 #include "ktl/format/ktlLayout.h"
 
 #include "ktl/format/coeCommandCount.h"
+#include "ktl/format/headSize.h"
 #include "ktl/format/ktlFormat.h"
 
 #include <algorithm>
@@ -315,7 +316,7 @@ constexpr KtlItemLayout fixedItem(std::uint32_t type, const char* name, const st
     return {type, name, KtlFields(head), KtlFields(), noRecords, KtlTail::Nothing};
 }
 
-/// A code that is reserved: there is no layout behind the head.
+/// A code that is reserved: there is no layout after the head.
 constexpr KtlItemLayout reservedItem(std::uint32_t type, const char* name)
 {
     return {type, name, KtlFields(itemHead), KtlFields(), noRecords, KtlTail::Words};

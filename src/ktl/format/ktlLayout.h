@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 
-/// What the number in a field stands for.
+/// What the number in a field means.
 enum class KtlMeaning
 {
     Number,
@@ -32,7 +32,7 @@ struct KtlField
 
     [[nodiscard]] constexpr std::size_t end() const { return offset + width * count; }
 
-    /// The same field, for a number that stands for something.
+    /// The same field, for a number with a meaning.
     [[nodiscard]] constexpr KtlField as(KtlMeaning what) const { return {name, offset, width, count, isSigned, what}; }
 };
 
@@ -57,13 +57,13 @@ private:
     std::size_t m_count = 0;
 };
 
-/// What stands behind the records of an item.
+/// What follows the records of an item.
 enum class KtlTail
 {
     Nothing,
     AccessValues, ///< 32-bit values of the complete accesses, then a fill
     Text, ///< UTF-8, then zeros
-    Words, ///< nobody knows: 32-bit words
+    Words, ///< of unknown meaning: 32-bit words
 };
 
 /// One kind of item.
@@ -71,14 +71,14 @@ struct KtlItemLayout
 {
     std::uint32_t type; ///< a code of enum_KTL_ITEM_TYPE
     const char* name; ///< as the text dump names it
-    KtlFields head; ///< what stands in front of the records
-    KtlFields record; ///< of the records behind the head; empty if there are none
+    KtlFields head; ///< what precedes the records
+    KtlFields record; ///< of the records after the head; empty if there are none
     /// Number of records that the item announces. It is not to be believed; null if there are none.
     std::size_t (*announcedRecords)(const ItemBytes& item);
     KtlTail tail;
 };
 
-/// The layout of an item type. One that is not known has the head that all items have, no name, and words behind it.
+/// The layout of an item type. One that is not known has the head that all items have, no name, and words after it.
 [[nodiscard]] const KtlItemLayout& layoutOf(std::uint32_t itemType);
 
 /// Whether an item type has a code of its own in this version of the format.

@@ -4,15 +4,15 @@
 #include <cstddef>
 #include <cstdint>
 
-// Fields lie in the file exactly as they lie here: packed, little-endian, at the offsets of the comments. The
-// one-element array at the end of a record stands for the records that follow its head in the file.
+// Fields are in the file exactly as they are here: packed, little-endian, at the offsets of the comments. The
+// one-element array at the end of a record is a placeholder for the records that follow its head in the file.
 #pragma pack(push, 1)
 
 /// One slot.
 struct struct_KTL_SlotContent
 {
-    std::uint32_t m_iMinInstances; ///< offset 0, least modules in the slot
-    std::uint32_t m_iMaxInstances; ///< offset 4, most modules in the slot
+    std::uint32_t m_iMinInstances; ///< offset 0, modules in the slot at least
+    std::uint32_t m_iMaxInstances; ///< offset 4, modules in the slot at most
     std::uint32_t SlotIndexIncrement; ///< offset 8, object index step of the slot
     std::uint32_t SlotPdoIncrement; ///< offset 12, PDO index step of the slot
     std::uint16_t m_bModuleIdent; ///< offset 16, reserved, 0
@@ -41,7 +41,7 @@ struct struct_KTL_Slots
     std::uint16_t m_iSlotIndexIncrement; ///< offset 14, object index step of the slots
     std::uint16_t m_iCurSlotCount; ///< offset 16, number of slots, low 8 bits only
     std::uint16_t m_iRev; ///< offset 18, reserved, 0
-    struct_KTL_SlotContent m_aSlotContent[1]; ///< offset 20, stands for the records that follow the head
+    struct_KTL_SlotContent m_aSlotContent[1]; ///< offset 20, placeholder for the records that follow the head
 };
 static_assert(sizeof(struct_KTL_Slots) == 144);
 static_assert(offsetof(struct_KTL_Slots, m_iSize) == 4);
@@ -63,15 +63,15 @@ struct struct_KTL_Slot_PreModuleIdent
 static_assert(sizeof(struct_KTL_Slot_PreModuleIdent) == 8);
 static_assert(offsetof(struct_KTL_Slot_PreModuleIdent, m_ireserve) == 4);
 
-/// The modules at the slot positions, position 0 first. A default module is at the number of its slot, one that was put
-/// in by hand at its place.
+/// The modules at the slot positions, position 0 first. A default module is at the number of its slot, one that a user
+/// put in at its place.
 struct struct_KTL_Slots_Preconfig
 {
     std::uint32_t m_iItemType; ///< offset 0, KTL_ITEM_SlotPreConfig
     std::uint32_t m_iSize; ///< offset 4, bytes, head included: 16 + 8n
     std::uint32_t m_iCount; ///< offset 8, n, number of positions, at most 255
     std::uint32_t m_iCountReal; ///< offset 12, positions that hold a module, at most 255
-    struct_KTL_Slot_PreModuleIdent m_aModuleIdent[1]; ///< offset 16, stands for the records that follow the head
+    struct_KTL_Slot_PreModuleIdent m_aModuleIdent[1]; ///< offset 16, placeholder for the records that follow the head
 };
 static_assert(sizeof(struct_KTL_Slots_Preconfig) == 24);
 static_assert(offsetof(struct_KTL_Slots_Preconfig, m_iSize) == 4);
@@ -135,7 +135,7 @@ struct struct_KTL_moduleEntryType
     std::uint16_t IndexAttributes; ///< offset 20, PDO index
     std::uint16_t m_rev; ///< offset 22, reserved, 0
     std::uint32_t m_iCount; ///< offset 24, n, number of entries
-    struct_KTL_modulePdoOne m_alist[1]; ///< offset 28, stands for the records that follow the head
+    struct_KTL_modulePdoOne m_alist[1]; ///< offset 28, placeholder for the records that follow the head
 };
 static_assert(sizeof(struct_KTL_moduleEntryType) == 40);
 static_assert(offsetof(struct_KTL_moduleEntryType, m_iSize) == 4);
@@ -180,7 +180,7 @@ struct struct_KTL_moduleInitCmdType
     std::uint32_t m_iItemType; ///< offset 0, KTL_ITEM_ModuleCoEInitCmdType
     std::uint32_t m_iSize; ///< offset 4, bytes, head included: 12 + 16n
     std::uint32_t m_iCount; ///< offset 8, n, number of commands
-    struct_KTL_moduleStartupOne m_alist[1]; ///< offset 12, stands for the records that follow the head
+    struct_KTL_moduleStartupOne m_alist[1]; ///< offset 12, placeholder for the records that follow the head
 };
 static_assert(sizeof(struct_KTL_moduleInitCmdType) == 28);
 static_assert(offsetof(struct_KTL_moduleInitCmdType, m_iSize) == 4);

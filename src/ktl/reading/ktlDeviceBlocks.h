@@ -1,5 +1,5 @@
 // ktlDeviceBlocks.h - the devices of a KTL file as the file carries them: the records of each device block together.
-// Unlike the reader this makes nothing up: what is not in the file is not here.
+// Unlike the reader this invents nothing: what is not in the file is not here.
 #pragma once
 
 #include "ktl/format/ktlFormat.h"
@@ -80,20 +80,20 @@ struct KtlDeviceBlock
 struct KtlBlockPlace
 {
     std::size_t first = 0; ///< its first item, by the place in the walk
-    std::size_t end = 0; ///< behind its last item
+    std::size_t end = 0; ///< after its last item
     std::size_t run = 1; ///< number of its run in the file, from 1
 };
 
-/// The places of all device blocks of a file. A block begins with a General item. Items in front of the first of them
+/// The places of all device blocks of a file. A block begins with a General item. Items before the first of them
 /// belong to none.
 [[nodiscard]] std::vector<KtlBlockPlace> blockPlacesOf(const KtlWalk& walk);
 
-/// One device block. Module items in front of its first ModuleType, and items that no device block has, are left out.
+/// One device block. Module items before its first ModuleType, and items that no device block has, are left out.
 /// @param place  one of `blockPlacesOf`
 [[nodiscard]] KtlDeviceBlock deviceBlockAt(const KtlWalk& walk, const KtlBlockPlace& place);
 
-/// The values of each complete access among commands, by the bytes that the commands announce: the file does not part
-/// them.
+/// The values of each complete access among commands, by the bytes that the commands announce: the file does not
+/// separate them.
 /// @return  a list for each command; nothing if the bytes do not add up to the values that are there
 [[nodiscard]] std::optional<std::vector<std::vector<std::uint32_t>>>
 valuesOfCommands(const std::vector<struct_KTL_InitCmd>& commands, const std::vector<std::uint32_t>& values);

@@ -1,7 +1,7 @@
 // ktlDump.cpp - the text dump of a KTL file. It knows item heads only and interprets no records.
 #include "ktl/format/ktlLayout.h"
 #include "ktl/ktlExport.h"
-#include "ktl/reading/itemLimit.h"
+#include "ktl/reading/itemHeads.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -22,14 +22,6 @@ void dumpName(std::FILE* log, std::int32_t itemType)
         std::fputs("  \r\n  0x", log);
     else
         std::fprintf(log, " %s \r\n  0x", layoutOf(type).name);
-}
-
-/// Reads one number of an item head; a read that fails keeps what the item before left there.
-void readHeadNumber(std::FILE* ktl, std::int32_t& number)
-{
-    std::int32_t value = 0;
-    if (std::fread(&value, sizeof value, 1, ktl) == 1)
-        number = value;
 }
 
 /// Writes the words that an item announces after the end of the file: zeros, up to the limit.
@@ -64,28 +56,18 @@ bool dumpWords(std::FILE* log, std::FILE* ktl, std::int32_t itemSize)
 /// @return  false at an item head that cannot be
 bool dumpItems(std::FILE* log, std::FILE* ktl)
 {
-    constexpr auto smallestItem = static_cast<std::int32_t>(sizeof(KtlItemHead));
-    std::int32_t type = 0;
-    std::int32_t size = 0;
-    for (std::size_t item = 0; item < maxReadItems; ++item) {
-        if (std::feof(ktl) != 0)
-            return true;
-        readHeadNumber(ktl, type);
-        readHeadNumber(ktl, size);
-        if (size < smallestItem || type < 0) {
-            std::fprintf(log, "Err para: Id value-dec: %d,Len: %d\r\n  \r\n", type, size);
-            return false;
-        }
-        if (std::feof(ktl) != 0)
-            return true;
-        std::fprintf(log, "ItemHead-dec: %d,Len: %d   ", type, size);
-        dumpName(log, type);
-        const bool isWhole = dumpWords(log, ktl, size);
+    ItemHeads heads(ktl);
+    while (heads.next()) {
+        std::fprintf(log, "ItemHead-dec: %d,Len: %d   ", heads.type(), heads.size());
+        dumpName(log, heads.type());
+        const bool isWhole = dumpWords(log, ktl, heads.size());
         std::fputs("\r\n", log);
         if (!isWhole)
             return true; // the file has ended, or cannot be read any further
     }
-    return true;
+    if (heads.endAtImpossibleHead())
+        std::fprintf(log, "Err para: Id value-dec: %d,Len: %d\r\n  \r\n", heads.type(), heads.size());
+    return !heads.endAtImpossibleHead();
 }
 
 } // namespace
@@ -96,7 +78,7 @@ bool KTL_write_log_devices(std::FILE* log, std::FILE* ktl, int* piErrorCode)
         *piErrorCode = 0;
     if (log == nullptr || ktl == nullptr)
         return false;
-    static_cast<void>(std::fseek(ktl, 0, SEEK_SET)); // a stream that cannot seek is read from where it stands
+    static_cast<void>(std::fseek(ktl, 0, SEEK_SET)); // a stream that cannot seek is read from where it is
     std::fprintf(log, "KTL Version %s \n", versionText);
     return dumpItems(log, ktl);
 }

@@ -23,7 +23,7 @@ bool isZeroFrom(const ItemBytes& item, std::size_t offset)
     return true;
 }
 
-/// Whether an item ends, from an offset on, as an export fills it: with a copy of its head, and zeros behind that.
+/// Whether an item ends, from an offset on, as an export fills it: with a copy of its head, and zeros after that.
 bool isFillFrom(const ItemBytes& item, std::size_t headSize, std::size_t offset)
 {
     const std::size_t copied = std::min(headSize, item.size() - offset);

@@ -1,5 +1,5 @@
 // ktlItemWalk.h - the items of a KTL file one after another, and the parts of each, as far as bytes are there. Unlike
-// the reader it has no limit on the number of items, and tells what is wrong with a file.
+// the reader it has no limit on the number of items, and says what is wrong with a file.
 #pragma once
 
 #include "ktl/format/ktlFormat.h"
@@ -25,7 +25,7 @@ enum class KtlWalkEnd
     NoEndItem, ///< with another item, so that the last run was cut short
     CutItem, ///< in the middle of the last item
     CutHead, ///< in the middle of a head
-    ImpossibleHead, ///< at a head with a size below 8 or a negative type; nothing tells where the next item is
+    ImpossibleHead, ///< at a head with a size below 8 or a negative type; the place of the next item is unknown
 };
 
 /// The items of a file.
@@ -36,7 +36,7 @@ struct KtlWalk
     std::size_t offset = 0; ///< where they end; that of the head for `CutHead` and `ImpossibleHead`
 };
 
-/// Whether nothing tells where the next item is: a head with a size below 8, or a negative size or type.
+/// Whether the place of the next item is unknown: a head with a size below 8, or a negative size or type.
 [[nodiscard]] bool isImpossible(const KtlItemHead& head);
 
 /// Walks from item to item. A file without bytes ends in a head that is cut.
@@ -44,7 +44,7 @@ struct KtlWalk
 [[nodiscard]] KtlWalk walkItems(const std::vector<unsigned char>& file);
 [[nodiscard]] KtlWalk walkItems(const unsigned char* bytes, std::size_t size); ///< as above
 
-/// Follows the heads of a file that is still being read, so that nobody reads on behind one that makes no sense.
+/// Follows the heads of a file that is still being read, so that nothing is read after one that makes no sense.
 class KtlHeads
 {
 public:
@@ -53,14 +53,14 @@ public:
     [[nodiscard]] bool goOn(const std::vector<unsigned char>& file);
 
 private:
-    std::size_t m_next = 0; ///< place of the next head, behind what is there where an item is not there whole
+    std::size_t m_next = 0; ///< place of the next head; past the end where an item is not there whole
 };
 
 /// Where the parts of an item lie, as far as its bytes are there: offsets in the item, each the end of one part and the
 /// start of the next. A field or record that is there in part only belongs to the rest, which goes up to the end.
 struct KtlItemParts
 {
-    std::size_t headEnd = 0; ///< behind the last field of the head that is there
+    std::size_t headEnd = 0; ///< after the last field of the head that is there
     std::size_t records = 0; ///< number of records that are there
     std::size_t recordsEnd = 0;
     std::size_t tailEnd = 0; ///< of values, text or words

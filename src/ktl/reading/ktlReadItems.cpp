@@ -1,8 +1,8 @@
 #include "ktl/reading/ktlReadItems.h"
 
 #include "ktl/format/coeCommandCount.h"
+#include "ktl/format/headSize.h"
 #include "ktl/format/ktlFormat.h"
-#include "ktl/writing/itemWriter.h"
 #include "model/byteBit.h"
 #include "model/valueTexts.h"
 
@@ -14,7 +14,7 @@
 
 namespace {
 
-// Texts never reach a KTL file: these stand in their place.
+// Texts never reach a KTL file: these replace them.
 constexpr const char* nameless = "TEMP";
 constexpr const char* moduleText = "Module";
 constexpr const char* commandText = "IniCmd";
@@ -148,8 +148,8 @@ bool readTxPdo(const KtlReadTarget& target, const ItemBytes& item)
     return true;
 }
 
-/// The values of complete accesses stand behind the commands and are not read: nothing tells which command they belong
-/// to once one of them was left out for lack of room.
+/// The values of complete accesses follow the commands and are not read: once one of them was left out for lack of
+/// room, their commands are unknown.
 bool readCoe(const KtlReadTarget& target, const ItemBytes& item)
 {
     constexpr std::size_t headSize = headSizeOf<struct_KTL_COE, struct_KTL_InitCmd>;
@@ -206,10 +206,9 @@ bool passOver(const KtlReadTarget& /*target*/, const ItemBytes& /*item*/)
     return true;
 }
 
-/// Whether a module of that ident is in a group that is closed already. A file repeats its modules for each device.
-/// ODD, KEPT: only the first module of each closed group is asked, and not the module that is open, where one would
-/// expect all of them. In a file it is all of them: a group has one module, and an item that opens a module closes the
-/// one before it first. Pinned by tst_KtlReadModules::openModuleIsNotLookedAt.
+/// Whether a module of that ident is in a group that is closed already: a file repeats its modules for each device.
+/// ODD, KEPT: only the first module of each closed group counts, not the open module. One would expect all; in a file
+/// it is all, since each module closes the group before it. Pinned by tst_KtlReadModules::openModuleIsNotLookedAt.
 bool isKnown(const struct_FilenameDevice* file, std::uint32_t moduleIdent)
 {
     return file != nullptr

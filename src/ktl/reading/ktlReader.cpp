@@ -1,6 +1,6 @@
 #include "ktl/reading/ktlReader.h"
 
-#include "ktl/reading/itemLimit.h"
+#include "ktl/reading/itemHeads.h"
 #include "ktl/reading/ktlReadItems.h"
 
 #include <algorithm>
@@ -72,19 +72,10 @@ void closeBefore(std::uint32_t itemType, RunBeingRead& run, const std::string& p
         closeRun(run, path);
 }
 
-/// Reads one number of an item head; a read that fails keeps what the item before left there.
-void readHeadNumber(std::FILE* file, std::int32_t& number)
+/// Reads an item after its head, as far as the file reaches. It grows with what is there, not with what is announced.
+void readItem(std::FILE* file, const KtlItemHead& head, std::vector<unsigned char>& item)
 {
-    std::int32_t value = 0;
-    if (std::fread(&value, sizeof value, 1, file) == 1)
-        number = value;
-}
-
-/// Reads an item behind its head, as far as the file reaches. It grows with what is there, not with what is announced.
-void readItem(std::FILE* file, std::int32_t type, std::int32_t size, std::vector<unsigned char>& item)
-{
-    const auto announced = static_cast<std::size_t>(size);
-    const KtlItemHead head{static_cast<std::uint32_t>(type), static_cast<std::uint32_t>(size)};
+    const std::size_t announced = head.m_iSize;
     item.resize(sizeof head);
     std::memcpy(item.data(), &head, sizeof head);
     std::array<unsigned char, 4096> block; // what is read of it only counts
@@ -103,23 +94,16 @@ void readItem(std::FILE* file, std::int32_t type, std::int32_t size, std::vector
 /// @return  0, or the code of an error
 int readItems(std::FILE* file, const std::string& path)
 {
-    constexpr auto smallestItem = static_cast<std::int32_t>(sizeof(KtlItemHead));
     RunBeingRead run;
     std::vector<unsigned char> item;
-    std::int32_t type = 0;
-    std::int32_t size = 0;
-    for (std::size_t count = 0; count < maxReadItems && std::feof(file) == 0; ++count) {
-        readHeadNumber(file, type);
-        readHeadNumber(file, size);
-        if (size < smallestItem || type < 0)
-            return impossibleHead;
-        if (std::feof(file) != 0)
-            break;
-        readItem(file, type, size, item);
-        closeBefore(static_cast<std::uint32_t>(type), run, path);
+    ItemHeads heads(file);
+    while (heads.next()) {
+        const KtlItemHead head{static_cast<std::uint32_t>(heads.type()), static_cast<std::uint32_t>(heads.size())};
+        readItem(file, head, item);
+        closeBefore(head.m_iItemType, run, path);
         applyItem({&run.file, run.device, &run.modules}, {item.data(), item.size()}); // an unknown item is passed over
     }
-    return KTL_NO_ERROR;
+    return heads.endAtImpossibleHead() ? impossibleHead : KTL_NO_ERROR;
 }
 
 } // namespace
@@ -128,7 +112,7 @@ bool device_writektltodevices(std::FILE* fileIn, const QString& xmlfilepath, int
 {
     int errorCode = nullFile;
     if (fileIn != nullptr) {
-        static_cast<void>(std::fseek(fileIn, 0, SEEK_SET)); // a stream that cannot seek is read from where it stands
+        static_cast<void>(std::fseek(fileIn, 0, SEEK_SET)); // a stream that cannot seek is read from where it is
         errorCode = readItems(fileIn, xmlfilepath.toStdString());
     }
     if (piErrorCode != nullptr)

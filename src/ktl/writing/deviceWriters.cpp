@@ -2,6 +2,7 @@
 #include "ktl/ktlExport.h"
 #include "ktl/writing/itemWriter.h"
 #include "model/byteBit.h"
+#include "model/moduleAccess.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -23,8 +24,7 @@ std::uint16_t slotPositions(const struct_EtherCatDevice& device)
 std::uint16_t moduleCount(const struct_FilenameDevice& file)
 {
     std::size_t modules = 0;
-    for (const struct_commentmodule& group : file.vcommentmodule)
-        modules += group.vmodule.size();
+    forEachModule(file, [&](const struct_module& /*module*/) { ++modules; });
     return static_cast<std::uint16_t>(modules);
 }
 

@@ -1,4 +1,5 @@
 // initCmdWriters.cpp - EoE and CoE items: flags and startup commands.
+#include "ktl/format/coeCommandCount.h"
 #include "ktl/ktlExport.h"
 #include "ktl/writing/itemWriter.h"
 #include "model/startupAccess.h"
@@ -81,7 +82,6 @@ void writeEoe(std::FILE* out, const DeviceEoe& eoe)
 /// @param accessBytes  announced bytes of the complete accesses of both lists
 struct_KTL_COE coeHead(const CoeAttributes& flags, std::size_t count, std::size_t accessBytes)
 {
-    constexpr std::size_t countFromSize = 255; // tells the controller to count the commands from the item's size
     constexpr std::size_t alignment = 4;
     const std::size_t size =
         headSizeOf<struct_KTL_COE, struct_KTL_InitCmd> + count * sizeof(struct_KTL_InitCmd) + accessBytes;
@@ -95,7 +95,7 @@ struct_KTL_COE coeHead(const CoeAttributes& flags, std::size_t count, std::size_
     head.m_bSegmentedSdo = flags.SegmentedSdo ? 1 : 0;
     head.m_bCompleteAccess = flags.CompleteAccess ? 1 : 0;
     head.m_bDiagHistory = flags.DiagHistory ? 1 : 0;
-    head.m_iInitCmdCount = static_cast<std::uint8_t>(std::min(count, countFromSize));
+    head.m_iInitCmdCount = static_cast<std::uint8_t>(std::min<std::size_t>(count, countFromSize));
     return head;
 }
 

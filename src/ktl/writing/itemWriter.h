@@ -1,15 +1,13 @@
 // itemWriter.h - the one road by which items reach a KTL file.
 #pragma once
 
+#include "ktl/format/headSize.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <type_traits>
 #include <vector>
-
-/// Bytes of an item's head that stand in the file before its records: the one-element array at the end of the item
-/// stands for them and does not count.
-template<typename Item, typename Record> inline constexpr std::size_t headSizeOf = sizeof(Item) - sizeof(Record);
 
 /// What stands between the last record of an item and the size that the item announces. An item that is as long as
 /// announced, or longer, gets no fill, and its size stays as announced.

@@ -4,6 +4,8 @@
 #include "ktl/writing/moduleCounts.h"
 #include "ktl/writing/pdoItemHead.h"
 #include "model/deviceType.h"
+#include "model/moduleAccess.h"
+#include "model/objectAreas.h"
 #include "model/pdoAccess.h"
 
 #include <array>
@@ -139,9 +141,8 @@ template<typename Take> void takeMapping(const modulePdo& pdo, Take& take)
 /// next one. Pinned by tst_ModuleBlockStartup::secondPdoOnASyncManager.
 struct_KTL_moduleStartupOne assignmentRecord(std::uint8_t syncManager, const modulePdo& pdo)
 {
-    constexpr std::uint16_t assignmentIndex = 0x1C10; // of sync manager 0
     constexpr std::uint8_t assignmentBytes = 2;
-    return generatedRecord(static_cast<std::uint16_t>(assignmentIndex + syncManager), 1, assignmentBytes, indexOf(pdo));
+    return generatedRecord(assignObjectOf(syncManager), 1, assignmentBytes, indexOf(pdo));
 }
 
 /// Number of startup records that the item of a module announces.
@@ -214,13 +215,12 @@ void KTL_write_device_Module(std::FILE* out, struct_EtherCatDevice* device, stru
     if (out == nullptr || device == nullptr || filedevices == nullptr)
         return;
     const StartupRules rules = startupRulesOf(*device);
-    for (const struct_commentmodule& group : filedevices->vcommentmodule)
-        for (const struct_module& module : group.vmodule) {
-            writeModuleType(out, module.TypeAttributes);
-            for (const EntryDirection& direction : entryDirections)
-                writeEntries(out, direction, module);
-            writeStartup(out, rules, module);
-        }
+    forEachModule(*filedevices, [&](const struct_module& module) {
+        writeModuleType(out, module.TypeAttributes);
+        for (const EntryDirection& direction : entryDirections)
+            writeEntries(out, direction, module);
+        writeStartup(out, rules, module);
+    });
 }
 
 const struct_module* firstMiscountedModule(const struct_EtherCatDevice& device, const struct_FilenameDevice& file)

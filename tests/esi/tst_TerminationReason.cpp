@@ -1,13 +1,13 @@
 // Which file is being read, and what a program says that ends on an error.
 #include "esi/fileBeingRead.h"
-#include "esi/lastWords.h"
+#include "esi/terminationReason.h"
 #include "testMain.h"
 
 #include <QtTest>
 
 #include <stdexcept>
 
-class tst_LastWords : public QObject
+class tst_TerminationReason : public QObject
 {
     Q_OBJECT
 
@@ -23,12 +23,12 @@ private slots:
     static void exceptionOfAnotherKind();
 };
 
-void tst_LastWords::init()
+void tst_TerminationReason::init()
 {
     const FileBeingRead reading(QStringLiteral("before.xml")); // clears what a test before left
 }
 
-void tst_LastWords::pathWhileReading()
+void tst_TerminationReason::pathWhileReading()
 {
     QCOMPARE(FileBeingRead::path(), QString());
     {
@@ -43,7 +43,7 @@ void tst_LastWords::pathWhileReading()
     QCOMPARE(FileBeingRead::path(), QString());
 }
 
-void tst_LastWords::pathStaysWhenAnExceptionPasses()
+void tst_TerminationReason::pathStaysWhenAnExceptionPasses()
 {
     const auto readBadFile = [] {
         const FileBeingRead reading(QStringLiteral("bad.xml"));
@@ -53,7 +53,7 @@ void tst_LastWords::pathStaysWhenAnExceptionPasses()
     QCOMPARE(FileBeingRead::path(), QStringLiteral("bad.xml"));
 }
 
-void tst_LastWords::readingInTheMiddleOfAnotherError()
+void tst_TerminationReason::readingInTheMiddleOfAnotherError()
 {
     struct ReadsInItsDestructor
     {
@@ -68,65 +68,65 @@ void tst_LastWords::readingInTheMiddleOfAnotherError()
     QCOMPARE(FileBeingRead::path(), QString());
 }
 
-void tst_LastWords::reasonAndFile()
+void tst_TerminationReason::reasonAndFile()
 {
     QString words;
     try {
         const FileBeingRead reading(QStringLiteral("bad.xml"));
         throw std::out_of_range("beyond the list");
     } catch (const std::out_of_range&) {
-        words = lastWords();
+        words = terminationReason();
     }
     QVERIFY2(words.contains("beyond the list"), qPrintable(words));
     QVERIFY2(words.contains("bad.xml"), qPrintable(words));
     QVERIFY2(!words.contains('\n'), "one line");
 }
 
-void tst_LastWords::reasonWithoutAFile()
+void tst_TerminationReason::reasonWithoutAFile()
 {
     QString words;
     try {
         throw std::runtime_error("out of order");
     } catch (const std::runtime_error&) {
-        words = lastWords();
+        words = terminationReason();
     }
     QVERIFY2(words.contains("out of order"), qPrintable(words));
     QVERIFY2(!words.contains("xml"), "a file that was read before is not to blame");
 }
 
-void tst_LastWords::fileWithoutAReason()
+void tst_TerminationReason::fileWithoutAReason()
 {
     const FileBeingRead reading(QStringLiteral("drive.xml"));
-    const QString words = lastWords();
+    const QString words = terminationReason();
     QVERIFY2(words.contains("drive.xml"), qPrintable(words));
     QVERIFY(!words.contains('\n'));
 }
 
-void tst_LastWords::reasonInForeignWords()
+void tst_TerminationReason::reasonInForeignWords()
 {
     QString words;
     try {
         const FileBeingRead reading(QStringLiteral("伺服.xml"));
         throw std::runtime_error("50 %1 %2 of the file");
     } catch (const std::runtime_error&) {
-        words = lastWords();
+        words = terminationReason();
     }
     // Neither a file name nor a reason is a pattern.
     QVERIFY2(words.contains("50 %1 %2 of the file"), qPrintable(words));
     QVERIFY2(words.contains(QStringLiteral("伺服.xml")), qPrintable(words));
 }
 
-void tst_LastWords::exceptionOfAnotherKind()
+void tst_TerminationReason::exceptionOfAnotherKind()
 {
     QString words;
     try {
         const FileBeingRead reading(QStringLiteral("odd.xml"));
         throw 5;
     } catch (int) {
-        words = lastWords();
+        words = terminationReason();
     }
     QVERIFY2(words.contains("odd.xml"), qPrintable(words));
 }
 
-static const testMain::Registration<tst_LastWords, QCoreApplication> registration;
-#include "tst_LastWords.moc"
+static const testMain::Registration<tst_TerminationReason, QCoreApplication> registration;
+#include "tst_TerminationReason.moc"

@@ -1,3 +1,5 @@
+#include "esi/xml/documentTypeLimit.h"
+
 #include "esi/xml/xmlLimits.h"
 
 #include <QLatin1String>
@@ -29,9 +31,9 @@ bool isAt(const QString& text, int position, QLatin1String mark)
     return text.midRef(position, mark.size()) == mark;
 }
 
-/// Position behind the comment, instruction or quoted text at `position`, or `position` itself if there is none. One
+/// Position after the comment, instruction or quoted text at `position`, or `position` itself if there is none. One
 /// without an end goes to the end of the text.
-int behindEnclosure(const QString& text, int position)
+int afterEnclosure(const QString& text, int position)
 {
     for (const Enclosure& enclosure : enclosures)
         if (isAt(text, position, enclosure.begin)) {
@@ -41,16 +43,16 @@ int behindEnclosure(const QString& text, int position)
     return position;
 }
 
-/// Position behind the document type declaration at `start`; somewhere in it if it is too long, and the end of the text
+/// Position after the document type declaration at `start`; somewhere in it if it is too long, and the end of the text
 /// if it is not closed.
-int behindDocumentType(const QString& text, int start)
+int afterDocumentType(const QString& text, int start)
 {
     int openBrackets = 0;
     int position = start + documentTypeMark.size();
-    while (position < text.size() && position - start <= longestDocumentType) {
-        const int behind = behindEnclosure(text, position);
-        if (behind > position) {
-            position = behind;
+    while (position < text.size() && position - start <= maxDocumentTypeLength) {
+        const int after = afterEnclosure(text, position);
+        if (after > position) {
+            position = after;
             continue;
         }
         const QChar character = text.at(position);
@@ -70,13 +72,13 @@ struct DocumentTypes
 {
     QString text; ///< one after the other; the parser takes several, although one is allowed
     int start = 0; ///< of the first
-    int end = 0; ///< behind the last
-    int endOfSearch = 0; ///< where something stands that may not stand before the root element
-    [[nodiscard]] bool isTooLong() const { return text.size() > longestDocumentType; }
+    int end = 0; ///< after the last
+    int endOfSearch = 0; ///< where the first thing is that may not precede the root element
+    [[nodiscard]] bool isTooLong() const { return text.size() > maxDocumentTypeLength; }
     [[nodiscard]] bool declaresEntity() const { return text.contains(QLatin1String("<!ENTITY")); }
 };
 
-/// Goes through what may stand before the root element.
+/// Goes through what may precede the root element.
 DocumentTypes documentTypesOf(const QString& text)
 {
     DocumentTypes found;
@@ -86,12 +88,12 @@ DocumentTypes documentTypesOf(const QString& text)
         if (text.at(position).isSpace()) {
             position += 1;
         } else if (isAt(text, position, documentTypeMark)) {
-            position = behindDocumentType(text, position);
+            position = afterDocumentType(text, position);
             found.start = found.text.isEmpty() ? start : found.start;
             found.end = position;
             found.text += text.midRef(start, position - start);
         } else {
-            position = behindEnclosure(text, position);
+            position = afterEnclosure(text, position);
             if (position == start)
                 break;
         }
@@ -99,9 +101,9 @@ DocumentTypes documentTypesOf(const QString& text)
     return found;
 }
 
-/// Whether a parameter entity is referred to: "%", name, ";". What one stands for continues in the text behind it, so a
-/// comment or quote may start in the one and end in the other, and nobody but the parser can tell where the declaration
-/// ends.
+/// Whether a parameter entity is referred to: "%", name, ";". Its replacement text continues in the text after it, so a
+/// comment or quote may start in the one and end in the other, and nothing but the parser can tell where the
+/// declaration ends.
 bool hasParameterReference(const QString& declaration)
 {
     static const QRegularExpression reference(QStringLiteral(R"(%[^\s;]*;)"));
@@ -117,7 +119,7 @@ int nestedReferencesIn(const QString& declaration)
 }
 
 /// Whether the reference at a position is to a character, by number or by name. The parser takes the five names for
-/// these characters whatever a declaration makes of them, so none of them can stand for more.
+/// these characters whatever a declaration makes of them, so none of them can grow.
 bool isCharacterReference(const QString& text, int position)
 {
     static const std::array references{QLatin1String("&#"),   QLatin1String("&amp;"),  QLatin1String("&lt;"),
@@ -132,7 +134,7 @@ int positionOfReferenceTooMany(const QString& text, int start)
     int count = 0;
     for (int position = start; (position = text.indexOf(QLatin1Char('&'), position)) >= 0; ++position) {
         count += isCharacterReference(text, position) ? 0 : 1;
-        if (count > mostReferences)
+        if (count > maxReferences)
             return position;
     }
     return -1;
@@ -159,13 +161,13 @@ std::optional<XmlFormatError> brokenDocumentTypeLimit(const QString& text)
     if (types.isTooLong())
         return errorAt(
             text, types.start,
-            QStringLiteral("the document type declaration is longer than %1 characters").arg(longestDocumentType));
+            QStringLiteral("the document type declaration is longer than %1 characters").arg(maxDocumentTypeLength));
     if (hasParameterReference(types.text))
         return errorAt(text, types.start, QStringLiteral("the document type declaration refers to a parameter entity"));
-    if (nestedReferencesIn(types.text) > mostNestedReferences)
+    if (nestedReferencesIn(types.text) > maxNestedReferences)
         return errorAt(text, types.start,
                        QStringLiteral("the document type declaration has more than %1 references to entities")
-                           .arg(mostNestedReferences));
+                           .arg(maxNestedReferences));
     if (!types.declaresEntity())
         return std::nullopt;
     const int tooMany = positionOfReferenceTooMany(text, types.end);
@@ -173,7 +175,7 @@ std::optional<XmlFormatError> brokenDocumentTypeLimit(const QString& text)
         return std::nullopt;
     return errorAt(
         text, tooMany,
-        QStringLiteral("a file that declares entities has more than %1 references to entities").arg(mostReferences));
+        QStringLiteral("a file that declares entities has more than %1 references to entities").arg(maxReferences));
 }
 
 bool isEnoughForDocumentTypeLimit(const QString& beginning)

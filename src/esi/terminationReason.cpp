@@ -1,4 +1,4 @@
-#include "esi/lastWords.h"
+#include "esi/terminationReason.h"
 
 #include "esi/fileBeingRead.h"
 
@@ -21,7 +21,7 @@ QString reasonOf(const std::exception_ptr& error)
 
 } // namespace
 
-QString lastWords()
+QString terminationReason()
 {
     const QString reason = QStringLiteral("The program ends on an error: %1").arg(reasonOf(std::current_exception()));
     const QString file = FileBeingRead::path();
