@@ -19,17 +19,21 @@ endif()
 
 # kinetra_precompile(NAME core|windows|tests|windowTests): the target reads the commonest headers of its kind from a
 # file that is compiled once for all such targets. Only the presets for tests do so: what compiles without it too has all
-# its #includes.
+# its #includes. The chief headers of model and window are among them, since so much includes them.
 set(kinetra_headers_core <algorithm> <array> <cstdint> <functional> <memory> <optional> <string> <unordered_map> <utility>
-                         <vector> <QByteArray> <QDomDocument> <QFile> <QHash> <QString> <QStringList>)
+                         <vector> <QByteArray> <QDomDocument> <QFile> <QHash> <QString> <QStringList>
+                         <model/XMLParsing.h>)
 set(kinetra_headers_windows ${kinetra_headers_core} <QtWidgets>)
 set(kinetra_headers_tests ${kinetra_headers_core} <QDir> <QProcess> <QRegularExpression> <QTemporaryDir> <QtTest>)
-set(kinetra_headers_windowTests ${kinetra_headers_windows} <QtTest>)
+set(kinetra_headers_windowTests ${kinetra_headers_windows} <workbench/mainwindow.h> <QtTest>)
 set(kinetra_links_core Qt5::Xml)
 set(kinetra_links_windows Qt5::Xml Qt5::Widgets)
 set(kinetra_links_tests Qt5::Xml Qt5::Test)
 set(kinetra_links_windowTests Qt5::Xml Qt5::Widgets Qt5::Test)
 set(kinetra_definitions_core QT_NO_KEYWORDS) # where no header of Qt's objects is included, "slots" is a name like others
+if(KINETRA_PRECOMPILED_HEADERS AND CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache$") # without this it caches none of them
+  set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_SLOPPINESS=pch_defines,time_macros ${CMAKE_CXX_COMPILER_LAUNCHER})
+endif()
 function(kinetra_precompile name kind)
   if(NOT KINETRA_PRECOMPILED_HEADERS)
     return()
@@ -40,7 +44,9 @@ function(kinetra_precompile name kind)
     file(GENERATE OUTPUT ${source} CONTENT "// What is compiled with the headers.\n")
     add_library(${owner} OBJECT ${source})
     target_link_libraries(${owner} PRIVATE ${kinetra_links_${kind}} kinetra_options)
-    target_compile_definitions(${owner} PRIVATE ${kinetra_definitions_${kind}})
+    target_include_directories(${owner} PRIVATE ${kinetra_SOURCE_DIR}/src)
+    target_compile_options(${owner} PRIVATE $<$<CXX_COMPILER_ID:Clang>:SHELL:-Xclang -fno-pch-timestamp>) # for ccache
+    target_compile_definitions(${owner} PRIVATE KINETRA_VERSION="${kinetra_VERSION}" ${kinetra_definitions_${kind}})
     target_precompile_headers(${owner} PRIVATE ${kinetra_headers_${kind}})
     set_target_properties(${owner} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
   endif()

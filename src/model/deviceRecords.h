@@ -129,3 +129,7 @@ struct struct_FilenameDevice
     std::vector<struct_commentmodule> vcommentmodule; ///< modules of the file, grouped by the comment before each run
 };
 using str_FilenameDevice = struct_FilenameDevice;
+
+// Compiled once, in recordLists.cpp.
+extern template class std::vector<struct_EtherCatDevice>;
+extern template class std::vector<struct_FilenameDevice>;

@@ -106,3 +106,11 @@ struct struct_Object
     struct_ObjectInfo Info;
 };
 using str_Object = struct_Object;
+
+// Compiled once, in recordLists.cpp.
+extern template class std::vector<ArrayInfo>;
+extern template class std::vector<EnumInfo>;
+extern template class std::vector<DataTypeSubItem>;
+extern template class std::vector<struct_DataTypes>;
+extern template class std::vector<struct_Subitem>;
+extern template class std::vector<struct_Object>;

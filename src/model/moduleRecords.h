@@ -114,3 +114,9 @@ struct struct_commentmodule
     std::vector<struct_module> vmodule; ///< in document order
 };
 using str_commentmodule = struct_commentmodule;
+
+// Compiled once, in recordLists.cpp.
+extern template class std::vector<struct_moduleEntry>;
+extern template class std::vector<modulePdo>;
+extern template class std::vector<struct_module>;
+extern template class std::vector<struct_commentmodule>;

@@ -61,3 +61,7 @@ struct struct_PDOList
     float Size = 0; ///< total size, byte.bit form
 };
 using str_PDOList = struct_PDOList;
+
+// Compiled once, in recordLists.cpp.
+extern template class std::vector<struct_EntryPDOContent>;
+extern template class std::vector<struct_PDOList>;

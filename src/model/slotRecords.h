@@ -82,3 +82,9 @@ struct DeviceSlots
     SlotsAttributes Attributes;
     std::vector<struct_Slot> vslot; ///< in document order
 };
+
+// Compiled once, in recordLists.cpp.
+extern template class std::vector<struct_ModuleClass>;
+extern template class std::vector<struct_ModuleIdent>;
+extern template class std::vector<struct_slotmodule>;
+extern template class std::vector<struct_Slot>;

@@ -46,3 +46,7 @@ struct struct_moduleInitCmd
     std::vector<unsigned int> m_CADataList; ///< values of a complete access
 };
 using str_moduleInitCmd = struct_moduleInitCmd;
+
+// Compiled once, in recordLists.cpp.
+extern template class std::vector<struct_InitCmd>;
+extern template class std::vector<struct_moduleInitCmd>;

@@ -103,3 +103,10 @@ struct Struct_DCOpMode
     DCVendorSpecific vendorSpecific;
 };
 using Str_DCOpMode = Struct_DCOpMode;
+
+// Compiled once, in recordLists.cpp.
+extern template class std::vector<struct_SM>;
+extern template class std::vector<Struct_Fmmu>;
+extern template class std::vector<Struct_DCPdo>;
+extern template class std::vector<Struct_DCSm>;
+extern template class std::vector<Struct_DCOpMode>;
