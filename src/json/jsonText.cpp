@@ -10,7 +10,7 @@ namespace json {
 
 namespace {
 
-/// The words for a kind of error. Errors of syntax have words of the library behind ours: what it met, and what it
+/// The words for a kind of error. Errors of syntax have the library's words after ours: what it met, and what it
 /// expected.
 struct ErrorWords
 {
@@ -38,10 +38,10 @@ QString wordsOf(const json_error_t& error)
                : QString::fromLatin1(found->words);
 }
 
-/// Offset of the quotation mark that opens the string which ends before `behind`.
-int openingQuote(const QByteArray& text, int behind)
+/// Offset of the quotation mark that opens the string which ends before `end`.
+int openingQuote(const QByteArray& text, int end)
 {
-    for (int quote = text.lastIndexOf('"', behind - 2); quote > 0; quote = text.lastIndexOf('"', quote - 1)) {
+    for (int quote = text.lastIndexOf('"', end - 2); quote > 0; quote = text.lastIndexOf('"', quote - 1)) {
         int backslashes = 0;
         while (backslashes < quote && text.at(quote - 1 - backslashes) == '\\')
             ++backslashes;
@@ -52,12 +52,12 @@ int openingQuote(const QByteArray& text, int behind)
 }
 
 /// The problem of a key that its object holds already, at the start of the key.
-Problem repeatedKey(const QByteArray& text, int behindKey)
+Problem repeatedKey(const QByteArray& text, int keyEnd)
 {
-    const int quote = openingQuote(text, behindKey);
+    const int quote = openingQuote(text, keyEnd);
     const QByteArray before = text.left(quote);
     const int lineStart = before.lastIndexOf('\n') + 1;
-    const QByteArray key = text.mid(quote, behindKey - quote);
+    const QByteArray key = text.mid(quote, keyEnd - quote);
     const std::unique_ptr<json_t, Release> decoded(
         json_loadb(key.constData(), static_cast<std::size_t>(key.size()), JSON_DECODE_ANY, nullptr));
     return {before.count('\n') + 1, QString::fromUtf8(before.mid(lineStart)).size() + 1,

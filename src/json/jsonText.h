@@ -34,9 +34,9 @@ struct Parsing
     [[nodiscard]] Value value() const { return Value(root.get()); }
 };
 
-/// Parses a JSON text (RFC 8259) in UTF-8; the mark that some editors put in front of UTF-8 is passed over. Stricter
-/// than the standard in this: an object with a key twice is refused, since one of the two would be lost without a word,
-/// and so are a text with the character U+0000, and numbers that 64 bits do not hold.
+/// Parses a JSON text (RFC 8259) in UTF-8; a byte order mark is passed over. Stricter than the standard:
+/// an object with a key twice is refused, since one of the two would be lost silently, and so are a text with the
+/// character U+0000 and numbers that do not fit into 64 bits.
 /// @throws std::bad_alloc
 [[nodiscard]] Parsing parse(const QByteArray& text);
 

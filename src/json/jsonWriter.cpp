@@ -152,7 +152,7 @@ void Writer::line(std::initializer_list<Member> members)
     closeObject();
 }
 
-/// What stands between the value before and this one.
+/// Writes what goes between the value before and this one.
 void Writer::begin()
 {
     const Spread around = spread();

@@ -14,7 +14,7 @@
 
 namespace json {
 
-/// How an object or list is laid out. What is in it is laid out at least as closely.
+/// How an object or list is laid out. What is in it never takes more room than that.
 enum class Spread
 {
     Lines, ///< a line for each member

@@ -19,25 +19,25 @@ namespace show {
 
 namespace {
 
-/// Makes the devices of a file, and tells once what is wrong with each.
+/// Makes the devices of a file, and reports once what is wrong with each.
 class Exporter
 {
 public:
-    Exporter(struct_FilenameDevice& file, ExportProblemSink tell)
+    Exporter(struct_FilenameDevice& file, ExportProblemSink report)
         : m_file(&file)
-        , m_tell(std::move(tell))
-        , m_isTold(file.device.size(), false)
+        , m_report(std::move(report))
+        , m_isReported(file.device.size(), false)
     {}
 
     ShownDevice operator()(std::size_t index)
     {
         struct_EtherCatDevice& device = m_file->device[index];
-        const bool isFirstTime = !m_isTold[index];
-        m_isTold[index] = true;
+        const bool isFirstTime = !m_isReported[index];
+        m_isReported[index] = true;
         StartupSources sources = startupSourcesOf(device); // while there is no export yet that takes memory too
         os::MemoryFile written;
         if (writeItems(written.stream(), device, isFirstTime) && isFirstTime)
-            tellWhatIsLost(device);
+            reportWhatIsLost(device);
         written.finish();
         const KtlWalk walk = walkItems(written.data(), written.size());
         const std::vector<KtlBlockPlace> places = blockPlacesOf(walk);
@@ -46,7 +46,7 @@ public:
 
 private:
     /// @return  whether it came to its end
-    bool writeItems(std::FILE* out, struct_EtherCatDevice& device, bool tells)
+    bool writeItems(std::FILE* out, struct_EtherCatDevice& device, bool reports)
     {
         const QDateTime anyTime(QDate(1970, 1, 1), QTime(0, 0)); // it is not shown: this is no export
         try {
@@ -54,16 +54,16 @@ private:
                 throw std::bad_alloc(); // memory is all that can be short
             return true;
         } catch (const std::out_of_range& error) {
-            if (tells)
-                m_tell({ExportProblem::Kind::CutShort, rangeErrorText(error)});
+            if (reports)
+                m_report({ExportProblem::Kind::CutShort, rangeErrorText(error)});
             return false;
         }
     }
 
-    void tellWhatIsLost(struct_EtherCatDevice& device)
+    void reportWhatIsLost(struct_EtherCatDevice& device)
     {
         if (const struct_module* const module = firstMiscountedModule(device, *m_file))
-            m_tell(
+            m_report(
                 {ExportProblem::Kind::LostItems,
                  QStringLiteral("device \"%1\": in an export, module %2 does not have as many startup commands as it "
                                 "announces; the items after them cannot be found")
@@ -72,15 +72,15 @@ private:
     }
 
     struct_FilenameDevice* m_file;
-    ExportProblemSink m_tell;
-    std::vector<bool> m_isTold; ///< of each device
+    ExportProblemSink m_report;
+    std::vector<bool> m_isReported; ///< of each device
 };
 
 } // namespace
 
-ShownDevices exportedDevices(struct_FilenameDevice& file, ExportProblemSink tell)
+ShownDevices exportedDevices(struct_FilenameDevice& file, ExportProblemSink report)
 {
-    return {file.device.size(), Exporter(file, std::move(tell))};
+    return {file.device.size(), Exporter(file, std::move(report))};
 }
 
 } // namespace show

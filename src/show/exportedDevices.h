@@ -27,8 +27,8 @@ using ExportProblemSink = std::function<void(const ExportProblem&)>;
 
 /// The devices of a file, each written to memory and read from there when it is asked for.
 /// @param file  not changed when this or the result returns; has to outlive the result
-/// @param tell  takes the problems of a device the first time that it is asked for; has to be valid as long
+/// @param report  takes the problems of a device the first time that it is asked for; has to be valid as long
 /// @throws      std::bad_alloc from the result
-[[nodiscard]] ShownDevices exportedDevices(struct_FilenameDevice& file, ExportProblemSink tell);
+[[nodiscard]] ShownDevices exportedDevices(struct_FilenameDevice& file, ExportProblemSink report);
 
 } // namespace show

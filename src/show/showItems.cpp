@@ -65,7 +65,7 @@ Value fieldValue(const ItemBytes& bytes, std::size_t record, const KtlField& fie
 }
 
 /// The fields of a head or record that are there.
-/// @param end  offset behind them in the item
+/// @param end  offset after them in the item
 Object fieldMembers(const ItemBytes& bytes, const KtlFields& fields, std::size_t record, std::size_t end)
 {
     Object members;
@@ -153,12 +153,12 @@ private:
     void line(std::size_t offset, const std::string& name, const std::string& text)
     {
         constexpr int offsetDigits = 4;
-        constexpr std::size_t leastRoom = 10;
+        constexpr std::size_t minRoom = 10;
         std::ostringstream head;
         head << "  0x" << std::hex << std::setfill('0') << std::setw(offsetDigits) << offset << std::setfill(' ')
              << "  " << std::left << std::setw(static_cast<int>(m_nameWidth)) << name << "  ";
         std::string start = head.str();
-        const std::size_t room = std::max(m_lineWidth, start.size() + leastRoom) - start.size();
+        const std::size_t room = std::max(m_lineWidth, start.size() + minRoom) - start.size();
         for (const std::string& part : brokenInto(text, room)) {
             m_out << start << part << '\n';
             start.assign(start.size(), ' ');

@@ -9,7 +9,7 @@
 
 namespace show {
 
-/// Members of an item: every byte of it stands in one of them.
+/// Members of an item: every byte of it is in one of them.
 /// @param item  has to outlive the result
 [[nodiscard]] Object itemMembers(const KtlFileItem& item);
 

@@ -39,8 +39,8 @@ template<typename Content> json::Spread spreadOf(const Content& content)
     return isFlat(content) ? json::Spread::OneLine : json::Spread::Lines;
 }
 
-/// Writes values, and goes on where memory ends: every list and object that was begun is closed, and null stands for
-/// what is missing.
+/// Writes values, and goes on where memory ends: every list and object that was begun is closed, and null is
+/// written for what is missing.
 class ValueWriter
 {
 public:

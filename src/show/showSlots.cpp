@@ -36,11 +36,11 @@ Object identMembers(const struct_ModuleIdent& ident)
 }
 
 /// The module itself is a copy of that in its group.
-Object slotModuleMembers(const struct_slotmodule& standing)
+Object slotModuleMembers(const struct_slotmodule& placed)
 {
-    return {{"instances", decimal(standing.Instances)},
-            {"ident", hexadecimal(standing.module.TypeAttributes.ModuleIdent)},
-            {"name", text(standing.module.Name)}};
+    return {{"instances", decimal(placed.Instances)},
+            {"ident", hexadecimal(placed.module.TypeAttributes.ModuleIdent)},
+            {"name", text(placed.module.Name)}};
 }
 
 Object slotMembers(const struct_Slot& slot, Detail detail)

@@ -7,7 +7,7 @@
 
 namespace show {
 
-/// Slots of a device, with the modules that stand in them.
+/// Slots of a device, with the modules in them.
 [[nodiscard]] Object slotsMembers(const DeviceSlots& deviceSlots, Detail detail);
 
 } // namespace show

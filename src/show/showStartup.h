@@ -29,9 +29,9 @@ struct ShownCommand
 [[nodiscard]] std::vector<ShownCommand>
 commandsOf(const ShownDevice& device, const std::optional<std::vector<std::vector<std::uint32_t>>>& values);
 
-/// Whether a command writes a number that the file carries. Not so a complete access, nor a value of more than four
-/// bytes whose number is 0: it did not fit. A number that is not 0 is the value, whatever its length says: that counts
-/// a mark in front of the digits, and zeros behind the last byte that counts.
+/// Whether a command writes a number that the file carries. A complete access does not, nor does a value of more than
+/// four bytes whose number is 0: it did not fit. Any other number is the value, whatever its length is: that includes
+/// a mark before the digits and zeros after the last significant byte.
 [[nodiscard]] bool hasNumber(const struct_KTL_InitCmd& record);
 [[nodiscard]] bool hasNumber(const struct_KTL_moduleStartupOne& record); ///< as above, of a module block
 
@@ -41,7 +41,7 @@ template<typename Record> [[nodiscard]] Value numberOf(const Record& record)
     return hasNumber(record) ? bothForms(record.Data) : Value();
 }
 
-/// What a command does, in words, where its object tells: "0x6040:0, 16 bits"; else empty.
+/// What a command does, in words, where its object shows that: "0x6040:0, 16 bits"; otherwise empty.
 [[nodiscard]] std::string meaningOf(const ShownCommand& command);
 [[nodiscard]] std::string meaningOf(const struct_KTL_moduleStartupOne& record); ///< as above, of a module block
 

@@ -1,7 +1,7 @@
-// showTables.h - the tables that `ktl show --csv` gives.
+// showTables.h - the tables of `ktl show --csv`.
 #pragma once
 
-#include "show/showCsv.h"
+#include "show/csvWriter.h"
 #include "show/shownFile.h"
 
 #include <QString>

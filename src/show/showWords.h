@@ -16,13 +16,13 @@ namespace show {
 /// @param end  offset after the last byte
 [[nodiscard]] std::string bytesText(const ItemBytes& item, std::size_t begin, std::size_t end);
 
-/// Name of a device class, such as "SingleDriver"; empty for a number that is none.
+/// Name of a device class, such as "SingleDriver"; empty for a number without one.
 [[nodiscard]] std::string deviceTypeName(std::int64_t type);
 
 /// Words of a link as views show them, such as "DOUT Type"; its number if it has none.
 [[nodiscard]] std::string linkWords(std::int32_t link);
 
-/// Name of the direction of a sync manager or FMMU, such as "Outputs"; empty for a number that is none.
+/// Name of the direction of a sync manager or FMMU, such as "Outputs"; empty for a number without one.
 [[nodiscard]] std::string directionName(std::int64_t direction);
 
 /// Name of a token, such as "PS" or "ro"; "IP_PS" for both of these transitions; empty for no token.
@@ -32,7 +32,7 @@ namespace show {
 /// show as their number.
 [[nodiscard]] std::vector<std::string> assignActivateWords(std::int64_t assignActivate);
 
-/// What the number in a field of a KTL file stands for; empty where it is just a number.
+/// What the number in a field of a KTL file means; empty where it is just a number.
 [[nodiscard]] std::string wordsOf(KtlMeaning meaning, std::int64_t number);
 
 } // namespace show

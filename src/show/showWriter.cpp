@@ -5,8 +5,8 @@
 #include "show/showModel.h"
 #include "show/showModules.h"
 #include "show/showStartup.h"
-#include "show/showText.h"
 #include "show/textColumns.h"
+#include "show/textWriter.h"
 #include "text/oneLine.h"
 
 #include <ostream>

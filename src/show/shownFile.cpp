@@ -4,12 +4,12 @@
 
 namespace show {
 
-void ShownFile::setEsi(struct_FilenameDevice loaded, const ExportProblemSink& tell)
+void ShownFile::setEsi(struct_FilenameDevice loaded, const ExportProblemSink& report)
 {
     esi = std::make_unique<struct_FilenameDevice>(std::move(loaded));
-    devices = exportedDevices(*esi, [this, tell](const ExportProblem& problem) {
+    devices = exportedDevices(*esi, [this, report](const ExportProblem& problem) {
         isComplete = isComplete && problem.kind != ExportProblem::Kind::CutShort;
-        tell(problem);
+        report(problem);
     });
 }
 

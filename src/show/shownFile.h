@@ -23,8 +23,8 @@ struct ShownFile
     ShownFile& operator=(ShownFile&&) = delete;
 
     /// Takes a loaded ESI file. Its devices are those that an export of it would hold.
-    /// @param tell  takes what is wrong with a device, once, when that is first asked for
-    void setEsi(struct_FilenameDevice loaded, const ExportProblemSink& tell);
+    /// @param report  takes what is wrong with a device, once, when that is first asked for
+    void setEsi(struct_FilenameDevice loaded, const ExportProblemSink& report);
 
     /// Takes the bytes of a KTL file. It is complete if it ends as it should.
     void setKtl(std::vector<unsigned char> contents);

@@ -78,10 +78,10 @@ template<typename Command> StartupSource sourceOf(const Command& command, const 
     return {origin, std::string_view(command.Comment), std::string_view(command.strData), std::nullopt};
 }
 
-/// What the commands of one list come from, one part of the list behind the other.
+/// One part of a list of commands, whose commands all come from the same place.
 struct ListPart
 {
-    std::size_t end; ///< place behind its last command
+    std::size_t end; ///< place after its last command
     const char* origin;
 };
 
@@ -103,7 +103,7 @@ std::size_t declared(std::size_t all, std::size_t generated)
     return all > generated ? all - generated : 0;
 }
 
-/// @param coe  tells whether commands of that kind are generated
+/// @param coe  says whether commands of that kind are generated
 const char* originByObject(const struct_KTL_InitCmd& command, const struct_KTL_COE& coe)
 {
     if (command.Transition != PS)

@@ -28,17 +28,17 @@ struct StartupSources
     std::vector<StartupSource> coe;
 };
 
-/// Sources of a device as it was loaded from an ESI file. They are exact: the generated commands stand behind the
-/// declared ones in their lists, and generating them again tells how many there are.
+/// Sources of a device as it was loaded from an ESI file. They are exact: the generated commands follow the declared
+/// ones in their lists, and generating them again shows how many there are.
 /// @param device  not changed when this returns; has to outlive the result
 [[nodiscard]] StartupSources startupSourcesOf(struct_EtherCatDevice& device);
 
-/// Sources of a device of a KTL file, which does not carry them. A CoE command of the transition PS whose object is an
-/// assign object or a mapping object is taken for a generated one if the device assigns or configures PDOs at all; an
-/// EoE command of IP_PS is a generated one, since no ESI text reads as that transition. All others are unknown.
+/// Sources of a device of a KTL file, which carries none. A CoE command of transition PS is taken for a generated one if
+/// its object assigns PDOs and the device does so, or maps PDOs and the device configures them. So is an EoE command of
+/// IP_PS, since no ESI text reads as that transition. All others are unknown.
 [[nodiscard]] StartupSources startupSourcesOf(const KtlDeviceBlock& block);
 
-/// The source of a command by its place in its list. One behind the last source is unknown: an export that cannot be
+/// The source of a command by its place in its list. One after the last source is unknown: an export that cannot be
 /// read in full can seem to hold more commands than the device has.
 [[nodiscard]] const StartupSource& sourceAt(const std::vector<StartupSource>& sources, std::size_t place);
 

@@ -144,14 +144,14 @@ std::size_t columnsOf(const std::string& utf8)
     return columnsOf(QString::fromStdString(utf8));
 }
 
-std::size_t longestWord(const std::string& utf8)
+std::size_t maxWordColumns(const std::string& utf8)
 {
     if (utf8.find(' ') == std::string::npos)
         return columnsOf(utf8);
-    std::size_t longest = 0;
+    std::size_t columns = 0;
     for (const QString& word : wordsIn(utf8))
-        longest = std::max(longest, columnsOf(word));
-    return longest;
+        columns = std::max(columns, columnsOf(word));
+    return columns;
 }
 
 std::vector<std::string> brokenInto(const std::string& utf8, std::size_t columns)

@@ -12,13 +12,13 @@ namespace show {
 inline constexpr std::size_t anyWidth = std::numeric_limits<std::size_t>::max();
 
 /// Columns that a text takes: two for a wide character such as a Chinese one or an emoji, none for one that is drawn
-/// onto the one before it, such as an accent of its own.
+/// onto the one before it, such as a combining accent.
 [[nodiscard]] std::size_t columnsOf(const std::string& utf8);
 
-/// Columns of the longest word, that is, what stands between blanks.
-[[nodiscard]] std::size_t longestWord(const std::string& utf8);
+/// Columns of the widest word, a word being what is between blanks.
+[[nodiscard]] std::size_t maxWordColumns(const std::string& utf8);
 
-/// A text in lines that take no more than so many columns. It breaks at blanks, and inside a word only where the word
+/// A text in lines that take at most that many columns. It breaks at blanks, and inside a word only where the word
 /// alone is too long. A character that is wider than a line has one to itself.
 /// @return  at least one line
 [[nodiscard]] std::vector<std::string> brokenInto(const std::string& utf8, std::size_t columns);

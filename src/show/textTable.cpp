@@ -20,8 +20,8 @@ TextTable::TextTable(TextRow labels)
 {
     for (std::string& label : labels) {
         Column column;
-        column.least = longestWord(label);
-        column.cells = column.least;
+        column.minWidth = maxWordColumns(label);
+        column.cells = column.minWidth;
         column.label = std::move(label);
         m_columns.push_back(std::move(column));
     }
@@ -35,7 +35,7 @@ bool TextTable::measure(const TextRow& row)
         Column& column = m_columns[index];
         const std::string& cell = row[index];
         column.cells = std::max(column.cells, columnsOf(cell));
-        column.least = std::max(column.least, std::min(longestWord(cell), longWord));
+        column.minWidth = std::max(column.minWidth, std::min(maxWordColumns(cell), longWord));
         column.isLeftOut = column.isLeftOut && (cell.empty() || cell == "-" || cell == "no");
     }
     return true;
@@ -63,7 +63,7 @@ bool TextTable::fitCells(std::size_t lineWidth, std::size_t gap, std::size_t lim
 {
     m_gap = gap;
     for (Column& column : m_columns)
-        column.width = std::min(column.cells, std::max(column.least, limit));
+        column.width = std::min(column.cells, std::max(column.minWidth, limit));
     return totalWidth(m_gap) <= lineWidth;
 }
 

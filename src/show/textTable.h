@@ -11,18 +11,18 @@ namespace show {
 
 using TextRow = std::vector<std::string>;
 
-/// The columns of a table: first every row is taken measure of, then the columns are set, then the rows are written.
+/// The columns of a table: first every row is measured, then the column widths are set, then the rows are written.
 class TextTable
 {
 public:
     explicit TextTable(TextRow labels);
 
-    /// Takes measure of a row.
+    /// Measures a row.
     /// @return  false if it does not have a cell for each column
     [[nodiscard]] bool measure(const TextRow& row);
 
-    /// Sets the columns for lines of so many columns of the terminal. Too wide a table gets narrow columns, in which
-    /// cells break into lines. Columns in which nothing stands, or "no" throughout, are left out.
+    /// Sets the widths for lines of at most that many columns of the terminal. A table that is too wide gets narrow
+    /// columns, in which cells break into lines. Columns that are empty, or "no" throughout, are left out.
     /// @return  false if the table cannot be made to fit
     [[nodiscard]] bool fit(std::size_t lineWidth);
 
@@ -33,13 +33,13 @@ private:
     struct Column
     {
         std::string label;
-        std::size_t cells = 0; ///< columns of its longest cell, or of the longest word of its label
-        std::size_t least = 0; ///< below this, words of it would be broken
+        std::size_t cells = 0; ///< columns of its widest cell, or of the widest word of its label
+        std::size_t minWidth = 0; ///< with less, words of it would be broken
         bool isLeftOut = true;
         std::size_t width = 0; ///< as it was set
     };
 
-    /// Sets the columns if they fit with cells of no more than so many columns, but for what their words need.
+    /// Sets the columns if they fit with cells of at most that many columns, but never less than their words need.
     [[nodiscard]] bool fitCells(std::size_t lineWidth, std::size_t gap, std::size_t limit);
     [[nodiscard]] bool fitWhole(std::size_t lineWidth);
     [[nodiscard]] std::size_t totalWidth(std::size_t gap) const;

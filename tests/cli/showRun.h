@@ -1,7 +1,8 @@
-// showRun.h - runs `ktl show` as a user would, and takes its JSON apart.
+// showRun.h - runs `ktl show`, and takes its JSON apart.
 #pragma once
 
-#include "cli/commandRun.h"
+#include "cli/commandInProcess.h"
+#include "cli/workplace.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -12,43 +13,22 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// Path of a sample.
-inline QString samplePath(const QString& name)
-{
-    return QStringLiteral(KINETRA_SOURCE_DIR "/samples/") + name;
-}
-
 /// Names of all samples.
 inline QStringList sampleNames()
 {
     return {"bus-coupler.xml", "dual-axis-drive.xml", "io-block.xml", "oversampling-terminal.xml", "servo-drive.xml"};
 }
 
-/// Where a run reads and writes; an empty path is a pipe.
-struct ShowStreams
+/// Runs `ktl show` inside the test.
+inline CommandRun runShow(const QStringList& arguments)
 {
-    QString input;
-    QString output;
-};
+    return runHere(QStringList{"show"} + arguments);
+}
 
-/// Runs `ktl show` with standard input from a file, and standard output to one.
-inline CommandRun runShow(const QStringList& arguments, const ShowStreams& streams = {})
+/// Runs `ktl show` as a program with streams of its own.
+inline CommandRun runShow(const QStringList& arguments, const CommandStart& start)
 {
-    constexpr int minute = 60 * 1000;
-    QProcess process;
-    if (!streams.input.isEmpty())
-        process.setStandardInputFile(streams.input);
-    if (!streams.output.isEmpty())
-        process.setStandardOutputFile(streams.output);
-    process.start(QStringLiteral(KTL_PROGRAM), QStringList{"show"} + arguments);
-    CommandRun run;
-    process.closeWriteChannel();
-    run.hasEnded = process.waitForFinished(minute);
-    run.hasCrashed = !run.hasEnded || process.exitStatus() == QProcess::CrashExit;
-    run.exitCode = run.hasCrashed ? -1 : process.exitCode();
-    run.output = process.readAllStandardOutput();
-    run.errors = process.readAllStandardError();
-    return run;
+    return runKtl(QStringList{"show"} + arguments, start);
 }
 
 /// The files of a run with `--json`; empty if the output is no JSON.

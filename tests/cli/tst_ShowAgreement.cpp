@@ -30,7 +30,7 @@ void addEsiFiles()
 {
     QTest::addColumn<QString>("esi");
     for (const QString& name : sampleNames())
-        QTest::addRow("%s", qPrintable(name)) << samplePath(name);
+        QTest::addRow("%s", qPrintable(name)) << sample(name);
     const QDir real(qEnvironmentVariable("KINETRA_ESI_DIR", QStringLiteral(KINETRA_SOURCE_DIR "/../shared/esi")));
     for (const QString& name : real.entryList({"*.xml"}, QDir::Files))
         QTest::addRow("%s", qPrintable(name)) << real.filePath(name);
@@ -60,7 +60,7 @@ QJsonArray list(const QJsonObject& object, const char* key)
     return object.value(QLatin1String(key)).toArray();
 }
 
-/// Some members of an object, under other names where "from" and "to" stand in pairs.
+/// Some members of an object.
 QJsonObject pick(const QJsonObject& object, const QStringList& keys)
 {
     QJsonObject picked;
@@ -77,7 +77,7 @@ QJsonArray pickEach(const QJsonArray& objects, const QStringList& keys)
     return picked;
 }
 
-/// The numbers of a field cut to so many bits, as the file has it.
+/// The numbers of a field cut to that many bits, as the file has it.
 QJsonArray cut(QJsonArray objects, const QString& key, int bits)
 {
     for (int index = 0; index < objects.size(); ++index) {
@@ -205,7 +205,7 @@ void tst_ShowAgreement::esiAndKtl()
     QFETCH(QString, esi);
     const QString ktl = m_folder.filePath("made.ktl");
     const CommandRun shown = runShow({"--json", esi});
-    const CommandRun made = runKtl({"convert", esi, "-o", ktl, "--force"});
+    const CommandRun made = runHere({"convert", esi, "-o", ktl, "--force"});
     QCOMPARE(shown.exitCode, made.exitCode);
     if (made.exitCode != 0)
         return; // a file that neither command can read
@@ -253,9 +253,8 @@ void tst_ShowAgreement::devicesAndModel()
 void tst_ShowAgreement::severalFiles()
 {
     const QString ktl = m_folder.filePath("several.ktl");
-    QCOMPARE(runKtl({"convert", samplePath("io-block.xml"), "-o", ktl, "--force"}).exitCode, 0);
-    const QJsonArray files =
-        filesIn(runShow({"--json", samplePath("servo-drive.xml"), ktl, samplePath("io-block.xml"), ktl}));
+    QCOMPARE(runHere({"convert", sample("io-block.xml"), "-o", ktl, "--force"}).exitCode, 0);
+    const QJsonArray files = filesIn(runShow({"--json", sample("servo-drive.xml"), ktl, sample("io-block.xml"), ktl}));
     QStringList kinds;
     QList<int> devices;
     for (const QJsonValue& file : files) {
@@ -280,7 +279,7 @@ void tst_ShowAgreement::sameBytesEachTime()
     QFETCH(QStringList, options);
     QStringList paths;
     for (const QString& name : sampleNames())
-        paths.append(samplePath(name));
+        paths.append(sample(name));
     const CommandRun first = runShow(options + paths);
     QCOMPARE(first.exitCode, 0);
     QVERIFY(!first.output.isEmpty());

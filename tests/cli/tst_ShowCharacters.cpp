@@ -72,7 +72,7 @@ void tst_ShowCharacters::unsafe()
     const QJsonObject device = shownFile(path).value("devices").toArray().at(0).toObject();
     QCOMPARE(device.value("model").toObject().value("name").toString().toUtf8(), "a" + bytes + "b");
 
-    const QByteArray choices = runKtl({"choices", path}).output;
+    const QByteArray choices = runHere({"choices", path}).output;
     QCOMPARE(choices.contains("a" + bytes + "b"), isKept);
     QVERIFY(QJsonDocument::fromJson(choices).isObject());
 

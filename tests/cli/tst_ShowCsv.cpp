@@ -64,7 +64,7 @@ QList<QStringList> parsed(const QByteArray& csv)
     return rows;
 }
 
-QByteArray esiWith(const QByteArray& name, const QByteArray& pdo)
+QByteArray esiOf(const QByteArray& name, const QByteArray& pdo)
 {
     return "<EtherCATInfo><Vendor><Id>1</Id></Vendor><Descriptions><Devices><Device><Type ProductCode=\"2\">D</Type>"
            "<Name>"
@@ -82,7 +82,7 @@ void tst_ShowCsv::headers_data()
     QTest::addRow("startup") << "startup" << startupHeader;
 }
 
-/// A file without devices gives the header alone; several files share one header.
+/// A file without devices has the header alone; several files share one header.
 void tst_ShowCsv::headers()
 {
     QFETCH(QString, table);
@@ -97,7 +97,7 @@ void tst_ShowCsv::headers()
 void tst_ShowCsv::rows_data()
 {
     QTest::addColumn<QString>("table");
-    QTest::addColumn<QString>("sample");
+    QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("row");
     const QByteArray coupler = "MB-C100 bus coupler for 16 modules";
     QTest::addRow("object") << "dictionary"
@@ -147,9 +147,9 @@ void tst_ShowCsv::rows_data()
 void tst_ShowCsv::rows()
 {
     QFETCH(QString, table);
-    QFETCH(QString, sample);
+    QFETCH(QString, name);
     QFETCH(QByteArray, row);
-    const CommandRun run = runShow({"--csv", table, samplePath(sample)});
+    const CommandRun run = runShow({"--csv", table, sample(name)});
     QCOMPARE(run.exitCode, 0);
     QVERIFY2(run.output.contains(row + "\r\n"), run.output.constData());
 }
@@ -158,7 +158,7 @@ void tst_ShowCsv::quotes()
 {
     const QByteArray pdo = "<RxPdo Sm=\"0\"><Index>#x1600</Index><Name>a&#10;b</Name><Entry><Index>#x7000</Index>"
                            "<BitLen>8</BitLen><Name>\"</Name><DataType>c&#13;d</DataType></Entry></RxPdo>";
-    const QString path = writtenFile(m_folder, "a,b.xml", esiWith("say \"go\", then stop", pdo));
+    const QString path = writtenFile(m_folder, "a,b.xml", esiOf("say \"go\", then stop", pdo));
     const CommandRun run = runShow({"--csv", "pdo", path});
     QCOMPARE(run.output,
              pdoHeader + '"' + path.toUtf8()
@@ -191,7 +191,7 @@ void tst_ShowCsv::spreadsheet()
     QFETCH(QByteArray, name);
     QFETCH(QByteArray, field);
     const QString path = writtenFile(m_folder, "formula.xml",
-                                     esiWith("N", "<RxPdo><Index>#x1600</Index><Name>" + name + "</Name></RxPdo>"));
+                                     esiOf("N", "<RxPdo><Index>#x1600</Index><Name>" + name + "</Name></RxPdo>"));
     const QByteArray row = path.toUtf8() + ",1,N,device,output,0x1600,%1,no,no,-1,0,,,,,,,,0,\r\n";
     QByteArray plain = name;
     plain.replace("&#9;", "\t");
@@ -205,7 +205,7 @@ void tst_ShowCsv::spreadsheet()
 void tst_ShowCsv::spreadsheetWithoutTable()
 {
     for (const QStringList& options : {QStringList{"--spreadsheet"}, QStringList{"--spreadsheet", "--json"}}) {
-        const CommandRun run = runShow(options + QStringList{samplePath("io-block.xml")});
+        const CommandRun run = runShow(options + QStringList{sample("io-block.xml")});
         QCOMPARE(run.exitCode, 2);
         QCOMPARE(run.output, QByteArray());
         QVERIFY2(run.errors.contains("--spreadsheet goes with --csv only"), run.errors.constData());
@@ -222,7 +222,7 @@ void tst_ShowCsv::choicesAfterAnotherSelection()
     const QByteArray profile = "<Profile><ProfileNo>5001</ProfileNo></Profile>";
     const QByteArray pdo = "<TxPdo Sm=\"0\"><Index>#x1A00</Index></TxPdo>";
     const QByteArray module = "<Modules><Module><Type ModuleIdent=\"9\">M</Type>" + pdo + "</Module></Modules>";
-    const QByteArray esi = esiWith("N", pdo + profile + slotList);
+    const QByteArray esi = esiOf("N", pdo + profile + slotList);
     const QString path =
         writtenFile(m_folder, "coupler.xml", QByteArray(esi).replace("</Devices>", "</Devices>" + module));
     const QString type = shownFile(path).value("devices").toArray().at(0).toObject().value("deviceTypeName").toString();
@@ -237,7 +237,7 @@ void tst_ShowCsv::choicesAfterAnotherSelection()
 void tst_ShowCsv::pdoWithoutEntries()
 {
     const QString path =
-        writtenFile(m_folder, "no-entries.xml", esiWith("N", "<RxPdo Sm=\"0\"><Index>#x1600</Index></RxPdo>"));
+        writtenFile(m_folder, "no-entries.xml", esiOf("N", "<RxPdo Sm=\"0\"><Index>#x1600</Index></RxPdo>"));
     const CommandRun run = runShow({"--csv", "pdo", path});
     QCOMPARE(run.output, pdoHeader + path.toUtf8() + ",1,N,device,output,0x1600,,no,no,0,0,,,,,,,,0,\r\n");
 }
@@ -245,7 +245,7 @@ void tst_ShowCsv::pdoWithoutEntries()
 void tst_ShowCsv::ktlFilesHaveNoDictionary()
 {
     const QString ktl = m_folder.filePath("drive.ktl");
-    QCOMPARE(runKtl({"convert", samplePath("servo-drive.xml"), "-o", ktl}).exitCode, 0);
+    QCOMPARE(runHere({"convert", sample("servo-drive.xml"), "-o", ktl}).exitCode, 0);
     const CommandRun run = runShow({"--csv", "dictionary", ktl});
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.output, dictionaryHeader);
@@ -266,8 +266,8 @@ void tst_ShowCsv::everyRowHasEveryColumn()
     const QString ktl = m_folder.filePath(table + ".ktl");
     QStringList paths{ktl};
     for (const QString& name : sampleNames())
-        paths.append(samplePath(name));
-    QCOMPARE(runKtl(QStringList{"convert"} + paths.mid(1) + QStringList{"-o", ktl}).exitCode, 0);
+        paths.append(sample(name));
+    QCOMPARE(runHere(QStringList{"convert"} + paths.mid(1) + QStringList{"-o", ktl}).exitCode, 0);
     const QList<QStringList> all = parsed(runShow(QStringList{"--csv", table} + paths).output);
     QVERIFY(all.size() > 50);
     for (const QStringList& row : all)

@@ -51,9 +51,9 @@ void tst_ShowDoc::everyKey()
 {
     QStringList paths;
     for (const QString& name : sampleNames())
-        paths.append(samplePath(name));
+        paths.append(sample(name));
     const QString ktl = m_folder.filePath("all.ktl");
-    QCOMPARE(runKtl(QStringList{"convert"} + paths + QStringList{"-o", ktl}).exitCode, 0);
+    QCOMPARE(runHere(QStringList{"convert"} + paths + QStringList{"-o", ktl}).exitCode, 0);
     QSet<QString> keys;
     addKeys(keys, filesIn(runShow(QStringList{"--json", ktl} + paths)));
     QVERIFY(keys.size() > 100);
@@ -76,7 +76,7 @@ void tst_ShowDoc::everyColumn()
 {
     QFETCH(QString, table);
     const QString printed =
-        QString::fromUtf8(runShow({"--csv", table, samplePath("io-block.xml")}).output).section("\r\n", 0, 0);
+        QString::fromUtf8(runShow({"--csv", table, sample("io-block.xml")}).output).section("\r\n", 0, 0);
     const QStringList lines =
         m_page.mid(m_page.indexOf("\n## 8")).split('\n').filter(QRegularExpression("^\\| `" + table + "` \\|"));
     QCOMPARE(lines.size(), 1);
@@ -92,7 +92,7 @@ void tst_ShowDoc::everyColumn()
 void tst_ShowDoc::everyItemOfTheExample()
 {
     const QString ktl = m_folder.filePath("example.ktl");
-    QCOMPARE(runKtl({"convert", samplePath("io-block.xml"), "-o", ktl}).exitCode, 0);
+    QCOMPARE(runHere({"convert", sample("io-block.xml"), "-o", ktl}).exitCode, 0);
     const QString printed = QString::fromUtf8(runShow({ktl}).output);
     const int begin = printed.indexOf("@0x00000034");
     const QString item = printed.mid(begin, printed.indexOf("  record 2", begin) - begin);

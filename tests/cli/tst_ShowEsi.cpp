@@ -62,12 +62,6 @@ QStringList commandTexts(const QJsonObject& device, const QString& member)
     return texts;
 }
 
-QByteArray readAll(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 /// A sample in UTF-16 or UTF-32, with a byte order mark.
 QByteArray encoded(const QString& path, const char* codec)
 {
@@ -75,7 +69,7 @@ QByteArray encoded(const QString& path, const char* codec)
     if (found == nullptr)
         return {};
     const std::unique_ptr<QTextEncoder> encoder(found->makeEncoder());
-    return encoder->fromUnicode(QString::fromUtf8(readAll(path)));
+    return encoder->fromUnicode(QString::fromUtf8(contentOf(path)));
 }
 
 } // namespace
@@ -84,25 +78,27 @@ void tst_ShowEsi::kindIsInTheContent_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("kind");
-    const QByteArray esi = readAll(samplePath("io-block.xml"));
+    const QByteArray esi = contentOf(sample("io-block.xml"));
     QTest::addRow("ESI") << esi << "ESI";
     QTest::addRow("ESI with a byte order mark") << bytes("EF BB BF") + esi << "ESI";
     QTest::addRow("ESI behind blanks") << "\n  " + esi.mid(esi.indexOf("<EtherCATInfo")) << "ESI";
     for (const char* codec : {"UTF-16LE", "UTF-16BE", "UTF-32LE", "UTF-32BE"})
-        QTest::addRow("ESI in %s", codec) << encoded(samplePath("io-block.xml"), codec) << "ESI";
+        QTest::addRow("ESI in %s", codec) << encoded(sample("io-block.xml"), codec) << "ESI";
     QTest::addRow("End item alone") << bytes("00 00 00 00 0C 00 00 00 00 00 00 00") << "KTL";
     QTest::addRow("item of a later version first")
         << bytes("F4 9F 00 00 08 00 00 00 00 00 00 00 0C 00 00 00 00 00 00 00") << "KTL";
 }
 
-/// Under a name that tells nothing, and from standard input.
+/// Under a name that shows nothing, and from standard input.
 void tst_ShowEsi::kindIsInTheContent()
 {
     QFETCH(QByteArray, content);
     QFETCH(QString, kind);
     const QString path = writtenFile(m_folder, "file.dat", content);
     for (const bool isPiped : {false, true}) {
-        const CommandRun run = isPiped ? runShow({"--json", "-"}, {path, {}}) : runShow({"--json", path});
+        CommandStart piped;
+        piped.inputFile = path;
+        const CommandRun run = isPiped ? runShow({"--json", "-"}, piped) : runShow({"--json", path});
         QCOMPARE(run.errors, QByteArray());
         QCOMPARE(run.exitCode, 0);
         const QJsonObject file = filesIn(run).at(0).toObject();
@@ -116,7 +112,7 @@ void tst_ShowEsi::kindIsInTheContent()
 void tst_ShowEsi::namesOutsideAscii()
 {
     const QString path = m_folder.filePath(QString::fromUtf8("设备 é.xml"));
-    QVERIFY(QFile::copy(samplePath("servo-drive.xml"), path));
+    QVERIFY(QFile::copy(sample("servo-drive.xml"), path));
     const CommandRun run = runShow({path});
     QCOMPARE(run.exitCode, 0);
     QVERIFY(run.output.startsWith(path.toUtf8() + ": ESI file, 1 device\n"));
@@ -127,7 +123,7 @@ void tst_ShowEsi::namesOutsideAscii()
 
 void tst_ShowEsi::deviceOfTheFile()
 {
-    const QJsonObject device = deviceOf(samplePath("io-block.xml"));
+    const QJsonObject device = deviceOf(sample("io-block.xml"));
     QCOMPARE(device.value("vendorId").toDouble(), double(0x7E570003));
     QCOMPARE(device.value("productCode").toInt(), 0x16160001);
     QCOMPARE(device.value("revisionNo").toInt(), 0x00010003);
@@ -147,7 +143,7 @@ void tst_ShowEsi::deviceOfTheFile()
 
 void tst_ShowEsi::deviceOfTheModel()
 {
-    const QJsonObject model = deviceOf(samplePath("io-block.xml"), 1).value("model").toObject();
+    const QJsonObject model = deviceOf(sample("io-block.xml"), 1).value("model").toObject();
     QCOMPARE(model.value("type").toString(), QStringLiteral("FB-0504M"));
     QCOMPARE(model.value("checkProductCode").toString(), QStringLiteral("EQ"));
     const QJsonObject pdo = list(model, "rxPdos").at(0).toObject();
@@ -161,13 +157,13 @@ void tst_ShowEsi::deviceOfTheModel()
 
 void tst_ShowEsi::dcModes()
 {
-    const QJsonArray modes = list(deviceOf(samplePath("oversampling-terminal.xml")), "dcModes");
+    const QJsonArray modes = list(deviceOf(sample("oversampling-terminal.xml")), "dcModes");
     QCOMPARE(modes.size(), 3);
     // 0x0730
     QCOMPARE(modes.at(0).toObject(),
              objectOf(R"({"assignActivate":1840,"bits":["bit 4","bit 5","bit 8: cyclic operation enabled",
                           "bit 9: SYNC 0","bit 10: SYNC 1"]})"));
-    const QJsonObject drive = deviceOf(samplePath("servo-drive.xml"));
+    const QJsonObject drive = deviceOf(sample("servo-drive.xml"));
     QCOMPARE(list(list(drive, "dcModes").at(2).toObject(), "bits").size(), 0);
     const QJsonObject second = list(drive.value("model").toObject(), "dcModes").at(1).toObject();
     QCOMPARE(second.value("shiftTimeSync0").toInt(), 125000);
@@ -178,7 +174,7 @@ void tst_ShowEsi::dcModes()
 /// Groups in the order of their first command; the eight bytes of the last declared command reach no file.
 void tst_ShowEsi::startupGroups()
 {
-    const QJsonArray groups = list(deviceOf(samplePath("servo-drive.xml")), "startup");
+    const QJsonArray groups = list(deviceOf(sample("servo-drive.xml")), "startup");
     QStringList names;
     QList<int> sizes;
     for (const QJsonValue& group : groups) {
@@ -202,14 +198,14 @@ void tst_ShowEsi::startupGroups()
 /// A drive with a declared command, commands of its modules, and generated ones.
 void tst_ShowEsi::startupOrigins()
 {
-    const QStringList origins = commandTexts(deviceOf(samplePath("dual-axis-drive.xml")), "origin");
+    const QStringList origins = commandTexts(deviceOf(sample("dual-axis-drive.xml")), "origin");
     QCOMPARE(origins.size(), 1 + 2 + 2 + 4 * 5 + 3 + 4);
     QCOMPARE(origins.mid(0, 7), (QStringList{"1 PS 2001:0 ESI", "2 PS 1c12:0 PDO assignment",
                                              "3 PS 1c13:0 PDO assignment", "4 PS 6060:0 module", "5 PS 6860:0 module",
                                              "6 PS 1600:0 PDO mapping", "7 PS 1600:1 PDO mapping"}));
     QCOMPARE(origins.mid(24, 3),
              (QStringList{"25 PS 1a10:0 PDO mapping", "26 PS 1c12:1 PDO assignment", "27 PS 1c12:2 PDO assignment"}));
-    const QStringList meanings = commandTexts(deviceOf(samplePath("dual-axis-drive.xml")), "meaning");
+    const QStringList meanings = commandTexts(deviceOf(sample("dual-axis-drive.xml")), "meaning");
     QCOMPARE(meanings.at(5), QStringLiteral("6 PS 1600:0 clears the list"));
     QCOMPARE(meanings.at(7), QStringLiteral("8 PS 1600:2 0x607a:0, 32 bits"));
     QCOMPARE(meanings.at(9), QStringLiteral("10 PS 1600:0 3 entries"));
@@ -217,13 +213,13 @@ void tst_ShowEsi::startupOrigins()
     QCOMPARE(meanings.at(31), QStringLiteral("32 PS 1c13:0 3 PDOs"));
 }
 
-/// The file has no origins: they are told by objects, as far as that goes.
+/// The file has no origins: they follow from the objects, as far as that goes.
 void tst_ShowEsi::originsInAKtlFile()
 {
     const QString ktl = m_folder.filePath("drive.ktl");
-    QCOMPARE(runKtl({"convert", samplePath("servo-drive.xml"), "-o", ktl, "--force"}).exitCode, 0);
+    QCOMPARE(runHere({"convert", sample("servo-drive.xml"), "-o", ktl, "--force"}).exitCode, 0);
     const QStringList origins = commandTexts(deviceOf(ktl), "origin");
-    const QStringList exact = commandTexts(deviceOf(samplePath("servo-drive.xml")), "origin");
+    const QStringList exact = commandTexts(deviceOf(sample("servo-drive.xml")), "origin");
     QCOMPARE(origins.size(), exact.size());
     for (int index = 0; index < exact.size(); ++index)
         QCOMPARE(origins.at(index), QString(exact.at(index)).replace(" ESI", " unknown"));
@@ -233,10 +229,10 @@ void tst_ShowEsi::originsInAKtlFile()
     QCOMPARE(source, objectOf(R"({"origin":"EoE","comment":null,"text":null,"choiceRow":null})"));
 }
 
-/// It stands in the model only, with its PDO.
+/// It is in the model only, with its PDO.
 void tst_ShowEsi::virtualSyncManager()
 {
-    const QJsonObject device = deviceOf(samplePath("io-block.xml"), 1);
+    const QJsonObject device = deviceOf(sample("io-block.xml"), 1);
     const QJsonObject model = device.value("model").toObject();
     QCOMPARE(list(device, "syncManagers").size(), 2);
     QCOMPARE(list(model, "syncManagers").size(), 3);
@@ -246,7 +242,7 @@ void tst_ShowEsi::virtualSyncManager()
 
 void tst_ShowEsi::slotsAndModules()
 {
-    const QJsonObject file = shownFile(samplePath("bus-coupler.xml"));
+    const QJsonObject file = shownFile(sample("bus-coupler.xml"));
     const QJsonObject device = list(file, "devices").at(0).toObject();
     QCOMPARE(device.value("slotCount").toInt(), 16);
     QCOMPARE(device.value("moduleCount").toInt(), 7);
@@ -273,11 +269,11 @@ void tst_ShowEsi::slotsAndModules()
     QCOMPARE(list(analog.value("dictionary").toObject(), "objects").size(), 2);
 }
 
-/// The rows of the window's tab: an object with the count of its record, and what stands under it.
+/// The rows of the window's tab: an object with the count of its record, and what is under it.
 void tst_ShowEsi::dictionaryRows()
 {
     const QJsonObject dictionary =
-        deviceOf(samplePath("servo-drive.xml")).value("model").toObject().value("dictionary").toObject();
+        deviceOf(sample("servo-drive.xml")).value("model").toObject().value("dictionary").toObject();
     QCOMPARE(list(dictionary, "objects").size(), 35);
     QCOMPARE(list(dictionary, "dataTypes").size(), 26);
     QJsonArray identity;
@@ -293,7 +289,7 @@ void tst_ShowEsi::dictionaryRows()
 
 void tst_ShowEsi::textForPeople()
 {
-    const CommandRun run = runShow({samplePath("servo-drive.xml"), samplePath("io-block.xml")});
+    const CommandRun run = runShow({sample("servo-drive.xml"), sample("io-block.xml")});
     QCOMPARE(run.errors, QByteArray());
     for (const char* part :
          {"/servo-drive.xml: ESI file, 1 device\n\nDevice 1 of 1\n", "\n  product code            66560 (0x10400)\n",
@@ -308,9 +304,9 @@ void tst_ShowEsi::textForPeople()
 void tst_ShowEsi::exportTimeAndRuns()
 {
     const QString ktl = m_folder.filePath("runs.ktl");
-    const QStringList convert{"convert", samplePath("bus-coupler.xml"), "-o", ktl, "--date", "2026-01-02T03:04:05"};
-    QCOMPARE(runKtl(convert).exitCode, 0);
-    QCOMPARE(runKtl(convert + QStringList{"--append"}).exitCode, 0);
+    const QStringList convert{"convert", sample("bus-coupler.xml"), "-o", ktl, "--date", "2026-01-02T03:04:05"};
+    QCOMPARE(runHere(convert).exitCode, 0);
+    QCOMPARE(runHere(convert + QStringList{"--append"}).exitCode, 0);
     const QJsonArray devices = list(shownFile(ktl), "devices");
     QCOMPARE(devices.size(), 2);
     QCOMPARE(devices.at(1).toObject().value("run").toInt(), 2);

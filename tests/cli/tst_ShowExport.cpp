@@ -12,7 +12,7 @@ private slots:
     void miscounts_data();
     void miscounts();
     void lostModule();
-    void warningBehindAFailedDevice();
+    void warningAfterAFailedDevice();
     void warningForEachDevice();
     void commandsThatAreNone();
 
@@ -98,11 +98,11 @@ void tst_ShowExport::miscounts_data()
     const QByteArray coupler = "5001";
     const QByteArray none;
     const QByteArray command = "<InitCmd><Index>#x8000</Index><Data>01</Data></InitCmd>";
-    // Its record reads as an item of type 0x01000000 and of 48 bytes: itself and the two records behind it.
+    // Its record reads as an item of type 0x01000000 and of 48 bytes: itself and the two records after it.
     const QByteArray itemOfThree = "<InitCmd><Index>48</Index><Data>01</Data></InitCmd>";
     // Its record reads as an End item of 16 bytes: itself.
     const QByteArray endOfOne = "<InitCmd><Index>16</Index></InitCmd>";
-    // A mapping of 3 records, of which none is announced: the last 3 records are behind the announced end.
+    // A mapping of 3 records, of which none is announced: the last 3 records are after the announced end.
     const QByteArray threeTooFew = pdo({}, plain);
     const QByteArray right = module("7", pdo("Sm=\"0\"", plain), command);
 
@@ -151,7 +151,7 @@ void tst_ShowExport::lostModule()
 
 /// A device whose export fails, since a module brings a PDO on a sync manager that the device does not have, is no
 /// reason to be silent about the next one.
-void tst_ShowExport::warningBehindAFailedDevice()
+void tst_ShowExport::warningAfterAFailedDevice()
 {
     const QByteArray slot =
         "<Slots><Slot MaxInstances=\"1\"><Name>S</Name><ModuleIdent Default=\"1\">9</ModuleIdent></Slot></Slots>";

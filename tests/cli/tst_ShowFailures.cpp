@@ -68,7 +68,7 @@ void tst_ShowFailures::badArguments_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QByteArray>("message");
-    const QString esi = samplePath("io-block.xml");
+    const QString esi = sample("io-block.xml");
     QTest::addRow("no file") << QStringList{} << QByteArray("no file is given");
     QTest::addRow("JSON and CSV") << QStringList{"--json", "--csv", "pdo", esi}
                                   << QByteArray("--json and --csv cannot be given together");
@@ -99,12 +99,12 @@ void tst_ShowFailures::badArguments()
 void tst_ShowFailures::missingFileBetweenOthers()
 {
     const QString missing = m_folder.filePath("missing.ktl");
-    const CommandRun run = runShow({"--json", samplePath("io-block.xml"), missing, samplePath("servo-drive.xml")});
+    const CommandRun run = runShow({"--json", sample("io-block.xml"), missing, sample("servo-drive.xml")});
     QCOMPARE(run.errors, missing.toUtf8() + ": error: the file cannot be read: No such file or directory\n");
     QCOMPARE(run.exitCode, 2);
     const QJsonArray files = filesIn(run);
     QCOMPARE(files.size(), 2);
-    QCOMPARE(files.at(1).toObject().value("file").toString(), samplePath("servo-drive.xml"));
+    QCOMPARE(files.at(1).toObject().value("file").toString(), sample("servo-drive.xml"));
 }
 
 void tst_ShowFailures::neitherKind_data()
@@ -189,7 +189,7 @@ void tst_ShowFailures::brokenEnd()
 void tst_ShowFailures::cutAtEveryByte()
 {
     const QString whole = m_folder.filePath("whole.ktl");
-    QCOMPARE(runKtl({"convert", samplePath("io-block.xml"), "--device", "1", "-o", whole}).exitCode, 0);
+    QCOMPARE(runHere({"convert", sample("io-block.xml"), "--device", "1", "-o", whole}).exitCode, 0);
     QFile file(whole);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QByteArray content = file.readAll();
@@ -202,7 +202,7 @@ void tst_ShowFailures::cutAtEveryByte()
             QCOMPARE(item.toObject().value("offset").toInt(), shown);
             shown += item.toObject().value("present").toInt();
         }
-        QVERIFY2(size - shown < 8, qPrintable(QString::number(size))); // a head that is cut is told and not shown
+        QVERIFY2(size - shown < 8, qPrintable(QString::number(size))); // a head that is cut is reported, not shown
     }
 }
 
@@ -260,7 +260,9 @@ void tst_ShowFailures::fullDisk_data()
 void tst_ShowFailures::fullDisk()
 {
     QFETCH(QStringList, options);
-    const CommandRun run = runShow(options + QStringList{samplePath("servo-drive.xml")}, {{}, "/dev/full"});
+    CommandStart start;
+    start.outputFile = QStringLiteral("/dev/full");
+    const CommandRun run = runShow(options + QStringList{sample("servo-drive.xml")}, start);
     QCOMPARE(run.errors, QByteArray("ktl: error: standard output cannot be written: No space left on device\n"));
     QCOMPARE(run.exitCode, 3);
 }

@@ -202,7 +202,7 @@ void tst_ShowKtlItems::everyField_data()
     addOddItems();
 }
 
-/// The item stands behind one of another kind, so that its code need not be known to tell what file this is.
+/// The item follows one of another kind, so that the kind of the file does not hang on its code.
 void tst_ShowKtlItems::everyField()
 {
     QFETCH(QByteArray, item);

@@ -124,7 +124,7 @@ void tst_ShowStartupValues::valuesAgainstTheirLengths()
     const QByteArray rest = ",," + (isLost ? '"' + meaning.toUtf8() + '"' : QByteArray()) + ",,,,\r\n";
     QVERIFY2(csv.contains(",module 0x10,1,CoE,,0x8000,1,no," + number + rest), csv.constData());
     const QString ktl = m_folder.filePath("values.ktl");
-    QCOMPARE(runKtl({"convert", path, "-o", ktl, "--force"}).exitCode, 0);
+    QCOMPARE(runHere({"convert", path, "-o", ktl, "--force"}).exitCode, 0);
     QCOMPARE(runShow({ktl}).output.count("value of 5 bytes, which the format does not carry"), isLost ? 2 : 0);
 }
 

@@ -1,4 +1,4 @@
-// `ktl show` for people: what stands in a line, and lines that fit a terminal.
+// `ktl show` for people: what is on a line, and lines that fit a terminal.
 #include "cli/showRun.h"
 #include "cli/terminal.h"
 #include "testMain.h"
@@ -27,14 +27,14 @@ private:
 
 namespace {
 
-QByteArray esiWith(const QByteArray& name, const QByteArray& content)
+QByteArray esiOf(const QByteArray& name, const QByteArray& content)
 {
     return "<EtherCATInfo><Vendor><Id>1</Id></Vendor><Descriptions><Devices><Device><Type ProductCode=\"2\">D</Type>"
            "<Name>"
            + name + "</Name>" + content + "</Device></Devices></Descriptions></EtherCATInfo>";
 }
 
-/// What `ktl show` writes to a terminal of so many columns.
+/// What `ktl show` writes to a terminal of that many columns.
 QByteArray shownAt(int columns, const QString& path)
 {
     Terminal terminal;
@@ -90,7 +90,7 @@ void tst_ShowText::lines()
 {
     QFETCH(QByteArray, content);
     QFETCH(QByteArray, shown);
-    const QByteArray text = runShow({writtenFile(m_folder, "lines.xml", esiWith("N", content))}).output;
+    const QByteArray text = runShow({writtenFile(m_folder, "lines.xml", esiOf("N", content))}).output;
     QVERIFY2(text.contains(shown), text.constData());
 }
 
@@ -111,7 +111,7 @@ void tst_ShowText::columns_data()
                             << 2;
 }
 
-/// What stands after a name begins in the same column of the terminal, whatever the name is made of.
+/// What comes after a name begins in the same column of the terminal, whatever the name is made of.
 void tst_ShowText::columns()
 {
     QFETCH(QByteArray, name);
@@ -119,27 +119,27 @@ void tst_ShowText::columns()
     const QByteArray mode = "<OpMode><Name>%1</Name><AssignActivate>#x300</AssignActivate></OpMode>";
     const QByteArray modes =
         "<Dc>" + QByteArray(mode).replace("%1", name) + QByteArray(mode).replace("%1", "twelve chars") + "</Dc>";
-    const QByteArray text = runShow({writtenFile(m_folder, "columns.xml", esiWith("N", modes))}).output;
+    const QByteArray text = runShow({writtenFile(m_folder, "columns.xml", esiOf("N", modes))}).output;
     QVERIFY2(text.contains("    twelve chars  0x300 "), text.constData());
     QVERIFY2(text.contains("    " + name + QByteArray(12 - columns + 2, ' ') + "0x300 "), text.constData());
 }
 
-/// A comma in a name parts nothing.
+/// A comma in a name separates nothing.
 void tst_ShowText::namesOneToALine()
 {
     const QByteArray modules =
         "</Devices><Modules><Module><Type ModuleIdent=\"1\">M</Type><Name>in, out</Name></Module>"
         "<Module><Type ModuleIdent=\"2\">M</Type><Name>last</Name></Module></Modules>";
     const QByteArray esi =
-        esiWith("one, two", "<Profile><ProfileNo>5001</ProfileNo></Profile>").replace("</Devices>", modules);
+        esiOf("one, two", "<Profile><ProfileNo>5001</ProfileNo></Profile>").replace("</Devices>", modules);
     const QString ktl = m_folder.filePath("names.ktl");
-    QCOMPARE(runKtl({"convert", writtenFile(m_folder, "names.xml", esi), "-o", ktl}).exitCode, 0);
+    QCOMPARE(runHere({"convert", writtenFile(m_folder, "names.xml", esi), "-o", ktl}).exitCode, 0);
     const QByteArray text = runShow({ktl}).output;
     const QByteArray margin(17, ' ');
     QVERIFY2(text.contains("  names          one, two\n" + margin + "in, out\n" + margin + "last\n"), text.constData());
 }
 
-/// The text has the sign; JSON and the table tell it beside the value without one.
+/// The text has the sign; JSON and the table have it beside the value without one.
 void tst_ShowText::signedValues()
 {
     const QByteArray object = "<Object><Index>#x2000</Index><Name>O</Name><Type>%1</Type><BitSize>8</BitSize><Info>"
@@ -147,7 +147,7 @@ void tst_ShowText::signedValues()
     const QByteArray dictionary = "<Profile><Dictionary><Objects>" + QByteArray(object).replace("%1", "SINT")
                                   + QByteArray(object).replace("%1", "USINT") + QByteArray(object).replace("%1", "INT")
                                   + "</Objects></Dictionary></Profile>";
-    const QString path = writtenFile(m_folder, "signed.xml", esiWith("N", dictionary));
+    const QString path = writtenFile(m_folder, "signed.xml", esiOf("N", dictionary));
     const QByteArray text = runShow({path}).output;
     QVERIFY2(text.contains(" SINT   -3\n") && text.contains(" USINT  253\n") && text.contains(" INT    253\n"),
              text.constData());
@@ -161,7 +161,7 @@ void tst_ShowText::signedValues()
 
 void tst_ShowText::fitsTheTerminal_data()
 {
-    QTest::addColumn<QString>("sample");
+    QTest::addColumn<QString>("name");
     QTest::addColumn<int>("columns");
     for (const QString& name : sampleNames())
         for (const int columns : {80, 132, 60})
@@ -171,12 +171,11 @@ void tst_ShowText::fitsTheTerminal_data()
 /// An ESI file and the KTL file made from it.
 void tst_ShowText::fitsTheTerminal()
 {
-    QFETCH(QString, sample);
+    QFETCH(QString, name);
     QFETCH(int, columns);
-    const QString folder = QStringLiteral(KINETRA_SOURCE_DIR "/samples");
     const QString ktl = m_folder.filePath("fits.ktl");
-    QCOMPARE(runKtl({"convert", sample, "-o", ktl, "--force"}, folder).exitCode, 0);
-    for (const QString& path : {samplePath(sample), ktl}) {
+    QCOMPARE(runHere({"convert", sample(name), "-o", ktl, "--force"}).exitCode, 0);
+    for (const QString& path : {sample(name), ktl}) {
         QByteArrayList shown = shownAt(columns, path).split('\n');
         QVERIFY(shown.size() > 50);
         shown.removeFirst(); // it has the path, which is not broken
@@ -194,7 +193,7 @@ void tst_ShowText::nothingIsLost()
 {
     const QByteArray name = "a name of a good many words, which is longer than the line of a usual terminal, and then "
                             "one word_that_is_not_only_long_but_longer_than_a_line_of_the_terminal_and_so_broken";
-    const QString path = writtenFile(m_folder, "long.xml", esiWith(name, {}));
+    const QString path = writtenFile(m_folder, "long.xml", esiOf(name, {}));
     const QByteArray shown = shownAt(80, path);
     QByteArray unbroken = shown;
     unbroken = unbroken.simplified();
@@ -209,7 +208,7 @@ void tst_ShowText::nothingIsLost()
 void tst_ShowText::fileHasWholeLines()
 {
     const QByteArray name(300, 'x');
-    const QByteArray text = runShow({writtenFile(m_folder, "wide.xml", esiWith(name, {}))}).output;
+    const QByteArray text = runShow({writtenFile(m_folder, "wide.xml", esiOf(name, {}))}).output;
     QVERIFY2(text.contains(" " + name + "\n"), text.constData());
 }
 

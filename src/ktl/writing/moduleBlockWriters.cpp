@@ -146,9 +146,8 @@ struct_KTL_moduleStartupOne assignmentRecord(std::uint8_t syncManager, const mod
 }
 
 /// Number of startup records that the item of a module announces.
-/// ODD, KEPT: one would expect the number of records that follow. But mappings count here if they are on a sync manager
-/// with process data, and follow if they have entries and there is no complete access. So an item can announce more or
-/// fewer than follow, or be missing. Pinned by tst_ModuleBlockStartup::fewerRecordsThanAnnounced,
+/// ODD, KEPT: one would expect those that follow. But mappings count if they are on a sync manager with process data,
+/// and follow if they have entries and there is no complete access: an item can announce more or fewer, or be missing. Pinned by tst_ModuleBlockStartup::fewerRecordsThanAnnounced,
 /// tst_ModuleBlockStartup::moreRecordsThanAnnounced and tst_ModuleBlockStartup::nothingAnnounced.
 std::size_t announcedRecords(const StartupRules& rules, const struct_module& module)
 {

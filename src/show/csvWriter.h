@@ -1,4 +1,4 @@
-// showCsv.h - rows as comma-separated values.
+// csvWriter.h - rows as comma-separated values.
 #pragma once
 
 #include <iosfwd>
@@ -14,9 +14,9 @@ enum class CsvForm
     Spreadsheet ///< a spreadsheet program: it finds a byte order mark, and no text that it would take for a formula
 };
 
-/// Writes rows by RFC 4180 in UTF-8: fields are parted by commas and a row ends with carriage return and line feed. A
-/// field with a comma, a quote, a carriage return or a line feed stands in quotes, and quotes in it are doubled.
-/// Invalid bytes, changes of direction, and controls other than tab, carriage return and line feed become U+FFFD.
+/// Writes rows by RFC 4180 in UTF-8: commas between fields, carriage return and line feed after a row. A field with a
+/// comma, quote, carriage return or line feed is put in quotes, and quotes in it are doubled. Invalid bytes, changes of
+/// direction, and controls other than tab, carriage return and line feed become U+FFFD.
 class CsvWriter
 {
 public:

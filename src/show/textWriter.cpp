@@ -1,4 +1,4 @@
-#include "show/showText.h"
+#include "show/textWriter.h"
 
 #include "show/showWords.h"
 #include "show/textColumns.h"
@@ -55,7 +55,7 @@ std::string labelOf(const std::string& key)
     return label;
 }
 
-/// Whether one member is the name of what the number in another one stands for: `typeName` of `type`.
+/// Whether one member is the name of what the number in another one means: `typeName` of `type`.
 bool isNameOf(const Member& name, const Member& number)
 {
     const std::string_view ending = "Name";
@@ -105,7 +105,7 @@ std::string plainText(const Number& number)
     return std::to_string(number.value);
 }
 
-/// Elements parted by commas; one that holds a comma itself stands in quotes.
+/// Elements separated by commas; one that holds a comma itself is put in quotes.
 std::string plainText(const List& list)
 {
     std::string all;
@@ -212,8 +212,8 @@ TextRow partsOf(const Value& value)
 
 std::size_t TextWriter::room(std::size_t indentation) const
 {
-    constexpr std::size_t leastRoom = 10; // lines of a terminal that is narrower than this are too long
-    return m_lineWidth < indentation + leastRoom ? leastRoom : m_lineWidth - indentation;
+    constexpr std::size_t minRoom = 10; // lines of a terminal that is narrower than this are too long
+    return m_lineWidth < indentation + minRoom ? minRoom : m_lineWidth - indentation;
 }
 
 void TextWriter::writeObject(const Object& object, std::size_t indentation)

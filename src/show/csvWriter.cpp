@@ -1,4 +1,4 @@
-#include "show/showCsv.h"
+#include "show/csvWriter.h"
 
 #include "text/unsafeCharacters.h"
 

@@ -1,4 +1,4 @@
-// showText.h - values as text for people.
+// textWriter.h - values as text for people.
 #pragma once
 
 #include "show/showValue.h"

@@ -1,0 +1,88 @@
+// Numbers in words that people read.
+#include "model/deviceType.h"
+#include "model/pdoLink.h"
+#include "model/syncDirection.h"
+#include "show/showWords.h"
+#include "testMain.h"
+
+#include <QtTest>
+
+#include <cstdint>
+#include <vector>
+
+class tst_ShowWords : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    static void hexadecimal();
+    static void pairsOfBytes();
+    static void names();
+    static void bitsOfAssignActivate();
+    static void meanings_data();
+    static void meanings();
+};
+
+void tst_ShowWords::hexadecimal()
+{
+    QCOMPARE(show::hexText(0), std::string("0x0"));
+    QCOMPARE(show::hexText(0x1C12), std::string("0x1c12"));
+    QCOMPARE(show::hexText(-2), std::string("-0x2"));
+    QCOMPARE(show::hexText(0xFFFFFFFF), std::string("0xffffffff"));
+}
+
+void tst_ShowWords::pairsOfBytes()
+{
+    const unsigned char content[] = {0x00, 0x9C, 0x0F, 0xFF};
+    const ItemBytes item(content, sizeof content);
+    QCOMPARE(show::bytesText(item, 0, 4), std::string("00 9c 0f ff"));
+    QCOMPARE(show::bytesText(item, 1, 2), std::string("9c"));
+    QCOMPARE(show::bytesText(item, 2, 2), std::string());
+}
+
+void tst_ShowWords::names()
+{
+    QCOMPARE(show::deviceTypeName(KTL_DEVICE_TYPE_MultiDriver), std::string("MultiDriver"));
+    QCOMPARE(show::deviceTypeName(-1), std::string());
+    QCOMPARE(show::directionName(KTL_Outputs), std::string("Outputs"));
+    QCOMPARE(show::directionName(200), std::string());
+    QCOMPARE(show::linkWords(KTL_PDO_TYPE_DOUT), std::string("DOUT Type"));
+    QCOMPARE(show::linkWords(12345), std::string("12345"));
+    QCOMPARE(show::tokenName(3), std::string("IP_PS"));
+    QCOMPARE(show::tokenName(0), std::string());
+}
+
+void tst_ShowWords::bitsOfAssignActivate()
+{
+    const std::vector<std::string> expected{"bit 0", "bit 8: cyclic operation enabled", "bit 9: SYNC 0",
+                                            "bit 10: SYNC 1", "bit 31"};
+    QCOMPARE(show::assignActivateWords(0x80000701), expected);
+    QVERIFY(show::assignActivateWords(0).empty());
+}
+
+void tst_ShowWords::meanings_data()
+{
+    QTest::addColumn<int>("meaning");
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QString>("words");
+    const auto row = [](const char* name, KtlMeaning meaning, int number, const char* words) {
+        QTest::addRow("%s", name) << static_cast<int>(meaning) << number << QString::fromLatin1(words);
+    };
+    row("number", KtlMeaning::Number, 4, "");
+    row("device type", KtlMeaning::DeviceType, KTL_DEVICE_TYPE_IOBlock, "IOBlock");
+    row("direction", KtlMeaning::Direction, KTL_MBoxIn, "MBoxIn");
+    row("link", KtlMeaning::Link, KTL_PDO_TYPE_DIN, "DIN Type");
+    row("transition", KtlMeaning::Transition, 2, "PS");
+    row("DC word", KtlMeaning::AssignActivate, 0x300, "bit 8: cyclic operation enabled, bit 9: SYNC 0");
+}
+
+void tst_ShowWords::meanings()
+{
+    QFETCH(int, meaning);
+    QFETCH(int, number);
+    QFETCH(QString, words);
+    QCOMPARE(QString::fromStdString(show::wordsOf(static_cast<KtlMeaning>(meaning), number)), words);
+}
+
+static const testMain::Registration<tst_ShowWords, testMain::NoApplication> registration;
+#include "tst_ShowWords.moc"
