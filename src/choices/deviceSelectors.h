@@ -28,10 +28,9 @@ struct MeantDevices
     std::size_t count = 0; ///< of the devices that it fits, also if that they are several is the problem
 };
 
-/// The devices of all files, by the selectors that a user may write for them: `VENDOR:PRODUCT[:REVISION]`, each number
-/// decimal or in one of the hexadecimal forms of ESI files; or digits, which are a number counted from 1 over all
-/// devices of all files; or else a name or the text of a `Type`. A `*` means any run of characters of a name or
-/// type, or any number of an identity. The form decides: digits are never a name.
+/// The devices of all files, by selectors: `VENDOR:PRODUCT[:REVISION]`, each number decimal or hexadecimal as in ESI
+/// files; or digits, which count the devices of all files from 1; or a name or the text of a `Type`. A `*` means any
+/// run of characters of a name or type, or any number of an identity. Digits are never a name.
 class DeviceSelectors
 {
 public:

@@ -153,10 +153,10 @@ void writeModules(json::Writer& json, const struct_EtherCatDevice& device)
     for (const struct_Slot& slot : device.Slots.vslot)
         for (std::uint32_t ofSlot = 0; ofSlot < slot.Attributes.MaxInstances; ++ofSlot) {
             const struct_module* const module = moduleAt(slot, place);
-            json.line(
-                {{"place", place++},
-                 {"module", module == nullptr ? QJsonValue() : QJsonValue(hexNumber(module->TypeAttributes.ModuleIdent))},
-                 {"about", module == nullptr ? QJsonValue(QJsonValue::Undefined) : textOrNothing(module->Name)}});
+            json.line({{"place", place++},
+                       {"module",
+                        module == nullptr ? QJsonValue() : QJsonValue(hexNumber(module->TypeAttributes.ModuleIdent))},
+                       {"about", module == nullptr ? QJsonValue(QJsonValue::Undefined) : textOrNothing(module->Name)}});
         }
     json.closeList();
 }

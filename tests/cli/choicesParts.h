@@ -1,67 +1,19 @@
 // choicesParts.h - a conversion with a choices file, and a look at what the choices did to the bytes.
 #pragma once
 
-#include "cli/commandRun.h"
+#include "choices/choicesTexts.h"
+#include "cli/commandInProcess.h"
+#include "cli/workplace.h"
 #include "ktl/ktlItems.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QtTest>
-
-/// Path of a sample.
-inline QString samplePath(const QString& name)
-{
-    return QStringLiteral(KINETRA_SOURCE_DIR "/samples/") + name + QStringLiteral(".xml");
-}
-
-inline QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// Writes a file. @return  its path, empty if that failed
-inline QString writtenFile(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() ? path : QString();
-}
-
-/// A choices file with these devices.
-inline QByteArray choicesWith(const QByteArray& devices)
-{
-    return "{\"format\": \"kinetra-choices\", \"version\": 1, \"devices\": [" + devices + "]}";
-}
-
-/// A choices file with one device, the first one, and these members.
-inline QByteArray choicesOfFirst(const QByteArray& members)
-{
-    return choicesWith("{\"device\": 1" + (members.isEmpty() ? QByteArray() : ", " + members) + '}');
-}
-
-/// Runs the command with a file as its standard input.
-inline CommandRun runKtlOn(const QString& input, const QStringList& arguments)
-{
-    constexpr int minute = 60 * 1000;
-    QProcess process;
-    process.setStandardInputFile(input);
-    process.start(QStringLiteral(KTL_PROGRAM), arguments);
-    CommandRun run;
-    run.hasEnded = process.waitForFinished(minute);
-    run.hasCrashed = process.exitStatus() == QProcess::CrashExit;
-    run.exitCode = run.hasCrashed ? -1 : process.exitCode();
-    run.output = process.readAllStandardOutput();
-    run.errors = process.readAllStandardError();
-    return run;
-}
 
 /// What a conversion said and wrote.
 struct Conversion
 {
     CommandRun run;
     QByteArray ktl; ///< empty if nothing was written
-    QStringList files; ///< what stands in the folder of the output
+    QStringList files; ///< names in the folder of the output
 
     [[nodiscard]] std::vector<KtlItem> items() const
     {
@@ -124,16 +76,18 @@ struct Conversion
 /// @param choices  content of the choices file; null for none
 inline Conversion converted(const QStringList& esiFiles, const QByteArray& choices = {})
 {
-    const QTemporaryDir folder;
-    const QTemporaryDir out;
-    const QString ktl = out.filePath(QStringLiteral("out.ktl"));
-    QStringList arguments = QStringList{"convert"} + esiFiles + QStringList{"-o", ktl, "--date", "2026-11-21T10:00:00"};
+    const Workplace inputs;
+    const Workplace outputs;
+    const QString ktl = QStringLiteral("out.ktl");
+    QStringList arguments =
+        QStringList{"convert"} + esiFiles + QStringList{"-o", outputs.path(ktl), "--date", "2026-11-21T10:00:00"};
     if (!choices.isNull())
-        arguments += {"--choices", writtenFile(folder.filePath(QStringLiteral("choices.json")), choices)};
+        arguments += {"--choices", inputs.make("choices.json", choices)};
     Conversion conversion;
-    conversion.run = runKtl(arguments);
-    conversion.ktl = contentOf(ktl);
-    conversion.files = QDir(out.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    conversion.run = runHere(arguments);
+    conversion.files = outputs.names();
+    if (conversion.files.contains(ktl))
+        conversion.ktl = outputs.content(ktl);
     return conversion;
 }
 
@@ -147,13 +101,4 @@ inline QStringList messagesOf(const Conversion& conversion)
             messages += QString::fromUtf8(name < 0 ? line : line.mid(name + 13).trimmed());
     }
     return messages;
-}
-
-/// Exit status 2, nothing written, and only this message.
-inline void compareRefused(const Conversion& conversion, const QString& message)
-{
-    QCOMPARE(messagesOf(conversion), QStringList{message});
-    QCOMPARE(conversion.run.exitCode, 2);
-    QCOMPARE(conversion.run.output, QByteArray());
-    QCOMPARE(conversion.files, QStringList());
 }

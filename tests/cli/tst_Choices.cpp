@@ -33,14 +33,18 @@ private slots:
     static void aboutIsPassedOver();
 };
 
+namespace {
+
 /// A choices file that must be taken without a word.
-static Conversion taken(const QString& sample, const QByteArray& members)
+Conversion taken(const QString& name, const QByteArray& members)
 {
-    const Conversion conversion = converted({samplePath(sample)}, choicesOfFirst(members));
+    const Conversion conversion = converted({sample(name + ".xml")}, choicesOfFirst(members));
     if (conversion.run.exitCode != 0 || !conversion.run.errors.isEmpty())
         qWarning("exit %d: %s", conversion.run.exitCode, conversion.run.errors.constData());
     return conversion;
 }
+
+} // namespace
 
 void tst_Choices::deviceNames_data()
 {
@@ -59,7 +63,7 @@ void tst_Choices::deviceNames()
     QFETCH(QByteArray, device);
     QFETCH(QString, typesAndAxes);
     const QByteArray choices = choicesWith("{\"device\": " + device + ", \"deviceType\": 1}");
-    const Conversion conversion = converted({samplePath("io-block")}, choices);
+    const Conversion conversion = converted({sample("io-block.xml")}, choices);
     QCOMPARE(conversion.run.errors, QByteArray());
     QCOMPARE(conversion.typesAndAxes(), typesAndAxes);
 }
@@ -96,7 +100,7 @@ void tst_Choices::driveAxes_data()
     QTest::addRow("number") << QByteArray("3") << "2 3";
     QTest::addRow("hexadecimal") << QByteArray("\"#x12\"") << "2 18";
     QTest::addRow("none") << QByteArray("0") << "2 0";
-    QTest::addRow("largest") << QByteArray("65535") << "2 65535";
+    QTest::addRow("maximum") << QByteArray("65535") << "2 65535";
     QTest::addRow("as many as there are") << QByteArray("2") << "2 2";
     QTest::addRow("a whole number in another form") << QByteArray("3e0") << "2 3";
 }
@@ -182,10 +186,10 @@ void tst_Choices::moduleLinks()
                 return static_cast<std::int32_t>(item.u32(28 + 12 + 8));
         return 1;
     };
-    QCOMPARE(linkOfBlock(converted({samplePath("bus-coupler")}, choicesOfFirst({}))), 0);
+    QCOMPARE(linkOfBlock(converted({sample("bus-coupler.xml")}, choicesOfFirst({}))), 0);
     QCOMPARE(linkOfBlock(taken("bus-coupler", link)), -7);
     const Conversion putIn =
-        converted({samplePath("bus-coupler")},
+        converted({sample("bus-coupler.xml")},
                   choicesOfFirst(R"("deviceType": "Special", "modules": [{"place": 2, "module": "0x404"}], )" + link));
     QCOMPARE(putIn.run.exitCode, 0);
     QCOMPARE(putIn.links().section('|', 1, 1), QStringLiteral("0 -7 0 0"));
@@ -212,7 +216,7 @@ void tst_Choices::modules()
     QFETCH(QByteArray, modules);
     QFETCH(QString, idents);
     const Conversion conversion =
-        converted({samplePath("bus-coupler")},
+        converted({sample("bus-coupler.xml")},
                   choicesOfFirst("\"deviceType\": \"ManualIOBlock\", \"modules\": [" + modules + ']'));
     const std::vector<KtlItem> preset = conversion.items(40015);
     QCOMPARE(preset.size(), std::size_t(1));
@@ -250,7 +254,7 @@ void tst_Choices::startupCommands_data()
         << QStringList{clearOutputs, clearInputs, assign, assigned, "2 2000:0 1 255"};
     QTest::addRow("no data at all") << QByteArray(R"("added": [{"behind": 3, "index": 1, "dataBytes": 0, "data": 0}])")
                                     << QStringList{clearOutputs, clearInputs, assign, assigned, "2 1:0 0 0"};
-    QTest::addRow("several behind one row keep their order")
+    QTest::addRow("several after one row keep their order")
         << QByteArray(R"("added": [{"behind": 1, "index": 1, "dataBytes": 2, "data": 11},
                                    {"behind": 0, "index": 2, "dataBytes": 2, "data": 12},
                                    {"behind": 1, "index": 3, "dataBytes": 2, "data": 13}])")
@@ -268,7 +272,7 @@ void tst_Choices::startupCommands()
     QCOMPARE(taken("bus-coupler", "\"startup\": {" + startup + '}').commands(), commands);
 }
 
-/// The EoE command stands between the lists of the device and of its modules.
+/// The EoE command is between the lists of the device and of its modules.
 void tst_Choices::eoeCommand()
 {
     const Conversion conversion = taken("servo-drive", R"("startup": {"changed": [{"row": 37, "dataBytes": 4,
@@ -282,7 +286,7 @@ void tst_Choices::eoeCommand()
     QCOMPARE(eoe[0].u16(24 + 2), 7U);
 }
 
-/// More commands than rows have numbers: all of them are added behind the row, in their order.
+/// More commands than rows have numbers: all of them are added after the row, in their order.
 void tst_Choices::manyCommands()
 {
     constexpr int count = 70000;
@@ -299,7 +303,7 @@ void tst_Choices::manyCommands()
 
 void tst_Choices::severalDevices()
 {
-    const QStringList files{samplePath("servo-drive"), samplePath("oversampling-terminal"), samplePath("io-block")};
+    const QStringList files{sample("servo-drive.xml"), sample("oversampling-terminal.xml"), sample("io-block.xml")};
     const Conversion conversion = converted(files, choicesWith(R"({"device": 5, "deviceType": 4},
         {"device": 1, "deviceType": 2, "driveAxes": 6}, {"device": 2, "deviceType": 1})"));
     QCOMPARE(messagesOf(conversion).size(), 1); // the drive declares a value that an export does not carry
@@ -307,19 +311,23 @@ void tst_Choices::severalDevices()
     QCOMPARE(conversion.typesAndAxes(), QStringLiteral("2 6, 1 1, 0 0, 0 0, 4 0"));
 }
 
+namespace {
+
 /// Lengths of the sync managers for outputs and inputs.
-static QList<std::uint32_t> lengthsOf(const Conversion& conversion)
+QList<std::uint32_t> lengthsOf(const Conversion& conversion)
 {
     const std::vector<KtlItem> channels = conversion.items(40001);
     return channels.empty() ? QList<std::uint32_t>()
                             : QList<std::uint32_t>{channels[0].u16(12 + 2 * 16 + 6), channels[0].u16(12 + 3 * 16 + 6)};
 }
 
+} // namespace
+
 /// A device that is named counts as selected: the PDOs of its modules count for the sync managers. One that is not
 /// named is written as it was loaded.
 void tst_Choices::devicesThatAreNotNamed()
 {
-    const QStringList file{samplePath("dual-axis-drive")};
+    const QStringList file{sample("dual-axis-drive.xml")};
     const Conversion untouched = converted(file);
     QCOMPARE(lengthsOf(untouched), (QList<std::uint32_t>{0, 4}));
     QCOMPARE(converted(file, choicesWith("")).ktl, untouched.ktl);
@@ -329,25 +337,26 @@ void tst_Choices::devicesThatAreNotNamed()
 /// Where the window gives its advice on the list of modules.
 void tst_Choices::moduleListAdvice()
 {
-    const QString sample = samplePath("bus-coupler");
-    const QByteArray warning = sample.toUtf8()
+    const QString coupler = sample("bus-coupler.xml");
+    const QByteArray warning = coupler.toUtf8()
                                + ": warning: device 1 \"MB-C100 bus coupler for 16 modules\" "
                                  "(0x7e570002:0x5001:0x30001): its list of modules (object 0xF030) can be written, the "
                                  "type PnpIOBlock is advised [module-list]\n";
-    QCOMPARE(converted({sample}, choicesOfFirst("\"deviceType\": 5")).run.errors, warning);
+    QCOMPARE(converted({coupler}, choicesOfFirst("\"deviceType\": 5")).run.errors, warning);
     const QByteArray putIn = "\"modules\": [{\"place\": 2, \"module\": 264}, {\"place\": 3, \"module\": 264}]";
-    QCOMPARE(converted({sample}, choicesOfFirst("\"deviceType\": 5, " + putIn)).run.errors, warning); // told once
-    QCOMPARE(converted({sample}, choicesOfFirst("\"deviceType\": 4, " + putIn)).run.errors, warning);
+    QCOMPARE(converted({coupler}, choicesOfFirst("\"deviceType\": 5, " + putIn)).run.errors, warning); // told once
+    QCOMPARE(converted({coupler}, choicesOfFirst("\"deviceType\": 4, " + putIn)).run.errors, warning);
     const QByteArray kept = "\"modules\": [{\"place\": 1, \"module\": 278}, {\"place\": 2, \"module\": null}]";
-    QCOMPARE(converted({sample}, choicesOfFirst("\"deviceType\": 4, " + kept)).run.errors, QByteArray());
+    QCOMPARE(converted({coupler}, choicesOfFirst("\"deviceType\": 4, " + kept)).run.errors, QByteArray());
 }
 
 void tst_Choices::standardInput()
 {
-    const QTemporaryDir folder;
-    const QString choices = writtenFile(folder.filePath("choices.json"), choicesOfFirst("\"deviceType\": 2"));
-    const QString ktl = folder.filePath("out.ktl");
-    const CommandRun run = runKtlOn(choices, {"convert", samplePath("io-block"), "-o", ktl, "--choices", "-"});
+    const Workplace place;
+    CommandStart start;
+    start.input = choicesOfFirst("\"deviceType\": 2");
+    const QString ktl = place.path("out.ktl");
+    const CommandRun run = runKtl({"convert", sample("io-block.xml"), "-o", ktl, "--choices", "-"}, start);
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(numberAt(contentOf(ktl), 24, 2), 2U); // the General item comes first
@@ -362,7 +371,7 @@ void tst_Choices::aboutIsPassedOver()
              "links": [{)" + about
                                + R"("pdo": 0, "entry": 0, "link": "DIN"}], "startup": {)" + about + R"("changed": [{)"
                                + about + R"("row": 0, "was": {)" + about + R"("subIndex": 0}, "data": 3}]}}]})";
-    const Conversion conversion = converted({samplePath("bus-coupler")}, choices);
+    const Conversion conversion = converted({sample("bus-coupler.xml")}, choices);
     QCOMPARE(conversion.run.errors, QByteArray());
     QCOMPARE(conversion.typesAndAxes(), QStringLiteral("4 0"));
     QCOMPARE(conversion.commands().value(0), QStringLiteral("2 1c12:0 1 3"));

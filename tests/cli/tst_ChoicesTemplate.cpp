@@ -29,21 +29,25 @@ private slots:
     static void mistakes();
 };
 
-static QString realFilesFolder()
+namespace {
+
+QString realFilesFolder()
 {
     return qEnvironmentVariable("KINETRA_ESI_DIR", QStringLiteral(KINETRA_SOURCE_DIR "/../shared/esi"));
 }
 
-static QJsonObject templateOf(const QStringList& files)
+QJsonObject templateOf(const QStringList& files)
 {
-    const CommandRun run = runKtl(QStringList{"choices"} + files);
+    const CommandRun run = runHere(QStringList{"choices"} + files);
     return run.exitCode == 0 ? QJsonDocument::fromJson(run.output).object() : QJsonObject();
 }
 
-static QJsonObject deviceOf(const QJsonObject& choices, int position = 0)
+QJsonObject deviceOf(const QJsonObject& choices, int position = 0)
 {
     return choices.value("devices").toArray().at(position).toObject();
 }
+
+} // namespace
 
 void tst_ChoicesTemplate::fedBack_data()
 {
@@ -58,7 +62,7 @@ void tst_ChoicesTemplate::fedBack_data()
 void tst_ChoicesTemplate::fedBack()
 {
     QFETCH(QString, path);
-    const CommandRun choices = runKtl({"choices", path});
+    const CommandRun choices = runHere({"choices", path});
     for (const QByteArray& line : choices.errors.split('\n')) // of what an export loses, and of nothing else
         QVERIFY2(line.isEmpty() || line.endsWith("[startup-data]"), line.constData());
     QCOMPARE(choices.exitCode, 0);
@@ -75,25 +79,26 @@ void tst_ChoicesTemplate::fedBack()
 
 void tst_ChoicesTemplate::settings_data()
 {
-    QTest::addColumn<QString>("sample");
+    QTest::addColumn<QString>("name");
     QTest::addColumn<QStringList>("settings"); // keys with simple values
-    QTest::addRow("single drive") << "servo-drive"
+    QTest::addRow("single drive") << "servo-drive.xml"
                                   << QStringList{"device 0x7e570001:0x10400:0x10002", "deviceType SingleDriver",
                                                  "dcMode DcSync0"};
-    QTest::addRow("multi-axis drive") << "dual-axis-drive"
+    QTest::addRow("multi-axis drive") << "dual-axis-drive.xml"
                                       << QStringList{"device 0x7e570001:0x20400:0x10005", "deviceType MultiDriver",
                                                      "driveAxes 2", "dcMode DcSync0"};
-    QTest::addRow("coupler") << "bus-coupler"
+    QTest::addRow("coupler") << "bus-coupler.xml"
                              << QStringList{"device 0x7e570002:0x5001:0x30001", "deviceType PnpIOBlock",
                                             "configIndex 0x00", "detectIndex 0x00"};
-    QTest::addRow("block") << "io-block" << QStringList{"device 0x7e570003:0x16160001:0x10003", "deviceType IOBlock"};
+    QTest::addRow("block") << "io-block.xml"
+                           << QStringList{"device 0x7e570003:0x16160001:0x10003", "deviceType IOBlock"};
 }
 
 void tst_ChoicesTemplate::settings()
 {
-    QFETCH(QString, sample);
+    QFETCH(QString, name);
     QFETCH(QStringList, settings);
-    const QJsonObject device = deviceOf(templateOf({samplePath(sample)}));
+    const QJsonObject device = deviceOf(templateOf({sample(name)}));
     QStringList found;
     for (const char* key : {"device", "deviceType", "driveAxes", "dcMode", "configIndex", "detectIndex"})
         if (device.contains(key))
@@ -103,10 +108,10 @@ void tst_ChoicesTemplate::settings()
 
 void tst_ChoicesTemplate::rows()
 {
-    const CommandRun run = runKtl({"choices", samplePath("io-block")});
+    const CommandRun run = runHere({"choices", sample("io-block.xml")});
     QVERIFY(run.output.contains(R"({"pdo": 1, "index": "0x1a00", "entry": 0, "object": "0x6000:1", )"
                                 R"("name": "Inputs 1 to 8", "link": "NONE", "about": {)"));
-    const QJsonObject servo = deviceOf(templateOf({samplePath("servo-drive")}));
+    const QJsonObject servo = deviceOf(templateOf({sample("servo-drive.xml")}));
     const QJsonArray commands = servo.value("startup").toObject().value("changed").toArray();
     QCOMPARE(commands.size(), 43);
     QCOMPARE(commands.at(37).toObject(),
@@ -121,7 +126,7 @@ void tst_ChoicesTemplate::rows()
 
 void tst_ChoicesTemplate::aboutEntries_data()
 {
-    QTest::addColumn<QString>("sample");
+    QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("list");
     QTest::addColumn<int>("line");
     QTest::addColumn<QJsonObject>("about");
@@ -130,44 +135,44 @@ void tst_ChoicesTemplate::aboutEntries_data()
     };
     QJsonObject gap = entry("input", 6, "Coupler state", true);
     gap.insert("gap", true);
-    QTest::addRow("output of an assigned PDO") << "io-block"
+    QTest::addRow("output of an assigned PDO") << "io-block.xml"
                                                << "links" << 0 << entry("output", 8, "Digital outputs", true);
-    QTest::addRow("input") << "io-block"
+    QTest::addRow("input") << "io-block.xml"
                            << "links" << 2 << entry("input", 8, "Digital inputs", true);
     QTest::addRow("output of a PDO that is only offered")
-        << "servo-drive"
+        << "servo-drive.xml"
         << "links" << 7 << entry("output", 32, "Position only, outputs", false);
-    QTest::addRow("gap") << "bus-coupler"
+    QTest::addRow("gap") << "bus-coupler.xml"
                          << "links" << 2 << gap;
-    QTest::addRow("module of the file") << "bus-coupler"
+    QTest::addRow("module of the file") << "bus-coupler.xml"
                                         << "moduleLinks" << 31 << entry("output", 1, "Outputs", true);
 }
 
-/// Beside each link stands what helps to choose it.
+/// With each link is told what helps to choose it.
 void tst_ChoicesTemplate::aboutEntries()
 {
-    QFETCH(QString, sample);
+    QFETCH(QString, name);
     QFETCH(QString, list);
     QFETCH(int, line);
-    const QJsonArray lines = deviceOf(templateOf({samplePath(sample)})).value(list).toArray();
+    const QJsonArray lines = deviceOf(templateOf({sample(name)})).value(list).toArray();
     QTEST(lines.at(line).toObject().value("about").toObject(), "about");
 }
 
 void tst_ChoicesTemplate::anotherType_data()
 {
-    QTest::addColumn<QString>("sample");
+    QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("type");
     QTest::addColumn<QStringList>("messages");
     const QString hint = " (deviceType or modules have moved the rows: leave out the lines of a template that are not "
                          "edited) [check]";
-    QTest::addRow("drive as a coupler") << "servo-drive" << QByteArray("PnpIOBlock") << QStringList();
+    QTest::addRow("drive as a coupler") << "servo-drive.xml" << QByteArray("PnpIOBlock") << QStringList();
     QTest::addRow("coupler as a block keeps its module indexes")
-        << "bus-coupler" << QByteArray("IOBlock") << QStringList();
+        << "bus-coupler.xml" << QByteArray("IOBlock") << QStringList();
     QTest::addRow("preset coupler has commands of its modules")
-        << "bus-coupler" << QByteArray("ManualIOBlock")
+        << "bus-coupler.xml" << QByteArray("ManualIOBlock")
         << QStringList{"error: devices[0].startup.changed[3].was.subIndex: 2 stands there, not 0" + hint};
     QTest::addRow("drive axes and modules of a block")
-        << "dual-axis-drive" << QByteArray("IOBlock")
+        << "dual-axis-drive.xml" << QByteArray("IOBlock")
         << QStringList{"error: devices[0].driveAxes: a device of the type IOBlock has no axes to set, only MultiDriver "
                        "has; leave the key out [setting]",
                        "error: devices[0].modules: a device of the type IOBlock has no modules; leave the list out, or "
@@ -178,17 +183,17 @@ void tst_ChoicesTemplate::anotherType_data()
 /// A template with another type only: what no longer fits is told, with what to leave out.
 void tst_ChoicesTemplate::anotherType()
 {
-    QFETCH(QString, sample);
+    QFETCH(QString, name);
     QFETCH(QByteArray, type);
-    QByteArray choices = runKtl({"choices", samplePath(sample)}).output;
+    QByteArray choices = runHere({"choices", sample(name)}).output;
     const int start = choices.indexOf("\n      \"deviceType\": \"") + 1;
     choices.replace(start, choices.indexOf('\n', start) - start, "      \"deviceType\": \"" + type + "\",");
-    QTEST(messagesOf(converted({samplePath(sample)}, choices)).filter("error: "), "messages");
+    QTEST(messagesOf(converted({sample(name)}, choices)).filter("error: "), "messages");
 }
 
 void tst_ChoicesTemplate::context()
 {
-    const QJsonObject choices = templateOf({samplePath("io-block"), samplePath("servo-drive")});
+    const QJsonObject choices = templateOf({sample("io-block.xml"), sample("servo-drive.xml")});
     const QJsonObject about = choices.value("about").toObject();
     QCOMPARE(about.value("deviceTypes").toArray().size(), 6);
     QCOMPARE(about.value("deviceTypes").toArray().at(2).toObject(),
@@ -198,7 +203,7 @@ void tst_ChoicesTemplate::context()
              (QJsonArray{"NONE", "DIN", "AIN16", "AIN32", "FAIN", "ENCODER32"}));
     const QJsonObject ofServo = deviceOf(choices, 2).value("about").toObject();
     QCOMPARE(ofServo.value("number").toInt(), 3);
-    QCOMPARE(ofServo.value("file").toString(), samplePath("servo-drive"));
+    QCOMPARE(ofServo.value("file").toString(), sample("servo-drive.xml"));
     QCOMPARE(ofServo.value("dcModes").toArray().at(1).toObject(),
              (QJsonObject{{"dcMode", 1},
                           {"name", "DcSync01"},
@@ -208,7 +213,7 @@ void tst_ChoicesTemplate::context()
 
 void tst_ChoicesTemplate::placesAndModules()
 {
-    const QJsonObject device = deviceOf(templateOf({samplePath("dual-axis-drive")}));
+    const QJsonObject device = deviceOf(templateOf({sample("dual-axis-drive.xml")}));
     const QJsonArray modules = device.value("modules").toArray();
     QCOMPARE(modules.size(), 4);
     QCOMPARE(modules.at(0).toObject().value("module").toString(), QStringLiteral("0x20001"));
@@ -220,7 +225,7 @@ void tst_ChoicesTemplate::placesAndModules()
             {"slot", "Encoder-->Axis 2"}, {"firstPlace", 3}, {"places", 1}, {"modulesTaken", QJsonArray{"0x20011"}}}));
     QCOMPARE(about.value("modulesOfFile").toArray().size(), 4);
     // A coupler that finds its modules takes none by hand, but tells what it could take.
-    const QJsonObject coupler = deviceOf(templateOf({samplePath("bus-coupler")}));
+    const QJsonObject coupler = deviceOf(templateOf({sample("bus-coupler.xml")}));
     QVERIFY(!coupler.contains("modules"));
     QCOMPARE(coupler.value("about").toObject().value("modulesOfFile").toArray().size(), 7);
     QVERIFY(!coupler.value("moduleLinks").toArray().isEmpty());
@@ -235,8 +240,8 @@ void tst_ChoicesTemplate::modulesThatStay()
         "<Slot MaxInstances=\"1\"><Name>B</Name><ModuleIdent Default=\"1\">7</ModuleIdent></Slot></Slots></Device>"
         "</Devices><Modules><Module><Type ModuleIdent=\"7\">M</Type><Name>Seven</Name></Module></Modules>"
         "</Descriptions></EtherCATInfo>";
-    const QTemporaryDir folder;
-    const QJsonObject device = deviceOf(templateOf({writtenFile(folder.filePath("a.xml"), esi)}));
+    const Workplace place;
+    const QJsonObject device = deviceOf(templateOf({place.make("a.xml", esi)}));
     const QJsonArray places = device.value("about").toObject().value("slots").toArray();
     QCOMPARE(places.at(0).toObject(),
              (QJsonObject{{"slot", "A"}, {"firstPlace", 0}, {"places", 3}, {"modulesTaken", "any"}}));
@@ -248,14 +253,16 @@ void tst_ChoicesTemplate::modulesThatStay()
 /// A device that shares its identity with another one is named by its number.
 void tst_ChoicesTemplate::selectorsOfTwins()
 {
-    const QJsonObject choices = templateOf({samplePath("servo-drive"), samplePath("servo-drive")});
+    const QJsonObject choices = templateOf({sample("servo-drive.xml"), sample("servo-drive.xml")});
     QCOMPARE(deviceOf(choices, 0).value("device").toString(), QStringLiteral("1"));
     QCOMPARE(deviceOf(choices, 1).value("device").toString(), QStringLiteral("2"));
 }
 
 void tst_ChoicesTemplate::standardInput()
 {
-    const CommandRun run = runKtlOn(samplePath("io-block"), {"choices", "-"});
+    CommandStart start;
+    start.inputFile = sample("io-block.xml");
+    const CommandRun run = runKtl({"choices", "-"}, start);
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(deviceOf(QJsonDocument::fromJson(run.output).object()).value("about").toObject().value("file").toString(),
              QStringLiteral("<stdin>"));
@@ -274,7 +281,7 @@ void tst_ChoicesTemplate::mistakes()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QByteArray, message);
-    const CommandRun run = runKtl(arguments);
+    const CommandRun run = runHere(arguments);
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(run.output, QByteArray());
     QVERIFY2(run.errors.contains(message), run.errors.constData());

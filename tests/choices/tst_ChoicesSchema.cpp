@@ -1,11 +1,16 @@
 // The JSON schema of choices files: it names the keys that the reader knows and no others, asks for the same ones, and
 // holds for what the product writes and documents. The page on choices files: its example and its table of mistakes.
+#include "choices/appliedChoices.h"
+#include "choices/choicesTexts.h"
+#include "choices/jsonSchema.h"
 #include "choices/problemCodes.h"
-#include "cli/choicesParts.h"
-#include "cli/jsonSchema.h"
+#include "choices/template.h"
+#include "editing/deviceEdits.h"
 #include "testMain.h"
 
 #include <QJsonDocument>
+
+#include <sstream>
 
 class tst_ChoicesSchema : public QObject
 {
@@ -23,10 +28,33 @@ private slots:
     static void pageNamesAllMistakes();
 };
 
-static JsonSchema schema()
+namespace {
+
+/// A page of the documentation; empty if it cannot be read.
+QByteArray page(const char* name)
 {
-    return JsonSchema(QJsonDocument::fromJson(contentOf(KINETRA_SOURCE_DIR "/docs/choices.schema.json")).object());
+    QFile file(QStringLiteral(KINETRA_SOURCE_DIR "/docs/") + QLatin1String(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
+
+JsonSchema schema()
+{
+    return JsonSchema(QJsonDocument::fromJson(page("choices.schema.json")).object());
+}
+
+/// What the command writes for loaded files, after it has selected each device.
+QByteArray templateOf(std::vector<struct_FilenameDevice> files)
+{
+    DeviceClicks clicks;
+    for (struct_FilenameDevice& file : files)
+        for (struct_EtherCatDevice& device : file.device)
+            clicks.select(device);
+    std::ostringstream out;
+    choices::writeTemplate(out, files);
+    return QByteArray::fromStdString(out.str());
+}
+
+} // namespace
 
 void tst_ChoicesSchema::keys_data()
 {
@@ -53,7 +81,7 @@ void tst_ChoicesSchema::keys()
 {
     QFETCH(QString, definition);
     QFETCH(QByteArray, choices);
-    const QString errors = QString::fromUtf8(converted({samplePath("servo-drive")}, choices).run.errors);
+    const QString errors = problemsIn(choices).join('\n');
     static const QRegularExpression known(QStringLiteral("\"unknown\" is no key here \\(known: ([^)]*)\\)"));
     static const QRegularExpression missing(QStringLiteral("the key \"(\\w+)\" is missing"));
     QStringList ofReader = known.match(errors).captured(1).split(QStringLiteral(", "));
@@ -95,7 +123,7 @@ void tst_ChoicesSchema::holdsForTemplates_data()
 void tst_ChoicesSchema::holdsForTemplates()
 {
     QFETCH(QString, sample);
-    const QJsonDocument choices = QJsonDocument::fromJson(runKtl({"choices", samplePath(sample)}).output);
+    const QJsonDocument choices = QJsonDocument::fromJson(templateOf(loadedSample(sample)));
     QVERIFY(choices.isObject());
     QCOMPARE(schema().problemsOf(choices.object()), QStringList());
 }
@@ -103,13 +131,13 @@ void tst_ChoicesSchema::holdsForTemplates()
 /// The example of the page is in the form, and its choices fit the sample that it names.
 void tst_ChoicesSchema::holdsForTheExample()
 {
-    const QByteArray page = contentOf(KINETRA_SOURCE_DIR "/docs/choices.md");
-    const int start = page.indexOf("```json\n") + 8;
-    const QByteArray example = page.mid(start, page.indexOf("```", start) - start);
+    const QByteArray text = page("choices.md");
+    const int start = text.indexOf("```json\n") + 8;
+    const QByteArray example = text.mid(start, text.indexOf("```", start) - start);
     QCOMPARE(schema().problemsOf(QJsonDocument::fromJson(example).object()), QStringList());
-    const Conversion conversion = converted({samplePath("bus-coupler")}, example);
-    QCOMPARE(conversion.run.exitCode, 0);
-    QCOMPARE(conversion.typesAndAxes(), QStringLiteral("5 0"));
+    const AppliedChoices result = applied(loadedSample("bus-coupler"), example);
+    QCOMPARE(result.problems, QStringList());
+    QCOMPARE(result.files.at(0).device.at(0).m_iDeviceType, std::uint16_t(5)); // ManualIOBlock
 }
 
 void tst_ChoicesSchema::refuses_data()
@@ -146,7 +174,7 @@ void tst_ChoicesSchema::refuses()
 {
     QFETCH(QByteArray, choices);
     QVERIFY(!schema().problemsOf(QJsonDocument::fromJson(choices).object()).isEmpty());
-    QCOMPARE(converted({samplePath("servo-drive")}, choices).run.exitCode, 2);
+    QVERIFY(!applied(loadedSample("servo-drive"), choices).problems.isEmpty());
 }
 
 /// The table of the page has a row for each kind of mistake, in the order of the program, and no other.
@@ -154,12 +182,12 @@ void tst_ChoicesSchema::pageNamesAllMistakes()
 {
     static const QRegularExpression row(QStringLiteral("^\\| `\\[([a-z-]+)\\]` \\| "),
                                         QRegularExpression::MultilineOption);
-    const QString page = QString::fromUtf8(contentOf(KINETRA_SOURCE_DIR "/docs/choices.md"));
+    const QString text = QString::fromUtf8(page("choices.md"));
     QStringList codes;
-    for (auto match = row.globalMatch(page); match.hasNext();)
+    for (auto match = row.globalMatch(text); match.hasNext();)
         codes += match.next().captured(1);
-    QCOMPARE(codes, problemCodeNames());
+    QCOMPARE(codes, choices::problemCodeNames());
 }
 
-static const testMain::Registration<tst_ChoicesSchema, QCoreApplication> registration;
+static const testMain::Registration<tst_ChoicesSchema, testMain::NoApplication> registration;
 #include "tst_ChoicesSchema.moc"
