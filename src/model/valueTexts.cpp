@@ -25,7 +25,7 @@ struct TokenText
 
 // ODD, KEPT: the two directions are not symmetric. Texts are read in any case, while a transition is shown in upper
 // case and an access right or category in lower case; and IP_PS is shown but never read. One would expect each shown
-// text to be read as its token. Pinned by tst_ValueConversion::token and tst_ValueConversion::tokenText.
+// text to be read as its token. Pinned by tst_ValueTexts::token and tst_ValueTexts::tokenText.
 const std::array tokenTexts{
     TokenText{IP, QLatin1String("IP"), QLatin1String("IP")},
     TokenText{IP_PS, QLatin1String(), QLatin1String("IP_PS")},
@@ -67,7 +67,7 @@ void removeFirst(QString& text, QLatin1String mark)
 
 // ODD, KEPT: the marks are searched for anywhere in the text, and each of the digits A to F counts as a mark by itself,
 // where one would expect a mark in front. So "#x1A", "0x1a", "DT1A" and a bare "1A" are the same number, and "1E" is
-// 30. Pinned by tst_NumberConversion::bothKinds.
+// 30. Pinned by tst_ValueTextNumbers::bothKinds.
 bool isHexadecimal(const QString& upper)
 {
     static const std::array marks{QLatin1String("#X"), QLatin1String("0X"), QLatin1String("DT")};
@@ -81,7 +81,7 @@ template<typename Number> Number toNumber(QStringView text, Number (QString::*re
 {
     QString upper = upperCased(text);
     // ODD, KEPT: part of a word counts, so "untrue" is 1, where one would expect the whole word to be compared. Pinned
-    // by tst_NumberConversion::bothKinds.
+    // by tst_ValueTextNumbers::bothKinds.
     if (upper.contains(QLatin1String("TRUE")))
         return 1;
     if (upper.contains(QLatin1String("FALSE")))
@@ -185,7 +185,7 @@ std::uint32_t toUintFromBytes(QStringView text)
         return *number;
     QString digits = upperCased(text);
     // ODD, KEPT: with the mark the number is taken as it is, without it the bytes are swapped: "#x0A0B" is 0xA0B and
-    // "0A0B" is 0xB0A. One would expect one number. Pinned by tst_NumberConversion::bytePairs.
+    // "0A0B" is 0xB0A. One would expect one number. Pinned by tst_ValueTextNumbers::bytePairs.
     if (digits.contains(QLatin1String("#X"))) {
         removeFirst(digits, QLatin1String("#X"));
     } else {

@@ -1,9 +1,9 @@
-// hostileFile.h - loads a file behind one that is loaded already, and watches the time and that one.
+// hostileFile.h - loads a file after one that is loaded already, and watches the time and that one.
 #pragma once
 
-#include "esi/temporaryFile.h"
 #include "loadedFiles.h"
 #include "model/XMLParsing.h"
+#include "xml/temporaryFile.h"
 
 #include <QByteArray>
 #include <QDomDocument>
@@ -29,7 +29,7 @@ struct Ending
 };
 
 /// Processor time that one file may take, in seconds. The sanitizers slow everything down.
-inline constexpr double longestTime =
+inline constexpr double maxSeconds =
 #if defined(__SANITIZE_ADDRESS__)
     30;
 #else
@@ -52,7 +52,7 @@ inline constexpr double longestTime =
     return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
 }
 
-/// Loads a file with this content behind the one of `loadOneBefore`. Ends the test program if that takes too long or
+/// Loads a file with this content after the one of `loadOneBefore`. Ends the test program if that takes too long or
 /// changes what was loaded before.
 /// @throws std::out_of_range if a PDO names a sync manager that its device does not declare
 [[nodiscard]] inline Ending load(const QByteArray& content)
@@ -62,7 +62,7 @@ inline constexpr double longestTime =
     const EsiLoadResult result = loadIntoList(writeFile(folder, QStringLiteral("hostile.xml"), content));
     const double seconds = processorSeconds() - start;
     domDocument = QDomDocument();
-    if (seconds > longestTime)
+    if (seconds > maxSeconds)
         qFatal("loading took %f seconds", seconds);
     if (g_xmlfiledevices.empty() || g_xmlfiledevices[0].device.at(0).Name != "Loaded before")
         qFatal("what was loaded before is gone");

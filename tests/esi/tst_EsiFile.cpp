@@ -1,10 +1,10 @@
 // Loading one ESI file: how it ends, and what is in the list of files then.
 #include "esi/esiFile.h"
 #include "esi/fileBeingRead.h"
-#include "esi/temporaryFile.h"
 #include "esi/terminationReason.h"
 #include "model/XMLParsing.h"
 #include "testMain.h"
+#include "xml/temporaryFile.h"
 
 #include <QDomDocument>
 #include <QtTest>

@@ -69,7 +69,7 @@ QVector<QStringList> rowsOfPage()
     for (const QString& line : contentOf("docs/esi-limits.md").split('\n'))
         if (line.startsWith("| "))
             rows.append(line.mid(2).chopped(2).split(" | "));
-    return rows.mid(2); // behind the head
+    return rows.mid(2); // after the head
 }
 
 } // namespace

@@ -69,7 +69,7 @@ void tst_SlotGroups::names()
 {
     QFETCH(QString, groups);
     QFETCH(QStringList, expected);
-    // The groups stand before the slots: all slots are read first, wherever the groups stand.
+    // The groups come before the slots: all slots are read first, wherever the groups are.
     const QString xml = QStringLiteral("<Slots>%1<Slot><Name>A</Name></Slot><Slot SlotGroup='0'><Name>B</Name></Slot>"
                                        "<Slot SlotGroup='1'><Name>C</Name></Slot><Slot SlotGroup='0'><Name>D</Name>"
                                        "</Slot></Slots>")

@@ -264,7 +264,7 @@ void tst_WalkDevice::passesInTheirOrder()
                    "<Entry><BitLen>16</BitLen></Entry></TxPdo>"
                    "<Slots><Slot SlotIndexIncrement='5'/><Slot SlotIndexIncrement='6'/></Slots>");
     QCOMPARE(device.TxPdo.vpdo.size(), std::size_t{11});
-    // The lengths come last, so they count the samples: nine of two bytes, the tenth and eleventh belong to nobody.
+    // The lengths come last, so they count the samples: nine of two bytes, the tenth and eleventh are on none.
     QCOMPARE(device.vSM.at(0).Length, 128.0F);
     QCOMPARE(device.vSM.at(1).Length, 18.0F);
     QCOMPARE(device.Slots.Attributes.SlotIndexIncrement, 5U);

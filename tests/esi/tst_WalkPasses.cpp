@@ -1,6 +1,6 @@
 // The passes over a file that has been read, in their order: what one of them leaves is what the next one needs.
+#include "derivation/startupBuilders.h"
 #include "esi/readDocument.h"
-#include "esi/startupBuilders.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -47,10 +47,10 @@ void tst_WalkPasses::defaultModule()
         "<RxPdo Sm='0'><Index DependOnSlot='1'>#x1600</Index></RxPdo></Module>");
     QCOMPARE(int{device.m_iDeviceType}, 4);
     QVERIFY(device.Slots.vslot.at(0).slotmodule.empty());
-    const struct_slotmodule& standing = device.Slots.vslot.at(1).slotmodule.at(0);
-    QCOMPARE(standing.Instances, 1);
-    QCOMPARE(standing.module.Name, std::string("M"));
-    QCOMPARE(standing.module.TypeAttributes.Name, std::string("T"));
+    const struct_slotmodule& placed = device.Slots.vslot.at(1).slotmodule.at(0);
+    QCOMPARE(placed.Instances, 1);
+    QCOMPARE(placed.module.Name, std::string("M"));
+    QCOMPARE(placed.module.TypeAttributes.Name, std::string("T"));
     QCOMPARE(deviceLines(device), QStringList{"PS 1c10:0 1B 0 '0x00 ' clear pdo 0x1c10 entry"});
     QCOMPARE(moduleLines(device), (QStringList{"PS 1610:0 1B 0 '0x00 ' download mpdo 0x1610 entries",
                                                "PS 1c10:1 2B 1610 '0x1610' download pdo 0x1c10 index",

@@ -46,7 +46,7 @@ inline QByteArray contentOf(std::FILE* stream)
     return content;
 }
 
-/// A stream of its own, open for writing and reading, that holds `content` and stands at its end.
+/// A stream of its own, open for writing and reading, that holds `content`, at its end.
 inline FileHandle streamWith(const QByteArray& content = {})
 {
     FileHandle stream(std::tmpfile());

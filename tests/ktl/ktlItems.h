@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <vector>
 
-/// Little-endian number of so many bytes at an offset; bytes behind the end count as 0.
+/// Little-endian number of so many bytes at an offset; bytes past the end count as 0.
 inline std::uint32_t numberAt(const QByteArray& content, int offset, int width)
 {
     std::uint32_t number = 0;
@@ -66,11 +66,11 @@ struct DumpItem
 {
     qint64 type = 0;
     qint64 size = 0;
-    QString name; ///< what stands behind the head, blanks included
+    QString name; ///< what follows the head, blanks included
     std::vector<std::uint32_t> words;
 };
 
-/// The words of a second line of an item: "  0x", and then each word with a blank and a tab behind it.
+/// The words of a second line of an item: "  0x", and then each word with a blank and a tab after it.
 inline bool readWords(const QString& line, DumpItem& item)
 {
     if (!line.startsWith(QLatin1String("  0x")))

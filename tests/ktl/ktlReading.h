@@ -22,7 +22,7 @@ struct Reading
 inline Reading readingOf(const QByteArray& file)
 {
     g_xmlfiledevices.clear();
-    const FileHandle ktl = streamWith(file); // it stands at its end: the reader goes to its start by itself
+    const FileHandle ktl = streamWith(file); // at its end: the reader itself goes to its start
     Reading reading;
     reading.isComplete = device_writektltodevices(ktl.get(), QStringLiteral("/ktl/伺服.ktl"), &reading.errorCode);
     reading.files.swap(g_xmlfiledevices);

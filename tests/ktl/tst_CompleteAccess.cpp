@@ -27,7 +27,7 @@ QByteArray record(std::uint32_t dataBytes)
     return zeros(4) + bytes("00 01") + le16(dataBytes) + zeros(4);
 }
 
-/// So many values: `first` and the numbers behind it.
+/// So many values: `first` and the numbers after it.
 std::vector<unsigned int> values(std::size_t count, unsigned int first)
 {
     std::vector<unsigned int> list(count);
@@ -35,7 +35,7 @@ std::vector<unsigned int> values(std::size_t count, unsigned int first)
     return list;
 }
 
-/// The same values as they stand in the file.
+/// The same values as they are in the file.
 QByteArray block(std::uint32_t count, std::uint32_t first)
 {
     QByteArray all;
@@ -194,7 +194,7 @@ void tst_CompleteAccess::limitIsPassedByBothLists()
     QCOMPARE(coeOf(device), itemHead + record(2000) + record(3000) + block(500, 1) + itemHead + zeros(3000 - 16));
 }
 
-/// 65535 bytes behind 4 others are beyond the limit: the sum does not wrap in 16 bits.
+/// 65535 bytes after 4 others are beyond the limit: the sum does not wrap in 16 bits.
 void tst_CompleteAccess::hugeLengthDoesNotWrap()
 {
     struct_EtherCatDevice device;

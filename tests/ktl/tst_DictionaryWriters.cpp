@@ -19,7 +19,7 @@ QByteArray subObject(std::uint32_t subIndex, std::uint32_t bits, std::uint32_t a
            + le32(maximum);
 }
 
-/// Bytes of an object item; its size stands as 0.
+/// Bytes of an object item; its size is 0.
 QByteArray objectBytes(std::uint32_t type, std::uint32_t index, std::uint32_t bits, std::uint32_t access,
                        std::uint32_t minimum = 0, std::uint32_t maximum = 0)
 {

@@ -114,7 +114,7 @@ void tst_InitCmdWriters::eoeCount_data()
     QTest::addRow("258 commands announce 2") << 258U << bytes("45 9C 00 00  24 00 00 00  00 00 00 02");
 }
 
-/// Count and size go by the low 8 bits, and all commands are written; behind them comes no fill.
+/// Count and size are those of the low 8 bits, and all commands are written, with no fill after them.
 void tst_InitCmdWriters::eoeCount()
 {
     QFETCH(uint, count);
@@ -166,7 +166,7 @@ void tst_InitCmdWriters::coeItem()
 void tst_InitCmdWriters::coeFlags_data()
 {
     QTest::addColumn<int>("flag");
-    QTest::addColumn<QByteArray>("expected"); // the eight bytes behind the item head
+    QTest::addColumn<QByteArray>("expected"); // the eight bytes after the item head
     QTest::addRow("SdoInfo") << 0 << bytes("01 00 00 00 00 00 00 00");
     QTest::addRow("PdoAssign") << 1 << bytes("00 01 00 00 00 00 00 00");
     QTest::addRow("PdoUpload") << 2 << bytes("00 00 01 00 00 00 00 00");

@@ -23,7 +23,7 @@ constexpr std::size_t dumpLimit = 2000; // a dump shows no more items
 struct ItemKind
 {
     char letter; ///< in the pattern of the order of items
-    const char* dumpName; ///< what stands behind the head in a dump
+    const char* dumpName; ///< what follows the head in a dump
 };
 
 /// The items that an exported file may hold.
@@ -58,8 +58,8 @@ QString lettersOf(const std::vector<KtlItem>& items)
     return letters;
 }
 
-/// True if an item has the size that its records give. CoE items, whose count saturates and behind whose commands
-/// values and fill stand, have no less than their commands take.
+/// True if an item has the size that its records give. CoE items, whose count saturates and whose commands
+/// values and fill follow, have no less than their commands take.
 bool sizeFitsRecords(const KtlItem& item)
 {
     const auto size = static_cast<std::uint32_t>(item.content.size());
@@ -127,7 +127,7 @@ QList<std::uint32_t> writtenModulePdos(const struct_EtherCatDevice& device, cons
     return indexes;
 }
 
-/// Idents of the modules whose blocks belong behind a device.
+/// Idents of the modules whose blocks belong after a device.
 QList<std::uint32_t> writtenModules(const struct_FilenameDevice& file, const struct_EtherCatDevice& device)
 {
     QList<std::uint32_t> idents;

@@ -84,7 +84,7 @@ void tst_KtlDeviceBlocks::blocksAndRuns()
     QCOMPARE(runs, (QList<std::size_t>{1, 1, 3}));
 }
 
-/// Items in front of the first General and behind an End item, and those of a module without one, belong to nobody.
+/// Items before the first General and after an End item, and those of a module without one, belong to none.
 void tst_KtlDeviceBlocks::itemsWithoutAnOwner()
 {
     const QByteArray fmmu = itemOf(40014, le32(1) + zeros(8));

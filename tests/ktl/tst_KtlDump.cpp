@@ -24,7 +24,7 @@ struct Dump
 Dump dumpOf(const QByteArray& file)
 {
     Dump dump;
-    const FileHandle ktl = streamWith(file); // it stands at its end: the dump goes to its start by itself
+    const FileHandle ktl = streamWith(file); // at its end: the dump itself goes to its start
     dump.text =
         writtenBy([&](std::FILE* log) { dump.isComplete = KTL_write_log_devices(log, ktl.get(), &dump.errorCode); });
     return dump;
@@ -48,7 +48,7 @@ private slots:
     void words_data();
     void words();
     void generalHasElevenWords();
-    void goesOnBehindAnEndItem();
+    void goesOnAfterAnEndItem();
     void brokenFile_data();
     void brokenFile();
     void missingWords_data();
@@ -161,7 +161,7 @@ void tst_KtlDump::generalHasElevenWords()
 }
 
 /// A file that was appended to holds several runs; all of them are shown.
-void tst_KtlDump::goesOnBehindAnEndItem()
+void tst_KtlDump::goesOnAfterAnEndItem()
 {
     const QByteArray run = item(40005, zeros(4)) + endItem;
     const QByteArray runText = "ItemHead-dec: 40005,Len: 12    EoE \r\n  0x0 \t\r\n" + endText;
@@ -173,7 +173,7 @@ void tst_KtlDump::goesOnBehindAnEndItem()
 void tst_KtlDump::brokenFile_data()
 {
     QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QByteArray>("text"); // behind the first line
+    QTest::addColumn<QByteArray>("text"); // after the first line
     QTest::addColumn<bool>("isComplete");
     const auto row = [](const char* name, const QByteArray& file, const QByteArray& text, bool isComplete) {
         QTest::addRow("%s", name) << file << text << isComplete;
@@ -270,7 +270,7 @@ void tst_KtlDump::fileThatFails()
 void tst_KtlDump::twoThousandItems_data()
 {
     QTest::addColumn<int>("items");
-    QTest::addColumn<QByteArray>("behind");
+    QTest::addColumn<QByteArray>("rest");
     QTest::addColumn<int>("shown");
     QTest::addRow("1999 items") << 1999 << QByteArray() << 1999;
     QTest::addRow("2000 items") << 2000 << QByteArray() << 2000;
@@ -282,9 +282,9 @@ void tst_KtlDump::twoThousandItems_data()
 void tst_KtlDump::twoThousandItems()
 {
     QFETCH(int, items);
-    QFETCH(QByteArray, behind);
+    QFETCH(QByteArray, rest);
     QFETCH(int, shown);
-    const Dump dump = dumpOf(endItem.repeated(items) + behind);
+    const Dump dump = dumpOf(endItem.repeated(items) + rest);
     QCOMPARE(dump.text.count("ItemHead-dec"), shown);
     QCOMPARE(dump.text, firstLine + endText.repeated(shown));
     QVERIFY(dump.isComplete);

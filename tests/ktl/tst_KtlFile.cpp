@@ -90,7 +90,7 @@ private slots:
     void errorCodeStartsAtZero();
     void overwrite();
     void append();
-    void appendBehindWhatIsNoItem();
+    void appendAfterWhatIsNoItem();
     void fullDisk();
     void fullDiskShowsLate();
     void fullDiskForDump();
@@ -185,7 +185,7 @@ void tst_KtlFile::append()
 }
 
 /// What the file held before is not looked at; that the dump ends there is no failure of the export.
-void tst_KtlFile::appendBehindWhatIsNoItem()
+void tst_KtlFile::appendAfterWhatIsNoItem()
 {
     const QByteArray earlier = bytes("41 9C 00 00  04 00 00 00");
     writeFile(m_ktl, earlier);
@@ -228,7 +228,7 @@ void tst_KtlFile::fullDiskForDump()
 
 void tst_KtlFile::dumpCannotBeMade()
 {
-    QVERIFY(QDir().mkdir(m_dump)); // a folder stands where the dump belongs
+    QVERIFY(QDir().mkdir(m_dump)); // a folder is where the dump belongs
     QCOMPARE(int(save(m_ktl).status), int(KtlSaveStatus::CannotWriteDump));
     QCOMPARE(fileContent(m_ktl), endItem);
 }
@@ -296,7 +296,7 @@ void tst_KtlFile::rangeError()
     QCOMPARE(int(result.status), int(KtlSaveStatus::CannotWrite));
     QCOMPARE(QString::fromStdString(result.reason),
              QStringLiteral("vector::_M_range_check: __n (which is 3) >= this->size() (which is 1)"));
-    QCOMPARE(fileContent(m_ktl).size(), 52 + 28); // General and SM stand before the PDO
+    QCOMPARE(fileContent(m_ktl).size(), 52 + 28); // General and SM come before the PDO
     QVERIFY(!QFileInfo::exists(m_dump));
 }
 

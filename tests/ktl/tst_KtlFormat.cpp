@@ -11,7 +11,7 @@
 /// A row for a number that has a name in the format.
 #define CODE(name, expected) QTest::addRow(#name) << qint64(name) << qint64(expected)
 
-/// A row for the whole length of a record: head and, if it has one, the one-element array that stands for its tail.
+/// A row for the whole length of a record: head and, if it has one, the one-element array in the place of its tail.
 #define SIZE(record, expected) QTest::addRow(#record) << int(sizeof(record)) << (expected)
 
 /// A row for a field: offset, width in bytes, and whether it is signed.
@@ -371,7 +371,7 @@ void tst_KtlFormat::nestedFields()
     QCOMPARE(QByteArray(reinterpret_cast<const char*>(&subObject) + 16, 12), QByteArray("ABCDEFGHIJKL"));
 }
 
-/// The last part of the version text is read in hexadecimal: 28 stands as 0x28, so the number is 65576 and not 65564.
+/// The last part of the version text is read in hexadecimal: 28 is 0x28, so the number is 65576 and not 65564.
 void tst_KtlFormat::versionTextAndNumber()
 {
     QCOMPARE(versionText, "V1.0.28");

@@ -106,11 +106,11 @@ void tst_KtlItemWalk::parts_data()
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QList<int>>("expected"); // end of the head, records, their end, end of the tail, end of the fill
     const QByteArray command = zeros(12);
-    const auto item = [](std::uint32_t type, const QByteArray& behind) {
-        return le32(type) + le32(static_cast<std::uint32_t>(8 + behind.size())) + behind;
+    const auto item = [](std::uint32_t type, const QByteArray& rest) {
+        return le32(type) + le32(static_cast<std::uint32_t>(8 + rest.size())) + rest;
     };
     const QByteArray oneCommand = zeros(7) + "\x01" + command;
-    const QByteArray head28 = le32(40006) + le32(48) + zeros(7) + "\x01"; // as `item` makes it with 20 bytes behind
+    const QByteArray head28 = le32(40006) + le32(48) + zeros(7) + "\x01"; // as `item` makes it with 20 bytes after it
     QTest::addRow("half a head") << item(40001, zeros(2)) << QList<int>{8, 0, 8, 8, 8};
     QTest::addRow("head without records") << item(40001, le32(0)) << QList<int>{12, 0, 12, 12, 12};
     QTest::addRow("record and a half") << item(40014, le32(2) + zeros(12)) << QList<int>{12, 1, 20, 20, 20};

@@ -264,7 +264,7 @@ void tst_KtlReadItems::itemsWithoutEffect_data()
         QTest::addRow("%u", type) << type;
 }
 
-/// The item is passed over as a whole, and the one behind it is read. A module in front of it stays the open one.
+/// The item is passed over as a whole, and the one after it is read. A module before it stays the open one.
 void tst_KtlReadItems::itemsWithoutEffect()
 {
     QFETCH(uint, type);

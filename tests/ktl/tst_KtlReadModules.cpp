@@ -146,7 +146,7 @@ void tst_KtlReadModules::duplicates()
     QCOMPARE(read, idents);
 }
 
-/// A ModuleType item with an item of each kind behind it.
+/// A ModuleType item with an item of each kind after it.
 static QByteArray moduleWithItems(std::uint32_t ident)
 {
     return moduleItem(ident) + ktlItem(40103, zeros(20)) + ktlItem(40102, zeros(20))

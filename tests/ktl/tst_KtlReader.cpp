@@ -40,7 +40,7 @@ private slots:
     void nullFile();
     void noPlaceForTheErrorCode();
     void readsFromTheStart();
-    void addsBehindWhatIsLoaded();
+    void addsAfterWhatIsLoaded();
     void itemThatCannotBeStopsTheRead();
     void generalOperation();
 };
@@ -89,7 +89,7 @@ void tst_KtlReader::vendorIsThatOfTheLastDevice()
     QCOMPARE(reading.files[1].Vendor_Id, 7U);
 }
 
-/// Items of a module behind the General item of the next device still go to the module.
+/// Items of a module after the General item of the next device still go to the module.
 void tst_KtlReader::deviceDoesNotCloseTheModuleBeforeIt()
 {
     const Reading reading =
@@ -111,7 +111,7 @@ void tst_KtlReader::itemsOfADeviceStayWithIt()
     QVERIFY(reading.files[1].device[0].vFmmu.empty());
 }
 
-/// What stands in front of the first General item belongs to no device; that item clears it.
+/// What comes before the first General item belongs to no device; that item clears it.
 void tst_KtlReader::recordsWithoutADevice()
 {
     const QByteArray fmmu = ktlItem(40014, le32(1) + zeros(8));
@@ -222,7 +222,7 @@ void tst_KtlReader::noPlaceForTheErrorCode()
     g_xmlfiledevices.clear();
 }
 
-/// Also when the stream stands in the middle of the file, or at its end, which it has told of.
+/// Also when the stream is in the middle of the file, or at its end, which it has reported.
 void tst_KtlReader::readsFromTheStart()
 {
     const FileHandle ktl = streamWith(generalItem() + endItem());
@@ -238,7 +238,7 @@ void tst_KtlReader::readsFromTheStart()
     g_xmlfiledevices.clear();
 }
 
-void tst_KtlReader::addsBehindWhatIsLoaded()
+void tst_KtlReader::addsAfterWhatIsLoaded()
 {
     g_xmlfiledevices.clear();
     g_xmlfiledevices.emplace_back();
@@ -253,7 +253,7 @@ void tst_KtlReader::addsBehindWhatIsLoaded()
     g_xmlfiledevices.clear();
 }
 
-/// The object items have a size of 0 as they are written now: nothing behind one is read.
+/// The object items have a size of 0 as they are written now: nothing after one is read.
 void tst_KtlReader::itemThatCannotBeStopsTheRead()
 {
     const Reading reading = readingOf(generalItem() + le32(40010) + le32(0) + zeros(20) + endItem());
@@ -270,7 +270,7 @@ void tst_KtlReader::generalOperation()
     QCOMPARE(std::uint32_t(general.m_iItemType), 40000U);
     QCOMPARE(std::uint32_t(general.m_iSize), 52U);
     QCOMPARE(std::uint32_t(general.m_iProduct_Code), 0x1234U);
-    QCOMPARE(std::fgetc(ktl.get()), 0x55); // it stands behind the item
+    QCOMPARE(std::fgetc(ktl.get()), 0x55); // it is after the item
     QCOMPARE(KTL_read_device_General(ktl.get(), &general), 0);
     QCOMPARE(std::uint32_t(general.m_iProduct_Code), 0x1234U); // nothing left to read
     QCOMPARE(KTL_read_device_General(nullptr, &general), 1000);

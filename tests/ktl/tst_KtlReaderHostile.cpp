@@ -56,7 +56,7 @@ void operator delete[](void* memory, std::size_t /*size*/) noexcept
 
 namespace {
 
-constexpr qint64 mostMilliseconds = 5000;
+constexpr qint64 maxMilliseconds = 5000;
 
 /// Memory that a record takes for each byte of the file, at most, with what its list keeps in reserve; and what a read
 /// takes in any case.
@@ -75,7 +75,7 @@ QByteArray richFile()
            + ktlItem(40102, zeros(16) + le32(1) + zeros(12)) + ktlItem(40104, le32(1) + zeros(16)) + endItem();
 }
 
-/// Reads a file behind one that is loaded already.
+/// Reads a file after one that is loaded already.
 struct HostileReading
 {
     explicit HostileReading(const QByteArray& file)
@@ -100,7 +100,7 @@ struct HostileReading
     /// Empty if the read is as any read has to be.
     [[nodiscard]] QString problem(int fileSize) const
     {
-        if (milliseconds > mostMilliseconds)
+        if (milliseconds > maxMilliseconds)
             return QStringLiteral("took %1 ms").arg(milliseconds);
         if (largest > memoryOfARead + memoryPerByte * static_cast<std::size_t>(fileSize))
             return QStringLiteral("took a piece of %1 bytes").arg(largest);
@@ -275,7 +275,7 @@ void tst_KtlReaderHostile::hostileDump()
     timer.start();
     int code = 5;
     const QByteArray text = writtenBy([&](std::FILE* log) { QVERIFY(KTL_write_log_devices(log, ktl.get(), &code)); });
-    QVERIFY(timer.elapsed() < mostMilliseconds);
+    QVERIFY(timer.elapsed() < maxMilliseconds);
     QVERIFY2(text.size() < 100 + 10 * file.size() + 3 * 65536, qPrintable(QString::number(text.size())));
 }
 

@@ -282,7 +282,7 @@ void tst_KtlRoundTrip::devicePdos()
     QCOMPARE(int(special.TxPdo.vpdo.back().IndexAttributes.Index), 0x1A10);
 }
 
-/// The commands of the device and behind them those of its modules, all in the list of the device.
+/// The commands of the device and after them those of its modules, all in the list of the device.
 void tst_KtlRoundTrip::startupCommands()
 {
     std::size_t compared = 0;

@@ -39,7 +39,7 @@ modulePdo fixed(modulePdo pdo)
     return pdo;
 }
 
-/// What stands behind identity and entries in the block of a module.
+/// What follows identity and entries in the block of a module.
 QByteArray startupWritten(const struct_EtherCatDevice& device, const struct_module& module)
 {
     const QByteArray block = moduleBlocks(device, fileOf({{module}}));
@@ -203,7 +203,7 @@ void tst_ModuleBlockStartup::flags()
 void tst_ModuleBlockStartup::orderOfRecords()
 {
     struct_EtherCatDevice device = deviceOf(true, true);
-    std::swap(device.vSM[2], device.vSM[3]); // now the one of number 3 stands first
+    std::swap(device.vSM[2], device.vSM[3]); // now the one of number 3 is first
     struct_module module;
     module.RxPdo.vpdo = {pdoOf(0x1601, 2, oneEntry), pdoOf(0x1600, 3, oneEntry), pdoOf(0x1602, 2, oneEntry)};
     module.TxPdo.vpdo = {pdoOf(0x1A01, 3, oneEntry), pdoOf(0x1A00, 2, oneEntry)};
@@ -324,7 +324,7 @@ void tst_ModuleBlockStartup::fewerRecordsThanAnnounced_data()
     QTest::addRow("complete access and no entry") << true << 0 << 4U;
 }
 
-/// A PDO that is counted and has no records of its mapping: nothing stands in their place.
+/// A PDO that is counted and has no records of its mapping: nothing takes their place.
 void tst_ModuleBlockStartup::fewerRecordsThanAnnounced()
 {
     QFETCH(bool, usesCompleteAccess);
@@ -346,7 +346,7 @@ void tst_ModuleBlockStartup::moreRecordsThanAnnounced_data()
     QTest::addRow("one that the device does not have") << 9;
 }
 
-/// A PDO that is not counted and has records of its mapping: the item ends behind them, later than announced.
+/// A PDO that is not counted and has records of its mapping: the item ends after them, later than announced.
 void tst_ModuleBlockStartup::moreRecordsThanAnnounced()
 {
     QFETCH(int, pdoOn);
@@ -364,7 +364,7 @@ void tst_ModuleBlockStartup::nothingAnnounced()
     QCOMPARE(startupWritten(deviceOf(true, true), module), QByteArray());
 }
 
-/// No fill stands behind an item that is shorter than announced.
+/// No fill follows an item that is shorter than announced.
 void tst_ModuleBlockStartup::nextModuleFollowsAtOnce()
 {
     struct_EtherCatDevice device = deviceOf(false, true);

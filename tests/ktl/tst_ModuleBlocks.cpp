@@ -12,13 +12,13 @@ namespace {
 struct Direction
 {
     ModulePdoList struct_module::*list = nullptr;
-    QByteArray code; ///< as it stands in the file
+    QByteArray code; ///< as it is in the file
 };
 
 const Direction outputs{&struct_module::RxPdo, bytes("A7 9C 00 00")};
 const Direction inputs{&struct_module::TxPdo, bytes("A6 9C 00 00")};
 
-/// The blocks of a file of one module, behind its identity.
+/// The blocks of a file of one module, after its identity.
 QByteArray entriesWritten(const struct_module& module)
 {
     return moduleBlocks(struct_EtherCatDevice(), fileOf({{module}})).mid(20);
@@ -93,7 +93,7 @@ void tst_ModuleBlocks::modulesOfAllGroupsInOrder()
     QCOMPARE(moduleBlocks(struct_EtherCatDevice(), fileOf({})), QByteArray());
 }
 
-/// The blocks are those of the file, whatever stands in the slots of the device.
+/// The blocks are those of the file, whatever is in the slots of the device.
 void tst_ModuleBlocks::blocksAreWrittenForEachDevice()
 {
     const struct_FilenameDevice file = fileOf({{moduleOf(7)}});

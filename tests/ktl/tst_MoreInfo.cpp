@@ -170,7 +170,7 @@ void tst_MoreInfo::textThatDoesNotFit_data()
 {
     QTest::addColumn<std::string>("device");
     QTest::addColumn<Groups>("groups");
-    QTest::addColumn<std::string>("expected"); // what stands in front of the zeros
+    QTest::addColumn<std::string>("expected"); // what comes before the zeros
     const std::string lineFeed = "\n";
     QTest::addRow("device name of 1000") << letters(1000) << Groups{{}} << std::string();
     QTest::addRow("device name of 1001") << letters(1001) << Groups{{"b"}} << std::string();
@@ -198,7 +198,7 @@ void tst_MoreInfo::textThatDoesNotFit()
              head(1024) + QByteArray::fromStdString(expected) + zeros(1000 - static_cast<int>(expected.size())));
 }
 
-/// Each call takes the time anew; the number of date and time lies between that before the call and that behind it.
+/// Each call takes the time again; the number of date and time is between those before and after the call.
 void tst_MoreInfo::fixedFunctionTakesTheTimeOfNow()
 {
     const auto now = [] { return QDateTime::currentDateTime().toString("yyyyMMddhhmmss").toLongLong(); };
@@ -206,10 +206,10 @@ void tst_MoreInfo::fixedFunctionTakesTheTimeOfNow()
     struct_FilenameDevice file = fileOf({{}});
     const qint64 before = now();
     const QByteArray item = writtenBy([&](std::FILE* out) { KTL_write_device_DeviceMoreInfo(out, &device, &file); });
-    const qint64 behind = now();
+    const qint64 after = now();
     QCOMPARE(item.size(), 24);
     const qint64 time = numberAt(item, 8, 4) * qint64(1000000) + numberAt(item, 12, 4);
-    QVERIFY2(before <= time && time <= behind, qPrintable(QString::number(time)));
+    QVERIFY2(before <= time && time <= after, qPrintable(QString::number(time)));
 }
 
 void tst_MoreInfo::nullArgumentsWriteNothing()

@@ -95,13 +95,13 @@ void tst_SlotPreset::noSlotNoItem()
     QCOMPARE(written({}), QByteArray());
 }
 
-/// With no place for a module the head is the whole item, whatever stands in the slots.
+/// With no place for a module the head is the whole item, whatever is in the slots.
 void tst_SlotPreset::noPlaceNoRecord()
 {
     QCOMPARE(written({slotOf(0, {{0, 0x11}}), slotOf(0)}), bytes("4F 9C 00 00  10 00 00 00  00 00 00 00  00 00 00 00"));
 }
 
-/// Idents that a slot accepts, defaults too, are not what stands in it.
+/// Idents that a slot accepts, defaults too, are not what is in it.
 void tst_SlotPreset::otherFieldsDoNotCount()
 {
     struct_Slot made = slotOf(1);
@@ -112,7 +112,7 @@ void tst_SlotPreset::otherFieldsDoNotCount()
     QCOMPARE(written({made}), head(24, 1, 0) + records({0}));
 }
 
-/// All modules of a slot count, and the last one stands in its record: of one slot, and of several slots that hold
+/// All modules of a slot count, and the last one is in its record: of one slot, and of several slots that hold
 /// modules of the same number. An ident of 0 replaces another one too.
 void tst_SlotPreset::lastModuleOfASlotCounts()
 {

@@ -165,7 +165,7 @@ void tst_TreeExport::generalFails()
     QCOMPARE(code, untouched);
 }
 
-/// The range error comes out, and stops the run where it stands.
+/// The range error comes out, and stops the run where it is.
 void tst_TreeExport::undeclaredSyncManager()
 {
     QTreeWidget tree;

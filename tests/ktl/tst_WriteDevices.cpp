@@ -146,7 +146,7 @@ private slots:
     void errorCode();
     void generalFailsAtOnce();
     void generalOfSecondDeviceFails();
-    void diskFullBehindGeneral();
+    void diskFullAfterGeneral();
     void undeclaredSyncManager();
     void undeclaredSyncManagerOfAModulePdo();
 };
@@ -190,7 +190,7 @@ void tst_WriteDevices::orderOfItems_data()
     QTest::addRow("type 5, file with modules") << 5 << true << plain + preset + info + blocks;
 }
 
-/// Two devices of the same type: what belongs to the file stands behind each of them again.
+/// Two devices of the same type: what belongs to the file follows each of them again.
 void tst_WriteDevices::orderOfItems()
 {
     QFETCH(int, deviceType);
@@ -324,8 +324,8 @@ void tst_WriteDevices::generalOfSecondDeviceFails()
     QCOMPARE(problem, QString());
 }
 
-/// Only General is tested for failure: a disk that is full behind it gives a short file and a true result.
-void tst_WriteDevices::diskFullBehindGeneral()
+/// Only General is tested for failure: a disk that is full after it gives a short file and a true result.
+void tst_WriteDevices::diskFullAfterGeneral()
 {
     Files files{fileOf(1, {10})};
     const PickyDisk disk(beginsGeneral);
@@ -335,7 +335,7 @@ void tst_WriteDevices::diskFullBehindGeneral()
     QCOMPARE(disk.content().size(), 52);
 }
 
-/// The range error comes out of the run: what stands before the PDO is written, and nothing behind it.
+/// The range error comes out of the run: what comes before the PDO is written, and nothing after it.
 void tst_WriteDevices::undeclaredSyncManager()
 {
     Files files{fileOf(1, {10}), fileOf(2, {20})};

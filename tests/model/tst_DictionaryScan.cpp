@@ -1,4 +1,4 @@
-// What stands under an object of a CoE dictionary, and how far a scan goes.
+// What is under an object of a CoE dictionary, and how far a scan goes.
 #include "model/dictionaryBuilders.h"
 #include "model/dictionaryScan.h"
 #include "testMain.h"
@@ -137,7 +137,7 @@ void tst_DictionaryScan::elements()
     dataType.varrayinfo.push_back({1, 9}); // only the first bounds count
     QCOMPARE(wordsUnder({dataType}, "DT1"), expected);
     dataType.vsubitem = {subItem(0, "USINT", "count"), subItem(1, "UINT", "a")};
-    QCOMPARE(wordsUnder({dataType}, "DT1"), QStringList("a") + expected); // elements stand behind sub-items
+    QCOMPARE(wordsUnder({dataType}, "DT1"), QStringList("a") + expected); // elements come after sub-items
 }
 
 void tst_DictionaryScan::circles_data()

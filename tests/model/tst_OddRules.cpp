@@ -137,10 +137,10 @@ void tst_OddRules::everyPinIsATest()
 
 void tst_OddRules::noRuleIsLong()
 {
-    constexpr int mostWords = 60;
+    constexpr int maxWords = 60;
     QStringList tooLong;
     for (const QString& rule : allOddRules())
-        if (rule.count(' ') > mostWords) // the first word is the name of the file
+        if (rule.count(' ') > maxWords) // the first word is the name of the file
             tooLong.append(rule);
     QCOMPARE(tooLong.join('\n'), QString());
 }

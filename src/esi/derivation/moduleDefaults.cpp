@@ -12,7 +12,7 @@ namespace {
 /// Counts a module as an axis, if its device is a multi-axis drive or becomes one by it.
 /// ODD, KEPT: one drive module turns a coupler into a multi-axis drive, and from then on every module counts as an
 /// axis, whatever its profile. One would expect the type to stay, and drive modules only to count. Pinned by
-/// tst_SlotModuleDefaults::typeChangesDuringThePass.
+/// tst_ModuleDefaults::typeChangesDuringThePass.
 void countAxis(struct_EtherCatDevice& device, const struct_module& module)
 {
     if (module.m_profileNO == driveProfile)
@@ -60,7 +60,7 @@ void putInDefaultModules(struct_EtherCatDevice& device, const ModulesByIdent& mo
         return;
     // The modules are counted instead of the slots.
     // ODD, KEPT: the other types keep the number that they came with, and a drive module in them counts on from there,
-    // where one would expect that they start from 0 too. Pinned by tst_SlotModuleDefaults::typeChangesDuringThePass.
+    // where one would expect that they start from 0 too. Pinned by tst_ModuleDefaults::typeChangesDuringThePass.
     if (type == KTL_DEVICE_TYPE_MultiDriver || type == KTL_DEVICE_TYPE_PnpIOBlock)
         device.m_iDriveAxies = 0;
     std::uint16_t slotNumber = 0;

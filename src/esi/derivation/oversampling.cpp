@@ -28,10 +28,10 @@ struct_PDOList sampleOf(const struct_PDOList& declared, std::uint16_t sample)
     pdo.Name = declared.Name + ' ' + std::to_string(static_cast<int>(sample) - 1);
     pdo.Size = declared.Size;
     // ODD, KEPT: the PDO index steps by one per sample and `OSIndexInc` moves the entries only, where one would expect
-    // it to move both. Pinned by tst_PdoDefaults::pdoIndex.
+    // it to move both. Pinned by tst_Oversampling::pdoIndex.
     pdo.IndexAttributes.Index = static_cast<std::uint16_t>(declared.IndexAttributes.Index + steps);
     // ODD, KEPT: from the tenth sample on a PDO is on no sync manager, for inputs and outputs alike, where one would
-    // expect all samples on the declared one. Pinned by tst_PdoDefaults::syncManager.
+    // expect all samples on the declared one. Pinned by tst_Oversampling::syncManager.
     pdo.Attributes.SM = sample <= lastAssignedSample ? declared.Attributes.SM : -1;
     pdo.Attributes.SU = declared.Attributes.SU;
     pdo.Attributes.Fixed = declared.Attributes.Fixed;

@@ -24,7 +24,7 @@ void completeIncrements(SlotsAttributes& device, const SlotAttributes& firstSlot
 }
 
 /// ODD, KEPT: each slot gets the steps of the device or, in a slot group, those of the group, where one would expect a
-/// step that the slot itself declares to count. Pinned by tst_SlotCheck::slotIncrements.
+/// step that the slot itself declares to count. Pinned by tst_SlotIncrements::slotIncrements.
 void unifyIncrements(DeviceSlots& deviceSlots)
 {
     for (struct_Slot& slot : deviceSlots.vslot) {

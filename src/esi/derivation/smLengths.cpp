@@ -15,7 +15,7 @@ bool isMailbox(const struct_SM& syncManager)
 
 /// Adds the size of each assigned PDO to its sync manager, if `takes(syncManager)` says so.
 /// ODD, KEPT: a plain float sum with no carry from the tenths, so two PDOs of 12 bits make 2.8, where one would expect
-/// 3.0. Pinned by tst_SmDefaults::lengthsAreSummedAsFloats.
+/// 3.0. Pinned by tst_SmLengths::lengthsAreSummedAsFloats.
 template<typename Pdo, typename Condition>
 void addPdoSizes(std::vector<struct_SM>& syncManagers, const std::vector<Pdo>& pdos, Condition takes)
 {
@@ -31,8 +31,8 @@ void addPdoSizes(std::vector<struct_SM>& syncManagers, const std::vector<Pdo>& p
 } // namespace
 
 /// ODD, KEPT: at load time a PDO counts on whatever sync manager it names, and PDOs that modules bring in do not count.
-/// One would expect the rules of `updateProcessDataLengths`. Pinned by tst_SmDefaults::lengths and
-/// tst_SmDefaults::modulePdosAddNothing.
+/// One would expect the rules of `updateProcessDataLengths`. Pinned by tst_SmLengths::lengths and
+/// tst_SmLengths::modulePdosAddNothing.
 void computeLengths(struct_EtherCatDevice& device)
 {
     for (struct_SM& syncManager : device.vSM)

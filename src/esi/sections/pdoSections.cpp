@@ -24,7 +24,7 @@ using DevicePdo = BeingRead<struct_PDOList>;
 using DeviceEntry = BeingRead<struct_EntryPDOContent>;
 
 // ODD, KEPT: an entry keeps its last name that has a text, while a PDO takes the last name even if it is empty; on the
-// PDOs of modules it is the other way round. One would expect one rule for all. Pinned by tst_PdoEntries::entryName,
+// PDOs of modules it is the other way round. One would expect one rule for all. Pinned by tst_DevicePdoEntries::entryName,
 // tst_PdoSections::pdoName and tst_ModulePdos::names.
 const std::array entryRules{
     ElementRule<DeviceEntry>{QLatin1String("Index"), recordFromText<storeUint<&struct_EntryPDOContent::Index>>},

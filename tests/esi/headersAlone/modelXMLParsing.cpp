@@ -1,4 +1,4 @@
-// The header stands first and alone: it has to bring everything that it needs.
+// The header comes first and alone: it has to bring everything that it needs.
 #include "model/XMLParsing.h"
 
 #include <type_traits>

@@ -1,6 +1,6 @@
-// The copies that a module in a slot leaves in the lists of its device: what they hold, and in which order they stand.
+// The copies that a module in a slot leaves in the lists of its device: what they hold, and in which order they are.
+#include "derivation/startupBuilders.h"
 #include "esi/derivation/moduleInSlot.h"
-#include "esi/startupBuilders.h"
 #include "testMain.h"
 
 #include <QtTest>

@@ -1,5 +1,5 @@
 // Where the copies of an oversampled PDO are placed, and ranges that make no sense.
-#include "esi/oversampledPdo.h"
+#include "derivation/oversampledPdo.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -18,7 +18,7 @@ private slots:
     static void lowBitsOfTheFirstSample();
     static void left_data();
     static void left();
-    static void scanGoesOnBehindALeftOne();
+    static void scanGoesOnAfterALeftOne();
     static void lastSamplesThatTheCounterReaches();
     static void greatestRange();
     static void listLongerThanThePosition();
@@ -136,7 +136,7 @@ void tst_OversamplingRange::left()
     }
 }
 
-void tst_OversamplingRange::scanGoesOnBehindALeftOne()
+void tst_OversamplingRange::scanGoesOnAfterALeftOne()
 {
     const QStringList expected{"none", "P 0", "P 1", "endless", "Q 0", "Q 1", "none", "R 0"};
     QCOMPARE(namesOf(expanded(listFrom("none:2:1 P:1:2 endless:1:65535 Q:1:2 none:3:2 R:1:1"))), expected);

@@ -1,5 +1,5 @@
-// The slot check: increments in one form, and the axes of a multi-axis drive.
-#include "esi/xmlparsing.h"
+// Slot increments in one form, and the axes of a multi-axis drive.
+#include "esi/derivation/slotIncrements.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
-class tst_SlotCheck : public QObject
+class tst_SlotIncrements : public QObject
 {
     Q_OBJECT
 
@@ -20,26 +20,19 @@ private slots:
     static void noSlots();
     static void axesWithoutGroups_data();
     static void axesWithoutGroups();
-    static void axesWithGroups_data();
-    static void axesWithGroups();
-    static void everyDeviceOfTheFile();
-    static void nullPointer();
 };
 
 namespace {
 
-constexpr std::uint16_t multiDrive = 2;
 constexpr std::uint16_t axesBefore = 7;
 
 /// Object and PDO index steps: device, then group.
 using Steps = QVector<unsigned int>;
 
-struct_EtherCatDevice checked(const struct_EtherCatDevice& device)
+struct_EtherCatDevice checked(struct_EtherCatDevice device)
 {
-    struct_FilenameDevice file;
-    file.device.push_back(device);
-    device_check_Slots(&file);
-    return file.device.at(0);
+    completeSlots(device);
+    return device;
 }
 
 Steps stepsOf(const SlotsAttributes& whole)
@@ -56,19 +49,18 @@ void setSteps(SlotsAttributes& whole, const Steps& steps)
     whole.m_SlotGroupPdoIncrement = steps.at(3);
 }
 
-struct_Slot slotWith(std::uint32_t indexStep, std::uint32_t pdoStep, std::int32_t group = -1, const char* name = "")
+struct_Slot slotWith(std::uint32_t indexStep, std::uint32_t pdoStep, std::int32_t group = -1)
 {
     struct_Slot slot;
     slot.Attributes.SlotIndexIncrement = indexStep;
     slot.Attributes.SlotPdoIncrement = pdoStep;
     slot.Attributes.m_SlotGroup = group;
-    slot.Name = name;
     return slot;
 }
 
 } // namespace
 
-void tst_SlotCheck::deviceIncrements_data()
+void tst_SlotIncrements::deviceIncrements_data()
 {
     QTest::addColumn<Steps>("before"); // index, PDO, group index, group PDO
     QTest::addColumn<Steps>("expected");
@@ -82,7 +74,7 @@ void tst_SlotCheck::deviceIncrements_data()
     QTest::addRow("groups declared, device not") << Steps{0, 0, 7, 8} << Steps{16, 2, 7, 8};
 }
 
-void tst_SlotCheck::deviceIncrements()
+void tst_SlotIncrements::deviceIncrements()
 {
     QFETCH(Steps, before);
     QFETCH(Steps, expected);
@@ -92,7 +84,7 @@ void tst_SlotCheck::deviceIncrements()
     QCOMPARE(stepsOf(checked(device).Slots.Attributes), expected);
 }
 
-void tst_SlotCheck::slotIncrements_data()
+void tst_SlotIncrements::slotIncrements_data()
 {
     QTest::addColumn<Steps>("device");
     QTest::addColumn<int>("group");
@@ -106,7 +98,7 @@ void tst_SlotCheck::slotIncrements_data()
     QTest::addRow("any negative group is no group") << Steps{5, 6, 7, 8} << -2 << Steps{5, 6};
 }
 
-void tst_SlotCheck::slotIncrements()
+void tst_SlotIncrements::slotIncrements()
 {
     QFETCH(Steps, device);
     QFETCH(int, group);
@@ -120,7 +112,7 @@ void tst_SlotCheck::slotIncrements()
     QVERIFY2(second.m_SlotGroup == group, "the group is only read");
 }
 
-void tst_SlotCheck::groupAttributesOfSlotsAreKept()
+void tst_SlotIncrements::groupAttributesOfSlotsAreKept()
 {
     struct_EtherCatDevice device;
     setSteps(device.Slots.Attributes, {5, 6, 7, 8});
@@ -132,7 +124,7 @@ void tst_SlotCheck::groupAttributesOfSlotsAreKept()
     QCOMPARE(device.Slots.vslot[0].Attributes.m_SlotGroupPdoIncrement, 80U);
 }
 
-void tst_SlotCheck::noSlots()
+void tst_SlotIncrements::noSlots()
 {
     struct_EtherCatDevice device;
     setSteps(device.Slots.Attributes, {5, 0, 0, 8});
@@ -147,7 +139,7 @@ void tst_SlotCheck::noSlots()
     QCOMPARE(device.Slots.vslot[1].Attributes.SlotPdoIncrement, 0U);
 }
 
-void tst_SlotCheck::axesWithoutGroups_data()
+void tst_SlotIncrements::axesWithoutGroups_data()
 {
     QTest::addColumn<int>("deviceType");
     QTest::addColumn<int>("slotCount");
@@ -162,76 +154,17 @@ void tst_SlotCheck::axesWithoutGroups_data()
     QTest::addRow("coupler set by hand keeps its axes") << 5 << 3 << int{axesBefore};
 }
 
-void tst_SlotCheck::axesWithoutGroups()
+void tst_SlotIncrements::axesWithoutGroups()
 {
     QFETCH(int, deviceType);
     QFETCH(int, slotCount);
     QFETCH(int, expected);
-    struct_FilenameDevice file;
-    file.device.resize(1);
-    file.device[0].m_iDeviceType = static_cast<std::uint16_t>(deviceType);
-    file.device[0].m_iDriveAxies = axesBefore;
-    file.device[0].Slots.vslot.resize(static_cast<std::size_t>(slotCount));
-    device_check_Slots(&file);
-    QCOMPARE(int{file.device[0].m_iDriveAxies}, expected);
-}
-
-void tst_SlotCheck::axesWithGroups_data()
-{
-    QTest::addColumn<QStringList>("slotList"); // "group name"
-    QTest::addColumn<int>("expected");
-    QTest::addRow("two axes") << QStringList{"0 Axis 1", "1 Axis 2"} << 2;
-    QTest::addRow("two slots of a group make one axis") << QStringList{"0 Axis outputs", "0 Axis inputs"} << 1;
-    QTest::addRow("the highest group counts, not the number of groups") << QStringList{"4 Axis"} << 5;
-    QTest::addRow("in any order") << QStringList{"1 Axis 2", "0 Axis 1"} << 2;
-    QTest::addRow("the word may stand in the group's name") << QStringList{"0 Slot-->X Axis"} << 1;
-    QTest::addRow("the word may stand in Chinese text") << QStringList{QStringLiteral("0 主轴Axis一")} << 1;
-    QTest::addRow("other case does not count") << QStringList{"0 axis", "1 AXIS"} << 0;
-    QTest::addRow("a group without an axis does not count") << QStringList{"0 Axis", "1 I/O"} << 1;
-    QTest::addRow("an axis in no group does not count") << QStringList{"-1 Axis"} << 0;
-    QTest::addRow("no slots") << QStringList{} << 0;
-    QTest::addRow("greatest number in 16 bits") << QStringList{"65534 Axis"} << 65535;
-    QTest::addRow("one more is cut to 0") << QStringList{"65535 Axis"} << 0;
-    QTest::addRow("behind a cut number counting starts again") << QStringList{"65535 Axis", "1 Axis"} << 2;
-    QTest::addRow("greatest group") << QStringList{"2147483647 Axis"} << 0;
-}
-
-void tst_SlotCheck::axesWithGroups()
-{
-    QFETCH(QStringList, slotList);
-    QFETCH(int, expected);
     struct_EtherCatDevice device;
-    device.m_iDeviceType = multiDrive;
+    device.m_iDeviceType = static_cast<std::uint16_t>(deviceType);
     device.m_iDriveAxies = axesBefore;
-    device.Slots.Attributes.m_MaxSlotGroupCount = 1;
-    for (const QString& slot : slotList)
-        device.Slots.vslot.push_back(
-            slotWith(0, 0, slot.section(' ', 0, 0).toInt(), slot.section(' ', 1).toUtf8().constData()));
+    device.Slots.vslot.resize(static_cast<std::size_t>(slotCount));
     QCOMPARE(int{checked(device).m_iDriveAxies}, expected);
 }
 
-void tst_SlotCheck::everyDeviceOfTheFile()
-{
-    struct_FilenameDevice file;
-    file.device.resize(2);
-    for (struct_EtherCatDevice& device : file.device) {
-        device.m_iDeviceType = multiDrive;
-        device.Slots.vslot = {slotWith(16, 2)};
-    }
-    file.device[1].Slots.vslot.push_back(slotWith(1, 1));
-    device_check_Slots(&file);
-    QCOMPARE(int{file.device[0].m_iDriveAxies}, 1);
-    QCOMPARE(int{file.device[1].m_iDriveAxies}, 2);
-    QCOMPARE(file.device[1].Slots.vslot[1].Attributes.SlotIndexIncrement, 16U);
-}
-
-void tst_SlotCheck::nullPointer()
-{
-    device_check_Slots(nullptr); // must come back
-    struct_FilenameDevice empty;
-    device_check_Slots(&empty);
-    QVERIFY(empty.device.empty());
-}
-
-static const testMain::Registration<tst_SlotCheck, QCoreApplication> registration;
-#include "tst_SlotCheck.moc"
+static const testMain::Registration<tst_SlotIncrements, QCoreApplication> registration;
+#include "tst_SlotIncrements.moc"

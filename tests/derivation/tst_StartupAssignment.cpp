@@ -1,5 +1,5 @@
 // Generated startup commands: the assignment of PDOs, of the device and of its modules, to sync managers.
-#include "esi/startupBuilders.h"
+#include "derivation/startupBuilders.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -21,7 +21,7 @@ private slots:
     static void whatBelongs();
     static void syncManagers_data();
     static void syncManagers();
-    static void behindTheMappings();
+    static void afterTheMappings();
     static void manyPdos_data();
     static void manyPdos();
     static void manyPdosAtOnce_data();
@@ -203,7 +203,7 @@ void tst_StartupAssignment::syncManagers()
     QCOMPARE(moduleLines(withStartup(deviceFrom(QStringList{"flags complete"} + managers + pdos))), QStringList());
 }
 
-void tst_StartupAssignment::behindTheMappings()
+void tst_StartupAssignment::afterTheMappings()
 {
     const struct_EtherCatDevice device =
         withStartup(deviceFrom(usualDevice("assign config", {"Rx 1600 @2", "mRx 1601 @2", "mTx 1a00 @3"})));

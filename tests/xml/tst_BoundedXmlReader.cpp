@@ -1,7 +1,7 @@
 // Parsing a file into a document: what is kept of it, errors with their place, and the limit of the nesting.
-#include "esi/temporaryFile.h"
 #include "esi/xml/boundedXmlReader.h"
 #include "testMain.h"
+#include "xml/temporaryFile.h"
 
 #include <QDomDocument>
 #include <QtTest>
@@ -188,7 +188,7 @@ void tst_BoundedXmlReader::nesting()
     if (isRead) {
         QCOMPARE(result.document.elementsByTagName(QStringLiteral("a")).size(), depth);
     } else {
-        // The element that goes too deep stands on this line, and a line is "<a>" with its end.
+        // The element that goes too deep is on this line, and a line is "<a>" with its end.
         QCOMPARE(result.error.line, 1001);
         QVERIFY2(result.error.column >= 1 && result.error.column <= 4,
                  qPrintable(QString::number(result.error.column)));
@@ -228,7 +228,7 @@ void tst_BoundedXmlReader::readsOnAfterAnError()
     QCOMPARE(document.elementsByTagName(QStringLiteral("a")).size(), 1000);
 }
 
-/// An entity that the document does not declare leaves a node in the content, and nothing where it stood in an
+/// An entity that the document does not declare leaves a node in the content, and nothing where it was in an
 /// attribute.
 void tst_BoundedXmlReader::undeclaredEntity()
 {

@@ -1,22 +1,19 @@
-// Limits of XML files: the last that is read, the first that is not, and where it stands.
-#include "esi/parsedFile.h"
-#include "esi/temporaryFile.h"
+// Limits of document types and entities: the last that is read, the first that is not, and where it is.
 #include "esi/xml/boundedXmlReader.h"
 #include "esi/xml/xmlLimits.h"
 #include "testMain.h"
+#include "xml/parsedFile.h"
+#include "xml/temporaryFile.h"
 
 #include <QDomDocument>
+#include <QUrl>
 #include <QtTest>
 
-class tst_XmlLimits : public QObject
+class tst_DocumentTypeLimit : public QObject
 {
     Q_OBJECT
 
 private slots:
-    static void attributes_data();
-    static void attributes();
-    static void prefixes_data();
-    static void prefixes();
     static void documentType_data();
     static void documentType();
     static void placeOfDocumentType_data();
@@ -35,21 +32,18 @@ private slots:
     static void entitiesWithinTheLimits();
     static void externalEntitiesStayEmpty_data();
     static void externalEntitiesStayEmpty();
-    static void largestFile();
 };
 
-static_assert(maxXmlFileBytes == 268435456 && maxNesting == 1000 && maxAttributes == 100 && maxPrefixes == 16);
 static_assert(maxDocumentTypeLength == 4096 && maxNestedReferences == 4 && maxReferences == 250);
 
 namespace {
 
-const QString tooManyAttributes = QStringLiteral("an element has more than 100 attributes");
-const QString tooManyPrefixes = QStringLiteral("the file has more than 16 namespace prefixes");
 const QString tooLong = QStringLiteral("the document type declaration is longer than 4096 characters");
 const QString tooManyNested = QStringLiteral("the document type declaration has more than 4 references to entities");
 const QString parameterEntity = QStringLiteral("the document type declaration refers to a parameter entity");
 const QString tooManyReferences =
     QStringLiteral("a file that declares entities has more than 250 references to entities");
+
 /// `count` pieces of which each has its number, from 0, in place of "%1".
 QString numbered(const QString& piece, int count)
 {
@@ -76,63 +70,7 @@ void compareMessage(const QString& content, const QString& message)
 
 } // namespace
 
-void tst_XmlLimits::attributes_data()
-{
-    QTest::addColumn<QString>("content");
-    QTest::addColumn<QString>("message");
-    const QString different = QStringLiteral(" k%1='1'");
-    QTest::addRow("a hundred") << "<a>\n<b" + numbered(different, 100) + "/></a>" << QString();
-    QTest::addRow("one more") << "<a>\n<b" + numbered(different, 101) + "/></a>" << tooManyAttributes;
-    QTest::addRow("one more, repeated") << "<a>\n<b" + QStringLiteral(" k='1'").repeated(101) + "/></a>"
-                                        << tooManyAttributes;
-    QTest::addRow("far more") << "<a>\n<b" + numbered(different, 100000) + "/></a>" << tooManyAttributes;
-    QTest::addRow("a hundred on each of two")
-        << "<a>\n<b" + numbered(different, 100) + "/><c" + numbered(different, 100) + "/></a>" << QString();
-    QTest::addRow("from an entity") << "<!DOCTYPE a [<!ENTITY x \"<b" + numbered(QStringLiteral(" k%1=''"), 101)
-                                           + "/>\">]>\n<a>&x;</a>"
-                                    << tooManyAttributes;
-}
-
-void tst_XmlLimits::attributes()
-{
-    QFETCH(QString, content);
-    QFETCH(QString, message);
-    compareMessage(content, message);
-    if (!message.isEmpty()) {
-        const XmlFormatError error = parsed(content).error;
-        QCOMPARE(error.line, 2);
-        QVERIFY(error.column > 1);
-    }
-}
-
-void tst_XmlLimits::prefixes_data()
-{
-    QTest::addColumn<QString>("content");
-    QTest::addColumn<QString>("message");
-    const QString declaration = QStringLiteral(" xmlns:k%1='urn:%1'");
-    QTest::addRow("sixteen") << "<a" + numbered(declaration, 16) + "><b/></a>" << QString();
-    QTest::addRow("one more") << "<a" + numbered(declaration, 17) + "/>" << tooManyPrefixes;
-    QTest::addRow("one more without a prefix")
-        << "<a" + numbered(declaration, 16) + " xmlns='urn:a'/>" << tooManyPrefixes;
-    QTest::addRow("one more further down")
-        << "<a" + numbered(declaration, 16) + "><b xmlns:p='urn:p'/></a>" << tooManyPrefixes;
-    QTest::addRow("far more") << "<a" + numbered(declaration, 100000) + "/>" << tooManyPrefixes;
-    QTest::addRow("one for many namespaces")
-        << "<a>" + numbered(QStringLiteral("<b xmlns='urn:%1'/>"), 1000) + "</a>" << QString();
-    QTest::addRow("the same ones on many elements")
-        << "<a>" + QStringLiteral("<b xmlns='urn:a' xmlns:p='urn:p'/>").repeated(1000) + "</a>" << QString();
-}
-
-void tst_XmlLimits::prefixes()
-{
-    QFETCH(QString, content);
-    QFETCH(QString, message);
-    compareMessage(content, message);
-    if (!message.isEmpty())
-        QCOMPARE(parsed(content).error.line, 1);
-}
-
-void tst_XmlLimits::documentType_data()
+void tst_DocumentTypeLimit::documentType_data()
 {
     QTest::addColumn<QString>("content");
     QTest::addColumn<QString>("message");
@@ -158,14 +96,14 @@ void tst_XmlLimits::documentType_data()
     QTest::addRow("a mark inside the text is none") << "<a><![CDATA[" + documentTypeOf(5000) + "]]></a>" << QString();
 }
 
-void tst_XmlLimits::documentType()
+void tst_DocumentTypeLimit::documentType()
 {
     QFETCH(QString, content);
     QFETCH(QString, message);
     compareMessage(content, message);
 }
 
-void tst_XmlLimits::placeOfDocumentType_data()
+void tst_DocumentTypeLimit::placeOfDocumentType_data()
 {
     QTest::addColumn<QString>("before");
     QTest::addColumn<int>("line");
@@ -179,7 +117,7 @@ void tst_XmlLimits::placeOfDocumentType_data()
     QTest::addRow("behind an empty instruction") << "<?p?>\n" << 2 << 1;
 }
 
-void tst_XmlLimits::placeOfDocumentType()
+void tst_DocumentTypeLimit::placeOfDocumentType()
 {
     QFETCH(QString, before);
     QFETCH(int, line);
@@ -191,7 +129,7 @@ void tst_XmlLimits::placeOfDocumentType()
     QCOMPARE(result.error.column, column);
 }
 
-void tst_XmlLimits::endOfDocumentType_data()
+void tst_DocumentTypeLimit::endOfDocumentType_data()
 {
     QTest::addColumn<QString>("documentType");
     QTest::addRow("external, double quotes") << "<!DOCTYPE a SYSTEM \"x>'[\">";
@@ -202,16 +140,16 @@ void tst_XmlLimits::endOfDocumentType_data()
     QTest::addRow("blanks and lines") << "<!DOCTYPE\n a\t[\r\n]  \n>";
 }
 
-/// Were the end not found, the comment behind it would count, and the declaration be too long.
-void tst_XmlLimits::endOfDocumentType()
+/// Were the end not found, the comment after it would count, and the declaration be too long.
+void tst_DocumentTypeLimit::endOfDocumentType()
 {
     QFETCH(QString, documentType);
     compareMessage(documentType + "<!--" + QString(5000, 'x') + "--><a/>", {});
-    // And were it found too early, a declaration behind it would not count.
+    // And were it found too early, a declaration after it would not count.
     compareMessage(documentType.chopped(1) + QString(5000, ' ') + "><a/>", tooLong);
 }
 
-void tst_XmlLimits::nestedReferences_data()
+void tst_DocumentTypeLimit::nestedReferences_data()
 {
     QTest::addColumn<QString>("value"); // of the last entity
     QTest::addColumn<QString>("message");
@@ -225,7 +163,7 @@ void tst_XmlLimits::nestedReferences_data()
     QTest::addRow("predefined ones count") << "&lt;&gt;&amp;&quot;&apos;" << tooManyNested;
 }
 
-void tst_XmlLimits::nestedReferences()
+void tst_DocumentTypeLimit::nestedReferences()
 {
     QFETCH(QString, value);
     QFETCH(QString, message);
@@ -234,7 +172,7 @@ void tst_XmlLimits::nestedReferences()
     compareMessage("<!DOCTYPE a [<!ENTITY x 'text'><!ENTITY y '" + value + "'><!ENTITY z '&y;'>]><a/>", tooManyNested);
 }
 
-void tst_XmlLimits::parameterReferences_data()
+void tst_DocumentTypeLimit::parameterReferences_data()
 {
     QTest::addColumn<QString>("documentType");
     QTest::addColumn<QString>("message");
@@ -246,34 +184,34 @@ void tst_XmlLimits::parameterReferences_data()
     QTest::addRow("percent sign in a place") << "<!DOCTYPE a SYSTEM 'my%20types.dtd'>" << QString();
 }
 
-void tst_XmlLimits::parameterReferences()
+void tst_DocumentTypeLimit::parameterReferences()
 {
     QFETCH(QString, documentType);
     QFETCH(QString, message);
     compareMessage(documentType + "<a/>", message);
 }
 
-void tst_XmlLimits::references_data()
+void tst_DocumentTypeLimit::references_data()
 {
     QTest::addColumn<QString>("content");
     QTest::addColumn<QString>("message");
     const QString declaring = QStringLiteral("<!DOCTYPE a [<!ENTITY x 'y'>]>");
-    const QString mostTimes = QStringLiteral("&x;").repeated(250);
+    const QString maxTimes = QStringLiteral("&x;").repeated(250);
     const QString predefined = QStringLiteral("&amp;&lt;&gt;&quot;&apos;").repeated(1000);
-    QTest::addRow("most") << declaring + "<a>" + mostTimes + "</a>" << QString();
-    QTest::addRow("one more") << declaring + "<a>" + mostTimes + "&x;</a>" << tooManyReferences;
-    QTest::addRow("one more in an attribute") << declaring + "<a k='&x;'>" + mostTimes + "</a>" << tooManyReferences;
+    QTest::addRow("most") << declaring + "<a>" + maxTimes + "</a>" << QString();
+    QTest::addRow("one more") << declaring + "<a>" + maxTimes + "&x;</a>" << tooManyReferences;
+    QTest::addRow("one more in an attribute") << declaring + "<a k='&x;'>" + maxTimes + "</a>" << tooManyReferences;
     QTest::addRow("predefined ones don't count")
-        << declaring + "<a k='" + predefined + "'>" + mostTimes + predefined + "</a>" << QString();
+        << declaring + "<a k='" + predefined + "'>" + maxTimes + predefined + "</a>" << QString();
     QTest::addRow("one more among predefined ones")
-        << declaring + "<a>" + predefined + mostTimes + predefined + "&x;</a>" << tooManyReferences;
+        << declaring + "<a>" + predefined + maxTimes + predefined + "&x;</a>" << tooManyReferences;
     QTest::addRow("one that begins like a predefined one counts")
-        << declaring + "<a>" + mostTimes + "&amplifier;</a>" << tooManyReferences;
+        << declaring + "<a>" + maxTimes + "&amplifier;</a>" << tooManyReferences;
     QTest::addRow("one that is predefined in small letters only counts")
-        << declaring + "<a>" + mostTimes + "&AMP;</a>" << tooManyReferences;
-    QTest::addRow("characters don't count") << declaring + "<a>" + mostTimes + "&#65;&#x41;</a>" << QString();
+        << declaring + "<a>" + maxTimes + "&AMP;</a>" << tooManyReferences;
+    QTest::addRow("characters don't count") << declaring + "<a>" + maxTimes + "&#65;&#x41;</a>" << QString();
     QTest::addRow("those inside the declaration count for themselves")
-        << "<!DOCTYPE a [<!ENTITY x 'y'><!ENTITY z '&x;&x;&x;&x;'>]><a>" + mostTimes + "</a>" << QString();
+        << "<!DOCTYPE a [<!ENTITY x 'y'><!ENTITY z '&x;&x;&x;&x;'>]><a>" + maxTimes + "</a>" << QString();
     QTest::addRow("predefined ones where none is declared")
         << "<a>" + QStringLiteral("&amp;").repeated(10000) + "</a>" << QString();
     QTest::addRow("predefined ones with a plain document type")
@@ -281,17 +219,17 @@ void tst_XmlLimits::references_data()
     QTest::addRow("undeclared ones where none is declared")
         << "<a>" + QStringLiteral("&u;").repeated(10000) + "</a>" << QString();
     QTest::addRow("declared in the second of two declarations")
-        << "<!DOCTYPE a>" + declaring + "<a>" + mostTimes + "&x;</a>" << tooManyReferences;
+        << "<!DOCTYPE a>" + declaring + "<a>" + maxTimes + "&x;</a>" << tooManyReferences;
 }
 
-void tst_XmlLimits::references()
+void tst_DocumentTypeLimit::references()
 {
     QFETCH(QString, content);
     QFETCH(QString, message);
     compareMessage(content, message);
 }
 
-void tst_XmlLimits::placeOfReference()
+void tst_DocumentTypeLimit::placeOfReference()
 {
     const QString content =
         "<!DOCTYPE a [<!ENTITY x 'y'>]>\n<a>\n" + QStringLiteral("&x;\n").repeated(250) + "  &x;</a>";
@@ -301,7 +239,7 @@ void tst_XmlLimits::placeOfReference()
     QCOMPARE(result.error.column, 3);
 }
 
-void tst_XmlLimits::declaredAgain_data()
+void tst_DocumentTypeLimit::declaredAgain_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("character");
@@ -318,7 +256,7 @@ void tst_XmlLimits::declaredAgain_data()
 }
 
 /// A predefined name does not count since it stands for its character alone, whatever the file declares it to be.
-void tst_XmlLimits::declaredAgain()
+void tst_DocumentTypeLimit::declaredAgain()
 {
     QFETCH(QString, name);
     QFETCH(QString, character);
@@ -331,7 +269,7 @@ void tst_XmlLimits::declaredAgain()
     QCOMPARE(result.document.documentElement().text(), character.repeated(301));
 }
 
-void tst_XmlLimits::entitiesWithinTheLimits()
+void tst_DocumentTypeLimit::entitiesWithinTheLimits()
 {
     const Parsed result = parsed(QStringLiteral("<!DOCTYPE a [<!ENTITY maker \"Example &#38;#38; Sons\"><!ENTITY full "
                                                 "'&maker; Ltd'>]><a k='&maker;'>by &full;</a>"));
@@ -340,7 +278,7 @@ void tst_XmlLimits::entitiesWithinTheLimits()
     QCOMPARE(result.document.documentElement().attribute(QStringLiteral("k")), QStringLiteral("Example & Sons"));
 }
 
-void tst_XmlLimits::externalEntitiesStayEmpty_data()
+void tst_DocumentTypeLimit::externalEntitiesStayEmpty_data()
 {
     QTest::addColumn<QString>("content"); // with "%1" for the place of the other file
     QTest::addRow("entity") << "<!DOCTYPE a [<!ENTITY x SYSTEM \"%1\">]><a>one&x;two</a>";
@@ -349,7 +287,7 @@ void tst_XmlLimits::externalEntitiesStayEmpty_data()
     QTest::addRow("parameter entity that is declared") << "<!DOCTYPE a [<!ENTITY % x SYSTEM \"%1\">]><a>onetwo</a>";
 }
 
-void tst_XmlLimits::externalEntitiesStayEmpty()
+void tst_DocumentTypeLimit::externalEntitiesStayEmpty()
 {
     QFETCH(QString, content);
     const QTemporaryDir folder;
@@ -366,20 +304,5 @@ void tst_XmlLimits::externalEntitiesStayEmpty()
     }
 }
 
-/// The file has a hole in place of its bytes, so it takes no room on the disk.
-void tst_XmlLimits::largestFile()
-{
-    const QTemporaryDir folder;
-    QFile file(writeFile(folder, QStringLiteral("large.xml"), "<a/>"));
-    QVERIFY(file.open(QIODevice::ReadWrite | QIODevice::Text));
-    QVERIFY(file.resize(qint64{maxXmlFileBytes} + 1));
-    QDomDocument document;
-    XmlFormatError error;
-    QVERIFY(!parseXml(file, document, error));
-    QCOMPARE(error.message, QStringLiteral("the file is larger than 268435456 bytes"));
-    QCOMPARE(error.line, 1);
-    QCOMPARE(error.column, 1);
-}
-
-static const testMain::Registration<tst_XmlLimits, QCoreApplication> registration;
-#include "tst_XmlLimits.moc"
+static const testMain::Registration<tst_DocumentTypeLimit, QCoreApplication> registration;
+#include "tst_DocumentTypeLimit.moc"

@@ -1,5 +1,5 @@
 // The pass that generates startup commands as a whole: what decides, in which order, and how it fails.
-#include "esi/startupBuilders.h"
+#include "derivation/startupBuilders.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -27,8 +27,6 @@ private slots:
     static void unknownSyncManager();
     static void unknownSyncManagerWithoutMapping();
     static void secondRunAppendsAgain();
-    static void everyDeviceOfTheFile();
-    static void nullPointer();
 };
 
 namespace {
@@ -211,17 +209,15 @@ void tst_StartupPass::unknownSyncManager()
         lines.insert(lines.size() - 1, pdo);
     else
         lines << pdo;
-    struct_FilenameDevice file;
-    file.device.push_back(deviceFrom(lines));
+    struct_EtherCatDevice device = deviceFrom(lines);
     QString reason;
     try {
-        device_startup_defalutset(&file);
+        generateStartup(device);
     } catch (const std::out_of_range& error) {
         reason = QString::fromLatin1(error.what());
     }
     QCOMPARE(reason,
              QStringLiteral("vector::_M_range_check: __n (which is %1) >= this->size() (which is 1)").arg(position));
-    const struct_EtherCatDevice& device = file.device[0];
     QCOMPARE(QStringLiteral("%1 %2 %3")
                  .arg(deviceLines(device).size())
                  .arg(eoeLines(device).size())
@@ -247,26 +243,6 @@ void tst_StartupPass::secondRunAppendsAgain()
     QCOMPARE(deviceLines(twice), deviceLines(once) + deviceLines(once));
     QCOMPARE(moduleLines(twice), moduleLines(once) + moduleLines(once));
     QCOMPARE(eoeLines(twice), (QStringList{eoeCommand, eoeCommand}));
-}
-
-void tst_StartupPass::everyDeviceOfTheFile()
-{
-    struct_FilenameDevice file;
-    file.device = {deviceFrom({"flags config", "Rx 1600"}), deviceFrom({"flags"}),
-                   deviceFrom({"flags config", "Rx 1601", "mRx 1701"})};
-    device_startup_defalutset(&file);
-    QCOMPARE(deviceLines(file.device[0]), QStringList{"PS 1600:0 1B 0 '0x00 ' download pdo 0x1600 entries"});
-    QCOMPARE(deviceLines(file.device[1]), QStringList());
-    QCOMPARE(deviceLines(file.device[2]), QStringList{"PS 1601:0 1B 0 '0x00 ' download pdo 0x1601 entries"});
-    QCOMPARE(moduleLines(file.device[2]), QStringList{"PS 1701:0 1B 0 '0x00 ' download mpdo 0x1701 entries"});
-}
-
-void tst_StartupPass::nullPointer()
-{
-    device_startup_defalutset(nullptr); // must come back
-    struct_FilenameDevice empty;
-    device_startup_defalutset(&empty);
-    QVERIFY(empty.device.empty());
 }
 
 static const testMain::Registration<tst_StartupPass, QCoreApplication> registration;

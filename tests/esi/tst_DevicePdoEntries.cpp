@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <limits>
 
-class tst_PdoEntries : public QObject
+class tst_DevicePdoEntries : public QObject
 {
     Q_OBJECT
 
@@ -52,7 +52,7 @@ Places placesOf(const struct_PDOList& pdo)
 
 } // namespace
 
-void tst_PdoEntries::allFields()
+void tst_DevicePdoEntries::allFields()
 {
     const struct_EntryPDOContent entry =
         entryOf("<Index>#x6040</Index><SubIndex>#x11</SubIndex><BitLen>16</BitLen><Name>Controlword</Name>"
@@ -68,7 +68,7 @@ void tst_PdoEntries::allFields()
     QCOMPARE(entry.Offs, 0.0F);
 }
 
-void tst_PdoEntries::fieldsOfAnEntryStartCleared()
+void tst_DevicePdoEntries::fieldsOfAnEntryStartCleared()
 {
     const struct_PDOList pdo = pdoOf("<Entry><Index>1</Index><SubIndex>2</SubIndex><BitLen>8</BitLen><Name>a</Name>"
                                      "<DataType>USINT</DataType></Entry><Entry/>");
@@ -82,7 +82,7 @@ void tst_PdoEntries::fieldsOfAnEntryStartCleared()
     QCOMPARE(second.Offs, 1.0F);
 }
 
-void tst_PdoEntries::numbers_data()
+void tst_DevicePdoEntries::numbers_data()
 {
     QTest::addColumn<QString>("value");
     QTest::addColumn<int>("index");
@@ -95,7 +95,7 @@ void tst_PdoEntries::numbers_data()
     QTest::addRow("no number") << "none" << 0 << 0U << 0;
 }
 
-void tst_PdoEntries::numbers()
+void tst_DevicePdoEntries::numbers()
 {
     QFETCH(QString, value);
     QFETCH(int, index);
@@ -108,7 +108,7 @@ void tst_PdoEntries::numbers()
     QCOMPARE(entry.Bitlen, bits);
 }
 
-void tst_PdoEntries::entryName_data()
+void tst_DevicePdoEntries::entryName_data()
 {
     QTest::addColumn<QString>("children");
     QTest::addColumn<QString>("expected");
@@ -124,14 +124,14 @@ void tst_PdoEntries::entryName_data()
                           << "";
 }
 
-void tst_PdoEntries::entryName()
+void tst_DevicePdoEntries::entryName()
 {
     QFETCH(QString, children);
     QFETCH(QString, expected);
     QCOMPARE(text(entryOf(children).Name), expected);
 }
 
-void tst_PdoEntries::namesAreExact()
+void tst_DevicePdoEntries::namesAreExact()
 {
     const struct_EntryPDOContent entry = entryOf("<index>1</index><Subindex>2</Subindex><Bitlen>3</Bitlen><name>a"
                                                  "</name><Datatype>UINT</Datatype><BitSize>4</BitSize>");
@@ -142,7 +142,7 @@ void tst_PdoEntries::namesAreExact()
     QVERIFY(entry.DataType.empty());
 }
 
-void tst_PdoEntries::gapIsAnOrdinaryEntry()
+void tst_DevicePdoEntries::gapIsAnOrdinaryEntry()
 {
     const struct_PDOList pdo = pdoOf("<Entry><Index>0</Index><BitLen>5</BitLen></Entry>"
                                      "<Entry><Index>#x6041</Index><BitLen>16</BitLen><Name>Statusword</Name></Entry>");
@@ -154,7 +154,7 @@ void tst_PdoEntries::gapIsAnOrdinaryEntry()
     QCOMPARE(pdo.Size, 2.5F);
 }
 
-void tst_PdoEntries::places_data()
+void tst_DevicePdoEntries::places_data()
 {
     QTest::addColumn<QString>("entries");
     QTest::addColumn<Places>("expected");
@@ -179,7 +179,7 @@ void tst_PdoEntries::places_data()
         << entry("#x80000000") + entry("#x80000000") << Places{0.0F, -268435456.0F} << 0.0F;
 }
 
-void tst_PdoEntries::places()
+void tst_DevicePdoEntries::places()
 {
     QFETCH(QString, entries);
     QFETCH(Places, expected);
@@ -189,7 +189,7 @@ void tst_PdoEntries::places()
     QVERIFY2(pdo.Size == size, qPrintable(QString::number(static_cast<double>(pdo.Size), 'g', 9)));
 }
 
-void tst_PdoEntries::bothDirectionsCountAlike()
+void tst_DevicePdoEntries::bothDirectionsCountAlike()
 {
     const QString xml =
         QStringLiteral("<Pdo><Entry><BitLen>3</BitLen></Entry><Entry><BitLen>9</BitLen><Name>a</Name></Entry></Pdo>");
@@ -199,5 +199,5 @@ void tst_PdoEntries::bothDirectionsCountAlike()
     QCOMPARE(pdo.Size, 1.4F);
 }
 
-static const testMain::Registration<tst_PdoEntries, QCoreApplication> registration;
-#include "tst_PdoEntries.moc"
+static const testMain::Registration<tst_DevicePdoEntries, QCoreApplication> registration;
+#include "tst_DevicePdoEntries.moc"

@@ -1,7 +1,8 @@
 // Startup commands of the module list when the modules of one device change, and how that differs from load time.
+#include "derivation/startupBuilders.h"
+#include "esi/derivation/moduleDefaults.h"
 #include "esi/derivation/moduleInSlot.h"
 #include "esi/derivation/startupCommands.h"
-#include "esi/startupBuilders.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -25,7 +26,7 @@ private slots:
     static void appends();
     static void pairTwice();
     static void pairAfterLoading();
-    static void declaredCommandsStandAhead();
+    static void declaredCommandsComeFirst();
     static void allModulesRemoved();
     static void deviceWithoutSlots();
     static void withoutFlags();
@@ -71,7 +72,7 @@ struct_EtherCatDevice deviceWithModules()
         module.Mailbox.COE.vinitcmd = {declaredModuleCommand("declared")};
         module.Mailbox.COE.vinitcmd[0].indexAttributes.DependOnSlot = true;
         slot.Attributes.MaxInstances = 1;
-        slot.slotmodule = {standingModule(place++, std::move(module))};
+        slot.slotmodule = {placedModule(place++, std::move(module))};
     }
     return device;
 }
@@ -229,8 +230,8 @@ void tst_ModuleStartup::pairAfterLoading()
         slot.ModuleIdent[0].ModuleIdent = 1;
         slot.ModuleIdent[0].Attributes.Default = 1;
     }
-    device_slotmodule_defalutset(&file);
-    device_startup_defalutset(&file);
+    putInDefaultModules(file.device[0], ModulesByIdent(file));
+    generateStartup(file.device[0]);
     QCOMPARE(moduleLines(file.device[0]), linesWithModules);
     const QStringList deviceList = deviceLines(file.device[0]);
     QCOMPARE(deviceList, (QStringList{"PS 1c12:0 1B 0 '0x00 ' clear pdo 0x1c12 entry",
@@ -243,7 +244,7 @@ void tst_ModuleStartup::pairAfterLoading()
     QCOMPARE(deviceLines(device), deviceList);
 }
 
-void tst_ModuleStartup::declaredCommandsStandAhead()
+void tst_ModuleStartup::declaredCommandsComeFirst()
 {
     struct_EtherCatDevice device = deviceWithModules();
     device.Slots.vslot[0].slotmodule[0].module.Mailbox.COE.vinitcmd = {declaredModuleCommand("first"),

@@ -1,6 +1,6 @@
-// What a module in a slot brings into its device: moved indexes, and the lists that are made anew when slots change.
+// What a module in a slot brings into its device: moved indexes, and the lists that are rebuilt when slots change.
+#include "derivation/startupBuilders.h"
 #include "esi/derivation/moduleInSlot.h"
-#include "esi/startupBuilders.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -80,7 +80,7 @@ struct_EtherCatDevice deviceWithSlots(int slotCount)
     for (int place = 0; place < slotCount; ++place) {
         struct_Slot slot;
         slot.Attributes.MaxInstances = 1;
-        slot.slotmodule = {standingModule(place, movableModule("slot"))};
+        slot.slotmodule = {placedModule(place, movableModule("slot"))};
         slot.slotmodule[0].module.Dictionary.vobject.resize(2);
         slot.slotmodule[0].module.Dictionary.vdatatype.resize(3);
         device.Slots.vslot.push_back(std::move(slot));
@@ -264,7 +264,7 @@ void tst_ModuleInSlot::placeIsTheStoredNumber()
     // A slot of several places holds several modules, and their places are stored with them.
     struct_EtherCatDevice device = deviceWithSlots(2);
     struct_Slot& first = device.Slots.vslot[0];
-    first.slotmodule = {standingModule(1, movableModule("slot")), standingModule(3, movableModule("slot"))};
+    first.slotmodule = {placedModule(1, movableModule("slot")), placedModule(3, movableModule("slot"))};
     device.Slots.vslot[1].slotmodule[0].Instances = 4;
     rebuildModuleLists(device);
     QCOMPARE(moduleLines(device), (QStringList{"[slot 1] slotwise IP 8100:0 0B 0 '' declared",

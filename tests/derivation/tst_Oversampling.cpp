@@ -1,5 +1,5 @@
 // The copies that replace an oversampled PDO: what is in each of them.
-#include "esi/oversampledPdo.h"
+#include "derivation/oversampledPdo.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <limits>
 
-class tst_PdoDefaults : public QObject
+class tst_Oversampling : public QObject
 {
     Q_OBJECT
 
@@ -23,12 +23,11 @@ private slots:
     static void entryIndex();
     static void syncManager_data();
     static void syncManager();
-    static void bothDirectionsOfEveryDevice();
+    static void bothDirections();
     static void modulePdosAreNotTouched();
-    static void nullPointer();
 };
 
-void tst_PdoDefaults::isOversampled_data()
+void tst_Oversampling::isOversampled_data()
 {
     QTest::addColumn<int>("factor");
     QTest::addColumn<int>("first");
@@ -49,7 +48,7 @@ void tst_PdoDefaults::isOversampled_data()
     QTest::addRow("first sample 0 does not switch it off") << 2 << 0 << 1 << 1 << QStringList{"P 0", "P -1"};
 }
 
-void tst_PdoDefaults::isOversampled()
+void tst_Oversampling::isOversampled()
 {
     QFETCH(int, factor);
     QFETCH(int, first);
@@ -71,7 +70,7 @@ void tst_PdoDefaults::isOversampled()
     QCOMPARE(pdos[0].Attributes.m_OSIndexInc, isLeft ? step : 0);
 }
 
-void tst_PdoDefaults::copiedFields()
+void tst_Oversampling::copiedFields()
 {
     struct_PDOList pdo = oversampledPdo("Samples", 1, 2);
     pdo.Size = 3.3F;
@@ -94,7 +93,7 @@ void tst_PdoDefaults::copiedFields()
     }
 }
 
-void tst_PdoDefaults::copiedEntryFields()
+void tst_Oversampling::copiedEntryFields()
 {
     struct_PDOList pdo = oversampledPdo("P", 1, 3);
     struct_EntryPDOContent value;
@@ -125,7 +124,7 @@ void tst_PdoDefaults::copiedEntryFields()
     QCOMPARE(copy.Attributes.Fixed, true);
 }
 
-void tst_PdoDefaults::pdoIndex_data()
+void tst_Oversampling::pdoIndex_data()
 {
     QTest::addColumn<int>("declared");
     QTest::addColumn<int>("first");
@@ -140,7 +139,7 @@ void tst_PdoDefaults::pdoIndex_data()
     QTest::addRow("from sample 2") << 0x1A00 << 2 << 3 << QVector<int>{0x1A01, 0x1A02};
 }
 
-void tst_PdoDefaults::pdoIndex()
+void tst_Oversampling::pdoIndex()
 {
     QFETCH(int, declared);
     QFETCH(int, first);
@@ -154,7 +153,7 @@ void tst_PdoDefaults::pdoIndex()
     QCOMPARE(found, expected);
 }
 
-void tst_PdoDefaults::entryIndex_data()
+void tst_Oversampling::entryIndex_data()
 {
     QTest::addColumn<int>("declared");
     QTest::addColumn<int>("step");
@@ -177,7 +176,7 @@ void tst_PdoDefaults::entryIndex_data()
         << 0x6000 << std::numeric_limits<int>::max() << 0 << 1 << QVector<int>{0x6000, 0x6001};
 }
 
-void tst_PdoDefaults::entryIndex()
+void tst_Oversampling::entryIndex()
 {
     QFETCH(int, declared);
     QFETCH(int, step);
@@ -194,7 +193,7 @@ void tst_PdoDefaults::entryIndex()
     QCOMPARE(found, expected);
 }
 
-void tst_PdoDefaults::syncManager_data()
+void tst_Oversampling::syncManager_data()
 {
     QTest::addColumn<int>("declared");
     QTest::addColumn<int>("first");
@@ -209,7 +208,7 @@ void tst_PdoDefaults::syncManager_data()
     QTest::addRow("unassigned") << -1 << 1 << 2 << QVector<int>{-1, -1};
 }
 
-void tst_PdoDefaults::syncManager()
+void tst_Oversampling::syncManager()
 {
     QFETCH(int, declared);
     QFETCH(int, first);
@@ -223,47 +222,33 @@ void tst_PdoDefaults::syncManager()
     QCOMPARE(found, expected);
 }
 
-void tst_PdoDefaults::bothDirectionsOfEveryDevice()
+void tst_Oversampling::bothDirections()
 {
-    struct_FilenameDevice file;
-    file.device.resize(2);
-    for (struct_EtherCatDevice& device : file.device) {
-        device.RxPdo.vpdo = {oversampledPdo("out", 1, 2)};
-        device.TxPdo.vpdo = {plainPdo("status"), oversampledPdo("in", 1, 10)};
-        device.TxPdo.vpdo[1].Attributes.SM = 3;
-    }
-    device_pdo_defalutset(&file);
-    for (const struct_EtherCatDevice& device : file.device) {
-        QCOMPARE(namesOf(device.RxPdo.vpdo), (QStringList{"out 0", "out 1"}));
-        QCOMPARE(namesOf(device.TxPdo.vpdo), (QStringList{"status", "in 0", "in 1", "in 2", "in 3", "in 4", "in 5",
-                                                          "in 6", "in 7", "in 8", "in 9"}));
-        QCOMPARE(device.TxPdo.vpdo[9].Attributes.SM, 3);
-        QCOMPARE(device.TxPdo.vpdo[10].Attributes.SM, -1);
-    }
+    struct_EtherCatDevice device;
+    device.RxPdo.vpdo = {oversampledPdo("out", 1, 2)};
+    device.TxPdo.vpdo = {plainPdo("status"), oversampledPdo("in", 1, 10)};
+    device.TxPdo.vpdo[1].Attributes.SM = 3;
+    expandOversampledPdos(device);
+    QCOMPARE(namesOf(device.RxPdo.vpdo), (QStringList{"out 0", "out 1"}));
+    QCOMPARE(namesOf(device.TxPdo.vpdo),
+             (QStringList{"status", "in 0", "in 1", "in 2", "in 3", "in 4", "in 5", "in 6", "in 7", "in 8", "in 9"}));
+    QCOMPARE(device.TxPdo.vpdo[9].Attributes.SM, 3);
+    QCOMPARE(device.TxPdo.vpdo[10].Attributes.SM, -1);
 }
 
-void tst_PdoDefaults::modulePdosAreNotTouched()
+void tst_Oversampling::modulePdosAreNotTouched()
 {
-    struct_FilenameDevice file;
-    file.device.resize(1);
+    struct_EtherCatDevice device;
     modulePdo ofModule;
     ofModule.Name = "M";
     ofModule.indexAttributes.index = 0x1600;
-    file.device[0].RxPdo.vpdo = {oversampledPdo("P", 1, 2)};
-    file.device[0].mRxPdo.mpdo = {ofModule};
-    device_pdo_defalutset(&file);
-    QCOMPARE(file.device[0].mRxPdo.mpdo.size(), std::size_t{1});
-    QCOMPARE(int{file.device[0].mRxPdo.mpdo[0].indexAttributes.index}, 0x1600);
-    QVERIFY(file.device[0].mTxPdo.mpdo.empty());
+    device.RxPdo.vpdo = {oversampledPdo("P", 1, 2)};
+    device.mRxPdo.mpdo = {ofModule};
+    expandOversampledPdos(device);
+    QCOMPARE(device.mRxPdo.mpdo.size(), std::size_t{1});
+    QCOMPARE(int{device.mRxPdo.mpdo[0].indexAttributes.index}, 0x1600);
+    QVERIFY(device.mTxPdo.mpdo.empty());
 }
 
-void tst_PdoDefaults::nullPointer()
-{
-    device_pdo_defalutset(nullptr); // must come back
-    struct_FilenameDevice empty;
-    device_pdo_defalutset(&empty);
-    QVERIFY(empty.device.empty());
-}
-
-static const testMain::Registration<tst_PdoDefaults, QCoreApplication> registration;
-#include "tst_PdoDefaults.moc"
+static const testMain::Registration<tst_Oversampling, QCoreApplication> registration;
+#include "tst_Oversampling.moc"

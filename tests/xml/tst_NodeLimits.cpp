@@ -1,7 +1,7 @@
-// How much a file may hold: the last node, device and module that is read, the first that is not, and where it stands.
-#include "esi/parsedFile.h"
+// How much a file may hold: the last node, device and module that is read, the first that is not, and where it is.
 #include "esi/xml/xmlLimits.h"
 #include "testMain.h"
+#include "xml/parsedFile.h"
 
 #include <QtTest>
 
@@ -94,7 +94,7 @@ void tst_NodeLimits::records()
 
 void tst_NodeLimits::deviceParents_data()
 {
-    QTest::addColumn<QString>("pair"); // with "%1" for what stands inside
+    QTest::addColumn<QString>("pair"); // with "%1" for what is inside
     QTest::addColumn<int>("times");
     QTest::addColumn<bool>("isRead");
     QTest::addRow("up to the limit") << "<Name><aDevice>%1</aDevice></Name>" << 16 << true;

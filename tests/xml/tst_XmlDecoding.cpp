@@ -1,13 +1,13 @@
 // Encodings of files: by the byte order mark, else by the declaration, and what becomes of bytes that make no sense.
-#include "esi/temporaryFile.h"
 #include "esi/xml/boundedXmlReader.h"
 #include "esi/xml/xmlDecoding.h"
 #include "testMain.h"
+#include "xml/temporaryFile.h"
 
 #include <QDomDocument>
 #include <QtTest>
 
-class tst_Encodings : public QObject
+class tst_XmlDecoding : public QObject
 {
     Q_OBJECT
 
@@ -75,7 +75,7 @@ QByteArray fourBytesBigEndian(const QString& text)
     return bytes;
 }
 
-/// A document in which the text stands in an element and in an attribute.
+/// A document with the text in an element and in an attribute.
 QByteArray withText(const QByteArray& text)
 {
     return "<a k=\"" + text + "\">" + text + "</a>";
@@ -88,7 +88,7 @@ QString withText(const QString& text)
 
 } // namespace
 
-void tst_Encodings::declared_data()
+void tst_XmlDecoding::declared_data()
 {
     QTest::addColumn<QByteArray>("encoding");
     QTest::addColumn<QByteArray>("bytes");
@@ -112,7 +112,7 @@ void tst_Encodings::declared_data()
     QTest::addRow("four bytes declared in single bytes, read as UTF-8") << QByteArray("UTF-32") << servoInUtf8 << servo;
 }
 
-void tst_Encodings::declared()
+void tst_XmlDecoding::declared()
 {
     QFETCH(QByteArray, encoding);
     QFETCH(QByteArray, bytes);
@@ -121,7 +121,7 @@ void tst_Encodings::declared()
     QCOMPARE(decodedXml(declaration + withText(bytes)), QString::fromLatin1(declaration) + withText(expected));
 }
 
-void tst_Encodings::mark_data()
+void tst_XmlDecoding::mark_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("expected");
@@ -165,14 +165,14 @@ void tst_Encodings::mark_data()
     row("a mark inside the text stays", {}, withText(servo + QChar(0xFEFF) + servo), utf8);
 }
 
-void tst_Encodings::mark()
+void tst_XmlDecoding::mark()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QString, expected);
     QCOMPARE(decodedXml(bytes), expected);
 }
 
-void tst_Encodings::declarationForms_data()
+void tst_XmlDecoding::declarationForms_data()
 {
     QTest::addColumn<QByteArray>("declaration");
     QTest::addColumn<QString>("expected");
@@ -191,7 +191,7 @@ void tst_Encodings::declarationForms_data()
     QTest::addRow("another instruction") << QByteArray(R"(<?xmlish encoding="ISO-8859-1"?>)") << invalid;
 }
 
-void tst_Encodings::declarationForms()
+void tst_XmlDecoding::declarationForms()
 {
     QFETCH(QByteArray, declaration);
     QFETCH(QString, expected);
@@ -199,10 +199,10 @@ void tst_Encodings::declarationForms()
              QString::fromLatin1(declaration) + withText(expected));
 }
 
-void tst_Encodings::invalidBytes_data()
+void tst_XmlDecoding::invalidBytes_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QByteArray>("kept"); // what still stands in the text, in UTF-8
+    QTest::addColumn<QByteArray>("kept"); // what is still in the text, in UTF-8
     QTest::addRow("UTF-8 cut short") << QByteArray("<a>x\xE4\xBCy</a>") << QByteArray("y</a>");
     QTest::addRow("UTF-8 cut short at the end") << QByteArray("<a/>\xE4\xBC") << QByteArray("<a/>");
     QTest::addRow("overlong form of a bracket") << QByteArray("<a>\xC0\xBCy</a>") << QByteArray("y</a>");
@@ -215,7 +215,7 @@ void tst_Encodings::invalidBytes_data()
     QTest::addRow("UTF-16 with an odd byte") << QByteArray("\xFF\xFE<\0a\0/\0>\0x", 11) << QByteArray("<a/>");
 }
 
-void tst_Encodings::invalidBytes()
+void tst_XmlDecoding::invalidBytes()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QByteArray, kept);
@@ -232,7 +232,7 @@ void tst_Encodings::invalidBytes()
     QCOMPARE(document.documentElement().tagName(), QStringLiteral("a"));
 }
 
-void tst_Encodings::nonCharactersEndTheText_data()
+void tst_XmlDecoding::nonCharactersEndTheText_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("expected");
@@ -243,14 +243,14 @@ void tst_Encodings::nonCharactersEndTheText_data()
     QTest::addRow("U+FFFD is a character") << QStringLiteral("<a>\uFFFD</a>") << QStringLiteral("<a>\uFFFD</a>");
 }
 
-void tst_Encodings::nonCharactersEndTheText()
+void tst_XmlDecoding::nonCharactersEndTheText()
 {
     QFETCH(QString, text);
     QFETCH(QString, expected);
     QCOMPARE(decodedXml(text.toUtf8()), expected);
 }
 
-void tst_Encodings::fromFile_data()
+void tst_XmlDecoding::fromFile_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addRow("UTF-8 with a mark against Latin 1")
@@ -266,7 +266,7 @@ void tst_Encodings::fromFile_data()
 
 /// A file of two bytes per character has line ends that are no CR LF in its bytes, and bytes 0x0D that are no line
 /// ends.
-void tst_Encodings::fromFile()
+void tst_XmlDecoding::fromFile()
 {
     QFETCH(QByteArray, bytes);
     const QTemporaryDir folder;
@@ -279,5 +279,5 @@ void tst_Encodings::fromFile()
     QCOMPARE(document.documentElement().attribute(QStringLiteral("k")), servo);
 }
 
-static const testMain::Registration<tst_Encodings, QCoreApplication> registration;
-#include "tst_Encodings.moc"
+static const testMain::Registration<tst_XmlDecoding, QCoreApplication> registration;
+#include "tst_XmlDecoding.moc"

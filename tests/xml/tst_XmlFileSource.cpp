@@ -1,10 +1,10 @@
-// Files are read in blocks while they are parsed: what lies across the end of a block, or behind the first one, reads
+// Files are read in blocks while they are parsed: what lies across the end of a block, or after the first one, reads
 // as it does in a small file.
-#include "esi/temporaryFile.h"
 #include "esi/xml/boundedXmlReader.h"
 #include "esi/xml/xmlFileSource.h"
 #include "esi/xml/xmlLimits.h"
 #include "testMain.h"
+#include "xml/temporaryFile.h"
 
 #include <QDomDocument>
 #include <QTextCodec>
@@ -25,8 +25,8 @@ private slots:
     static void acrossTheEndOfABlock();
     static void placeOfAnError_data();
     static void placeOfAnError();
-    static void documentTypeBehindABlock_data();
-    static void documentTypeBehindABlock();
+    static void documentTypeAfterABlock_data();
+    static void documentTypeAfterABlock();
     static void undeclaredEntityInALargeFile();
     static void textEndsInALaterBlock();
     static void pipe_data();
@@ -107,7 +107,7 @@ void tst_XmlFileSource::acrossTheEndOfABlock_data()
     QTest::addRow("character reference") << QByteArray("UTF-8") << QStringLiteral("<&>");
 }
 
-/// The text stands at each place around the end of the first block.
+/// The text is at each place around the end of the first block.
 void tst_XmlFileSource::acrossTheEndOfABlock()
 {
     QFETCH(QByteArray, encoding);
@@ -155,7 +155,7 @@ void tst_XmlFileSource::placeOfAnError()
     }
 }
 
-void tst_XmlFileSource::documentTypeBehindABlock_data()
+void tst_XmlFileSource::documentTypeAfterABlock_data()
 {
     QTest::addColumn<int>("commentSize");
     QTest::addRow("in the first block") << 100;
@@ -166,7 +166,7 @@ void tst_XmlFileSource::documentTypeBehindABlock_data()
 }
 
 /// However long the comments before it, a declaration is known before the parser sees it.
-void tst_XmlFileSource::documentTypeBehindABlock()
+void tst_XmlFileSource::documentTypeAfterABlock()
 {
     QFETCH(int, commentSize);
     const QByteArray start = comment(commentSize) + "\n";
@@ -205,7 +205,7 @@ void tst_XmlFileSource::undeclaredEntityInALargeFile()
     QVERIFY(last.childNodes().at(1).isEntityReference());
 }
 
-/// What stands behind a character that is none is never read, in whatever block.
+/// What follows a character that is none is never read, in whatever block.
 void tst_XmlFileSource::textEndsInALaterBlock()
 {
     const QByteArray notACharacter = QStringLiteral("\uFFFE").toUtf8();

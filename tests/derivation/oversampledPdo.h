@@ -1,7 +1,7 @@
 // oversampledPdo.h - builds oversampled PDOs, and shows lists of PDOs by their names.
 #pragma once
 
-#include "esi/xmlparsing.h"
+#include "esi/derivation/oversampling.h"
 
 #include <QString>
 #include <QStringList>
@@ -28,14 +28,13 @@
     return pdo;
 }
 
-/// Runs the pass over a file with one device that has these output PDOs.
+/// What becomes of these output PDOs of a device.
 [[nodiscard]] inline std::vector<struct_PDOList> expanded(const std::vector<struct_PDOList>& pdos)
 {
-    struct_FilenameDevice file;
-    file.device.resize(1);
-    file.device[0].RxPdo.vpdo = pdos;
-    device_pdo_defalutset(&file);
-    return file.device[0].RxPdo.vpdo;
+    struct_EtherCatDevice device;
+    device.RxPdo.vpdo = pdos;
+    expandOversampledPdos(device);
+    return device.RxPdo.vpdo;
 }
 
 [[nodiscard]] inline QStringList namesOf(const std::vector<struct_PDOList>& pdos)

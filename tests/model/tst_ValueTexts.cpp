@@ -1,12 +1,12 @@
 // Texts to truth values and tokens, tokens and numbers to texts.
-#include "esi/xmlCharConversion.h"
+#include "model/valueTexts.h"
 #include "testMain.h"
 
 #include <QtTest>
 
 #include <cstdint>
 
-class tst_ValueConversion : public QObject
+class tst_ValueTexts : public QObject
 {
     Q_OBJECT
 
@@ -19,10 +19,9 @@ private slots:
     static void tokenText();
     static void numberText_data();
     static void numberText();
-    static void nullPointer();
 };
 
-void tst_ValueConversion::truth_data()
+void tst_ValueTexts::truth_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("expected");
@@ -45,15 +44,14 @@ void tst_ValueConversion::truth_data()
     QTest::addRow("more than an int holds") << "2147483648" << false;
 }
 
-void tst_ValueConversion::truth()
+void tst_ValueTexts::truth()
 {
     QFETCH(QString, text);
     QFETCH(bool, expected);
-    QCOMPARE(xmlGetboolean(text.data()), expected);
     QCOMPARE(toBool(text), expected);
 }
 
-void tst_ValueConversion::token_data()
+void tst_ValueTexts::token_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<unsigned int>("expected");
@@ -90,15 +88,14 @@ void tst_ValueConversion::token_data()
     QTest::addRow("empty text") << "" << 0U;
 }
 
-void tst_ValueConversion::token()
+void tst_ValueTexts::token()
 {
     QFETCH(QString, text);
     QFETCH(unsigned int, expected);
-    QCOMPARE(unsigned{xmlGetEnumNmtoken(text.data())}, expected);
     QCOMPARE(unsigned{toToken(text)}, expected);
 }
 
-void tst_ValueConversion::tokenText_data()
+void tst_ValueTexts::tokenText_data()
 {
     QTest::addColumn<unsigned int>("number");
     QTest::addColumn<QString>("expected");
@@ -130,14 +127,14 @@ void tst_ValueConversion::tokenText_data()
     QTest::addRow("greatest number") << 0xFFFFFFFFU << "";
 }
 
-void tst_ValueConversion::tokenText()
+void tst_ValueTexts::tokenText()
 {
     QFETCH(unsigned int, number);
     QFETCH(QString, expected);
-    QCOMPARE(xmlGetStringEnumNmtoken(static_cast<NMTOKEN>(number)), expected);
+    QCOMPARE(::tokenText(static_cast<NMTOKEN>(number)), expected);
 }
 
-void tst_ValueConversion::numberText_data()
+void tst_ValueTexts::numberText_data()
 {
     QTest::addColumn<unsigned int>("number");
     QTest::addColumn<QString>("expected");
@@ -150,18 +147,13 @@ void tst_ValueConversion::numberText_data()
     QTest::addRow("all bits") << 0xFFFFFFFFU << "0xffffffff";
 }
 
-void tst_ValueConversion::numberText()
+void tst_ValueTexts::numberText()
 {
     QFETCH(unsigned int, number);
     QFETCH(QString, expected);
-    QCOMPARE(xmlGetStringuint(number), expected);
+    QCOMPARE(hexNumber(number), expected);
+    QCOMPARE(QString::fromStdString(::numberText(number)), expected);
 }
 
-void tst_ValueConversion::nullPointer()
-{
-    QCOMPARE(xmlGetboolean(nullptr), false);
-    QCOMPARE(xmlGetEnumNmtoken(nullptr), UnknownType);
-}
-
-static const testMain::Registration<tst_ValueConversion, QCoreApplication> registration;
-#include "tst_ValueConversion.moc"
+static const testMain::Registration<tst_ValueTexts, QCoreApplication> registration;
+#include "tst_ValueTexts.moc"

@@ -1,5 +1,6 @@
 // The look-up of a module of a file by its ident.
-#include "esi/startupBuilders.h"
+#include "derivation/startupBuilders.h"
+#include "esi/xmlparsing.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -7,7 +8,7 @@
 #include <cstddef>
 #include <string>
 
-class tst_ModuleLookUp : public QObject
+class tst_ModuleByIdent : public QObject
 {
     Q_OBJECT
 
@@ -19,7 +20,7 @@ private slots:
     static void notFound();
 };
 
-void tst_ModuleLookUp::everyField()
+void tst_ModuleByIdent::everyField()
 {
     struct_FilenameDevice file;
     file.vcommentmodule.resize(1);
@@ -56,7 +57,7 @@ void tst_ModuleLookUp::everyField()
     QCOMPARE(file.vcommentmodule[0].vmodule[0].TypeAttributes.Name, std::string("type"));
 }
 
-void tst_ModuleLookUp::firstOfSeveral()
+void tst_ModuleByIdent::firstOfSeveral()
 {
     struct_FilenameDevice file;
     file.vcommentmodule.resize(3); // the first group is empty
@@ -70,7 +71,7 @@ void tst_ModuleLookUp::firstOfSeveral()
     QCOMPARE(found.Name, std::string("C"));
 }
 
-void tst_ModuleLookUp::emptyNames_data()
+void tst_ModuleByIdent::emptyNames_data()
 {
     QTest::addColumn<QString>("inFile"); // type name, class, name
     QTest::addColumn<QString>("expected"); // where they were t0, c0, n0
@@ -86,7 +87,7 @@ void tst_ModuleLookUp::emptyNames_data()
                                 << "t0,c0,";
 }
 
-void tst_ModuleLookUp::emptyNames()
+void tst_ModuleByIdent::emptyNames()
 {
     QFETCH(QString, inFile);
     QFETCH(QString, expected);
@@ -107,7 +108,7 @@ void tst_ModuleLookUp::emptyNames()
         expected);
 }
 
-void tst_ModuleLookUp::notFound()
+void tst_ModuleByIdent::notFound()
 {
     struct_FilenameDevice file;
     file.vcommentmodule.resize(2);
@@ -125,5 +126,5 @@ void tst_ModuleLookUp::notFound()
     QCOMPARE(before.RxPdo.vpdo.size(), std::size_t{1});
 }
 
-static const testMain::Registration<tst_ModuleLookUp, QCoreApplication> registration;
-#include "tst_ModuleLookUp.moc"
+static const testMain::Registration<tst_ModuleByIdent, QCoreApplication> registration;
+#include "tst_ModuleByIdent.moc"

@@ -1,5 +1,5 @@
 // Generated startup commands: clearing of the assign objects, and the mapping of device and module PDOs.
-#include "esi/startupBuilders.h"
+#include "derivation/startupBuilders.h"
 #include "testMain.h"
 
 #include <QtTest>

@@ -1,8 +1,8 @@
 // parsedFile.h - parses a text as the file that it would be.
 #pragma once
 
-#include "esi/temporaryFile.h"
 #include "esi/xml/boundedXmlReader.h"
+#include "xml/temporaryFile.h"
 
 #include <QDomDocument>
 #include <QFile>

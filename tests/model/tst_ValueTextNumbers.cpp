@@ -1,5 +1,5 @@
 // Texts to numbers: plain, signed, and as byte pairs.
-#include "esi/xmlCharConversion.h"
+#include "model/valueTexts.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <limits>
 
-class tst_NumberConversion : public QObject
+class tst_ValueTextNumbers : public QObject
 {
     Q_OBJECT
 
@@ -20,11 +20,10 @@ private slots:
     static void signedOnly();
     static void bytePairs_data();
     static void bytePairs();
-    static void nullPointer();
 };
 
 /// Rows that hold for the unsigned and the signed conversion alike.
-void tst_NumberConversion::bothKinds_data()
+void tst_ValueTextNumbers::bothKinds_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("expected");
@@ -85,17 +84,15 @@ void tst_NumberConversion::bothKinds_data()
     QTest::addRow("greatest that both hold, hexadecimal") << "#x7FFFFFFF" << std::numeric_limits<int>::max();
 }
 
-void tst_NumberConversion::bothKinds()
+void tst_ValueTextNumbers::bothKinds()
 {
     QFETCH(QString, text);
     QFETCH(int, expected);
-    QCOMPARE(xmlGetuintString(text.data()), static_cast<std::uint32_t>(expected));
-    QCOMPARE(xmlGetIntString(text.data()), expected);
     QCOMPARE(toUint(text), static_cast<std::uint32_t>(expected));
     QCOMPARE(toInt(text), expected);
 }
 
-void tst_NumberConversion::unsignedOnly_data()
+void tst_ValueTextNumbers::unsignedOnly_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<unsigned int>("expected");
@@ -108,15 +105,14 @@ void tst_NumberConversion::unsignedOnly_data()
     QTest::addRow("negative one") << "-1" << 0U;
 }
 
-void tst_NumberConversion::unsignedOnly()
+void tst_ValueTextNumbers::unsignedOnly()
 {
     QFETCH(QString, text);
     QFETCH(unsigned int, expected);
-    QCOMPARE(xmlGetuintString(text.data()), expected);
     QCOMPARE(toUint(text), expected);
 }
 
-void tst_NumberConversion::signedOnly_data()
+void tst_ValueTextNumbers::signedOnly_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("expected");
@@ -129,15 +125,14 @@ void tst_NumberConversion::signedOnly_data()
     QTest::addRow("decimal above 31 bits") << "2147483648" << 0;
 }
 
-void tst_NumberConversion::signedOnly()
+void tst_ValueTextNumbers::signedOnly()
 {
     QFETCH(QString, text);
     QFETCH(int, expected);
-    QCOMPARE(xmlGetIntString(text.data()), expected);
     QCOMPARE(toInt(text), expected);
 }
 
-void tst_NumberConversion::bytePairs_data()
+void tst_ValueTextNumbers::bytePairs_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<unsigned int>("expected");
@@ -165,20 +160,12 @@ void tst_NumberConversion::bytePairs_data()
     QTest::addRow("TRUE is no number here") << "true" << 0U;
 }
 
-void tst_NumberConversion::bytePairs()
+void tst_ValueTextNumbers::bytePairs()
 {
     QFETCH(QString, text);
     QFETCH(unsigned int, expected);
-    QCOMPARE(xmlGetuintStringBigEnd(text.data()), expected);
     QCOMPARE(toUintFromBytes(text), expected);
 }
 
-void tst_NumberConversion::nullPointer()
-{
-    QCOMPARE(xmlGetuintString(nullptr), 0U);
-    QCOMPARE(xmlGetIntString(nullptr), 0);
-    QCOMPARE(xmlGetuintStringBigEnd(nullptr), 0U);
-}
-
-static const testMain::Registration<tst_NumberConversion, QCoreApplication> registration;
-#include "tst_NumberConversion.moc"
+static const testMain::Registration<tst_ValueTextNumbers, QCoreApplication> registration;
+#include "tst_ValueTextNumbers.moc"

@@ -1,5 +1,6 @@
 // Default modules in the slots, what they bring into their device, and the axes that they make.
-#include "esi/startupBuilders.h"
+#include "derivation/startupBuilders.h"
+#include "esi/derivation/moduleDefaults.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -8,14 +9,14 @@
 #include <cstdint>
 #include <string>
 
-class tst_SlotModuleDefaults : public QObject
+class tst_ModuleDefaults : public QObject
 {
     Q_OBJECT
 
 private slots:
     static void placing_data();
     static void placing();
-    static void standingModuleIsAsDeclared();
+    static void placedModuleIsAsDeclared();
     static void whatTheDeviceGets();
     static void movedByGroup();
     static void emptyTypeName();
@@ -30,7 +31,6 @@ private slots:
     static void manyModules();
     static void secondRunAppendsAgain();
     static void everyDeviceOfTheFile();
-    static void nullPointer();
 };
 
 namespace {
@@ -76,21 +76,29 @@ struct_FilenameDevice fileWith(const struct_EtherCatDevice& device)
     return file;
 }
 
+/// Puts the default modules into the slots of each device of a file.
+void putInDefaults(struct_FilenameDevice& file)
+{
+    const ModulesByIdent modules(file);
+    for (struct_EtherCatDevice& device : file.device)
+        putInDefaultModules(device, modules);
+}
+
 struct_EtherCatDevice withModules(const struct_EtherCatDevice& device)
 {
     struct_FilenameDevice file = fileWith(device);
-    device_slotmodule_defalutset(&file);
+    putInDefaults(file);
     return file.device.at(0);
 }
 
-/// What stands in each slot: "A0 B0" are modules A and B with the slot number 0.
-QStringList standingIn(const struct_EtherCatDevice& device)
+/// What is in each slot: "A0 B0" are modules A and B with the slot number 0.
+QStringList placedIn(const struct_EtherCatDevice& device)
 {
     QStringList found;
     for (const struct_Slot& slot : device.Slots.vslot) {
         QStringList modules;
-        for (const struct_slotmodule& standing : slot.slotmodule)
-            modules << QString::fromStdString(standing.module.Name) + QString::number(standing.Instances);
+        for (const struct_slotmodule& placed : slot.slotmodule)
+            modules << QString::fromStdString(placed.module.Name) + QString::number(placed.Instances);
         found << modules.join(' ');
     }
     return found;
@@ -98,7 +106,7 @@ QStringList standingIn(const struct_EtherCatDevice& device)
 
 } // namespace
 
-void tst_SlotModuleDefaults::placing_data()
+void tst_ModuleDefaults::placing_data()
 {
     QTest::addColumn<QStringList>("slotList");
     QTest::addColumn<QStringList>("expected");
@@ -120,27 +128,27 @@ void tst_SlotModuleDefaults::placing_data()
     QTest::addRow("no slots") << QStringList{} << QStringList{};
 }
 
-void tst_SlotModuleDefaults::placing()
+void tst_ModuleDefaults::placing()
 {
     QFETCH(QStringList, slotList);
     QFETCH(QStringList, expected);
-    QCOMPARE(standingIn(withModules(deviceWithSlots(slotList))), expected);
+    QCOMPARE(placedIn(withModules(deviceWithSlots(slotList))), expected);
 }
 
-void tst_SlotModuleDefaults::standingModuleIsAsDeclared()
+void tst_ModuleDefaults::placedModuleIsAsDeclared()
 {
     struct_EtherCatDevice device = deviceWithSlots({"1", "1 *1"});
     device.Slots.Attributes.SlotPdoIncrement = 0x10;
     device = withModules(device);
-    const struct_module& standing = device.Slots.vslot[1].slotmodule.at(0).module;
-    QCOMPARE(standing.TypeAttributes.ModuleIdent, 1U);
-    QCOMPARE(int{standing.RxPdo.vpdo.at(0).indexAttributes.index}, 0x1600);
-    QCOMPARE(standing.RxPdo.vpdo.at(0).Instances, 0);
+    const struct_module& placed = device.Slots.vslot[1].slotmodule.at(0).module;
+    QCOMPARE(placed.TypeAttributes.ModuleIdent, 1U);
+    QCOMPARE(int{placed.RxPdo.vpdo.at(0).indexAttributes.index}, 0x1600);
+    QCOMPARE(placed.RxPdo.vpdo.at(0).Instances, 0);
     QCOMPARE(int{device.mRxPdo.mpdo.at(0).indexAttributes.index}, 0x1610);
     QCOMPARE(device.mRxPdo.mpdo.at(0).Instances, 1);
 }
 
-void tst_SlotModuleDefaults::whatTheDeviceGets()
+void tst_ModuleDefaults::whatTheDeviceGets()
 {
     struct_EtherCatDevice device = deviceWithSlots({"1 *1", "1 *1"});
     device.Slots.Attributes.SlotPdoIncrement = 0x10;
@@ -153,7 +161,7 @@ void tst_SlotModuleDefaults::whatTheDeviceGets()
     module.Mailbox.COE.vinitcmd[1].indexAttributes.DependOnSlot = true;
     module.Dictionary.vobject.resize(2);
     module.Dictionary.vdatatype.resize(3);
-    device_slotmodule_defalutset(&file);
+    putInDefaults(file);
     device = file.device[0];
 
     QCOMPARE(device.mRxPdo.mpdo.size(), std::size_t{2});
@@ -169,7 +177,7 @@ void tst_SlotModuleDefaults::whatTheDeviceGets()
     QCOMPARE(device.mDictionary.mdatatype.size(), std::size_t{6});
 }
 
-void tst_SlotModuleDefaults::movedByGroup()
+void tst_ModuleDefaults::movedByGroup()
 {
     struct_EtherCatDevice device = deviceWithSlots({"1", "1 *1"});
     device.Slots.Attributes.m_MaxSlotGroupCount = 3;
@@ -179,21 +187,21 @@ void tst_SlotModuleDefaults::movedByGroup()
     ModulePdoIndex& index = file.vcommentmodule[0].vmodule[0].RxPdo.vpdo[0].indexAttributes;
     index.DependOnSlot = false;
     index.DependOnSlotGroup = true;
-    device_slotmodule_defalutset(&file);
+    putInDefaults(file);
     QCOMPARE(int{file.device[0].mRxPdo.mpdo.at(0).indexAttributes.index}, 0x1680);
     QCOMPARE(file.device[0].mRxPdo.mpdo.at(0).Instances, 1); // the slot, not the group
 }
 
-void tst_SlotModuleDefaults::emptyTypeName()
+void tst_ModuleDefaults::emptyTypeName()
 {
     const struct_EtherCatDevice device = withModules(deviceWithSlots({"1 *1"}));
-    const struct_module& standing = device.Slots.vslot[0].slotmodule.at(0).module;
-    QCOMPARE(standing.TypeAttributes.Name, std::string());
-    QCOMPARE(standing.TypeAttributes.ModuleClass, std::string());
-    QCOMPARE(standing.Name, std::string("A"));
+    const struct_module& placed = device.Slots.vslot[0].slotmodule.at(0).module;
+    QCOMPARE(placed.TypeAttributes.Name, std::string());
+    QCOMPARE(placed.TypeAttributes.ModuleClass, std::string());
+    QCOMPARE(placed.Name, std::string("A"));
 }
 
-void tst_SlotModuleDefaults::types_data()
+void tst_ModuleDefaults::types_data()
 {
     QTest::addColumn<int>("deviceType");
     QTest::addColumn<QStringList>("expected");
@@ -207,7 +215,7 @@ void tst_SlotModuleDefaults::types_data()
     QTest::addRow("number without a name keeps its axes") << 6 << QStringList{"A0", "B1"} << 7;
 }
 
-void tst_SlotModuleDefaults::types()
+void tst_ModuleDefaults::types()
 {
     QFETCH(int, deviceType);
     QFETCH(QStringList, expected);
@@ -215,13 +223,13 @@ void tst_SlotModuleDefaults::types()
     struct_EtherCatDevice device = deviceWithSlots({"1 *1", "1 *2"}, static_cast<std::uint16_t>(deviceType));
     device.m_iDriveAxies = 7;
     device = withModules(device);
-    QCOMPARE(standingIn(device), expected);
+    QCOMPARE(placedIn(device), expected);
     QCOMPARE(int{device.m_iDeviceType}, deviceType);
     QCOMPARE(int{device.m_iDriveAxies}, axes);
     QCOMPARE(device.mRxPdo.mpdo.size(), std::size_t{deviceType > 1 ? 1U : 0U});
 }
 
-void tst_SlotModuleDefaults::typeChangesDuringThePass_data()
+void tst_ModuleDefaults::typeChangesDuringThePass_data()
 {
     QTest::addColumn<int>("deviceType");
     QTest::addColumn<QStringList>("slotList"); // module 4 is a drive, the others are not
@@ -246,7 +254,7 @@ void tst_SlotModuleDefaults::typeChangesDuringThePass_data()
     QTest::addRow("special device without a drive module") << 4 << QStringList{"1 *1", "1 *2"} << 4 << 7;
 }
 
-void tst_SlotModuleDefaults::typeChangesDuringThePass()
+void tst_ModuleDefaults::typeChangesDuringThePass()
 {
     QFETCH(int, deviceType);
     QFETCH(QStringList, slotList);
@@ -259,24 +267,24 @@ void tst_SlotModuleDefaults::typeChangesDuringThePass()
     QCOMPARE(int{device.m_iDriveAxies}, axes);
 }
 
-void tst_SlotModuleDefaults::axesInSixteenBits()
+void tst_ModuleDefaults::axesInSixteenBits()
 {
     struct_EtherCatDevice device = deviceWithSlots({"1 *4"});
     device.m_iDriveAxies = 65535;
     QCOMPARE(int{withModules(device).m_iDriveAxies}, 0);
 }
 
-void tst_SlotModuleDefaults::sameIdentTwice()
+void tst_ModuleDefaults::sameIdentTwice()
 {
     struct_FilenameDevice file = fileWith(deviceWithSlots({"1 *1", "1 *3"}));
     file.vcommentmodule[1].vmodule.insert(file.vcommentmodule[1].vmodule.begin(), moduleFrom(1, "later group"));
     file.vcommentmodule[1].vmodule.push_back(moduleFrom(3, "later in its group"));
-    device_slotmodule_defalutset(&file);
-    QCOMPARE(standingIn(file.device[0]), (QStringList{"A0", "C1"}));
+    putInDefaults(file);
+    QCOMPARE(placedIn(file.device[0]), (QStringList{"A0", "C1"}));
     QCOMPARE(file.device[0].mRxPdo.mpdo.size(), std::size_t{1});
 }
 
-void tst_SlotModuleDefaults::manySlots()
+void tst_ModuleDefaults::manySlots()
 {
     QStringList slotList;
     for (int number = 0; number < 300; ++number)
@@ -293,7 +301,7 @@ void tst_SlotModuleDefaults::manySlots()
     QCOMPARE(int{device.mRxPdo.mpdo[299].indexAttributes.index}, 0x4100);
 }
 
-void tst_SlotModuleDefaults::slotNumberInSixteenBits()
+void tst_ModuleDefaults::slotNumberInSixteenBits()
 {
     struct_EtherCatDevice device;
     device.m_iDeviceType = special;
@@ -309,46 +317,38 @@ void tst_SlotModuleDefaults::slotNumberInSixteenBits()
     QCOMPARE(int{device.mRxPdo.mpdo[1].indexAttributes.index}, 0x1610);
 }
 
-void tst_SlotModuleDefaults::manyModules()
+void tst_ModuleDefaults::manyModules()
 {
     struct_FilenameDevice file = fileWith(deviceWithSlots({"1 *1000", "1 *1499", "1 *1999", "1 *2000"}));
     for (std::uint32_t ident = 1000; ident < 2000; ++ident)
         file.vcommentmodule[ident < 1500 ? 0 : 1].vmodule.push_back(
             moduleFrom(ident, ("M" + std::to_string(ident) + "@").c_str()));
-    device_slotmodule_defalutset(&file);
-    QCOMPARE(standingIn(file.device[0]), (QStringList{"M1000@0", "M1499@1", "M1999@2", ""}));
+    putInDefaults(file);
+    QCOMPARE(placedIn(file.device[0]), (QStringList{"M1000@0", "M1499@1", "M1999@2", ""}));
 }
 
-void tst_SlotModuleDefaults::secondRunAppendsAgain()
+void tst_ModuleDefaults::secondRunAppendsAgain()
 {
     struct_FilenameDevice file = fileWith(deviceWithSlots({"1 *1"}));
-    device_slotmodule_defalutset(&file);
-    device_slotmodule_defalutset(&file);
-    QCOMPARE(standingIn(file.device[0]), QStringList{"A0 A0"});
+    putInDefaults(file);
+    putInDefaults(file);
+    QCOMPARE(placedIn(file.device[0]), QStringList{"A0 A0"});
     QCOMPARE(file.device[0].mRxPdo.mpdo.size(), std::size_t{2});
 }
 
-void tst_SlotModuleDefaults::everyDeviceOfTheFile()
+void tst_ModuleDefaults::everyDeviceOfTheFile()
 {
     // A device that is passed over, one that becomes a drive, and one that does not although the one before did.
     struct_FilenameDevice file = fileWith(deviceWithSlots({"1 *4"}, 0));
     file.device.push_back(deviceWithSlots({"1", "1 *4"}));
     file.device.push_back(deviceWithSlots({"1 *1"}));
-    device_slotmodule_defalutset(&file);
-    QCOMPARE(standingIn(file.device[0]), QStringList{""});
-    QCOMPARE(standingIn(file.device[1]), (QStringList{"", "D1"}));
-    QCOMPARE(standingIn(file.device[2]), QStringList{"A0"});
+    putInDefaults(file);
+    QCOMPARE(placedIn(file.device[0]), QStringList{""});
+    QCOMPARE(placedIn(file.device[1]), (QStringList{"", "D1"}));
+    QCOMPARE(placedIn(file.device[2]), QStringList{"A0"});
     QCOMPARE(int{file.device[1].m_iDeviceType}, 2);
     QCOMPARE(int{file.device[2].m_iDeviceType}, int{special});
 }
 
-void tst_SlotModuleDefaults::nullPointer()
-{
-    device_slotmodule_defalutset(nullptr); // must come back
-    struct_FilenameDevice empty;
-    device_slotmodule_defalutset(&empty);
-    QVERIFY(empty.device.empty());
-}
-
-static const testMain::Registration<tst_SlotModuleDefaults, QCoreApplication> registration;
-#include "tst_SlotModuleDefaults.moc"
+static const testMain::Registration<tst_ModuleDefaults, QCoreApplication> registration;
+#include "tst_ModuleDefaults.moc"

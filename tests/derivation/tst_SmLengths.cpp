@@ -1,5 +1,5 @@
-// The working lengths of the sync managers.
-#include "esi/xmlparsing.h"
+// The working lengths of the sync managers at load time.
+#include "esi/derivation/smLengths.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <vector>
 
-class tst_SmDefaults : public QObject
+class tst_SmLengths : public QObject
 {
     Q_OBJECT
 
@@ -23,8 +23,6 @@ private slots:
     static void positionCountsNotTheNumber();
     static void unknownSyncManager_data();
     static void unknownSyncManager();
-    static void everyDeviceOfTheFile();
-    static void nullPointer();
 };
 
 namespace {
@@ -50,13 +48,12 @@ struct_PDOList pdo(int assignedTo, float size)
     return made;
 }
 
-/// A file with one device with the usual four sync managers.
-struct_FilenameDevice usualFile()
+/// A device with the usual four sync managers.
+struct_EtherCatDevice usualDevice()
 {
-    struct_FilenameDevice file;
-    file.device.resize(1);
-    file.device[0].vSM = {syncManager(1, 128), syncManager(2, 64), syncManager(outputs, 6), syncManager(inputs, 8)};
-    return file;
+    struct_EtherCatDevice device;
+    device.vSM = {syncManager(1, 128), syncManager(2, 64), syncManager(outputs, 6), syncManager(inputs, 8)};
+    return device;
 }
 
 Lengths lengthsOf(const struct_EtherCatDevice& device)
@@ -78,15 +75,15 @@ std::vector<struct_PDOList> pdosFrom(const QString& text)
 
 } // namespace
 
-void tst_SmDefaults::mailboxesGetTheirDefaultSize()
+void tst_SmLengths::mailboxesGetTheirDefaultSize()
 {
-    struct_FilenameDevice file = usualFile();
-    device_sm_defalutset(&file);
+    struct_EtherCatDevice device = usualDevice();
+    computeLengths(device);
     // The default sizes of outputs and inputs, 6 and 8, are not added.
-    QCOMPARE(lengthsOf(file.device[0]), (Lengths{128.0F, 64.0F, 0.0F, 0.0F}));
+    QCOMPARE(lengthsOf(device), (Lengths{128.0F, 64.0F, 0.0F, 0.0F}));
 }
 
-void tst_SmDefaults::lengths_data()
+void tst_SmLengths::lengths_data()
 {
     QTest::addColumn<QString>("rx");
     QTest::addColumn<QString>("tx");
@@ -107,61 +104,61 @@ void tst_SmDefaults::lengths_data()
                                                               << "" << Lengths{130.0F, 64.0F, 0.0F, 0.0F};
 }
 
-void tst_SmDefaults::lengths()
+void tst_SmLengths::lengths()
 {
     QFETCH(QString, rx);
     QFETCH(QString, tx);
     QFETCH(Lengths, expected);
-    struct_FilenameDevice file = usualFile();
-    file.device[0].RxPdo.vpdo = pdosFrom(rx);
-    file.device[0].TxPdo.vpdo = pdosFrom(tx);
-    device_sm_defalutset(&file);
-    QCOMPARE(lengthsOf(file.device[0]), expected);
+    struct_EtherCatDevice device = usualDevice();
+    device.RxPdo.vpdo = pdosFrom(rx);
+    device.TxPdo.vpdo = pdosFrom(tx);
+    computeLengths(device);
+    QCOMPARE(lengthsOf(device), expected);
 }
 
-void tst_SmDefaults::lengthsAreSummedAsFloats()
+void tst_SmLengths::lengthsAreSummedAsFloats()
 {
     // Ten times 0.1 is not 1 in a float that is rounded after each addition: it is the next float above 1.
-    struct_FilenameDevice file = usualFile();
-    file.device[0].TxPdo.vpdo.assign(10, pdo(3, 0.1F));
-    device_sm_defalutset(&file);
-    const float length = file.device[0].vSM[3].Length;
+    struct_EtherCatDevice device = usualDevice();
+    device.TxPdo.vpdo.assign(10, pdo(3, 0.1F));
+    computeLengths(device);
+    const float length = device.vSM[3].Length;
     QVERIFY2(length == 1.00000012F, qPrintable(QString::number(static_cast<double>(length), 'g', 9)));
 }
 
-void tst_SmDefaults::lengthsAccumulate()
+void tst_SmLengths::lengthsAccumulate()
 {
-    struct_FilenameDevice file = usualFile();
-    file.device[0].RxPdo.vpdo = {pdo(2, 6.0F)};
-    device_sm_defalutset(&file);
-    device_sm_defalutset(&file);
-    QCOMPARE(lengthsOf(file.device[0]), (Lengths{256.0F, 128.0F, 12.0F, 0.0F}));
+    struct_EtherCatDevice device = usualDevice();
+    device.RxPdo.vpdo = {pdo(2, 6.0F)};
+    computeLengths(device);
+    computeLengths(device);
+    QCOMPARE(lengthsOf(device), (Lengths{256.0F, 128.0F, 12.0F, 0.0F}));
 }
 
-void tst_SmDefaults::modulePdosAddNothing()
+void tst_SmLengths::modulePdosAddNothing()
 {
-    struct_FilenameDevice file = usualFile();
+    struct_EtherCatDevice device = usualDevice();
     modulePdo ofModule;
     ofModule.Attributes.SM = 2;
     ofModule.size = 6.0F;
-    file.device[0].mRxPdo.mpdo = {ofModule};
-    ofModule.Attributes.SM = 99; // no such sync manager, and nobody looks
-    file.device[0].mTxPdo.mpdo = {ofModule};
-    device_sm_defalutset(&file);
-    QCOMPARE(lengthsOf(file.device[0]), (Lengths{128.0F, 64.0F, 0.0F, 0.0F}));
+    device.mRxPdo.mpdo = {ofModule};
+    ofModule.Attributes.SM = 99; // no such sync manager, and it is not looked up
+    device.mTxPdo.mpdo = {ofModule};
+    computeLengths(device);
+    QCOMPARE(lengthsOf(device), (Lengths{128.0F, 64.0F, 0.0F, 0.0F}));
 }
 
-void tst_SmDefaults::positionCountsNotTheNumber()
+void tst_SmLengths::positionCountsNotTheNumber()
 {
-    struct_FilenameDevice file = usualFile();
-    file.device[0].vSM[2].SM = 3;
-    file.device[0].vSM[3].SM = 2;
-    file.device[0].RxPdo.vpdo = {pdo(2, 6.0F)};
-    device_sm_defalutset(&file);
-    QCOMPARE(file.device[0].vSM[2].Length, 6.0F);
+    struct_EtherCatDevice device = usualDevice();
+    device.vSM[2].SM = 3;
+    device.vSM[3].SM = 2;
+    device.RxPdo.vpdo = {pdo(2, 6.0F)};
+    computeLengths(device);
+    QCOMPARE(device.vSM[2].Length, 6.0F);
 }
 
-void tst_SmDefaults::unknownSyncManager_data()
+void tst_SmLengths::unknownSyncManager_data()
 {
     QTest::addColumn<QString>("rx");
     QTest::addColumn<QString>("tx");
@@ -172,43 +169,25 @@ void tst_SmDefaults::unknownSyncManager_data()
                                << "3:5 1000:1" << Lengths{128.0F, 64.0F, 6.0F, 5.0F};
 }
 
-void tst_SmDefaults::unknownSyncManager()
+void tst_SmLengths::unknownSyncManager()
 {
     QFETCH(QString, rx);
     QFETCH(QString, tx);
     QFETCH(Lengths, expected);
-    struct_FilenameDevice file = usualFile();
-    file.device[0].RxPdo.vpdo = pdosFrom(rx);
-    file.device[0].TxPdo.vpdo = pdosFrom(tx);
+    struct_EtherCatDevice device = usualDevice();
+    device.RxPdo.vpdo = pdosFrom(rx);
+    device.TxPdo.vpdo = pdosFrom(tx);
     const int position = rx.contains("4:") ? 4 : 1000;
     QString reason;
     try {
-        device_sm_defalutset(&file);
+        computeLengths(device);
     } catch (const std::out_of_range& error) {
         reason = QString::fromLatin1(error.what());
     }
     QCOMPARE(reason,
              QStringLiteral("vector::_M_range_check: __n (which is %1) >= this->size() (which is 4)").arg(position));
-    QCOMPARE(lengthsOf(file.device[0]), expected);
+    QCOMPARE(lengthsOf(device), expected);
 }
 
-void tst_SmDefaults::everyDeviceOfTheFile()
-{
-    struct_FilenameDevice file = usualFile();
-    file.device.push_back(file.device[0]);
-    file.device[1].RxPdo.vpdo = {pdo(2, 6.0F)};
-    device_sm_defalutset(&file);
-    QCOMPARE(lengthsOf(file.device[0]), (Lengths{128.0F, 64.0F, 0.0F, 0.0F}));
-    QCOMPARE(lengthsOf(file.device[1]), (Lengths{128.0F, 64.0F, 6.0F, 0.0F}));
-}
-
-void tst_SmDefaults::nullPointer()
-{
-    device_sm_defalutset(nullptr); // must come back
-    struct_FilenameDevice empty;
-    device_sm_defalutset(&empty);
-    QVERIFY(empty.device.empty());
-}
-
-static const testMain::Registration<tst_SmDefaults, QCoreApplication> registration;
-#include "tst_SmDefaults.moc"
+static const testMain::Registration<tst_SmLengths, QCoreApplication> registration;
+#include "tst_SmLengths.moc"

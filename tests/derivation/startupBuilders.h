@@ -1,7 +1,8 @@
 // startupBuilders.h - devices and modules in words, and startup commands as lines of text.
 #pragma once
 
-#include "esi/xmlparsing.h"
+#include "esi/derivation/startupCommands.h"
+#include "model/valueTexts.h"
 
 #include <QHash>
 #include <QString>
@@ -134,18 +135,22 @@ inline QStringList usualDevice(const QString& flags, const QStringList& moreLine
            + moreLines;
 }
 
-/// A device after the startup commands have been generated for its file.
-inline struct_EtherCatDevice withStartup(const struct_EtherCatDevice& device)
+/// Generates the startup commands of a device as it is done when a file is loaded.
+inline void generateStartup(struct_EtherCatDevice& device)
 {
-    struct_FilenameDevice file;
-    file.device.push_back(device);
-    device_startup_defalutset(&file);
-    return file.device.at(0);
+    appendDeviceStartup(device);
+    appendModuleStartup(device, atLoadTime);
+}
+
+inline struct_EtherCatDevice withStartup(struct_EtherCatDevice device)
+{
+    generateStartup(device);
+    return device;
 }
 
 /// All that device and module commands have in common, in a line:
 /// "PS 1600:1 4B 70000110 '0x70000110' download pdo 0x1600 entry" (transition, index in hexadecimal and sub-index in
-/// decimal, bytes, data in hexadecimal, text of the data, comment). A complete access has "CA1{value,value}" behind the
+/// decimal, bytes, data in hexadecimal, text of the data, comment). A complete access has "CA1{value,value}" after the
 /// data, in hexadecimal.
 template<typename Command> QString commonLine(const Command& command, std::uint16_t index)
 {
@@ -236,13 +241,13 @@ inline struct_module moduleFrom(std::uint32_t ident, const char* name, const QSt
     return module;
 }
 
-/// A module that stands in a slot.
-inline struct_slotmodule standingModule(int place, struct_module module)
+/// A module that is in a slot.
+inline struct_slotmodule placedModule(int place, struct_module module)
 {
-    struct_slotmodule standing;
-    standing.Instances = place;
-    standing.module = std::move(module);
-    return standing;
+    struct_slotmodule placed;
+    placed.Instances = place;
+    placed.module = std::move(module);
+    return placed;
 }
 
 /// Sizes of the five lists that modules fill: output PDOs, input PDOs, commands, objects, types.
