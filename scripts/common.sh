@@ -28,14 +28,15 @@ no_arguments()
     exit 0
 }
 
-# Configures and builds a preset in build/<preset>, with ccache where it is installed.
+# Configures and builds a preset in build/<preset>, with ccache where it is installed. What follows the preset is for
+# cmake.
 build()
 {
     stage "Building $1"
     if command -v ccache >/dev/null; then
         export CMAKE_CXX_COMPILER_LAUNCHER=ccache
     fi
-    cmake --preset "$1" --log-level=WARNING
+    cmake --preset "$1" --log-level=WARNING "${@:2}"
     cmake --build "build/$1"
 }
 

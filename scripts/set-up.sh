@@ -11,11 +11,17 @@ set -euo pipefail
 # shellcheck source=scripts/common.sh
 source "$(dirname "$0")/common.sh"
 
-# build-essential brings g++ and the sanitizers' runtime; qtbase5-dev brings Qt Core, Gui, Widgets, Xml and Test with
-# the plugins for X11 and for no display at all. libjansson-dev reads the JSON files of the command. The workbench shows
-# Chinese texts, so even a test needs such a font.
+# build-essential brings g++; qtbase5-dev brings Qt Core, Gui, Widgets, Xml and Test with the plugins for X11 and for no
+# display at all. libjansson-dev reads the JSON files of the command. The workbench shows Chinese texts, so even a test
+# needs such a font.
 base=(build-essential cmake ninja-build ccache qtbase5-dev libjansson-dev fonts-noto-cjk)
 commands=(g++ cmake ninja)
+
+# Tests are compiled with clang and linked with lld, which takes half the time. llvm-symbolizer of llvm names the places
+# in what the sanitizers report.
+testing=(clang lld)
+testing_commands=(clang++ ld.lld)
+sanitizing=(clang llvm)
 
 # dpkg-dev and file find out what the programs depend on. uidmap lets mmdebstrap make a system where you are not root.
 packaging=(dpkg-dev file gzip lintian man-db desktop-file-utils libxml2-utils shared-mime-info libglib2.0-bin
@@ -25,18 +31,21 @@ packaging_commands=(dpkg-shlibdeps file gzip lintian man desktop-file-validate x
 
 case ${1-} in
     run) packages=("${base[@]}" qtwayland5 x11-utils) ;; # xdpyinfo of x11-utils tells whether a window can open
-    test) packages=("${base[@]}") ;;
+    test)
+        packages=("${base[@]}" "${testing[@]}")
+        commands+=("${testing_commands[@]}")
+        ;;
     package)
         packages=("${base[@]}" "${packaging[@]}")
         commands+=("${packaging_commands[@]}")
         ;;
     ci)
-        packages=("${base[@]}" "${packaging[@]}" git clang-format clang-tidy)
-        commands+=("${packaging_commands[@]}" git clang-format clang-tidy)
+        packages=("${base[@]}" "${testing[@]}" "${sanitizing[@]}" "${packaging[@]}" git clang-format clang-tidy)
+        commands+=("${testing_commands[@]}" "${packaging_commands[@]}" git clang-format clang-tidy)
         ;;
     bench) packages=("${base[@]}" libbenchmark-dev) ;;
     fuzz)
-        packages=("${base[@]}" clang)
+        packages=("${base[@]}" "${sanitizing[@]}")
         commands+=(clang++)
         ;;
     *) no_arguments "${1-none}" ;;
@@ -89,15 +98,26 @@ go_on_with_what_is_there()
     printf 'The tools themselves are there; going on with them.\n' >&2
 }
 
+install_missing()
+{
+    local missing
+    mapfile -t missing < <(missing_packages)
+    [[ ${#missing[@]} -gt 0 ]] || return 0
+    stage "Installing ${missing[*]}"
+    if [[ $EUID -ne 0 ]] && ! command -v sudo >/dev/null; then
+        go_on_with_what_is_there "Only root can install packages, and there is no sudo. Missing: ${missing[*]}"
+    else
+        install_packages "${missing[@]}" || go_on_with_what_is_there "apt-get could not install: ${missing[*]}"
+    fi
+}
+
 if ! command -v apt-get >/dev/null; then
     go_on_with_what_is_there 'There is no apt-get here.'
     exit
 fi
-mapfile -t missing < <(missing_packages)
-[[ ${#missing[@]} -gt 0 ]] || exit 0
-stage "Installing ${missing[*]}"
-if [[ $EUID -ne 0 ]] && ! command -v sudo >/dev/null; then
-    go_on_with_what_is_there "Only root can install packages, and there is no sudo. Missing: ${missing[*]}"
-else
-    install_packages "${missing[@]}" || go_on_with_what_is_there "apt-get could not install: ${missing[*]}"
+install_missing
+# The runtime of clang's sanitizers is in one of clang's packages or, in newer distributions, in one of its own.
+if [[ $1 =~ ^(ci|fuzz)$ && ! -e $(clang++ -print-file-name="libclang_rt.asan-$(uname -m).a") ]]; then
+    packages=(libclang-rt-dev)
+    install_missing
 fi
