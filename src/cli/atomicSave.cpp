@@ -27,7 +27,6 @@ namespace cli {
 
 namespace {
 
-using WriteRun = std::function<bool(std::FILE* out, int* errorCode)>;
 using Failure = std::optional<SaveFailure>;
 
 SaveFailure notAllowed(const SaveTarget& target, const QString& reason)

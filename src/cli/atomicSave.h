@@ -10,6 +10,9 @@
 
 namespace cli {
 
+/// Writes the items of a run, with result and error code as `KTL_write_devices` has them.
+using WriteRun = std::function<bool(std::FILE* out, int* errorCode)>;
+
 // Both files are written into a hidden folder beside the target, and moved to their places once they are complete and
 // on the disk. Until then, and whenever anything fails, the files that were there before stay as they are, in append
 // mode too. Replaced files keep their permissions, and their owner and group where the user may give them.
@@ -20,8 +23,7 @@ namespace cli {
 /// @param patience  for another run in the folder
 /// @return  nothing if all is saved
 /// @throws  what `writeRun` throws
-[[nodiscard]] std::optional<SaveFailure>
-saveAtomically(const SaveRequest& request, const std::function<bool(std::FILE* out, int* errorCode)>& writeRun,
-               const Patience& patience);
+[[nodiscard]] std::optional<SaveFailure> saveAtomically(const SaveRequest& request, const WriteRun& writeRun,
+                                                        const Patience& patience);
 
 } // namespace cli

@@ -4,7 +4,9 @@
 #include "cli/inputs.h"
 #include "cli/messages.h"
 
+#include <cstddef>
 #include <iosfwd>
+#include <optional>
 
 namespace cli {
 
@@ -14,6 +16,7 @@ struct Console
     std::ostream& results; ///< standard output
     Messages& messages; ///< standard error
     Inputs& inputs;
+    std::optional<std::size_t> terminalWidth; ///< columns of the terminal that shows the results; nothing if none does
 };
 
 } // namespace cli

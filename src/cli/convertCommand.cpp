@@ -14,7 +14,6 @@
 #include "ktl/reading/itemLimit.h"
 #include "ktl/writing/ktlFile.h"
 #include "model/missingSyncManager.h"
-#include "system/terminal.h"
 #include "text/shownText.h"
 
 #include <QFile>
@@ -85,17 +84,17 @@ QList<QCommandLineOption> convertOptions()
 }
 
 /// What is wrong with standard output as the output, empty if nothing is.
-QString problemOfStandardOutput(const CommandLine& line)
+QString problemOfStandardOutput(const CommandLine& line, const Console& console)
 {
     if (line.isSet(appendSwitch) || line.isSet(forceSwitch))
         return QStringLiteral("standard output is neither added to nor replaced: --append and --force are for files");
-    return os::isTerminal(os::OutputStream::Results)
+    return console.terminalWidth.has_value()
                ? QStringLiteral("a KTL file is not for a terminal: redirect standard output, or name a file by -o")
                : QString();
 }
 
 /// What is wrong with the arguments, empty if nothing is.
-QString problemOf(const CommandLine& line)
+QString problemOf(const CommandLine& line, const Console& console)
 {
     if (line.operands().isEmpty())
         return QStringLiteral("no ESI file is given");
@@ -115,7 +114,7 @@ QString problemOf(const CommandLine& line)
                 .arg(shownText(code), warningCodeNames().join(QStringLiteral(", ")));
     if (standardInputsIn(line.operands()) > 0 && isStandardInput(line.value(choicesOption)))
         return QStringLiteral("standard input can be read once only");
-    return isStandardOutput(output) ? problemOfStandardOutput(line) : QString();
+    return isStandardOutput(output) ? problemOfStandardOutput(line, console) : QString();
 }
 
 /// How the output is to be saved.
@@ -183,7 +182,7 @@ void write(const CommandLine& line, const QString& output, const std::set<choice
     };
     try {
         if (isStandardOutput(output))
-            writeToStandardOutput(writeRun, messages);
+            writeToStandardOutput(writeRun, console);
         else if (saveRun(saveRequest(line, output), writeRun, messages))
             warnOfItemCount(output, messages);
     } catch (const MissingSyncManager& error) {
@@ -228,7 +227,7 @@ ExitCode runConvert(const QStringList& arguments, Console& console)
     CommandLine line(convertText, convertOptions());
     if (const std::optional<ExitCode> ended = line.parse(arguments, console))
         return *ended;
-    if (const QString problem = problemOf(line); !problem.isEmpty())
+    if (const QString problem = problemOf(line, console); !problem.isEmpty())
         return line.refuse(problem, console);
     const ExportTime exportTime =
         exportTimeFrom(line.isSet(dateOption) ? std::make_optional(line.value(dateOption)) : std::nullopt);

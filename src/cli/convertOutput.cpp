@@ -1,6 +1,5 @@
 #include "cli/convertOutput.h"
 
-#include "cli/atomicSave.h"
 #include "cli/progress.h"
 #include "cli/streamName.h"
 #include "ktl/writing/ktlFile.h"
@@ -9,6 +8,7 @@
 
 #include <array>
 #include <cerrno>
+#include <ostream>
 
 namespace cli {
 
@@ -29,16 +29,16 @@ void reportFailure(const SaveFailure& failure, Messages& messages)
         messages.error(failure.file, failure.reason);
 }
 
-/// Copies a stream from its start to standard output.
-bool copyToStandardOutput(std::FILE* from)
+/// Copies a stream from its start to the results.
+/// @return  whether all of it could be read
+bool copyTo(std::ostream& results, std::FILE* from)
 {
     std::array<char, 65536> block;
     std::rewind(from);
     for (std::size_t size = std::fread(block.data(), 1, block.size(), from); size > 0;
          size = std::fread(block.data(), 1, block.size(), from))
-        if (std::fwrite(block.data(), 1, size, stdout) != size)
-            return false;
-    return std::ferror(from) == 0 && std::fflush(stdout) == 0;
+        results.write(block.data(), static_cast<std::streamsize>(size));
+    return std::ferror(from) == 0;
 }
 
 } // namespace
@@ -57,8 +57,7 @@ bool mayWrite(const SaveRequest& request, const QStringList& inputs, Messages& m
     return !failure.has_value();
 }
 
-bool saveRun(const SaveRequest& request, const std::function<bool(std::FILE* out, int* errorCode)>& writeRun,
-             Messages& messages)
+bool saveRun(const SaveRequest& request, const WriteRun& writeRun, Messages& messages)
 {
     const Progress progress(QStringLiteral("writing %1").arg(shownName(request.path)), 1, 1);
     Patience patience;
@@ -71,14 +70,15 @@ bool saveRun(const SaveRequest& request, const std::function<bool(std::FILE* out
     return !failure.has_value();
 }
 
-void writeToStandardOutput(const std::function<bool(std::FILE* out, int* errorCode)>& writeRun, Messages& messages)
+void writeToStandardOutput(const WriteRun& writeRun, Console& console)
 {
     const Progress progress(QStringLiteral("writing standard output"), 1, 1);
     const FileHandle whole(std::tmpfile());
     int errorCode = 0;
     if (whole == nullptr || !writeRun(whole.get(), &errorCode) || std::fflush(whole.get()) != 0
-        || !copyToStandardOutput(whole.get()))
-        messages.outputError({}, QStringLiteral("standard output cannot be written: ") + qt_error_string(errno));
+        || !copyTo(console.results, whole.get()))
+        console.messages.outputError({},
+                                     QStringLiteral("standard output cannot be written: ") + qt_error_string(errno));
 }
 
 } // namespace cli

@@ -1,13 +1,12 @@
 // convertOutput.h - where `ktl convert` writes to: a KTL file with its dump, or standard output.
 #pragma once
 
+#include "cli/atomicSave.h"
+#include "cli/console.h"
 #include "cli/messages.h"
 #include "cli/saveTargets.h"
 
 #include <QStringList>
-
-#include <cstdio>
-#include <functional>
 
 namespace cli {
 
@@ -19,11 +18,11 @@ namespace cli {
 /// @param writeRun  as for `saveAtomically`
 /// @return  whether it is saved
 /// @throws  what `writeRun` throws
-bool saveRun(const SaveRequest& request, const std::function<bool(std::FILE* out, int* errorCode)>& writeRun,
-             Messages& messages);
+bool saveRun(const SaveRequest& request, const WriteRun& writeRun, Messages& messages);
 
-/// Writes a run to standard output, all of it or, if `writeRun` fails, nothing; reports a failure.
+/// Writes a run to the results, all of it or, if `writeRun` fails, nothing; reports a failure. That the results do not
+/// reach standard output is noticed when they are flushed.
 /// @throws  what `writeRun` throws
-void writeToStandardOutput(const std::function<bool(std::FILE* out, int* errorCode)>& writeRun, Messages& messages);
+void writeToStandardOutput(const WriteRun& writeRun, Console& console);
 
 } // namespace cli

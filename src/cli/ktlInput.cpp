@@ -19,7 +19,8 @@ std::optional<std::vector<unsigned char>> readKtl(QFile& file, const QString& pa
         const QByteArray block = file.read(blockSize);
         if (block.isEmpty())
             break;
-        bytes.insert(bytes.end(), block.begin(), block.end());
+        const auto* const first = reinterpret_cast<const unsigned char*>(block.constData());
+        bytes.insert(bytes.end(), first, first + block.size());
         isTooLarge = bytes.size() > maxKtlFileSize;
     }
     if (isTooLarge)

@@ -4,6 +4,7 @@
 #include "system/fileNameCodec.h"
 #include "system/standardOutput.h"
 #include "system/standardStreams.h"
+#include "system/terminal.h"
 
 #include <QCoreApplication>
 
@@ -32,7 +33,7 @@ int main(int argc, char** argv)
     std::ostream results(&standardOutput);
     cli::Messages messages(std::cerr);
     cli::Inputs inputs;
-    cli::Console console{results, messages, inputs};
+    cli::Console console{results, messages, inputs, os::terminalWidth(os::OutputStream::Results)};
     cli::ExitCode ended = cli::runCommand(QCoreApplication::arguments().mid(1), console);
     if (!results.flush()) {
         messages.outputError({}, QStringLiteral("standard output cannot be written: ")

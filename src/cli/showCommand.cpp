@@ -7,7 +7,6 @@
 #include "show/showTables.h"
 #include "show/showWriter.h"
 #include "show/textColumns.h"
-#include "system/terminal.h"
 
 #include <new>
 #include <optional>
@@ -62,11 +61,11 @@ QString problemOf(const CommandLine& line)
     return {};
 }
 
-show::Form formOf(const CommandLine& line)
+show::Form formOf(const CommandLine& line, const Console& console)
 {
     return {line.isSet(jsonSwitch), show::tableNamed(line.value(csvOption)),
             line.isSet(spreadsheetSwitch) ? show::CsvForm::Spreadsheet : show::CsvForm::Plain,
-            os::terminalWidth(os::OutputStream::Results).value_or(show::anyWidth)};
+            console.terminalWidth.value_or(show::anyWidth)};
 }
 
 /// Shows one file. If there is not enough memory for it, that is reported, and what has been shown of it stays.
@@ -91,14 +90,14 @@ ExitCode runShow(const QStringList& arguments, Console& console)
     if (const QString problem = problemOf(line); !problem.isEmpty())
         return line.refuse(problem, console);
     const QStringList paths = line.operands();
-    show::Writer writer(console.results, formOf(line));
+    show::Writer writer(console.results, formOf(line, console));
     writer.begin();
     int number = 0;
     for (const QString& path : paths) {
         // At a terminal the results themselves show that work goes on, and the line would come between them.
         std::optional<Progress> progress;
         ++number;
-        if (!os::isTerminal(os::OutputStream::Results))
+        if (!console.terminalWidth.has_value())
             progress.emplace(QStringLiteral("showing %1").arg(shownName(path)), number, paths.size());
         showFile(path, writer, console.messages);
     }

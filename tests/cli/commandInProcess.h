@@ -1,5 +1,5 @@
 // commandInProcess.h - runs the command inside the test: for all that is not about the terminal, the process or its
-// signals. Standard input cannot be given, and `-o -` would reach the test's own output.
+// signals. Standard input cannot be given.
 #pragma once
 
 #include "cli/commandRun.h"
@@ -7,6 +7,7 @@
 
 #include <QDir>
 
+#include <optional>
 #include <sstream>
 
 /// The working folder of the test, as long as it lives.
@@ -40,7 +41,7 @@ inline CommandRun runHere(const QStringList& arguments, const QString& folder = 
     std::ostringstream lines;
     cli::Messages messages(lines);
     cli::Inputs inputs;
-    cli::Console console{results, messages, inputs};
+    cli::Console console{results, messages, inputs, std::nullopt};
     CommandRun run;
     run.exitCode = static_cast<int>(cli::runCommand(arguments, console));
     run.hasEnded = true;

@@ -28,8 +28,8 @@ struct CommandStart
     QString program = QStringLiteral(KTL_PROGRAM);
 };
 
-/// Variables that would change what the command does: by which a program would find a display, or would be told to do
-/// without one, and the time of an export.
+/// Variables that would change what the command does: by which a program would find a display, or would do without
+/// one, and the time of an export.
 inline QStringList strayVariables()
 {
     return {QStringLiteral("DISPLAY"),         QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("QT_QPA_PLATFORM"),

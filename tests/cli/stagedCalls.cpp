@@ -1,11 +1,15 @@
-// Stands between a program and the system (LD_PRELOAD), so that a test can say what happens at which call. It takes
-//   STAGED_AT="CALL:ACTION:VALUE[;...]"  at each such call, or at the third one only for CALL#3:
-//       fail:ERRNO  the call fails; raise:SIGNAL  the process gets a signal; make:PATH  a file appears
-//       that holds "made";
-//       remove:PATH  a file goes; wait:0  the call does not return
+// Comes between a program and the system (LD_PRELOAD), so that a test can say what happens at which call: flock, fsync,
+// rename, renameat2, link, and unlink of the file that keeps other runs out.
+
+//   STAGED_AT="CALL:ACTION:VALUE[;...]"  at each such call, or at the third one only for CALL#3
+//       fail:ERRNO    the call fails
+//       raise:SIGNAL  the process gets a signal
+//       make:PATH     a file appears that holds "made"
+//       remove:PATH   a file goes
+//       wait:0        the call does not return
+
 //   STAGED_LOG=PATH      writes each call with the names of its files, a line each
 //   STAGED_CLOCK=FACTOR  lets the time that programs wait by run faster
-// Calls: flock, fsync, rename, renameat2, link.
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -17,6 +21,7 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <pthread.h>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -90,6 +95,14 @@ template<typename Function> static Function* next(const char* name)
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
+constexpr long second = 1000 * 1000 * 1000; // nanoseconds
+
+/// How many times as fast the clock goes; 0 if it goes as usual.
+static long clockFactor()
+{
+    return std::atol(variable("STAGED_CLOCK").c_str());
+}
+
 extern "C" {
 
 int fsync(int file)
@@ -132,11 +145,22 @@ int unlink(const char* path) noexcept
 int clock_gettime(clockid_t clock, timespec* time) noexcept
 {
     const int result = next<int(clockid_t, timespec*)>("clock_gettime")(clock, time);
-    if (const long factor = std::atol(variable("STAGED_CLOCK").c_str()); clock == CLOCK_MONOTONIC && factor > 0) {
-        constexpr long second = 1000 * 1000 * 1000; // nanoseconds
+    if (const long factor = clockFactor(); clock == CLOCK_MONOTONIC && factor > 0) {
         const long fast = (time->tv_sec * second + time->tv_nsec) * factor;
         *time = {fast / second, fast % second};
     }
     return result;
+}
+
+/// What a thread waits for until a time of the fast clock.
+int pthread_cond_clockwait(pthread_cond_t* condition, pthread_mutex_t* mutex, clockid_t clock, const timespec* until)
+{
+    timespec real = *until;
+    if (const long factor = clockFactor(); clock == CLOCK_MONOTONIC && factor > 0) {
+        const long slow = (until->tv_sec * second + until->tv_nsec) / factor + 1;
+        real = {slow / second, slow % second};
+    }
+    using Wait = int(pthread_cond_t*, pthread_mutex_t*, clockid_t, const timespec*);
+    return next<Wait>("pthread_cond_clockwait")(condition, mutex, clock, &real);
 }
 }

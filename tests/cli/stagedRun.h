@@ -4,7 +4,7 @@
 #include "cli/commandRun.h"
 #include "cli/workplace.h"
 
-/// What a run starts from when `stagedCalls.cpp`, which tells what there is to stage, stands in front of it.
+/// What a run starts from when `stagedCalls.cpp`, which says what there is to stage, comes between it and the system.
 inline CommandStart stagedStart(const Workplace& place, const QStringList& variables)
 {
     CommandStart start;

@@ -36,7 +36,7 @@ public:
         ioctl(m_master, TIOCSWINSZ, &size);
     }
 
-    /// Reads until a text has come, or stands at the end, or a minute is over; then what has come since the start.
+    /// Reads until a text has come, or is at the end, or a minute is over; then what has come since the start.
     const QByteArray& readUntil(const QByteArray& text, bool atTheEnd = false)
     {
         constexpr int minute = 60 * 1000;

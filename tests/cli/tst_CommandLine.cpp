@@ -1,5 +1,5 @@
 // `ktl`: what it makes of its command line before any file is touched.
-#include "cli/commandRun.h"
+#include "cli/commandInProcess.h"
 #include "cli/workplace.h"
 #include "testMain.h"
 
@@ -34,7 +34,7 @@ void tst_CommandLine::version_data()
 void tst_CommandLine::version()
 {
     QFETCH(QStringList, arguments);
-    const CommandRun run = runKtl(arguments);
+    const CommandRun run = runHere(arguments);
     QCOMPARE(run.output, QByteArray("ktl V1.0.28\n"));
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
@@ -53,7 +53,7 @@ void tst_CommandLine::help_data()
 void tst_CommandLine::help()
 {
     QFETCH(QStringList, arguments);
-    const CommandRun run = runKtl(arguments);
+    const CommandRun run = runHere(arguments);
     for (const char* word : {"Usage: ktl ", "\n  convert ", "\n  choices ", "\n  show ", "\n  dump ",
                              "ktl convert drive.xml", "ktl choices ", "ktl show ", "ktl dump machine.ktl", "--version",
                              "--help", "0 done", "1 done, with warnings", "2 input", "3 an output"})
@@ -75,7 +75,7 @@ void tst_CommandLine::helpOfSubCommand_data()
                               "--strict",
                               "\nExamples:\n  ktl convert drive.xml\n"};
     QTest::addRow("convert, long") << QStringList{"convert", "--help"} << convert;
-    QTest::addRow("convert, short and behind other things") << QStringList{"convert", "a.xml", "-h"} << convert;
+    QTest::addRow("convert, short and after other things") << QStringList{"convert", "a.xml", "-h"} << convert;
     QTest::addRow("convert, by help") << QStringList{"help", "convert"} << convert;
     QTest::addRow("dump") << QStringList{"dump", "--help"}
                           << QStringList{"Usage: ktl dump [options] FILE.ktl\n",
@@ -86,7 +86,7 @@ void tst_CommandLine::helpOfSubCommand()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QStringList, words);
-    const CommandRun run = runKtl(arguments);
+    const CommandRun run = runHere(arguments);
     for (const QString& word : words)
         QVERIFY2(run.output.contains(word.toUtf8()), qPrintable(word));
     QCOMPARE(run.errors, QByteArray());
@@ -105,7 +105,7 @@ void tst_CommandLine::widthOfHelp_data()
 void tst_CommandLine::widthOfHelp()
 {
     QFETCH(QStringList, arguments);
-    const QList<QByteArray> lines = runKtl(arguments).output.split('\n');
+    const QList<QByteArray> lines = runHere(arguments).output.split('\n');
     QVERIFY(lines.size() > 10);
     for (const QByteArray& line : lines)
         QVERIFY2(line.size() <= 80, line.constData());
@@ -148,7 +148,7 @@ void tst_CommandLine::wrongUse()
     QFETCH(QStringList, arguments);
     QFETCH(QByteArray, reason);
     const Workplace place;
-    const CommandRun run = runKtl(arguments, place.folder());
+    const CommandRun run = runHere(arguments, place.folder());
     QCOMPARE(run.exitCode, 2);
     QVERIFY2(run.errors.startsWith("ktl: error: "), run.errors.constData());
     QVERIFY2(run.errors.contains(reason), run.errors.constData());
@@ -160,7 +160,7 @@ void tst_CommandLine::wrongUse()
 /// A result that cannot be written counts as a failure.
 void tst_CommandLine::standardOutputIsFull()
 {
-    QVERIFY2(QFile::exists(QStringLiteral("/dev/full")), "this system has no /dev/full that stands for a full disk");
+    QVERIFY2(QFile::exists(QStringLiteral("/dev/full")), "this system has no /dev/full that acts as a full disk");
     CommandStart start;
     start.program = QStringLiteral("sh");
     const CommandRun run = runKtl({"-c", QStringLiteral("exec \"$0\" --help > /dev/full"), KTL_PROGRAM}, start);

@@ -21,7 +21,7 @@ private slots:
     void oneOfMany();
     void fileThatAppearsBeforeTheInput_data();
     void fileThatAppearsBeforeTheInput();
-    void waitingIsToldAndEnds();
+    void waitingIsAnnouncedAndEnds();
     void waitingGoesOn();
     void waitingEndsByASignal();
     void lockOfAnother();
@@ -58,7 +58,7 @@ public:
     LongRun(LongRun&&) = delete;
     LongRun& operator=(LongRun&&) = delete;
 
-    /// Waits until the run has told something.
+    /// Waits until the run has said something.
     /// @return  its first line
     QByteArray firstMessage()
     {
@@ -82,6 +82,9 @@ private:
 };
 
 } // namespace
+
+/// Announces its waiting after half a second, and ends it after seven.
+static const QStringList announcesSoon{QStringLiteral("STAGED_CLOCK=4")};
 
 /// Waits until a run that `stopsBeforeItsEnd` has got there.
 static bool waitForStop(const Workplace& log)
@@ -180,16 +183,16 @@ void tst_ConvertAtOnce::fileThatAppearsBeforeTheInput()
     QCOMPARE(place.content(QStringLiteral("out.ktl")), QByteArray("precious"));
 }
 
-/// After 2 seconds it is told, after 30 it is an error. The clock of the run is fast.
-void tst_ConvertAtOnce::waitingIsToldAndEnds()
+/// After 2 seconds it is announced, after 30 it is an error. The clock of the run is fast.
+void tst_ConvertAtOnce::waitingIsAnnouncedAndEnds()
 {
     const Workplace place;
     const HeldLock lock(place);
     QVERIFY(lock.isHeld());
     QElapsedTimer timer;
     timer.start();
-    const CommandRun run = runKtl({"convert", sample(), "-o", "out.ktl"}, stagedStart(place, {"STAGED_CLOCK=20"}));
-    QVERIFY(timer.elapsed() >= 30 * 1000 / 20);
+    const CommandRun run = runKtl({"convert", sample(), "-o", "out.ktl"}, stagedStart(place, {"STAGED_CLOCK=100"}));
+    QVERIFY(timer.elapsed() >= 30 * 1000 / 100);
     const QByteArray file = QFile::encodeName(QFileInfo(place.folder()).canonicalFilePath() + '/' + lockName);
     QCOMPARE(run.errors, waitingNote
                              + "out.ktl: error: another run has been writing into the folder for 30 seconds; if there "
@@ -205,7 +208,7 @@ void tst_ConvertAtOnce::waitingGoesOn()
     const Workplace place;
     HeldLock lock(place);
     QVERIFY(lock.isHeld());
-    LongRun run(place, {});
+    LongRun run(place, announcesSoon);
     QCOMPARE(run.firstMessage(), waitingNote);
     QCOMPARE(place.names(), QStringList{lockName});
     lock.release();
@@ -220,7 +223,7 @@ void tst_ConvertAtOnce::waitingEndsByASignal()
     const Workplace place;
     const HeldLock lock(place);
     QVERIFY(lock.isHeld());
-    LongRun run(place, {});
+    LongRun run(place, announcesSoon);
     QCOMPARE(run.firstMessage(), waitingNote);
     run.terminate();
     QVERIFY(run.waitForEnd());
@@ -228,7 +231,7 @@ void tst_ConvertAtOnce::waitingEndsByASignal()
     QCOMPARE(place.names(), QStringList{lockName});
 }
 
-/// The folder itself, which anybody who can read it can lock, hinders nobody.
+/// The folder itself, which anybody who can read it can lock, blocks nobody.
 void tst_ConvertAtOnce::lockOfAnother()
 {
     const Workplace place;
@@ -302,7 +305,7 @@ void tst_ConvertAtOnce::leftoversAreCleared()
     QVERIFY(left.at(0).startsWith(QStringLiteral(".ktl-")));
     QCOMPARE(left.at(1), lockName);
     const QStringList arguments{"convert", sample(), "-o", "out.ktl"};
-    QCOMPARE(runKtl(arguments, stagedStart(place, {"STAGED_CLOCK=50"})).exitCode, 3);
+    QCOMPARE(runKtl(arguments, stagedStart(place, {"STAGED_CLOCK=100"})).exitCode, 3);
     QCOMPARE(place.names(), left);
     QVERIFY(QFile::exists(place.path(left.at(0) + "/new.ktl.txt")));
     first.kill();

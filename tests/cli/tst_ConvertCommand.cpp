@@ -1,5 +1,5 @@
 // `ktl convert`: ESI files in, a KTL file and its dump out.
-#include "cli/commandRun.h"
+#include "cli/commandInProcess.h"
 #include "cli/ktlDevices.h"
 #include "cli/workplace.h"
 #include "testMain.h"
@@ -32,7 +32,7 @@ private slots:
 void tst_ConvertCommand::oneFile_data()
 {
     QTest::addColumn<QStringList>("arguments");
-    QTest::addRow("option behind the file") << QStringList{"convert", sample(), "-o", "out.ktl"};
+    QTest::addRow("option after the file") << QStringList{"convert", sample(), "-o", "out.ktl"};
     QTest::addRow("option before the file") << QStringList{"convert", "-o", "out.ktl", sample()};
     QTest::addRow("long option") << QStringList{"convert", sample(), "--output", "out.ktl"};
     QTest::addRow("long option with its value") << QStringList{"convert", sample(), "--output=out.ktl"};
@@ -43,7 +43,7 @@ void tst_ConvertCommand::oneFile()
 {
     QFETCH(QStringList, arguments);
     const Workplace place;
-    const CommandRun run = runKtl(arguments, place.folder());
+    const CommandRun run = runHere(arguments, place.folder());
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.output, QByteArray());
     QCOMPARE(run.exitCode, 0);
@@ -57,8 +57,8 @@ void tst_ConvertCommand::severalFilesInTheirOrder()
 {
     const Workplace place;
     const CommandRun run =
-        runKtl({"convert", sample("oversampling-terminal.xml"), sample("bus-coupler.xml"), sample(), "-o", "out.ktl"},
-               place.folder());
+        runHere({"convert", sample("oversampling-terminal.xml"), sample("bus-coupler.xml"), sample(), "-o", "out.ktl"},
+                place.folder());
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
     QStringList vendors;
@@ -71,14 +71,14 @@ void tst_ConvertCommand::severalFilesInTheirOrder()
 void tst_ConvertCommand::sameFileTwice()
 {
     const Workplace place;
-    QCOMPARE(runKtl({"convert", sample(), sample(), "-o", "out.ktl"}, place.folder()).exitCode, 0);
+    QCOMPARE(runHere({"convert", sample(), sample(), "-o", "out.ktl"}, place.folder()).exitCode, 0);
     QCOMPARE(devicesIn(place.content("out.ktl")), sampleDevices() + sampleDevices());
 }
 
 void tst_ConvertCommand::dumpAgreesWithFile()
 {
     const Workplace place;
-    QCOMPARE(runKtl({"convert", sample("servo-drive.xml"), "-o", "out.ktl"}, place.folder()).exitCode, 0);
+    QCOMPARE(runHere({"convert", sample("servo-drive.xml"), "-o", "out.ktl"}, place.folder()).exitCode, 0);
     QString problem;
     const std::vector<KtlItem> items = itemsOf(place.content("out.ktl"), &problem);
     const std::vector<DumpItem> shown = dumpItemsOf(place.content("out.ktl.txt"), &problem);
@@ -98,7 +98,7 @@ void tst_ConvertCommand::namesOutsideAscii()
     const Workplace place;
     const QString esi = place.path(QString::fromUtf8("设备 描述.xml"));
     QVERIFY(QFile::copy(sample(), esi));
-    const CommandRun run = runKtl({"convert", esi, "-o", QString::fromUtf8("输出 é.ktl")}, place.folder());
+    const CommandRun run = runHere({"convert", esi, "-o", QString::fromUtf8("输出 é.ktl")}, place.folder());
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(devicesIn(place.content(QString::fromUtf8("输出 é.ktl"))), sampleDevices());
@@ -137,19 +137,19 @@ void tst_ConvertCommand::pipe()
 }
 
 /// Without -o: at most 15 characters of the file's name up to its first point, a hyphen and the vendor id, of this at
-/// most 20 characters, and the ending. The file of the first device that is written counts. The name is told, which is
+/// most 20 characters, and the ending. The file of the first device that is written counts. The name is reported, which is
 /// no warning.
 void tst_ConvertCommand::proposedName()
 {
     const Workplace place;
     const QString empty = place.make(QStringLiteral("empty.xml"), esiWith(""));
     QVERIFY(QFile::copy(sample(), place.path(QStringLiteral("a.b.xml"))));
-    const CommandRun run = runKtl({"convert", empty, "a.b.xml", "--strict"}, place.folder());
+    const CommandRun run = runHere({"convert", empty, "a.b.xml", "--strict"}, place.folder());
     QCOMPARE(run.errors, QByteArray("ktl: note: writes a-0x7e570003.ktl; -o names another file\n"));
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(place.names(), (QStringList{"a-0x7e570003.ktl", "a-0x7e570003.ktl.txt", "a.b.xml", "empty.xml"}));
     // "oversampling-terminal" is cut to "oversampling-te", and with "-0x7e570004" to 20 characters.
-    QCOMPARE(runKtl({"convert", sample("oversampling-terminal.xml")}, place.folder()).exitCode, 0);
+    QCOMPARE(runHere({"convert", sample("oversampling-terminal.xml")}, place.folder()).exitCode, 0);
     QVERIFY(place.names().contains(QStringLiteral("oversampling-te-0x7e.ktl")));
 }
 
@@ -178,9 +178,9 @@ void tst_ConvertCommand::existingFile()
     const QString ktl = namesOutput ? QStringLiteral("out.ktl") : QStringLiteral("io-block-0x7e570003.ktl");
     const QStringList arguments =
         QStringList{"convert", sample()} + (namesOutput ? QStringList{"-o", ktl} : QStringList()) + options;
-    QCOMPARE(runKtl(arguments, place.folder()).exitCode, 0);
+    QCOMPARE(runHere(arguments, place.folder()).exitCode, 0);
     const QByteArray one = place.content(ktl);
-    const CommandRun run = runKtl(arguments, place.folder());
+    const CommandRun run = runHere(arguments, place.folder());
     QCOMPARE(run.exitCode, exitCode);
     const QByteArray note =
         namesOutput ? QByteArray() : "ktl: note: writes " + ktl.toUtf8() + "; -o names another file\n";
@@ -192,19 +192,19 @@ void tst_ConvertCommand::existingFile()
     QCOMPARE(place.names(), (QStringList{ktl, ktl + QStringLiteral(".txt")}));
 }
 
-/// A dump that stands alone counts like the file.
+/// A dump without its file counts like the file.
 void tst_ConvertCommand::existingDump()
 {
     const Workplace place;
     place.make(QStringLiteral("out.ktl.txt"), "notes");
     const QStringList arguments{"convert", sample(), "-o", "out.ktl"};
-    const CommandRun run = runKtl(arguments, place.folder());
+    const CommandRun run = runHere(arguments, place.folder());
     QCOMPARE(run.errors, QByteArray("out.ktl.txt: error: the file exists; --force replaces it, --append adds to it\n"));
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(place.content(QStringLiteral("out.ktl.txt")), QByteArray("notes"));
     QCOMPARE(place.names(), QStringList{"out.ktl.txt"});
     for (const char* option : {"--append", "--force"}) {
-        QCOMPARE(runKtl(arguments + QStringList{option}, place.folder()).exitCode, 0);
+        QCOMPARE(runHere(arguments + QStringList{option}, place.folder()).exitCode, 0);
         QCOMPARE(devicesIn(place.content(QStringLiteral("out.ktl"))), sampleDevices());
         QVERIFY(place.content(QStringLiteral("out.ktl.txt")).startsWith("KTL Version"));
         QVERIFY(QFile::remove(place.path(QStringLiteral("out.ktl"))));
@@ -229,7 +229,7 @@ void tst_ConvertCommand::givenTwice()
     QFETCH(QStringList, options);
     QFETCH(QByteArray, option);
     const Workplace place;
-    const CommandRun run = runKtl(QStringList{"convert", sample()} + options, place.folder());
+    const CommandRun run = runHere(QStringList{"convert", sample()} + options, place.folder());
     QCOMPARE(run.errors, "ktl: error: " + option + " can be given once only (see: ktl convert --help)\n");
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(place.names(), QStringList());
@@ -249,7 +249,7 @@ void tst_ConvertCommand::noDevice()
     const Workplace place;
     place.make(QStringLiteral("a.xml"), esiWith(""));
     place.make(QStringLiteral("b.xml"), esiWith(""));
-    const CommandRun run = runKtl(QStringList{"convert", "a.xml", "b.xml", "-o", "out.ktl"} + options, place.folder());
+    const CommandRun run = runHere(QStringList{"convert", "a.xml", "b.xml", "-o", "out.ktl"} + options, place.folder());
     QCOMPARE(run.errors, QByteArray("a.xml: error: the file holds no device, nothing is written\n"
                                     "b.xml: error: the file holds no device, nothing is written\n"));
     QCOMPARE(run.exitCode, 2);

@@ -1,5 +1,5 @@
 // `ktl convert --device`: some of the devices.
-#include "cli/commandRun.h"
+#include "cli/commandInProcess.h"
 #include "cli/ktlDevices.h"
 #include "cli/workplace.h"
 #include "testMain.h"
@@ -92,7 +92,7 @@ void tst_ConvertDevices::selectors()
     QStringList arguments{"convert", place.make(QStringLiteral("four.xml"), fourDevices()), "-o", "out.ktl"};
     for (const QString& selector : selectors)
         arguments += QStringList{"--device", selector};
-    const CommandRun run = runKtl(arguments, place.folder());
+    const CommandRun run = runHere(arguments, place.folder());
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
     QString problem;
@@ -117,7 +117,7 @@ void tst_ConvertDevices::severalMeant()
     QFETCH(QString, selector);
     const Workplace place;
     place.make(QStringLiteral("four.xml"), fourDevices());
-    const CommandRun run = runKtl({"convert", "four.xml", "-o", "out.ktl", "--device", selector}, place.folder());
+    const CommandRun run = runHere({"convert", "four.xml", "-o", "out.ktl", "--device", selector}, place.folder());
     QCOMPARE(run.errors, "ktl: error: \"" + selector.toUtf8() + "\" means 2 devices instead of one\n" + firstTwin
                              + secondTwin + hint);
     QCOMPARE(run.exitCode, 2);
@@ -129,7 +129,7 @@ void tst_ConvertDevices::listIsCut()
 {
     const Workplace place;
     place.make(QStringLiteral("many.xml"), esiWith(deviceOf("10", "1", "A", "same").repeated(23)));
-    const CommandRun run = runKtl({"convert", "many.xml", "-o", "out.ktl", "--device", "same"}, place.folder());
+    const CommandRun run = runHere({"convert", "many.xml", "-o", "out.ktl", "--device", "same"}, place.folder());
     const QList<QByteArray> lines = run.errors.split('\n');
     QCOMPARE(lines.size(), 24); // the error, 20 devices, what is left, the hint, and the end of the last line
     QVERIFY(lines.at(20).startsWith("ktl: note: device 20 "));
@@ -149,9 +149,9 @@ void tst_ConvertDevices::nothingMeant()
 {
     QFETCH(QString, selector);
     const Workplace place;
-    const CommandRun run = runKtl({"convert", place.make(QStringLiteral("four.xml"), fourDevices()), "-o", "out.ktl",
-                                   "--device=" + selector, "--device", "1"},
-                                  place.folder());
+    const CommandRun run = runHere({"convert", place.make(QStringLiteral("four.xml"), fourDevices()), "-o", "out.ktl",
+                                    "--device=" + selector, "--device", "1"},
+                                   place.folder());
     QCOMPARE(run.errors.left(run.errors.indexOf('\n')),
              "ktl: error: no device of the given files is \"" + selector.toUtf8() + '"');
     QVERIFY(run.errors.endsWith(hint));
@@ -191,7 +191,7 @@ void tst_ConvertDevices::badForms()
     QFETCH(QByteArray, words);
     const Workplace place;
     place.make(QStringLiteral("four.xml"), fourDevices());
-    const CommandRun run = runKtl({"convert", "four.xml", "-o", "out.ktl", "--device=" + selector}, place.folder());
+    const CommandRun run = runHere({"convert", "four.xml", "-o", "out.ktl", "--device=" + selector}, place.folder());
     QVERIFY2(run.errors.left(run.errors.indexOf('\n')).contains(words), run.errors.constData());
     QCOMPARE(run.exitCode, 2);
 }
@@ -218,7 +218,7 @@ void tst_ConvertDevices::nearest()
     QFETCH(QByteArray, listed);
     const Workplace place;
     place.make(QStringLiteral("four.xml"), fourDevices());
-    const CommandRun run = runKtl({"convert", "four.xml", "-o", "out.ktl", "--device", selector}, place.folder());
+    const CommandRun run = runHere({"convert", "four.xml", "-o", "out.ktl", "--device", selector}, place.folder());
     QCOMPARE(run.errors, "ktl: error: no device of the given files is \"" + selector.toUtf8() + "\"\n" + listed + hint);
 }
 
@@ -226,7 +226,7 @@ void tst_ConvertDevices::nearestOfMany()
 {
     const Workplace place;
     place.make(QStringLiteral("six.xml"), esiWith(deviceOf("1", "1", "A", "same").repeated(6)));
-    const CommandRun run = runKtl({"convert", "six.xml", "-o", "out.ktl", "--device", "sam"}, place.folder());
+    const CommandRun run = runHere({"convert", "six.xml", "-o", "out.ktl", "--device", "sam"}, place.folder());
     QCOMPARE(run.errors.count("note: device"), 5);
 }
 
@@ -237,7 +237,7 @@ void tst_ConvertDevices::everyMistakeIsTold()
     place.make(QStringLiteral("four.xml"), fourDevices());
     const QString longName(200, QLatin1Char('x'));
     const CommandRun run =
-        runKtl({"convert", "four.xml", "-o", "out.ktl", "--device", "twin", "--device", longName}, place.folder());
+        runHere({"convert", "four.xml", "-o", "out.ktl", "--device", "twin", "--device", longName}, place.folder());
     QCOMPARE(run.errors, "ktl: error: \"twin\" means 2 devices instead of one\n" + firstTwin + secondTwin
                              + "ktl: error: no device of the given files is \"" + QByteArray(80, 'x') + "...\"\n"
                              + hint);
@@ -256,11 +256,11 @@ void tst_ConvertDevices::nameIsMissing()
     QFETCH(QByteArray, name);
     const Workplace place;
     const QString esi = place.make(QStringLiteral("one.xml"), esiWith("<Device><Type>A</Type>" + name + "</Device>\n"));
-    const CommandRun run = runKtl({"convert", esi, "-o", "out.ktl", "--device", ""}, place.folder());
+    const CommandRun run = runHere({"convert", esi, "-o", "out.ktl", "--device", ""}, place.folder());
     QVERIFY(run.errors.startsWith("ktl: error: a selector of a device is empty\n"));
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(place.names(), QStringList{"one.xml"});
-    QCOMPARE(runKtl({"convert", esi, "-o", "out.ktl", "--device", "1"}, place.folder()).exitCode, 0);
+    QCOMPARE(runHere({"convert", esi, "-o", "out.ktl", "--device", "1"}, place.folder()).exitCode, 0);
 }
 
 /// The name is that of the first file with a chosen device.
@@ -268,7 +268,7 @@ void tst_ConvertDevices::proposedName()
 {
     const Workplace place;
     place.make(QStringLiteral("four.xml"), fourDevices());
-    QCOMPARE(runKtl({"convert", "four.xml", sample(), "--device", "6"}, place.folder()).exitCode, 0);
+    QCOMPARE(runHere({"convert", "four.xml", sample(), "--device", "6"}, place.folder()).exitCode, 0);
     QCOMPARE(devicesIn(place.content(QStringLiteral("io-block-0x7e570003.ktl"))), sampleDevices().mid(1));
 }
 
@@ -281,10 +281,10 @@ void tst_ConvertDevices::warningsOfOthers()
                esiWith("<Device><Type>A</Type><Name>A</Name></Device>\n<Device><Type>B</Type>"
                        "<Name>B</Name>"
                        + five + "</Device>\n"));
-    const CommandRun run = runKtl({"convert", "five.xml", "-o", "a.ktl", "--device", "1", "--strict"}, place.folder());
+    const CommandRun run = runHere({"convert", "five.xml", "-o", "a.ktl", "--device", "1", "--strict"}, place.folder());
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
-    QCOMPARE(runKtl({"convert", "five.xml", "-o", "b.ktl", "--device", "2", "--strict"}, place.folder()).exitCode, 1);
+    QCOMPARE(runHere({"convert", "five.xml", "-o", "b.ktl", "--device", "2", "--strict"}, place.folder()).exitCode, 1);
 }
 
 static const testMain::Registration<tst_ConvertDevices, QCoreApplication> registration;

@@ -1,5 +1,5 @@
 // `ktl convert`: what it says of files that cannot be loaded, and that nothing is written then.
-#include "cli/commandRun.h"
+#include "cli/commandInProcess.h"
 #include "cli/ktlDevices.h"
 #include "cli/workplace.h"
 #include "testMain.h"
@@ -30,7 +30,7 @@ private slots:
 void tst_ConvertFailures::fileThatCannotBeLoaded_data()
 {
     QTest::addColumn<QByteArray>("content"); // null: there is no such file
-    QTest::addColumn<QString>("message"); // pattern of what stands behind the file
+    QTest::addColumn<QString>("message"); // pattern of what follows the name of the file
     QTest::addRow("no such file") << QByteArray() << ": error: the file cannot be read: .+";
     QTest::addRow("not well-formed") << QByteArray("<EtherCATInfo>\n<Vendor>\n</Wendor>\n") << ":3:\\d+: error: .+";
     QTest::addRow("no XML at all") << QByteArray("plain text") << ":1:\\d+: error: .+";
@@ -56,7 +56,7 @@ void tst_ConvertFailures::fileThatCannotBeLoaded()
                                     + QStringLiteral("\n$"));
     for (const QStringList& files : {QStringList{bad}, QStringList{sample(), bad}, QStringList{bad, sample()}})
         for (const QStringList& output : {QStringList{"new.ktl"}, QStringList{"old.ktl", "--force"}}) {
-            const CommandRun run = runKtl(QStringList{"convert"} + files + QStringList{"-o"} + output, place.folder());
+            const CommandRun run = runHere(QStringList{"convert"} + files + QStringList{"-o"} + output, place.folder());
             QCOMPARE(run.exitCode, 2);
             QVERIFY2(wanted.match(QString::fromUtf8(run.errors)).hasMatch(), run.errors.constData());
             QCOMPARE(run.errors.count('\n'), 1);
@@ -67,14 +67,14 @@ void tst_ConvertFailures::fileThatCannotBeLoaded()
     QCOMPARE(place.content(QStringLiteral("old.ktl.txt")), QByteArray("earlier dump"));
 }
 
-/// One run tells of all that is wrong, in the order of the files.
+/// One run reports all that is wrong, in the order of the files.
 void tst_ConvertFailures::allBadFilesAreTold()
 {
     const Workplace place;
     place.make(QStringLiteral("empty.xml"), "");
     place.make(QStringLiteral("other.xml"), "<a/>");
     const CommandRun run =
-        runKtl({"convert", "gone.xml", sample(), "empty.xml", "other.xml", "-o", "out.ktl"}, place.folder());
+        runHere({"convert", "gone.xml", sample(), "empty.xml", "other.xml", "-o", "out.ktl"}, place.folder());
     const QList<QByteArray> lines = run.errors.split('\n');
     QCOMPARE(lines.size(), 4);
     QVERIFY(lines.at(0).startsWith("gone.xml: error: "));
@@ -100,9 +100,9 @@ void tst_ConvertFailures::lineOfTheError()
 {
     const Workplace place;
     place.make(QStringLiteral("bad.xml"), esiWith("<Device>\n<Type>A</Type>\n<Name>B</Device>\n"));
-    const CommandRun run = runKtl({"convert", "bad.xml", "-o", "out.ktl"}, place.folder());
+    const CommandRun run = runHere({"convert", "bad.xml", "-o", "out.ktl"}, place.folder());
     QCOMPARE(run.exitCode, 2);
-    QVERIFY2(run.errors.startsWith("bad.xml:6:"), run.errors.constData()); // three lines stand before the device
+    QVERIFY2(run.errors.startsWith("bad.xml:6:"), run.errors.constData()); // there are three lines before the device
 }
 
 /// More than 1,000 elements in one another are refused where they pass the limit.
@@ -111,7 +111,7 @@ void tst_ConvertFailures::deepNesting()
     const Workplace place;
     const int depth = 1200;
     place.make(QStringLiteral("deep.xml"), QByteArray("<a>\n").repeated(depth) + QByteArray("</a>").repeated(depth));
-    const CommandRun run = runKtl({"convert", "deep.xml", "-o", "out.ktl"}, place.folder());
+    const CommandRun run = runHere({"convert", "deep.xml", "-o", "out.ktl"}, place.folder());
     QCOMPARE(run.exitCode, 2);
     QVERIFY2(run.errors.startsWith("deep.xml:1001:"), run.errors.constData());
     QCOMPARE(place.names(), QStringList{"deep.xml"});
@@ -122,11 +122,11 @@ void tst_ConvertFailures::noDevices()
 {
     const Workplace place;
     place.make(QStringLiteral("empty.xml"), esiWith(""));
-    const CommandRun run = runKtl({"convert", "empty.xml", "-o", "out.ktl"}, place.folder());
+    const CommandRun run = runHere({"convert", "empty.xml", "-o", "out.ktl"}, place.folder());
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(run.errors, QByteArray("empty.xml: error: the file holds no device, nothing is written\n"));
     QCOMPARE(place.names(), QStringList{"empty.xml"});
-    QCOMPARE(runKtl({"convert", "empty.xml", sample(), "-o", "out.ktl"}, place.folder()).exitCode, 0);
+    QCOMPARE(runHere({"convert", "empty.xml", sample(), "-o", "out.ktl"}, place.folder()).exitCode, 0);
     QCOMPARE(devicesIn(place.content(QStringLiteral("out.ktl"))), sampleDevices());
 }
 
@@ -146,7 +146,7 @@ void tst_ConvertFailures::undeclaredSyncManager_data()
                                       + missing;
 }
 
-/// A range error is told with file, device and PDO, whichever pass over the file finds it: with the mapping of PDOs
+/// A range error is reported with file, device and PDO, whichever pass over the file finds it: with the mapping of PDOs
 /// asked for the startup commands are first, without it the lengths of the sync managers.
 void tst_ConvertFailures::undeclaredSyncManager()
 {
@@ -157,7 +157,7 @@ void tst_ConvertFailures::undeclaredSyncManager()
         place.make(QStringLiteral("range.xml"),
                    esiWith("<Device><Type>A</Type><Name>Fine</Name></Device>\n<Device><Type>A</Type><Name>Axis</Name>"
                            + QByteArray(mailbox) + "<Sm>Outputs</Sm><Sm>Inputs</Sm>" + pdo + "</Device>"));
-        const CommandRun run = runKtl({"convert", sample(), "range.xml", "-o", "out.ktl"}, place.folder());
+        const CommandRun run = runHere({"convert", sample(), "range.xml", "-o", "out.ktl"}, place.folder());
         QVERIFY(run.hasEnded && !run.hasCrashed);
         QCOMPARE(run.exitCode, 2);
         QCOMPARE(run.errors, message);
@@ -192,7 +192,7 @@ void tst_ConvertFailures::outputIsAnInput()
     const QStringList names = place.names();
     const QString choicesFile = output == QLatin1String("choices.ktl") ? "choices.ktl.txt" : "choices.json";
     for (const char* option : {"--force", "--append"}) {
-        const CommandRun run = runKtl(
+        const CommandRun run = runHere(
             {"convert", "in.xml", "out.ktl.txt", "--choices", choicesFile, "-o", output, option}, place.folder());
         QCOMPARE(run.exitCode, 2);
         QVERIFY2(run.errors.endsWith(": error: the output would replace this file\n"), run.errors.constData());
@@ -215,7 +215,7 @@ void tst_ConvertFailures::emptyNames()
                                     {"show", ""},
                                     {"dump", ""}};
     for (const QStringList& command : commands) {
-        const CommandRun run = runKtl(command, place.folder());
+        const CommandRun run = runHere(command, place.folder());
         QCOMPARE(run.errors, QByteArray("ktl: error: the name of a file is empty\n"));
         QCOMPARE(run.exitCode, 2);
         QCOMPARE(place.names(), QStringList());
@@ -227,7 +227,7 @@ void tst_ConvertFailures::lineFeedInTheName()
 {
     const Workplace place;
     const QString name = QStringLiteral("two\nlines\u2028and \u202Eback.xml");
-    const CommandRun run = runKtl({"convert", name, "-o", "out.ktl"}, place.folder());
+    const CommandRun run = runHere({"convert", name, "-o", "out.ktl"}, place.folder());
     QVERIFY2(run.errors.startsWith("two lines and  back.xml: error: "), run.errors.constData());
     QCOMPARE(run.errors.count('\n'), 1);
 }

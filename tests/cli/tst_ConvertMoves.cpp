@@ -34,7 +34,7 @@ private slots:
 
 static const QStringList bothFiles{QStringLiteral("out.ktl"), QStringLiteral("out.ktl.txt")};
 
-/// Writes the sample, and lets things happen meanwhile.
+/// Writes the sample, and lets things happen while it does.
 static CommandRun convert(const Workplace& place, const QString& stage, const QStringList& options)
 {
     return runKtl(QStringList{"convert", sample(), "-o", "out.ktl"} + options,

@@ -1,5 +1,5 @@
 // `ktl convert`: a KTL file on standard output, and one without its dump.
-#include "cli/commandRun.h"
+#include "cli/commandInProcess.h"
 #include "cli/ktlDevices.h"
 #include "cli/workplace.h"
 #include "testMain.h"
@@ -57,7 +57,7 @@ void tst_ConvertOutput::standardOutputIsATerminal()
 
 void tst_ConvertOutput::standardOutputIsFull()
 {
-    QVERIFY2(QFile::exists(QStringLiteral("/dev/full")), "this system has no /dev/full that stands for a full disk");
+    QVERIFY2(QFile::exists(QStringLiteral("/dev/full")), "this system has no /dev/full that acts as a full disk");
     CommandStart start;
     start.program = QStringLiteral("sh");
     const CommandRun run = runKtl({"-c", "exec \"$0\" convert \"$1\" -o - > /dev/full", KTL_PROGRAM, sample()}, start);
@@ -73,7 +73,7 @@ void tst_ConvertOutput::nothingOfABrokenRun()
                                       esiWith("<Device><Type ProductCode=\"1\">Good</Type><Name>Good</Name></Device>"
                                               "<Device><Type ProductCode=\"2\">Bad</Type><Name>Bad</Name>"
                                               "<TxPdo Sm=\"3\"><Index>#x1A00</Index><Name>In</Name></TxPdo></Device>"));
-    const CommandRun run = runKtl({"convert", broken, "-o", "-"}, place.folder());
+    const CommandRun run = runHere({"convert", broken, "-o", "-"}, place.folder());
     QCOMPARE(run.output, QByteArray());
     QVERIFY2(run.errors.startsWith(broken.toUtf8() + ": error: "), run.errors.constData());
     QCOMPARE(run.exitCode, 2);
@@ -89,7 +89,7 @@ void tst_ConvertOutput::wrongWithStandardOutput_data()
 void tst_ConvertOutput::wrongWithStandardOutput()
 {
     QFETCH(QString, option);
-    const CommandRun run = runKtl({"convert", sample(), "-o", "-", option});
+    const CommandRun run = runHere({"convert", sample(), "-o", "-", option});
     QCOMPARE(run.errors,
              QByteArray("ktl: error: standard output is neither added to nor replaced: --append and --force "
                         "are for files (see: ktl convert --help)\n"));
@@ -107,7 +107,7 @@ void tst_ConvertOutput::noDump_data()
     QTest::addRow("added to") << true << QStringList{"--append"} << 2;
 }
 
-/// The file is the same as with a dump. A dump that is there, and even a folder of its name, is nobody's affair.
+/// The file is the same as with a dump. A dump that is there, and even a folder of its name, does not matter.
 void tst_ConvertOutput::noDump()
 {
     QFETCH(bool, hasOld);
@@ -116,11 +116,11 @@ void tst_ConvertOutput::noDump()
     const Workplace place;
     const QStringList arguments = QStringList{"convert", sample(), "-o", "out.ktl", fixedDate, "--no-dump"} + options;
     QVERIFY(QDir().mkdir(place.path(QStringLiteral("out.ktl.txt"))));
-    QCOMPARE(runKtl({"convert", sample(), "-o", "one.ktl", fixedDate}, place.folder()).exitCode, 0);
+    QCOMPARE(runHere({"convert", sample(), "-o", "one.ktl", fixedDate}, place.folder()).exitCode, 0);
     const QByteArray one = place.content(QStringLiteral("one.ktl"));
     if (hasOld)
         place.make(QStringLiteral("out.ktl"), one);
-    const CommandRun run = runKtl(arguments, place.folder());
+    const CommandRun run = runHere(arguments, place.folder());
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(place.content(QStringLiteral("out.ktl")), one.repeated(runs));

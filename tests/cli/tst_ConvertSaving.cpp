@@ -1,5 +1,5 @@
-// `ktl convert`: the KTL file and its dump are written both or not at all, and what stood there before survives.
-#include "cli/commandRun.h"
+// `ktl convert`: the KTL file and its dump are written both or not at all, and what was there before survives.
+#include "cli/commandInProcess.h"
 #include "cli/ktlDevices.h"
 #include "cli/workplace.h"
 #include "testMain.h"
@@ -73,7 +73,7 @@ void tst_ConvertSaving::fullDisk_data()
     QTest::addRow("the dump, added to") << "--append" << 2 << QByteArray("out.ktl.txt");
 }
 
-/// A limit on the size of files stands for the disk that is full.
+/// A limit on the size of files acts as a disk that is full.
 void tst_ConvertSaving::fullDisk()
 {
     QFETCH(QString, option);
@@ -118,7 +118,7 @@ void tst_ConvertSaving::cannotBeMade()
     QVERIFY(QDir().mkdir(place.path(QStringLiteral("dumped.txt"))));
     QVERIFY(QFile::link(QStringLiteral("nowhere"), place.path(QStringLiteral("dangling"))));
     const QStringList names = place.names();
-    const CommandRun run = runKtl({"convert", sample(), "-o", output, "--force"}, place.folder());
+    const CommandRun run = runHere({"convert", sample(), "-o", output, "--force"}, place.folder());
     QCOMPARE(run.exitCode, 3);
     QVERIFY2(run.errors.startsWith(message), run.errors.constData());
     QCOMPARE(run.errors.count('\n'), 1);
@@ -192,7 +192,7 @@ void tst_ConvertSaving::linksAreFollowed()
     place.make(QStringLiteral("far/text"), "earlier");
     QVERIFY(QFile::link(QStringLiteral("far/file"), place.path(QStringLiteral("out.ktl"))));
     QVERIFY(QFile::link(QStringLiteral("far/text"), place.path(QStringLiteral("out.ktl.txt"))));
-    const CommandRun run = runKtl({"convert", sample(), "-o", "out.ktl", "--force"}, place.folder());
+    const CommandRun run = runHere({"convert", sample(), "-o", "out.ktl", "--force"}, place.folder());
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
     QVERIFY(QFileInfo(place.path(QStringLiteral("out.ktl"))).isSymLink());
@@ -231,14 +231,14 @@ void tst_ConvertSaving::twoNamesOfOneFile()
     QCOMPARE(place.names(), (QStringList{"out.ktl", "out.ktl.txt"}));
 }
 
-/// The dump stands beside the name that was given, also where that is a link to another folder.
+/// The dump is beside the name that was given, even where that is a link to another folder.
 void tst_ConvertSaving::dumpInAnotherFolder()
 {
     const Workplace place;
     QVERIFY(QDir().mkdir(place.path(QStringLiteral("far"))));
     place.make(QStringLiteral("far/file"), "earlier");
     QVERIFY(QFile::link(QStringLiteral("far/file"), place.path(QStringLiteral("out.ktl"))));
-    const CommandRun run = runKtl({"convert", sample(), "-o", "out.ktl", "--force"}, place.folder());
+    const CommandRun run = runHere({"convert", sample(), "-o", "out.ktl", "--force"}, place.folder());
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(devicesIn(place.content(QStringLiteral("far/file"))), sampleDevices());
@@ -253,13 +253,13 @@ void tst_ConvertSaving::permissionsStay()
     const Workplace place;
     const QString ktl = place.path(QStringLiteral("out.ktl"));
     const QStringList arguments{"convert", sample(), "-o", "out.ktl", "--force"};
-    QCOMPARE(runKtl(arguments, place.folder()).exitCode, 0);
+    QCOMPARE(runHere(arguments, place.folder()).exitCode, 0);
     const QString plain = place.make(QStringLiteral("plain"), "");
     QCOMPARE(QFile::permissions(ktl), QFile::permissions(plain));
     const QFileDevice::Permissions own =
         QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadUser | QFileDevice::WriteUser;
     QVERIFY(QFile::setPermissions(ktl, own));
-    QCOMPARE(runKtl(arguments, place.folder()).exitCode, 0);
+    QCOMPARE(runHere(arguments, place.folder()).exitCode, 0);
     QCOMPARE(QFile::permissions(ktl), own);
 }
 
@@ -275,7 +275,7 @@ void tst_ConvertSaving::ownerStays()
     const gid_t group = isRoot ? 65533 : count > 0 ? groups[count - 1] : getegid();
     QCOMPARE(chown(ktl.constData(), owner, group), 0);
     QCOMPARE(chmod(ktl.constData(), 0640), 0);
-    QCOMPARE(runKtl({"convert", sample(), "-o", "out.ktl", "--force"}, place.folder()).exitCode, 0);
+    QCOMPARE(runHere({"convert", sample(), "-o", "out.ktl", "--force"}, place.folder()).exitCode, 0);
     struct stat status = {};
     QCOMPARE(stat(ktl.constData(), &status), 0);
     QVERIFY(status.st_size > 0);
@@ -314,17 +314,17 @@ void tst_ConvertSaving::appendToAnything_data()
                                  << QByteArray("the last run has no End item: the file was cut short");
 }
 
-/// What a whole file holds stands in front of the new run, byte by byte. Nobody could find the run behind anything
-/// else, which therefore stays as it is.
+/// What a whole file holds comes before the new run, byte by byte. Nobody could find the run after anything else, which
+/// therefore stays as it is.
 void tst_ConvertSaving::appendToAnything()
 {
     QFETCH(QByteArray, earlier);
     QFETCH(QByteArray, problem);
     const Workplace place;
-    QCOMPARE(runKtl({"convert", sample(), "-o", "one.ktl"}, place.folder()).exitCode, 0);
+    QCOMPARE(runHere({"convert", sample(), "-o", "one.ktl"}, place.folder()).exitCode, 0);
     const QByteArray one = place.content(QStringLiteral("one.ktl"));
     place.make(QStringLiteral("out.ktl"), earlier);
-    const CommandRun run = runKtl({"convert", sample(), "-o", "out.ktl", "--append"}, place.folder());
+    const CommandRun run = runHere({"convert", sample(), "-o", "out.ktl", "--append"}, place.folder());
     QCOMPARE(run.errors, problem.isEmpty() ? QByteArray()
                                            : "out.ktl: error: nothing can be added, for this is no whole KTL file: "
                                                  + problem + "\n");
@@ -340,7 +340,7 @@ void tst_ConvertSaving::appendToAGiant()
     const Workplace place;
     place.make(QStringLiteral("out.ktl"), endItem);
     QVERIFY(QFile::resize(place.path(QStringLiteral("out.ktl")), 5 * gibibyte));
-    const CommandRun run = runKtl({"convert", sample(), "-o", "out.ktl", "--append"}, place.folder());
+    const CommandRun run = runHere({"convert", sample(), "-o", "out.ktl", "--append"}, place.folder());
     QCOMPARE(run.errors, QByteArray("out.ktl: error: nothing can be added to a file of more than 268435456 bytes\n"));
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(place.names(), QStringList{"out.ktl"});

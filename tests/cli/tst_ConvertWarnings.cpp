@@ -1,5 +1,5 @@
 // `ktl convert`: the warnings of the export, and what `--strict` makes of them.
-#include "cli/commandRun.h"
+#include "cli/commandInProcess.h"
 #include "cli/ktlDevices.h"
 #include "cli/workplace.h"
 #include "testMain.h"
@@ -77,7 +77,7 @@ void tst_ConvertWarnings::texts()
     QFETCH(QByteArray, warning);
     const Workplace place;
     place.make(QStringLiteral("in.xml"), esiWith(deviceWith("D", content)));
-    const CommandRun run = runKtl({"convert", "in.xml", "-o", "out.ktl"}, place.folder());
+    const CommandRun run = runHere({"convert", "in.xml", "-o", "out.ktl"}, place.folder());
     QCOMPARE(run.errors, "in.xml: warning: device 1 \"D\" (0x7e570009:0x00:0x00): " + warning + '\n');
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(devicesIn(place.content(QStringLiteral("out.ktl"))).size(), 1);
@@ -91,7 +91,7 @@ void tst_ConvertWarnings::order()
                esiWith(deviceWith("B1", fiveSyncManagers() + slotsWith("SlotGroupPdoIncrement=\"2\""))
                        + deviceWith("fine", "") + deviceWith("B2", fiveSyncManagers())));
     place.make(QStringLiteral("a.xml"), esiWith(deviceWith("A", fiveSyncManagers())));
-    const CommandRun run = runKtl({"convert", "b.xml", "a.xml", "-o", "out.ktl"}, place.folder());
+    const CommandRun run = runHere({"convert", "b.xml", "a.xml", "-o", "out.ktl"}, place.folder());
     QStringList order; // file, number and name of the device, code
     for (const QString& line : QString::fromUtf8(run.errors).split(QLatin1Char('\n'), Qt::SkipEmptyParts))
         order += line.section(QLatin1Char(':'), 0, 0) + line.section(QStringLiteral("device"), 1, 1).section('(', 0, 0)
@@ -119,7 +119,7 @@ void tst_ConvertWarnings::strict()
     QFETCH(int, exitCode);
     const Workplace place;
     place.make(QStringLiteral("in.xml"), esiWith(deviceWith("D", content)));
-    const CommandRun run = runKtl(QStringList{"convert", "in.xml", "-o", "out.ktl"} + options, place.folder());
+    const CommandRun run = runHere(QStringList{"convert", "in.xml", "-o", "out.ktl"} + options, place.folder());
     QCOMPARE(run.exitCode, exitCode);
     QCOMPARE(QFile::exists(place.path(QStringLiteral("out.ktl"))), exitCode != 2);
     QCOMPARE(QFile::exists(place.path(QStringLiteral("out.ktl.txt"))), exitCode != 2);
@@ -137,14 +137,14 @@ void tst_ConvertWarnings::ignore_data()
     QTest::addRow("empty") << QStringList{"--ignore="} << 2;
 }
 
-/// What is ignored is told all the same. A word that is no code is refused, with the codes that there are.
+/// What is ignored is shown all the same. A word that is no code is refused, with the codes that there are.
 void tst_ConvertWarnings::ignore()
 {
     QFETCH(QStringList, options);
     QFETCH(int, exitCode);
     const Workplace place;
     place.make(QStringLiteral("in.xml"), esiWith(deviceWith("D", fiveSyncManagers())));
-    const CommandRun run = runKtl(QStringList{"convert", "in.xml", "-o", "out.ktl"} + options, place.folder());
+    const CommandRun run = runHere(QStringList{"convert", "in.xml", "-o", "out.ktl"} + options, place.folder());
     QCOMPARE(run.exitCode, exitCode);
     if (exitCode == 2)
         QVERIFY2(run.errors.startsWith("ktl: error: \"") && run.errors.contains(" is no code of a warning; there are ")
@@ -162,12 +162,12 @@ void tst_ConvertWarnings::choicesForNothing()
     place.make(QStringLiteral("choices.json"), R"({"format": "kinetra-choices", "version": 1,
                                                    "devices": [{"device": "A"}, {"device": "B"}]})");
     const QStringList arguments{"convert", "in.xml", "-o", "out.ktl", "--choices", "choices.json", "--strict"};
-    const CommandRun run = runKtl(arguments + QStringList{"--device", "B"}, place.folder());
+    const CommandRun run = runHere(arguments + QStringList{"--device", "B"}, place.folder());
     QCOMPARE(run.errors,
              QByteArray("choices.json: warning: devices[0].device: device 1 \"A\" (0x7e570009:0x00:0x00) is "
                         "left out by --device [left-out]\n"));
     QCOMPARE(run.exitCode, 1);
-    QCOMPARE(runKtl(arguments + QStringList{"--force"}, place.folder()).exitCode, 0);
+    QCOMPARE(runHere(arguments + QStringList{"--force"}, place.folder()).exitCode, 0);
 }
 
 static QByteArray coeCommand(const QByteArray& data, const QByteArray& comment = {})
@@ -208,7 +208,7 @@ void tst_ConvertWarnings::lostValues()
     QFETCH(QByteArray, told);
     const Workplace place;
     place.make(QStringLiteral("in.xml"), esiWith(deviceWith("D", content)));
-    const CommandRun run = runKtl({"convert", "in.xml", "-o", "out.ktl", "--strict"}, place.folder());
+    const CommandRun run = runHere({"convert", "in.xml", "-o", "out.ktl", "--strict"}, place.folder());
     QCOMPARE(run.errors, told.isEmpty()
                              ? QByteArray()
                              : "in.xml: warning: device 1 \"D\" (0x7e570009:0x00:0x00): startup commands with a value "
@@ -236,22 +236,22 @@ void tst_ConvertWarnings::lostValuesOfEveryDevice()
 {
     const Workplace place;
     place.make(QStringLiteral("in.xml"), couplerFile());
-    const CommandRun run = runKtl({"convert", "in.xml", "-o", "out.ktl"}, place.folder());
+    const CommandRun run = runHere({"convert", "in.xml", "-o", "out.ktl"}, place.folder());
     QCOMPARE(
         run.errors,
         QByteArray("in.xml: warning: device 2 \"C\" (0x7e570009:0x00:0x00): startup commands with a value that the "
                    "format does not carry: 1 of the device, 2 of the modules in its file; the first is 0x2f10:3, "
                    "5 bytes [startup-data]\n"));
-    QCOMPARE(runKtl({"convert", "in.xml", "-o", "one.ktl", "--device", "1"}, place.folder()).errors, QByteArray());
+    QCOMPARE(runHere({"convert", "in.xml", "-o", "one.ktl", "--device", "1"}, place.folder()).errors, QByteArray());
 }
 
-/// A template is told of too, and is whole.
+/// A template comes with the warning too, and is whole.
 void tst_ConvertWarnings::lostValuesInTheTemplate()
 {
     const Workplace place;
     place.make(QStringLiteral("in.xml"),
                esiWith(deviceWith("D", coeWith(coeCommand("0102030405") + coeCommand("01")))));
-    const CommandRun run = runKtl({"choices", "in.xml"}, place.folder());
+    const CommandRun run = runHere({"choices", "in.xml"}, place.folder());
     QVERIFY2(run.errors.endsWith(": 1 of the device; the first is 0x2f10:3, 5 bytes [startup-data]\n"),
              run.errors.constData());
     QCOMPARE(run.errors.count('\n'), 1);
@@ -282,7 +282,7 @@ void tst_ConvertWarnings::itemCount()
     QFETCH(QByteArray, errors);
     const Workplace place;
     place.make(QStringLiteral("in.xml"), manyDevices(devices));
-    const CommandRun run = runKtl({"convert", "in.xml", "-o", "out.ktl", "--strict"}, place.folder());
+    const CommandRun run = runHere({"convert", "in.xml", "-o", "out.ktl", "--strict"}, place.folder());
     QCOMPARE(run.errors, errors);
     QCOMPARE(run.exitCode, errors.isEmpty() ? 0 : 1);
     QCOMPARE(devicesIn(place.content(QStringLiteral("out.ktl"))).size(), devices);
@@ -303,8 +303,8 @@ void tst_ConvertWarnings::itemCountAfterAppend()
     QFETCH(QByteArray, count);
     const Workplace place;
     place.make(QStringLiteral("in.xml"), manyDevices(devices));
-    QCOMPARE(runKtl({"convert", "in.xml", "-o", "out.ktl"}, place.folder()).errors, QByteArray());
-    const CommandRun run = runKtl({"convert", "in.xml", "-o", "out.ktl", "--append"}, place.folder());
+    QCOMPARE(runHere({"convert", "in.xml", "-o", "out.ktl"}, place.folder()).errors, QByteArray());
+    const CommandRun run = runHere({"convert", "in.xml", "-o", "out.ktl", "--append"}, place.folder());
     if (count.isEmpty())
         QCOMPARE(run.errors, QByteArray());
     else
@@ -330,7 +330,7 @@ void tst_ConvertWarnings::sameInput()
     place.make(QStringLiteral("in.xml"), esiWith(deviceWith("D", "")));
     place.make(QStringLiteral("copy.xml"), esiWith(deviceWith("D", "")));
     QVERIFY(QFile::link(place.path(QStringLiteral("in.xml")), place.path(QStringLiteral("link.xml"))));
-    const CommandRun run = runKtl(QStringList{"convert", "-o", "out.ktl", "--strict"} + inputs, place.folder());
+    const CommandRun run = runHere(QStringList{"convert", "-o", "out.ktl", "--strict"} + inputs, place.folder());
     QCOMPARE(run.errors, warned.isEmpty()
                              ? QByteArray()
                              : warned

@@ -1,5 +1,5 @@
 // `ktl dump`: the text dump of a KTL file.
-#include "cli/commandRun.h"
+#include "cli/commandInProcess.h"
 #include "cli/workplace.h"
 #include "testMain.h"
 
@@ -29,7 +29,7 @@ void tst_DumpCommand::endItem()
 {
     const Workplace place;
     place.make(QStringLiteral("end.ktl"), endItemBytes);
-    const CommandRun run = runKtl({"dump", "end.ktl"}, place.folder());
+    const CommandRun run = runHere({"dump", "end.ktl"}, place.folder());
     QCOMPARE(run.output, QByteArray("KTL Version V1.0.28 \nItemHead-dec: 0,Len: 12     \r\n  0x0 \t\r\n"));
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
@@ -48,8 +48,8 @@ void tst_DumpCommand::sameAsBesideTheFile()
 {
     QFETCH(QString, esi);
     const Workplace place;
-    QCOMPARE(runKtl({"convert", esi, "-o", "out.ktl"}, place.folder()).exitCode, 0);
-    const CommandRun run = runKtl({"dump", "out.ktl"}, place.folder());
+    QCOMPARE(runHere({"convert", esi, "-o", "out.ktl"}, place.folder()).exitCode, 0);
+    const CommandRun run = runHere({"dump", "out.ktl"}, place.folder());
     QCOMPARE(run.exitCode, 0);
     QVERIFY(run.output.contains("ItemHead-dec: 40000,Len: 52    General \r\n"));
     QCOMPARE(run.output, place.content(QStringLiteral("out.ktl.txt")));
@@ -68,7 +68,7 @@ void tst_DumpCommand::namesOutsideAscii()
 {
     const Workplace place;
     place.make(QString::fromUtf8("控制 é.ktl"), endItemBytes);
-    const CommandRun run = runKtl({"dump", QString::fromUtf8("控制 é.ktl")}, place.folder());
+    const CommandRun run = runHere({"dump", QString::fromUtf8("控制 é.ktl")}, place.folder());
     QVERIFY(run.output.contains("ItemHead-dec: 0,Len: 12"));
     QCOMPARE(run.exitCode, 0);
 }
@@ -76,7 +76,7 @@ void tst_DumpCommand::namesOutsideAscii()
 void tst_DumpCommand::brokenFile_data()
 {
     QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QByteArray>("lastLines"); // behind those of the end item
+    QTest::addColumn<QByteArray>("lastLines"); // after those of the end item
     QTest::addColumn<QByteArray>("message");
     QTest::addRow("head that cannot be") << endItemBytes + QByteArray::fromHex("419C000007000000")
                                          << QByteArray("Err para: Id value-dec: 40001,Len: 7\r\n  \r\n")
@@ -91,7 +91,7 @@ void tst_DumpCommand::brokenFile_data()
                                  << QByteArray("the last run has no End item: the file was cut short");
 }
 
-/// What is readable is shown as in the text beside a file, and a message and the exit status tell of the rest.
+/// What is readable is shown as in the text beside a file, and a message and the exit status say that there is a rest.
 void tst_DumpCommand::brokenFile()
 {
     QFETCH(QByteArray, content);
@@ -99,21 +99,21 @@ void tst_DumpCommand::brokenFile()
     QFETCH(QByteArray, message);
     const Workplace place;
     place.make(QStringLiteral("bad.ktl"), content);
-    const CommandRun run = runKtl({"dump", "bad.ktl"}, place.folder());
+    const CommandRun run = runHere({"dump", "bad.ktl"}, place.folder());
     QCOMPARE(run.output, "KTL Version V1.0.28 \nItemHead-dec: 0,Len: 12     \r\n  0x0 \t\r\n" + lastLines);
     QCOMPARE(run.errors, "bad.ktl: error: " + message + "\n");
     QCOMPARE(run.exitCode, 2);
 }
 
-/// A dump ends behind 2,000 items, and says so.
+/// A dump ends after 2,000 items, and says so.
 void tst_DumpCommand::manyItems()
 {
     const Workplace place;
     place.make(QStringLiteral("full.ktl"), endItemBytes.repeated(2000));
     place.make(QStringLiteral("more.ktl"), endItemBytes.repeated(2001));
-    const CommandRun full = runKtl({"dump", "full.ktl"}, place.folder());
+    const CommandRun full = runHere({"dump", "full.ktl"}, place.folder());
     QCOMPARE(full.errors, QByteArray());
-    const CommandRun more = runKtl({"dump", "more.ktl"}, place.folder());
+    const CommandRun more = runHere({"dump", "more.ktl"}, place.folder());
     QCOMPARE(more.output, full.output);
     QCOMPARE(more.errors, QByteArray("more.ktl: warning: the file has 2001 items, of which a dump shows the first 2000 "
                                      "[item-count]\n"));
@@ -152,7 +152,7 @@ void tst_DumpCommand::notReadable()
     QFETCH(QString, file);
     const Workplace place;
     QVERIFY(QDir().mkdir(place.path(QStringLiteral("folder"))));
-    const CommandRun run = runKtl({"dump", file}, place.folder());
+    const CommandRun run = runHere({"dump", file}, place.folder());
     QCOMPARE(run.output, QByteArray());
     QVERIFY2(run.errors.startsWith(file.toUtf8() + ": error: the file cannot be read"), run.errors.constData());
     QCOMPARE(run.errors.count('\n'), 1);

@@ -1,6 +1,6 @@
 // What `ktl` is given to read: whether it fits the sub-command, input that is too large or has no end, input that
 // cannot be read.
-#include "cli/commandRun.h"
+#include "cli/commandInProcess.h"
 #include "cli/workplace.h"
 #include "testMain.h"
 
@@ -65,7 +65,7 @@ void tst_InputFiles::wrongKind_data()
                                          << "three.ktl: " + isNeither;
 }
 
-/// It is told what the file is, and nothing comes out.
+/// The message says what the file is, and nothing comes out.
 void tst_InputFiles::wrongKind()
 {
     QFETCH(QString, line);
@@ -133,7 +133,7 @@ void tst_InputFiles::largeKtl_data()
     QTest::addRow("five gigabytes") << (5LL << 30) << QByteArray("the file is larger than 268435456 bytes");
 }
 
-/// An End item with a hole of zeros behind it, which takes no room on the disk. JSON stays JSON.
+/// An End item with a hole of zeros after it, which takes no room on the disk. JSON stays JSON.
 void tst_InputFiles::largeKtl()
 {
     QFETCH(qint64, size);
@@ -142,7 +142,7 @@ void tst_InputFiles::largeKtl()
     place.make(QStringLiteral("large.ktl"), endItem);
     QVERIFY(QFile::resize(place.path(QStringLiteral("large.ktl")), size));
     for (const QStringList& command : {QStringList{"show", "--json"}, QStringList{"dump"}}) {
-        const CommandRun run = runKtl(command + QStringList{"large.ktl"}, place.folder());
+        const CommandRun run = runHere(command + QStringList{"large.ktl"}, place.folder());
         QCOMPARE(run.errors, "large.ktl: error: " + message + "\n");
         QCOMPARE(run.exitCode, 2);
         QVERIFY(command.contains("dump") || run.output.endsWith("\n]}\n"));
@@ -154,7 +154,7 @@ void tst_InputFiles::largeTargetOfAppend()
     const Workplace place;
     place.make(QStringLiteral("large.ktl"), endItem);
     QVERIFY(QFile::resize(place.path(QStringLiteral("large.ktl")), 268435457));
-    const CommandRun run = runKtl({"convert", sample(), "-o", "large.ktl", "--append"}, place.folder());
+    const CommandRun run = runHere({"convert", sample(), "-o", "large.ktl", "--append"}, place.folder());
     QCOMPARE(run.errors, QByteArray("large.ktl: error: nothing can be added to a file of more than 268435456 bytes\n"));
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(place.names(), QStringList{"large.ktl"});

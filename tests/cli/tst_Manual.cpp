@@ -1,5 +1,5 @@
 // The manual page and the completion of `ktl` against what the command itself says of its options.
-#include "cli/commandRun.h"
+#include "cli/commandInProcess.h"
 #include "cli/workplace.h"
 #include "testMain.h"
 
@@ -37,13 +37,13 @@ static QSet<QString> wordsIn(const QString& text, const QString& pattern)
 /// Long options that a help lists, without their hyphens.
 static QSet<QString> optionsInHelp(const QStringList& subCommand)
 {
-    const QString help = QString::fromUtf8(runKtl(subCommand + QStringList{"--help"}).output);
+    const QString help = QString::fromUtf8(runHere(subCommand + QStringList{"--help"}).output);
     return wordsIn(help.section(QStringLiteral("Examples:"), 0, 0), QStringLiteral("^ +(?:-[a-z], )?--([a-z][a-z-]*)"));
 }
 
 static QStringList subCommandsInHelp()
 {
-    const QString help = QString::fromUtf8(runKtl({"--help"}).output);
+    const QString help = QString::fromUtf8(runHere({"--help"}).output);
     const QString list = help.section(QStringLiteral("Sub-commands:"), 1).section(QStringLiteral("Options:"), 0, 0);
     QStringList names = wordsIn(list, QStringLiteral("^  ([a-z]+) ")).values();
     names.removeOne(QStringLiteral("help")); // it has no options
@@ -129,7 +129,7 @@ void tst_Manual::optionsOfTheCompletion()
 /// Those of the warnings, which the command lists where it is given another one.
 void tst_Manual::codesOfTheCompletions()
 {
-    const CommandRun run = runKtl({"convert", sample(), "--ignore", "none"});
+    const CommandRun run = runHere({"convert", sample(), "--ignore", "none"});
     const QString list =
         QString::fromUtf8(run.errors).section(QStringLiteral("there are "), 1).section(QStringLiteral(" (see"), 0, 0);
     const QStringList codes = list.split(QStringLiteral(", "));

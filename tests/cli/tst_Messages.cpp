@@ -1,5 +1,5 @@
 // docs/messages.md against what the command and the window say, and how the command cuts what is too long.
-#include "cli/commandRun.h"
+#include "cli/commandInProcess.h"
 #include "cli/workplace.h"
 #include "editing/exportChecks.h"
 #include "testMain.h"
@@ -73,7 +73,7 @@ QByteArray choicesOf(int devices)
 /// The command names its codes where it is given one that it does not know; the page has them in the same order.
 void tst_Messages::codesOfThePage()
 {
-    const CommandRun run = runKtl({"convert", sample(), "--ignore", "none"});
+    const CommandRun run = runHere({"convert", sample(), "--ignore", "none"});
     const QString list = QString::fromUtf8(run.errors).section("there are ", 1).section(" (see", 0, 0);
     QStringList codes;
     for (const QStringList& row : codeRows())
@@ -154,7 +154,7 @@ void tst_Messages::manyMistakes()
     QFETCH(QByteArray, last);
     const Workplace place;
     place.make(QStringLiteral("c.json"), choicesOf(mistakes));
-    const CommandRun run = runKtl({"convert", sample(), "-o", "out.ktl", "--choices", "c.json"}, place.folder());
+    const CommandRun run = runHere({"convert", sample(), "-o", "out.ktl", "--choices", "c.json"}, place.folder());
     const QList<QByteArray> told = run.errors.trimmed().split('\n');
     QCOMPARE(told.size(), lines);
     QVERIFY2(told.last().startsWith("c.json: error: " + last), told.last().constData());
@@ -164,7 +164,7 @@ void tst_Messages::manyMistakes()
 /// A line stays one that people read, whatever is in it.
 void tst_Messages::longText()
 {
-    const CommandRun run = runKtl({QString(50000, QLatin1Char('x'))});
+    const CommandRun run = runHere({QString(50000, QLatin1Char('x'))});
     QVERIFY(run.errors.startsWith("ktl: error: \"xxxx"));
     QVERIFY(run.errors.size() < 2100);
     QCOMPARE(run.exitCode, 2);
@@ -173,7 +173,7 @@ void tst_Messages::longText()
 /// 80 characters of a value, so that what is after it can be read.
 void tst_Messages::longCode()
 {
-    const CommandRun run = runKtl({"convert", sample(), "--ignore", QString(5000, QLatin1Char('x'))});
+    const CommandRun run = runHere({"convert", sample(), "--ignore", QString(5000, QLatin1Char('x'))});
     QVERIFY2(
         run.errors.startsWith("ktl: error: \"" + QByteArray(80, 'x') + "...\" is no code of a warning; there are "),
         run.errors.constData());
