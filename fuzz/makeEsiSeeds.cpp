@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int mostOfATag = 3; // children with the same tag that stay of a long list
+constexpr int maxOfATag = 3; // children with the same tag that stay of a long list
 
 /// Sync managers are referred to by their number, so all of them stay.
 bool isThinned(const QString& tag)
@@ -25,7 +25,7 @@ void thinOut(QDomNode parent)
     for (QDomNode child = parent.firstChild(); !child.isNull();) {
         const QDomNode next = child.nextSibling();
         const QString tag = child.nodeName();
-        if (isThinned(tag) && ++seen[tag] > mostOfATag)
+        if (isThinned(tag) && ++seen[tag] > maxOfATag)
             parent.removeChild(child);
         else
             thinOut(child);

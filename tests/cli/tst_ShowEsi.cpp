@@ -81,7 +81,7 @@ void tst_ShowEsi::kindIsInTheContent_data()
     const QByteArray esi = contentOf(sample("io-block.xml"));
     QTest::addRow("ESI") << esi << "ESI";
     QTest::addRow("ESI with a byte order mark") << bytes("EF BB BF") + esi << "ESI";
-    QTest::addRow("ESI behind blanks") << "\n  " + esi.mid(esi.indexOf("<EtherCATInfo")) << "ESI";
+    QTest::addRow("ESI after blanks") << "\n  " + esi.mid(esi.indexOf("<EtherCATInfo")) << "ESI";
     for (const char* codec : {"UTF-16LE", "UTF-16BE", "UTF-32LE", "UTF-32BE"})
         QTest::addRow("ESI in %s", codec) << encoded(sample("io-block.xml"), codec) << "ESI";
     QTest::addRow("End item alone") << bytes("00 00 00 00 0C 00 00 00 00 00 00 00") << "KTL";

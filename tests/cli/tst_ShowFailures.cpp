@@ -156,7 +156,7 @@ void tst_ShowFailures::brokenEnd_data()
     const QByteArray impossible = "the item head at 0x14 cannot be right";
     QTest::addRow("no End item") << fmmuItem() << 1
                                  << QByteArray("the last run has no End item: the file was cut short");
-    QTest::addRow("items behind the last End item")
+    QTest::addRow("items after the last End item")
         << endItem() + fmmuItem() << 2 << QByteArray("the last run has no End item: the file was cut short");
     QTest::addRow("item that is cut") << fmmuItem() + fmmuItem().left(13) << 2
                                       << QByteArray("the file ends at 0x21, inside an item");

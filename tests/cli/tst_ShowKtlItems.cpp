@@ -180,7 +180,7 @@ void addOddItems()
     row("fewer records announced than there is room for", itemOf(40014, le32(0) + le32(1) + le32(2)),
         R"({"name":"FMMU","size":20,"fields":{"m_iItemType":40014,"m_iSize":20,"m_iCount":0},
             "rest":"01 00 00 00 02 00 00 00"})");
-    row("text with something behind its end", itemOf(40016, zeros(16) + "A" + zeros(2) + "B"),
+    row("text with something after its end", itemOf(40016, zeros(16) + "A" + zeros(2) + "B"),
         R"({"name":"DeviceMoreInfo","size":28,"fields":{"m_iItemType":40016,"m_iSize":28,"m_iDate":0,"m_iTime":0,
             "m_iVersion":0,"m_iCount":0},"text":"A","rest":"00 00 42"})");
     row("text that is no UTF-8, and controls", itemOf(40016, zeros(16) + "\xFF\"\\\x01"),

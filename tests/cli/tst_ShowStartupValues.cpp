@@ -89,7 +89,7 @@ void tst_ShowStartupValues::valuesAgainstTheirLengths_data()
     QTest::addColumn<QByteArray>("value");
     QTest::addRow("four bytes") << QByteArray("04030201") << 4 << QByteArray("16909060");
     QTest::addRow("zero") << QByteArray("00000000") << 4 << QByteArray("0");
-    QTest::addRow("four bytes behind a mark, which counts as one")
+    QTest::addRow("four bytes after a mark, which counts as one")
         << QByteArray("#x01020304") << 5 << QByteArray("16909060");
     QTest::addRow("a fifth byte that is zero") << QByteArray("0100000000") << 5 << QByteArray("1");
     QTest::addRow("five bytes that do not fit") << QByteArray("0102030405") << 5 << QByteArray("null");
