@@ -18,12 +18,35 @@ template<typename Record> struct AttributeRule
     void (*store)(Record& to, const QString& value);
 };
 
-/// One row of a table of child elements: an exact, case-sensitive tag and what the element does to the record.
+/// One row of a table of child elements: an exact, case-sensitive tag and what the element does to the record, by its
+/// text or as a whole.
 template<typename Record> struct ElementRule
 {
     QLatin1String tag;
+    void (*store)(Record& to, const QString& text); ///< null if `read` is not
     void (*read)(Record& to, const QDomElement& element);
 };
+
+/// The row of an attribute; the record is that of `store`.
+template<typename Record>
+[[nodiscard]] constexpr AttributeRule<Record> attribute(const char* name, void (*store)(Record&, const QString&))
+{
+    return {QLatin1String(name), store};
+}
+
+/// The row of a child element that counts by its text, whole; the record is that of `store`.
+template<typename Record>
+[[nodiscard]] constexpr ElementRule<Record> child(const char* tag, void (*store)(Record&, const QString&))
+{
+    return {QLatin1String(tag), store, nullptr};
+}
+
+/// The row of a child element that is more than its text.
+template<typename Record>
+[[nodiscard]] constexpr ElementRule<Record> child(const char* tag, void (*read)(Record&, const QDomElement&))
+{
+    return {QLatin1String(tag), nullptr, read};
+}
 
 /// Text of an element. Most elements hold one text and nothing else, and then that is the answer.
 [[nodiscard]] inline QString textOf(const QDomElement& element)
@@ -32,18 +55,20 @@ template<typename Record> struct ElementRule
     return child.isText() && child.nextSibling().isNull() ? child.nodeValue() : element.text();
 }
 
-/// Makes a rule for an element out of one for a value: the value is the element's text, whole.
-template<auto Store, typename Record> void fromText(Record& to, const QDomElement& element)
-{
-    Store(to, textOf(element));
-}
-
-/// Makes a rule for an element out of the reader of its section.
-template<auto Reader, typename Record> void bySection(Record& to, const QDomElement& element)
+/// Reads an element by the reader of its section.
+template<auto Reader, typename Record> void readSection(Record& to, const QDomElement& element)
 {
     QDomElement section = element;
     Reader(&section, &to);
 }
+
+template<auto Reader, typename Record> constexpr auto sectionReader(void (*)(QDomElement*, Record*))
+{
+    return &readSection<Reader, Record>;
+}
+
+/// What reads a child element by the reader of its section.
+template<auto Reader> inline constexpr auto bySection = sectionReader<Reader>(Reader);
 
 /// Reads the attributes of `element` into `to`, by their local names. Of two attributes with the same local name and
 /// different prefixes the later one counts; an attribute that no row names is passed over.
@@ -56,15 +81,18 @@ void readAttributes(const QDomElement& element, const std::array<AttributeRule<R
             rule.store(to, attribute.nodeValue());
 }
 
-/// Reads the child elements of `element` into `to`, in document order: of a value that occurs twice the later one
+/// Reads the child elements of `parent` into `to`, in document order: of a value that occurs twice the later one
 /// counts. A child that no row names is passed over.
 template<typename Record, std::size_t Count>
-void readChildren(const QDomElement& element, const std::array<ElementRule<Record>, Count>& rules, Record& to)
+void readChildren(const QDomElement& parent, const std::array<ElementRule<Record>, Count>& rules, Record& to)
 {
-    forEachChildElement(element, [&](const QDomElement& child, const QString& tag) {
+    forEachChildElement(parent, [&](const QDomElement& element, const QString& tag) {
         for (const ElementRule<Record>& rule : rules)
             if (isNamed(tag, rule.tag)) {
-                rule.read(to, child);
+                if (rule.store != nullptr)
+                    rule.store(to, textOf(element));
+                else
+                    rule.read(to, element);
                 return;
             }
     });

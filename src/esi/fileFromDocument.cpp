@@ -59,8 +59,8 @@ void storeProfileNumber(const QDomElement& element, bool hasSlots, struct_EtherC
 }
 
 const std::array dictionaryRules{
-    ElementRule<struct_EtherCatDevice>{QLatin1String("DataTypes"), bySection<read_device_DataTypes>},
-    ElementRule<struct_EtherCatDevice>{QLatin1String("Objects"), bySection<read_device_Objects>},
+    child("DataTypes", bySection<read_device_DataTypes>),
+    child("Objects", bySection<read_device_Objects>),
 };
 
 /// Device class and dictionary. A device without a profile number keeps class 0, whether it has slots or not.

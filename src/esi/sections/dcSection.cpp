@@ -9,16 +9,16 @@
 namespace {
 
 const std::array dcSmRules{
-    AttributeRule<DCSmAttributes>{QLatin1String("No"), storeUint<&DCSmAttributes::m_No>},
+    attribute("No", storeUint<&DCSmAttributes::m_No>),
 };
 
 const std::array dcPdoRules{
-    AttributeRule<DCPdoAttributes>{QLatin1String("OSFac"), storeUint<&DCPdoAttributes::m_OsFac>},
+    attribute("OSFac", storeUint<&DCPdoAttributes::m_OsFac>),
 };
 
 const std::array oversamplingRules{
-    AttributeRule<DCOversampling>{QLatin1String("MinCycleTime"), storeUint<&DCOversampling::m_MinCycleTime>},
-    AttributeRule<DCOversampling>{QLatin1String("DefaultFactor"), storeUint<&DCOversampling::m_DefaultFactor>},
+    attribute("MinCycleTime", storeUint<&DCOversampling::m_MinCycleTime>),
+    attribute("DefaultFactor", storeUint<&DCOversampling::m_DefaultFactor>),
 };
 
 void appendPdo(Struct_DCSm& syncManager, const QDomElement& element)
@@ -30,7 +30,7 @@ void appendPdo(Struct_DCSm& syncManager, const QDomElement& element)
 }
 
 const std::array dcSmChildRules{
-    ElementRule<Struct_DCSm>{QLatin1String("Pdo"), appendPdo},
+    child("Pdo", appendPdo),
 };
 
 void appendSm(Struct_DCOpMode& mode, const QDomElement& element)
@@ -52,20 +52,15 @@ void readVendorSpecific(Struct_DCOpMode& mode, const QDomElement& element)
 
 // Times are signed: a negative shift in plain decimal is kept.
 const std::array opModeRules{
-    ElementRule<Struct_DCOpMode>{QLatin1String("Name"), fromText<storeText<&Struct_DCOpMode::Name>>},
-    ElementRule<Struct_DCOpMode>{QLatin1String("Desc"), fromText<storeText<&Struct_DCOpMode::Desc>>},
-    ElementRule<Struct_DCOpMode>{QLatin1String("AssignActivate"),
-                                 fromText<storeUint<&Struct_DCOpMode::AssignActivate>>},
-    ElementRule<Struct_DCOpMode>{QLatin1String("CycleTimeSync0"),
-                                 fromText<storeInt<&Struct_DCOpMode::m_CycleTimeSync0>>},
-    ElementRule<Struct_DCOpMode>{QLatin1String("ShiftTimeSync0"),
-                                 fromText<storeInt<&Struct_DCOpMode::m_ShiftTimeSync0>>},
-    ElementRule<Struct_DCOpMode>{QLatin1String("CycleTimeSync1"),
-                                 fromText<storeInt<&Struct_DCOpMode::m_CycleTimeSync1>>},
-    ElementRule<Struct_DCOpMode>{QLatin1String("ShiftTimeSync1"),
-                                 fromText<storeInt<&Struct_DCOpMode::m_ShiftTimeSync1>>},
-    ElementRule<Struct_DCOpMode>{QLatin1String("Sm"), appendSm},
-    ElementRule<Struct_DCOpMode>{QLatin1String("VendorSpecific"), readVendorSpecific},
+    child("Name", storeText<&Struct_DCOpMode::Name>),
+    child("Desc", storeText<&Struct_DCOpMode::Desc>),
+    child("AssignActivate", storeUint<&Struct_DCOpMode::AssignActivate>),
+    child("CycleTimeSync0", storeInt<&Struct_DCOpMode::m_CycleTimeSync0>),
+    child("ShiftTimeSync0", storeInt<&Struct_DCOpMode::m_ShiftTimeSync0>),
+    child("CycleTimeSync1", storeInt<&Struct_DCOpMode::m_CycleTimeSync1>),
+    child("ShiftTimeSync1", storeInt<&Struct_DCOpMode::m_ShiftTimeSync1>),
+    child("Sm", appendSm),
+    child("VendorSpecific", readVendorSpecific),
 };
 
 void appendOpMode(struct_EtherCatDevice& device, const QDomElement& element)
@@ -76,7 +71,7 @@ void appendOpMode(struct_EtherCatDevice& device, const QDomElement& element)
 }
 
 const std::array dcRules{
-    ElementRule<struct_EtherCatDevice>{QLatin1String("OpMode"), appendOpMode},
+    child("OpMode", appendOpMode),
 };
 
 } // namespace

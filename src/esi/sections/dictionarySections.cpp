@@ -23,10 +23,10 @@ void appendRecord(std::vector<Record>& list, const QDomElement& element,
 // No attribute counts in a dictionary: an access right that `Access` restricts to some states is read as the plain one.
 template<typename Flags>
 const std::array flagRules{
-    ElementRule<Flags>{QLatin1String("Access"), fromText<storeToken<&Flags::Access>>},
-    ElementRule<Flags>{QLatin1String("Category"), fromText<storeToken<&Flags::Category>>},
-    ElementRule<Flags>{QLatin1String("Backup"), fromText<storeUint<&Flags::Backup>>},
-    ElementRule<Flags>{QLatin1String("Setting"), fromText<storeUint<&Flags::Setting>>},
+    child("Access", storeToken<&Flags::Access>),
+    child("Category", storeToken<&Flags::Category>),
+    child("Backup", storeUint<&Flags::Backup>),
+    child("Setting", storeUint<&Flags::Setting>),
 };
 
 template<auto Field> void readFlags(RecordOf<Field>& to, const QDomElement& element)
@@ -37,23 +37,23 @@ template<auto Field> void readFlags(RecordOf<Field>& to, const QDomElement& elem
 // ---- Data types ----
 
 const std::array typeSubItemRules{
-    ElementRule<DataTypeSubItem>{QLatin1String("SubIdx"), fromText<storeUint<&DataTypeSubItem::SubIdx>>},
-    ElementRule<DataTypeSubItem>{QLatin1String("Name"), fromText<storeText<&DataTypeSubItem::Name>>},
-    ElementRule<DataTypeSubItem>{QLatin1String("Type"), fromText<storeText<&DataTypeSubItem::Type>>},
-    ElementRule<DataTypeSubItem>{QLatin1String("BitSize"), fromText<storeUint<&DataTypeSubItem::BitSize>>},
-    ElementRule<DataTypeSubItem>{QLatin1String("BitOffs"), fromText<storeUint<&DataTypeSubItem::BitOffs>>},
-    ElementRule<DataTypeSubItem>{QLatin1String("Flags"), readFlags<&DataTypeSubItem::flag>},
+    child("SubIdx", storeUint<&DataTypeSubItem::SubIdx>), // sub-index
+    child("Name", storeText<&DataTypeSubItem::Name>),
+    child("Type", storeText<&DataTypeSubItem::Type>), // name of a data type
+    child("BitSize", storeUint<&DataTypeSubItem::BitSize>),
+    child("BitOffs", storeUint<&DataTypeSubItem::BitOffs>), // from the start of the record
+    child("Flags", readFlags<&DataTypeSubItem::flag>),
 };
 
 const std::array arrayInfoRules{
-    ElementRule<ArrayInfo>{QLatin1String("LBound"), fromText<storeUint<&ArrayInfo::LBound>>},
-    ElementRule<ArrayInfo>{QLatin1String("Elements"), fromText<storeUint<&ArrayInfo::Elements>>},
+    child("LBound", storeUint<&ArrayInfo::LBound>),
+    child("Elements", storeUint<&ArrayInfo::Elements>),
 };
 
 const std::array enumInfoRules{
-    ElementRule<EnumInfo>{QLatin1String("Name"), fromText<storeText<&EnumInfo::Name>>},
-    ElementRule<EnumInfo>{QLatin1String("Comment"), fromText<storeText<&EnumInfo::Comment>>},
-    ElementRule<EnumInfo>{QLatin1String("Enum"), fromText<storeUint<&EnumInfo::Enum>>},
+    child("Name", storeText<&EnumInfo::Name>),
+    child("Comment", storeText<&EnumInfo::Comment>),
+    child("Enum", storeUint<&EnumInfo::Enum>),
 };
 
 void appendTypeSubItem(struct_DataTypes& to, const QDomElement& element)
@@ -72,12 +72,12 @@ void appendEnumInfo(struct_DataTypes& to, const QDomElement& element)
 }
 
 const std::array dataTypeRules{
-    ElementRule<struct_DataTypes>{QLatin1String("Name"), fromText<storeText<&struct_DataTypes::Name>>},
-    ElementRule<struct_DataTypes>{QLatin1String("BaseType"), fromText<storeText<&struct_DataTypes::BaseType>>},
-    ElementRule<struct_DataTypes>{QLatin1String("BitSize"), fromText<storeUint<&struct_DataTypes::BitSize>>},
-    ElementRule<struct_DataTypes>{QLatin1String("SubItem"), appendTypeSubItem},
-    ElementRule<struct_DataTypes>{QLatin1String("ArrayInfo"), appendArrayInfo},
-    ElementRule<struct_DataTypes>{QLatin1String("EnumInfo"), appendEnumInfo},
+    child("Name", storeText<&struct_DataTypes::Name>),
+    child("BaseType", storeText<&struct_DataTypes::BaseType>),
+    child("BitSize", storeUint<&struct_DataTypes::BitSize>),
+    child("SubItem", appendTypeSubItem),
+    child("ArrayInfo", appendArrayInfo),
+    child("EnumInfo", appendEnumInfo),
 };
 
 // ---- Objects ----
@@ -116,9 +116,9 @@ template<auto Limit> void storeLimit(SubItemBeingRead& to, const QString& value)
 // for all three. Pinned by tst_Objects::limits.
 // Sub-items do not nest: there is no row for a sub-item in a sub-item (tst_Objects::nestedSubItem).
 const std::array subItemInfoRules{
-    ElementRule<SubItemBeingRead>{QLatin1String("DefaultData"), fromText<storeSubItemDefault>},
-    ElementRule<SubItemBeingRead>{QLatin1String("MinData"), fromText<storeLimit<&struct_ObjectInfo::MinData>>},
-    ElementRule<SubItemBeingRead>{QLatin1String("MaxData"), fromText<storeLimit<&struct_ObjectInfo::MaxData>>},
+    child("DefaultData", storeSubItemDefault),
+    child("MinData", storeLimit<&struct_ObjectInfo::MinData>),
+    child("MaxData", storeLimit<&struct_ObjectInfo::MaxData>),
 };
 
 void readSubItemInfo(SubItemBeingRead& to, const QDomElement& element)
@@ -132,8 +132,8 @@ void storeSubItemName(SubItemBeingRead& to, const QString& value)
 }
 
 const std::array subItemRules{
-    ElementRule<SubItemBeingRead>{QLatin1String("Name"), fromText<storeSubItemName>},
-    ElementRule<SubItemBeingRead>{QLatin1String("Info"), readSubItemInfo},
+    child("Name", storeSubItemName),
+    child("Info", readSubItemInfo),
 };
 
 void appendSubItem(struct_Object& object, const QDomElement& element)
@@ -150,8 +150,8 @@ void storeObjectDefault(struct_Object& object, const QString& value)
 // ODD, KEPT: the limits of an object itself are not read, only those of its sub-items, where one would expect both.
 // They are written and shown all the same, as 0. Pinned by tst_Objects::limitsOfTheObject.
 const std::array objectInfoRules{
-    ElementRule<struct_Object>{QLatin1String("SubItem"), appendSubItem},
-    ElementRule<struct_Object>{QLatin1String("DefaultData"), fromText<storeObjectDefault>},
+    child("SubItem", appendSubItem),
+    child("DefaultData", storeObjectDefault),
 };
 
 void readObjectInfo(struct_Object& object, const QDomElement& element)
@@ -160,13 +160,13 @@ void readObjectInfo(struct_Object& object, const QDomElement& element)
 }
 
 const std::array objectRules{
-    ElementRule<struct_Object>{QLatin1String("Index"), fromText<storeUint<&struct_Object::index>>},
-    ElementRule<struct_Object>{QLatin1String("Name"), fromText<storeText<&struct_Object::Name>>},
-    ElementRule<struct_Object>{QLatin1String("Type"), fromText<storeText<&struct_Object::Type>>},
-    ElementRule<struct_Object>{QLatin1String("BitSize"), fromText<storeUint<&struct_Object::BitSize>>},
-    ElementRule<struct_Object>{QLatin1String("Comment"), fromText<storeText<&struct_Object::Comment>>},
-    ElementRule<struct_Object>{QLatin1String("Info"), readObjectInfo},
-    ElementRule<struct_Object>{QLatin1String("Flags"), readFlags<&struct_Object::flags>},
+    child("Index", storeUint<&struct_Object::index>),
+    child("Name", storeText<&struct_Object::Name>),
+    child("Type", storeText<&struct_Object::Type>), // decides how the defaults after it are read
+    child("BitSize", storeUint<&struct_Object::BitSize>),
+    child("Comment", storeText<&struct_Object::Comment>),
+    child("Info", readObjectInfo),
+    child("Flags", readFlags<&struct_Object::flags>),
 };
 
 // ---- Lists of either ----

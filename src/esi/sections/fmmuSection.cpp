@@ -16,9 +16,9 @@ void storeOpOnly(Struct_Fmmu& to, const QString& value)
 }
 
 const std::array fmmuRules{
-    AttributeRule<Struct_Fmmu>{QLatin1String("OpOnly"), storeOpOnly},
-    AttributeRule<Struct_Fmmu>{QLatin1String("Sm"), storeUint<&Struct_Fmmu::m_Sm>},
-    AttributeRule<Struct_Fmmu>{QLatin1String("Su"), storeUint<&Struct_Fmmu::m_Su>},
+    attribute("OpOnly", storeOpOnly),
+    attribute("Sm", storeUint<&Struct_Fmmu::m_Sm>),
+    attribute("Su", storeUint<&Struct_Fmmu::m_Su>),
 };
 
 } // namespace

@@ -24,11 +24,11 @@ template<typename Command> void storeInitCmdData(Command& to, const QString& val
 /// Children of an `InitCmd` element. A command has one transition; ESI allows several `Transition` elements, and the
 /// last one wins. The sub-index is cut to the width of its field, 8 bits in a device and 16 in a module.
 /// @tparam ReadIndex  the one row that differs: in a module the index has attributes
-template<typename Command, void (*ReadIndex)(Command& to, const QDomElement& element)>
+template<typename Command, auto ReadIndex>
 const std::array initCmdRules{
-    ElementRule<Command>{QLatin1String("Transition"), fromText<storeToken<&Command::Transition>>},
-    ElementRule<Command>{QLatin1String("Index"), ReadIndex},
-    ElementRule<Command>{QLatin1String("SubIndex"), fromText<storeUint<&Command::SubIndex>>},
-    ElementRule<Command>{QLatin1String("Data"), fromText<storeInitCmdData<Command>>},
-    ElementRule<Command>{QLatin1String("Comment"), fromText<storeText<&Command::Comment>>},
+    child("Transition", storeToken<&Command::Transition>), // of several the last one wins
+    child("Index", ReadIndex),
+    child("SubIndex", storeUint<&Command::SubIndex>),
+    child("Data", storeInitCmdData<Command>),
+    child("Comment", storeText<&Command::Comment>),
 };

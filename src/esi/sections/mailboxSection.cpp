@@ -10,31 +10,31 @@
 namespace {
 
 const std::array eoeRules{
-    AttributeRule<EoeAttributes>{QLatin1String("IP"), storeBool<&EoeAttributes::IP>},
-    AttributeRule<EoeAttributes>{QLatin1String("MAC"), storeBool<&EoeAttributes::MAC>},
+    attribute("IP", storeBool<&EoeAttributes::IP>),
+    attribute("MAC", storeBool<&EoeAttributes::MAC>),
 };
 
 // ODD, KEPT: there is no row for `CompleteAccess`, where one would expect it to be read like the other attributes. So
 // nothing that is generated for a device as loaded is a complete access. Pinned by
 // tst_MailboxSection::completeAccessIsNeverRead.
 const std::array coeRules{
-    AttributeRule<CoeAttributes>{QLatin1String("SdoInfo"), storeBool<&CoeAttributes::SdoInfo>},
-    AttributeRule<CoeAttributes>{QLatin1String("PdoAssign"), storeBool<&CoeAttributes::PdoAssign>},
-    AttributeRule<CoeAttributes>{QLatin1String("PdoUpload"), storeBool<&CoeAttributes::PdoUpload>},
-    AttributeRule<CoeAttributes>{QLatin1String("PdoConfig"), storeBool<&CoeAttributes::PdoConfig>},
-    AttributeRule<CoeAttributes>{QLatin1String("SegmentedSdo"), storeBool<&CoeAttributes::SegmentedSdo>},
-    AttributeRule<CoeAttributes>{QLatin1String("DiagHistory"), storeBool<&CoeAttributes::DiagHistory>},
+    attribute("SdoInfo", storeBool<&CoeAttributes::SdoInfo>),
+    attribute("PdoAssign", storeBool<&CoeAttributes::PdoAssign>),
+    attribute("PdoUpload", storeBool<&CoeAttributes::PdoUpload>),
+    attribute("PdoConfig", storeBool<&CoeAttributes::PdoConfig>),
+    attribute("SegmentedSdo", storeBool<&CoeAttributes::SegmentedSdo>),
+    attribute("DiagHistory", storeBool<&CoeAttributes::DiagHistory>),
 };
 
 void appendInitCmd(DeviceCoe& coe, const QDomElement& element)
 {
     struct_InitCmd command;
-    readChildren(element, initCmdRules<struct_InitCmd, fromText<storeUint<&struct_InitCmd::Index>>>, command);
+    readChildren(element, initCmdRules<struct_InitCmd, storeUint<&struct_InitCmd::Index>>, command);
     coe.InitCmd.vinitcmd.push_back(std::move(command));
 }
 
 const std::array coeChildRules{
-    ElementRule<DeviceCoe>{QLatin1String("InitCmd"), appendInitCmd},
+    child("InitCmd", appendInitCmd),
 };
 
 void readEoe(DeviceMailbox& mailbox, const QDomElement& element)
@@ -49,8 +49,8 @@ void readCoe(DeviceMailbox& mailbox, const QDomElement& element)
 }
 
 const std::array protocolRules{
-    ElementRule<DeviceMailbox>{QLatin1String("EoE"), readEoe},
-    ElementRule<DeviceMailbox>{QLatin1String("CoE"), readCoe},
+    child("EoE", readEoe),
+    child("CoE", readCoe),
 };
 
 } // namespace

@@ -12,14 +12,12 @@ namespace {
 // ---- Identity ----
 
 const std::array typeRules{
-    AttributeRule<ModuleTypeAttributes>{QLatin1String("ModuleIdent"), storeUint<&ModuleTypeAttributes::ModuleIdent>},
-    AttributeRule<ModuleTypeAttributes>{QLatin1String("ModuleClass"), storeText<&ModuleTypeAttributes::ModuleClass>},
-    AttributeRule<ModuleTypeAttributes>{QLatin1String("ModulePdoGroup"),
-                                        storeUint<&ModuleTypeAttributes::ModulePdoGroup>},
+    attribute("ModuleIdent", storeUint<&ModuleTypeAttributes::ModuleIdent>),
+    attribute("ModuleClass", storeText<&ModuleTypeAttributes::ModuleClass>),
+    attribute("ModulePdoGroup", storeUint<&ModuleTypeAttributes::ModulePdoGroup>),
     // ODD, KEPT: the attribute is read by this name only, where one would expect "SRA_ParameterSupported". Pinned by
     // tst_ModuleSection::typeNamesAreExact.
-    AttributeRule<ModuleTypeAttributes>{QLatin1String("SRA_ParamterSupported"),
-                                        storeBool<&ModuleTypeAttributes::SRA_ParamterSupported>},
+    attribute("SRA_ParamterSupported", storeBool<&ModuleTypeAttributes::SRA_ParamterSupported>),
 };
 
 void readType(struct_module& module, const QDomElement& element)
@@ -33,8 +31,8 @@ void readType(struct_module& module, const QDomElement& element)
 /// @tparam GroupFlag  the field of "DependOnSlotGroup", which an entry's index calls differently
 template<auto GroupFlag>
 const std::array indexRules{
-    AttributeRule<RecordOf<GroupFlag>>{QLatin1String("DependOnSlot"), storeBool<&RecordOf<GroupFlag>::DependOnSlot>},
-    AttributeRule<RecordOf<GroupFlag>>{QLatin1String("DependOnSlotGroup"), storeBool<GroupFlag>},
+    attribute("DependOnSlot", storeBool<&RecordOf<GroupFlag>::DependOnSlot>),
+    attribute("DependOnSlotGroup", storeBool<GroupFlag>),
 };
 
 /// Reads an `Index` element of a PDO, an entry or a startup command.
@@ -47,34 +45,28 @@ template<auto GroupFlag, typename Owner> void readIndex(Owner& to, const QDomEle
 // ---- PDOs ----
 
 const std::array pdoAttributeRules{
-    AttributeRule<ModulePdoAttributes>{QLatin1String("Fixed"), storeBool<&ModulePdoAttributes::Fixed>},
-    AttributeRule<ModulePdoAttributes>{QLatin1String("Sm"), storeUint<&ModulePdoAttributes::SM>},
-    AttributeRule<ModulePdoAttributes>{QLatin1String("Mandatory"), storeBool<&ModulePdoAttributes::Mandatory>},
+    attribute("Fixed", storeBool<&ModulePdoAttributes::Fixed>),
+    attribute("Sm", storeUint<&ModulePdoAttributes::SM>),
+    attribute("Mandatory", storeBool<&ModulePdoAttributes::Mandatory>),
     // "Su" on the PDO of a module, while the PDO of a device has "SU": vendors' files follow the two schemas.
-    AttributeRule<ModulePdoAttributes>{QLatin1String("Su"), storeUint<&ModulePdoAttributes::SU>},
+    attribute("Su", storeUint<&ModulePdoAttributes::SU>),
 };
-
-using Entry = BeingRead<struct_moduleEntry>;
 
 // ODD, KEPT: an entry takes its last name even if it is empty, while a PDO keeps the last one that has a text; on the
 // PDOs of devices it is the other way round. One would expect one rule for all. Pinned by tst_ModulePdos::names.
 const std::array entryRules{
-    ElementRule<Entry>{QLatin1String("Index"),
-                       recordFromElement<readIndex<&ModuleEntryIndex::m_DependOnSlotGroup, struct_moduleEntry>>},
-    ElementRule<Entry>{QLatin1String("SubIndex"), recordFromText<storeUint<&struct_moduleEntry::SubIndex>>},
-    ElementRule<Entry>{QLatin1String("BitLen"), fromText<storeBitLength<&struct_moduleEntry::BitLen>>},
-    ElementRule<Entry>{QLatin1String("Name"), recordFromText<storeText<&struct_moduleEntry::Name>>},
-    ElementRule<Entry>{QLatin1String("DataType"), recordFromText<storeText<&struct_moduleEntry::DataType>>},
-    ElementRule<Entry>{QLatin1String("Comment"), recordFromText<storeText<&struct_moduleEntry::Comment>>},
+    child("Index", ofRecord<readIndex<&ModuleEntryIndex::m_DependOnSlotGroup, struct_moduleEntry>>),
+    child("SubIndex", ofRecord<storeUint<&struct_moduleEntry::SubIndex>>),
+    child("BitLen", storeBitLength<&struct_moduleEntry::BitLen>),
+    child("Name", ofRecord<storeText<&struct_moduleEntry::Name>>),
+    child("DataType", ofRecord<storeText<&struct_moduleEntry::DataType>>),
+    child("Comment", ofRecord<storeText<&struct_moduleEntry::Comment>>),
 };
 
-using Pdo = BeingRead<modulePdo>;
-
 const std::array pdoRules{
-    ElementRule<Pdo>{QLatin1String("Index"),
-                     recordFromElement<readIndex<&ModulePdoIndex::DependOnSlotGroup, modulePdo>>},
-    ElementRule<Pdo>{QLatin1String("Name"), recordFromText<storeTextIfAny<&modulePdo::Name>>},
-    ElementRule<Pdo>{QLatin1String("Entry"), appendEntry<struct_moduleEntry, entryRules>},
+    child("Index", ofRecord<readIndex<&ModulePdoIndex::DependOnSlotGroup, modulePdo>>),
+    child("Name", ofRecord<storeTextIfAny<&modulePdo::Name>>),
+    child("Entry", appendEntry<modulePdo, struct_moduleEntry, entryRules>),
 };
 
 template<auto Direction> void appendPdo(struct_module& module, const QDomElement& element)
@@ -102,8 +94,8 @@ void readMailbox(struct_module& module, const QDomElement& element)
 // ---- Profile: the number is directly in it; the channels of a modular drive are those of its device ----
 
 const std::array dictionaryRules{
-    ElementRule<struct_module>{QLatin1String("DataTypes"), bySection<read_device_moduleDataTypes>},
-    ElementRule<struct_module>{QLatin1String("Objects"), bySection<read_device_moduleObjects>},
+    child("DataTypes", bySection<read_device_moduleDataTypes>),
+    child("Objects", bySection<read_device_moduleObjects>),
 };
 
 void readDictionary(struct_module& module, const QDomElement& element)
@@ -112,8 +104,8 @@ void readDictionary(struct_module& module, const QDomElement& element)
 }
 
 const std::array profileRules{
-    ElementRule<struct_module>{QLatin1String("Dictionary"), readDictionary},
-    ElementRule<struct_module>{QLatin1String("ProfileNo"), fromText<storeUint<&struct_module::m_profileNO>>},
+    child("Dictionary", readDictionary),
+    child("ProfileNo", storeUint<&struct_module::m_profileNO>),
 };
 
 void readProfile(struct_module& module, const QDomElement& element)
@@ -122,12 +114,12 @@ void readProfile(struct_module& module, const QDomElement& element)
 }
 
 const std::array moduleRules{
-    ElementRule<struct_module>{QLatin1String("Type"), readType},
-    ElementRule<struct_module>{QLatin1String("Name"), fromText<storeText<&struct_module::Name>>},
-    ElementRule<struct_module>{QLatin1String("TxPdo"), appendPdo<&struct_module::TxPdo>},
-    ElementRule<struct_module>{QLatin1String("RxPdo"), appendPdo<&struct_module::RxPdo>},
-    ElementRule<struct_module>{QLatin1String("Mailbox"), readMailbox},
-    ElementRule<struct_module>{QLatin1String("Profile"), readProfile},
+    child("Type", readType),
+    child("Name", storeText<&struct_module::Name>),
+    child("TxPdo", appendPdo<&struct_module::TxPdo>),
+    child("RxPdo", appendPdo<&struct_module::RxPdo>),
+    child("Mailbox", readMailbox),
+    child("Profile", readProfile),
 };
 
 } // namespace

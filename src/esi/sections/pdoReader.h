@@ -20,17 +20,18 @@ template<typename Record> struct BeingRead
     std::int32_t bits = 0; ///< running total of the PDO, with the lengths of this entry that have been read
 };
 
-/// Makes a rule for a record being read out of one for the record and the text of the element.
-template<auto Store, typename Record> void recordFromText(BeingRead<Record>& to, const QDomElement& element)
+template<auto Rule, typename Record, typename Source> void applyToRecord(BeingRead<Record>& to, const Source& source)
 {
-    Store(to.record, textOf(element));
+    Rule(to.record, source);
 }
 
-/// Makes a rule for a record being read out of one for the record and the element.
-template<auto Read, typename Record> void recordFromElement(BeingRead<Record>& to, const QDomElement& element)
+template<auto Rule, typename Record, typename Source> constexpr auto ruleOfRecord(void (*)(Record&, const Source&))
 {
-    Read(to.record, element);
+    return &applyToRecord<Rule, Record, Source>;
 }
+
+/// Makes a rule for a record being read out of one for the record.
+template<auto Rule> inline constexpr auto ofRecord = ruleOfRecord<Rule>(Rule);
 
 /// Stores the length of an entry and counts it for the PDO; a length that occurs twice counts twice.
 template<auto BitLength> void storeBitLength(BeingRead<RecordOf<BitLength>>& to, const QString& value)
@@ -41,7 +42,7 @@ template<auto BitLength> void storeBitLength(BeingRead<RecordOf<BitLength>>& to,
 
 /// Appends one entry, which has its place where the entries before it end.
 /// @tparam EntryRules  the table of the entry's children
-template<typename Entry, const auto& EntryRules, typename Pdo>
+template<typename Pdo, typename Entry, const auto& EntryRules>
 void appendEntry(BeingRead<Pdo>& to, const QDomElement& element)
 {
     BeingRead<Entry> reading;

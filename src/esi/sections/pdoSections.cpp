@@ -9,29 +9,26 @@
 namespace {
 
 const std::array pdoAttributeRules{
-    AttributeRule<PdoAttributes>{QLatin1String("Sm"), storeUint<&PdoAttributes::SM>},
-    AttributeRule<PdoAttributes>{QLatin1String("Mandatory"), storeBool<&PdoAttributes::Mandatory>},
-    AttributeRule<PdoAttributes>{QLatin1String("Fixed"), storeBool<&PdoAttributes::Fixed>},
+    attribute("Sm", storeUint<&PdoAttributes::SM>),
+    attribute("Mandatory", storeBool<&PdoAttributes::Mandatory>),
+    attribute("Fixed", storeBool<&PdoAttributes::Fixed>),
     // "SU" on the PDO of a device, while the PDO of a module has "Su": vendors' files follow the two schemas.
-    AttributeRule<PdoAttributes>{QLatin1String("SU"), storeUint<&PdoAttributes::SU>},
-    AttributeRule<PdoAttributes>{QLatin1String("OSFac"), storeUint<&PdoAttributes::m_OSFac>},
-    AttributeRule<PdoAttributes>{QLatin1String("OSMin"), storeUint<&PdoAttributes::m_OSMin>},
-    AttributeRule<PdoAttributes>{QLatin1String("OSMax"), storeUint<&PdoAttributes::m_OSMax>},
-    AttributeRule<PdoAttributes>{QLatin1String("OSIndexInc"), storeUint<&PdoAttributes::m_OSIndexInc>},
+    attribute("SU", storeUint<&PdoAttributes::SU>),
+    attribute("OSFac", storeUint<&PdoAttributes::m_OSFac>),
+    attribute("OSMin", storeUint<&PdoAttributes::m_OSMin>),
+    attribute("OSMax", storeUint<&PdoAttributes::m_OSMax>),
+    attribute("OSIndexInc", storeUint<&PdoAttributes::m_OSIndexInc>),
 };
 
-using DevicePdo = BeingRead<struct_PDOList>;
-using DeviceEntry = BeingRead<struct_EntryPDOContent>;
-
 // ODD, KEPT: an entry keeps its last name that has a text, while a PDO takes the last name even if it is empty; on the
-// PDOs of modules it is the other way round. One would expect one rule for all. Pinned by tst_DevicePdoEntries::entryName,
-// tst_PdoSections::pdoName and tst_ModulePdos::names.
+// PDOs of modules it is the other way round. One would expect one rule for all. Pinned by
+// tst_DevicePdoEntries::entryName, tst_PdoSections::pdoName and tst_ModulePdos::names.
 const std::array entryRules{
-    ElementRule<DeviceEntry>{QLatin1String("Index"), recordFromText<storeUint<&struct_EntryPDOContent::Index>>},
-    ElementRule<DeviceEntry>{QLatin1String("SubIndex"), recordFromText<storeUint<&struct_EntryPDOContent::SubIndex>>},
-    ElementRule<DeviceEntry>{QLatin1String("BitLen"), fromText<storeBitLength<&struct_EntryPDOContent::Bitlen>>},
-    ElementRule<DeviceEntry>{QLatin1String("Name"), recordFromText<storeTextIfAny<&struct_EntryPDOContent::Name>>},
-    ElementRule<DeviceEntry>{QLatin1String("DataType"), recordFromText<storeText<&struct_EntryPDOContent::DataType>>},
+    child("Index", ofRecord<storeUint<&struct_EntryPDOContent::Index>>),
+    child("SubIndex", ofRecord<storeUint<&struct_EntryPDOContent::SubIndex>>),
+    child("BitLen", storeBitLength<&struct_EntryPDOContent::Bitlen>),
+    child("Name", ofRecord<storeTextIfAny<&struct_EntryPDOContent::Name>>),
+    child("DataType", ofRecord<storeText<&struct_EntryPDOContent::DataType>>),
 };
 
 void storeIndex(struct_PDOList& to, const QString& value)
@@ -40,9 +37,9 @@ void storeIndex(struct_PDOList& to, const QString& value)
 }
 
 const std::array pdoRules{
-    ElementRule<DevicePdo>{QLatin1String("Index"), recordFromText<storeIndex>},
-    ElementRule<DevicePdo>{QLatin1String("Name"), recordFromText<storeText<&struct_PDOList::Name>>},
-    ElementRule<DevicePdo>{QLatin1String("Entry"), appendEntry<struct_EntryPDOContent, entryRules>},
+    child("Index", ofRecord<storeIndex>),
+    child("Name", ofRecord<storeText<&struct_PDOList::Name>>),
+    child("Entry", appendEntry<struct_PDOList, struct_EntryPDOContent, entryRules>),
 };
 
 } // namespace

@@ -8,11 +8,10 @@
 namespace {
 
 const std::array typeRules{
-    AttributeRule<DeviceTypeAttributes>{QLatin1String("ProductCode"), storeUint<&DeviceTypeAttributes::Product_Code>},
-    AttributeRule<DeviceTypeAttributes>{QLatin1String("RevisionNo"), storeUint<&DeviceTypeAttributes::Revision_No>},
-    AttributeRule<DeviceTypeAttributes>{QLatin1String("SerialNo"), storeUint<&DeviceTypeAttributes::Serial_No>},
-    AttributeRule<DeviceTypeAttributes>{QLatin1String("CheckProductCode"),
-                                        storeToken<&DeviceTypeAttributes::CheckProductCode>},
+    attribute("ProductCode", storeUint<&DeviceTypeAttributes::Product_Code>),
+    attribute("RevisionNo", storeUint<&DeviceTypeAttributes::Revision_No>),
+    attribute("SerialNo", storeUint<&DeviceTypeAttributes::Serial_No>),
+    attribute("CheckProductCode", storeToken<&DeviceTypeAttributes::CheckProductCode>),
 };
 
 } // namespace

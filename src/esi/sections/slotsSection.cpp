@@ -14,23 +14,16 @@
 namespace {
 
 const std::array slotsRules{
-    AttributeRule<SlotsAttributes>{QLatin1String("DownloadModuleIdentList"),
-                                   storeBool<&SlotsAttributes::DownloadModuleIdentList>},
-    AttributeRule<SlotsAttributes>{QLatin1String("DownloadModuleAddressList"),
-                                   storeBool<&SlotsAttributes::DownloadModuleAddressList>},
-    AttributeRule<SlotsAttributes>{QLatin1String("SlotIndexIncrement"),
-                                   storeUint<&SlotsAttributes::SlotIndexIncrement>},
-    AttributeRule<SlotsAttributes>{QLatin1String("SlotPdoIncrement"), storeUint<&SlotsAttributes::SlotPdoIncrement>},
-    AttributeRule<SlotsAttributes>{QLatin1String("IdentifyModuleBy"), storeText<&SlotsAttributes::IdentifyModuleBy>},
-    AttributeRule<SlotsAttributes>{QLatin1String("DownloadModuleListTransition"),
-                                   storeToken<&SlotsAttributes::m_DownloadModuleListTransition>},
-    AttributeRule<SlotsAttributes>{QLatin1String("MaxSlotCount"), storeUint<&SlotsAttributes::m_MaxSlotCount>},
-    AttributeRule<SlotsAttributes>{QLatin1String("MaxSlotGroupCount"),
-                                   storeUint<&SlotsAttributes::m_MaxSlotGroupCount>},
-    AttributeRule<SlotsAttributes>{QLatin1String("SlotGroupIndexIncrement"),
-                                   storeUint<&SlotsAttributes::m_SlotGroupIndexIncrement>},
-    AttributeRule<SlotsAttributes>{QLatin1String("SlotGroupPdoIncrement"),
-                                   storeUint<&SlotsAttributes::m_SlotGroupPdoIncrement>},
+    attribute("DownloadModuleIdentList", storeBool<&SlotsAttributes::DownloadModuleIdentList>),
+    attribute("DownloadModuleAddressList", storeBool<&SlotsAttributes::DownloadModuleAddressList>),
+    attribute("SlotIndexIncrement", storeUint<&SlotsAttributes::SlotIndexIncrement>),
+    attribute("SlotPdoIncrement", storeUint<&SlotsAttributes::SlotPdoIncrement>),
+    attribute("IdentifyModuleBy", storeText<&SlotsAttributes::IdentifyModuleBy>),
+    attribute("DownloadModuleListTransition", storeToken<&SlotsAttributes::m_DownloadModuleListTransition>),
+    attribute("MaxSlotCount", storeUint<&SlotsAttributes::m_MaxSlotCount>),
+    attribute("MaxSlotGroupCount", storeUint<&SlotsAttributes::m_MaxSlotGroupCount>),
+    attribute("SlotGroupIndexIncrement", storeUint<&SlotsAttributes::m_SlotGroupIndexIncrement>),
+    attribute("SlotGroupPdoIncrement", storeUint<&SlotsAttributes::m_SlotGroupPdoIncrement>),
 };
 
 void storeMaxInstances(SlotAttributes& to, const QString& value)
@@ -40,15 +33,13 @@ void storeMaxInstances(SlotAttributes& to, const QString& value)
 }
 
 const std::array slotRules{
-    AttributeRule<SlotAttributes>{QLatin1String("MinInstances"), storeUint<&SlotAttributes::MinInstances>},
-    AttributeRule<SlotAttributes>{QLatin1String("MaxInstances"), storeMaxInstances},
-    AttributeRule<SlotAttributes>{QLatin1String("SlotPdoIncrement"), storeUint<&SlotAttributes::SlotPdoIncrement>},
-    AttributeRule<SlotAttributes>{QLatin1String("SlotIndexIncrement"), storeUint<&SlotAttributes::SlotIndexIncrement>},
-    AttributeRule<SlotAttributes>{QLatin1String("SlotGroup"), storeUint<&SlotAttributes::m_SlotGroup>},
-    AttributeRule<SlotAttributes>{QLatin1String("SlotGroupIndexIncrement"),
-                                  storeUint<&SlotAttributes::m_SlotGroupIndexIncrement>},
-    AttributeRule<SlotAttributes>{QLatin1String("SlotGroupPdoIncrement"),
-                                  storeUint<&SlotAttributes::m_SlotGroupPdoIncrement>},
+    attribute("MinInstances", storeUint<&SlotAttributes::MinInstances>),
+    attribute("MaxInstances", storeMaxInstances),
+    attribute("SlotPdoIncrement", storeUint<&SlotAttributes::SlotPdoIncrement>),
+    attribute("SlotIndexIncrement", storeUint<&SlotAttributes::SlotIndexIncrement>),
+    attribute("SlotGroup", storeUint<&SlotAttributes::m_SlotGroup>),
+    attribute("SlotGroupIndexIncrement", storeUint<&SlotAttributes::m_SlotGroupIndexIncrement>),
+    attribute("SlotGroupPdoIncrement", storeUint<&SlotAttributes::m_SlotGroupPdoIncrement>),
 };
 
 /// ODD, KEPT: each child node makes a record of its own, so a class with a `Class` and a `Name` gives two records with
@@ -79,9 +70,9 @@ void appendModuleIdents(struct_Slot& slot, const QDomElement& element)
 }
 
 const std::array slotChildRules{
-    ElementRule<struct_Slot>{QLatin1String("Name"), fromText<storeText<&struct_Slot::Name>>},
-    ElementRule<struct_Slot>{QLatin1String("ModuleClass"), appendModuleClasses},
-    ElementRule<struct_Slot>{QLatin1String("ModuleIdent"), appendModuleIdents},
+    child("Name", storeText<&struct_Slot::Name>),
+    child("ModuleClass", appendModuleClasses),
+    child("ModuleIdent", appendModuleIdents),
 };
 
 struct_Slot slotFrom(const QDomElement& element, const SlotsAttributes& defaults)

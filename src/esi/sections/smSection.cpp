@@ -11,13 +11,13 @@
 namespace {
 
 const std::array smRules{
-    AttributeRule<SmAttributes>{QLatin1String("DefaultSize"), storeUint<&SmAttributes::DefaultSize>},
-    AttributeRule<SmAttributes>{QLatin1String("StartAddress"), storeUint<&SmAttributes::StartAddress>},
-    AttributeRule<SmAttributes>{QLatin1String("MinSize"), storeUint<&SmAttributes::MinSize>},
-    AttributeRule<SmAttributes>{QLatin1String("MaxSize"), storeUint<&SmAttributes::MaxSize>},
-    AttributeRule<SmAttributes>{QLatin1String("ControlByte"), storeUint<&SmAttributes::ControlByte>},
-    AttributeRule<SmAttributes>{QLatin1String("Enable"), storeUint<&SmAttributes::Enable>},
-    AttributeRule<SmAttributes>{QLatin1String("Virtual"), storeUint<&SmAttributes::m_Virtual>},
+    attribute("DefaultSize", storeUint<&SmAttributes::DefaultSize>),
+    attribute("StartAddress", storeUint<&SmAttributes::StartAddress>),
+    attribute("MinSize", storeUint<&SmAttributes::MinSize>),
+    attribute("MaxSize", storeUint<&SmAttributes::MaxSize>),
+    attribute("ControlByte", storeUint<&SmAttributes::ControlByte>),
+    attribute("Enable", storeUint<&SmAttributes::Enable>),
+    attribute("Virtual", storeUint<&SmAttributes::m_Virtual>),
 };
 
 } // namespace
