@@ -51,7 +51,7 @@ static struct_EtherCatDevice couplerWithModuleList(const std::string& name)
 void tst_GeneralTab::show(const std::vector<struct_EtherCatDevice>& devices)
 {
     DialogDriver driver({});
-    driver.during([&] { show(devices); });
+    driver.during([&] { TabFixture::show(devices); });
     QCOMPARE(driver.problem(), QString());
 }
 

@@ -89,7 +89,7 @@ void tst_SyncManagerViews::clickOnAFileEmptiesTheTables()
     show({device});
     QCOMPARE(fmmuView().model()->rowCount(), 2);
     clickDevice(-1);
-    for (const QTableView* view : {smView(), syncView(), fmmuView()})
+    for (const QTableView* view : {&smView(), &syncView(), &fmmuView()})
         QCOMPARE(view->model()->rowCount(), 0);
 }
 
@@ -242,8 +242,8 @@ void tst_SyncManagerViews::replyWithoutARowShowsNothing()
 
 void tst_SyncManagerViews::modelsKeepTheirContract()
 {
-    const auto testerOf = [](const QTableView* view) {
-        return std::make_unique<QAbstractItemModelTester>(view->model(),
+    const auto testerOf = [](const QTableView& view) {
+        return std::make_unique<QAbstractItemModelTester>(view.model(),
                                                           QAbstractItemModelTester::FailureReportingMode::QtTest);
     };
     const auto syncManagers = testerOf(smView());
