@@ -25,8 +25,8 @@ using DeviceSelection = std::function<bool(std::size_t file, std::size_t device)
 /// Writes the selected devices, in the order of the list, and one end item.
 /// @param piErrorCode  result of the last General item, 0 without a device; unchanged on failure
 /// @param exportTime   local time
-/// @return  false if a General item cannot be written: the run stops there
-/// @throws MissingSyncManager if a device lacks one that a PDO names: the run stops within it
+/// @return  false if a General item cannot be written: the run stops
+/// @throws MissingSyncManager if a device lacks one that a PDO names; it is then incomplete
 [[nodiscard]] bool writeDevices(std::FILE* out, std::vector<struct_FilenameDevice>& files,
                                 const DeviceSelection& isSelected, int* piErrorCode,
                                 const QDateTime& exportTime = QDateTime::currentDateTime());
@@ -65,8 +65,8 @@ void KTL_write_device_DcInfo(std::FILE* out, struct_EtherCatDevice* device);
 void KTL_write_device_RxPdoinfo(std::FILE* out, struct_EtherCatDevice* device);
 void KTL_write_device_TxPdoinfo(std::FILE* out, struct_EtherCatDevice* device); ///< as for output PDOs
 
-/// PDOs that modules bring into the device, as ordinary PDO items under the same conditions; nothing in the file tells
-/// the two kinds apart. For devices of class 2 and 4.
+/// PDOs that modules bring into the device, as ordinary PDO items under the same conditions; nothing in the file
+/// separates the two kinds. For devices of class 2 and 4.
 /// @throws std::out_of_range if a PDO names a sync manager that the device does not declare
 void KTL_write_device_AddModuleRPdo(std::FILE* out, struct_EtherCatDevice* device);
 void KTL_write_device_AddModuleTPdo(std::FILE* out, struct_EtherCatDevice* device); ///< as for output PDOs
@@ -136,9 +136,8 @@ str_Info KTL_get_device_objectmoduleInfo(struct_module* module, std::uint32_t in
 
 // ---- Text dump ----
 
-/// Writes the items of a KTL file as text, in hexadecimal words; at most `maxReadItems`. Words that the file does not
-/// hold are shown as 0, up to 65,536: a broken size may announce billions.
-/// @param ktl          read from its start
+/// Writes the items of a KTL file as text, from its start, in hexadecimal words; at most `maxReadItems`. Missing words
+/// are shown as 0, up to 65,536: a broken size may announce billions.
 /// @param piErrorCode  set to 0; may be null
 /// @return  false for a null file, and at an impossible head, after "Err para: ..."
 bool KTL_write_log_devices(std::FILE* log, std::FILE* ktl, int* piErrorCode);

@@ -21,6 +21,7 @@ private slots:
     static void success();
     static void pathIsStoredUnchanged();
     static void twice();
+    static void filesKnowNothingOfEachOther();
     static void crLfFile();
     static void prefixedFile();
     static void cannotOpen_data();
@@ -92,6 +93,37 @@ void tst_EsiFile::twice()
     const EsiLoadResult second = loaded(path);
     QCOMPARE(QString::fromStdString(second.file.device.at(0).Name), QStringLiteral("Drive"));
     QCOMPARE(QString::fromStdString(first.file.device.at(0).Name), QStringLiteral("changed"));
+}
+
+/// Two files whose slots take the module of ident 1 as default, of which the first declares it and the second does
+/// not. Each loads as if it were alone, before and after the other, and after one that fails half-way.
+void tst_EsiFile::filesKnowNothingOfEachOther()
+{
+    const QTemporaryDir folder;
+    const QByteArray device = "<Devices><Device><Name>Coupler</Name><Slots><Slot MaxInstances=\"1\">"
+                              "<ModuleIdent Default=\"1\">1</ModuleIdent></Slot></Slots>"
+                              "<Profile><ProfileNo>5001</ProfileNo></Profile></Device></Devices>";
+    const auto file = [&](const char* name, const QByteArray& modules) {
+        return writeFile(folder, QString::fromLatin1(name),
+                         "<EtherCATInfo><Vendor><Id>5</Id></Vendor><Descriptions>" + device + modules
+                             + "</Descriptions></EtherCATInfo>");
+    };
+    const QString with =
+        file("with.xml", "<Modules><Module><Type ModuleIdent=\"1\"/><Name>M</Name></Module></Modules>");
+    const QString without = file("without.xml", "");
+    const QString bad = writeFile(folder, QStringLiteral("bad.xml"), badSyncManager);
+    const auto modulesIn = [](const QString& path) {
+        const EsiLoadResult result = loaded(path);
+        return QStringLiteral("%1/%2")
+            .arg(result.file.vcommentmodule.size())
+            .arg(result.file.device.at(0).Slots.vslot.at(0).slotmodule.size());
+    };
+    QCOMPARE(modulesIn(without), QStringLiteral("0/0"));
+    QCOMPARE(modulesIn(with), QStringLiteral("1/1"));
+    QCOMPARE(modulesIn(without), QStringLiteral("0/0"));
+    QVERIFY_EXCEPTION_THROWN(static_cast<void>(loaded(bad)), std::out_of_range);
+    QCOMPARE(modulesIn(with), QStringLiteral("1/1"));
+    QCOMPARE(modulesIn(without), QStringLiteral("0/0"));
 }
 
 void tst_EsiFile::crLfFile()

@@ -112,8 +112,8 @@ void KTL_write_device_Objects(std::FILE* out, struct_EtherCatDevice* device)
     if (out == nullptr || device == nullptr)
         return;
     DictionaryWriter writer(out, device->Dictionary);
-    // ODD, KEPT: an index that nobody entered is 0, and an object of index 0 counts as the one that is meant, where one
-    // would expect 0 to mean none. Pinned by tst_DictionaryWriters::whichObjects.
+    // ODD, KEPT: an index that was not entered is 0, and an object of index 0 counts as the one that is meant, where
+    // one would expect 0 to mean none. Pinned by tst_DictionaryWriters::whichObjects.
     for (const struct_Object& object : device->Dictionary.vobject) {
         const bool isConfig = object.index == device->configindex;
         if (!isConfig && object.index != device->detectindex)

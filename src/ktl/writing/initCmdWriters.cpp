@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr std::size_t mostAccessBytes = 4096; // what the controller's buffer for complete accesses holds
+constexpr std::size_t maxAccessBytes = 4096; // what the controller's buffer for complete accesses holds
 
 template<typename Command> struct_KTL_InitCmd commandRecord(const Command& command)
 {
@@ -30,16 +30,14 @@ template<typename Command> std::size_t announcedAccessBytes(const std::vector<Co
 {
     std::size_t bytes = 0;
     for (const Command& command : commands)
-        if (command.bIfCA != 0 && command.DataBytes + bytes <= mostAccessBytes)
+        if (command.bIfCA != 0 && command.DataBytes + bytes <= maxAccessBytes)
             bytes += command.DataBytes;
     return bytes;
 }
 
 /// Adds the records of one list to the item and collects the values of its complete accesses.
-///
-/// ODD, KEPT: the limit is tested by the announced bytes, while each value adds four; one would expect it to be tested
-/// by the values. Where a list holds more values than it announces, the block is longer than the item says. A command
-/// that passes the limit keeps its complete-access mark without values. Pinned by
+/// ODD, KEPT: announced bytes are held against the limit, where one would expect the values, four bytes each. So a
+/// block can be longer than announced, and a command past the limit is a complete access without values. Pinned by
 /// tst_CompleteAccess::moreValuesThanAnnounced and tst_CompleteAccess::limitIsPassedInOneList.
 template<typename Command>
 void addCommands(ItemWriter& item, const std::vector<Command>& commands, std::vector<std::uint32_t>& accessValues)
@@ -47,10 +45,10 @@ void addCommands(ItemWriter& item, const std::vector<Command>& commands, std::ve
     for (const Command& command : commands) {
         item.add(commandRecord(command));
         const std::size_t filled = accessValues.size() * sizeof(std::uint32_t);
-        if (command.bIfCA == 0 || command.DataBytes + filled > mostAccessBytes)
+        if (command.bIfCA == 0 || command.DataBytes + filled > maxAccessBytes)
             continue;
         // Values that do not fit whole into the block are dropped.
-        const std::size_t room = (mostAccessBytes - filled) / sizeof(std::uint32_t);
+        const std::size_t room = (maxAccessBytes - filled) / sizeof(std::uint32_t);
         const auto values = static_cast<std::ptrdiff_t>(std::min(room, command.m_CADataList.size()));
         accessValues.insert(accessValues.end(), command.m_CADataList.begin(), command.m_CADataList.begin() + values);
     }

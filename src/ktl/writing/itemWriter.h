@@ -9,7 +9,7 @@
 #include <type_traits>
 #include <vector>
 
-/// What stands between the last record of an item and the size that the item announces. An item that is as long as
+/// What comes between the last record of an item and the size that the item announces. An item that is as long as
 /// announced, or longer, gets no fill, and its size stays as announced.
 enum class ItemFill
 {
@@ -20,14 +20,14 @@ enum class ItemFill
     Nothing, ///< the item stays as short as it is
 };
 
-/// Builds one item in memory and writes it with one call: the head, the records behind it, and the fill up to the size
+/// Builds one item in memory and writes it with one call: the head, the records after it, and the fill up to the size
 /// that the head announces.
 class ItemWriter
 {
 public:
     /// Starts the item with its head.
     /// @param head      record that begins with item type and item size, its fields final
-    /// @param headSize  bytes of `head` that stand in the file, see `headSizeOf`
+    /// @param headSize  bytes of `head` that are in the file, see `headSizeOf`
     template<typename Head>
     explicit ItemWriter(const Head& head, std::size_t headSize = sizeof(Head))
         : m_announcedSize(head.m_iSize)
@@ -58,7 +58,7 @@ private:
     std::vector<unsigned char> m_bytes;
 };
 
-/// Writes an item that is a list of records behind its head; the item's size follows from the records.
+/// Writes an item that is a list of records after its head; the item's size follows from the records.
 /// @param head      all fields but the size
 /// @param sources   what the records are made from, in order
 /// @param recordOf  the record of one source

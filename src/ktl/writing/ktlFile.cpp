@@ -30,7 +30,7 @@ std::string asTheSystemReads(const std::string& path)
 /// @return  why not everything that was written has reached the file; nothing if it has
 std::optional<std::string> closeWritten(FileHandle file)
 {
-    const bool wasClean = std::ferror(file.get()) == 0; // else errno still tells of the write that failed last
+    const bool wasClean = std::ferror(file.get()) == 0; // else errno is still that of the write that failed last
     const std::string earlier = wasClean ? std::string() : lastSystemError();
     const bool isFlushed = std::fclose(file.release()) == 0;
     if (!wasClean)
@@ -65,7 +65,7 @@ KtlSaveResult writeDump(const std::string& path)
     if (log == nullptr)
         return {KtlSaveStatus::CannotWriteDump, lastSystemError()};
     int errorCode = 0;
-    // The dump's own result is no failure of the export: it tells of items in front of an appended run.
+    // The dump's own result is no failure of the export: it is about items before an appended run.
     static_cast<void>(KTL_write_log_devices(log.get(), ktl.get(), &errorCode));
     ktl.reset();
     const std::optional<std::string> failure = closeWritten(std::move(log));

@@ -11,7 +11,7 @@
 enum class KtlSaveMode
 {
     Overwrite,
-    Append, ///< the run is added behind what the file holds
+    Append, ///< the run is added after what the file holds
 };
 
 /// How saving ended. All but the first leave something undone.
@@ -30,14 +30,13 @@ struct KtlSaveResult
     std::string reason; ///< why, in the words of the system or of the writer; may be empty
 };
 
-/// Path of the text dump of a KTL file: the same with ".txt" behind it.
+/// Path of the text dump of a KTL file: the same with ".txt" after it.
 [[nodiscard]] std::string dumpPathOf(const std::string& ktlPath);
 
-/// Writes a KTL file, closes it, opens it again and writes its dump from what stands on disk. Nothing is silently
-/// short: a disk that fills up shows at the latest when a file is closed, and counts as a failure.
-/// @param path      in the file system's encoding; it ends at its first zero byte
-/// @param writeRun  writes the items, as `KTL_write_devices` does with its result and error code; an out-of-range error
-///                  of its own counts as a failed write
+/// Writes a KTL file, closes it, opens it again and writes its dump from what is on disk. A full disk shows at
+/// the latest when a file is closed: a failure.
+/// @param path      in the file system's encoding, up to its first zero byte
+/// @param writeRun  writes the items as `KTL_write_devices` does; an out-of-range error is a failure
 [[nodiscard]] KtlSaveResult saveKtlFile(const std::string& path, KtlSaveMode mode,
                                         const std::function<bool(std::FILE* out, int* errorCode)>& writeRun);
 

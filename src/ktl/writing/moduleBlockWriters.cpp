@@ -15,7 +15,7 @@
 
 namespace {
 
-/// What tells the two directions of a module's entries apart.
+/// How the two directions of a module's entries differ.
 struct EntryDirection
 {
     ModulePdoList struct_module::*pdos;
@@ -147,8 +147,9 @@ struct_KTL_moduleStartupOne assignmentRecord(std::uint8_t syncManager, const mod
 
 /// Number of startup records that the item of a module announces.
 /// ODD, KEPT: one would expect those that follow. But mappings count if they are on a sync manager with process data,
-/// and follow if they have entries and there is no complete access: an item can announce more or fewer, or be missing. Pinned by tst_ModuleBlockStartup::fewerRecordsThanAnnounced,
-/// tst_ModuleBlockStartup::moreRecordsThanAnnounced and tst_ModuleBlockStartup::nothingAnnounced.
+/// and follow if they have entries and there is no complete access: an item can announce more or fewer, or be missing.
+/// Pinned by tst_ModuleBlockStartup::fewerRecordsThanAnnounced, tst_ModuleBlockStartup::moreRecordsThanAnnounced and
+/// tst_ModuleBlockStartup::nothingAnnounced.
 std::size_t announcedRecords(const StartupRules& rules, const struct_module& module)
 {
     constexpr std::size_t clearAndCount = 2; // around the entries of a mapping

@@ -17,7 +17,7 @@ class InfoText
 {
 public:
     /// Adds a string if the text stays below its limit with it. A string that does not fit is left out as a whole, and
-    /// so is everything behind it.
+    /// so is everything after it.
     /// @return  whether there may be room for more
     bool add(const std::string& piece)
     {
@@ -28,8 +28,8 @@ public:
     }
 
     /// The bytes of the text in the item. After a string that did not fit they are zero to the limit.
-    /// ODD, KEPT: the remainder to a multiple of 4 is added, where one would expect what is missing to it, so the
-    /// length is a multiple of 4 for remainders of 0 and 2 only. Pinned by tst_MoreInfo::lengthOfTheText and
+    /// ODD, KEPT: the remainder of a division by 4 is added, where one would expect what is missing to a multiple. So
+    /// the length is one for remainders of 0 and 2 only. Pinned by tst_MoreInfo::lengthOfTheText and
     /// tst_MoreInfo::textThatDoesNotFit.
     [[nodiscard]] std::string bytes() const
     {
@@ -56,7 +56,7 @@ std::string namesOf(const struct_EtherCatDevice& device, const struct_FilenameDe
     return text.bytes();
 }
 
-/// Two parts and a third one as decimal digits behind one another: hours, minutes, seconds 9, 5, 7 are 90507.
+/// Three parts as decimal digits one after another: hours, minutes, seconds 9, 5, 7 are 90507.
 std::uint32_t decimalDigits(int first, int second, int third)
 {
     constexpr int firstPlace = 10000;

@@ -9,7 +9,7 @@
 
 /// Head by a PDO's attributes; the size is left to `writeListItem`.
 /// @tparam Item  struct_KTL_PDOListType or struct_KTL_moduleEntryType, whose heads are the same
-/// @param entries  number of records behind the head
+/// @param entries  number of records after the head
 template<typename Item, typename Pdo>
 [[nodiscard]] Item pdoItemHead(enum_KTL_ITEM_TYPE type, const Pdo& pdo, std::size_t entries)
 {

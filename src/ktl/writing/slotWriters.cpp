@@ -8,7 +8,7 @@
 
 namespace {
 
-/// What fits a slot is not told here: the controller learns that from the module blocks.
+/// What fits a slot is not written here: the controller learns that from the module blocks.
 struct_KTL_SlotContent slotRecord(const struct_Slot& slot)
 {
     struct_KTL_SlotContent record{};
@@ -47,7 +47,7 @@ std::uint8_t presetPositions(const std::vector<struct_Slot>& slots)
     return static_cast<std::uint8_t>(positions);
 }
 
-/// ODD, KEPT: a default module is at the number of its slot, and one that was put in by hand at its place, where one
+/// ODD, KEPT: a default module is at the number of its slot, and one that a user put in at its place, where one
 /// would expect places only. Of modules that share a position the last one is written, while all of them count. Pinned
 /// by tst_SlotPreset::twoSlotsOfTwoPlaces, tst_SlotPreset::modulesPutInByHand and
 /// tst_SlotPreset::lastModuleOfASlotCounts.
