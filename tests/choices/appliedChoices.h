@@ -1,7 +1,9 @@
-// appliedChoices.h - choices files applied to loaded files, and what is wrong with them.
+// appliedChoices.h - choices files applied to loaded files, what is wrong with them, and templates of loaded files.
 #pragma once
 
 #include "choices/file.h"
+#include "choices/template.h"
+#include "editing/deviceEdits.h"
 #include "esi/esiFile.h"
 
 #include <QDir>
@@ -9,6 +11,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <sstream>
 #include <utility>
 
 /// Problems as the command words them: "devices[0]: text [kind]", with "line:column: " in front where there is one.
@@ -76,4 +79,16 @@ inline AppliedChoices applied(std::vector<struct_FilenameDevice> files, const QB
     result.made = choices::applyFile(text, result.files, selectors, problems);
     result.problems = wordsOf(problems);
     return result;
+}
+
+/// What the command writes for loaded files, after it has selected each device.
+inline QByteArray templateOf(std::vector<struct_FilenameDevice> files)
+{
+    DeviceClicks clicks;
+    for (struct_FilenameDevice& file : files)
+        for (struct_EtherCatDevice& device : file.device)
+            clicks.select(device);
+    std::ostringstream out;
+    choices::writeTemplate(out, files);
+    return QByteArray::fromStdString(out.str());
 }

@@ -4,13 +4,9 @@
 #include "choices/choicesTexts.h"
 #include "choices/jsonSchema.h"
 #include "choices/problemCodes.h"
-#include "choices/template.h"
-#include "editing/deviceEdits.h"
 #include "testMain.h"
 
 #include <QJsonDocument>
-
-#include <sstream>
 
 class tst_ChoicesSchema : public QObject
 {
@@ -40,18 +36,6 @@ QByteArray page(const char* name)
 JsonSchema schema()
 {
     return JsonSchema(QJsonDocument::fromJson(page("choices.schema.json")).object());
-}
-
-/// What the command writes for loaded files, after it has selected each device.
-QByteArray templateOf(std::vector<struct_FilenameDevice> files)
-{
-    DeviceClicks clicks;
-    for (struct_FilenameDevice& file : files)
-        for (struct_EtherCatDevice& device : file.device)
-            clicks.select(device);
-    std::ostringstream out;
-    choices::writeTemplate(out, files);
-    return QByteArray::fromStdString(out.str());
 }
 
 } // namespace

@@ -35,11 +35,11 @@ private slots:
 
 namespace {
 
-/// A choices file that must be taken without a word.
+/// The conversion of a sample with choices for its first device that have to be taken; errors are in the test's output.
 Conversion taken(const QString& name, const QByteArray& members)
 {
     const Conversion conversion = converted({sample(name + ".xml")}, choicesOfFirst(members));
-    if (conversion.run.exitCode != 0 || !conversion.run.errors.isEmpty())
+    if (conversion.run.exitCode != 0)
         qWarning("exit %d: %s", conversion.run.exitCode, conversion.run.errors.constData());
     return conversion;
 }
