@@ -23,7 +23,7 @@ private:
 };
 
 static const QStringList fastClock{QStringLiteral("STAGED_CLOCK=10")};
-static const QString pause = QStringLiteral("sleep 0.3"); // three seconds of the clock: a step that takes long
+static const QString longPause = QStringLiteral("sleep 0.3"); // three seconds of the clock: a step that takes long
 
 /// Starts the command by a shell; `$0` is the command and `$1` the sample.
 std::unique_ptr<QProcess> tst_Progress::start(const Workplace& place, const QString& script)
@@ -96,7 +96,7 @@ void tst_Progress::noTerminal()
     const Workplace place;
     CommandStart start = stagedStart(place, fastClock);
     start.program = QStringLiteral("sh");
-    const QString script = '(' + pause + "; cat \"$1\") | \"$0\" convert - -o out.ktl";
+    const QString script = '(' + longPause + "; cat \"$1\") | \"$0\" convert - -o out.ktl";
     const CommandRun run = runKtl({"-c", script, KTL_PROGRAM, sample()}, start);
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.errors, QByteArray());
@@ -108,7 +108,7 @@ void tst_Progress::resultsAtATerminal()
     const Workplace place;
     Terminal terminal;
     const auto process =
-        start(place, '(' + pause + "; cat \"$1\") | \"$0\" show - --csv pdo > " + terminal.name() + " 2>&1");
+        start(place, '(' + longPause + "; cat \"$1\") | \"$0\" show - --csv pdo > " + terminal.name() + " 2>&1");
     QVERIFY(process->waitForFinished());
     QCOMPARE(process->exitCode(), 0);
     const QByteArray shown = terminal.readUntil("Service counters");
