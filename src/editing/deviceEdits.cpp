@@ -4,19 +4,7 @@
 #include "editing/moduleData.h"
 #include "esi/derivation/driveAxes.h"
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
-
-namespace {
-
-bool isInTypeList(std::uint16_t type)
-{
-    return std::any_of(std::begin(deviceTypeTexts), std::end(deviceTypeTexts),
-                       [type](const DeviceTypeText& entry) { return entry.type == type; });
-}
-
-} // namespace
 
 void setDeviceType(struct_EtherCatDevice& device, std::uint16_t type)
 {
@@ -65,7 +53,7 @@ void DeviceClicks::select(struct_EtherCatDevice& device)
 {
     if (m_shownType != device.m_iDeviceType) {
         const std::uint16_t axes = device.m_iDriveAxies;
-        const bool hasEntry = isInTypeList(device.m_iDeviceType);
+        const bool hasEntry = deviceTypeTextOf(device.m_iDeviceType) != nullptr;
         m_shownType = hasEntry ? device.m_iDeviceType : -1;
         if (hasEntry)
             setDeviceType(device, device.m_iDeviceType);
