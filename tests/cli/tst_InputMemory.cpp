@@ -89,7 +89,7 @@ void tst_InputMemory::memoryEnds_data()
     QTest::addRow("convert") << QStringList{"convert", "-o", "out.ktl"};
 }
 
-/// It is told with the name of the file, and the files behind it are read all the same.
+/// It is told with the name of the file, and the files after it are read all the same.
 void tst_InputMemory::memoryEnds()
 {
 #if !defined(__SANITIZE_ADDRESS__)

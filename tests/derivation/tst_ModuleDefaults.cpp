@@ -243,8 +243,8 @@ void tst_ModuleDefaults::typeChangesDuringThePass_data()
     QTest::addRow("coupler without slots") << 3 << QStringList{} << 3 << 0;
     QTest::addRow("coupler with a drive module: counts from 0") << 3 << QStringList{"1 *4"} << 2 << 1;
     QTest::addRow("modules ahead of the drive do not count") << 3 << QStringList{"1 *1", "1 *2", "1 *4"} << 2 << 1;
-    QTest::addRow("modules behind the drive count") << 3 << QStringList{"1 *4", "1 *1", "1 *2"} << 2 << 3;
-    QTest::addRow("modules behind the drive in the same slot count") << 3 << QStringList{"1 *1 *4 *2"} << 2 << 2;
+    QTest::addRow("modules after the drive count") << 3 << QStringList{"1 *4", "1 *1", "1 *2"} << 2 << 3;
+    QTest::addRow("modules after the drive in the same slot count") << 3 << QStringList{"1 *1 *4 *2"} << 2 << 2;
     QTest::addRow("a drive module for the user to choose changes nothing") << 3 << QStringList{"1 4 *1"} << 3 << 0;
     QTest::addRow("a drive module in a slot without places changes nothing")
         << 3 << QStringList{"0 *4", "1 *1"} << 3 << 0;

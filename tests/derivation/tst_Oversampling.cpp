@@ -133,7 +133,7 @@ void tst_Oversampling::pdoIndex_data()
     QTest::addRow("by one per sample, whatever the step of the entries")
         << 0x1A00 << 1 << 3 << QVector<int>{0x1A00, 0x1A01, 0x1A02};
     QTest::addRow("wraps at the top") << 0xFFFF << 1 << 2 << QVector<int>{0xFFFF, 0};
-    QTest::addRow("from sample 0: one below the declared one, behind the others")
+    QTest::addRow("from sample 0: one below the declared one, after the others")
         << 0x1A00 << 0 << 1 << QVector<int>{0x1A00, 0x19FF};
     QTest::addRow("from sample 0, wraps at the bottom") << 0 << 0 << 1 << QVector<int>{0, 0xFFFF};
     QTest::addRow("from sample 2") << 0x1A00 << 2 << 3 << QVector<int>{0x1A01, 0x1A02};
@@ -169,7 +169,7 @@ void tst_Oversampling::entryIndex_data()
     // The low 16 bits of the greatest step are -1.
     QTest::addRow("greatest step") << 0x6000 << std::numeric_limits<int>::max() << 1 << 4
                                    << QVector<int>{0x6000, 0x5FFF, 0x5FFE, 0x5FFD};
-    QTest::addRow("from sample 0: lowered by the step, behind the others")
+    QTest::addRow("from sample 0: lowered by the step, after the others")
         << 0x6000 << 0x10 << 0 << 1 << QVector<int>{0x6000, 0x5FF0};
     QTest::addRow("from sample 0, wraps at the bottom") << 0 << 0x10 << 0 << 1 << QVector<int>{0, 0xFFF0};
     QTest::addRow("from sample 0, greatest step")

@@ -48,7 +48,7 @@ void tst_OversamplingRange::placing_data()
     QTest::addColumn<QStringList>("expected");
     QTest::addRow("nothing to expand") << "A B C" << QStringList{"A", "B", "C"};
     QTest::addRow("alone") << "P:1:3" << QStringList{"P 0", "P 1", "P 2"};
-    QTest::addRow("first: the others move behind") << "P:1:3 A B" << QStringList{"P 0", "P 1", "P 2", "A", "B"};
+    QTest::addRow("first: the others move back") << "P:1:3 A B" << QStringList{"P 0", "P 1", "P 2", "A", "B"};
     QTest::addRow("in the middle") << "A P:1:2 B" << QStringList{"A", "P 0", "P 1", "B"};
     QTest::addRow("last") << "A B P:1:2" << QStringList{"A", "B", "P 0", "P 1"};
     QTest::addRow("one sample") << "A P:1:1 B" << QStringList{"A", "P 0", "B"};

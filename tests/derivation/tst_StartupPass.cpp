@@ -191,8 +191,8 @@ void tst_StartupPass::unknownSyncManager_data()
     // One sync manager, and an output PDO of the device ahead of the one that fails.
     QTest::addRow("output PDO") << "Rx 1601 @1" << 1 << "2 0 0";
     QTest::addRow("input PDO") << "Tx 1601 @1" << 1 << "2 0 0";
-    QTest::addRow("module's output PDO: behind the EoE command") << "mRx 1601 @1" << 1 << "2 1 0";
-    QTest::addRow("module's input PDO: behind its output PDOs") << "mTx 1601 @1" << 1 << "2 1 1";
+    QTest::addRow("module's output PDO: after the EoE command") << "mRx 1601 @1" << 1 << "2 1 0";
+    QTest::addRow("module's input PDO: after its output PDOs") << "mTx 1601 @1" << 1 << "2 1 1";
     QTest::addRow("of fixed content") << "Rx 1601 @1 fixed" << 1 << "2 0 0";
     QTest::addRow("module's, of fixed content") << "mRx 1601 @1 fixed" << 1 << "2 1 0";
     QTest::addRow("far beyond") << "Rx 1601 @1000" << 1000 << "2 0 0";

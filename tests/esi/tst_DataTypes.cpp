@@ -278,8 +278,8 @@ void tst_DataTypes::texts_data()
                                     << "a&b";
     QTest::addRow("a comment in between") << "a<!-- x -->b"
                                           << "ab";
-    QTest::addRow("a comment behind") << "a<!-- x -->"
-                                      << "a";
+    QTest::addRow("a comment after it") << "a<!-- x -->"
+                                        << "a";
     QTest::addRow("a comment alone") << "<!-- x -->"
                                      << "";
     QTest::addRow("an element in between") << "a<b>c</b>d"

@@ -116,8 +116,8 @@ void tst_DevicePdoEntries::entryName_data()
                          << "Status";
     QTest::addRow("the last one with a text counts") << "<Name>a</Name><Name>b</Name>"
                                                      << "b";
-    QTest::addRow("an empty one behind a text is passed over, unlike a PDO's") << "<Name>a</Name><Name/>"
-                                                                               << "a";
+    QTest::addRow("an empty one after a text is passed over, unlike a PDO's") << "<Name>a</Name><Name/>"
+                                                                              << "a";
     QTest::addRow("an empty one before a text") << "<Name/><Name>a</Name>"
                                                 << "a";
     QTest::addRow("none") << ""
@@ -168,7 +168,7 @@ void tst_DevicePdoEntries::places_data()
     QTest::addRow("bits carry into bytes") << entry("12") + entry("4") << Places{0.0F, 1.4F} << 2.0F;
     QTest::addRow("an entry without a length")
         << entry("8") + "<Entry/>" + entry("8") << Places{0.0F, 1.0F, 1.0F} << 2.0F;
-    QTest::addRow("the place is that before the entry, wherever its length stands")
+    QTest::addRow("the place is that before the entry, wherever its length is")
         << "<Entry><BitLen>8</BitLen><Index>1</Index></Entry>" + entry("8") << Places{0.0F, 1.0F} << 2.0F;
     QTest::addRow("a length declared twice counts twice")
         << "<Entry><BitLen>8</BitLen><BitLen>4</BitLen></Entry>" + entry("1") << Places{0.0F, 1.4F} << 1.5F;

@@ -211,7 +211,7 @@ void tst_HostileCopies::groupNames_data()
     QTest::addRow("longest name") << inSlots(manySlots + group(name(65533))) << true;
     QTest::addRow("one character too long") << inSlots(manySlots + group(name(65534))) << false;
     QTest::addRow("one slot too many") << inSlots(slot + manySlots + group(name(65533))) << false;
-    QTest::addRow("the slots behind the names") << inSlots(group(name(65534)) + manySlots) << false;
+    QTest::addRow("the slots after the names") << inSlots(group(name(65534)) + manySlots) << false;
     QTest::addRow("several names") << inSlots(manySlots + group(name(4093)).repeated(16)) << true;
     QTest::addRow("several names that are too long together")
         << inSlots(manySlots + group(name(4093)).repeated(15) + group(name(4094))) << false;

@@ -128,9 +128,9 @@ void tst_HostileEsi::bombs_data()
         << nested;
     QTest::addRow("entities that multiply nothing")
         << withDocumentType("<!ENTITY x0 ''>" + numbered("<!ENTITY x%1 '" + tenTimes + "'>", 1, 9), "&x9;") << nested;
-    QTest::addRow("entities that multiply behind a number") << withDocumentType(
+    QTest::addRow("entities that multiply after a number") << withDocumentType(
         "<!ENTITY x '" + threeThousand + "'><!ENTITY y '" + QByteArray("&#38;x;").repeated(100) + "'>", "&y;")
-                                                            << nested;
+                                                           << nested;
     QTest::addRow("one long entity many times")
         << withDocumentType("<!ENTITY x '" + threeThousand + "'>", QByteArray("&x;").repeated(100000)) << references;
     QTest::addRow("one long entity many times in an attribute") << withDocumentType(

@@ -193,9 +193,9 @@ void tst_ModulePdos::names_data()
     QTest::addRow("the last one counts") << "<Name>a</Name><Name>b</Name>"
                                          << "b"
                                          << "b";
-    QTest::addRow("an empty one behind a text counts for the entry only") << "<Name>a</Name><Name/>"
-                                                                          << "a"
-                                                                          << "";
+    QTest::addRow("an empty one after a text counts for the entry only") << "<Name>a</Name><Name/>"
+                                                                         << "a"
+                                                                         << "";
     QTest::addRow("an empty one before a text") << "<Name/><Name>a</Name>"
                                                 << "a"
                                                 << "a";
@@ -274,7 +274,7 @@ void tst_ModulePdos::places_data()
     QTest::addRow("bits carry into bytes") << entry("12") + entry("4") << Places{0.0F, 1.4F} << 2.0F;
     QTest::addRow("a gap counts") << "<Entry><Index>0</Index><BitLen>5</BitLen></Entry>" + entry("16")
                                   << Places{0.0F, 0.5F} << 2.5F;
-    QTest::addRow("the place is that before the entry, wherever its length stands")
+    QTest::addRow("the place is that before the entry, wherever its length is")
         << "<Entry><BitLen>8</BitLen><Index>1</Index></Entry>" + entry("8") << Places{0.0F, 1.0F} << 2.0F;
     QTest::addRow("a length declared twice counts twice")
         << "<Entry><BitLen>8</BitLen><BitLen>4</BitLen></Entry>" + entry("1") << Places{0.0F, 1.4F} << 1.5F;

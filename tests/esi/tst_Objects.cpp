@@ -193,10 +193,10 @@ void tst_Objects::defaultData_data()
     QTest::addRow("more than four bytes") << withType("ULINT", "0102030405") << "" << 0U;
     QTest::addRow("no type") << "<Info><DefaultData>0A0B</DefaultData></Info>"
                              << "" << 0x0B0AU;
-    QTest::addRow("a type behind the default comes too late")
+    QTest::addRow("a type after the default comes too late")
         << "<Info><DefaultData>0A0B</DefaultData></Info><Type>STRING(2)</Type>"
         << "" << 0x0B0AU;
-    QTest::addRow("the type as it stands, each time")
+    QTest::addRow("the type as it is, each time")
         << "<Type>STRING(2)</Type><Info><DefaultData>0A</DefaultData></Info><Type>UINT</Type><Info><DefaultData>0B"
            "</DefaultData></Info>"
         << "0A" << 0x0BU;

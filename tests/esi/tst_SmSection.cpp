@@ -113,7 +113,7 @@ void tst_SmSection::type_data()
     QTest::addRow("a name outside the four counts as mailbox out, unlike an FMMU's") << "Spare" << 1;
     QTest::addRow("no text counts as mailbox out") << "" << 1;
     QTest::addRow("other case counts as mailbox out") << "inputs" << 1;
-    QTest::addRow("a blank behind counts as mailbox out") << "Outputs " << 1;
+    QTest::addRow("a blank after the word counts as mailbox out") << "Outputs " << 1;
 }
 
 void tst_SmSection::type()

@@ -72,8 +72,8 @@ void tst_WalkDevice::cdataMark_data()
                                                                  << "Drive";
     QTest::addRow("three characters go from the first ]]") << "&lt;![CDATA[a]]bcd]]&gt;"
                                                            << "acd]]>";
-    QTest::addRow("the head is cut at the start, wherever the mark stands") << "ab![CDATA[c]]&gt;"
-                                                                            << "[c";
+    QTest::addRow("the head is cut at the start, wherever the mark is") << "ab![CDATA[c]]&gt;"
+                                                                        << "[c";
     QTest::addRow("]] in the part cut off at the start does not count") << "]]ab![CDATA[c]]&gt;d"
                                                                         << "TA[cd";
     QTest::addRow("]] at the very end") << "&lt;![CDATA[Drive]]"

@@ -70,8 +70,7 @@ void tst_WalkModules::groups_data()
     QTest::addRow("another tag at the start, without a comment") << "<Other/>" << QStringList{":0"};
     QTest::addRow("each other tag at the start makes an empty group")
         << "<Other/><Other/><Module/>" << QStringList{":0", ":0", ":1"};
-    QTest::addRow("another tag behind a comment after a run")
-        << "<Module/><!--B--><Other/>" << QStringList{":1", "B:0"};
+    QTest::addRow("another tag after a comment after a run") << "<Module/><!--B--><Other/>" << QStringList{":1", "B:0"};
     QTest::addRow("a longer tag is another tag") << "<Modules2/><Module/>" << QStringList{":0", ":1"};
     QTest::addRow("a tag in other case is another tag") << "<module/><Module/>" << QStringList{":0", ":1"};
 }

@@ -127,9 +127,9 @@ void tst_CompleteAccess::fillComesFromTheHead_data()
     QTest::addRow("12 bytes") << 12 << bytes("28 00 00 00") << bytes("46 9C 00 00 28 00 00 00 00 01 00 01");
     QTest::addRow("16 bytes are the whole head")
         << 16 << bytes("2C 00 00 00") << bytes("46 9C 00 00 2C 00 00 00 00 01 00 01 00 01 00 01");
-    QTest::addRow("20 bytes: zero behind the head")
+    QTest::addRow("20 bytes: zero after the head")
         << 20 << bytes("30 00 00 00") << bytes("46 9C 00 00 30 00 00 00 00 01 00 01 00 01 00 01") + zeros(4);
-    QTest::addRow("4096 bytes: zero behind the head")
+    QTest::addRow("4096 bytes: zero after the head")
         << 4096 << bytes("1C 10 00 00") << bytes("46 9C 00 00 1C 10 00 00 00 01 00 01 00 01 00 01") + zeros(4080);
     QTest::addRow("4097 bytes are not announced") << 4097 << bytes("1C 00 00 00") << QByteArray();
 }

@@ -151,7 +151,7 @@ void tst_DeviceWriters::generalReportsRecordsWritten()
     QVERIFY(readOnly);
     QCOMPARE(KTL_write_device_General(readOnly.get(), &device, &file), 0);
     const FileHandle fullDisk = streamToFullDisk();
-    QVERIFY2(fullDisk, "this system has no /dev/full that stands for a full disk");
+    QVERIFY2(fullDisk, "this system has no /dev/full that acts as a full disk");
     QCOMPARE(KTL_write_device_General(fullDisk.get(), &device, &file), 0);
 }
 

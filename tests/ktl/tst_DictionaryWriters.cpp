@@ -202,7 +202,7 @@ void tst_DictionaryWriters::scan_data()
     struct_DataTypes wide = record("DT1", {count, subItem(1, "UINT")});
     wide.vsubitem[1].flag.Access = static_cast<NMTOKEN>(0x20010);
     wide.vsubitem[1].BitSize = -1;
-    row("low 16 bits of the access, bits as they stand", {wide}, "DT1", subObject(1, 0xFFFFFFFF, readOnly));
+    row("low 16 bits of the access, bits as they are", {wide}, "DT1", subObject(1, 0xFFFFFFFF, readOnly));
 }
 
 void tst_DictionaryWriters::scan()

@@ -180,15 +180,14 @@ void tst_KtlDump::brokenFile_data()
     };
     row("empty file: type and size are still 0", {}, "Err para: Id value-dec: 0,Len: 0\r\n  \r\n", false);
     row("first head cut inside the type", bytes("40 9C"), "Err para: Id value-dec: 0,Len: 0\r\n  \r\n", false);
-    row("first head cut behind the type", bytes("40 9C 00 00"), "Err para: Id value-dec: 40000,Len: 0\r\n  \r\n",
-        false);
+    row("first head cut after the type", bytes("40 9C 00 00"), "Err para: Id value-dec: 40000,Len: 0\r\n  \r\n", false);
     row("first head cut inside the size", bytes("40 9C 00 00 34 00"), "Err para: Id value-dec: 40000,Len: 0\r\n  \r\n",
         false);
     row("later head cut inside the type: the values before it stay", endItem + bytes("40 9C 00"), endText, true);
-    row("later head cut behind the type: the size before it stays", endItem + bytes("40 9C 00 00"), endText, true);
+    row("later head cut after the type: the size before it stays", endItem + bytes("40 9C 00 00"), endText, true);
     row("later head cut inside the size: the size before it stays", endItem + bytes("40 9C 00 00  00 00 00"), endText,
         true);
-    row("later head cut behind a negative type", endItem + bytes("00 00 00 80"),
+    row("later head cut after a negative type", endItem + bytes("00 00 00 80"),
         endText + "Err para: Id value-dec: -2147483648,Len: 12\r\n  \r\n", false);
     row("head and then nothing: its two words are 0", endItem + bytes("40 9C 00 00  10 00 00 00"),
         endText + "ItemHead-dec: 40000,Len: 16    General \r\n  0x0 \t0 \t\r\n", true);
@@ -205,7 +204,7 @@ void tst_KtlDump::brokenFile_data()
         "ItemHead-dec: 40104,Len: 36    ModuleCoEInitCmd \r\n  0x11 \t22 \t0 \tc \t0 \t0 \t0 \t\r\n", true);
     row("size 7", endItem + bytes("41 9C 00 00  07 00 00 00  01 00 00 00"),
         endText + "Err para: Id value-dec: 40001,Len: 7\r\n  \r\n", false);
-    row("size 0, and an item behind it that is not reached", bytes("49 9C 00 00  00 00 00 00") + endItem,
+    row("size 0, and an item after it that is not reached", bytes("49 9C 00 00  00 00 00 00") + endItem,
         "Err para: Id value-dec: 40009,Len: 0\r\n  \r\n", false);
     row("negative size", bytes("41 9C 00 00  FF FF FF FF") + endItem, "Err para: Id value-dec: 40001,Len: -1\r\n  \r\n",
         false);
@@ -276,7 +275,7 @@ void tst_KtlDump::twoThousandItems_data()
     QTest::addRow("2000 items") << 2000 << QByteArray() << 2000;
     QTest::addRow("2001 items, the last is not shown") << 2001 << QByteArray() << 2000;
     QTest::addRow("4100 items") << 4100 << QByteArray() << 2000;
-    QTest::addRow("what is broken behind the 2000th is not looked at") << 2000 << bytes("FF FF FF FF") << 2000;
+    QTest::addRow("what is broken after the 2000th is not looked at") << 2000 << bytes("FF FF FF FF") << 2000;
 }
 
 void tst_KtlDump::twoThousandItems()

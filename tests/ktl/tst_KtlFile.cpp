@@ -197,7 +197,7 @@ void tst_KtlFile::appendAfterWhatIsNoItem()
 /// The device takes everything until the C library hands it the first bytes, when the file is closed.
 void tst_KtlFile::fullDisk()
 {
-    QVERIFY2(haveFullDisk(), "this system has no /dev/full that stands for a full disk");
+    QVERIFY2(haveFullDisk(), "this system has no /dev/full that acts as a full disk");
     QVERIFY(QFile::link(QStringLiteral("/dev/full"), m_ktl));
     QCOMPARE(int(save(m_ktl).status), int(KtlSaveStatus::CannotWrite));
     QVERIFY(!QFileInfo::exists(m_dump));
@@ -206,7 +206,7 @@ void tst_KtlFile::fullDisk()
 /// The run cannot tell a full disk, as it tests none but General items; the file tells it.
 void tst_KtlFile::fullDiskShowsLate()
 {
-    QVERIFY2(haveFullDisk(), "this system has no /dev/full that stands for a full disk");
+    QVERIFY2(haveFullDisk(), "this system has no /dev/full that acts as a full disk");
     QVERIFY(QFile::link(QStringLiteral("/dev/full"), m_ktl));
     const auto unbuffered = [](std::FILE* out, int* errorCode) {
         std::setvbuf(out, nullptr, _IONBF, 0); // the write fails, and nothing is left for the close
@@ -220,7 +220,7 @@ void tst_KtlFile::fullDiskShowsLate()
 
 void tst_KtlFile::fullDiskForDump()
 {
-    QVERIFY2(haveFullDisk(), "this system has no /dev/full that stands for a full disk");
+    QVERIFY2(haveFullDisk(), "this system has no /dev/full that acts as a full disk");
     QVERIFY(QFile::link(QStringLiteral("/dev/full"), m_dump));
     QCOMPARE(int(save(m_ktl).status), int(KtlSaveStatus::CannotWriteDump));
     QCOMPARE(fileContent(m_ktl), endItem);

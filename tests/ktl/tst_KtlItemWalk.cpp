@@ -124,12 +124,12 @@ void tst_KtlItemWalk::parts_data()
         << item(40006, oneCommand + le32(5) + le32(40006)) << QList<int>{16, 1, 28, 32, 36};
     QTest::addRow("CoE, like a fill but for the last byte")
         << item(40006, oneCommand + head28 + zeros(3) + "\x01") << QList<int>{16, 1, 28, 48, 48};
-    QTest::addRow("CoE, two bytes behind the values")
+    QTest::addRow("CoE, two bytes after the values")
         << item(40006, oneCommand + zeros(6)) << QList<int>{16, 1, 28, 32, 32};
     QTest::addRow("CoE, 255 means by the size")
         << item(40006, zeros(7) + "\xFF" + command + command) << QList<int>{16, 2, 40, 40, 40};
     QTest::addRow("text") << item(40016, zeros(16) + "abc" + zeros(1)) << QList<int>{24, 0, 24, 27, 28};
-    QTest::addRow("text with something behind it")
+    QTest::addRow("text with something after it")
         << item(40016, zeros(16) + "a" + zeros(1) + "b") << QList<int>{24, 0, 24, 25, 25};
     QTest::addRow("words") << item(40999, zeros(11)) << QList<int>{8, 0, 8, 16, 16};
 }

@@ -78,8 +78,8 @@ void tst_KtlReadCoe::commandCount_data()
     QTest::addRow("17, and room for 300: the room wins") << 17 << 16 + 300 * 12 << 300;
     QTest::addRow("17, and room for 255: the room wins") << 17 << 16 + 255 * 12 << 255;
     QTest::addRow("17, and room for 254 and a part: the byte wins") << 17 << 16 + 254 * 12 + 8 << 17;
-    QTest::addRow("2, and values of complete accesses behind them") << 2 << 16 + 2 * 12 + 100 << 2;
-    QTest::addRow("2, and a full block of values behind them: read as commands") << 2 << 16 + 2 * 12 + 4096 << 343;
+    QTest::addRow("2, and values of complete accesses after them") << 2 << 16 + 2 * 12 + 100 << 2;
+    QTest::addRow("2, and a full block of values after them: read as commands") << 2 << 16 + 2 * 12 + 4096 << 343;
     QTest::addRow("17, and room for 5") << 17 << 16 + 5 * 12 << 5;
     QTest::addRow("17, and room for 5 and a part: the rest of it is 0") << 17 << 16 + 5 * 12 + 4 << 6;
 }

@@ -122,7 +122,7 @@ void tst_KtlReadModules::duplicates_data()
     QTest::addRow("the same one after the other") << device + moduleItem(1) + moduleItem(1) + end << QList<uint>{1};
     QTest::addRow("again after another") << device + moduleItem(1) + moduleItem(2) + moduleItem(1) + end
                                          << QList<uint>{1, 2};
-    QTest::addRow("three times, and one behind")
+    QTest::addRow("three times, and one after them")
         << moduleItem(1).repeated(3) + moduleItem(2) + end << QList<uint>{1, 2};
     QTest::addRow("copies of each device of a file")
         << (device + moduleItem(1) + moduleItem(2)).repeated(3) + end << QList<uint>{1, 2};

@@ -58,7 +58,7 @@ void tst_KtlReader::runs_data()
     QTest::addRow("three runs") << one + two + end + one + end + two + end << "0x1 0x2 | 0x1 | 0x2";
     QTest::addRow("an end item alone") << end << "";
     QTest::addRow("end items at the start") << end + end + one + end << "0x1";
-    QTest::addRow("a stray end item behind an end item") << one + end + end + two + end << "0x1 | 0x2";
+    QTest::addRow("a stray end item after an end item") << one + end + end + two + end << "0x1 | 0x2";
     QTest::addRow("no end item") << one + two << "";
     QTest::addRow("the last run has no end item") << one + end + two << "0x1";
     QTest::addRow("product code 0 is a device") << generalItem(0) + end << "0x00";
@@ -132,7 +132,7 @@ void tst_KtlReader::itemLimit_data()
     QTest::addRow("the end item is the 2001st") << one + other.repeated(1999) + end << "";
     QTest::addRow("end items count") << one + end + end.repeated(1996) + generalItem(2) + end << "0x1 | 0x2";
     QTest::addRow("end items count, one more") << one + end + end.repeated(1997) + generalItem(2) + end << "0x1";
-    QTest::addRow("what cannot be behind the 2000th is not looked at")
+    QTest::addRow("what cannot be after the 2000th is not looked at")
         << one + other.repeated(1998) + end + bytes("FF FF FF FF FF FF FF FF") << "0x1";
     QTest::addRow("5000 runs") << (one + end).repeated(5000)
                                << QStringList(QVector<QString>(1000, "0x1").toList()).join(QStringLiteral(" | "));
@@ -171,11 +171,11 @@ void tst_KtlReader::failure_data()
     row("type -2147483648", begun + bytes("00 00 00 80  08 00 00 00") + endItem(), -2, "0x1");
     row("a size of 2 gigabytes takes the rest", begun + bytes("41 9C 00 00  FF FF FF 7F") + endItem(), 0, "0x1");
     row("later head cut inside the type: the values before it stay", run + bytes("FF FF FF"), 0, "0x1");
-    row("later head cut behind a type", run + bytes("41 9C 00 00"), 0, "0x1");
-    row("later head cut behind a type that cannot be", run + bytes("FF FF FF FF"), -2, "0x1");
+    row("later head cut after a type", run + bytes("41 9C 00 00"), 0, "0x1");
+    row("later head cut after a type that cannot be", run + bytes("FF FF FF FF"), -2, "0x1");
     row("later head cut inside a size that cannot be: the size before it stays", run + bytes("41 9C 00 00 00 00 00"), 0,
         "0x1");
-    row("end item cut behind its head", generalItem(1) + bytes("00 00 00 00  0C 00 00 00"), 0, "0x1");
+    row("end item cut after its head", generalItem(1) + bytes("00 00 00 00  0C 00 00 00"), 0, "0x1");
     row("end item cut inside its head", generalItem(1) + bytes("00 00 00 00  0C 00 00"), 0, "");
 }
 

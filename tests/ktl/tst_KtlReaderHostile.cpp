@@ -154,7 +154,7 @@ void tst_KtlReaderHostile::hostileFile_data()
         row(item + "size 7", run + le32(type) + le32(7) + zeros(60), -2, 1);
         const bool closes = type == 0; // an end item closes its run, however little of it is there
         row(item + "2 gigabytes in a file of 20 bytes", le32(type) + le32(0x7FFFFFFF) + zeros(12), 0, 0);
-        row(item + "2 gigabytes behind a device", run + generalItem(2) + le32(type) + le32(0x7FFFFFFF) + zeros(400), 0,
+        row(item + "2 gigabytes after a device", run + generalItem(2) + le32(type) + le32(0x7FFFFFFF) + zeros(400), 0,
             closes ? 2 : 1);
     }
     // Counts that reach far beyond their item: at the place of the count of each kind, all bits set.
@@ -262,7 +262,7 @@ void tst_KtlReaderHostile::hostileDump_data()
     const QByteArray huge = le32(40001) + le32(0x7FFFFFFF);
     QTest::addRow("2 gigabytes in a file of 8 bytes") << huge;
     QTest::addRow("2 gigabytes in a file of 20 bytes") << huge + zeros(12);
-    QTest::addRow("behind a run") << richFile() + huge + zeros(3);
+    QTest::addRow("after a run") << richFile() + huge + zeros(3);
 }
 
 /// A word of the file takes up to 10 characters, a head some 60, and of the words that the file does not hold at most

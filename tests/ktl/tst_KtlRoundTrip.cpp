@@ -56,7 +56,7 @@ struct_FilenameDevice specialDevice()
         device.vSM[number].SM = static_cast<std::uint8_t>(number);
         device.vSM[number].Smtype = static_cast<std::uint8_t>(number + 1);
     }
-    device.vSM[1].Attributes.m_Virtual = 1; // leaves no record behind
+    device.vSM[1].Attributes.m_Virtual = 1; // leaves no record
     device.mRxPdo.mpdo.resize(1);
     device.mRxPdo.mpdo[0].Attributes.SM = 2;
     device.mRxPdo.mpdo[0].indexAttributes.index = 0x1610;

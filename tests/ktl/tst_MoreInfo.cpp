@@ -181,7 +181,7 @@ void tst_MoreInfo::textThatDoesNotFit_data()
         << letters(995) << Groups{{"bcde"}} << letters(995) + lineFeed;
     QTest::addRow("line feed that ends at 999 fits") << letters(998) << Groups{{"b"}} << letters(998) + lineFeed;
     QTest::addRow("line feed that ends at 1000 is left out") << letters(999) << Groups{{"", "b"}} << letters(999);
-    QTest::addRow("a short name behind a long one is left out too")
+    QTest::addRow("a short name after a long one is left out too")
         << letters(500) << Groups{{letters(600)}, {"b"}} << letters(500) + lineFeed;
     QTest::addRow("and so is an empty one") << letters(500) << Groups{{letters(499), ""}} << letters(500) + lineFeed;
     QTest::addRow("more modules than there are bytes")

@@ -128,7 +128,7 @@ void tst_SlotPreset::slotNumber_data()
     QTest::addColumn<QByteArray>("expected");
     QTest::addRow("first") << 0 << head(32, 2, 1) + records({0x77, 0});
     QTest::addRow("last") << 1 << head(32, 2, 1) + records({0, 0x77});
-    QTest::addRow("behind the last: neither counted nor written") << 2 << head(32, 2, 0) + records({0, 0});
+    QTest::addRow("after the last: neither counted nor written") << 2 << head(32, 2, 0) + records({0, 0});
     QTest::addRow("negative") << -1 << head(32, 2, 0) + records({0, 0});
     QTest::addRow("as far below 0 as can be") << std::numeric_limits<int>::min() << head(32, 2, 0) + records({0, 0});
     QTest::addRow("256 is not 0") << 256 << head(32, 2, 0) + records({0, 0});

@@ -304,7 +304,7 @@ void tst_WriteDevices::generalFailsAtOnce()
     QVERIFY(!writeDevices(readOnly.get(), files, everything, &code));
     QCOMPARE(code, untouched);
     const FileHandle fullDisk = streamToFullDisk();
-    QVERIFY2(fullDisk, "this system has no /dev/full that stands for a full disk");
+    QVERIFY2(fullDisk, "this system has no /dev/full that acts as a full disk");
     QVERIFY(!writeDevices(fullDisk.get(), files, everything, &code));
     QCOMPARE(code, untouched);
 }

@@ -25,7 +25,7 @@ void tst_ByteBit::form_data()
     QTest::addColumn<float>("expected");
     QTest::addRow("nothing") << 0 << 0.0F;
     QTest::addRow("one bit") << 1 << 0.1F;
-    QTest::addRow("seven bits are the most behind the point") << 7 << 0.7F;
+    QTest::addRow("seven bits are the most after the point") << 7 << 0.7F;
     QTest::addRow("one byte") << 8 << 1.0F;
     QTest::addRow("a byte and a half") << 12 << 1.4F;
     QTest::addRow("two bytes") << 16 << 2.0F;

@@ -71,7 +71,7 @@ void tst_DictionaryScan::rowsOfARecord_data()
     QTest::addRow("first sub-item that is a record is not entered")
         << DataTypes{record("DT1", {subItem(0, "DT2", "first")}), record("DT2", {count, subItem(1, "UINT", "a")})}
         << QByteArray("DT1") << QStringList();
-    QTest::addRow("record within a record stands in the place of its sub-item")
+    QTest::addRow("record within a record is in the place of its sub-item")
         << DataTypes{record("DT1",
                             {count, subItem(1, "UINT", "a"), subItem(2, "DT2", "inner"), subItem(3, "UINT", "d")}),
                      record("DT2", {count, subItem(1, "UINT", "b"), subItem(2, "UINT", "c")})}
@@ -152,7 +152,7 @@ void tst_DictionaryScan::circles_data()
         << DataTypes{record("DT1", {count, subItem(1, "DT2"), subItem(2, "UINT", "a")}),
                      record("DT2", {count, subItem(1, "UINT", "b"), subItem(2, "DT1"), subItem(3, "UINT", "c")})}
         << QStringList{"b", "c", "a"};
-    QTest::addRow("circle behind the first type")
+    QTest::addRow("circle after the first type")
         << DataTypes{record("DT1", {count, subItem(1, "DT2"), subItem(2, "DT3")}),
                      record("DT2", {count, subItem(1, "DT3"), subItem(2, "UINT", "a")}),
                      record("DT3", {count, subItem(1, "DT2"), subItem(2, "UINT", "b")})}

@@ -36,7 +36,7 @@ void tst_ValueTexts::truth_data()
     QTest::addRow("yes") << "yes" << false;
     QTest::addRow("empty text") << "" << false;
     QTest::addRow("a blank before the word") << " TRUE" << false;
-    QTest::addRow("a blank behind the word") << "true " << false;
+    QTest::addRow("a blank after the word") << "true " << false;
     QTest::addRow("the word inside another one") << "untrue" << false;
     QTest::addRow("hexadecimal is no decimal") << "#x1" << false;
     QTest::addRow("a hexadecimal digit is no decimal") << "A" << false;

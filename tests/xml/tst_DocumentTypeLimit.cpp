@@ -109,12 +109,12 @@ void tst_DocumentTypeLimit::placeOfDocumentType_data()
     QTest::addColumn<int>("line");
     QTest::addColumn<int>("column");
     QTest::addRow("at the start") << "" << 1 << 1;
-    QTest::addRow("behind the declaration") << "<?xml version='1.0'?>" << 1 << 22;
+    QTest::addRow("after the declaration") << "<?xml version='1.0'?>" << 1 << 22;
     QTest::addRow("on its own line") << "<?xml version='1.0'?>\n" << 2 << 1;
     QTest::addRow("lines end with CR LF") << "<?xml version='1.0'?>\r\n\r\n  " << 3 << 3;
     QTest::addRow("lines end with CR") << "<?xml version='1.0'?>\r\r\t" << 3 << 2;
-    QTest::addRow("behind comments and instructions") << "<!-- ' \" <!DOCTYPE -->\n<?p \" ' <!-- ?>\n<!---->" << 3 << 8;
-    QTest::addRow("behind an empty instruction") << "<?p?>\n" << 2 << 1;
+    QTest::addRow("after comments and instructions") << "<!-- ' \" <!DOCTYPE -->\n<?p \" ' <!-- ?>\n<!---->" << 3 << 8;
+    QTest::addRow("after an empty instruction") << "<?p?>\n" << 2 << 1;
 }
 
 void tst_DocumentTypeLimit::placeOfDocumentType()
@@ -179,7 +179,7 @@ void tst_DocumentTypeLimit::parameterReferences_data()
     QTest::addRow("declared only") << "<!DOCTYPE a [<!ENTITY % p '<!-- x -->'>]>" << QString();
     QTest::addRow("referred to") << "<!DOCTYPE a [<!ENTITY % p '<!-- x -->'>%p;]>" << parameterEntity;
     QTest::addRow("inside a value") << "<!DOCTYPE a [<!ENTITY % p 'x'><!ENTITY y '%p;'>]>" << parameterEntity;
-    QTest::addRow("opens a comment that goes on behind the end")
+    QTest::addRow("opens a comment that goes on after the end")
         << "<!DOCTYPE a [<!ENTITY % p '&#60;!-- '>%p;]><!-- -->" << parameterEntity;
     QTest::addRow("percent sign in a place") << "<!DOCTYPE a SYSTEM 'my%20types.dtd'>" << QString();
 }

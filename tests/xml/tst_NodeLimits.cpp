@@ -79,7 +79,7 @@ void tst_NodeLimits::records_data()
     QTest::addRow("one module more, whatever its name") << inModules.arg(most + "<b/>", "") << tooManyModules;
     QTest::addRow("further down is no module") << inModules.arg(most.chopped(4) + "<b><b/></b>", "") << QString();
     QTest::addRow("in two lists") << inModules.arg(most, "<Modules><b/></Modules>") << tooManyModules;
-    QTest::addRow("behind a list inside the list") << inModules.arg("<b><Modules/></b>" + most, "") << tooManyModules;
+    QTest::addRow("after a list inside the list") << inModules.arg("<b><Modules/></b>" + most, "") << tooManyModules;
 }
 
 void tst_NodeLimits::records()
@@ -102,8 +102,8 @@ void tst_NodeLimits::deviceParents_data()
     QTest::addRow("beside each other") << "<xDevices/><xDevices/>%1" << 100 << true;
     QTest::addRow("in a prefix") << "<Device:Name xmlns:Device='urn:d'>%1</Device:Name>" << 100 << true;
     QTest::addRow("in a prefix that is not declared") << "<Device:Name>%1</Device:Name>" << 100 << true;
-    QTest::addRow("one more behind a prefix") << "<d:aDevice xmlns:d='urn:d'>%1</d:aDevice>" << 17 << false;
-    QTest::addRow("one more behind a prefix that is not declared") << "<d:aDevice>%1</d:aDevice>" << 17 << false;
+    QTest::addRow("one more after a prefix") << "<d:aDevice xmlns:d='urn:d'>%1</d:aDevice>" << 17 << false;
+    QTest::addRow("one more after a prefix that is not declared") << "<d:aDevice>%1</d:aDevice>" << 17 << false;
     QTest::addRow("other names") << "<Name><device>%1</device></Name>" << 100 << true;
 }
 

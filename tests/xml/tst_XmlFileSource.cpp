@@ -160,7 +160,7 @@ void tst_XmlFileSource::documentTypeAfterABlock_data()
     QTest::addColumn<int>("commentSize");
     QTest::addRow("in the first block") << 100;
     QTest::addRow("its mark lies across the end of the first block") << blockSize - 4;
-    QTest::addRow("right behind the first block") << blockSize;
+    QTest::addRow("right after the first block") << blockSize;
     QTest::addRow("in the second block") << blockSize + 100;
     QTest::addRow("in the fifth block") << 4 * blockSize + 100;
 }
