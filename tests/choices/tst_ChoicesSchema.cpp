@@ -1,5 +1,6 @@
 // The JSON schema of choices files: it names the keys that the reader knows and no others, asks for the same ones, and
 // holds for what the product writes and documents. The page on choices files: its example and its table of mistakes.
+// Covers problemCodes.cpp.
 #include "choices/appliedChoices.h"
 #include "choices/choicesTexts.h"
 #include "choices/jsonSchema.h"

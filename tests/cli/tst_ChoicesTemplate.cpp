@@ -1,4 +1,5 @@
 // `ktl choices`: a template that is JSON in the form of a choices file, says what can be chosen, and changes nothing.
+// Covers choicesCommand.cpp.
 #include "cli/choicesParts.h"
 #include "testMain.h"
 

@@ -1,4 +1,5 @@
 // `ktl`: what it makes of its command line before any file is touched.
+// Covers ktlCommand.cpp.
 #include "cli/commandInProcess.h"
 #include "cli/workplace.h"
 #include "testMain.h"

@@ -1,4 +1,5 @@
 // `ktl convert --device`: some of the devices.
+// Covers selectedDevices.cpp.
 #include "cli/commandInProcess.h"
 #include "cli/ktlDevices.h"
 #include "cli/workplace.h"

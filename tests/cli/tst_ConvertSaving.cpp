@@ -1,4 +1,5 @@
 // `ktl convert`: the KTL file and its dump are written both or not at all, and what was there before survives.
+// Covers atomicSave.cpp, saveFolder.cpp.
 #include "cli/commandInProcess.h"
 #include "cli/ktlDevices.h"
 #include "cli/workplace.h"

@@ -1,4 +1,5 @@
 // `ktl convert`: the warnings of the export, and what `--strict` makes of them.
+// Covers itemLimit.cpp.
 #include "cli/commandInProcess.h"
 #include "cli/ktlDevices.h"
 #include "cli/workplace.h"

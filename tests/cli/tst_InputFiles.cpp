@@ -1,5 +1,6 @@
 // What `ktl` is given to read: whether it fits the sub-command, input that is too large or has no end, input that
 // cannot be read.
+// Covers esiInput.cpp, inputFile.cpp.
 #include "cli/commandInProcess.h"
 #include "cli/workplace.h"
 #include "testMain.h"

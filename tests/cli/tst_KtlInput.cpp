@@ -1,4 +1,5 @@
 // Reading KTL files, and the words for how they end.
+// Covers ktlEnd.cpp.
 #include "cli/ktlEnd.h"
 #include "cli/ktlInput.h"
 #include "cli/workplace.h"

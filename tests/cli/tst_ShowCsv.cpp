@@ -1,4 +1,5 @@
 // `ktl show --csv`: headers, rows and quoting.
+// Covers showTables.cpp.
 #include "cli/showRun.h"
 #include "ktl/ktlBytes.h"
 #include "testMain.h"

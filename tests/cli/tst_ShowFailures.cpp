@@ -1,4 +1,5 @@
 // `ktl show`: bad arguments, files that cannot be read, files that are cut short or made to do harm, a full disk.
+// Covers openShownFile.cpp, showCommand.cpp.
 #include "cli/showRun.h"
 #include "ktl/ktlBytes.h"
 #include "testMain.h"

@@ -1,4 +1,5 @@
 // `ktl show` of KTL files: the decoded devices, from bytes written by hand in which no two values are alike.
+// Covers showDevice.cpp.
 #include "cli/showRun.h"
 #include "ktl/ktlBytes.h"
 #include "testMain.h"

@@ -1,4 +1,5 @@
 // `ktl show` of KTL files: every field of every item, held against bytes written by hand.
+// Covers showItems.cpp.
 #include "cli/showRun.h"
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlItems.h"

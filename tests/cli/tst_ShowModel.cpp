@@ -1,4 +1,5 @@
 // `ktl show --json`: each member of the model under its own key, from ESI texts in which no two values are alike.
+// Covers showCommandLists.cpp, showModelDictionary.cpp, showModules.cpp, showPdos.cpp, showSlots.cpp.
 #include "cli/showRun.h"
 #include "testMain.h"
 

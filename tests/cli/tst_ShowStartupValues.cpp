@@ -1,4 +1,5 @@
 // `ktl show`: values of startup commands, and which of them the format does not carry.
+// Covers showStartup.cpp, startupOrigins.cpp.
 #include "cli/showRun.h"
 #include "ktl/ktlBytes.h"
 #include "testMain.h"

@@ -1,4 +1,5 @@
 // `ktl show` for people: what is on a line, and lines that fit a terminal.
+// Covers showWriter.cpp.
 #include "cli/showRun.h"
 #include "cli/terminal.h"
 #include "testMain.h"

@@ -1,4 +1,5 @@
 // The `DataTypes` element of a dictionary. Every test runs for the dictionary of a device and of a module.
+// Covers dictionarySections.cpp.
 #include "esi/readSection.h"
 #include "esi/xmlparsing.h"
 #include "testMain.h"

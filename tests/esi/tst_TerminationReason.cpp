@@ -1,4 +1,5 @@
 // Which file is being read, and what a program says that ends on an error.
+// Covers fileBeingRead.cpp.
 #include "esi/fileBeingRead.h"
 #include "esi/terminationReason.h"
 #include "testMain.h"

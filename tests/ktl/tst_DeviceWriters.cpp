@@ -1,4 +1,5 @@
 // General, FMMU, SM, DC, EEPROM and end item, byte for byte.
+// Covers itemWriter.cpp.
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "testMain.h"

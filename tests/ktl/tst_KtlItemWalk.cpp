@@ -1,4 +1,5 @@
 // Walking over the items of a file, and the parts of an item.
+// Covers ktlLayout.cpp.
 #include "ktl/ktlBytes.h"
 #include "ktl/reading/ktlItemWalk.h"
 #include "testMain.h"

@@ -1,4 +1,5 @@
 // The startup records at the end of a module block, byte for byte: which there are, and how many the item announces.
+// Covers moduleBlockWriters.cpp.
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "ktl/ktlItems.h"

@@ -1,4 +1,5 @@
 // The module blocks: identity and entries of each module, byte for byte. Startup records have a test of their own.
+// Covers moduleBlockWriters.cpp.
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "ktl/moduleBuilders.h"

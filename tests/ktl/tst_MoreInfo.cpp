@@ -1,4 +1,5 @@
 // The DeviceMoreInfo item, byte for byte: time of the export, version, and the text.
+// Covers moreInfoWriter.cpp.
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "ktl/ktlItems.h"

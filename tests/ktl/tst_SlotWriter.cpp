@@ -1,4 +1,5 @@
 // The Slot item, byte for byte.
+// Covers slotWriters.cpp.
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "testMain.h"

@@ -1,4 +1,5 @@
 // KTL_write_devices: which devices the check states of the tree select, and its three arguments.
+// Covers ktlTreeExport.cpp.
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "ktl/ktlItems.h"

@@ -1,4 +1,5 @@
 // A whole run: order of devices and items, the selection, the error code, and what ends a run early.
+// Covers ktlExport.cpp.
 #include "ktl/ktlBytes.h"
 #include "ktl/ktlExport.h"
 #include "ktl/ktlItems.h"

@@ -1,4 +1,5 @@
 // Standard streams that are closed or cannot be written. A process of its own has them.
+// Covers standardOutput.cpp.
 #include "system/anotherProcess.h"
 #include "system/standardOutput.h"
 #include "system/standardStreams.h"

@@ -1,4 +1,5 @@
 // The CoE tab: what it shows of the dictionary of the device that is clicked.
+// Covers dictionaryTree.cpp, mainwindow_coe.cpp.
 #include "model/dictionaryBuilders.h"
 #include "testMain.h"
 #include "workbench/coeTreeParts.h"

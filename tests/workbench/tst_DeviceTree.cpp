@@ -1,4 +1,5 @@
 // What a click in the device tree selects and shows.
+// Covers mainwindow_tree.cpp.
 #include "testMain.h"
 #include "workbench/mainwindow.h"
 #include "workbench/modelBuilders.h"

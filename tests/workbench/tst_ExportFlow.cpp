@@ -1,4 +1,5 @@
 // The export as a user goes through it: what is asked, what is proposed, and what lies on disk afterwards.
+// Covers mainwindow_export.cpp.
 #include "testMain.h"
 #include "workbench/exportFixture.h"
 

@@ -1,5 +1,6 @@
 // Exporting to a file that exists: the question, and what each answer does. The file dialog asks its own question
 // first.
+// Covers overwriteQuestion.cpp.
 #include "testMain.h"
 #include "workbench/exportFixture.h"
 

@@ -1,4 +1,5 @@
 // The device type on the General tab: chosen by the user, and found by a click in the tree; and the about box.
+// Covers mainwindow_general.cpp.
 #include "testMain.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/editorParts.h"

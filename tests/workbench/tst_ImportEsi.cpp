@@ -1,4 +1,5 @@
 // Opening ESI files: the dialog, what the tree shows afterwards, and every way in which it fails.
+// Covers mainwindow_files.cpp.
 #include "testMain.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/mainwindow.h"

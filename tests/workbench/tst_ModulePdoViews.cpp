@@ -1,5 +1,6 @@
 // The PDOs of a module as its file declares it: the two tables beside the module tree, their menus and refusals, and
 // the ways into the editor.
+// Covers mainwindow_modulepdo.cpp.
 #include "testMain.h"
 #include "workbench/moduleTab.h"
 #include "workbench/pdoEditor.h"

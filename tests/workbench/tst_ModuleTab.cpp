@@ -1,4 +1,5 @@
 // Putting modules into slots and taking them out on the Module tab: what is refused, and what changes.
+// Covers mainwindow_module.cpp.
 #include "testMain.h"
 #include "workbench/moduleTabFixture.h"
 

@@ -1,4 +1,5 @@
 // The editor of PDO entries: its form, the links that it offers, and the ways out of it.
+// Covers pdoeditwin.cpp.
 #include "testMain.h"
 #include "workbench/pdoEditor.h"
 #include "workbench/tabFixture.h"

@@ -1,4 +1,5 @@
 // What the Process Data tab shows: the PDO list, and the entries of the PDO that is clicked.
+// Covers mainwindow_pdo.cpp.
 #include "testMain.h"
 #include "workbench/tabFixture.h"
 

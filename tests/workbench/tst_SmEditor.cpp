@@ -1,4 +1,5 @@
 // The editor of a sync manager.
+// Covers smeditwin.cpp.
 #include "testMain.h"
 #include "workbench/smeditwin.h" // first, so that the header compiles on its own
 

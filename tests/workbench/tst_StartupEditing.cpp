@@ -1,4 +1,5 @@
 // Adding, modifying and deleting startup commands on the Startup tab.
+// Covers mainwindow_editing.cpp.
 #include "testMain.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/editorParts.h"

@@ -1,4 +1,5 @@
 // The editor of a startup command: its form, what it saves, and the ways out of it.
+// Covers startupeditwin.cpp.
 #include "testMain.h"
 #include "workbench/startupeditwin.h" // first, so that the header compiles on its own
 

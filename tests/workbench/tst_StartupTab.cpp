@@ -1,4 +1,5 @@
 // The rows of the Startup tab: the commands of three lists.
+// Covers mainwindow_startup.cpp.
 #include "testMain.h"
 #include "workbench/editorParts.h"
 #include "workbench/startupBuilders.h"

@@ -1,4 +1,5 @@
 // The tables of sync managers and FMMUs, and the way from them to the editor.
+// Covers mainwindow_sm.cpp.
 #include "testMain.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/editorParts.h"
