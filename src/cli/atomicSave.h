@@ -19,7 +19,7 @@ using WriteRun = std::function<bool(std::FILE* out, int* errorCode)>;
 
 /// Writes a KTL file and its dump, if it has one; one run at a time in a folder. A file that must stay is never
 /// replaced, even if it has just appeared.
-/// @param writeRun  as for `saveKtlFile`; its out-of-range errors are passed on
+/// @param writeRun  as for `saveKtlFile`, but its errors are passed on
 /// @param patience  for another run in the folder
 /// @return  nothing if all is saved
 /// @throws  what `writeRun` throws

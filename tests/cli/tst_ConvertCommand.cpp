@@ -137,8 +137,8 @@ void tst_ConvertCommand::pipe()
 }
 
 /// Without -o: at most 15 characters of the file's name up to its first point, a hyphen and the vendor id, of this at
-/// most 20 characters, and the ending. The file of the first device that is written counts. The name is reported, which is
-/// no warning.
+/// most 20 characters, and the ending. The file of the first device that is written counts. The name is reported, which
+/// is no warning.
 void tst_ConvertCommand::proposedName()
 {
     const Workplace place;
