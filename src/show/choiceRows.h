@@ -3,7 +3,7 @@
 #pragma once
 
 #include "model/deviceRecords.h"
-#include "show/startupOrigins.h"
+#include "show/startupSource.h"
 
 #include <cstdint>
 #include <optional>

@@ -5,6 +5,7 @@
 #include "ktl/reading/ktlItemWalk.h"
 #include "ktl/writing/moduleCounts.h"
 #include "show/showWords.h"
+#include "show/startupOrigins.h"
 #include "system/cStreams.h"
 
 #include <QDate>

@@ -2,21 +2,12 @@
 // that an export writes of them, so that both agree in all that the format has.
 #pragma once
 
-#include "ktl/reading/ktlDeviceBlocks.h"
 #include "show/showValue.h"
-#include "show/startupOrigins.h"
+#include "show/shownDevice.h"
 
 #include <cstdint>
 
 namespace show {
-
-/// A device block with the sources of its commands.
-struct ShownDevice
-{
-    KtlDeviceBlock block;
-    StartupSources sources; ///< see `sourceAt` for commands that have none
-    bool isExported = true; ///< false for a device of an ESI file, which has no time of export
-};
 
 /// Members of all that the format carries of a device.
 /// @param device  has to outlive the result

@@ -3,6 +3,7 @@
 #include "model/carriedValue.h"
 #include "model/objectAreas.h"
 #include "show/showWords.h"
+#include "show/startupOrigins.h"
 
 #include <algorithm>
 #include <memory>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "ktl/format/ktlFormat.h"
-#include "show/showDevice.h"
 #include "show/showValue.h"
+#include "show/shownDevice.h"
 
 #include <cstddef>
 #include <cstdint>

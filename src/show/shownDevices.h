@@ -1,7 +1,7 @@
 // shownDevices.h - the devices of a file that is shown, one at a time.
 #pragma once
 
-#include "show/showDevice.h"
+#include "show/shownDevice.h"
 
 #include <cstddef>
 #include <functional>

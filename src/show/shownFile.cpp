@@ -1,5 +1,7 @@
 #include "show/shownFile.h"
 
+#include "show/startupOrigins.h"
+
 #include <utility>
 
 namespace show {
