@@ -17,7 +17,7 @@ using WriteRun = std::function<bool(std::FILE* out, int* errorCode)>;
 // on the disk. Until then, and whenever anything fails, the files that were there before stay as they are, in append
 // mode too. Replaced files keep their permissions, and their owner and group where the user may give them.
 
-/// Writes a KTL file and its dump, if it has one; one run at a time in a folder. A file that must stay is never
+/// Saves a KTL file and its dump, if any; one run at a time in a folder. A file that must stay is never
 /// replaced, even if it has just appeared.
 /// @param writeRun  as for `saveKtlFile`, but its errors are passed on
 /// @param patience  for another run in the folder
