@@ -1,5 +1,6 @@
 #include "show/showWriter.h"
 
+#include "show/showDevice.h"
 #include "show/showItems.h"
 #include "show/showJson.h"
 #include "show/showModel.h"
