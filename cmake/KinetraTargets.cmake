@@ -10,6 +10,7 @@ target_compile_options(kinetra_options INTERFACE -Wall -Wextra -Wpedantic -Wconv
 if(KINETRA_SANITIZE)
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_compile_options(kinetra_options INTERFACE ${sanitizers})
+  target_compile_definitions(kinetra_options INTERFACE KINETRA_SANITIZED) # for tests of time and memory
   # Whoever links a library of ours needs the sanitizers' runtime too, so this one is for the whole tree.
   add_link_options(-fsanitize=address,undefined)
 endif()

@@ -36,7 +36,7 @@ QByteArray samples(int count, const QByteArray& entries)
 /// memory ends: under them there is none.
 CommandRun runWithin(int megabytes, const QStringList& arguments, const QString& folder)
 {
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(KINETRA_SANITIZED)
     Q_UNUSED(megabytes)
     return runKtl(arguments, folder);
 #else
@@ -92,7 +92,7 @@ void tst_InputMemory::memoryEnds_data()
 /// It is told with the name of the file, and the files after it are read all the same.
 void tst_InputMemory::memoryEnds()
 {
-#if !defined(__SANITIZE_ADDRESS__)
+#if !defined(KINETRA_SANITIZED)
     QFETCH(QStringList, command);
     const Workplace place;
     const QString large = m_place.path(QStringLiteral("names.xml"));
@@ -109,7 +109,7 @@ void tst_InputMemory::memoryEnds()
 /// Whatever the limit: the JSON is whole, and the file that was broken off does not count as complete.
 void tst_InputMemory::memoryEndsInJson()
 {
-#if !defined(__SANITIZE_ADDRESS__)
+#if !defined(KINETRA_SANITIZED)
     const Workplace place;
     const QString large = m_place.path(QStringLiteral("commands.xml"));
     int brokenOff = 0;
@@ -141,7 +141,7 @@ void tst_InputMemory::manyDevices_data()
 void tst_InputMemory::manyDevices()
 {
     QFETCH(QString, table);
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(KINETRA_SANITIZED)
     constexpr int maxSeconds = 150; // the sanitizers make it several times slower
 #else
     constexpr int maxSeconds = 20;

@@ -49,7 +49,7 @@ QByteArray fmmuItem()
 /// own.
 QString memoryLimit()
 {
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(KINETRA_SANITIZED)
     return "export ASAN_OPTIONS=max_allocation_size_mb=400";
 #else
     return "ulimit -v 400000";

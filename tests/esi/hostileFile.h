@@ -30,7 +30,7 @@ struct Ending
 
 /// Processor time that one file may take, in seconds. The sanitizers slow everything down.
 inline constexpr double maxSeconds =
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(KINETRA_SANITIZED)
     30;
 #else
     5;
@@ -39,7 +39,7 @@ inline constexpr double maxSeconds =
 /// How many of something a large file holds: a tenth under the sanitizers.
 [[nodiscard]] constexpr int sized(int count)
 {
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(KINETRA_SANITIZED)
     constexpr int share = 10;
 #else
     constexpr int share = 1;
