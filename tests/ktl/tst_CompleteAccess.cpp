@@ -82,6 +82,7 @@ private slots:
     void valuesThatDoNotFitAreDropped();
     void smallerCommandStillFits();
     void itemWriterFillsThreeBytes();
+    void itemWriterKeepsTheOrderOfALongItem();
     void itemWriterReportsARefusal();
 };
 
@@ -238,6 +239,29 @@ void tst_CompleteAccess::itemWriterFillsThreeBytes()
         QCOMPARE(writer.writeTo(out), std::size_t(1));
     });
     QCOMPARE(written, bytes("46 9C 00 00  13 00 00 00") + zeros(8) + bytes("46 9C 00"));
+}
+
+/// Records, a shorter one after them, and the fill stay in order, however long the item is.
+void tst_CompleteAccess::itemWriterKeepsTheOrderOfALongItem()
+{
+    constexpr std::uint32_t count = 33; // of 124 bytes each, so the item is longer than 4096
+    struct_KTL_Slots item{};
+    item.m_iItemType = KTL_ITEM_Slot;
+    item.m_iSize = 20 + count * 124 + 4 + 8;
+    const QByteArray written = writtenBy([&](std::FILE* out) {
+        ItemWriter writer(item, offsetof(struct_KTL_Slots, m_aSlotContent));
+        for (std::uint32_t number = 0; number < count; ++number) {
+            struct_KTL_SlotContent slot{};
+            slot.m_iMinInstances = number;
+            writer.add(slot);
+        }
+        writer.add(std::uint32_t{0x44332211});
+        QCOMPARE(writer.writeTo(out), std::size_t(1));
+    });
+    QByteArray expected = bytes("47 9C 00 00") + le32(4124) + zeros(12);
+    for (std::uint32_t number = 0; number < count; ++number)
+        expected += le32(number) + zeros(120);
+    QCOMPARE(written, expected + bytes("11 22 33 44  47 9C 00 00") + le32(4124));
 }
 
 void tst_CompleteAccess::itemWriterReportsARefusal()

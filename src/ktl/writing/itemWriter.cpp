@@ -2,26 +2,29 @@
 
 #include <algorithm>
 
-void ItemWriter::append(const void* data, std::size_t size)
+void ItemWriter::appendToRest(const void* data, std::size_t size)
 {
     const auto* bytes = static_cast<const unsigned char*>(data);
-    m_bytes.insert(m_bytes.end(), bytes, bytes + size);
+    m_rest.insert(m_rest.end(), bytes, bytes + size);
 }
 
-/// As much of the head as the gap takes, and no more than the head has.
-void ItemWriter::addCopyOfHead()
+void ItemWriter::addFill(ItemFill fill)
 {
-    const std::size_t length = std::min(m_announcedSize - m_bytes.size(), m_headSize);
-    const std::vector<unsigned char> head(m_bytes.begin(), m_bytes.begin() + static_cast<std::ptrdiff_t>(length));
-    m_bytes.insert(m_bytes.end(), head.begin(), head.end());
+    const std::size_t length = m_roomUsed + m_rest.size();
+    if (length >= m_announcedSize || fill == ItemFill::Nothing)
+        return;
+    std::size_t gap = m_announcedSize - length;
+    if (fill == ItemFill::CopyOfHead) {
+        const std::size_t copied = std::min(gap, m_headSize); // no more than the head has
+        append(m_room.data(), copied);
+        gap -= copied;
+    }
+    m_rest.resize(m_rest.size() + gap, 0);
 }
 
 std::size_t ItemWriter::writeTo(std::FILE* out, ItemFill fill)
 {
-    if (m_bytes.size() < m_announcedSize && fill != ItemFill::Nothing) {
-        if (fill == ItemFill::CopyOfHead)
-            addCopyOfHead();
-        m_bytes.resize(m_announcedSize, 0);
-    }
-    return std::fwrite(m_bytes.data(), m_bytes.size(), 1, out);
+    addFill(fill);
+    const std::size_t items = std::fwrite(m_room.data(), m_roomUsed, 1, out);
+    return m_rest.empty() ? items : std::min(items, std::fwrite(m_rest.data(), m_rest.size(), 1, out));
 }

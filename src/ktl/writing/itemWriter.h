@@ -3,9 +3,11 @@
 
 #include "ktl/format/headSize.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <type_traits>
 #include <vector>
 
@@ -20,8 +22,8 @@ enum class ItemFill
     Nothing, ///< the item stays as short as it is
 };
 
-/// Builds one item in memory and writes it with one call: the head, the records after it, and the fill up to the size
-/// that the head announces.
+/// Builds one item in memory and writes it as a whole: the head, the records after it, and the fill up to the size that
+/// the head announces. Items are many and short, so only a long one takes memory besides the writer's own.
 class ItemWriter
 {
 public:
@@ -34,7 +36,7 @@ public:
         , m_headSize(headSize)
     {
         static_assert(std::is_trivially_copyable_v<Head>, "a head is written as it lies in memory");
-        m_bytes.reserve(m_announcedSize);
+        static_assert(sizeof(Head) <= roomSize, "a fill is copied from the head in the room");
         append(&head, headSize);
     }
 
@@ -50,12 +52,24 @@ public:
     std::size_t writeTo(std::FILE* out, ItemFill fill = ItemFill::CopyOfHead);
 
 private:
-    void append(const void* data, std::size_t size);
-    void addCopyOfHead();
+    static constexpr std::size_t roomSize = 4096;
+
+    /// Inline, so that a record is a copy of known length.
+    void append(const void* data, std::size_t size)
+    {
+        if (size > roomSize - m_roomUsed || !m_rest.empty())
+            return appendToRest(data, size);
+        std::memcpy(m_room.data() + m_roomUsed, data, size);
+        m_roomUsed += size;
+    }
+    void appendToRest(const void* data, std::size_t size);
+    void addFill(ItemFill fill);
 
     std::size_t m_announcedSize;
     std::size_t m_headSize;
-    std::vector<unsigned char> m_bytes;
+    std::size_t m_roomUsed = 0;
+    std::array<unsigned char, roomSize> m_room; ///< the item's first bytes; left unset beyond `m_roomUsed`
+    std::vector<unsigned char> m_rest; ///< all bytes from the first record on that found no room
 };
 
 /// Writes an item that is a list of records after its head; the item's size follows from the records.
