@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
 #include <vector>
 
 namespace {
@@ -62,25 +61,25 @@ struct_KTL_DcAttributes dcRecord(const Struct_DCOpMode& mode)
     return record;
 }
 
-/// Writes an item whose head holds nothing but the number of its records.
-template<typename Item, typename Source, typename Record>
-void writeCountedItem(std::FILE* out, enum_KTL_ITEM_TYPE type, const std::vector<Source>& sources,
-                      Record (*recordOf)(const Source&))
+/// Head that holds nothing but the number of its records.
+template<typename Item> Item countedHead(enum_KTL_ITEM_TYPE type, std::size_t count)
 {
     Item head{};
     head.m_iItemType = type;
-    head.m_iCount = static_cast<std::uint32_t>(sources.size());
-    writeListItem(out, head, sources, recordOf);
+    head.m_iCount = static_cast<std::uint32_t>(count);
+    return head;
 }
 
 /// ODD, KEPT: a virtual sync manager has no record, while PDOs keep the numbers that they had. One would expect these
 /// to be the positions of the records. Pinned by tst_DeviceWriters::smItemLeavesVirtualOnesOut.
-std::vector<struct_SM> withoutVirtual(const std::vector<struct_SM>& syncManagers)
+std::vector<struct_KTL_SmAttributes> smRecords(const std::vector<struct_SM>& syncManagers)
 {
-    std::vector<struct_SM> real;
-    std::copy_if(syncManagers.cbegin(), syncManagers.cend(), std::back_inserter(real),
-                 [](const struct_SM& syncManager) { return syncManager.Attributes.m_Virtual == 0; });
-    return real;
+    std::vector<struct_KTL_SmAttributes> records;
+    records.reserve(syncManagers.size());
+    for (const struct_SM& syncManager : syncManagers)
+        if (syncManager.Attributes.m_Virtual == 0)
+            records.push_back(smRecord(syncManager));
+    return records;
 }
 
 struct_KTL_EtherCatDeviceType generalItem(const struct_EtherCatDevice& device, const struct_FilenameDevice& file)
@@ -114,21 +113,23 @@ int KTL_write_device_General(std::FILE* out, struct_EtherCatDevice* device, stru
 void KTL_write_device_FmmuInfo(std::FILE* out, struct_EtherCatDevice* device)
 {
     if (out != nullptr && device != nullptr && !device->vFmmu.empty())
-        writeCountedItem<struct_KTL_FmmuType>(out, KTL_ITEM_FMMU, device->vFmmu, fmmuRecord);
+        writeListItem(out, countedHead<struct_KTL_FmmuType>(KTL_ITEM_FMMU, device->vFmmu.size()), device->vFmmu,
+                      fmmuRecord);
 }
 
 void KTL_write_device_SmInfo(std::FILE* out, struct_EtherCatDevice* device)
 {
     if (out == nullptr || device == nullptr)
         return;
-    if (const std::vector<struct_SM> syncManagers = withoutVirtual(device->vSM); !syncManagers.empty())
-        writeCountedItem<struct_KTL_SmType>(out, KTL_ITEM_SM, syncManagers, smRecord);
+    if (const std::vector<struct_KTL_SmAttributes> records = smRecords(device->vSM); !records.empty())
+        writeListItem(out, countedHead<struct_KTL_SmType>(KTL_ITEM_SM, records.size()), records);
 }
 
 void KTL_write_device_DcInfo(std::FILE* out, struct_EtherCatDevice* device)
 {
     if (out != nullptr && device != nullptr && !device->vopmode.empty())
-        writeCountedItem<struct_KTL_DcType>(out, KTL_ITEM_DC, device->vopmode, dcRecord);
+        writeListItem(out, countedHead<struct_KTL_DcType>(KTL_ITEM_DC, device->vopmode.size()), device->vopmode,
+                      dcRecord);
 }
 
 void KTL_write_device_EEPROM(std::FILE* out, struct_EtherCatDevice* /*device*/)
