@@ -63,9 +63,9 @@ QString DictionaryTexts::valueOf(const struct_DataTypes& dataType, const DataTyp
     return valueText(subItem.Type, infoOf(dataType, subItem));
 }
 
-/// ODD, KEPT: the default is that of the object whose index is in the name of the data type, such as "DT1C12", where one
-/// would expect the object that is shown. So an object with the record of another one shows the other's defaults, and a
-/// record whose name is no number shows those of object 0. Pinned by
+/// ODD, KEPT: the default is that of the object whose index is in the name of the data type, such as "DT1C12", where
+/// one would expect the object that is shown. So an object with the record of another one shows the other's defaults,
+/// and a record whose name is no number shows those of object 0. Pinned by
 /// tst_DictionaryTexts::valueOfTheObjectInTheTypeName.
 const str_Info& DictionaryTexts::infoOf(const struct_DataTypes& dataType, const DataTypeSubItem& subItem)
 {
