@@ -1,8 +1,8 @@
 // The comments on odd rules of src: what each has to say, and that the tests that it names are there.
+#include "model/projectSources.h"
 #include "testMain.h"
 
-#include <QDirIterator>
-#include <QFile>
+#include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
 #include <QtTest>
@@ -10,23 +10,6 @@
 namespace {
 
 constexpr const char* mark = "ODD, KEPT:";
-
-/// Paths of the C++ files under a folder of the project.
-QStringList sourcesUnder(const char* folder)
-{
-    QStringList paths;
-    QDirIterator files(QStringLiteral(KINETRA_SOURCE_DIR "/") + QLatin1String(folder), {"*.h", "*.cpp"}, QDir::Files,
-                       QDirIterator::Subdirectories);
-    while (files.hasNext())
-        paths.append(files.next());
-    return paths;
-}
-
-QString contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
 
 /// The comments of a file that have lines of their own, each on one line.
 QStringList commentsOf(const QString& path)

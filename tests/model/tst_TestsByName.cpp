@@ -1,31 +1,14 @@
 // Whether the test of each source of src can be found by name: it bears the name of the source, or says in its head
 // which sources it covers.
+#include "model/projectSources.h"
 #include "testMain.h"
 
-#include <QDirIterator>
-#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSet>
 #include <QtTest>
 
 namespace {
-
-QStringList sourcesUnder(const char* folder)
-{
-    QStringList paths;
-    QDirIterator files(QStringLiteral(KINETRA_SOURCE_DIR "/") + QLatin1String(folder), {"*.cpp"}, QDir::Files,
-                       QDirIterator::Subdirectories);
-    while (files.hasNext())
-        paths.append(files.next());
-    return paths;
-}
-
-QString contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
 
 /// Names of the sources that a test says to cover, such as "mainwindow_pdo.cpp".
 QStringList coveredBy(const QString& test)
@@ -39,7 +22,7 @@ QStringList coveredBy(const QString& test)
 QSet<QString> testedSources()
 {
     QSet<QString> tested;
-    for (const QString& path : sourcesUnder("tests")) {
+    for (const QString& path : sourcesUnder("tests", {"*.cpp"})) {
         const QString name = QFileInfo(path).fileName().toLower();
         if (!name.startsWith("tst_"))
             continue;
@@ -66,7 +49,7 @@ void tst_TestsByName::eachSource_data()
 {
     QTest::addColumn<QString>("name");
     const QSet<QString> withoutLogic{"main.cpp", "XMLParsing.cpp", "recordLists.cpp"};
-    for (const QString& path : sourcesUnder("src"))
+    for (const QString& path : sourcesUnder("src", {"*.cpp"}))
         if (const QString name = QFileInfo(path).fileName(); !withoutLogic.contains(name))
             QTest::addRow("%s", qPrintable(path.section("/src/", -1))) << name;
 }
@@ -85,9 +68,9 @@ void tst_TestsByName::eachSource()
 void tst_TestsByName::coveredSourcesExist()
 {
     QSet<QString> names;
-    for (const QString& path : sourcesUnder("src"))
+    for (const QString& path : sourcesUnder("src", {"*.cpp"}))
         names.insert(QFileInfo(path).fileName());
-    for (const QString& path : sourcesUnder("tests"))
+    for (const QString& path : sourcesUnder("tests", {"*.cpp"}))
         for (const QString& source : coveredBy(contentOf(path)))
             QVERIFY2(names.contains(source), qPrintable(QFileInfo(path).fileName() + ": " + source));
 }
