@@ -108,6 +108,26 @@ void tst_ShowModel::initTestCase()
     QCOMPARE(m_file.value("vendorId").toInt(), 77);
 }
 
+/// Members of the dictionary.
+static void addDictionaryRows()
+{
+    row("dictionary/dataTypes/0", R"({"name":"DT2002","bitSize":61,"baseType":"Bas","index":0,"arrays":[]})");
+    row("dictionary/dataTypes/0/subItems/1", R"({"subIndex":1,"name":"Sub","type":"UINT","bitSize":62,"bitOffset":63,
+        "access":"wo","category":"c","backup":64,"setting":65})");
+    row("dictionary/dataTypes/0/enumeration/0", R"({"name":"Enu","value":68,"comment":"Enc"})");
+    row("dictionary/dataTypes/1/arrays/0", R"({"lowerBound":66,"elements":67})");
+    row("dictionary/objects/0",
+        R"({"index":8194,"name":"Obj","comment":"Obc","type":"DT2002","bitSize":71,"access":"rw",
+        "category":"o","pdoMapping":"","safetyMapping":"","sdoAccess":"","backup":75,"setting":76,"defaultText":"",
+        "defaultValue":0,"minimum":0,"maximum":0})");
+    row("dictionary/objects/0/subItems/1", R"({"name":"Two","defaultText":"","defaultValue":72,"minimum":49,
+        "maximum":74})");
+    row("dictionary/rows/0", R"({"index":8194,"subIndex":0,"name":"Obj","access":"rw","bitSize":71,"type":"",
+        "value":"1","signedValue":null})");
+    row("dictionary/rows/1", R"({"index":8194,"subIndex":1,"name":"Sub","access":"wo","bitSize":62,"type":"UINT",
+        "value":"72","signedValue":null})");
+}
+
 void tst_ShowModel::members_data()
 {
     QTest::addColumn<QString>("path");
@@ -134,21 +154,7 @@ void tst_ShowModel::members_data()
         "oversampling":{"defaultFactor":57,"minCycleTime":58}})");
     row("dcModes/0/syncManagers/0", R"({"number":55,"syncType":0,"cycleTime":0,"shiftTime":0})");
     row("dcModes/0/syncManagers/0/pdos/0", R"({"index":5634,"oversamplingFactor":56})");
-    row("dictionary/dataTypes/0", R"({"name":"DT2002","bitSize":61,"baseType":"Bas","index":0,"arrays":[]})");
-    row("dictionary/dataTypes/0/subItems/1", R"({"subIndex":1,"name":"Sub","type":"UINT","bitSize":62,"bitOffset":63,
-        "access":"wo","category":"c","backup":64,"setting":65})");
-    row("dictionary/dataTypes/0/enumeration/0", R"({"name":"Enu","value":68,"comment":"Enc"})");
-    row("dictionary/dataTypes/1/arrays/0", R"({"lowerBound":66,"elements":67})");
-    row("dictionary/objects/0",
-        R"({"index":8194,"name":"Obj","comment":"Obc","type":"DT2002","bitSize":71,"access":"rw",
-        "category":"o","pdoMapping":"","safetyMapping":"","sdoAccess":"","backup":75,"setting":76,"defaultText":"",
-        "defaultValue":0,"minimum":0,"maximum":0})");
-    row("dictionary/objects/0/subItems/1", R"({"name":"Two","defaultText":"","defaultValue":72,"minimum":49,
-        "maximum":74})");
-    row("dictionary/rows/0", R"({"index":8194,"subIndex":0,"name":"Obj","access":"rw","bitSize":71,"type":"",
-        "value":"1","signedValue":null})");
-    row("dictionary/rows/1", R"({"index":8194,"subIndex":1,"name":"Sub","access":"wo","bitSize":62,"type":"UINT",
-        "value":"72","signedValue":null})");
+    addDictionaryRows();
     row("slots", R"({"downloadModuleIdentList":true,"downloadModuleAddressList":false,
         "downloadModuleListTransition":"PS","identifyModuleBy":"Idb","maxSlotCount":81,"maxSlotGroupCount":82,
         "slotIndexIncrement":83,"slotPdoIncrement":84,"slotGroupIndexIncrement":85,"slotGroupPdoIncrement":86})");

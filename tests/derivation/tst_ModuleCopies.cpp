@@ -19,6 +19,22 @@ private slots:
     static void appendedInOrder();
 };
 
+/// A command with a value in every field.
+static struct_moduleInitCmd filledCommand()
+{
+    struct_moduleInitCmd command = declaredModuleCommand("declared");
+    command.indexAttributes.AdaptAutomatically = true;
+    command.indexAttributes.DependOnSlotGroup = true;
+    command.SubIndex = 300;
+    command.DataBytes = 2;
+    command.Data = 0x1234;
+    command.strData = "3412";
+    command.Instances = 9;
+    command.bIfCA = 1;
+    command.m_CADataList = {0xA, 0xB};
+    return command;
+}
+
 void tst_ModuleCopies::copiesAreWhole()
 {
     struct_module module = moduleFrom(1, "module", "1600 @2 fixed 7000:1:16 7001:2:8");
@@ -35,17 +51,7 @@ void tst_ModuleCopies::copiesAreWhole()
     declared.vEntry[1].DefaultData = 7;
     declared.vEntry[1].Linkto = 30;
     declared.vEntry[1].Offs = 2.0F;
-    struct_moduleInitCmd command = declaredModuleCommand("declared");
-    command.indexAttributes.AdaptAutomatically = true;
-    command.indexAttributes.DependOnSlotGroup = true;
-    command.SubIndex = 300;
-    command.DataBytes = 2;
-    command.Data = 0x1234;
-    command.strData = "3412";
-    command.Instances = 9;
-    command.bIfCA = 1;
-    command.m_CADataList = {0xA, 0xB};
-    module.Mailbox.COE.vinitcmd = {command};
+    module.Mailbox.COE.vinitcmd = {filledCommand()};
 
     struct_EtherCatDevice device;
     bringIntoDevice(device, struct_Slot(), module, 4);

@@ -100,6 +100,51 @@ void fillWithOldData(struct_EtherCatDevice& device)
 
 } // namespace
 
+static constexpr Steps none{0, 0};
+static constexpr Steps usual{0x10, 0x100};
+static constexpr Steps other{0x40, 0x400};
+
+/// By what a module shifts: the flags of its indexes.
+static void addFlagRows()
+{
+    QTest::addRow("depends on nothing, by the slot") << 0 << -1 << usual << usual << other << 3 << ""
+                                                     << "1600 7000 8000";
+    QTest::addRow("depends on nothing, by the group") << 4 << 2 << usual << usual << other << 3 << ""
+                                                      << "1600 7000 8000";
+    QTest::addRow("depends on the group, moved by the slot") << 0 << -1 << usual << usual << other << 3 << "group"
+                                                             << "1600 7000 8000";
+    QTest::addRow("depends on the group that is not in use") << 0 << 2 << usual << usual << other << 3 << "group"
+                                                             << "1600 7000 8000";
+    QTest::addRow("depends on the slot, moved by the group") << 4 << 2 << usual << usual << other << 3 << "slot"
+                                                             << "1600 7000 8000";
+    QTest::addRow("depends on both, by the slot") << 0 << -1 << usual << usual << other << 3 << "slot group"
+                                                  << "1630 7300 8300";
+    QTest::addRow("depends on both, by the group: the slot goes first and does not move")
+        << 4 << 2 << usual << usual << other << 3 << "slot group"
+        << "1600 7000 8000";
+}
+
+/// Where the arithmetic comes to its end.
+static void addWideRows()
+{
+    // 2 * ffff = 1fffe and 2 * 10001 = 20002, cut to fffe and 2; 1600 + fffe = 115fe.
+    QTest::addRow("the product is cut to 16 bits") << 0 << -1 << Steps{0xFFFF, 0x10001} << none << other << 2 << "slot"
+                                                   << "15fe 7002 8002";
+    QTest::addRow("the sum is cut to 16 bits") << 0 << -1 << Steps{0xF000, 0xF000} << none << other << 1 << "slot"
+                                               << "600 6000 7000";
+    QTest::addRow("the sum of a group is cut too") << 4 << 2 << usual << usual << Steps{0xFFFF, 0x7800} << 0 << "group"
+                                                   << "15fe 6000 7000";
+    // 2 * 80000000 does not fit 32 bits; 2 * 80000003 leaves 6.
+    QTest::addRow("a product beyond 32 bits")
+        << 0 << -1 << Steps{0x80000000, 0x80000003} << none << other << 2 << "slot"
+        << "1600 7006 8006";
+    QTest::addRow("greatest place") << 0 << -1 << Steps{1, 0x10} << none << other << 65535 << "slot"
+                                    << "15ff 6ff0 7ff0";
+    // 7fffffff * 1 ends with ffff, which is one less than nothing.
+    QTest::addRow("greatest group") << 4 << 0x7FFFFFFF << usual << usual << Steps{1, 2} << 0 << "group"
+                                    << "15ff 6ffe 7ffe";
+}
+
 void tst_ModuleInSlot::shifts_data()
 {
     QTest::addColumn<int>("groupCount"); // of the device
@@ -110,9 +155,6 @@ void tst_ModuleInSlot::shifts_data()
     QTest::addColumn<int>("place");
     QTest::addColumn<QString>("flags");
     QTest::addColumn<QString>("expected"); // PDO, entry, command
-    const Steps none{0, 0};
-    const Steps usual{0x10, 0x100};
-    const Steps other{0x40, 0x400};
 
     QTest::addRow("by the slot, steps of the device") << 0 << -1 << usual << none << other << 3 << "slot"
                                                       << "1630 7300 8300";
@@ -144,38 +186,8 @@ void tst_ModuleInSlot::shifts_data()
     QTest::addRow("a group without steps takes none from elsewhere") << 4 << 2 << usual << usual << none << 3 << "group"
                                                                      << "1600 7000 8000";
 
-    QTest::addRow("depends on nothing, by the slot") << 0 << -1 << usual << usual << other << 3 << ""
-                                                     << "1600 7000 8000";
-    QTest::addRow("depends on nothing, by the group") << 4 << 2 << usual << usual << other << 3 << ""
-                                                      << "1600 7000 8000";
-    QTest::addRow("depends on the group, moved by the slot") << 0 << -1 << usual << usual << other << 3 << "group"
-                                                             << "1600 7000 8000";
-    QTest::addRow("depends on the group that is not in use") << 0 << 2 << usual << usual << other << 3 << "group"
-                                                             << "1600 7000 8000";
-    QTest::addRow("depends on the slot, moved by the group") << 4 << 2 << usual << usual << other << 3 << "slot"
-                                                             << "1600 7000 8000";
-    QTest::addRow("depends on both, by the slot") << 0 << -1 << usual << usual << other << 3 << "slot group"
-                                                  << "1630 7300 8300";
-    QTest::addRow("depends on both, by the group: the slot goes first and does not move")
-        << 4 << 2 << usual << usual << other << 3 << "slot group"
-        << "1600 7000 8000";
-
-    // 2 * ffff = 1fffe and 2 * 10001 = 20002, cut to fffe and 2; 1600 + fffe = 115fe.
-    QTest::addRow("the product is cut to 16 bits") << 0 << -1 << Steps{0xFFFF, 0x10001} << none << other << 2 << "slot"
-                                                   << "15fe 7002 8002";
-    QTest::addRow("the sum is cut to 16 bits") << 0 << -1 << Steps{0xF000, 0xF000} << none << other << 1 << "slot"
-                                               << "600 6000 7000";
-    QTest::addRow("the sum of a group is cut too") << 4 << 2 << usual << usual << Steps{0xFFFF, 0x7800} << 0 << "group"
-                                                   << "15fe 6000 7000";
-    // 2 * 80000000 does not fit 32 bits; 2 * 80000003 leaves 6.
-    QTest::addRow("a product beyond 32 bits")
-        << 0 << -1 << Steps{0x80000000, 0x80000003} << none << other << 2 << "slot"
-        << "1600 7006 8006";
-    QTest::addRow("greatest place") << 0 << -1 << Steps{1, 0x10} << none << other << 65535 << "slot"
-                                    << "15ff 6ff0 7ff0";
-    // 7fffffff * 1 ends with ffff, which is one less than nothing.
-    QTest::addRow("greatest group") << 4 << 0x7FFFFFFF << usual << usual << Steps{1, 2} << 0 << "group"
-                                    << "15ff 6ffe 7ffe";
+    addFlagRows();
+    addWideRows();
 }
 
 void tst_ModuleInSlot::shifts()

@@ -178,34 +178,9 @@ void tst_KtlFormat::compareField()
     QCOMPARE(isSigned, expectedSigned);
 }
 
-void tst_KtlFormat::deviceFields_data()
+/// Fields of the lists of a device.
+static void addListFields()
 {
-    addFieldColumns();
-    FIELD(struct_KTL_ItemEnd, m_iItemType, 0, 4, false);
-    FIELD(struct_KTL_ItemEnd, m_iSize, 4, 4, false);
-    FIELD(struct_KTL_ItemEnd, m_iRev, 8, 4, false);
-
-    FIELD(struct_KTL_EtherCatDeviceType, m_iItemType, 0, 4, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_iSize, 4, 4, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_iVendor_Id, 8, 4, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_iProduct_Code, 12, 4, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_iRevision_No, 16, 4, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_iSerial_No, 20, 4, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_iDeviceType, 24, 2, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_bSdoSupport, 26, 2, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_iSlotCount, 28, 2, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_bEoeSupport, 30, 2, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_bHasOD, 32, 1, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_bListOD, 33, 1, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_bPdoReadVerify, 34, 1, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_bAddAlign, 35, 1, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_iAlignSign, 36, 4, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_iAlignSign2, 40, 4, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_iDrive1600Write, 44, 2, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_iDrive1600Offset, 46, 2, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_iDriveAxies, 48, 2, false);
-    FIELD(struct_KTL_EtherCatDeviceType, m_iModuleTypeMax, 50, 2, false);
-
     FIELD(struct_KTL_FmmuType, m_iCount, 8, 4, false);
     FIELD(struct_KTL_FmmuType, m_aStrKTL_FmmuAttrb, 12, 8, false);
     FIELD(struct_KTL_FmmuAttributes, m_iOpOnly, 0, 1, false);
@@ -243,6 +218,37 @@ void tst_KtlFormat::deviceFields_data()
     FIELD(struct_KTL_EntryPDOContent, Bitlen, 8, 4, true);
     FIELD(struct_KTL_EntryPDOContent, bLinkTo, 12, 4, true);
     FIELD(struct_KTL_EntryPDOContent, LinkToData, 16, 4, true);
+}
+
+void tst_KtlFormat::deviceFields_data()
+{
+    addFieldColumns();
+    FIELD(struct_KTL_ItemEnd, m_iItemType, 0, 4, false);
+    FIELD(struct_KTL_ItemEnd, m_iSize, 4, 4, false);
+    FIELD(struct_KTL_ItemEnd, m_iRev, 8, 4, false);
+
+    FIELD(struct_KTL_EtherCatDeviceType, m_iItemType, 0, 4, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_iSize, 4, 4, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_iVendor_Id, 8, 4, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_iProduct_Code, 12, 4, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_iRevision_No, 16, 4, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_iSerial_No, 20, 4, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_iDeviceType, 24, 2, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_bSdoSupport, 26, 2, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_iSlotCount, 28, 2, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_bEoeSupport, 30, 2, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_bHasOD, 32, 1, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_bListOD, 33, 1, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_bPdoReadVerify, 34, 1, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_bAddAlign, 35, 1, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_iAlignSign, 36, 4, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_iAlignSign2, 40, 4, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_iDrive1600Write, 44, 2, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_iDrive1600Offset, 46, 2, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_iDriveAxies, 48, 2, false);
+    FIELD(struct_KTL_EtherCatDeviceType, m_iModuleTypeMax, 50, 2, false);
+
+    addListFields();
 }
 
 void tst_KtlFormat::commandAndSlotFields_data()

@@ -136,17 +136,15 @@ private slots:
     void hostileDump();
 };
 
-void tst_KtlReaderHostile::hostileFile_data()
+static void row(const QString& name, const QByteArray& file, int code, int added)
 {
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<int>("added");
-    const auto row = [](const QString& name, const QByteArray& file, int code, int added) {
-        QTest::addRow("%s", qPrintable(name)) << file << code << added;
-    };
-    const QByteArray end = endItem();
-    const QByteArray run = generalItem(1) + end;
-    // Sizes that cannot be, or that reach far beyond the file, at each item that holds records.
+    QTest::addRow("%s", qPrintable(name)) << file << code << added;
+}
+
+/// Sizes that cannot be, or that reach far beyond the file, at each item that holds records.
+static void addSizes()
+{
+    const QByteArray run = generalItem(1) + endItem();
     for (const std::uint32_t type :
          {40000U, 40001U, 40002U, 40003U, 40004U, 40006U, 40007U, 40013U, 40014U, 40102U, 40103U, 40104U, 0U, 40017U}) {
         const QString item = QStringLiteral("%1: ").arg(type);
@@ -157,6 +155,15 @@ void tst_KtlReaderHostile::hostileFile_data()
         row(item + "2 gigabytes after a device", run + generalItem(2) + le32(type) + le32(0x7FFFFFFF) + zeros(400), 0,
             closes ? 2 : 1);
     }
+}
+
+void tst_KtlReaderHostile::hostileFile_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<int>("added");
+    const QByteArray end = endItem();
+    addSizes();
     // Counts that reach far beyond their item: at the place of the count of each kind, all bits set.
     const QByteArray all = bytes("FF FF FF FF");
     for (const std::uint32_t type : {40001U, 40002U, 40014U, 40104U})

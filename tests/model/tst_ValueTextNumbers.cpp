@@ -22,28 +22,9 @@ private slots:
     static void bytePairs();
 };
 
-/// Rows that hold for the unsigned and the signed conversion alike.
-void tst_ValueTextNumbers::bothKinds_data()
+/// Numbers with a mark, or a digit that is one.
+static void addHexadecimalRows()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("expected");
-    QTest::addRow("decimal") << "12" << 12;
-    QTest::addRow("decimal zero") << "0" << 0;
-    QTest::addRow("leading zeros stay decimal") << "0012" << 12;
-    QTest::addRow("blanks around a number do not matter") << " 12 " << 12;
-    QTest::addRow("empty text") << "" << 0;
-    QTest::addRow("no number") << "two" << 0;
-    QTest::addRow("fraction") << "1.5" << 0;
-
-    QTest::addRow("true") << "true" << 1;
-    QTest::addRow("TRUE in mixed case") << "TrUe" << 1;
-    QTest::addRow("true inside a word") << "untrue" << 1;
-    QTest::addRow("false") << "false" << 0;
-    QTest::addRow("false inside a word") << "falsely" << 0;
-    QTest::addRow("true wins over a false before it") << "falsetrue" << 1;
-    QTest::addRow("true wins over a number") << "5true" << 1;
-    QTest::addRow("false wins over a number") << "5false" << 0;
-
     QTest::addRow("#x mark") << "#x12" << 18;
     QTest::addRow("#X mark") << "#X1a" << 26;
     QTest::addRow("0x mark") << "0x1a" << 26;
@@ -82,6 +63,31 @@ void tst_ValueTextNumbers::bothKinds_data()
     QTest::addRow("digits of another script") << QStringLiteral("\u0661\u0662") << 0;
     QTest::addRow("greatest that both hold") << "2147483647" << std::numeric_limits<int>::max();
     QTest::addRow("greatest that both hold, hexadecimal") << "#x7FFFFFFF" << std::numeric_limits<int>::max();
+}
+
+/// Rows that hold for the unsigned and the signed conversion alike.
+void tst_ValueTextNumbers::bothKinds_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("expected");
+    QTest::addRow("decimal") << "12" << 12;
+    QTest::addRow("decimal zero") << "0" << 0;
+    QTest::addRow("leading zeros stay decimal") << "0012" << 12;
+    QTest::addRow("blanks around a number do not matter") << " 12 " << 12;
+    QTest::addRow("empty text") << "" << 0;
+    QTest::addRow("no number") << "two" << 0;
+    QTest::addRow("fraction") << "1.5" << 0;
+
+    QTest::addRow("true") << "true" << 1;
+    QTest::addRow("TRUE in mixed case") << "TrUe" << 1;
+    QTest::addRow("true inside a word") << "untrue" << 1;
+    QTest::addRow("false") << "false" << 0;
+    QTest::addRow("false inside a word") << "falsely" << 0;
+    QTest::addRow("true wins over a false before it") << "falsetrue" << 1;
+    QTest::addRow("true wins over a number") << "5true" << 1;
+    QTest::addRow("false wins over a number") << "5false" << 0;
+
+    addHexadecimalRows();
 }
 
 void tst_ValueTextNumbers::bothKinds()

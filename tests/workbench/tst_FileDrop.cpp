@@ -1,5 +1,4 @@
 // Files dropped on the window: what is let in, how the kind of a file is told, and every message.
-// Covers mainwindow_files.cpp.
 #include "testMain.h"
 #include "workbench/dialogDriver.h"
 #include "workbench/ktlFiles.h"
