@@ -100,9 +100,9 @@ void fillWithOldData(struct_EtherCatDevice& device)
 
 } // namespace
 
-static constexpr Steps none{0, 0};
-static constexpr Steps usual{0x10, 0x100};
-static constexpr Steps other{0x40, 0x400};
+static const Steps none{0, 0};
+static const Steps usual{0x10, 0x100};
+static const Steps other{0x40, 0x400};
 
 /// By what a module shifts: the flags of its indexes.
 static void addFlagRows()
