@@ -150,7 +150,7 @@ private:
     }
 
     /// As the walk over the document asks for the parents of sections.
-    static bool mayHoldSections(const QString& name) { return name.contains(QLatin1String("Device")); }
+    static bool mayHoldSections(const QString& name) { return hasInName(name, QLatin1String("Device")); }
     bool isInFewDevices(const QString& name)
     {
         m_deviceParents += mayHoldSections(name) ? 1 : 0;
