@@ -62,7 +62,7 @@ template<auto Reader, typename Record> void readSection(Record& to, const QDomEl
     Reader(&section, &to);
 }
 
-template<auto Reader, typename Record> constexpr auto sectionReader(void (*)(QDomElement*, Record*))
+template<auto Reader, typename Record> constexpr auto sectionReader(void (* /*unused*/)(QDomElement*, Record*))
 {
     return &readSection<Reader, Record>;
 }
