@@ -116,11 +116,13 @@ void Writer::value(const QJsonValue& value)
         return plain(numeral(value.toDouble()));
     case QJsonValue::String:
         return text(value.toString());
-    case QJsonValue::Array:
+    case QJsonValue::Array: {
+        const QJsonArray elements = value.toArray();
         openList(Spread::Tight);
-        for (const QJsonValue& element : value.toArray())
+        for (const auto& element : elements)
             this->value(element);
         return closeList();
+    }
     case QJsonValue::Object: {
         const QJsonObject object = value.toObject();
         openObject(Spread::Tight);

@@ -25,7 +25,8 @@ template<auto Rule, typename Record, typename Source> void applyToRecord(BeingRe
     Rule(to.record, source);
 }
 
-template<auto Rule, typename Record, typename Source> constexpr auto ruleOfRecord(void (*)(Record&, const Source&))
+template<auto Rule, typename Record, typename Source>
+constexpr auto ruleOfRecord(void (* /*unused*/)(Record&, const Source&))
 {
     return &applyToRecord<Rule, Record, Source>;
 }
