@@ -6,7 +6,9 @@ target_compile_features(kinetra_options INTERFACE cxx_std_17)
 # clang counts -Wsign-conversion to -Wconversion, g++ does not in C++.
 target_compile_options(kinetra_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
                                                  $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>
-                                                 $<$<BOOL:${KINETRA_WERROR}>:-Werror>)
+                                                 $<$<BOOL:${KINETRA_WERROR}>:-Werror>
+                                                 # g++ 12 takes the parts of a std::variant that are not in use for it
+                                                 $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 if(KINETRA_SANITIZE)
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_compile_options(kinetra_options INTERFACE ${sanitizers})

@@ -135,6 +135,7 @@ int KTL_read_device_General(std::FILE* in, struct_KTL_EtherCatDeviceType* genera
 {
     if (in == nullptr || general == nullptr)
         return KTL_ERROR_PARA;
-    static_cast<void>(std::fread(general, 1, sizeof *general, in)); // what the file does not reach stays as it is
+    // What the file does not reach stays as it is.
+    [[maybe_unused]] const std::size_t bytesRead = std::fread(general, 1, sizeof *general, in);
     return KTL_NO_ERROR;
 }
