@@ -53,7 +53,7 @@ ExitCode runChoices(const QStringList& arguments, Console& console)
     if (line.operands().isEmpty())
         return line.refuse(QStringLiteral("no ESI file is given"), console);
     std::vector<struct_FilenameDevice>& files = console.inputs.files;
-    if (loadEsiFiles(line.operands(), console.inputs, console.messages) && selectAll(files, console.messages)) {
+    if (loadEsiFiles(line.operands(), Dictionaries::AreRead, console) && selectAll(files, console.messages)) {
         warnOfLostValues(files, console.messages);
         choices::writeTemplate(console.results, files);
     }

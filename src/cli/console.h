@@ -16,6 +16,7 @@ struct Console
     std::ostream& results; ///< standard output
     Messages& messages; ///< standard error
     Inputs& inputs;
+    std::size_t cores; ///< files that are read at the same time; results do not depend on it
     std::optional<std::size_t> terminalWidth; ///< columns of the terminal that shows the results; nothing if none does
 };
 

@@ -198,7 +198,7 @@ ExitCode convert(const CommandLine& line, const QDateTime& exportTime, Console& 
     if (!output.isEmpty() && !mayWriteOutput(line, output, messages))
         return messages.exitCode();
     warnOfSameInputs(line.operands(), messages);
-    if (!loadEsiFiles(line.operands(), console.inputs, messages))
+    if (!loadEsiFiles(line.operands(), Dictionaries::AreSkipped, console))
         return messages.exitCode();
     std::vector<struct_FilenameDevice>& files = console.inputs.files;
     if (!hasDevices(files, messages))

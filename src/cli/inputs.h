@@ -1,20 +1,28 @@
 // inputs.h - what a run has read.
 #pragma once
 
+#include "esi/esiFile.h"
 #include "model/deviceRecords.h"
 
-#include <QDomDocument>
-
+#include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace cli {
 
-/// The files that were loaded, in the order of the arguments, and the tree of the last one. `main` owns it, so that
-/// nothing of it is freed piece by piece before the process ends, which took a sixth of the whole time.
+/// The files that were loaded, in the order of the arguments. `main` owns it, so that nothing of it is freed piece by
+/// piece before the process ends.
 struct Inputs
 {
     std::vector<struct_FilenameDevice> files;
-    QDomDocument document;
+    std::size_t throughDocuments = 0; ///< ESI files that were not plain enough to be read straight from their bytes
+
+    void count(EsiRoad road) { throughDocuments += road == EsiRoad::Document ? 1 : 0; }
+    void add(EsiLoadResult loaded)
+    {
+        count(loaded.road);
+        files.push_back(std::move(loaded.file));
+    }
 };
 
 } // namespace cli

@@ -38,32 +38,32 @@ QString onLine(const QString& text)
 void Messages::error(const QString& file, const QString& text)
 {
     m_hasErrors = true;
-    write(placeOf(file), "error", text);
+    write({placeOf(file), "error", text});
 }
 
 void Messages::note(const QString& file, const QString& text)
 {
-    write(placeOf(file), "note", text);
+    write({placeOf(file), "note", text});
 }
 
 void Messages::error(const QString& file, int line, int column, const QString& text)
 {
     m_hasErrors = true;
     // Several arguments at once: the name of a file may hold what looks like a place for the next one.
-    write(QStringLiteral("%1:%2:%3").arg(shownName(file), QString::number(line), QString::number(column)), "error",
-          text);
+    write({QStringLiteral("%1:%2:%3").arg(shownName(file), QString::number(line), QString::number(column)), "error",
+           text});
 }
 
 void Messages::outputError(const QString& file, const QString& text)
 {
     m_hasOutputErrors = true;
-    write(placeOf(file), "error", text);
+    write({placeOf(file), "error", text});
 }
 
 void Messages::warning(const QString& file, WarningCode code, const QString& text)
 {
     m_hasWarnings = m_hasWarnings || m_ignored.count(code) == 0;
-    write(placeOf(file), "warning", QStringLiteral("%1 [%2]").arg(onLine(cutText(text)), nameOf(code)));
+    write({placeOf(file), "warning", QStringLiteral("%1 [%2]").arg(onLine(cutText(text)), nameOf(code))});
 }
 
 ExitCode Messages::exitCode(bool strict) const
@@ -75,11 +75,24 @@ ExitCode Messages::exitCode(bool strict) const
     return strict && m_hasWarnings ? ExitCode::DoneWithWarnings : ExitCode::Done;
 }
 
-void Messages::write(const QString& place, const char* severity, const QString& text)
+void Messages::report(const Messages& kept)
 {
+    m_hasErrors = m_hasErrors || kept.m_hasErrors;
+    m_hasOutputErrors = m_hasOutputErrors || kept.m_hasOutputErrors;
+    m_hasWarnings = m_hasWarnings || kept.m_hasWarnings;
+    for (const Message& message : kept.m_kept)
+        write(message);
+}
+
+void Messages::write(const Message& message)
+{
+    if (m_out == nullptr) {
+        m_kept.push_back(message);
+        return;
+    }
     const Progress::Pause pause; // its line must not be in front of the message
-    m_out << os::readableUtf8(onLine(place)) << ": " << severity << ": " << os::readableUtf8(onLine(cutText(text)))
-          << std::endl;
+    *m_out << os::readableUtf8(onLine(message.place)) << ": " << message.severity << ": "
+           << os::readableUtf8(onLine(cutText(message.text))) << std::endl;
 }
 
 } // namespace cli

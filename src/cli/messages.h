@@ -21,10 +21,16 @@ class Messages
 public:
     static constexpr std::size_t maxListed = 20; ///< lines of one kind
 
+    /// Keeps what is reported, for another object to report.
+    Messages() = default;
+
     /// @param out  takes the lines; it must outlive this object
     explicit Messages(std::ostream& out)
-        : m_out(out)
+        : m_out(&out)
     {}
+
+    /// Reports what another object has kept. Its warnings all count for the exit status.
+    void report(const Messages& kept);
 
     /// @param file  path as the user gave it, "-" for standard input, empty for what is about no file
     void error(const QString& file, const QString& text);
@@ -44,9 +50,16 @@ public:
     [[nodiscard]] ExitCode exitCode(bool strict = false) const;
 
 private:
-    void write(const QString& place, const char* severity, const QString& text);
+    struct Message
+    {
+        QString place;
+        const char* severity;
+        QString text;
+    };
+    void write(const Message& message);
 
-    std::ostream& m_out;
+    std::ostream* m_out = nullptr; ///< null if messages are kept
+    std::vector<Message> m_kept;
     std::set<WarningCode> m_ignored;
     bool m_hasErrors = false;
     bool m_hasOutputErrors = false;

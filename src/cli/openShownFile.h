@@ -1,6 +1,7 @@
-// openShownFile.h - the files that `ktl show` is given, distinguished by what is in them.
+// openShownFile.h - the files that `ktl show` is given.
 #pragma once
 
+#include "cli/inputReader.h"
 #include "cli/messages.h"
 #include "show/shownFile.h"
 
@@ -10,11 +11,13 @@
 
 namespace cli {
 
-/// Reads an ESI or KTL file; reports what is wrong with it, and with a device when that is first asked for.
+/// Makes a file that was read ready to be shown; reports what is wrong with it, and with a device when that is first
+/// asked for.
 /// @param path      as the user gave it, "-" for standard input
 /// @param messages  must outlive the result
 /// @return  null if nothing of the file can be shown
 /// @throws  std::bad_alloc; so do its devices
-[[nodiscard]] std::unique_ptr<const show::ShownFile> openShownFile(const QString& path, Messages& messages);
+[[nodiscard]] std::unique_ptr<const show::ShownFile> openShownFile(ReadInput input, const QString& path,
+                                                                   Messages& messages);
 
 } // namespace cli

@@ -1,6 +1,7 @@
 #include "cli/showCommand.h"
 
 #include "cli/inputFile.h"
+#include "cli/inputReader.h"
 #include "cli/openShownFile.h"
 #include "cli/progress.h"
 #include "cli/streamName.h"
@@ -10,6 +11,7 @@
 
 #include <new>
 #include <optional>
+#include <utility>
 
 namespace cli {
 
@@ -68,11 +70,15 @@ show::Form formOf(const CommandLine& line, const Console& console)
             console.terminalWidth.value_or(show::anyWidth)};
 }
 
-/// Shows one file. If there is not enough memory for it, that is reported, and what has been shown of it stays.
-void showFile(const QString& path, show::Writer& writer, Messages& messages)
+/// Shows the next file. If there is not enough memory for it, that is reported, and what has been shown of it stays.
+void showNext(InputReader& reader, const QString& path, show::Writer& writer, Console& console)
 {
+    Messages& messages = console.messages;
     try {
-        if (const auto file = openShownFile(path, messages))
+        ReadInput input = reader.take();
+        if (input.esi.has_value())
+            console.inputs.count(input.esi->road);
+        if (const auto file = openShownFile(std::move(input), path, messages))
             writer.show(*file);
     } catch (const std::bad_alloc&) {
         writer.breakOff();
@@ -92,6 +98,7 @@ ExitCode runShow(const QStringList& arguments, Console& console)
     const QStringList paths = line.operands();
     show::Writer writer(console.results, formOf(line, console));
     writer.begin();
+    InputReader reader(paths, AcceptedInputs::EsiAndKtl, Dictionaries::AreRead, console.cores);
     int number = 0;
     for (const QString& path : paths) {
         // At a terminal the results themselves show that work goes on, and the line would come between them.
@@ -99,7 +106,7 @@ ExitCode runShow(const QStringList& arguments, Console& console)
         ++number;
         if (!console.terminalWidth.has_value())
             progress.emplace(QStringLiteral("showing %1").arg(shownName(path)), number, paths.size());
-        showFile(path, writer, console.messages);
+        showNext(reader, path, writer, console);
     }
     writer.end();
     return console.messages.exitCode();

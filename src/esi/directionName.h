@@ -3,21 +3,19 @@
 
 #include "model/syncDirection.h"
 
-#include <QLatin1String>
-#include <QString>
-
 #include <array>
+#include <string_view>
 #include <utility>
 
 /// Direction by its name in an ESI file: "MBoxOut", "MBoxIn", "Outputs" or "Inputs", exactly.
 /// @param unknown  the direction of any other name
-[[nodiscard]] inline enum_KTL_SMFMMU_TYPE directionByName(const QString& name, enum_KTL_SMFMMU_TYPE unknown)
+[[nodiscard]] inline enum_KTL_SMFMMU_TYPE directionByName(std::string_view name, enum_KTL_SMFMMU_TYPE unknown)
 {
-    static const std::array<std::pair<QLatin1String, enum_KTL_SMFMMU_TYPE>, 4> names{{
-        {QLatin1String("MBoxOut"), KTL_MBoxOut},
-        {QLatin1String("MBoxIn"), KTL_MBoxIn},
-        {QLatin1String("Outputs"), KTL_Outputs},
-        {QLatin1String("Inputs"), KTL_Inputs},
+    static constexpr std::array<std::pair<std::string_view, enum_KTL_SMFMMU_TYPE>, 4> names{{
+        {"MBoxOut", KTL_MBoxOut},
+        {"MBoxIn", KTL_MBoxIn},
+        {"Outputs", KTL_Outputs},
+        {"Inputs", KTL_Inputs},
     }};
     for (const auto& [text, direction] : names)
         if (name == text)

@@ -1,11 +1,15 @@
 // esiFile.h - loads one ESI file into a record; serves the window and the command line alike.
 #pragma once
 
+#include "esi/sections/dictionaries.h"
+#include "esi/xml/tree.h"
 #include "model/deviceRecords.h"
 
 #include <QDomDocument>
 #include <QFile>
 #include <QString>
+
+#include <cstdint>
 
 /// How loading a file ended.
 enum class EsiLoadStatus
@@ -24,24 +28,39 @@ struct EsiLoadReason
     int column = 0; ///< from 1; 0 if it is about no place
 };
 
+/// The way from the bytes of a file to its record.
+enum class EsiRoad : std::uint8_t
+{
+    Document, ///< through a document, which any file can go
+    Plain, ///< without one
+};
+
 /// Result of loading a file.
 struct EsiLoadResult
 {
     EsiLoadStatus status = EsiLoadStatus::Loaded;
     EsiLoadReason reason;
     struct_FilenameDevice file; ///< all that was read, passes included; cleared unless the file was loaded
+    EsiRoad road = EsiRoad::Document; ///< which does not show in anything else
 };
 
-/// Reads a document into a record, derivation passes included.
+/// Makes the record of a file, derivation passes included.
 /// @param path  stored unchanged as the file's path
 /// @throws MissingSyncManager, a std::out_of_range, if a PDO names a sync manager that its device does not declare
+[[nodiscard]] EsiLoadResult fileFrom(const xml::Tree& tree, const QString& path, Dictionaries dictionaries);
+
+/// As above, with all that is in a document.
 [[nodiscard]] EsiLoadResult fileFrom(const QDomDocument& document, const QString& path);
 
-/// Reads an ESI file. Files that are loaded one after the other know nothing of each other.
+/// Reads an ESI file through a document. Files that are loaded one after the other know nothing of each other.
 /// @param path      stored unchanged as the file's path
-/// @param document  takes the parse tree; whoever frees it decides when that time is spent
+/// @param document  takes what the file holds
 /// @throws MissingSyncManager as `fileFrom`
 [[nodiscard]] EsiLoadResult loadEsiFile(const QString& path, QDomDocument& document);
 
-/// As `loadEsiFile`, for a file that is open for reading, such as standard input; it is read to its end and not closed.
-[[nodiscard]] EsiLoadResult loadOpenEsiFile(QFile& file, const QString& path, QDomDocument& document);
+/// Reads an ESI file that is open for reading at its start, such as standard input, to its end, and does not close it.
+/// A plain file is read straight from its bytes, any other one through a document; the result is the same.
+/// Files can be read in several threads at once.
+/// @param path  stored unchanged as the file's path
+/// @throws MissingSyncManager as `fileFrom`
+[[nodiscard]] EsiLoadResult loadOpenEsiFile(QFile& file, const QString& path, Dictionaries dictionaries);

@@ -4,10 +4,10 @@
 
 namespace {
 
-/// The one place of the name: a terminate handler gets no arguments, so it has to look the name up.
+/// The one place of the name, of each thread: a terminate handler gets no arguments, so it has to look the name up.
 QString& currentPath()
 {
-    static QString path;
+    thread_local QString path;
     return path;
 }
 

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-/// Names the file that is being read as long as an object of this class lives. Main thread only, one at a time.
+/// Names the file that is being read as long as an object of this class lives. One at a time in each thread.
 /// When an exception passes through, the name stays: whoever reports the error wants to know the file.
 class FileBeingRead
 {

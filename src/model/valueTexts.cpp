@@ -99,25 +99,24 @@ template<typename Number> Number toNumber(QStringView text, Number (QString::*re
 }
 
 /// Value of a hexadecimal digit, which is that of a decimal one too; 16 for any other character.
-constexpr std::uint32_t digitValue(QChar digit)
+constexpr std::uint32_t digitValue(char digit)
 {
-    const char16_t code = digit.unicode();
-    if (code >= u'0' && code <= u'9')
-        return code - u'0';
-    if (code >= u'A' && code <= u'F')
-        return code - u'A' + decimal;
-    if (code >= u'a' && code <= u'f')
-        return code - u'a' + decimal;
+    if (digit >= '0' && digit <= '9')
+        return static_cast<std::uint32_t>(digit - '0');
+    if (digit >= 'A' && digit <= 'F')
+        return static_cast<std::uint32_t>(digit - 'A' + decimal);
+    if (digit >= 'a' && digit <= 'f')
+        return static_cast<std::uint32_t>(digit - 'a' + decimal);
     return hexadecimal;
 }
 
 /// Number of a text that is nothing but digits, and not too many for 32 bits; else nothing.
-std::optional<std::uint32_t> plainNumber(QStringView digits, std::uint32_t base, int maxDigits)
+std::optional<std::uint32_t> plainNumber(std::string_view digits, std::uint32_t base, std::size_t maxDigits)
 {
-    if (digits.isEmpty() || digits.size() > maxDigits)
+    if (digits.empty() || digits.size() > maxDigits)
         return std::nullopt;
     std::uint32_t number = 0;
-    for (const QChar digit : digits) {
+    for (const char digit : digits) {
         const std::uint32_t value = digitValue(digit);
         if (value >= base)
             return std::nullopt;
@@ -128,22 +127,49 @@ std::optional<std::uint32_t> plainNumber(QStringView digits, std::uint32_t base,
 
 /// Number of a text in one of the forms that nearly all have: decimal digits, or hexadecimal ones after "#x" or "0x".
 /// Neither form leaves room for another mark or word, so this is what the full rule gives, without its searches.
-std::optional<std::uint32_t> usualNumber(QStringView text)
+std::optional<std::uint32_t> usualNumber(std::string_view text)
 {
-    if (text.size() > 2 && (text[0] == u'#' || text[0] == u'0') && (text[1] == u'x' || text[1] == u'X'))
-        return plainNumber(text.mid(2), hexadecimal, 8);
+    if (text.size() > 2 && (text[0] == '#' || text[0] == '0') && (text[1] == 'x' || text[1] == 'X'))
+        return plainNumber(text.substr(2), hexadecimal, 8);
     return plainNumber(text, decimal, 9);
 }
 
 /// Number of up to four byte pairs without a mark; else nothing. Again what the full rule gives.
-std::optional<std::uint32_t> usualBytes(QStringView text)
+std::optional<std::uint32_t> usualBytes(std::string_view text)
 {
     if (!plainNumber(text, hexadecimal, 8))
         return std::nullopt;
     std::uint32_t number = 0;
-    for (auto position = text.size() - 2; position >= 0; position -= 2)
-        number = (number << 8U) + digitValue(text[position]) * hexadecimal + digitValue(text[position + 1]);
+    for (std::size_t end = text.size(); end >= 2; end -= 2)
+        number = (number << 8U) + digitValue(text[end - 2]) * hexadecimal + digitValue(text[end - 1]);
     return number;
+}
+
+/// Token of a text without letters of other scripts, which upper case could turn into plain ones.
+std::optional<NMTOKEN> usualToken(std::string_view text)
+{
+    constexpr std::size_t maxLength = 4;
+    if (text.size() > maxLength)
+        return std::nullopt;
+    std::array<char, maxLength> upper{};
+    for (std::size_t index = 0; index < text.size(); ++index) {
+        const char letter = text[index];
+        const bool isLower = letter >= 'a' && letter <= 'z';
+        if (!isLower && !(letter >= 'A' && letter <= 'Z'))
+            return std::nullopt;
+        upper[index] = isLower ? static_cast<char>(letter - 'a' + 'A') : letter;
+    }
+    for (const TokenText& row : tokenTexts)
+        if (row.read.size() > 0
+            && std::string_view(row.read.data(), static_cast<std::size_t>(row.read.size()))
+                   == std::string_view(upper.data(), text.size()))
+            return row.token;
+    return UnknownType;
+}
+
+QString fromUtf8(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
 }
 
 } // namespace
@@ -169,8 +195,6 @@ NMTOKEN toToken(QStringView text)
 
 std::uint32_t toUint(QStringView text)
 {
-    if (const std::optional<std::uint32_t> number = usualNumber(text))
-        return *number;
     return toNumber<std::uint32_t>(text, &QString::toUInt);
 }
 
@@ -181,8 +205,6 @@ std::int32_t toInt(QStringView text)
 
 std::uint32_t toUintFromBytes(QStringView text)
 {
-    if (const std::optional<std::uint32_t> number = usualBytes(text))
-        return *number;
     QString digits = upperCased(text);
     // ODD, KEPT: with the mark the number is taken as it is, without it the bytes are swapped: "#x0A0B" is 0xA0B and
     // "0A0B" is 0xB0A. One would expect one number. Pinned by tst_ValueTextNumbers::bytePairs.
@@ -199,6 +221,37 @@ std::uint32_t toUintFromBytes(QStringView text)
     bool converted = false;
     const std::uint32_t number = digits.toUInt(&converted, hexadecimal);
     return converted ? number : 0;
+}
+
+bool toBool(std::string_view text)
+{
+    return toBool(fromUtf8(text));
+}
+
+NMTOKEN toToken(std::string_view text)
+{
+    if (const std::optional<NMTOKEN> token = usualToken(text))
+        return *token;
+    return toToken(fromUtf8(text));
+}
+
+std::uint32_t toUint(std::string_view text)
+{
+    if (const std::optional<std::uint32_t> number = usualNumber(text))
+        return *number;
+    return toUint(fromUtf8(text));
+}
+
+std::int32_t toInt(std::string_view text)
+{
+    return toInt(fromUtf8(text));
+}
+
+std::uint32_t toUintFromBytes(std::string_view text)
+{
+    if (const std::optional<std::uint32_t> number = usualBytes(text))
+        return *number;
+    return toUintFromBytes(fromUtf8(text));
 }
 
 QString tokenText(NMTOKEN token)

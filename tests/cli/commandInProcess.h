@@ -41,7 +41,7 @@ inline CommandRun runHere(const QStringList& arguments, const QString& folder = 
     std::ostringstream lines;
     cli::Messages messages(lines);
     cli::Inputs inputs;
-    cli::Console console{results, messages, inputs, std::nullopt};
+    cli::Console console{results, messages, inputs, 1, std::nullopt};
     CommandRun run;
     run.exitCode = static_cast<int>(cli::runCommand(arguments, console));
     run.hasEnded = true;

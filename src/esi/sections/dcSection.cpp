@@ -1,7 +1,7 @@
 // dcSection.cpp - the `Dc` element of a device: operation modes of the distributed clocks.
 #include "esi/fieldRules.h"
 #include "esi/storeField.h"
-#include "esi/xmlparsing.h"
+#include "esi/sections/sectionReaders.h"
 
 #include <array>
 #include <utility>
@@ -21,7 +21,7 @@ const std::array oversamplingRules{
     attribute("DefaultFactor", storeUint<&DCOversampling::m_DefaultFactor>),
 };
 
-void appendPdo(Struct_DCSm& syncManager, const QDomElement& element)
+void appendPdo(Struct_DCSm& syncManager, const xml::Element& element)
 {
     Struct_DCPdo pdo;
     pdo.m_index = toUint(element.text());
@@ -33,7 +33,7 @@ const std::array dcSmChildRules{
     child("Pdo", appendPdo),
 };
 
-void appendSm(Struct_DCOpMode& mode, const QDomElement& element)
+void appendModeSm(Struct_DCOpMode& mode, const xml::Element& element)
 {
     Struct_DCSm syncManager;
     readAttributes(element, dcSmRules, syncManager.Attributes);
@@ -41,10 +41,10 @@ void appendSm(Struct_DCOpMode& mode, const QDomElement& element)
     mode.m_Sm.push_back(std::move(syncManager));
 }
 
-void readVendorSpecific(Struct_DCOpMode& mode, const QDomElement& element)
+void readVendorSpecific(Struct_DCOpMode& mode, const xml::Element& element)
 {
-    forEachChildElement(element, QLatin1String("TwinCAT"), [&](const QDomElement& block) {
-        forEachChildElement(block, QLatin1String("Oversampling"), [&](const QDomElement& oversampling) {
+    xml::forEachChildElement(element, "TwinCAT", [&](const xml::Element& block) {
+        xml::forEachChildElement(block, "Oversampling", [&](const xml::Element& oversampling) {
             readAttributes(oversampling, oversamplingRules, mode.vendorSpecific.twinCAT.oversampling);
         });
     });
@@ -59,11 +59,11 @@ const std::array opModeRules{
     child("ShiftTimeSync0", storeInt<&Struct_DCOpMode::m_ShiftTimeSync0>),
     child("CycleTimeSync1", storeInt<&Struct_DCOpMode::m_CycleTimeSync1>),
     child("ShiftTimeSync1", storeInt<&Struct_DCOpMode::m_ShiftTimeSync1>),
-    child("Sm", appendSm),
+    child("Sm", appendModeSm),
     child("VendorSpecific", readVendorSpecific),
 };
 
-void appendOpMode(struct_EtherCatDevice& device, const QDomElement& element)
+void appendOpMode(struct_EtherCatDevice& device, const xml::Element& element)
 {
     Struct_DCOpMode mode;
     readChildren(element, opModeRules, mode);
@@ -76,8 +76,7 @@ const std::array dcRules{
 
 } // namespace
 
-void read_device_Dcinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
+void readDc(struct_EtherCatDevice& device, const xml::Element& element)
 {
-    if (element != nullptr && ether_device != nullptr)
-        readChildren(*element, dcRules, *ether_device);
+    readChildren(element, dcRules, device);
 }

@@ -1,18 +1,19 @@
 // dictionarySections.cpp - data types and objects of a CoE dictionary, of a device or of a module.
 #include "esi/fieldRules.h"
 #include "esi/storeField.h"
-#include "esi/xmlparsing.h"
+#include "esi/sections/sectionReaders.h"
 #include "model/dataTypeNames.h"
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
 
 /// Appends a cleared record to `list` and reads the children of `element` into it.
 template<typename Record, std::size_t Count>
-void appendRecord(std::vector<Record>& list, const QDomElement& element,
+void appendRecord(std::vector<Record>& list, const xml::Element& element,
                   const std::array<ElementRule<Record>, Count>& rules)
 {
     readChildren(element, rules, list.emplace_back());
@@ -29,7 +30,7 @@ const std::array flagRules{
     child("Setting", storeUint<&Flags::Setting>),
 };
 
-template<auto Field> void readFlags(RecordOf<Field>& to, const QDomElement& element)
+template<auto Field> void readFlags(RecordOf<Field>& to, const xml::Element& element)
 {
     readChildren(element, flagRules<FieldType<Field>>, to.*Field);
 }
@@ -56,17 +57,17 @@ const std::array enumInfoRules{
     child("Enum", storeUint<&EnumInfo::Enum>),
 };
 
-void appendTypeSubItem(struct_DataTypes& to, const QDomElement& element)
+void appendTypeSubItem(struct_DataTypes& to, const xml::Element& element)
 {
     appendRecord(to.vsubitem, element, typeSubItemRules);
 }
 
-void appendArrayInfo(struct_DataTypes& to, const QDomElement& element)
+void appendArrayInfo(struct_DataTypes& to, const xml::Element& element)
 {
     appendRecord(to.varrayinfo, element, arrayInfoRules);
 }
 
-void appendEnumInfo(struct_DataTypes& to, const QDomElement& element)
+void appendEnumInfo(struct_DataTypes& to, const xml::Element& element)
 {
     appendRecord(to.venuminfo, element, enumInfoRules);
 }
@@ -87,10 +88,10 @@ const std::array dataTypeRules{
 /// record is a number, and so is a default before the type of its object. Pinned by tst_Objects::defaultData and
 /// tst_Objects::subItemDefault.
 /// @param typeOfObject  as read so far
-void storeDefault(struct_ObjectInfo& to, const QString& value, const std::string& typeOfObject)
+void storeDefault(struct_ObjectInfo& to, std::string_view value, const std::string& typeOfObject)
 {
     if (isStringType(typeOfObject))
-        to.DefaultString = utf8Of(value);
+        to.DefaultString = value;
     else
         to.DefaultValue = toUintFromBytes(value);
 }
@@ -102,12 +103,12 @@ struct SubItemBeingRead
     const std::string& typeOfObject;
 };
 
-void storeSubItemDefault(SubItemBeingRead& to, const QString& value)
+void storeSubItemDefault(SubItemBeingRead& to, std::string_view value)
 {
     storeDefault(to.subItem.Info.Info, value, to.typeOfObject);
 }
 
-template<auto Limit> void storeLimit(SubItemBeingRead& to, const QString& value)
+template<auto Limit> void storeLimit(SubItemBeingRead& to, std::string_view value)
 {
     storeUint<Limit>(to.subItem.Info.Info, value);
 }
@@ -121,12 +122,12 @@ const std::array subItemInfoRules{
     child("MaxData", storeLimit<&struct_ObjectInfo::MaxData>),
 };
 
-void readSubItemInfo(SubItemBeingRead& to, const QDomElement& element)
+void readSubItemInfo(SubItemBeingRead& to, const xml::Element& element)
 {
     readChildren(element, subItemInfoRules, to);
 }
 
-void storeSubItemName(SubItemBeingRead& to, const QString& value)
+void storeSubItemName(SubItemBeingRead& to, std::string_view value)
 {
     storeText<&struct_Subitem::Name>(to.subItem, value);
 }
@@ -136,13 +137,13 @@ const std::array subItemRules{
     child("Info", readSubItemInfo),
 };
 
-void appendSubItem(struct_Object& object, const QDomElement& element)
+void appendSubItem(struct_Object& object, const xml::Element& element)
 {
     SubItemBeingRead reading{object.Info.vsubitem.emplace_back(), object.Type};
     readChildren(element, subItemRules, reading);
 }
 
-void storeObjectDefault(struct_Object& object, const QString& value)
+void storeObjectDefault(struct_Object& object, std::string_view value)
 {
     storeDefault(object.Info, value, object.Type);
 }
@@ -154,7 +155,7 @@ const std::array objectInfoRules{
     child("DefaultData", storeObjectDefault),
 };
 
-void readObjectInfo(struct_Object& object, const QDomElement& element)
+void readObjectInfo(struct_Object& object, const xml::Element& element)
 {
     readChildren(element, objectInfoRules, object);
 }
@@ -169,44 +170,18 @@ const std::array objectRules{
     child("Flags", readFlags<&struct_Object::flags>),
 };
 
-// ---- Lists of either ----
+} // namespace
 
-void appendDataTypes(std::vector<struct_DataTypes>& dataTypes, const QDomElement& element)
+void readDataTypes(std::vector<struct_DataTypes>& dataTypes, const xml::Element& element)
 {
-    forEachChildElement(element, [&](const QDomElement& child, const QString& /*any tag counts*/) {
+    xml::forEachChildElement(element, [&](const xml::Element& child) { // any name counts
         appendRecord(dataTypes, child, dataTypeRules);
     });
 }
 
-void appendObjects(std::vector<struct_Object>& objects, const QDomElement& element)
+void readObjects(std::vector<struct_Object>& objects, const xml::Element& element)
 {
-    forEachChildElement(element, [&](const QDomElement& child, const QString& /*any tag counts*/) {
+    xml::forEachChildElement(element, [&](const xml::Element& child) { // any name counts
         appendRecord(objects, child, objectRules);
     });
-}
-
-} // namespace
-
-void read_device_DataTypes(QDomElement* element, struct_EtherCatDevice* ether_device)
-{
-    if (element != nullptr && ether_device != nullptr)
-        appendDataTypes(ether_device->Dictionary.vdatatype, *element);
-}
-
-void read_device_Objects(QDomElement* element, struct_EtherCatDevice* ether_device)
-{
-    if (element != nullptr && ether_device != nullptr)
-        appendObjects(ether_device->Dictionary.vobject, *element);
-}
-
-void read_device_moduleDataTypes(QDomElement* element, struct_module* module)
-{
-    if (element != nullptr && module != nullptr)
-        appendDataTypes(module->Dictionary.vdatatype, *element);
-}
-
-void read_device_moduleObjects(QDomElement* element, struct_module* module)
-{
-    if (element != nullptr && module != nullptr)
-        appendObjects(module->Dictionary.vobject, *element);
 }

@@ -2,15 +2,16 @@
 #include "esi/directionName.h"
 #include "esi/fieldRules.h"
 #include "esi/storeField.h"
-#include "esi/xmlparsing.h"
+#include "esi/sections/sectionReaders.h"
 
 #include <array>
+#include <string_view>
 #include <utility>
 
 namespace {
 
 /// A flag written as a number or a word: any number but 0 sets it, "-1" (no unsigned number) does not.
-void storeOpOnly(Struct_Fmmu& to, const QString& value)
+void storeOpOnly(Struct_Fmmu& to, std::string_view value)
 {
     to.m_OpOnly = toUint(value) != 0;
 }
@@ -23,15 +24,12 @@ const std::array fmmuRules{
 
 } // namespace
 
-void read_device_Fmmuinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
+void appendFmmu(struct_EtherCatDevice& device, const xml::Element& element)
 {
-    if (element == nullptr || ether_device == nullptr)
-        return;
     Struct_Fmmu fmmu;
-    readAttributes(*element, fmmuRules, fmmu);
-    const QString name = element->text();
-    fmmu.m_Name = name.toStdString();
+    readAttributes(element, fmmuRules, fmmu);
+    fmmu.m_Name = element.text().toString();
     // An unknown name keeps type 0 here, while an unknown sync manager counts as mailbox output.
-    fmmu.m_FmmuType = directionByName(name, KTL_UnknownType);
-    ether_device->vFmmu.push_back(std::move(fmmu));
+    fmmu.m_FmmuType = directionByName(fmmu.m_Name, KTL_UnknownType);
+    device.vFmmu.push_back(std::move(fmmu));
 }

@@ -3,22 +3,22 @@
 
 #include "esi/fieldRules.h"
 #include "esi/storeField.h"
+#include "text/utf16Length.h"
 
-#include <QLatin1String>
-#include <QString>
 
 #include <array>
 #include <cstdint>
+#include <string_view>
 
 /// Data of a command: byte count, number and text.
-template<typename Command> void storeInitCmdData(Command& to, const QString& value)
+template<typename Command> void storeInitCmdData(Command& to, std::string_view value)
 {
     // ODD, KEPT: the count is half the length of the text, so a "#x" mark counts as one byte, and data of more than
     // four bytes keeps its count although the number is 0. One would expect the bytes of the number. Pinned by
     // tst_MailboxSection::data and tst_ModuleInitCmds::data.
-    to.DataBytes = static_cast<std::uint16_t>(value.size() / 2);
+    to.DataBytes = static_cast<std::uint16_t>(utf16Length(value) / 2);
     to.Data = toUintFromBytes(value);
-    to.strData = hexNumber(to.Data).toStdString();
+    to.strData = numberText(to.Data);
 }
 
 /// Children of an `InitCmd` element. A command has one transition; ESI allows several `Transition` elements, and the

@@ -2,7 +2,7 @@
 #include "esi/fieldRules.h"
 #include "esi/sections/initCmdReader.h"
 #include "esi/storeField.h"
-#include "esi/xmlparsing.h"
+#include "esi/sections/sectionReaders.h"
 
 #include <array>
 #include <utility>
@@ -26,7 +26,7 @@ const std::array coeRules{
     attribute("DiagHistory", storeBool<&CoeAttributes::DiagHistory>),
 };
 
-void appendInitCmd(DeviceCoe& coe, const QDomElement& element)
+void appendInitCmd(DeviceCoe& coe, const xml::Element& element)
 {
     struct_InitCmd command;
     readChildren(element, initCmdRules<struct_InitCmd, storeUint<&struct_InitCmd::Index>>, command);
@@ -37,12 +37,12 @@ const std::array coeChildRules{
     child("InitCmd", appendInitCmd),
 };
 
-void readEoe(DeviceMailbox& mailbox, const QDomElement& element)
+void readEoe(DeviceMailbox& mailbox, const xml::Element& element)
 {
     readAttributes(element, eoeRules, mailbox.EOE.Attributes);
 }
 
-void readCoe(DeviceMailbox& mailbox, const QDomElement& element)
+void readCoe(DeviceMailbox& mailbox, const xml::Element& element)
 {
     readAttributes(element, coeRules, mailbox.COE.Attributes);
     readChildren(element, coeChildRules, mailbox.COE);
@@ -55,8 +55,7 @@ const std::array protocolRules{
 
 } // namespace
 
-void read_device_Mailboxinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
+void readMailbox(struct_EtherCatDevice& device, const xml::Element& element)
 {
-    if (element != nullptr && ether_device != nullptr)
-        readChildren(*element, protocolRules, ether_device->Mailbox);
+    readChildren(element, protocolRules, device.Mailbox);
 }

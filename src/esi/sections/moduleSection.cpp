@@ -3,7 +3,7 @@
 #include "esi/sections/initCmdReader.h"
 #include "esi/sections/pdoReader.h"
 #include "esi/storeField.h"
-#include "esi/xmlparsing.h"
+#include "esi/sections/sectionReaders.h"
 
 #include <array>
 
@@ -20,10 +20,10 @@ const std::array typeRules{
     attribute("SRA_ParamterSupported", storeBool<&ModuleTypeAttributes::SRA_ParamterSupported>),
 };
 
-void readType(struct_module& module, const QDomElement& element)
+void readModuleType(struct_module& module, const xml::Element& element)
 {
     readAttributes(element, typeRules, module.TypeAttributes);
-    storeText<&ModuleTypeAttributes::Name>(module.TypeAttributes, textOf(element));
+    storeText<&ModuleTypeAttributes::Name>(module.TypeAttributes, element.text());
 }
 
 // ---- Indexes, which may move with the slot that the module goes into ----
@@ -36,10 +36,10 @@ const std::array indexRules{
 };
 
 /// Reads an `Index` element of a PDO, an entry or a startup command.
-template<auto GroupFlag, typename Owner> void readIndex(Owner& to, const QDomElement& element)
+template<auto GroupFlag, typename Owner> void readIndex(Owner& to, const xml::Element& element)
 {
     readAttributes(element, indexRules<GroupFlag>, to.indexAttributes);
-    storeUint<&RecordOf<GroupFlag>::index>(to.indexAttributes, textOf(element));
+    storeUint<&RecordOf<GroupFlag>::index>(to.indexAttributes, element.text());
 }
 
 // ---- PDOs ----
@@ -69,63 +69,64 @@ const std::array pdoRules{
     child("Entry", appendEntry<modulePdo, struct_moduleEntry, entryRules>),
 };
 
-template<auto Direction> void appendPdo(struct_module& module, const QDomElement& element)
+template<auto Direction> void appendPdo(struct_module& module, const xml::Element& element)
 {
     (module.*Direction).vpdo.push_back(pdoFrom<&modulePdo::size>(element, pdoAttributeRules, pdoRules));
 }
 
 // ---- Startup commands: nothing else in a module's mailbox is read, the attributes of `CoE` neither ----
 
-void appendInitCmd(ModuleCoe& coe, const QDomElement& element)
+void appendInitCmd(ModuleCoe& coe, const xml::Element& element)
 {
     using Command = struct_moduleInitCmd;
     readChildren(element, initCmdRules<Command, readIndex<&ModuleInitCmdIndex::DependOnSlotGroup, Command>>,
                  coe.vinitcmd.emplace_back());
 }
 
-void readMailbox(struct_module& module, const QDomElement& element)
+void readModuleMailbox(struct_module& module, const xml::Element& element)
 {
-    forEachChildElement(element, QLatin1String("CoE"), [&](const QDomElement& coe) {
-        forEachChildElement(coe, QLatin1String("InitCmd"),
-                            [&](const QDomElement& command) { appendInitCmd(module.Mailbox.COE, command); });
+    xml::forEachChildElement(element, "CoE", [&](const xml::Element& coe) {
+        xml::forEachChildElement(coe, "InitCmd", [&](const xml::Element& command) {
+            appendInitCmd(module.Mailbox.COE, command);
+        });
     });
 }
 
 // ---- Profile: the number is directly in it; the channels of a modular drive are those of its device ----
 
-const std::array dictionaryRules{
-    child("DataTypes", bySection<read_device_moduleDataTypes>),
-    child("Objects", bySection<read_device_moduleObjects>),
-};
-
-void readDictionary(struct_module& module, const QDomElement& element)
+template<Dictionaries How> void readModuleDictionary(struct_module& module, const xml::Element& element)
 {
-    readChildren(element, dictionaryRules, module);
+    if constexpr (How == Dictionaries::AreRead)
+        readDictionary(module.Dictionary, element);
 }
 
+template<Dictionaries How>
 const std::array profileRules{
-    child("Dictionary", readDictionary),
+    child("Dictionary", readModuleDictionary<How>),
     child("ProfileNo", storeUint<&struct_module::m_profileNO>),
 };
 
-void readProfile(struct_module& module, const QDomElement& element)
+template<Dictionaries How> void readProfile(struct_module& module, const xml::Element& element)
 {
-    readChildren(element, profileRules, module);
+    readChildren(element, profileRules<How>, module);
 }
 
+template<Dictionaries How>
 const std::array moduleRules{
-    child("Type", readType),
+    child("Type", readModuleType),
     child("Name", storeText<&struct_module::Name>),
     child("TxPdo", appendPdo<&struct_module::TxPdo>),
     child("RxPdo", appendPdo<&struct_module::RxPdo>),
-    child("Mailbox", readMailbox),
-    child("Profile", readProfile),
+    child("Mailbox", readModuleMailbox),
+    child("Profile", readProfile<How>),
 };
 
 } // namespace
 
-void read_device_Module(QDomElement* element, struct_module* module)
+void readModule(struct_module& module, const xml::Element& element, Dictionaries dictionaries)
 {
-    if (element != nullptr && module != nullptr)
-        readChildren(*element, moduleRules, *module);
+    if (dictionaries == Dictionaries::AreRead)
+        readChildren(element, moduleRules<Dictionaries::AreRead>, module);
+    else
+        readChildren(element, moduleRules<Dictionaries::AreSkipped>, module);
 }

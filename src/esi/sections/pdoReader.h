@@ -7,10 +7,9 @@
 #include "model/byteBit.h"
 #include "model/pdoAccess.h"
 
-#include <QDomElement>
-#include <QString>
 
 #include <cstdint>
+#include <string_view>
 #include <utility>
 
 /// A PDO or an entry while its element is read.
@@ -20,13 +19,13 @@ template<typename Record> struct BeingRead
     std::int32_t bits = 0; ///< running total of the PDO, with the lengths of this entry that have been read
 };
 
-template<auto Rule, typename Record, typename Source> void applyToRecord(BeingRead<Record>& to, const Source& source)
+template<auto Rule, typename Record, typename Source> void applyToRecord(BeingRead<Record>& to, Source source)
 {
     Rule(to.record, source);
 }
 
 template<auto Rule, typename Record, typename Source>
-constexpr auto ruleOfRecord(void (* /*unused*/)(Record&, const Source&))
+constexpr auto ruleOfRecord(void (* /*unused*/)(Record&, Source))
 {
     return &applyToRecord<Rule, Record, Source>;
 }
@@ -35,7 +34,7 @@ constexpr auto ruleOfRecord(void (* /*unused*/)(Record&, const Source&))
 template<auto Rule> inline constexpr auto ofRecord = ruleOfRecord<Rule>(Rule);
 
 /// Stores the length of an entry and counts it for the PDO; a length that occurs twice counts twice.
-template<auto BitLength> void storeBitLength(BeingRead<RecordOf<BitLength>>& to, const QString& value)
+template<auto BitLength> void storeBitLength(BeingRead<RecordOf<BitLength>>& to, std::string_view value)
 {
     storeUint<BitLength>(to.record, value);
     to.bits = addBits(to.bits, to.record.*BitLength);
@@ -44,7 +43,7 @@ template<auto BitLength> void storeBitLength(BeingRead<RecordOf<BitLength>>& to,
 /// Appends one entry, which has its place where the entries before it end.
 /// @tparam EntryRules  the table of the entry's children
 template<typename Pdo, typename Entry, const auto& EntryRules>
-void appendEntry(BeingRead<Pdo>& to, const QDomElement& element)
+void appendEntry(BeingRead<Pdo>& to, const xml::Element& element)
 {
     BeingRead<Entry> reading;
     reading.bits = to.bits;
@@ -57,7 +56,7 @@ void appendEntry(BeingRead<Pdo>& to, const QDomElement& element)
 /// Reads one PDO element.
 /// @tparam Size  the field of the total size
 template<auto Size, typename AttributeRules, typename ChildRules>
-[[nodiscard]] RecordOf<Size> pdoFrom(const QDomElement& element, const AttributeRules& attributeRules,
+[[nodiscard]] RecordOf<Size> pdoFrom(const xml::Element& element, const AttributeRules& attributeRules,
                                      const ChildRules& childRules)
 {
     BeingRead<RecordOf<Size>> reading;

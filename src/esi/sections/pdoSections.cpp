@@ -2,9 +2,10 @@
 #include "esi/fieldRules.h"
 #include "esi/sections/pdoReader.h"
 #include "esi/storeField.h"
-#include "esi/xmlparsing.h"
+#include "esi/sections/sectionReaders.h"
 
 #include <array>
+#include <string_view>
 
 namespace {
 
@@ -31,7 +32,7 @@ const std::array entryRules{
     child("DataType", ofRecord<storeText<&struct_EntryPDOContent::DataType>>),
 };
 
-void storeIndex(struct_PDOList& to, const QString& value)
+void storeIndex(struct_PDOList& to, std::string_view value)
 {
     storeUint<&PdoIndex::Index>(to.IndexAttributes, value);
 }
@@ -44,14 +45,12 @@ const std::array pdoRules{
 
 } // namespace
 
-void read_device_RxPdoinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
+void appendRxPdo(struct_EtherCatDevice& device, const xml::Element& element)
 {
-    if (element != nullptr && ether_device != nullptr)
-        ether_device->RxPdo.vpdo.push_back(pdoFrom<&struct_PDOList::Size>(*element, pdoAttributeRules, pdoRules));
+    device.RxPdo.vpdo.push_back(pdoFrom<&struct_PDOList::Size>(element, pdoAttributeRules, pdoRules));
 }
 
-void read_device_TxPdoinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
+void appendTxPdo(struct_EtherCatDevice& device, const xml::Element& element)
 {
-    if (element != nullptr && ether_device != nullptr)
-        ether_device->TxPdo.vpdo.push_back(pdoFrom<&struct_PDOList::Size>(*element, pdoAttributeRules, pdoRules));
+    device.TxPdo.vpdo.push_back(pdoFrom<&struct_PDOList::Size>(element, pdoAttributeRules, pdoRules));
 }

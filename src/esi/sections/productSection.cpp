@@ -1,7 +1,7 @@
 // productSection.cpp - identity of a device, from its `Type` element.
 #include "esi/fieldRules.h"
 #include "esi/storeField.h"
-#include "esi/xmlparsing.h"
+#include "esi/sections/sectionReaders.h"
 
 #include <array>
 
@@ -16,10 +16,8 @@ const std::array typeRules{
 
 } // namespace
 
-void read_device_Productinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
+void readType(struct_EtherCatDevice& device, const xml::Element& element)
 {
-    if (element == nullptr || ether_device == nullptr)
-        return;
-    readAttributes(*element, typeRules, ether_device->TypeAttributes);
-    ether_device->TypeAttributes.type = element->text().toStdString();
+    readAttributes(element, typeRules, device.TypeAttributes);
+    device.TypeAttributes.type = element.text().toString();
 }

@@ -1,12 +1,13 @@
 // slotsSection.cpp - the `Slots` element of a modular device: slots, what they accept, and the names of slot groups.
 #include "esi/fieldRules.h"
 #include "esi/storeField.h"
-#include "esi/xmlparsing.h"
+#include "esi/sections/sectionReaders.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -26,7 +27,7 @@ const std::array slotsRules{
     attribute("SlotGroupPdoIncrement", storeUint<&SlotsAttributes::m_SlotGroupPdoIncrement>),
 };
 
-void storeMaxInstances(SlotAttributes& to, const QString& value)
+void storeMaxInstances(SlotAttributes& to, std::string_view value)
 {
     constexpr std::uint32_t maxInstances = 16; // places per slot that the controller can hold
     to.MaxInstances = std::min(toUint(value), maxInstances);
@@ -45,27 +46,28 @@ const std::array slotRules{
 /// ODD, KEPT: each child node makes a record of its own, so a class with a `Class` and a `Name` gives two records with
 /// one text each, and a bare text gives an empty one. One would expect one record with both texts. Pinned by
 /// tst_SlotsSection::moduleClass.
-void appendModuleClasses(struct_Slot& slot, const QDomElement& element)
+void appendModuleClasses(struct_Slot& slot, const xml::Element& element)
 {
-    for (QDomNode node = element.firstChild(); !node.isNull(); node = node.nextSibling()) {
+    for (const xml::Node node : element.children()) {
         struct_ModuleClass moduleClass;
-        if (const QDomElement child = node.toElement(); !child.isNull()) {
-            if (child.tagName() == QLatin1String("Class"))
-                moduleClass.Class = child.text().toStdString();
-            else if (child.tagName() == QLatin1String("Name"))
-                moduleClass.Name = child.text().toStdString();
+        if (node.isElement()) {
+            const xml::Element child(node);
+            if (child.name() == "Class")
+                moduleClass.Class = child.text().toString();
+            else if (child.name() == "Name")
+                moduleClass.Name = child.text().toString();
         }
         slot.ModuleClass.push_back(std::move(moduleClass));
     }
 }
 
 /// One record per child node: an ordinary element has one, its text, and an empty element gives none.
-void appendModuleIdents(struct_Slot& slot, const QDomElement& element)
+void appendModuleIdents(struct_Slot& slot, const xml::Element& element)
 {
     struct_ModuleIdent ident;
-    ident.Attributes.Default = toBool(element.attribute(QStringLiteral("Default"))) ? 1 : 0;
+    ident.Attributes.Default = toBool(element.attribute("Default")) ? 1 : 0;
     ident.ModuleIdent = toUint(element.text());
-    for (QDomNode node = element.firstChild(); !node.isNull(); node = node.nextSibling())
+    for ([[maybe_unused]] const xml::Node node : element.children())
         slot.ModuleIdent.push_back(ident);
 }
 
@@ -75,7 +77,7 @@ const std::array slotChildRules{
     child("ModuleIdent", appendModuleIdents),
 };
 
-struct_Slot slotFrom(const QDomElement& element, const SlotsAttributes& defaults)
+struct_Slot slotFrom(const xml::Element& element, const SlotsAttributes& defaults)
 {
     struct_Slot slot;
     slot.Attributes.SlotIndexIncrement = defaults.SlotIndexIncrement;
@@ -90,20 +92,21 @@ struct_Slot slotFrom(const QDomElement& element, const SlotsAttributes& defaults
 /// What the names of the slots of each group end with, by group number.
 using GroupTails = std::unordered_map<std::int32_t, std::string>;
 
-void addTail(GroupTails& tails, const QDomElement& groupData)
+void addTail(GroupTails& tails, const xml::Element& groupData)
 {
-    const QString groupAttribute = QStringLiteral("SlotGroup");
-    const std::int32_t group = groupData.hasAttribute(groupAttribute) ? toInt(groupData.attribute(groupAttribute)) : -1;
+    const std::string_view number = groupData.attribute("SlotGroup");
+    const std::int32_t group = number.data() != nullptr ? toInt(number) : -1;
     if (group < 0)
         return;
-    forEachChildElement(groupData, QLatin1String("Name"),
-                        [&](const QDomElement& name) { tails[group] += "-->" + name.text().toStdString(); });
+    xml::forEachChildElement(groupData, "Name", [&](const xml::Element& name) {
+        tails[group].append("-->").append(std::string_view(name.text()));
+    });
 }
 
-void nameSlotsByGroup(std::vector<struct_Slot>& allSlots, const std::vector<QDomElement>& groups)
+void nameSlotsByGroup(std::vector<struct_Slot>& allSlots, const std::vector<xml::Element>& groups)
 {
     GroupTails tails;
-    for (const QDomElement& group : groups)
+    for (const xml::Element& group : groups)
         addTail(tails, group);
     if (tails.empty()) // else a device with many lists of slots would go through all its slots for each
         return;
@@ -112,8 +115,11 @@ void nameSlotsByGroup(std::vector<struct_Slot>& allSlots, const std::vector<QDom
             slot.Name += tail->second;
 }
 
-void readSlots(const QDomElement& element, DeviceSlots& deviceSlots)
+} // namespace
+
+void readSlots(struct_EtherCatDevice& device, const xml::Element& element)
 {
+    DeviceSlots& deviceSlots = device.Slots;
     // A second `Slots` element starts its increments again from 0; the other attributes keep what the first one said.
     deviceSlots.Attributes.SlotIndexIncrement = 0;
     deviceSlots.Attributes.SlotPdoIncrement = 0;
@@ -121,17 +127,8 @@ void readSlots(const QDomElement& element, DeviceSlots& deviceSlots)
     deviceSlots.Attributes.m_SlotGroupPdoIncrement = 0;
     readAttributes(element, slotsRules, deviceSlots.Attributes);
 
-    const auto [slotElements, groupElements] =
-        descendantsByTag<2>(element, {QLatin1String("Slot"), QLatin1String("SlotGroupData")});
-    for (const QDomElement& slotElement : slotElements)
+    const auto [slotElements, groupElements] = xml::descendantsByName<2>(element, {"Slot", "SlotGroupData"});
+    for (const xml::Element& slotElement : slotElements)
         deviceSlots.vslot.push_back(slotFrom(slotElement, deviceSlots.Attributes));
     nameSlotsByGroup(deviceSlots.vslot, groupElements);
-}
-
-} // namespace
-
-void read_device_Slotsinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
-{
-    if (element != nullptr && ether_device != nullptr)
-        readSlots(*element, ether_device->Slots);
 }

@@ -2,7 +2,7 @@
 #include "esi/directionName.h"
 #include "esi/fieldRules.h"
 #include "esi/storeField.h"
-#include "esi/xmlparsing.h"
+#include "esi/sections/sectionReaders.h"
 
 #include <array>
 #include <cstdint>
@@ -22,18 +22,15 @@ const std::array smRules{
 
 } // namespace
 
-void read_device_SMinfo(QDomElement* element, struct_EtherCatDevice* ether_device)
+void appendSm(struct_EtherCatDevice& device, const xml::Element& element)
 {
-    if (element == nullptr || ether_device == nullptr)
-        return;
     struct_SM syncManager;
     // ESI has no attribute for the number: sync managers are numbered in document order.
-    syncManager.SM = static_cast<std::uint8_t>(ether_device->vSM.size());
-    readAttributes(*element, smRules, syncManager.Attributes);
-    const QString name = element->text();
-    syncManager.Name = name.toStdString();
+    syncManager.SM = static_cast<std::uint8_t>(device.vSM.size());
+    readAttributes(element, smRules, syncManager.Attributes);
+    syncManager.Name = element.text().toString();
     // ODD, KEPT: any name but the four exact ones counts as mailbox output (1), also none, one in another case, and one
     // with a blank around it. One would expect 0, as for an FMMU. Pinned by tst_SmSection::type.
-    syncManager.Smtype = directionByName(name, KTL_MBoxOut);
-    ether_device->vSM.push_back(std::move(syncManager));
+    syncManager.Smtype = directionByName(syncManager.Name, KTL_MBoxOut);
+    device.vSM.push_back(std::move(syncManager));
 }

@@ -1,9 +1,6 @@
 #include "esi/xml/groupNameCount.h"
 
 #include "esi/xml/xmlLimits.h"
-#include "text/exactName.h"
-
-#include <QLatin1String>
 
 namespace {
 
@@ -24,13 +21,13 @@ void GroupNameCount::enterDevice()
     m_characters = 0;
 }
 
-void GroupNameCount::enter(const QString& name, int depth, int readers)
+void GroupNameCount::enter(const NameRole& role, int depth, int readers)
 {
-    if (isNamed(name, QLatin1String("Slot"))) {
+    if (role.isSlot) {
         m_slots += readers;
-    } else if (isNamed(name, QLatin1String("SlotGroupData"))) {
+    } else if (role.isSlotGroupData) {
         m_groups.push_back(depth);
-    } else if (isNamed(name, QLatin1String("Name")) && !m_groups.empty() && m_groups.back() == depth - 1) {
+    } else if (role.isName && !m_groups.empty() && m_groups.back() == depth - 1) {
         m_names.push_back(depth);
         m_characters += qint64{lengthOfArrow} * readers;
     }

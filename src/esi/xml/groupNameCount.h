@@ -1,7 +1,9 @@
 // groupNameCount.h - how much the names of slot groups add to the names of slots, counted while a file is parsed.
 #pragma once
 
-#include <QString>
+#include "esi/xml/nameRole.h"
+
+#include <QtGlobal>
 
 #include <vector>
 
@@ -15,10 +17,9 @@ public:
     void enterDevice();
 
     /// To be called for each element in a list of slots.
-    /// @param name     its local name
     /// @param depth    of the element in the file
     /// @param readers  elements around it that each read it
-    void enter(const QString& name, int depth, int readers);
+    void enter(const NameRole& role, int depth, int readers);
     void leave(int depth);
 
     /// To be called for each text of the file.

@@ -61,17 +61,23 @@ bool cutAtNonCharacter(QString& text)
 // A mark counts for more than the declaration: makers of devices ship files that were saved again under an old
 // declaration. An encoding that is unknown, or in which the declaration itself would not read as it does ("UTF-16" in a
 // file of single bytes), is passed over.
-XmlDecoder::XmlDecoder(const QByteArray& start)
-    : m_state(QTextCodec::IgnoreHeader) // the mark is left out here, so the codec need not look for one
+XmlEncoding xmlEncodingOf(const QByteArray& start)
 {
     const auto opening = std::find_if(openings().begin(), openings().end(),
                                       [&](const Opening& row) { return start.startsWith(row.bytes); });
     const bool isKnown = opening != openings().end();
-    m_codec = isKnown ? QTextCodec::codecForName(opening->encoding) : declaredCodec(start);
-    if (m_codec == nullptr)
-        m_codec = QTextCodec::codecForName("UTF-8");
-    if (isKnown && opening->isMark)
-        m_markLength = opening->bytes.size();
+    const QTextCodec* codec = isKnown ? QTextCodec::codecForName(opening->encoding) : declaredCodec(start);
+    if (codec == nullptr)
+        codec = QTextCodec::codecForName("UTF-8");
+    return {codec, isKnown && opening->isMark ? opening->bytes.size() : 0};
+}
+
+XmlDecoder::XmlDecoder(const QByteArray& start)
+    : m_state(QTextCodec::IgnoreHeader) // the mark is left out here, so the codec need not look for one
+{
+    const XmlEncoding encoding = xmlEncodingOf(start);
+    m_codec = encoding.codec;
+    m_markLength = encoding.markLength;
 }
 
 QString XmlDecoder::decode(const QByteArray& bytes)

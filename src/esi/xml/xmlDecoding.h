@@ -5,8 +5,19 @@
 #include <QString>
 #include <QTextCodec>
 
-/// Decodes the bytes of an XML file, any number at a time. The byte order mark decides on the encoding, or else a first
-/// "<" of two or four bytes, or else the declaration, or else it is UTF-8.
+/// How the characters of an XML file are encoded.
+struct XmlEncoding
+{
+    const QTextCodec* codec; ///< belongs to Qt
+    int markLength; ///< bytes of the byte order mark, which is no part of the text
+};
+
+/// The encoding of an XML file. The byte order mark decides on it, or else a first "<" of two or four bytes, or else the
+/// declaration, or else it is UTF-8.
+/// @param start  the first bytes of the file, `XmlDecoder::maxDeclarationBytes` of them or all
+[[nodiscard]] XmlEncoding xmlEncodingOf(const QByteArray& start);
+
+/// Decodes the bytes of an XML file, any number at a time.
 class XmlDecoder
 {
 public:

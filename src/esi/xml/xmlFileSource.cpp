@@ -4,7 +4,7 @@
 #include "esi/xml/xmlLimits.h"
 
 #include <QByteArray>
-#include <QFile>
+#include <QIODevice>
 
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_DEPRECATED
@@ -12,7 +12,7 @@ QT_WARNING_DISABLE_DEPRECATED
 namespace {
 
 /// The next bytes of a file, fewer than asked for only at its end: a pipe gives what it happens to hold.
-QByteArray blockOf(QFile& file, qint64 size)
+QByteArray blockOf(QIODevice& file, qint64 size)
 {
     QByteArray block = file.read(size);
     while (!block.isEmpty() && block.size() < size) {
@@ -26,7 +26,7 @@ QByteArray blockOf(QFile& file, qint64 size)
 
 } // namespace
 
-XmlFileSource::XmlFileSource(QFile& file)
+XmlFileSource::XmlFileSource(QIODevice& file)
     : m_file(file)
 {
     file.setTextModeEnabled(false);

@@ -8,7 +8,7 @@
 
 #include <optional>
 
-class QFile;
+class QIODevice;
 
 // The parser that reads from here is marked as outdated; `boundedXmlReader.cpp` says why it stays in use.
 QT_WARNING_PUSH
@@ -24,7 +24,7 @@ public:
     static_assert(XmlDecoder::maxDeclarationBytes <= blockSize);
 
     /// @param file  open for reading, at its start; must outlive the source
-    explicit XmlFileSource(QFile& file);
+    explicit XmlFileSource(QIODevice& file);
 
     /// Reads on and makes what was read the next input of the parser.
     void fetchData() override;
@@ -42,7 +42,7 @@ private:
     /// Text of the next bytes, none at the end of the file or of what may be read of it.
     QString nextText();
 
-    QFile& m_file;
+    QIODevice& m_file;
     qint64 m_bytesRead = 0;
     std::optional<XmlDecoder> m_decoder; ///< made for the first bytes
 };
