@@ -1,10 +1,12 @@
-// fuzzShow.h - a file in the forms of `ktl show`, which nobody reads.
+// fuzzShow.h - a file in the forms of `ktl show`.
 #pragma once
 
 #include "show/showWriter.h"
 
 #include <ostream>
+#include <sstream>
 #include <streambuf>
+#include <string>
 
 /// Takes everything and keeps nothing.
 class Nowhere : public std::streambuf
@@ -23,6 +25,17 @@ inline void showNowhere(const show::ShownFile& file, const show::Form& form)
     writer.begin();
     writer.show(file);
     writer.end();
+}
+
+/// A file in one form.
+inline std::string shownAs(const show::ShownFile& file, const show::Form& form)
+{
+    std::ostringstream out;
+    show::Writer writer(out, form);
+    writer.begin();
+    writer.show(file);
+    writer.end();
+    return out.str();
 }
 
 /// A form of JSON.

@@ -104,6 +104,9 @@ public:
     /// Where it begins. Goes through the file up to there, so it is for messages.
     [[nodiscard]] Place place() const;
 
+    /// How many nodes it is with all that is in it.
+    [[nodiscard]] std::size_t size() const { return record().end - m_index; }
+
     /// Whether it is the same node of the same tree.
     bool operator==(const Node& other) const { return m_tree == other.m_tree && m_index == other.m_index; }
     bool operator!=(const Node& other) const { return !(*this == other); }
