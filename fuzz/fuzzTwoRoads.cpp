@@ -1,5 +1,5 @@
-// fuzzTwoRoads.cpp - any bytes as an ESI file, straight from the bytes and through a document: what takes the first road
-// has the same tree and gives the same record by both, and one that takes it is well-formed. It stops at the first
+// fuzzTwoRoads.cpp - any bytes as an ESI file, straight from the bytes and through a document: what takes the first
+// road has the same tree and gives the same record by both, and one that takes it is well-formed. It stops at the first
 // difference.
 #include "fuzzShow.h"
 

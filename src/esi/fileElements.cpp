@@ -15,11 +15,11 @@ struct SectionName
 };
 
 constexpr std::array sectionNames{
-    SectionName{"Type", DeviceSection::Type},   SectionName{"Name", DeviceSection::Name},
+    SectionName{"Type", DeviceSection::Type},       SectionName{"Name", DeviceSection::Name},
     SectionName{"Mailbox", DeviceSection::Mailbox}, SectionName{"Fmmu", DeviceSection::Fmmu},
-    SectionName{"Sm", DeviceSection::Sm},       SectionName{"Dc", DeviceSection::Dc},
-    SectionName{"RxPdo", DeviceSection::RxPdo}, SectionName{"TxPdo", DeviceSection::TxPdo},
-    SectionName{"Slots", DeviceSection::Slots}, SectionName{"Profile", DeviceSection::Profile},
+    SectionName{"Sm", DeviceSection::Sm},           SectionName{"Dc", DeviceSection::Dc},
+    SectionName{"RxPdo", DeviceSection::RxPdo},     SectionName{"TxPdo", DeviceSection::TxPdo},
+    SectionName{"Slots", DeviceSection::Slots},     SectionName{"Profile", DeviceSection::Profile},
 };
 
 const SectionName* sectionNamed(std::string_view name)

@@ -45,14 +45,10 @@ struct SectionReader
 
 /// Readers of the sections, in the order of their calls. A section that occurs twice is read twice.
 constexpr std::array sectionReaders{
-    SectionReader{DeviceSection::Type, readType},
-    SectionReader{DeviceSection::Name, storeDeviceName},
-    SectionReader{DeviceSection::Mailbox, readMailbox},
-    SectionReader{DeviceSection::Fmmu, appendFmmu},
-    SectionReader{DeviceSection::Sm, appendSm},
-    SectionReader{DeviceSection::Dc, readDc},
-    SectionReader{DeviceSection::RxPdo, appendRxPdo},
-    SectionReader{DeviceSection::TxPdo, appendTxPdo},
+    SectionReader{DeviceSection::Type, readType},       SectionReader{DeviceSection::Name, storeDeviceName},
+    SectionReader{DeviceSection::Mailbox, readMailbox}, SectionReader{DeviceSection::Fmmu, appendFmmu},
+    SectionReader{DeviceSection::Sm, appendSm},         SectionReader{DeviceSection::Dc, readDc},
+    SectionReader{DeviceSection::RxPdo, appendRxPdo},   SectionReader{DeviceSection::TxPdo, appendTxPdo},
     SectionReader{DeviceSection::Slots, readSlots},
 };
 
@@ -176,9 +172,8 @@ EsiLoadResult fileFrom(const xml::Tree& tree, const QString& path, Dictionaries 
 {
     EsiLoadResult result;
     struct_FilenameDevice& file = result.file;
-    const FileElements elements = walkFile(tree.root(), [&](const DeviceElements& device) {
-        file.device.push_back(deviceFrom(device, dictionaries));
-    });
+    const FileElements elements = walkFile(
+        tree.root(), [&](const DeviceElements& device) { file.device.push_back(deviceFrom(device, dictionaries)); });
     if (!elements.vendor.has_value())
         return {EsiLoadStatus::NotEsi, {}, {}};
     file.xmlfilepath = path.toStdString();

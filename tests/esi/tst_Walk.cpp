@@ -1,5 +1,5 @@
 // The walk over a document: vendor, devices, and what makes a file an ESI file.
-// Covers documentElements.cpp, fileFromDocument.cpp, xmlparsing.cpp.
+// Covers fileElements.cpp, fileFromTree.cpp, xmlparsing.cpp.
 #include "esi/readDocument.h"
 #include "testMain.h"
 

@@ -24,7 +24,8 @@
     if (node.kind() != other.kind() || node.characters() != other.characters() || node.size() != other.size())
         return false;
     return !node.isElement()
-           || (hasAttributesOf(xml::Element(node), xml::Element(other)) && hasAttributesOf(xml::Element(other), xml::Element(node)));
+           || (hasAttributesOf(xml::Element(node), xml::Element(other))
+               && hasAttributesOf(xml::Element(other), xml::Element(node)));
 }
 
 /// Whether two elements are the same with all that is in them, but for their places in their files.

@@ -24,7 +24,7 @@ constexpr int slotsDepth = 3;
 void enterSlots(GroupNameCount& count, int number, int readers = 1)
 {
     for (int slot = 0; slot < number; ++slot) {
-        count.enter(QStringLiteral("Slot"), slotsDepth, readers);
+        count.enter(nameRoleOf(QStringLiteral("Slot")), slotsDepth, readers);
         count.leave(slotsDepth);
     }
 }
@@ -32,8 +32,8 @@ void enterSlots(GroupNameCount& count, int number, int readers = 1)
 /// A group with one element, and its text.
 void enterGroup(GroupNameCount& count, int length, int readers = 1, const char* tag = "Name")
 {
-    count.enter(QStringLiteral("SlotGroupData"), slotsDepth, readers);
-    count.enter(QString::fromLatin1(tag), slotsDepth + 1, readers);
+    count.enter(nameRoleOf(QStringLiteral("SlotGroupData")), slotsDepth, readers);
+    count.enter(nameRoleOf(QString::fromLatin1(tag)), slotsDepth + 1, readers);
     count.addText(length, readers);
     count.leave(slotsDepth + 1);
     count.leave(slotsDepth);
@@ -89,7 +89,7 @@ void tst_GroupNameCount::otherNamesDoNotCount()
     count.enterDevice();
     enterSlots(count, 1024);
     enterGroup(count, 70000, 1, "Image");
-    count.enter(QStringLiteral("Name"), slotsDepth, 1); // directly in the list of slots
+    count.enter(nameRoleOf(QStringLiteral("Name")), slotsDepth, 1); // directly in the list of slots
     count.addText(70000, 1);
     count.leave(slotsDepth);
     QVERIFY(count.isWithinLimit());
@@ -103,7 +103,7 @@ void tst_GroupNameCount::readersMultiply()
     enterSlots(count, 512, 2);
     enterGroup(count, 32765, 2);
     QVERIFY(count.isWithinLimit());
-    count.enter(QStringLiteral("Slot"), slotsDepth, 1);
+    count.enter(nameRoleOf(QStringLiteral("Slot")), slotsDepth, 1);
     QVERIFY(!count.isWithinLimit());
 }
 

@@ -1,7 +1,7 @@
 // dcSection.cpp - the `Dc` element of a device: operation modes of the distributed clocks.
 #include "esi/fieldRules.h"
-#include "esi/storeField.h"
 #include "esi/sections/sectionReaders.h"
+#include "esi/storeField.h"
 
 #include <array>
 #include <utility>

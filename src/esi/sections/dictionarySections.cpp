@@ -1,7 +1,7 @@
 // dictionarySections.cpp - data types and objects of a CoE dictionary, of a device or of a module.
 #include "esi/fieldRules.h"
-#include "esi/storeField.h"
 #include "esi/sections/sectionReaders.h"
+#include "esi/storeField.h"
 #include "model/dataTypeNames.h"
 
 #include <array>

@@ -1,8 +1,8 @@
 // fmmuSection.cpp - one `Fmmu` element of a device.
 #include "esi/directionName.h"
 #include "esi/fieldRules.h"
-#include "esi/storeField.h"
 #include "esi/sections/sectionReaders.h"
+#include "esi/storeField.h"
 
 #include <array>
 #include <string_view>

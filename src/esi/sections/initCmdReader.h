@@ -5,7 +5,6 @@
 #include "esi/storeField.h"
 #include "text/utf16Length.h"
 
-
 #include <array>
 #include <cstdint>
 #include <string_view>

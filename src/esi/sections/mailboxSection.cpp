@@ -1,8 +1,8 @@
 // mailboxSection.cpp - the `Mailbox` element of a device: EoE and CoE flags, and the declared startup commands.
 #include "esi/fieldRules.h"
 #include "esi/sections/initCmdReader.h"
-#include "esi/storeField.h"
 #include "esi/sections/sectionReaders.h"
+#include "esi/storeField.h"
 
 #include <array>
 #include <utility>

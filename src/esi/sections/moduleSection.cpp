@@ -2,8 +2,8 @@
 #include "esi/fieldRules.h"
 #include "esi/sections/initCmdReader.h"
 #include "esi/sections/pdoReader.h"
-#include "esi/storeField.h"
 #include "esi/sections/sectionReaders.h"
+#include "esi/storeField.h"
 
 #include <array>
 
@@ -86,9 +86,8 @@ void appendInitCmd(ModuleCoe& coe, const xml::Element& element)
 void readModuleMailbox(struct_module& module, const xml::Element& element)
 {
     xml::forEachChildElement(element, "CoE", [&](const xml::Element& coe) {
-        xml::forEachChildElement(coe, "InitCmd", [&](const xml::Element& command) {
-            appendInitCmd(module.Mailbox.COE, command);
-        });
+        xml::forEachChildElement(coe, "InitCmd",
+                                 [&](const xml::Element& command) { appendInitCmd(module.Mailbox.COE, command); });
     });
 }
 

@@ -7,7 +7,6 @@
 #include "model/byteBit.h"
 #include "model/pdoAccess.h"
 
-
 #include <cstdint>
 #include <string_view>
 #include <utility>
@@ -24,8 +23,7 @@ template<auto Rule, typename Record, typename Source> void applyToRecord(BeingRe
     Rule(to.record, source);
 }
 
-template<auto Rule, typename Record, typename Source>
-constexpr auto ruleOfRecord(void (* /*unused*/)(Record&, Source))
+template<auto Rule, typename Record, typename Source> constexpr auto ruleOfRecord(void (* /*unused*/)(Record&, Source))
 {
     return &applyToRecord<Rule, Record, Source>;
 }

@@ -1,8 +1,8 @@
 // pdoSections.cpp - one `RxPdo` or `TxPdo` element of a device.
 #include "esi/fieldRules.h"
 #include "esi/sections/pdoReader.h"
-#include "esi/storeField.h"
 #include "esi/sections/sectionReaders.h"
+#include "esi/storeField.h"
 
 #include <array>
 #include <string_view>

@@ -1,7 +1,7 @@
 // productSection.cpp - identity of a device, from its `Type` element.
 #include "esi/fieldRules.h"
-#include "esi/storeField.h"
 #include "esi/sections/sectionReaders.h"
+#include "esi/storeField.h"
 
 #include <array>
 

@@ -1,7 +1,7 @@
 // slotsSection.cpp - the `Slots` element of a modular device: slots, what they accept, and the names of slot groups.
 #include "esi/fieldRules.h"
-#include "esi/storeField.h"
 #include "esi/sections/sectionReaders.h"
+#include "esi/storeField.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 // smSection.cpp - one `Sm` element of a device.
 #include "esi/directionName.h"
 #include "esi/fieldRules.h"
-#include "esi/storeField.h"
 #include "esi/sections/sectionReaders.h"
+#include "esi/storeField.h"
 
 #include <array>
 #include <cstdint>

@@ -64,10 +64,11 @@ private:
         if (!element.hasAttributes())
             return;
         const QDomNamedNodeMap attributes = element.attributes();
-        for (int index = 0; index < attributes.count(); ++index) {
-            const QDomNode attribute = attributes.item(index);
-            const TextRange name = keep(attribute.nodeName());
-            m_builder.addAttribute(name, keep(attribute.nodeValue()));
+        // Of several with one local name the document finds the first, and a reader of the tree the last.
+        for (int index = attributes.count() - 1; index >= 0; --index) {
+            const QDomAttr attribute = attributes.item(index).toAttr();
+            const TextRange name = keep(attribute.name()); // unlike its `nodeName`, without prefix
+            m_builder.addAttribute(name, keep(attribute.value()));
         }
     }
 

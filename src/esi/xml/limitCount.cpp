@@ -48,8 +48,8 @@ bool LimitCount::multipliesLittle(const NameRole& role)
     }
     return holds(m_openDevices <= maxInEachOther, "more than %1 devices stand in each other", maxInEachOther)
            && holds(m_openSlots <= maxInEachOther, "more than %1 lists of slots stand in each other", maxInEachOther)
-           && holds(m_deviceCount <= maxDevices, "the file has more than %1 devices", maxDevices)
-           && hasRoomForModule() && hasRoomForGroupNames();
+           && holds(m_deviceCount <= maxDevices, "the file has more than %1 devices", maxDevices) && hasRoomForModule()
+           && hasRoomForGroupNames();
 }
 
 bool LimitCount::isInFewDevices(const NameRole& role)

@@ -11,7 +11,8 @@
 /// What an element counts as for the limits, by its local name.
 struct NameRole
 {
-    bool mayHoldSections = false; ///< a name with "Device" in it, as the walk over a file asks for the parents of sections
+    bool mayHoldSections =
+        false; ///< a name with "Device" in it, as the walk over a file asks for the parents of sections
     bool isDevice = false;
     bool isSlots = false;
     bool isSlot = false;

@@ -157,10 +157,10 @@ private:
 
     bool passDeclaration()
     {
-        static const QRegularExpression declaration(QLatin1String(
-            R"x(^<\?xml\s+version\s*=\s*(?:"1\.0"|'1\.0'))x"
-            R"x((?:\s+encoding\s*=\s*(?:"[A-Za-z][A-Za-z0-9._-]*"|'[A-Za-z][A-Za-z0-9._-]*'))?)x"
-            R"x((?:\s+standalone\s*=\s*(?:"(?:yes|no)"|'(?:yes|no)'))?\s*\?>)x"));
+        static const QRegularExpression declaration(
+            QLatin1String(R"x(^<\?xml\s+version\s*=\s*(?:"1\.0"|'1\.0'))x"
+                          R"x((?:\s+encoding\s*=\s*(?:"[A-Za-z][A-Za-z0-9._-]*"|'[A-Za-z][A-Za-z0-9._-]*'))?)x"
+                          R"x((?:\s+standalone\s*=\s*(?:"(?:yes|no)"|'(?:yes|no)'))?\s*\?>)x"));
         constexpr std::size_t maxLength = 256;
         if (!isNext("<?xml") || isOf(m_text.substr(0, 6).back(), NameRest))
             return true;
@@ -262,12 +262,7 @@ private:
             return false;
         m_builder.openElement(rangeOf(name->local), start);
         m_open.push_back(name->whole);
-        int attributes = 0;
-        bool hasBlank = passBlanks();
-        for (; isOf(next(), NameStart); hasBlank = passBlanks())
-            if (!hasBlank || !scanAttribute(attributes))
-                return false;
-        if (!m_count.enterElement(nameRoleOf(name->local), attributes))
+        if (!scanAttributes() || !m_count.enterElement(nameRoleOf(name->local), static_cast<int>(m_attributes.size())))
             return false;
         return take("/>") ? closeElement() : take('>');
     }
@@ -289,8 +284,26 @@ private:
         return true;
     }
 
-    /// @param attributes  counts it, if it is no declaration of a namespace
-    bool scanAttribute(int& attributes)
+    bool scanAttributes()
+    {
+        m_attributes.clear();
+        bool hasBlank = passBlanks();
+        for (; isOf(next(), NameStart); hasBlank = passBlanks())
+            if (!hasBlank || !scanAttribute())
+                return false;
+        return arePlain(m_attributes);
+    }
+
+    /// Whether it is plain which attribute a local name means: the last one with that name, unless one has a prefix.
+    static bool arePlain(const std::vector<QualifiedName>& attributes)
+    {
+        return std::none_of(attributes.begin(), attributes.end(), [&](const QualifiedName& prefixed) {
+            const auto isNamesake = [&](const QualifiedName& other) { return other.local == prefixed.local; };
+            return !prefixed.prefix.empty() && std::count_if(attributes.begin(), attributes.end(), isNamesake) > 1;
+        });
+    }
+
+    bool scanAttribute()
     {
         const std::optional<QualifiedName> name = takeName();
         if (!name.has_value())
@@ -304,7 +317,7 @@ private:
             return false;
         if (name->whole == "xmlns" || name->prefix == "xmlns")
             return countPrefix(name->whole);
-        attributes += 1;
+        m_attributes.push_back(*name);
         m_builder.addAttribute(rangeOf(name->local), *value);
         return true;
     }
@@ -416,6 +429,7 @@ private:
     std::size_t m_position = 0;
     LimitCount m_count;
     std::vector<std::string_view> m_open; ///< whole names of the elements that are open
+    std::vector<QualifiedName> m_attributes; ///< of the start tag that is being read
     std::vector<std::string_view> m_prefixes; ///< that were declared
     std::string m_decoded; ///< a text that is not in the file as it is
 };

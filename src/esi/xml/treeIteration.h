@@ -54,8 +54,8 @@ template<typename Enter, typename Leave> void walkElements(const Element& root, 
 /// pass however many names are asked for.
 /// @return  one list per name, in the order of `names`
 template<std::size_t Count>
-[[nodiscard]] std::array<std::vector<Element>, Count> descendantsByName(const Element& root,
-                                                                        const std::array<std::string_view, Count>& names)
+[[nodiscard]] std::array<std::vector<Element>, Count>
+descendantsByName(const Element& root, const std::array<std::string_view, Count>& names)
 {
     std::array<std::vector<Element>, Count> found;
     for (const Node node : root.descendants())

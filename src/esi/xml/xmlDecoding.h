@@ -12,8 +12,8 @@ struct XmlEncoding
     int markLength; ///< bytes of the byte order mark, which is no part of the text
 };
 
-/// The encoding of an XML file. The byte order mark decides on it, or else a first "<" of two or four bytes, or else the
-/// declaration, or else it is UTF-8.
+/// The encoding of an XML file. The byte order mark decides on it, or else a first "<" of two or four bytes, or else
+/// the declaration, or else it is UTF-8.
 /// @param start  the first bytes of the file, `XmlDecoder::maxDeclarationBytes` of them or all
 [[nodiscard]] XmlEncoding xmlEncodingOf(const QByteArray& start);
 
