@@ -59,7 +59,9 @@ void tst_DocumentTree::content_data()
     QTest::addRow("comments and instructions") << "<!--0--><a><!--1--><?p d?></a>" << QByteArray("a{!1!?}");
     QTest::addRow("an entity that is not declared") << "<a>x&e;y</a>" << QByteArray("a{\"x\"?\"y\"}");
     QTest::addRow("local names") << "<p:a q:x='1' xmlns:p='u'/>" << QByteArray("a[x=1]");
-    QTest::addRow("the later of two attributes is the last") << "<a p:x='1' x='2'/>" << QByteArray("a[x=1][x=2]");
+    QTest::addRow("the later of two attributes is the last")
+        << "<a xmlns:p='u' p:x='1' x='2'/>" << QByteArray("a[x=1][x=2]");
+    QTest::addRow("without a namespace only the later stays") << "<a p:x='1' x='2'/>" << QByteArray("a[x=2]");
     QTest::addRow("a long text") << "<a>" + QString(1000, 'x') + "</a>"
                                  << "a{\"" + QByteArray(1000, 'x') + "\"}";
 }
