@@ -33,7 +33,8 @@ private:
 /// Runs the command to its end; a variable that would fix its time does not count.
 /// @param arguments  without the name of the program
 /// @param folder     in which relative paths are; empty for that of the test
-inline CommandRun runHere(const QStringList& arguments, const QString& folder = {})
+/// @param cores      files that are read at the same time
+inline CommandRun runHere(const QStringList& arguments, const QString& folder = {}, std::size_t cores = 1)
 {
     qunsetenv("SOURCE_DATE_EPOCH");
     const WorkingFolder workingFolder(folder);
@@ -41,10 +42,11 @@ inline CommandRun runHere(const QStringList& arguments, const QString& folder = 
     std::ostringstream lines;
     cli::Messages messages(lines);
     cli::Inputs inputs;
-    cli::Console console{results, messages, inputs, 1, std::nullopt};
+    cli::Console console{results, messages, inputs, cores, std::nullopt};
     CommandRun run;
     run.exitCode = static_cast<int>(cli::runCommand(arguments, console));
     run.hasEnded = true;
+    run.throughDocuments = inputs.throughDocuments;
     run.output = QByteArray::fromStdString(results.str());
     run.errors = QByteArray::fromStdString(lines.str());
     return run;

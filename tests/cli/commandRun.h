@@ -7,6 +7,8 @@
 #include <QProcessEnvironment>
 #include <QStringList>
 
+#include <cstddef>
+
 /// How a run of the command ended.
 struct CommandRun
 {
@@ -15,6 +17,7 @@ struct CommandRun
     int exitCode = -1;
     QByteArray output;
     QByteArray errors;
+    std::size_t throughDocuments = 0; ///< ESI files that were not plain; known of runs inside the test alone
 };
 
 /// What a run starts from.

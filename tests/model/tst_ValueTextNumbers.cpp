@@ -95,7 +95,9 @@ void tst_ValueTextNumbers::bothKinds()
     QFETCH(QString, text);
     QFETCH(int, expected);
     QCOMPARE(toUint(text), static_cast<std::uint32_t>(expected));
+    QCOMPARE(toUint(std::string_view(text.toStdString())), static_cast<std::uint32_t>(expected));
     QCOMPARE(toInt(text), expected);
+    QCOMPARE(toInt(std::string_view(text.toStdString())), expected);
 }
 
 void tst_ValueTextNumbers::unsignedOnly_data()
@@ -116,6 +118,7 @@ void tst_ValueTextNumbers::unsignedOnly()
     QFETCH(QString, text);
     QFETCH(unsigned int, expected);
     QCOMPARE(toUint(text), expected);
+    QCOMPARE(toUint(std::string_view(text.toStdString())), expected);
 }
 
 void tst_ValueTextNumbers::signedOnly_data()
@@ -136,6 +139,7 @@ void tst_ValueTextNumbers::signedOnly()
     QFETCH(QString, text);
     QFETCH(int, expected);
     QCOMPARE(toInt(text), expected);
+    QCOMPARE(toInt(std::string_view(text.toStdString())), expected);
 }
 
 void tst_ValueTextNumbers::bytePairs_data()
@@ -150,6 +154,9 @@ void tst_ValueTextNumbers::bytePairs_data()
     QTest::addRow("four bytes") << "01020304" << 0x04030201U;
     QTest::addRow("four bytes, all bits") << "ffffffff" << 0xFFFFFFFFU;
     QTest::addRow("an odd length drops the first character") << "ABC" << 0xBCU;
+    QTest::addRow("an odd first character of another script") << QStringLiteral("\u00E9"
+                                                                                "0A0B")
+                                                              << 0x0B0AU;
     QTest::addRow("five characters") << "ABCDE" << 0xDEBCU;
     QTest::addRow("one character") << "A" << 0U;
     QTest::addRow("empty text") << "" << 0U;
@@ -171,6 +178,7 @@ void tst_ValueTextNumbers::bytePairs()
     QFETCH(QString, text);
     QFETCH(unsigned int, expected);
     QCOMPARE(toUintFromBytes(text), expected);
+    QCOMPARE(toUintFromBytes(std::string_view(text.toStdString())), expected);
 }
 
 static const testMain::Registration<tst_ValueTextNumbers, QCoreApplication> registration;

@@ -49,6 +49,7 @@ void tst_ValueTexts::truth()
     QFETCH(QString, text);
     QFETCH(bool, expected);
     QCOMPARE(toBool(text), expected);
+    QCOMPARE(toBool(std::string_view(text.toStdString())), expected);
 }
 
 void tst_ValueTexts::token_data()
@@ -93,6 +94,7 @@ void tst_ValueTexts::token()
     QFETCH(QString, text);
     QFETCH(unsigned int, expected);
     QCOMPARE(unsigned{toToken(text)}, expected);
+    QCOMPARE(unsigned{toToken(std::string_view(text.toStdString()))}, expected);
 }
 
 void tst_ValueTexts::tokenText_data()

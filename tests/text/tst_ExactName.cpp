@@ -26,6 +26,7 @@ private slots:
         QFETCH(QString, tag);
         QFETCH(bool, isSm);
         QCOMPARE(isNamed(tag, QLatin1String("Sm")), isSm);
+        QCOMPARE(isNamed(std::string_view(tag.toStdString()), QLatin1String("Sm")), isSm);
     }
 };
 
