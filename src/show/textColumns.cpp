@@ -1,5 +1,7 @@
 #include "show/textColumns.h"
 
+#include "text/printableAscii.h"
+
 #include <QChar>
 #include <QString>
 #include <QStringList>
@@ -136,21 +138,22 @@ QStringList wordsIn(const std::string& utf8)
 
 } // namespace
 
-std::size_t columnsOf(const std::string& utf8)
+std::size_t columnsOf(std::string_view utf8)
 {
-    const auto isPlain = [](char byte) { return byte >= ' ' && byte <= '~'; };
-    if (std::all_of(utf8.begin(), utf8.end(), isPlain)) // as most texts are
+    if (isPrintableAscii(utf8)) // as most texts are
         return utf8.size();
-    return columnsOf(QString::fromStdString(utf8));
+    return columnsOf(QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size())));
 }
 
-std::size_t maxWordColumns(const std::string& utf8)
+std::size_t maxWordColumns(std::string_view utf8)
 {
-    if (utf8.find(' ') == std::string::npos)
-        return columnsOf(utf8);
     std::size_t columns = 0;
-    for (const QString& word : wordsIn(utf8))
-        columns = std::max(columns, columnsOf(word));
+    std::size_t begin = 0;
+    while (begin < utf8.size()) {
+        const std::size_t end = std::min(utf8.find(' ', begin), utf8.size());
+        columns = std::max(columns, columnsOf(utf8.substr(begin, end - begin)));
+        begin = end + 1;
+    }
     return columns;
 }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <limits>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace show {
@@ -13,10 +14,10 @@ inline constexpr std::size_t anyWidth = std::numeric_limits<std::size_t>::max();
 
 /// Columns that a text takes: two for a wide character such as a Chinese one or an emoji, none for one that is drawn
 /// onto the one before it, such as a combining accent.
-[[nodiscard]] std::size_t columnsOf(const std::string& utf8);
+[[nodiscard]] std::size_t columnsOf(std::string_view utf8);
 
 /// Columns of the widest word, a word being what is between blanks.
-[[nodiscard]] std::size_t maxWordColumns(const std::string& utf8);
+[[nodiscard]] std::size_t maxWordColumns(std::string_view utf8);
 
 /// A text in lines that take at most that many columns. It breaks at blanks, and inside a word only where the word
 /// alone is too long. A character that is wider than a line has one to itself.

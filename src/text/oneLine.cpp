@@ -1,5 +1,6 @@
 #include "text/oneLine.h"
 
+#include "text/printableAscii.h"
 #include "text/unsafeCharacters.h"
 
 #include <QChar>
@@ -19,7 +20,7 @@ QString oneLine(QString text, DrawingHints hints)
 
 std::string oneLine(const std::string& utf8, DrawingHints hints)
 {
-    if (std::all_of(utf8.begin(), utf8.end(), [](char byte) { return byte >= ' ' && byte <= '~'; }))
+    if (isPrintableAscii(utf8))
         return utf8; // as most texts are
     return oneLine(QString::fromStdString(utf8), hints).toStdString();
 }

@@ -45,6 +45,8 @@ void tst_TextColumns::maxWordColumns()
     QCOMPARE(show::maxWordColumns("one three two"), std::size_t{5});
     QCOMPARE(show::maxWordColumns("abc 单轴"), std::size_t{4});
     QCOMPARE(show::maxWordColumns("alone"), std::size_t{5});
+    QCOMPARE(show::maxWordColumns("  ab  c "), std::size_t{2});
+    QCOMPARE(show::maxWordColumns("  "), std::size_t{0});
 }
 
 void tst_TextColumns::lines_data()
