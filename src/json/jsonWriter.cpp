@@ -1,6 +1,7 @@
 #include "json/jsonWriter.h"
 
 #include "text/fractionText.h"
+#include "text/printableAscii.h"
 #include "text/unsafeCharacters.h"
 
 #include <QJsonArray>
@@ -8,19 +9,21 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <iterator>
-#include <ostream>
+#include <limits>
 #include <string>
 
 namespace json {
 
 namespace {
 
-/// Whether a byte is a character by itself that JSON holds as it is; most texts have no others.
+/// Whether a byte is a character that JSON holds as it is; most texts have no others.
 bool isPlain(char byte)
 {
-    return byte >= ' ' && byte <= '~' && byte != '"' && byte != '\\';
+    return isPrintableAscii(byte) && byte != '"' && byte != '\\';
 }
 
 /// A control that has a letter after the backslash.
@@ -75,14 +78,15 @@ void Writer::openList(std::string_view name, Spread spread)
 void Writer::key(std::string_view name)
 {
     text(name);
-    m_out << (spread() == Spread::Tight ? ":" : ": ");
+    m_out.add(spread() == Spread::Tight ? ":" : ": ");
     m_hasKey = true;
 }
 
 void Writer::number(std::int64_t number)
 {
-    begin();
-    m_out << number;
+    std::array<char, std::numeric_limits<std::int64_t>::digits10 + 2> digits{}; // a sign and one digit more
+    char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    plain({digits.data(), static_cast<std::size_t>(end - digits.data())});
 }
 
 void Writer::fraction(float number)
@@ -92,19 +96,15 @@ void Writer::fraction(float number)
 
 void Writer::text(std::string_view utf8)
 {
-    if (!std::all_of(utf8.begin(), utf8.end(), isPlain)) {
+    if (std::all_of(utf8.begin(), utf8.end(), isPlain))
+        quoted(utf8);
+    else
         text(QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size())));
-        return;
-    }
-    begin();
-    m_out << '"' << utf8 << '"';
 }
 
 void Writer::text(const QString& text)
 {
-    const std::string utf8 = escaped(text).toStdString(); // before the comma: there may be no memory for it
-    begin();
-    m_out << '"' << utf8 << '"';
+    quoted(escaped(text).toStdString()); // made before the comma is written: there may be no memory for it
 }
 
 void Writer::value(const QJsonValue& value)
@@ -159,23 +159,40 @@ void Writer::begin()
 {
     const Spread around = spread();
     if (!m_hasKey && !m_isFirst)
-        m_out << (around == Spread::OneLine ? ", " : ",");
+        m_out.add(around == Spread::OneLine ? ", " : ",");
     if (!m_hasKey && around == Spread::Lines && depth(Spread::Lines) > 0)
         startLine();
     m_hasKey = false;
     m_isFirst = false;
 }
 
+/// The stream gets what it does not have yet when the whole value is written.
+void Writer::end()
+{
+    if (depth(Spread::Lines) + depth(Spread::OneLine) + depth(Spread::Tight) == 0)
+        m_out.flush();
+}
+
 void Writer::plain(std::string_view token)
 {
     begin();
-    m_out << token;
+    m_out.add(token);
+    end();
+}
+
+void Writer::quoted(std::string_view utf8)
+{
+    begin();
+    m_out.add('"');
+    m_out.add(utf8);
+    m_out.add('"');
+    end();
 }
 
 void Writer::open(char bracket, Spread spread)
 {
     begin();
-    m_out << bracket;
+    m_out.add(bracket);
     ++depth(std::max(spread, this->spread()));
     m_isFirst = true;
 }
@@ -186,15 +203,16 @@ void Writer::close(char bracket)
     --depth(closed);
     if (closed == Spread::Lines && !m_isFirst)
         startLine();
-    m_out << bracket;
+    m_out.add(bracket);
     m_isFirst = false;
+    end();
 }
 
 void Writer::startLine()
 {
-    m_out << '\n';
+    m_out.add('\n');
     for (std::size_t blank = 0; blank < depth(Spread::Lines) * m_layout.indentation; ++blank)
-        m_out << ' ';
+        m_out.add(' ');
 }
 
 /// That of the innermost open object or list: within a close one there is no wider one.

@@ -1,6 +1,8 @@
 // jsonWriter.h - writes JSON as it comes, on lines that people read.
 #pragma once
 
+#include "json/chunks.h"
+
 #include <QJsonValue>
 #include <QString>
 
@@ -30,7 +32,8 @@ struct Layout
 };
 
 /// Writes one JSON value in UTF-8 as it comes; the caller closes what it opens, and gives each member of an object its
-/// key before its value. Where memory ends it throws std::bad_alloc, before any of a plain value or bracket is written.
+/// key before its value. The stream has all of the value when that is complete, and not before. Where memory ends it
+/// throws std::bad_alloc, before any of a plain value or bracket is written.
 class Writer
 {
 public:
@@ -65,7 +68,9 @@ public:
 
 private:
     void begin();
+    void end();
     void plain(std::string_view token);
+    void quoted(std::string_view utf8);
     void open(char bracket, Spread spread);
     void close(char bracket);
     void startLine();
@@ -73,7 +78,7 @@ private:
     [[nodiscard]] std::size_t& depth(Spread spread) { return m_depths.at(static_cast<std::size_t>(spread)); }
     [[nodiscard]] QString escaped(const QString& text) const;
 
-    std::ostream& m_out;
+    Chunks m_out;
     Layout m_layout;
     std::array<std::size_t, 3> m_depths{}; ///< how many objects and lists of each spread are open
     bool m_isFirst = true; ///< there is nothing yet in what is open

@@ -24,6 +24,10 @@ private slots:
     static void fractions();
     static void numbers();
     static void undefinedMembers();
+    static void manyTexts();
+    static void longText_data();
+    static void longText();
+    static void goesOnInTheStream();
 };
 
 namespace {
@@ -204,6 +208,53 @@ void tst_JsonWriter::undefinedMembers()
         writer.closeList();
     };
     QCOMPARE(writtenBy(numbered, write), QByteArray("[\n  {\"b\": 1, \"d\": [1,2]},\n  {}\n]"));
+}
+
+/// More than is gathered for the stream at a time, in texts of 3 bytes that end at any place of a chunk.
+void tst_JsonWriter::manyTexts()
+{
+    constexpr int count = 10000;
+    const auto write = [](json::Writer& writer) {
+        writer.openList(json::Spread::Tight);
+        for (int element = 0; element < count; ++element)
+            writer.text(std::string_view("a"));
+        writer.closeList();
+    };
+    QCOMPARE(writtenBy(numbered, write), QByteArray(R"(["a")") + QByteArray(R"(,"a")").repeated(count - 1) + ']');
+}
+
+void tst_JsonWriter::longText_data()
+{
+    QTest::addColumn<int>("length");
+    constexpr int chunk = 8192;
+    for (const int length : {chunk - 2, chunk - 1, chunk, chunk + 1, 3 * chunk})
+        QTest::addRow("%d", length) << length;
+}
+
+/// Between two short ones.
+void tst_JsonWriter::longText()
+{
+    QFETCH(int, length);
+    const QByteArray text(length, 'b');
+    const auto write = [&](json::Writer& writer) {
+        writer.openList(json::Spread::Tight);
+        for (const QByteArray& each : {QByteArray("a"), text, QByteArray("c")})
+            writer.text(std::string_view(each.constData(), static_cast<std::size_t>(each.size())));
+        writer.closeList();
+    };
+    QCOMPARE(writtenBy(numbered, write), R"(["a",")" + text + R"(","c"])");
+}
+
+/// A complete value is in the stream, so that its owner can write on.
+void tst_JsonWriter::goesOnInTheStream()
+{
+    std::ostringstream out;
+    out << "before ";
+    json::Writer writer(out, numbered);
+    writer.openObject();
+    writer.closeObject();
+    out << " after";
+    QCOMPARE(out.str(), std::string("before {} after"));
 }
 
 static const testMain::Registration<tst_JsonWriter, testMain::NoApplication> registration;
