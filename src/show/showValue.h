@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -50,7 +51,7 @@ struct Value
 
 struct Member
 {
-    std::string key; ///< in JSON as it is, "likeThis"; text for people separates the words
+    std::string_view key; ///< a literal. In JSON as it is, "likeThis"; text for people separates the words
     Value value;
 };
 

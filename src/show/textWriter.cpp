@@ -23,7 +23,7 @@ std::string cellOf(const Value& value);
 
 struct KeyLabel
 {
-    const char* key;
+    std::string_view key;
     const char* label;
 };
 
@@ -39,10 +39,10 @@ constexpr std::array keyLabels{
 };
 
 /// Keys that are for programs: numbers for choices files, and the data of a command as text beside its value.
-constexpr std::array hiddenKeys{"choicePdo", "choiceEntry", "choiceRow", "text"};
+constexpr std::array<std::string_view, 4> hiddenKeys{"choicePdo", "choiceEntry", "choiceRow", "text"};
 
 /// The words of a key: "syncManagers" are "sync managers".
-std::string labelOf(const std::string& key)
+std::string labelOf(std::string_view key)
 {
     for (const KeyLabel& known : keyLabels)
         if (key == known.key)
@@ -59,12 +59,12 @@ std::string labelOf(const std::string& key)
 bool isNameOf(const Member& name, const Member& number)
 {
     const std::string_view ending = "Name";
-    const std::string_view key = name.key;
-    return key.size() == number.key.size() + ending.size() && key.substr(0, number.key.size()) == number.key
-           && key.substr(number.key.size()) == ending && std::holds_alternative<std::string>(name.value.content);
+    const std::string_view start = number.key;
+    return name.key.size() == start.size() + ending.size() && name.key.substr(0, start.size()) == start
+           && name.key.substr(start.size()) == ending && std::holds_alternative<std::string>(name.value.content);
 }
 
-bool isHidden(const std::string& key)
+bool isHidden(std::string_view key)
 {
     return std::find(hiddenKeys.begin(), hiddenKeys.end(), key) != hiddenKeys.end();
 }
@@ -154,7 +154,7 @@ bool isListOfObjects(const Value& value)
 bool addCells(const Object& object, TextRow& cells, TextRow* labels)
 {
     bool areCells = true;
-    forEachReadable(object, [&](const std::string& key, const Value& value) {
+    forEachReadable(object, [&](std::string_view key, const Value& value) {
         if (const auto* const inner = std::get_if<Object>(&value.content)) {
             areCells = areCells && addCells(*inner, cells, labels);
             return;
@@ -220,11 +220,11 @@ void TextWriter::writeObject(const Object& object, std::size_t indentation)
 {
     const std::string margin(indentation, ' ');
     std::size_t width = 0;
-    forEachReadable(object, [&](const std::string& key, const Value& value) {
+    forEachReadable(object, [&](std::string_view key, const Value& value) {
         if (!isListOfObjects(value))
             width = std::max(width, labelOf(key).size());
     });
-    forEachReadable(object, [&](const std::string& key, const Value& value) {
+    forEachReadable(object, [&](std::string_view key, const Value& value) {
         const std::string label = labelOf(key);
         if (isListOfObjects(value)) {
             writeList(label, std::get<List>(value.content), indentation);
