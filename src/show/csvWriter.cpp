@@ -1,12 +1,16 @@
 #include "show/csvWriter.h"
 
+#include "text/printableAscii.h"
 #include "text/unsafeCharacters.h"
 
 #include <QChar>
 #include <QString>
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <ostream>
+#include <string_view>
 
 namespace show {
 
@@ -18,39 +22,47 @@ bool isKept(QChar character)
            || !isUnsafe(character);
 }
 
-QString withoutUnsafe(QString text)
+/// The text with U+FFFD for each invalid byte and each character that is not kept.
+std::string withoutUnsafe(const std::string& utf8)
 {
-    for (QChar& character : text)
-        if (!isKept(character))
-            character = QChar::ReplacementCharacter;
-    return text;
+    if (isPrintableAscii(utf8))
+        return utf8; // as most texts are
+    QString text = QString::fromStdString(utf8);
+    std::replace_if(
+        text.begin(), text.end(), [](QChar character) { return !isKept(character); },
+        QChar(QChar::ReplacementCharacter));
+    return text.toStdString();
 }
 
-bool isWholeNumber(const QString& text)
+bool isWholeNumber(std::string_view text)
 {
-    const int sign = text.startsWith(QLatin1Char('-')) ? 1 : 0;
-    return text.size() > sign && std::all_of(text.begin() + sign, text.end(), [](QChar character) {
-               return character >= QLatin1Char('0') && character <= QLatin1Char('9');
-           });
+    const std::size_t sign = text.substr(0, 1) == "-" ? 1 : 0;
+    return text.size() > sign && text.find_first_not_of("0123456789", sign) == std::string_view::npos;
 }
 
-/// Whether a spreadsheet program would take a text for a formula. Some take the wide forms of the signs too, and some
-/// drop a tab or a line end in front of the sign.
-bool readsAsFormula(const QString& text)
+/// What some spreadsheet program takes for the sign of a formula: some take the wide forms too, and some drop a tab or
+/// a line end in front of the sign.
+constexpr std::array<std::string_view, 11> formulaSigns{"=",  "+",        "-",        "@",        "\t",      "\r",
+                                                        "\n", u8"\uFF1D", u8"\uFF0B", u8"\uFF0D", u8"\uFF20"};
+
+/// Whether a spreadsheet program would take a text for a formula.
+bool readsAsFormula(std::string_view text)
 {
-    static const QString signs = QStringLiteral("=+-@\t\r\n\uFF1D\uFF0B\uFF0D\uFF20");
-    return !text.isEmpty() && signs.contains(text.front()) && !isWholeNumber(text);
+    const auto isAtStart = [&](std::string_view sign) { return text.substr(0, sign.size()) == sign; };
+    return std::any_of(formulaSigns.begin(), formulaSigns.end(), isAtStart) && !isWholeNumber(text);
 }
 
-QString quoted(QString text)
+void appendQuoted(std::string& row, std::string_view text)
 {
-    return QLatin1Char('"') + text.replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"');
+    row += '"';
+    for (const char byte : text)
+        row.append(byte == '"' ? 2 : 1, byte);
+    row += '"';
 }
 
-bool needsQuotes(const QString& text)
+bool needsQuotes(std::string_view text)
 {
-    static const QString special = QStringLiteral(",\"\r\n");
-    return std::any_of(text.begin(), text.end(), [](QChar character) { return special.contains(character); });
+    return text.find_first_of(",\"\r\n") != std::string_view::npos;
 }
 
 } // namespace
@@ -60,7 +72,7 @@ CsvWriter::CsvWriter(std::ostream& out, CsvForm form)
     , m_form(form)
 {
     if (m_form == CsvForm::Spreadsheet)
-        m_out << QString(QChar(QChar::ByteOrderMark)).toStdString();
+        m_out << u8"\uFEFF"; // a byte order mark
 }
 
 void CsvWriter::writeRow(const std::vector<std::string>& fields)
@@ -68,11 +80,14 @@ void CsvWriter::writeRow(const std::vector<std::string>& fields)
     std::string row; // made before it is written: a row is whole, also the last one where memory ends
     const char* separator = "";
     for (const std::string& field : fields) {
-        QString text = withoutUnsafe(QString::fromStdString(field));
+        std::string text = withoutUnsafe(field);
         if (m_form == CsvForm::Spreadsheet && readsAsFormula(text))
-            text.prepend(QLatin1Char('\''));
+            text.insert(text.begin(), '\'');
         row += separator;
-        row += (needsQuotes(text) ? quoted(text) : text).toStdString();
+        if (needsQuotes(text))
+            appendQuoted(row, text);
+        else
+            row += text;
         separator = ",";
     }
     row += "\r\n";
