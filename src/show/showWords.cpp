@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <cstddef>
 
 namespace show {
 
@@ -54,8 +56,12 @@ std::string joined(const std::vector<std::string>& words)
 std::string hexText(std::int64_t number)
 {
     constexpr int hexadecimal = 16;
-    const QString digits = QString::number(number < 0 ? -number : number, hexadecimal);
-    return (number < 0 ? "-0x" : "0x") + digits.toStdString();
+    constexpr std::size_t maxDigits = 16;
+    const auto bits = static_cast<std::uint64_t>(number);
+    std::array<char, maxDigits> digits{};
+    char* const end =
+        std::to_chars(digits.data(), digits.data() + maxDigits, number < 0 ? 0 - bits : bits, hexadecimal).ptr;
+    return std::string(number < 0 ? "-0x" : "0x").append(digits.data(), end);
 }
 
 std::string bytesText(const ItemBytes& item, std::size_t begin, std::size_t end)

@@ -29,6 +29,7 @@ void tst_ShowWords::hexadecimal()
     QCOMPARE(show::hexText(0x1C12), std::string("0x1c12"));
     QCOMPARE(show::hexText(-2), std::string("-0x2"));
     QCOMPARE(show::hexText(0xFFFFFFFF), std::string("0xffffffff"));
+    QCOMPARE(show::hexText(INT64_MIN), std::string("-0x8000000000000000"));
 }
 
 void tst_ShowWords::pairsOfBytes()
