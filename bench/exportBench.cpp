@@ -106,7 +106,7 @@ bool writeItems(std::FILE* out, const std::string& bytes, const std::vector<std:
 /// Both files are written in turn, so that a machine that gets slower or faster in between does so for both.
 void exportAgainstPlainWriting(benchmark::State& state)
 {
-    constexpr double limit = 3;
+    constexpr double limit = 2.5;
     const LoadedDevices loaded(exportedDevices);
     const QTemporaryDir folder;
     const std::string exportPath = QFile::encodeName(folder.filePath(QStringLiteral("export.ktl"))).toStdString();

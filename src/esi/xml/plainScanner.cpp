@@ -64,11 +64,10 @@ bool isOf(char character, CharacterClass kind)
 /// Whether a text is nothing but blanks, those of other scripts included: such a text is no node.
 bool isBlank(std::string_view text)
 {
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return true;
-    if (static_cast<unsigned char>(text[first]) < 0x80)
-        return false;
+    const auto isOther = [](char character) { return !isOf(character, Blank); };
+    const auto first = std::find_if(text.begin(), text.end(), isOther);
+    if (first == text.end() || static_cast<unsigned char>(*first) < 0x80)
+        return first == text.end();
     return QString::fromUtf8(text.data(), static_cast<int>(text.size())).simplified().isEmpty();
 }
 
