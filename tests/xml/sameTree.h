@@ -3,7 +3,6 @@
 
 #include "esi/xml/tree.h"
 
-#include <algorithm>
 #include <string_view>
 
 /// Whether the attributes of an element are all those of another one, as readers find them: by local name, of which the
@@ -31,7 +30,14 @@
 /// Whether two elements are the same with all that is in them, but for their places in their files.
 [[nodiscard]] inline bool areSame(const xml::Element& element, const xml::Element& other)
 {
-    const auto nodes = element.descendants();
+    if (!areAlike(element, other)) // so there are as many nodes in the one as in the other
+        return false;
     const auto others = other.descendants();
-    return areAlike(element, other) && std::equal(nodes.begin(), nodes.end(), others.begin(), others.end(), areAlike);
+    auto otherNode = others.begin();
+    for (const xml::Node node : element.descendants()) {
+        if (!areAlike(node, *otherNode))
+            return false;
+        ++otherNode;
+    }
+    return true;
 }

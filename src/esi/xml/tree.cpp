@@ -1,6 +1,6 @@
 #include "esi/xml/tree.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace xml {
 
@@ -39,19 +39,22 @@ Place Node::place() const
 
 ElementText Element::text() const
 {
-    const NodeRange<Walk::All> nodes = descendants();
-    const auto isText = [](const Node& node) { return node.isText(); };
-    const auto first = std::find_if(nodes.begin(), nodes.end(), isText);
-    if (first == nodes.end())
-        return ElementText(std::string_view());
-    auto next = first;
-    if (std::find_if(++next, nodes.end(), isText) == nodes.end())
-        return ElementText((*first).characters());
-    std::string joined;
-    for (const Node node : nodes)
-        if (node.isText())
-            joined += node.characters();
-    return ElementText(std::move(joined));
+    std::string_view first;
+    std::string joined; // of the first and the next ones, if there are any
+    int texts = 0;
+    for (const Node node : descendants()) {
+        if (!node.isText())
+            continue;
+        texts += 1;
+        if (texts == 1) {
+            first = node.characters();
+            continue;
+        }
+        if (texts == 2)
+            joined = first;
+        joined += node.characters();
+    }
+    return texts > 1 ? ElementText(std::move(joined)) : ElementText(first);
 }
 
 std::string_view Element::attribute(std::string_view name) const

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -114,7 +113,7 @@ public:
     /// Whether it comes after `other` in document order.
     [[nodiscard]] bool isAfter(const Node& other) const { return m_index > other.m_index; }
 
-protected:
+private:
     friend class Tree;
     friend class Element;
     template<Walk How> friend class NodeRange;
@@ -144,12 +143,6 @@ public:
     class Iterator
     {
     public:
-        using iterator_category = std::input_iterator_tag;
-        using value_type = Node;
-        using difference_type = std::ptrdiff_t;
-        using pointer = const Node*;
-        using reference = Node;
-
         explicit Iterator(Node node)
             : m_node(node)
         {}
