@@ -10,7 +10,8 @@ target_compile_options(kinetra_options INTERFACE -Wall -Wextra -Wpedantic -Wconv
                                                  # g++ 12 takes the parts of a std::variant that are not in use for it
                                                  $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 if(KINETRA_SANITIZE)
-  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
+                 $<$<CXX_COMPILER_ID:Clang>:-gline-tables-only>) # what a report needs to name places
   target_compile_options(kinetra_options INTERFACE ${sanitizers})
   target_compile_definitions(kinetra_options INTERFACE KINETRA_SANITIZED) # for tests of time and memory
   # Whoever links a library of ours needs the sanitizers' runtime too, so this one is for the whole tree.
@@ -20,22 +21,29 @@ if(KINETRA_FUZZ)
   target_compile_options(kinetra_options INTERFACE -fsanitize=fuzzer-no-link) # tells the fuzzer which code an input reaches
 endif()
 
-# kinetra_precompile(NAME core|windows|tests|windowTests): the target reads the commonest headers of its kind from a
+# kinetra_precompile(NAME core|optimised|windows|tests|windowTests): the target reads the commonest headers of its kind from a
 # file that is compiled once for all such targets. Only the presets for tests do so: what compiles without it too has all
 # its #includes. The chief headers of model and window are among them, since so much includes them.
-set(kinetra_headers_core <algorithm> <array> <cstdint> <functional> <memory> <optional> <string> <unordered_map> <utility>
-                         <vector> <QByteArray> <QDomDocument> <QFile> <QHash> <QString> <QStringList>
-                         <model/XMLParsing.h>)
+set(kinetra_headers_core <algorithm> <array> <cstdint> <functional> <memory> <optional> <ostream> <string>
+                         <unordered_map> <utility> <vector> <QByteArray> <QDomDocument> <QFile> <QHash> <QString>
+                         <QStringList> <model/XMLParsing.h>)
+set(kinetra_headers_optimised ${kinetra_headers_core})
 set(kinetra_headers_windows ${kinetra_headers_core} <QtWidgets>)
-set(kinetra_headers_tests ${kinetra_headers_core} <QDir> <QProcess> <QRegularExpression> <QTemporaryDir> <QtTest>)
+set(kinetra_headers_tests ${kinetra_headers_core} <sstream> <QDir> <QProcess> <QRegularExpression> <QTemporaryDir> <QtTest>)
 set(kinetra_headers_windowTests ${kinetra_headers_windows} <workbench/mainwindow.h> <QtTest>)
 set(kinetra_links_core Qt5::Xml)
+set(kinetra_links_optimised Qt5::Xml)
 set(kinetra_links_windows Qt5::Xml Qt5::Widgets)
 set(kinetra_links_tests Qt5::Xml Qt5::Test)
 set(kinetra_links_windowTests Qt5::Xml Qt5::Widgets Qt5::Test)
 set(kinetra_definitions_core QT_NO_KEYWORDS) # where no header of Qt's objects is included, "slots" is a name like others
-if(KINETRA_PRECOMPILED_HEADERS AND CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache$") # without this it caches none of them
-  set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_SLOPPINESS=pch_defines,time_macros ${CMAKE_CXX_COMPILER_LAUNCHER})
+set(kinetra_definitions_optimised QT_NO_KEYWORDS)
+set(kinetra_flags_optimised $<$<CONFIG:Debug>:-O1>)
+# By itself ccache preprocesses what it has not met yet, which takes half as long as to compile it; here the list of
+# headers that comes with each object does for that. Precompiled headers it caches only when told so.
+if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache$")
+  set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_DEPEND=1 CCACHE_SLOPPINESS=pch_defines,time_macros
+                                  ${CMAKE_CXX_COMPILER_LAUNCHER})
 endif()
 function(kinetra_precompile name kind)
   if(NOT KINETRA_PRECOMPILED_HEADERS)
@@ -48,7 +56,8 @@ function(kinetra_precompile name kind)
     add_library(${owner} OBJECT ${source})
     target_link_libraries(${owner} PRIVATE ${kinetra_links_${kind}} kinetra_options)
     target_include_directories(${owner} PRIVATE ${kinetra_SOURCE_DIR}/src)
-    target_compile_options(${owner} PRIVATE $<$<CXX_COMPILER_ID:Clang>:SHELL:-Xclang -fno-pch-timestamp>) # for ccache
+    target_compile_options(${owner} PRIVATE $<$<CXX_COMPILER_ID:Clang>:SHELL:-Xclang -fno-pch-timestamp> # for ccache
+                                            ${kinetra_flags_${kind}})
     target_compile_definitions(${owner} PRIVATE KINETRA_VERSION="${kinetra_VERSION}" ${kinetra_definitions_${kind}})
     target_precompile_headers(${owner} PRIVATE ${kinetra_headers_${kind}})
     set_target_properties(${owner} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
@@ -56,6 +65,9 @@ function(kinetra_precompile name kind)
   target_compile_definitions(${name} PRIVATE ${kinetra_definitions_${kind}})
   target_precompile_headers(${name} REUSE_FROM ${owner})
 endfunction()
+
+# Tests of large files spend nearly all their time in these, so they are optimised in a debug build too.
+set(kinetra_optimised_libraries kinetra_text kinetra_xml kinetra_json kinetra_esi kinetra_derivation)
 
 # kinetra_library(NAME SOURCES ... [LINK ...] [WINDOWS]): a static library that is one floor of the house; WINDOWS if it
 # has some. Its headers are reached from src/, the only include root.
@@ -68,6 +80,9 @@ function(kinetra_library name)
   set_target_properties(${name} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
   if(arg_WINDOWS)
     kinetra_precompile(${name} windows)
+  elseif(name IN_LIST kinetra_optimised_libraries)
+    target_compile_options(${name} PRIVATE ${kinetra_flags_optimised})
+    kinetra_precompile(${name} optimised)
   else()
     kinetra_precompile(${name} core)
   endif()
