@@ -27,41 +27,52 @@ const QString tooManyTexts = QStringLiteral("the file has more than 2500000 text
 const QString tooManyDevices = QStringLiteral("the file has more than 100000 devices");
 const QString tooManyModules = QStringLiteral("the file has more than 500000 modules");
 
+/// Eight devices in each other. What is in them counts for each, so that a few megabytes come near a limit.
+QString eightDevices(const QString& content)
+{
+    return QStringLiteral("<Device>").repeated(8) + content + QStringLiteral("</Device>").repeated(8);
+}
+
 } // namespace
 
 void tst_NodeLimits::nodes_data()
 {
-    QTest::addColumn<int>("devices"); // in each other, in a root element, which counts too
+    QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("piece");
     QTest::addColumn<int>("count");
     QTest::addColumn<QString>("message");
-    QTest::addRow("comments up to the limit") << 0 << "<!---->" << 2499999 << QString();
-    QTest::addRow("one comment more") << 0 << "<!---->" << 2500000 << tooManyNodes;
-    QTest::addRow("one element more") << 0 << "<b/>" << 2500000 << tooManyNodes;
-    QTest::addRow("one instruction more") << 0 << "<?p?>" << 2500000 << tooManyNodes;
-    QTest::addRow("one CDATA section more") << 0 << "<![CDATA[x]]>" << 2500000 << tooManyNodes;
-    QTest::addRow("one undeclared entity more") << 0 << "&u;" << 2500000 << tooManyNodes;
-    QTest::addRow("attributes count") << 0 << "<b k='' l='' m='' n=''/>" << 500000 << tooManyNodes;
-    QTest::addRow("texts count for themselves") << 0 << "<b>x</b>x" << 1250001 << tooManyTexts;
-    // 1 for the root, 1 + 2 + ... + 8 for the devices, 8 for each element: 37 + 8 * 312495 is 2499997.
-    QTest::addRow("in devices in each other up to the limit") << 8 << "<b/>" << 312495 << QString();
-    QTest::addRow("one more in devices in each other") << 8 << "<b/>" << 312496 << tooManyNodes;
+    QTest::addRow("comments up to the limit") << ""
+                                              << "<!---->" << 2499999 << QString(); // and the root
+    // 1 for the root, 1 + 2 + ... + 8 for the devices, 8 for each element: 37 + 8 * 312493 is 2499981, and 19 fit.
+    const QString nodes = eightDevices(QStringLiteral("<b/>").repeated(312493));
+    QTest::addRow("one comment more") << nodes << "<!---->" << 20 << tooManyNodes;
+    QTest::addRow("one element more") << nodes << "<b/>" << 20 << tooManyNodes;
+    QTest::addRow("one instruction more") << nodes << "<?p?>" << 20 << tooManyNodes;
+    QTest::addRow("one CDATA section more") << nodes << "<![CDATA[x]]>" << 20 << tooManyNodes;
+    QTest::addRow("one undeclared entity more") << nodes << "&u;" << 20 << tooManyNodes;
+    QTest::addRow("attributes count") << nodes << "<b k='' l='' m=''/>" << 5 << tooManyNodes;
+    // 16 texts for each of these: 16 * 156248 is 2499968, and 32 fit.
+    const QString texts = eightDevices(QStringLiteral("<b>x</b>x").repeated(156248));
+    QTest::addRow("texts count for themselves") << texts << "<b>x</b>x" << 17 << tooManyTexts;
+    const QString devices = QStringLiteral("<Device>").repeated(8);
+    QTest::addRow("in devices in each other up to the limit") << devices << "<b/>" << 312495 << QString();
+    QTest::addRow("one more in devices in each other") << devices << "<b/>" << 312496 << tooManyNodes;
 }
 
 void tst_NodeLimits::nodes()
 {
-    QFETCH(int, devices);
+    QFETCH(QString, before);
     QFETCH(QString, piece);
     QFETCH(int, count);
     QFETCH(QString, message);
-    const QString start = QStringLiteral("<Device>").repeated(devices);
-    const QString end = QStringLiteral("</Device>").repeated(devices);
-    const Parsed result = parsed("<a>\n" + start + piece.repeated(count) + end + "</a>");
+    const QString start = "<a>\n" + before;
+    const QString end = QStringLiteral("</Device>").repeated(before.count("<Device>") - before.count("</Device>"));
+    const Parsed result = parsed(start + piece.repeated(count) + end + "</a>");
     QCOMPARE(result.error.message, message);
     QCOMPARE(result.isRead, message.isEmpty());
     if (!result.isRead) { // at the last piece
         QCOMPARE(result.error.line, 2);
-        QVERIFY(result.error.column > start.size() + piece.size() * (count - 1));
+        QVERIFY(result.error.column > before.size() + piece.size() * (count - 1));
     }
 }
 
