@@ -42,7 +42,7 @@ inline QStringList strayVariables()
 /// Runs the command to its end, for which it has five minutes; no display is known to it.
 inline CommandRun runKtl(const QStringList& arguments, const CommandStart& start)
 {
-    constexpr int maxMilliseconds = 5 * 60 * 1000; // what tests of large files take under the sanitizers, with room to spare
+    constexpr int maxMilliseconds = 5 * 60 * 1000; // large files take minutes under the sanitizers
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const QString& name : strayVariables())
         environment.remove(name);
