@@ -18,16 +18,43 @@
 namespace {
 
 /// Reads through a document that need not live longer.
-EsiLoadResult loadThroughDocument(QIODevice& file, const QString& path, Dictionaries dictionaries)
+EsiTreeResult treeThroughDocument(QIODevice& file)
 {
     QDomDocument document;
     if (XmlFormatError error; !parseXml(file, document, error))
         return {EsiLoadStatus::NotWellFormed, {error.message, error.line, error.column}, {}};
-    return fileFrom(xml::treeOf(document.documentElement()), path, dictionaries);
+    EsiTreeResult result;
+    result.tree = xml::treeOf(document.documentElement());
+    return result;
 }
 
-/// The bytes of a file, from its place on: all of them, or one more than a file may have.
-std::string bytesOf(QFile& file)
+/// The tree of a file that can be read twice.
+/// @return  nothing if the file is not plain, too large, or too large for the memory: its document tells which
+std::optional<xml::Tree> plainTreeOf(QFile& file)
+{
+    if (file.bytesAvailable() > maxXmlFileBytes)
+        return std::nullopt;
+    try {
+        return xml::treeOfPlainXml(bytesOfEsiFile(file));
+    } catch (const std::bad_alloc&) {
+        return std::nullopt;
+    }
+}
+
+EsiTreeResult treeOf(QFile& file)
+{
+    if (file.isSequential())
+        return esiTreeOf(bytesOfEsiFile(file));
+    const qint64 start = file.pos();
+    if (std::optional<xml::Tree> tree = plainTreeOf(file))
+        return {EsiLoadStatus::Loaded, {}, std::move(tree), EsiRoad::Plain};
+    file.seek(start);
+    return treeThroughDocument(file);
+}
+
+} // namespace
+
+std::string bytesOfEsiFile(QFile& file)
 {
     constexpr std::size_t maxBytes = std::size_t{maxXmlFileBytes} + 1;
     constexpr std::size_t blockSize = 65536;
@@ -48,39 +75,16 @@ std::string bytesOf(QFile& file)
     return bytes;
 }
 
-/// The tree of a file that can be read twice.
-/// @return  nothing if the file is not plain, too large, or too large for the memory: its document tells which
-std::optional<xml::Tree> plainTreeOf(QFile& file)
-{
-    if (file.bytesAvailable() > maxXmlFileBytes)
-        return std::nullopt;
-    try {
-        return xml::treeOfPlainXml(bytesOf(file));
-    } catch (const std::bad_alloc&) {
-        return std::nullopt;
-    }
-}
-
-EsiLoadResult plainResult(const xml::Tree& tree, const QString& path, Dictionaries dictionaries)
-{
-    EsiLoadResult result = fileFrom(tree, path, dictionaries);
-    result.road = EsiRoad::Plain;
-    return result;
-}
-
-/// Loads what was read of a file that cannot be read twice.
-EsiLoadResult loadBytes(const std::string& bytes, const QString& path, Dictionaries dictionaries)
+EsiTreeResult esiTreeOf(const std::string& bytes)
 {
     if (bytes.size() <= std::size_t{maxXmlFileBytes})
-        if (const std::optional<xml::Tree> tree = xml::treeOfPlainXml(bytes))
-            return plainResult(*tree, path, dictionaries);
+        if (std::optional<xml::Tree> tree = xml::treeOfPlainXml(bytes))
+            return {EsiLoadStatus::Loaded, {}, std::move(tree), EsiRoad::Plain};
     QByteArray view = QByteArray::fromRawData(bytes.data(), static_cast<int>(bytes.size()));
     QBuffer file(&view);
     file.open(QIODevice::ReadOnly);
-    return loadThroughDocument(file, path, dictionaries);
+    return treeThroughDocument(file);
 }
-
-} // namespace
 
 EsiLoadResult loadEsiFile(const QString& path, QDomDocument& document)
 {
@@ -97,11 +101,10 @@ EsiLoadResult loadOpenEsiFile(QFile& file, const QString& path, Dictionaries dic
 {
     const FileBeingRead reading(path);
     file.setTextModeEnabled(false);
-    if (file.isSequential())
-        return loadBytes(bytesOf(file), path, dictionaries);
-    const qint64 start = file.pos();
-    if (const std::optional<xml::Tree> tree = plainTreeOf(file))
-        return plainResult(*tree, path, dictionaries);
-    file.seek(start);
-    return loadThroughDocument(file, path, dictionaries);
+    const EsiTreeResult read = treeOf(file);
+    if (!read.tree.has_value())
+        return {read.status, read.reason, {}};
+    EsiLoadResult result = fileFrom(*read.tree, path, dictionaries);
+    result.road = read.road;
+    return result;
 }

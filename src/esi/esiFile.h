@@ -10,6 +10,8 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
+#include <string>
 
 /// How loading a file ended.
 enum class EsiLoadStatus
@@ -43,6 +45,29 @@ struct EsiLoadResult
     struct_FilenameDevice file; ///< all that was read, passes included; cleared unless the file was loaded
     EsiRoad road = EsiRoad::Document; ///< which does not show in anything else
 };
+
+/// Result of reading a file as far as its tree.
+struct EsiTreeResult
+{
+    EsiLoadStatus status = EsiLoadStatus::Loaded;
+    EsiLoadReason reason;
+    std::optional<xml::Tree> tree; ///< if it was loaded
+    EsiRoad road = EsiRoad::Document;
+};
+
+/// The bytes of a file that is open for reading, from its place on: all of them, or one more than a file may have.
+[[nodiscard]] std::string bytesOfEsiFile(QFile& file);
+
+/// Reads a file as far as its tree, within the limits of ESI files. Whether it is one is not asked.
+[[nodiscard]] EsiTreeResult esiTreeOf(const std::string& bytes);
+
+/// Makes the record of what a file declares, without what the derivation passes add. It is complete when
+/// `completeFile` has gone over it.
+[[nodiscard]] EsiLoadResult declaredFileFrom(const xml::Tree& tree, const QString& path, Dictionaries dictionaries);
+
+/// Runs the derivation passes over what a file declares.
+/// @throws MissingSyncManager as `fileFrom`; what was done until then stays
+void completeFile(struct_FilenameDevice& file);
 
 /// Makes the record of a file, derivation passes included.
 /// @param path  stored unchanged as the file's path

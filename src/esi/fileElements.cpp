@@ -87,7 +87,7 @@ private:
     void openDevice(const xml::Element& element)
     {
         m_open.push_back({m_devices.size(), element});
-        m_devices.emplace_back();
+        m_devices.push_back(DeviceElements{element});
     }
 
     /// A section belongs to every device that it is in.
@@ -111,6 +111,15 @@ private:
 };
 
 } // namespace
+
+bool ModuleRun::take(const xml::Node& node)
+{
+    if (node.isComment())
+        m_isOpen = false;
+    else if (node.isElement() && !m_isOpen)
+        m_isOpen = node.characters() == "Module";
+    return m_isOpen && node.isElement();
+}
 
 FileElements walkFile(const xml::Element& root, const std::function<void(const DeviceElements& device)>& readDevice)
 {

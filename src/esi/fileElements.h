@@ -28,8 +28,9 @@ enum class DeviceSection : std::size_t
 /// What is in a device, at whatever depth: other devices may lie between.
 struct DeviceElements
 {
+    xml::Element device;
     /// By `DeviceSection`, in document order: the elements directly in one whose name contains "Device".
-    std::array<std::vector<xml::Element>, static_cast<std::size_t>(DeviceSection::Count)> sections;
+    std::array<std::vector<xml::Element>, static_cast<std::size_t>(DeviceSection::Count)> sections{};
     bool hasSlots = false; ///< a `Slots` element is somewhere in the device, whatever its parent
 };
 
@@ -38,6 +39,22 @@ struct FileElements
 {
     std::optional<xml::Element> vendor; ///< the first `Vendor`
     std::vector<xml::Element> moduleLists; ///< each `Modules` directly in an element whose name contains "Descriptions"
+};
+
+/// Tells which nodes of a `Modules` element are modules. A run of modules begins with a `Module`; until the next comment
+/// every element counts as one then.
+class ModuleRun
+{
+public:
+    /// To be called for each node in the element.
+    /// @return  whether it is a module
+    bool take(const xml::Node& node);
+
+    /// Whether the last node was in a run.
+    [[nodiscard]] bool isOpen() const { return m_isOpen; }
+
+private:
+    bool m_isOpen = false;
 };
 
 /// Finds the parts of a file in its root element in one pass. Names are local ones; a part of a parent's name counts,

@@ -115,40 +115,30 @@ public:
     /// To be called for each node in a list of modules.
     void take(const xml::Node& node)
     {
-        if (node.isComment()) {
-            m_isInRun = false;
+        const bool wasInRun = m_run.isOpen();
+        const bool isModule = m_run.take(node);
+        if (node.isComment())
             m_next.comment = node.characters();
-        } else if (m_isInRun) {
-            takeInRun(node);
-        } else {
+        else if (!wasInRun)
             begin(node);
-        }
+        if (isModule)
+            readModule(m_groups.back().vmodule.emplace_back(), xml::Element(node), m_dictionaries);
     }
 
 private:
-    /// A run starts with a `Module` element. Any other node in that place is stepped over and takes the comments before
-    /// it along: a text makes no group, an element of another name one group without modules.
+    /// What comes where a run may begin takes the comments before it along: a text makes no group, an element one, also
+    /// if it is no module.
     void begin(const xml::Node& node)
     {
         if (node.isElement())
             m_groups.push_back(std::move(m_next));
         m_next = {};
-        m_isInRun = node.isElement() && node.characters() == "Module";
-        if (m_isInRun)
-            takeInRun(node);
-    }
-
-    /// Inside a run any element counts as a module, other nodes are passed.
-    void takeInRun(const xml::Node& node)
-    {
-        if (node.isElement())
-            readModule(m_groups.back().vmodule.emplace_back(), xml::Element(node), m_dictionaries);
     }
 
     std::vector<struct_commentmodule>& m_groups;
     Dictionaries m_dictionaries;
     struct_commentmodule m_next; ///< the group that the next run makes
-    bool m_isInRun = false;
+    ModuleRun m_run;
 };
 
 void appendModuleGroups(const xml::Element& modules, std::vector<struct_commentmodule>& groups,
@@ -168,7 +158,7 @@ EsiLoadResult tooManyCopies()
 
 } // namespace
 
-EsiLoadResult fileFrom(const xml::Tree& tree, const QString& path, Dictionaries dictionaries)
+EsiLoadResult declaredFileFrom(const xml::Tree& tree, const QString& path, Dictionaries dictionaries)
 {
     EsiLoadResult result;
     struct_FilenameDevice& file = result.file;
@@ -181,8 +171,11 @@ EsiLoadResult fileFrom(const xml::Tree& tree, const QString& path, Dictionaries 
     for (const xml::Element& moduleList : elements.moduleLists)
         appendModuleGroups(moduleList, file.vcommentmodule, dictionaries);
 
-    if (!isWithinCopyLimit(file))
-        return tooManyCopies();
+    return isWithinCopyLimit(file) ? std::move(result) : tooManyCopies();
+}
+
+void completeFile(struct_FilenameDevice& file)
+{
     // The order counts: slots are made uniform before modules move into them, oversampled PDOs are plain before they
     // get startup commands, and the lengths add up what is assigned in the end.
     device_check_Slots(&file);
@@ -190,6 +183,13 @@ EsiLoadResult fileFrom(const xml::Tree& tree, const QString& path, Dictionaries 
     device_slotmodule_defalutset(&file);
     device_startup_defalutset(&file);
     device_sm_defalutset(&file);
+}
+
+EsiLoadResult fileFrom(const xml::Tree& tree, const QString& path, Dictionaries dictionaries)
+{
+    EsiLoadResult result = declaredFileFrom(tree, path, dictionaries);
+    if (result.status == EsiLoadStatus::Loaded)
+        completeFile(result.file);
     return result;
 }
 

@@ -1,30 +1,10 @@
 #include "esi/xml/tree.h"
 
+#include "esi/xml/placeCursor.h"
+
 #include <utility>
 
 namespace xml {
-
-namespace {
-
-/// Counts lines as the parser of documents does: CR, LF and the pair of them end one; and columns in characters.
-Place placeAt(std::string_view file, std::size_t position)
-{
-    Place place{1, 1};
-    for (std::size_t index = 0; index < position; ++index) {
-        const char character = file[index];
-        const bool isPair = character == '\r' && index + 1 < file.size() && file[index + 1] == '\n';
-        const bool isRestOfCharacter = (static_cast<unsigned char>(character) & 0xC0U) == 0x80U;
-        if (character == '\n' || (character == '\r' && !isPair)) {
-            place.line += 1;
-            place.column = 1;
-        } else if (!isRestOfCharacter) {
-            place.column += 1;
-        }
-    }
-    return place;
-}
-
-} // namespace
 
 Element Tree::root() const
 {
@@ -33,8 +13,7 @@ Element Tree::root() const
 
 Place Node::place() const
 {
-    const std::uint32_t place = record().place;
-    return m_tree->m_placesAreLines ? Place{static_cast<int>(place), 0} : placeAt(m_tree->m_source, place);
+    return PlaceCursor(*m_tree).moveTo(placeKey());
 }
 
 ElementText Element::text() const

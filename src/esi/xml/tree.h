@@ -31,6 +31,9 @@ struct Place
     int column = 0; ///< from 1, in characters; 0 if it is not known
 };
 
+/// Where something is in its file, in a form that grows with the place: for `PlaceCursor`.
+using PlaceKey = std::uint32_t;
+
 /// Where a text is within the texts of a tree.
 struct TextRange
 {
@@ -48,6 +51,7 @@ public:
 
 private:
     friend class TreeBuilder;
+    friend class PlaceCursor;
     friend class Node;
     friend class Element;
 
@@ -60,7 +64,7 @@ private:
         std::uint32_t start; ///< of the local name of an element, or of the text
         std::uint32_t lengthAndKind;
         std::uint32_t end; ///< index of the node after all that is in this one
-        std::uint32_t place; ///< see `m_placesAreLines`
+        PlaceKey place; ///< see `m_placesAreLines`
         std::uint32_t firstAttribute; ///< the attributes end where those of the next node begin
     };
 
@@ -102,6 +106,9 @@ public:
 
     /// Where it begins. Goes through the file up to there, so it is for messages.
     [[nodiscard]] Place place() const;
+
+    /// As above, to be turned into a place when all are known.
+    [[nodiscard]] PlaceKey placeKey() const { return record().place; }
 
     /// How many nodes it is with all that is in it.
     [[nodiscard]] std::size_t size() const { return record().end - m_index; }

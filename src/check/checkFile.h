@@ -1,0 +1,29 @@
+// checkFile.h - asks all rules about one file.
+#pragma once
+
+#include "check/finding.h"
+#include "esi/xml/tree.h"
+#include "model/deviceRecords.h"
+
+#include <QStringList>
+
+#include <vector>
+
+namespace check {
+
+/// An ESI file that is to be checked.
+struct EsiSubject
+{
+    const xml::Tree& tree; ///< of the whole file
+    const struct_FilenameDevice& file; ///< what was read of the tree, with the choices that are to be made
+    bool isComplete = true; ///< false if the derivation passes ended in a range error
+    QStringList givenFiles; ///< names of all files of the call, without folders
+};
+
+/// The findings in an ESI file, each with its place.
+[[nodiscard]] Findings checkEsi(const EsiSubject& subject);
+
+/// The findings in a KTL file; `Finding::where` is the byte offset of an item or field.
+[[nodiscard]] Findings checkKtl(const std::vector<unsigned char>& bytes);
+
+} // namespace check

@@ -1,0 +1,29 @@
+// esiFacts.h - what rules need to know of an ESI file.
+#pragma once
+
+#include "check/checkFile.h"
+#include "check/dictionaryFacts.h"
+#include "check/unitFacts.h"
+#include "esi/fileElements.h"
+#include "esi/xml/tree.h"
+
+#include <deque>
+#include <vector>
+
+namespace check {
+
+/// An ESI file. It refers to the tree and the record that it is made of.
+struct EsiFacts
+{
+    const EsiSubject& subject;
+    std::vector<DeviceElements> devices; ///< in the order of the record's
+    std::vector<xml::Element> modules; ///< in the order of the record's
+    std::deque<DictionaryFacts> dictionaries; ///< of devices and modules that have one
+    std::vector<UnitFacts> units; ///< the devices, then the modules
+};
+
+/// The facts of an ESI file.
+/// @param subject  has to outlive the facts
+[[nodiscard]] EsiFacts esiFactsOf(const EsiSubject& subject);
+
+} // namespace check

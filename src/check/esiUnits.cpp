@@ -1,0 +1,226 @@
+#include "check/esiUnits.h"
+
+#include "check/matchedPlaces.h"
+#include "esi/xml/treeIteration.h"
+#include "model/pdoAccess.h"
+#include "model/startupAccess.h"
+#include "model/valueTexts.h"
+
+#include <functional>
+#include <string_view>
+#include <vector>
+
+namespace check {
+
+namespace {
+
+using Elements = std::vector<xml::Element>;
+
+const Elements& sectionOf(const DeviceElements& elements, DeviceSection section)
+{
+    return elements.sections[static_cast<std::size_t>(section)];
+}
+
+/// Number in the last child of a name, as the readers take it; 0 without one.
+std::uint32_t numberIn(const xml::Element& parent, std::string_view name)
+{
+    std::uint32_t number = 0;
+    xml::forEachChildElement(parent, name, [&](const xml::Element& child) { number = toUint(child.text()); });
+    return number;
+}
+
+std::uint64_t objectKey(std::uint32_t index, std::uint32_t subIndex)
+{
+    constexpr unsigned indexShift = 32;
+    return (std::uint64_t{index} << indexShift) | subIndex;
+}
+
+// ---- PDOs ----
+
+template<typename Entries>
+std::vector<EntryFacts> entriesFrom(const Entries& entries, const xml::Element* pdo, Where without)
+{
+    MatchedPlaces<std::uint64_t> places;
+    if (pdo != nullptr)
+        xml::forEachChildElement(*pdo, "Entry", [&](const xml::Element& entry) {
+            places.add(objectKey(static_cast<std::uint16_t>(numberIn(entry, "Index")), numberIn(entry, "SubIndex")),
+                       entry.placeKey());
+        });
+    std::vector<EntryFacts> facts;
+    facts.reserve(entries.size());
+    for (const auto& entry : entries) {
+        const auto found = places.take(objectKey(indexOf(entry), entry.SubIndex));
+        facts.push_back({found.has_value() ? places.whereOf(*found) : without, indexOf(entry), entry.SubIndex,
+                         bitLengthOf(entry), entry.Name, entry.DataType, entry.Linkto});
+    }
+    return facts;
+}
+
+/// What only PDOs of devices have.
+void addOversampling(PdoFacts& facts, const PdoAttributes& attributes)
+{
+    facts.oversamplingFactor = attributes.m_OSFac;
+    facts.oversamplingMin = attributes.m_OSMin;
+    facts.oversamplingMax = attributes.m_OSMax;
+}
+
+void addOversampling(PdoFacts& /*facts*/, const ModulePdoAttributes& /*attributes*/) {}
+
+/// What of a PDO is in its element alone.
+void addElement(PdoFacts& facts, const xml::Element& element)
+{
+    facts.where = element.placeKey();
+    const std::string_view syncManager = element.attribute("Sm");
+    facts.declaredSyncManager = syncManager.data() == nullptr ? -1 : static_cast<int>(toUint(syncManager));
+    xml::forEachChildElement(element, "Exclude", [&](const xml::Element& excluded) {
+        facts.excluded.push_back(static_cast<std::uint16_t>(toUint(excluded.text())));
+    });
+}
+
+template<typename Pdo> PdoFacts pdoFrom(const Pdo& pdo, bool isInput, const xml::Element* element, Where without)
+{
+    PdoFacts facts;
+    facts.where = without;
+    facts.isInput = isInput;
+    facts.index = indexOf(pdo);
+    facts.name = pdo.Name;
+    facts.syncManager = facts.declaredSyncManager = pdo.Attributes.SM;
+    facts.isFixed = pdo.Attributes.Fixed;
+    facts.isMandatory = pdo.Attributes.Mandatory;
+    addOversampling(facts, pdo.Attributes);
+    if (element != nullptr)
+        addElement(facts, *element);
+    facts.entries = entriesFrom(entriesOf(pdo), element, facts.where);
+    return facts;
+}
+
+/// @param elements  of the PDOs; those of copies are elsewhere
+template<typename Pdo>
+void addPdos(UnitFacts& unit, const std::vector<Pdo>& pdos, bool isInput, const Elements& elements)
+{
+    MatchedPlaces<std::uint16_t> places;
+    for (const xml::Element& element : elements)
+        places.add(static_cast<std::uint16_t>(numberIn(element, "Index")), element.placeKey());
+    for (const Pdo& pdo : pdos) {
+        const auto found = places.take(indexOf(pdo));
+        unit.pdos.push_back(pdoFrom(pdo, isInput, found.has_value() ? &elements[*found] : nullptr, unit.where));
+        unit.pdos.back().isCopy = !found.has_value();
+    }
+}
+
+// ---- Startup commands ----
+
+template<typename Command>
+void addCommands(UnitFacts& unit, const std::vector<Command>& commands, const Elements& elements)
+{
+    MatchedPlaces<std::uint64_t> places;
+    for (const xml::Element& element : elements)
+        places.add(objectKey(static_cast<std::uint16_t>(numberIn(element, "Index")), numberIn(element, "SubIndex")),
+                   element.placeKey());
+    for (const Command& command : commands) {
+        const auto found = places.take(objectKey(indexOf(command), command.SubIndex));
+        unit.commands.push_back({found.has_value() ? places.whereOf(*found) : unit.where, !found.has_value(),
+                                 command.Transition, indexOf(command), command.SubIndex, command.bIfCA != 0,
+                                 command.DataBytes, command.Data, command.Comment});
+    }
+}
+
+/// The `InitCmd` elements of mailboxes, and what their `CoE` elements say.
+Elements readCoe(UnitFacts& unit, const Elements& mailboxes)
+{
+    Elements commands;
+    for (const xml::Element& mailbox : mailboxes)
+        xml::forEachChildElement(mailbox, "CoE", [&](const xml::Element& coe) {
+            unit.hasCoe = true;
+            unit.supportsCompleteAccess = unit.supportsCompleteAccess || toBool(coe.attribute("CompleteAccess"));
+            xml::forEachChildElement(coe, "InitCmd",
+                                     [&](const xml::Element& command) { commands.push_back(command); });
+        });
+    return commands;
+}
+
+// ---- Sync managers, FMMUs, distributed clocks ----
+
+Where placeOf(const Elements& elements, std::size_t index, Where without)
+{
+    return index < elements.size() ? elements[index].placeKey() : without;
+}
+
+void addChannels(UnitFacts& unit, const struct_EtherCatDevice& device, const DeviceElements& elements)
+{
+    for (const struct_SM& syncManager : device.vSM)
+        unit.syncManagers.push_back({placeOf(sectionOf(elements, DeviceSection::Sm), unit.syncManagers.size(), unit.where),
+                                     syncManager.Smtype, syncManager.Attributes});
+    for (const Struct_Fmmu& fmmu : device.vFmmu)
+        unit.fmmus.push_back({placeOf(sectionOf(elements, DeviceSection::Fmmu), unit.fmmus.size(), unit.where),
+                              static_cast<std::uint8_t>(fmmu.m_FmmuType), fmmu.m_Name});
+}
+
+void addModes(UnitFacts& unit, const struct_EtherCatDevice& device, const DeviceElements& elements)
+{
+    MatchedPlaces<std::string_view> places;
+    Elements modes;
+    for (const xml::Element& clocks : sectionOf(elements, DeviceSection::Dc))
+        xml::forEachChildElement(clocks, "OpMode", [&](const xml::Element& mode) { modes.push_back(mode); });
+    for (const xml::Element& mode : modes) {
+        std::string_view name;
+        xml::forEachChildElement(mode, "Name", [&](const xml::Element& child) {
+            const auto nodes = child.children();
+            name = nodes.empty() ? std::string_view() : (*nodes.begin()).characters();
+        });
+        places.add(name, mode.placeKey());
+    }
+    for (const Struct_DCOpMode& mode : device.vopmode) {
+        const auto found = places.take(mode.Name);
+        unit.modes.push_back({found.has_value() ? places.whereOf(*found) : unit.where, mode.Name, mode.AssignActivate,
+                              mode.m_CycleTimeSync0, mode.m_ShiftTimeSync0, mode.m_CycleTimeSync1,
+                              mode.m_ShiftTimeSync1});
+    }
+}
+
+Elements childrenNamed(const xml::Element& parent, std::string_view name)
+{
+    Elements children;
+    xml::forEachChildElement(parent, name, [&](const xml::Element& child) { children.push_back(child); });
+    return children;
+}
+
+} // namespace
+
+UnitFacts deviceFactsOf(const struct_FilenameDevice& file, std::size_t index, const DeviceElements& elements)
+{
+    const struct_EtherCatDevice& device = file.device[index];
+    UnitFacts unit;
+    unit.owner = {OwnerKind::Device, index};
+    unit.where = elements.device.placeKey();
+    unit.vendor = file.Vendor_Id;
+    unit.product = device.TypeAttributes.Product_Code;
+    unit.revision = device.TypeAttributes.Revision_No;
+    unit.name = device.Name;
+    unit.type = device.TypeAttributes.type;
+    addChannels(unit, device, elements);
+    addModes(unit, device, elements);
+    addPdos(unit, device.RxPdo.vpdo, false, sectionOf(elements, DeviceSection::RxPdo));
+    addPdos(unit, device.mRxPdo.mpdo, false, {});
+    addPdos(unit, device.TxPdo.vpdo, true, sectionOf(elements, DeviceSection::TxPdo));
+    addPdos(unit, device.mTxPdo.mpdo, true, {});
+    addCommands(unit, device.Mailbox.COE.InitCmd.vinitcmd, readCoe(unit, sectionOf(elements, DeviceSection::Mailbox)));
+    addCommands(unit, device.mMailbox.COE.vinitcmd, {});
+    return unit;
+}
+
+UnitFacts moduleFactsOf(const struct_module& module, std::size_t index, const xml::Element& element)
+{
+    UnitFacts unit;
+    unit.owner = {OwnerKind::Module, index};
+    unit.where = element.placeKey();
+    unit.moduleIdent = module.TypeAttributes.ModuleIdent;
+    unit.name = module.Name;
+    unit.type = module.TypeAttributes.Name;
+    addPdos(unit, module.RxPdo.vpdo, false, childrenNamed(element, "RxPdo"));
+    addPdos(unit, module.TxPdo.vpdo, true, childrenNamed(element, "TxPdo"));
+    addCommands(unit, module.Mailbox.COE.vinitcmd, readCoe(unit, childrenNamed(element, "Mailbox")));
+    return unit;
+}
+
+} // namespace check

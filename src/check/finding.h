@@ -1,0 +1,51 @@
+// finding.h - what a rule has found.
+#pragma once
+
+#include "check/rule.h"
+#include "esi/xml/tree.h"
+
+#include <QString>
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace check {
+
+/// Where something is in its file, in a form that grows with the place: the key of a node of an ESI file, or the byte
+/// offset in a KTL file.
+using Where = xml::PlaceKey;
+
+/// What a finding is about.
+enum class OwnerKind : std::uint8_t
+{
+    File,
+    Device,
+    Module,
+};
+
+/// The device, module or file that a finding is about.
+struct Owner
+{
+    OwnerKind kind = OwnerKind::File;
+    std::size_t index = 0; ///< of the device or module in its file, from 0
+};
+
+/// One finding.
+struct Finding
+{
+    const Rule* rule;
+    Owner owner;
+    Where where;
+    xml::Place place; ///< in an ESI file, from `where`
+    QString text; ///< see `Report::add`
+};
+
+/// The findings of a file.
+struct Findings
+{
+    std::vector<Finding> list;
+    std::size_t omitted = 0; ///< that were not kept: more of the same rule about the same unit
+};
+
+} // namespace check

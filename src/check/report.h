@@ -1,0 +1,37 @@
+// report.h - collects the findings of rules.
+#pragma once
+
+#include "check/finding.h"
+#include "check/rule.h"
+
+#include <QString>
+
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+namespace check {
+
+/// Takes the findings of one file. A rule is asked about one unit after another; what it adds is about that one.
+class Report
+{
+public:
+    static constexpr std::size_t maxOfRule = 1000; ///< findings of one rule about one unit that are kept
+
+    /// What is added from now on is of that rule, and about that unit or about the file.
+    void turnTo(const Rule& rule, const Owner& owner);
+
+    /// @param text  without place and owner: "PDO 0x1a00 is on sync manager 5, the device has 4"
+    void add(Where where, const QString& text);
+
+    /// The findings so far, by their place in the file and then in the order of adding; the report is empty then.
+    [[nodiscard]] Findings take();
+
+private:
+    const Rule* m_rule = nullptr;
+    Owner m_owner;
+    std::size_t m_ofRule = 0; ///< added since the last turn
+    Findings m_findings;
+};
+
+} // namespace check

@@ -1,0 +1,113 @@
+// unitFacts.h - what rules need to know of a device or module, wherever it comes from.
+#pragma once
+
+#include "check/finding.h"
+#include "model/nmtoken.h"
+#include "model/syncRecords.h"
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace check {
+
+class DictionaryFacts;
+
+/// A sync manager; its number is its place in the list.
+struct SyncManagerFacts
+{
+    Where where = 0;
+    std::uint8_t direction = 0; ///< a value of `enum_KTL_SMFMMU_TYPE`
+    SmAttributes attributes;
+};
+
+/// An FMMU.
+struct FmmuFacts
+{
+    Where where = 0;
+    std::uint8_t direction = 0; ///< a value of `enum_KTL_SMFMMU_TYPE`; 0 if its kind is unknown
+    std::string_view name; ///< empty in a KTL file
+};
+
+/// An operation mode of the distributed clocks.
+struct ModeFacts
+{
+    Where where = 0;
+    std::string_view name; ///< empty in a KTL file
+    std::uint32_t assignActivate = 0;
+    std::int32_t cycleTimeSync0 = 0; ///< ns, as the others; 0 in a KTL file
+    std::int32_t shiftTimeSync0 = 0;
+    std::int32_t cycleTimeSync1 = 0;
+    std::int32_t shiftTimeSync1 = 0;
+};
+
+/// An entry of a PDO.
+struct EntryFacts
+{
+    Where where = 0;
+    std::uint16_t index = 0; ///< 0 for a gap
+    std::uint32_t subIndex = 0;
+    int bits = 0; ///< negative for a number above 2^31 in a file
+    std::string_view name;
+    std::string_view dataType; ///< empty in a KTL file
+    std::int32_t link = 0; ///< a value of `enum_KTL_PDO_TYPE`, or what a file has in its place
+};
+
+/// A PDO.
+struct PdoFacts
+{
+    Where where = 0;
+    bool isInput = false; ///< a TxPdo
+    bool isCopy = false; ///< of a module in a slot
+    std::uint16_t index = 0;
+    std::string_view name;
+    int syncManager = -1; ///< -1 if it is not assigned
+    int declaredSyncManager = -1; ///< as the file has it, before any choice
+    bool isFixed = false;
+    bool isMandatory = false;
+    int oversamplingFactor = 0;
+    int oversamplingMin = 0;
+    int oversamplingMax = 0;
+    std::vector<EntryFacts> entries;
+    std::vector<std::uint16_t> excluded; ///< indexes of PDOs that cannot be assigned together with it
+};
+
+/// A startup command.
+struct CommandFacts
+{
+    Where where = 0;
+    bool isDerived = false; ///< generated, or the copy of a module's
+    NMTOKEN transition = UnknownType;
+    std::uint16_t index = 0;
+    std::uint16_t subIndex = 0;
+    bool isCompleteAccess = false;
+    std::uint16_t bytes = 0; ///< of the value, as the file announces it
+    std::uint32_t data = 0; ///< the value as far as it is a number of four bytes
+    std::string_view comment;
+};
+
+/// A device, or a module of a file.
+struct UnitFacts
+{
+    Owner owner;
+    Where where = 0;
+    std::uint32_t vendor = 0; ///< of a device
+    std::uint32_t product = 0; ///< of a device
+    std::uint32_t revision = 0; ///< of a device
+    std::uint32_t moduleIdent = 0; ///< of a module
+    std::string_view name;
+    std::string_view type; ///< text of the `Type` element; empty in a KTL file
+    bool isFromKtl = false;
+    bool hasCoe = false;
+    bool supportsCompleteAccess = false;
+    std::vector<SyncManagerFacts> syncManagers; ///< none of a module
+    std::vector<FmmuFacts> fmmus; ///< none of a module
+    std::vector<ModeFacts> modes; ///< none of a module
+    std::vector<PdoFacts> pdos; ///< outputs first
+    std::vector<CommandFacts> commands; ///< in the order of sending
+    const DictionaryFacts* dictionary = nullptr; ///< null if the file has none for it
+
+    [[nodiscard]] bool isDevice() const noexcept { return owner.kind == OwnerKind::Device; }
+};
+
+} // namespace check

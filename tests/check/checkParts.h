@@ -1,0 +1,60 @@
+// checkParts.h - small ESI files for tests of rules, and their findings as texts.
+#pragma once
+
+#include "check/checkFile.h"
+#include "esi/esiFile.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <stdexcept>
+
+namespace checkParts {
+
+/// A file with one device on lines of its own, to which the parts are added: line 1 declares the vendor, line 2 begins
+/// the device with its type, the parts begin on line 3.
+/// @param parts    elements of the device after its `Name`
+/// @param modules  elements of `Modules`, on the line after the end of the device
+inline QByteArray deviceFile(const QByteArray& parts, const QByteArray& modules = {})
+{
+    return "<EtherCATInfo><Vendor><Id>#x7e57</Id><Name>Test</Name></Vendor><Descriptions><Groups/><Devices>\n"
+           "<Device Physics=\"YY\"><Type ProductCode=\"#x1\" RevisionNo=\"#x2\">T1</Type><Name>Device</Name>"
+           "<GroupType>G</GroupType>\n"
+           + parts + "</Device></Devices>\n"
+           + (modules.isEmpty() ? QByteArray() : "<Modules>" + modules + "</Modules>") + "</Descriptions></EtherCATInfo>\n";
+}
+
+/// Findings of one rule as "line:column: text", in the order of the file.
+inline QStringList linesOf(const check::Findings& findings, const char* code)
+{
+    QStringList lines;
+    for (const check::Finding& finding : findings.list)
+        if (finding.rule->code == code)
+            lines += QStringLiteral("%1:%2: %3").arg(finding.place.line).arg(finding.place.column).arg(finding.text);
+    return lines;
+}
+
+/// The findings of an ESI file. One that cannot be read has none.
+inline check::Findings findingsIn(const QByteArray& file)
+{
+    const EsiTreeResult read = esiTreeOf(file.toStdString());
+    if (!read.tree.has_value())
+        return {};
+    EsiLoadResult loaded = declaredFileFrom(*read.tree, QStringLiteral("test.xml"), Dictionaries::AreSkipped);
+    bool isComplete = true;
+    try {
+        completeFile(loaded.file);
+    } catch (const std::out_of_range&) {
+        isComplete = false;
+    }
+    return check::checkEsi({*read.tree, loaded.file, isComplete, {}});
+}
+
+/// The findings of one rule in an ESI file, see `linesOf`.
+inline QStringList findingsOf(const char* code, const QByteArray& file)
+{
+    return linesOf(findingsIn(file), code);
+}
+
+} // namespace checkParts
