@@ -16,6 +16,7 @@ namespace check {
 struct EsiFacts
 {
     const EsiSubject& subject;
+    xml::Element vendor; ///< the first `Vendor`, or the root of a file without one
     std::vector<DeviceElements> devices; ///< in the order of the record's
     std::vector<xml::Element> modules; ///< in the order of the record's
     std::deque<DictionaryFacts> dictionaries; ///< of devices and modules that have one

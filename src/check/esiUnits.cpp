@@ -1,6 +1,7 @@
 #include "check/esiUnits.h"
 
 #include "check/matchedPlaces.h"
+#include "esi/directionName.h"
 #include "esi/xml/treeIteration.h"
 #include "model/pdoAccess.h"
 #include "model/startupAccess.h"
@@ -57,21 +58,24 @@ std::vector<EntryFacts> entriesFrom(const Entries& entries, const xml::Element* 
 }
 
 /// What only PDOs of devices have.
-void addOversampling(PdoFacts& facts, const PdoAttributes& attributes)
+void addOwn(PdoFacts& facts, const struct_PDOList& pdo)
 {
-    facts.oversamplingFactor = attributes.m_OSFac;
-    facts.oversamplingMin = attributes.m_OSMin;
-    facts.oversamplingMax = attributes.m_OSMax;
+    facts.oversamplingFactor = pdo.Attributes.m_OSFac;
+    facts.oversamplingMin = pdo.Attributes.m_OSMin;
+    facts.oversamplingMax = pdo.Attributes.m_OSMax;
 }
 
-void addOversampling(PdoFacts& /*facts*/, const ModulePdoAttributes& /*attributes*/) {}
+/// What only PDOs of modules have.
+void addOwn(PdoFacts& facts, const modulePdo& pdo)
+{
+    facts.place = pdo.Instances;
+}
 
 /// What of a PDO is in its element alone.
 void addElement(PdoFacts& facts, const xml::Element& element)
 {
     facts.where = element.placeKey();
-    const std::string_view syncManager = element.attribute("Sm");
-    facts.declaredSyncManager = syncManager.data() == nullptr ? -1 : static_cast<int>(toUint(syncManager));
+    facts.isOverwritten = toBool(element.attribute("OverwrittenByModule"));
     xml::forEachChildElement(element, "Exclude", [&](const xml::Element& excluded) {
         facts.excluded.push_back(static_cast<std::uint16_t>(toUint(excluded.text())));
     });
@@ -84,10 +88,10 @@ template<typename Pdo> PdoFacts pdoFrom(const Pdo& pdo, bool isInput, const xml:
     facts.isInput = isInput;
     facts.index = indexOf(pdo);
     facts.name = pdo.Name;
-    facts.syncManager = facts.declaredSyncManager = pdo.Attributes.SM;
+    facts.syncManager = pdo.Attributes.SM;
     facts.isFixed = pdo.Attributes.Fixed;
     facts.isMandatory = pdo.Attributes.Mandatory;
-    addOversampling(facts, pdo.Attributes);
+    addOwn(facts, pdo);
     if (element != nullptr)
         addElement(facts, *element);
     facts.entries = entriesFrom(entriesOf(pdo), element, facts.where);
@@ -119,9 +123,21 @@ void addCommands(UnitFacts& unit, const std::vector<Command>& commands, const El
                    element.placeKey());
     for (const Command& command : commands) {
         const auto found = places.take(objectKey(indexOf(command), command.SubIndex));
-        unit.commands.push_back({found.has_value() ? places.whereOf(*found) : unit.where, !found.has_value(),
-                                 command.Transition, indexOf(command), command.SubIndex, command.bIfCA != 0,
-                                 command.DataBytes, command.Data, command.Comment});
+        CommandFacts facts;
+        facts.where = unit.where;
+        facts.isDerived = !found.has_value();
+        facts.transition = command.Transition;
+        facts.index = indexOf(command);
+        facts.subIndex = command.SubIndex;
+        facts.isCompleteAccess = command.bIfCA != 0;
+        facts.bytes = command.DataBytes;
+        facts.data = command.Data;
+        facts.comment = command.Comment;
+        if (found.has_value()) {
+            facts.where = places.whereOf(*found);
+            facts.declaresCompleteAccess = toBool(elements[*found].attribute("CompleteAccess"));
+        }
+        unit.commands.push_back(facts);
     }
 }
 
@@ -133,8 +149,7 @@ Elements readCoe(UnitFacts& unit, const Elements& mailboxes)
         xml::forEachChildElement(mailbox, "CoE", [&](const xml::Element& coe) {
             unit.hasCoe = true;
             unit.supportsCompleteAccess = unit.supportsCompleteAccess || toBool(coe.attribute("CompleteAccess"));
-            xml::forEachChildElement(coe, "InitCmd",
-                                     [&](const xml::Element& command) { commands.push_back(command); });
+            xml::forEachChildElement(coe, "InitCmd", [&](const xml::Element& command) { commands.push_back(command); });
         });
     return commands;
 }
@@ -149,8 +164,9 @@ Where placeOf(const Elements& elements, std::size_t index, Where without)
 void addChannels(UnitFacts& unit, const struct_EtherCatDevice& device, const DeviceElements& elements)
 {
     for (const struct_SM& syncManager : device.vSM)
-        unit.syncManagers.push_back({placeOf(sectionOf(elements, DeviceSection::Sm), unit.syncManagers.size(), unit.where),
-                                     syncManager.Smtype, syncManager.Attributes});
+        unit.syncManagers.push_back(
+            {placeOf(sectionOf(elements, DeviceSection::Sm), unit.syncManagers.size(), unit.where),
+             directionByName(syncManager.Name, KTL_UnknownType), syncManager.Attributes, syncManager.Name});
     for (const Struct_Fmmu& fmmu : device.vFmmu)
         unit.fmmus.push_back({placeOf(sectionOf(elements, DeviceSection::Fmmu), unit.fmmus.size(), unit.where),
                               static_cast<std::uint8_t>(fmmu.m_FmmuType), fmmu.m_Name});
@@ -172,9 +188,17 @@ void addModes(UnitFacts& unit, const struct_EtherCatDevice& device, const Device
     }
     for (const Struct_DCOpMode& mode : device.vopmode) {
         const auto found = places.take(mode.Name);
-        unit.modes.push_back({found.has_value() ? places.whereOf(*found) : unit.where, mode.Name, mode.AssignActivate,
-                              mode.m_CycleTimeSync0, mode.m_ShiftTimeSync0, mode.m_CycleTimeSync1,
-                              mode.m_ShiftTimeSync1});
+        unit.modes.push_back({found.has_value() ? places.whereOf(*found) : unit.where,
+                              mode.Name,
+                              mode.AssignActivate,
+                              mode.m_CycleTimeSync0,
+                              mode.m_ShiftTimeSync0,
+                              mode.m_CycleTimeSync1,
+                              mode.m_ShiftTimeSync1,
+                              {}});
+        for (const Struct_DCSm& syncManager : mode.m_Sm)
+            for (const Struct_DCPdo& pdo : syncManager.m_Pdo)
+                unit.modes.back().pdos.push_back({syncManager.Attributes.m_No, pdo.m_index});
     }
 }
 

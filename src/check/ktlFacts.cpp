@@ -1,12 +1,166 @@
 #include "check/ktlFacts.h"
 
+#include "ktl/format/ktlCodes.h"
+
 namespace check {
+
+namespace {
+
+/// Makes the facts of one device block, item by item: the records of the block are in the order of its items.
+class BlockReader
+{
+public:
+    BlockReader(const KtlDeviceBlock& block, std::size_t index)
+        : m_block(block)
+    {
+        m_unit.owner = {OwnerKind::Device, index};
+        m_unit.isFromKtl = true;
+        m_unit.vendor = block.general.m_iVendor_Id;
+        m_unit.product = block.general.m_iProduct_Code;
+        m_unit.revision = block.general.m_iRevision_No;
+        m_unit.name = nameIn(block);
+    }
+
+    void take(const KtlFileItem& item);
+
+    UnitFacts end() { return std::move(m_unit); }
+
+private:
+    /// The first line of the names of a block is that of its device.
+    static std::string_view nameIn(const KtlDeviceBlock& block)
+    {
+        if (!block.moreInfo.has_value())
+            return {};
+        const std::string_view text = block.moreInfo->text;
+        return text.substr(0, text.find_first_of(std::string_view("\r\n\0", 3)));
+    }
+
+    /// Calls `add(record, where)` for as many records as the item has, from the next one of the block on.
+    template<typename Record, typename Add>
+    static void addRecords(const KtlFileItem& item, const std::vector<Record>& records, Add add)
+    {
+        const KtlItemParts parts = partsOf(layoutOf(item.type), item.bytes);
+        for (std::size_t index = 0; index < parts.records && index < records.size(); ++index)
+            add(records[index], static_cast<Where>(item.offset + parts.headEnd + index * sizeof(Record)));
+    }
+
+    void addPdo(const KtlFileItem& item);
+    void addCommands(const KtlFileItem& item);
+
+    const KtlDeviceBlock& m_block;
+    UnitFacts m_unit;
+    std::size_t m_pdos = 0; ///< items that have been taken
+};
+
+SmAttributes attributesOf(const struct_KTL_SmAttributes& record)
+{
+    SmAttributes attributes;
+    attributes.StartAddress = record.m_iStartAddress;
+    attributes.MinSize = record.m_iMinSize;
+    attributes.MaxSize = record.m_iMaxSize;
+    attributes.DefaultSize = record.m_iDefaultSize;
+    attributes.ControlByte = record.ControlByte;
+    attributes.Enable = record.Enable;
+    return attributes;
+}
+
+/// The direction of a sync manager, which the format does not carry: two for the mailbox come first where the device
+/// has CoE, then outputs and inputs, as their control bytes say.
+std::uint8_t directionOf(const struct_KTL_SmAttributes& record)
+{
+    constexpr std::uint32_t modeBits = 0x03;
+    constexpr std::uint32_t mailboxMode = 0x02;
+    constexpr std::uint32_t writtenByController = 0x04;
+    const bool isWritten = (record.ControlByte & writtenByController) != 0;
+    if ((record.ControlByte & modeBits) == mailboxMode)
+        return isWritten ? KTL_MBoxOut : KTL_MBoxIn;
+    return isWritten ? KTL_Outputs : KTL_Inputs;
+}
+
+void BlockReader::take(const KtlFileItem& item)
+{
+    switch (item.type) {
+    case KTL_ITEM_General:
+        m_unit.where = static_cast<Where>(item.offset);
+        break;
+    case KTL_ITEM_FMMU:
+        addRecords(item, m_block.fmmus, [&](const struct_KTL_FmmuAttributes& record, Where where) {
+            m_unit.fmmus.push_back({where, record.m_iFmmuType, {}});
+        });
+        break;
+    case KTL_ITEM_SM:
+        addRecords(item, m_block.syncManagers, [&](const struct_KTL_SmAttributes& record, Where where) {
+            m_unit.syncManagers.push_back({where, directionOf(record), attributesOf(record), {}});
+        });
+        break;
+    case KTL_ITEM_DC:
+        addRecords(item, m_block.modes, [&](const struct_KTL_DcAttributes& record, Where where) {
+            ModeFacts& mode = m_unit.modes.emplace_back();
+            mode.where = where;
+            mode.assignActivate = record.AssignActivate;
+        });
+        break;
+    case KTL_ITEM_RxPdo:
+    case KTL_ITEM_TxPdo:
+        addPdo(item);
+        break;
+    case KTL_ITEM_CoE:
+        addCommands(item);
+        break;
+    default:
+        break;
+    }
+}
+
+void BlockReader::addPdo(const KtlFileItem& item)
+{
+    if (m_pdos >= m_block.pdos.size())
+        return;
+    const KtlPdo& record = m_block.pdos[m_pdos++];
+    PdoFacts& pdo = m_unit.pdos.emplace_back();
+    pdo.where = static_cast<Where>(item.offset);
+    pdo.isInput = record.isInput;
+    pdo.index = record.head.IndexAttributes;
+    pdo.syncManager = record.head.SM;
+    pdo.isFixed = record.head.Fixed != 0;
+    pdo.isMandatory = record.head.Mandatory != 0;
+    addRecords(item, record.entries, [&](const struct_KTL_EntryPDOContent& entry, Where where) {
+        pdo.entries.push_back({where, entry.Index, entry.SubIndex, entry.Bitlen, {}, {}, entry.LinkToData});
+    });
+}
+
+void BlockReader::addCommands(const KtlFileItem& item)
+{
+    const struct_KTL_COE& coe = m_block.coe;
+    m_unit.hasCoe = m_block.general.m_bSdoSupport != 0 || coe.m_bSdoInfo != 0 || coe.m_bPdoAssign != 0
+                    || coe.m_bPdoUpload != 0 || coe.m_bPdoConfig != 0; // the item is there without a mailbox too
+    m_unit.supportsCompleteAccess = coe.m_bCompleteAccess != 0;
+    addRecords(item, m_block.coeCommands, [&](const struct_KTL_InitCmd& record, Where where) {
+        CommandFacts& command = m_unit.commands.emplace_back();
+        command.where = where;
+        command.transition = static_cast<NMTOKEN>(record.Transition);
+        command.index = record.Index;
+        command.subIndex = record.SubIndex;
+        command.isCompleteAccess = record.bIfCA != 0;
+        command.bytes = record.DataBytes;
+        command.data = record.Data;
+    });
+}
+
+} // namespace
 
 KtlFacts ktlFactsOf(const std::vector<unsigned char>& bytes)
 {
     KtlFacts facts;
     facts.walk = walkItems(bytes);
     facts.places = blockPlacesOf(facts.walk);
+    for (const KtlBlockPlace& place : facts.places) {
+        const KtlDeviceBlock& block = facts.blocks.emplace_back(deviceBlockAt(facts.walk, place));
+        BlockReader reader(block, facts.units.size());
+        for (std::size_t item = place.first; item < place.end; ++item)
+            reader.take(facts.walk.items[item]);
+        facts.units.push_back(reader.end());
+    }
     return facts;
 }
 

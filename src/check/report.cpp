@@ -13,11 +13,16 @@ void Report::turnTo(const Rule& rule, const Owner& owner)
 
 void Report::add(Where where, const QString& text)
 {
+    addAbout(m_owner, where, text);
+}
+
+void Report::addAbout(const Owner& owner, Where where, const QString& text)
+{
     ++m_ofRule;
     if (m_ofRule > maxOfRule)
         ++m_findings.omitted;
     else
-        m_findings.list.push_back({m_rule, m_owner, where, {}, text});
+        m_findings.list.push_back({m_rule, owner, where, {}, text});
 }
 
 Findings Report::take()

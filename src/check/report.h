@@ -24,6 +24,9 @@ public:
     /// @param text  without place and owner: "PDO 0x1a00 is on sync manager 5, the device has 4"
     void add(Where where, const QString& text);
 
+    /// As above, about a unit that the rule was not asked about.
+    void addAbout(const Owner& owner, Where where, const QString& text);
+
     /// The findings so far, by their place in the file and then in the order of adding; the report is empty then.
     [[nodiscard]] Findings take();
 

@@ -28,5 +28,14 @@ private:
 };
 
 [[nodiscard]] RuleFamily identityRules();
+[[nodiscard]] RuleFamily syncManagerRules();
+[[nodiscard]] RuleFamily memoryRules();
+[[nodiscard]] RuleFamily fmmuRules();
+[[nodiscard]] RuleFamily clockRules();
+[[nodiscard]] RuleFamily pdoRules();
+[[nodiscard]] RuleFamily startupRules();
+[[nodiscard]] RuleFamily slotRules();
+[[nodiscard]] RuleFamily moduleRules();
+[[nodiscard]] RuleFamily ktlRules();
 
 } // namespace check

@@ -11,7 +11,8 @@ namespace {
 std::vector<const Rule*> collectRules()
 {
     std::vector<const Rule*> rules;
-    for (const RuleFamily& family : {identityRules()})
+    for (const RuleFamily& family : {identityRules(), syncManagerRules(), memoryRules(), fmmuRules(), clockRules(),
+                                     pdoRules(), startupRules(), slotRules(), moduleRules(), ktlRules()})
         for (const Rule& rule : family)
             rules.push_back(&rule);
     return rules;
@@ -28,7 +29,8 @@ const std::vector<const Rule*>& allRules()
 const Rule* ruleNamed(std::string_view code)
 {
     const std::vector<const Rule*>& rules = allRules();
-    const auto found = std::find_if(rules.begin(), rules.end(), [code](const Rule* rule) { return rule->code == code; });
+    const auto found =
+        std::find_if(rules.begin(), rules.end(), [code](const Rule* rule) { return rule->code == code; });
     return found == rules.end() ? nullptr : *found;
 }
 

@@ -17,8 +17,9 @@ class DictionaryFacts;
 struct SyncManagerFacts
 {
     Where where = 0;
-    std::uint8_t direction = 0; ///< a value of `enum_KTL_SMFMMU_TYPE`
+    std::uint8_t direction = 0; ///< a value of `enum_KTL_SMFMMU_TYPE`; 0 if its kind is unknown
     SmAttributes attributes;
+    std::string_view name; ///< empty in a KTL file
 };
 
 /// An FMMU.
@@ -27,6 +28,13 @@ struct FmmuFacts
     Where where = 0;
     std::uint8_t direction = 0; ///< a value of `enum_KTL_SMFMMU_TYPE`; 0 if its kind is unknown
     std::string_view name; ///< empty in a KTL file
+};
+
+/// A PDO that an operation mode puts on a sync manager.
+struct ModePdoFacts
+{
+    std::uint32_t syncManager = 0;
+    std::uint32_t index = 0;
 };
 
 /// An operation mode of the distributed clocks.
@@ -39,6 +47,7 @@ struct ModeFacts
     std::int32_t shiftTimeSync0 = 0;
     std::int32_t cycleTimeSync1 = 0;
     std::int32_t shiftTimeSync1 = 0;
+    std::vector<ModePdoFacts> pdos; ///< none in a KTL file
 };
 
 /// An entry of a PDO.
@@ -58,13 +67,14 @@ struct PdoFacts
 {
     Where where = 0;
     bool isInput = false; ///< a TxPdo
-    bool isCopy = false; ///< of a module in a slot
+    bool isCopy = false; ///< of a sample, or of a module in a slot
+    int place = -1; ///< of the module that it is a copy of; -1 for a PDO of the device itself
     std::uint16_t index = 0;
     std::string_view name;
     int syncManager = -1; ///< -1 if it is not assigned
-    int declaredSyncManager = -1; ///< as the file has it, before any choice
     bool isFixed = false;
     bool isMandatory = false;
+    bool isOverwritten = false; ///< a module in a slot may bring a PDO of the same index, which counts instead
     int oversamplingFactor = 0;
     int oversamplingMin = 0;
     int oversamplingMax = 0;
@@ -83,6 +93,7 @@ struct CommandFacts
     bool isCompleteAccess = false;
     std::uint16_t bytes = 0; ///< of the value, as the file announces it
     std::uint32_t data = 0; ///< the value as far as it is a number of four bytes
+    bool declaresCompleteAccess = false; ///< in the file, where nothing of it is read
     std::string_view comment;
 };
 

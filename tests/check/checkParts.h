@@ -21,8 +21,8 @@ inline QByteArray deviceFile(const QByteArray& parts, const QByteArray& modules 
     return "<EtherCATInfo><Vendor><Id>#x7e57</Id><Name>Test</Name></Vendor><Descriptions><Groups/><Devices>\n"
            "<Device Physics=\"YY\"><Type ProductCode=\"#x1\" RevisionNo=\"#x2\">T1</Type><Name>Device</Name>"
            "<GroupType>G</GroupType>\n"
-           + parts + "</Device></Devices>\n"
-           + (modules.isEmpty() ? QByteArray() : "<Modules>" + modules + "</Modules>") + "</Descriptions></EtherCATInfo>\n";
+           + parts + "</Device></Devices>\n" + (modules.isEmpty() ? QByteArray() : "<Modules>" + modules + "</Modules>")
+           + "</Descriptions></EtherCATInfo>\n";
 }
 
 /// Findings of one rule as "line:column: text", in the order of the file.

@@ -1,0 +1,184 @@
+// moduleRules.cpp - modules, and where their indexes come to lie in a device.
+#include "check/report.h"
+#include "check/ruleFamilies.h"
+#include "check/slotFacts.h"
+#include "check/unitLabels.h"
+#include "esi/xml/treeIteration.h"
+#include "model/valueTexts.h"
+#include "text/shownText.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+namespace check {
+
+namespace {
+
+// ---- Which slots take a module ----
+
+void checkIdentTwice(const EsiFacts& facts, Report& report)
+{
+    const ModuleLookUp modules(facts);
+    for (const UnitFacts* const module : modules.modules())
+        if (const UnitFacts* const first = modules.withIdent(module->moduleIdent); first != module)
+            report.addAbout(module->owner, module->where,
+                            QStringLiteral("module %1 of the file has the ident %2 as well")
+                                .arg(first->owner.index + 1)
+                                .arg(hexNumber(module->moduleIdent)));
+}
+
+void checkSlot(const EsiFacts& facts, Report& report)
+{
+    std::unordered_set<std::uint32_t> idents;
+    std::unordered_set<std::string_view> classes;
+    const std::vector<SlotFacts> allSlots = slotsOf(facts);
+    for (const SlotFacts& slot : allSlots) {
+        for (const struct_ModuleIdent& ident : slot.record->ModuleIdent)
+            idents.insert(ident.ModuleIdent);
+        for (const std::string_view moduleClass : classesOf(*slot.record))
+            classes.insert(moduleClass);
+    }
+    const ModuleLookUp modules(facts);
+    if (allSlots.empty())
+        return; // a file of modules for devices elsewhere
+    for (const UnitFacts* const module : modules.modules())
+        if (idents.count(module->moduleIdent) == 0 && classes.count(modules.classOf(*module)) == 0)
+            report.addAbout(module->owner, module->where,
+                            QStringLiteral("no slot takes the module: none names its ident %1%2")
+                                .arg(hexNumber(module->moduleIdent),
+                                     modules.classOf(*module).empty()
+                                         ? QString()
+                                         : QStringLiteral(" or its class ") + shown(modules.classOf(*module))));
+}
+
+// ---- Indexes once places are counted in ----
+
+void checkPdoCollision(const UnitFacts& unit, Report& report)
+{
+    if (!unit.isDevice())
+        return;
+    std::map<std::uint16_t, int> placesOf; // by the index of a PDO; -1 for those of the device
+    for (const PdoFacts& pdo : unit.pdos) {
+        if (pdo.isOverwritten)
+            continue;
+        const auto [first, isNew] = placesOf.try_emplace(pdo.index, pdo.place);
+        if (!isNew && first->second != pdo.place)
+            report.add(pdo.where, QStringLiteral("%1 of the module at place %2 is there already, from %3")
+                                      .arg(labelOf(pdo), QString::number(pdo.place),
+                                           first->second < 0 ? QStringLiteral("the device")
+                                                             : QStringLiteral("place %1").arg(first->second)));
+    }
+}
+
+void checkObjectCollision(const UnitFacts& unit, Report& report)
+{
+    if (!unit.isDevice())
+        return;
+    std::map<std::pair<std::uint16_t, std::uint32_t>, int> placesOf; // by object and sub-index
+    for (const PdoFacts& pdo : unit.pdos) {
+        if (pdo.place < 0)
+            continue;
+        for (const EntryFacts& entry : pdo.entries) {
+            if (entry.index == 0)
+                continue;
+            const auto [first, isNew] = placesOf.try_emplace({entry.index, entry.subIndex}, pdo.place);
+            if (!isNew && first->second != pdo.place)
+                report.add(entry.where,
+                           QStringLiteral("object %1 of the module at place %2 is mapped from place %3 as well")
+                               .arg(objectText(entry.index, entry.subIndex), QString::number(pdo.place),
+                                    QString::number(first->second)));
+        }
+    }
+}
+
+// ---- Other files ----
+
+/// Name of a file without its folders, whichever system they are of.
+QString baseName(std::string_view path)
+{
+    const QString text = QString::fromUtf8(path.data(), static_cast<int>(path.size())).trimmed();
+    return text.section(QLatin1Char('/'), -1).section(QLatin1Char('\\'), -1);
+}
+
+/// The children of an element whose text is the name of another file.
+void checkReferencesIn(const xml::Element& parent, std::string_view name, const EsiFacts& facts, Report& report)
+{
+    xml::forEachChildElement(parent, name, [&](const xml::Element& reference) {
+        const QString file = baseName(reference.text());
+        if (!file.isEmpty() && !facts.subject.givenFiles.contains(file, Qt::CaseInsensitive))
+            report.add(reference.placeKey(),
+                       QStringLiteral("the file %1 is referred to, and not given").arg(shownText(file)));
+    });
+}
+
+void checkReferences(const EsiFacts& facts, Report& report)
+{
+    checkReferencesIn(facts.subject.tree.root(), "InfoReference", facts, report);
+    for (const DeviceElements& device : facts.devices)
+        for (const xml::Element& profile : device.sections[static_cast<std::size_t>(DeviceSection::Profile)])
+            checkReferencesIn(profile, "DictionaryFile", facts, report);
+    for (const xml::Element& module : facts.modules)
+        xml::forEachChildElement(module, "Profile", [&](const xml::Element& profile) {
+            checkReferencesIn(profile, "DictionaryFile", facts, report);
+        });
+}
+
+constexpr std::array rules{
+    Rule{"module-ident-twice",
+         Severity::Warning,
+         "two modules of one ident",
+         "A module has the ModuleIdent of one before it in the file.",
+         "Slots refer to modules by their ident, and always get the first one.",
+         "Give the modules different idents, or take one of them out.",
+         "<Module><Type ModuleIdent=\"#x1\">A</Type></Module><Module><Type ModuleIdent=\"#x1\">B</Type></Module>",
+         {checkIdentTwice, nullptr, nullptr}},
+    Rule{"module-without-slot",
+         Severity::Note,
+         "a module that no slot takes",
+         "The file has slots, and none of them names the ident or the class of a module.",
+         "The module cannot be put into any device of the file.",
+         "Name it in a slot, or take it out.",
+         "<Module><Type ModuleIdent=\"#x99\">Spare</Type></Module>",
+         {checkSlot, nullptr, nullptr}},
+    Rule{"module-pdo-collision",
+         Severity::Error,
+         "PDO indexes of modules collide",
+         "With the modules that are in the slots, a PDO has the index of another one of the device or of another "
+         "place. A "
+         "PDO of the device that says OverwrittenByModule does not count.",
+         "Startup commands for the one overwrite those for the other, and one of the modules exchanges nothing.",
+         "Set DependOnSlot for the index and an increment that is large enough.",
+         "<Index>#x1a00</Index> in a module that is the default of two slots",
+         {nullptr, nullptr, checkPdoCollision}},
+    Rule{"module-object-collision",
+         Severity::Warning,
+         "objects of modules collide",
+         "With the modules that are in the slots, entries of two places are the same object and sub-index.",
+         "Both places read or write the same value.",
+         "Set DependOnSlot for the index of the entry and an increment that is large enough.",
+         "<Entry><Index>#x6000</Index></Entry> in a module that is the default of two slots",
+         {nullptr, nullptr, checkObjectCollision}},
+    Rule{"file-reference",
+         Severity::Note,
+         "a file that is referred to is not given",
+         "An InfoReference or DictionaryFile element names a file, and no file of that name is checked in the same "
+         "call.",
+         "Modules or objects may be in that file, and the controller gets nothing of it.",
+         "Give the file in the same call, or put its contents into this one.",
+         "<DictionaryFile>objects.xml</DictionaryFile>",
+         {checkReferences, nullptr, nullptr}},
+};
+
+} // namespace
+
+RuleFamily moduleRules()
+{
+    return rules;
+}
+
+} // namespace check

@@ -1,0 +1,27 @@
+// processData.h - how the PDOs of a unit fill its sync managers.
+#pragma once
+
+#include "check/unitFacts.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace check {
+
+/// Whether a sync manager is a mailbox.
+[[nodiscard]] bool isMailbox(const SyncManagerFacts& syncManager);
+
+/// Whether a sync manager exists in the description only.
+[[nodiscard]] bool isVirtual(const SyncManagerFacts& syncManager);
+
+/// Bits of a PDO: the sum of its entries; an entry with a negative length counts as none.
+[[nodiscard]] std::int64_t bitsOf(const PdoFacts& pdo);
+
+/// Whether a PDO is on a sync manager that its device has.
+[[nodiscard]] bool isOnSyncManager(const PdoFacts& pdo, const UnitFacts& unit);
+
+/// Bytes of process data for each sync manager of a device, each sum of bits rounded up.
+[[nodiscard]] std::vector<std::int64_t> processDataBytes(const UnitFacts& unit);
+
+} // namespace check

@@ -1,0 +1,170 @@
+// slotRules.cpp - slots of modular devices, and the modules that they name.
+#include "check/report.h"
+#include "check/ruleFamilies.h"
+#include "check/slotFacts.h"
+#include "check/unitLabels.h"
+#include "esi/derivation/modulesByIdent.h"
+#include "model/valueTexts.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+namespace check {
+
+namespace {
+
+QString labelOf(const SlotFacts& slot)
+{
+    return QStringLiteral("slot %1 %2").arg(slot.number).arg(shown(slot.record->Name));
+}
+
+void checkModule(const EsiFacts& facts, Report& report)
+{
+    const ModuleLookUp modules(facts);
+    for (const SlotFacts& slot : slotsOf(facts))
+        for (const struct_ModuleIdent& ident : slot.record->ModuleIdent)
+            if (ident.Attributes.Default == 0 && modules.withIdent(ident.ModuleIdent) == nullptr)
+                report.addAbout(slot.device->owner, slot.element.placeKey(),
+                                QStringLiteral("%1 takes module %2, which the file does not have")
+                                    .arg(labelOf(slot), hexNumber(ident.ModuleIdent)));
+}
+
+/// Why a default module is not in its slot from the start; empty if it is.
+QString defaultProblem(const SlotFacts& slot, const struct_ModuleIdent& ident, const ModuleLookUp& modules)
+{
+    const UnitFacts* const module = modules.withIdent(ident.ModuleIdent);
+    if (module == nullptr)
+        return QStringLiteral("which the file does not have");
+    if (!isDefaultOf(*slot.record, ident))
+        return QStringLiteral("and has no place (MaxInstances is 0)");
+    const std::vector<std::string_view> classes = classesOf(*slot.record);
+    const std::string_view moduleClass = modules.classOf(*module);
+    if (classes.empty() || std::find(classes.begin(), classes.end(), moduleClass) != classes.end())
+        return {};
+    return QStringLiteral("which is of class %1, and the slot does not take that").arg(shown(moduleClass));
+}
+
+void checkDefault(const EsiFacts& facts, Report& report)
+{
+    const ModuleLookUp modules(facts);
+    for (const SlotFacts& slot : slotsOf(facts))
+        for (const struct_ModuleIdent& ident : slot.record->ModuleIdent) {
+            if (ident.Attributes.Default == 0)
+                continue;
+            if (const QString problem = defaultProblem(slot, ident, modules); !problem.isEmpty())
+                report.addAbout(slot.device->owner, slot.element.placeKey(),
+                                QStringLiteral("the default module of %1 is %2, %3")
+                                    .arg(labelOf(slot), hexNumber(ident.ModuleIdent), problem));
+        }
+}
+
+void checkInstances(const EsiFacts& facts, Report& report)
+{
+    for (const SlotFacts& slot : slotsOf(facts)) {
+        const SlotAttributes& attributes = slot.record->Attributes;
+        if (attributes.MinInstances > attributes.MaxInstances)
+            report.addAbout(slot.device->owner, slot.element.placeKey(),
+                            QStringLiteral("%1 takes %2 modules at least and %3 at most")
+                                .arg(labelOf(slot))
+                                .arg(attributes.MinInstances)
+                                .arg(attributes.MaxInstances));
+    }
+}
+
+constexpr std::array<std::string_view, 2> increments{"SlotPdoIncrement", "SlotIndexIncrement"};
+
+/// A slot of a group moves by the group, so its own step does not count.
+void checkIncrement(const SlotFacts& slot, std::string_view name, Report& report)
+{
+    const std::string_view own = slot.element.attribute(name);
+    const std::string_view common = slot.slotList.attribute(name);
+    if (own.data() == nullptr || common.data() == nullptr || slot.record->Attributes.m_SlotGroup >= 0)
+        return;
+    const std::uint32_t ofSlot = toUint(own);
+    const std::uint32_t ofDevice = toUint(common);
+    if (ofSlot != 0 && ofDevice != 0 && ofSlot != ofDevice)
+        report.addAbout(slot.device->owner, slot.element.placeKey(),
+                        QStringLiteral("%1 has %2 %3, the device has %4, and the controller handles one")
+                            .arg(labelOf(slot), QString::fromLatin1(name.data(), static_cast<int>(name.size())),
+                                 hexNumber(ofSlot), hexNumber(ofDevice)));
+}
+
+void checkIncrements(const EsiFacts& facts, Report& report)
+{
+    for (const SlotFacts& slot : slotsOf(facts))
+        for (const std::string_view name : increments)
+            checkIncrement(slot, name, report);
+}
+
+void checkIdentTwice(const EsiFacts& facts, Report& report)
+{
+    for (const SlotFacts& slot : slotsOf(facts)) {
+        std::unordered_set<std::uint32_t> seen;
+        for (const struct_ModuleIdent& ident : slot.record->ModuleIdent)
+            if (!seen.insert(ident.ModuleIdent).second)
+                report.addAbout(
+                    slot.device->owner, slot.element.placeKey(),
+                    QStringLiteral("%1 names module %2 twice").arg(labelOf(slot), hexNumber(ident.ModuleIdent)));
+    }
+}
+
+constexpr std::array rules{
+    Rule{"slot-module-unknown",
+         Severity::Warning,
+         "a slot takes a module that the file lacks",
+         "A ModuleIdent of a slot, which is not its default, is that of no module of the file.",
+         "The module cannot be chosen, and nothing of it goes to the controller.",
+         "Add the module to the file, or correct the ident.",
+         "<Slot><ModuleIdent>#x99</ModuleIdent></Slot>",
+         {checkModule, nullptr, nullptr}},
+    Rule{"slot-default-module",
+         Severity::Error,
+         "a default module is missing or does not fit",
+         "The default module of a slot is that of no module of the file, or of a class that the slot does not take, or "
+         "the slot has no place for it.",
+         "The device starts with a module that the controller does not know, and refuses the configuration.",
+         "Add the module, correct its class, or make another one the default.",
+         "<Slot MaxInstances=\"1\"><ModuleIdent Default=\"1\">#x99</ModuleIdent></Slot>",
+         {checkDefault, nullptr, nullptr}},
+    Rule{"slot-instances",
+         Severity::Error,
+         "a slot with minimum above maximum",
+         "MinInstances of a slot is above its MaxInstances. The controller holds 16 modules in a slot, so a higher "
+         "maximum counts as 16.",
+         "No number of modules is right for the slot.",
+         "Correct the two numbers.",
+         "<Slot MinInstances=\"2\" MaxInstances=\"1\"/>",
+         {checkInstances, nullptr, nullptr}},
+    Rule{"slot-increment",
+         Severity::Warning,
+         "slots with unequal increments",
+         "SlotPdoIncrement or SlotIndexIncrement of a slot differs from that of the Slots element; neither is 0, and "
+         "the "
+         "slot is in no group.",
+         "The controller handles one increment for all slots of a device: the PDOs or objects of the modules in this "
+         "slot "
+         "get the wrong indexes.",
+         "Use one increment for all slots.",
+         "<Slots SlotPdoIncrement=\"1\"><Slot SlotPdoIncrement=\"2\"/></Slots>",
+         {checkIncrements, nullptr, nullptr}},
+    Rule{"slot-ident-twice",
+         Severity::Note,
+         "a slot names a module twice",
+         "A slot has the same ModuleIdent twice.",
+         "It changes nothing, but another ident may be meant.",
+         "Take one of them out, or correct it.",
+         "<Slot><ModuleIdent>#x1</ModuleIdent><ModuleIdent>#x1</ModuleIdent></Slot>",
+         {checkIdentTwice, nullptr, nullptr}},
+};
+
+} // namespace
+
+RuleFamily slotRules()
+{
+    return rules;
+}
+
+} // namespace check

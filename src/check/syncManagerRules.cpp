@@ -1,0 +1,239 @@
+// syncManagerRules.cpp - the areas of memory through which a device exchanges data.
+#include "check/processData.h"
+#include "check/report.h"
+#include "check/ruleFamilies.h"
+#include "check/unitLabels.h"
+#include "editing/exportChecks.h"
+#include "model/syncDirection.h"
+#include "model/valueTexts.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <vector>
+
+namespace check {
+
+namespace {
+
+constexpr std::int64_t maxFrameBytes = 1486; // process data of one datagram in an Ethernet frame
+constexpr std::int64_t minMailboxBytes = 0x22;
+
+QString number(std::int64_t value)
+{
+    return QString::number(value);
+}
+
+QString address(std::int64_t value)
+{
+    return hexNumber(static_cast<std::uint32_t>(value));
+}
+
+// ---- Numbers ----
+
+void checkMissing(const UnitFacts& unit, Report& report)
+{
+    if (!unit.isDevice())
+        return;
+    for (const PdoFacts& pdo : unit.pdos)
+        if (pdo.syncManager >= 0 && !isOnSyncManager(pdo, unit))
+            report.add(pdo.where,
+                       QStringLiteral("%1 is on sync manager %2, the device has %3")
+                           .arg(labelOf(pdo), number(pdo.syncManager), QString::number(unit.syncManagers.size())));
+}
+
+void checkCount(const UnitFacts& unit, Report& report)
+{
+    if (unit.syncManagers.size() > maxSyncManagers)
+        report.add(unit.syncManagers[maxSyncManagers].where,
+                   QStringLiteral("the device has %1 sync managers, the controller handles %2")
+                       .arg(unit.syncManagers.size())
+                       .arg(maxSyncManagers));
+}
+
+void checkKind(const UnitFacts& unit, Report& report)
+{
+    for (const SyncManagerFacts& syncManager : unit.syncManagers)
+        if (syncManager.direction == KTL_UnknownType && !isVirtual(syncManager))
+            report.add(syncManager.where,
+                       QStringLiteral("%1 is no kind of sync manager; it goes out as a mailbox output")
+                           .arg(shown(syncManager.name)));
+}
+
+// ---- Sizes ----
+
+void checkMaxSize(const UnitFacts& unit, Report& report)
+{
+    const std::vector<std::int64_t> bytes = processDataBytes(unit);
+    for (std::size_t index = 0; index < unit.syncManagers.size(); ++index) {
+        const SyncManagerFacts& syncManager = unit.syncManagers[index];
+        const std::int64_t most = syncManager.attributes.MaxSize;
+        if (most > 0 && bytes[index] > most)
+            report.add(syncManager.where, QStringLiteral("the PDOs of sync manager %1 take %2 bytes, its MaxSize is %3")
+                                              .arg(QString::number(index), number(bytes[index]), number(most)));
+    }
+}
+
+void checkFrame(const UnitFacts& unit, Report& report)
+{
+    const std::vector<std::int64_t> bytes = processDataBytes(unit);
+    for (std::size_t index = 0; index < unit.syncManagers.size(); ++index)
+        if (bytes[index] > maxFrameBytes)
+            report.add(unit.syncManagers[index].where,
+                       QStringLiteral("the PDOs of sync manager %1 take %2 bytes, a frame carries %3")
+                           .arg(QString::number(index), number(bytes[index]), number(maxFrameBytes)));
+}
+
+// ---- Mailbox ----
+
+void checkMailboxSize(const UnitFacts& unit, Report& report)
+{
+    for (std::size_t index = 0; index < unit.syncManagers.size(); ++index) {
+        const SyncManagerFacts& syncManager = unit.syncManagers[index];
+        const std::int64_t bytes = syncManager.attributes.DefaultSize;
+        if (unit.hasCoe && isMailbox(syncManager) && !isVirtual(syncManager) && bytes < minMailboxBytes)
+            report.add(syncManager.where,
+                       QStringLiteral("the mailbox of sync manager %1 has %2 bytes, it needs at least %3")
+                           .arg(QString::number(index), number(bytes), number(minMailboxBytes)));
+    }
+}
+
+bool hasDirection(const UnitFacts& unit, std::uint8_t direction)
+{
+    return std::any_of(unit.syncManagers.begin(), unit.syncManagers.end(), [=](const SyncManagerFacts& syncManager) {
+        return syncManager.direction == direction && !isVirtual(syncManager);
+    });
+}
+
+void checkMailboxMissing(const UnitFacts& unit, Report& report)
+{
+    if (unit.isDevice() && unit.hasCoe && !(hasDirection(unit, KTL_MBoxOut) && hasDirection(unit, KTL_MBoxIn)))
+        report.add(unit.where, QStringLiteral("CoE is declared, but no sync managers for mailbox output and input"));
+}
+
+// ---- Control byte ----
+
+struct ControlRule
+{
+    std::uint8_t direction;
+    bool isWritten; ///< by the controller
+    bool isMailbox;
+    const char* name;
+};
+
+constexpr std::array controlRules{
+    ControlRule{KTL_MBoxOut, true, true, "mailbox output"},
+    ControlRule{KTL_MBoxIn, false, true, "mailbox input"},
+    ControlRule{KTL_Outputs, true, false, "outputs"},
+    ControlRule{KTL_Inputs, false, false, "inputs"},
+};
+
+/// What is wrong with a control byte; empty if nothing is.
+QString controlProblem(std::uint32_t control, const ControlRule& rule)
+{
+    constexpr std::uint32_t modeBits = 0x03;
+    constexpr std::uint32_t mailboxMode = 0x02;
+    constexpr std::uint32_t directionBits = 0x0C;
+    constexpr std::uint32_t writtenByController = 0x04;
+    if ((control & directionBits) != (rule.isWritten ? writtenByController : 0))
+        return rule.isWritten ? QStringLiteral("does not let the controller write")
+                              : QStringLiteral("does not let the controller read");
+    const std::uint32_t mode = control & modeBits;
+    if (rule.isMailbox ? mode != mailboxMode : (mode != 0 && mode != mailboxMode))
+        return QStringLiteral("has not the mode of a %1").arg(QLatin1String(rule.isMailbox ? "mailbox" : "buffer"));
+    return {};
+}
+
+void checkControl(const UnitFacts& unit, Report& report)
+{
+    for (std::size_t index = 0; index < unit.syncManagers.size(); ++index) {
+        const SyncManagerFacts& syncManager = unit.syncManagers[index];
+        const auto* const rule = std::find_if(controlRules.begin(), controlRules.end(), [&](const ControlRule& row) {
+            return row.direction == syncManager.direction;
+        });
+        if (rule == controlRules.end() || isVirtual(syncManager))
+            continue;
+        const QString problem = controlProblem(syncManager.attributes.ControlByte, *rule);
+        if (!problem.isEmpty())
+            report.add(syncManager.where, QStringLiteral("the control byte %1 of sync manager %2 (%3) %4")
+                                              .arg(address(syncManager.attributes.ControlByte), QString::number(index),
+                                                   QLatin1String(rule->name), problem));
+    }
+}
+
+constexpr std::array rules{
+    Rule{"pdo-sync-manager",
+         Severity::Error,
+         "a PDO is on a sync manager that its device lacks",
+         "The Sm of a PDO is not below the number of sync managers that its device declares.",
+         "The workbench ends on such a device, and nothing of its file is exported.",
+         "Set Sm to the number of the sync manager, counted from 0 in the order of the file, or leave it out.",
+         "<TxPdo Sm=\"5\"><Index>#x1a00</Index></TxPdo>",
+         {nullptr, nullptr, checkMissing}},
+    Rule{"sync-manager-count",
+         Severity::Warning,
+         "more than 4 sync managers",
+         "A device has more than 4 sync managers.",
+         "The controller handles 4. What is on the others is not exchanged.",
+         "Take out the sync managers that are not needed, or ask whether the firmware of the controller takes more.",
+         "<Sm>MBoxOut</Sm><Sm>MBoxIn</Sm><Sm>Outputs</Sm><Sm>Inputs</Sm><Sm>Inputs</Sm>",
+         {nullptr, nullptr, checkCount}},
+    Rule{"sync-manager-kind",
+         Severity::Error,
+         "a sync manager of an unknown kind",
+         "The text of an Sm element is none of MBoxOut, MBoxIn, Outputs and Inputs.",
+         "It counts as a mailbox output, also for the process data that is on it, which is not exchanged then.",
+         "Write the name exactly, upper and lower case included.",
+         "<Sm StartAddress=\"#x1100\">outputs</Sm>",
+         {nullptr, nullptr, checkKind}},
+    Rule{"sync-manager-max-size",
+         Severity::Error,
+         "PDOs longer than the MaxSize of their sync manager",
+         "The entries of all PDOs on a sync manager take more bytes than its MaxSize, where one is given.",
+         "The device refuses the length when it goes to SAFEOP.",
+         "Assign fewer PDOs, or correct MaxSize.",
+         "<Sm MaxSize=\"2\" StartAddress=\"#x1100\" ControlByte=\"#x20\" Enable=\"1\">Inputs</Sm>",
+         {nullptr, nullptr, checkMaxSize}},
+    Rule{"sync-manager-frame",
+         Severity::Error,
+         "process data longer than a frame",
+         "The entries of all PDOs on a sync manager take more than 1,486 bytes.",
+         "One datagram in an Ethernet frame carries no more, so the process data cannot be exchanged.",
+         "Assign fewer PDOs.",
+         "<TxPdo Sm=\"3\"><Entry><Index>#x6000</Index><BitLen>12000</BitLen></Entry></TxPdo>",
+         {nullptr, nullptr, checkFrame}},
+    Rule{"mailbox-size",
+         Severity::Error,
+         "a mailbox is too small",
+         "A device with CoE has a mailbox with a DefaultSize below 0x22 bytes.",
+         "A mailbox message with the smallest SDO does not fit, so no startup command arrives.",
+         "Give DefaultSize as the device has it, 0x22 (34) at least.",
+         "<Sm DefaultSize=\"16\" StartAddress=\"#x1000\" ControlByte=\"#x26\" Enable=\"1\">MBoxOut</Sm>",
+         {nullptr, nullptr, checkMailboxSize}},
+    Rule{"mailbox-missing",
+         Severity::Error,
+         "CoE without a mailbox",
+         "A device declares CoE, but has not both a sync manager MBoxOut and one MBoxIn that are not virtual.",
+         "Startup commands and the dictionary go through the mailbox. Without one none of them reaches the device.",
+         "Declare the two sync managers, first MBoxOut, then MBoxIn.",
+         "<Sm>Outputs</Sm><Mailbox><CoE/></Mailbox>",
+         {nullptr, nullptr, checkMailboxMissing}},
+    Rule{"sync-manager-control",
+         Severity::Warning,
+         "a control byte against the direction or kind",
+         "Bits 2 and 3 of ControlByte do not say that the controller writes MBoxOut and Outputs and reads MBoxIn and "
+         "Inputs; or bits 0 and 1 are not those of a mailbox (2), or for process data of a buffer (0 or 2).",
+         "The sync manager works in the wrong direction or mode, and the device stays in PREOP or exchanges nothing.",
+         "Usual values are 0x26 for MBoxOut, 0x22 for MBoxIn, 0x64 or 0x24 for Outputs and 0x20 for Inputs.",
+         "<Sm StartAddress=\"#x1100\" ControlByte=\"#x20\" Enable=\"1\">Outputs</Sm>",
+         {nullptr, nullptr, checkControl}},
+};
+
+} // namespace
+
+RuleFamily syncManagerRules()
+{
+    return rules;
+}
+
+} // namespace check

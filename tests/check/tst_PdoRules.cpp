@@ -1,0 +1,176 @@
+// PDOs and startup commands: each rule with the smallest file that it fires on, and its twin that is just right.
+#include "ruleRows.h"
+#include "testMain.h"
+
+using checkParts::deviceFile;
+using ruleRows::add;
+
+class tst_PdoRules : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    static void rules_data();
+    static void rules() { ruleRows::check(); }
+};
+
+namespace {
+
+const QByteArray outputsAndInputs = "<Sm StartAddress='#x1100' ControlByte='#x64'>Outputs</Sm>"
+                                    "<Sm StartAddress='#x1200' ControlByte='#x20'>Inputs</Sm>\n";
+
+QByteArray entry(int bits)
+{
+    return "<Entry><Index>#x6000</Index><SubIndex>1</SubIndex><BitLen>" + QByteArray::number(bits)
+           + "</BitLen></Entry>";
+}
+
+/// A TxPdo on a line of its own.
+QByteArray input(const char* attributes, const char* index, const QByteArray& more)
+{
+    return "<TxPdo " + QByteArray(attributes) + "><Index>" + index + "</Index>" + more + "</TxPdo>\n";
+}
+
+void addIndexes()
+{
+    add("pdo-index-twice", "of both directions",
+        deviceFile(input("", "#x1a00", {}) + "<RxPdo><Index>6656</Index></RxPdo>\n"),
+        {"3:1: PDO 0x1a00 is there twice"}); // outputs come first
+    add("pdo-index-twice", "two indexes", deviceFile(input("", "#x1a00", {}) + input("", "#x1a01", {})));
+    add("pdo-index-twice", "without index", deviceFile("<TxPdo/><TxPdo/>"));
+    add("pdo-index-range", "of an output", deviceFile(input("", "#x1600", entry(8))),
+        {"3:1: PDO 0x1600 is outside 0x1a00 to 0x1bff, the indexes of TxPdos"});
+    add("pdo-index-range", "one too high", deviceFile(input("", "#x1c00", entry(8))),
+        {"3:1: PDO 0x1c00 is outside 0x1a00 to 0x1bff, the indexes of TxPdos"});
+    add("pdo-index-range", "the last one", deviceFile(input("", "#x1bff", entry(8))));
+    add("pdo-index-range", "empty", deviceFile(input("", "#x1600", {})));
+}
+
+void addContents()
+{
+    add("pdo-whole-bytes", "12 bits", deviceFile(outputsAndInputs + input("Sm='1'", "#x1a00", entry(12))),
+        {"4:1: PDO 0x1a00 is assigned and has 12 bits, no whole bytes"});
+    add("pdo-whole-bytes", "with a gap",
+        deviceFile(outputsAndInputs
+                   + input("Sm='1'", "#x1a00", entry(12) + "<Entry><Index>0</Index><BitLen>4</BitLen></Entry>")));
+    add("pdo-whole-bytes", "a channel of one bit", deviceFile(outputsAndInputs + input("Sm='1'", "#x1a00", entry(1))));
+    add("pdo-whole-bytes", "not assigned", deviceFile(outputsAndInputs + input("", "#x1a00", entry(12))));
+    add("pdo-entry-count", "255", deviceFile(input("", "#x1a00", entry(8).repeated(255))),
+        {"3:1: PDO 0x1a00 has 255 entries, 254 can be mapped"});
+    add("pdo-entry-count", "254", deviceFile(input("", "#x1a00", entry(8).repeated(254))));
+    add("pdo-oversampling", "no range", deviceFile(input("OSFac='10'", "#x1a00", entry(8))),
+        {"3:1: PDO 0x1a00 is oversampled, but its samples 0 to 0 give no copy"});
+    add("pdo-oversampling", "an empty range",
+        deviceFile(input("OSFac='10' OSMin='5' OSMax='4' OSIndexInc='1'", "#x1a00", entry(8))),
+        {"3:1: PDO 0x1a00 is oversampled, but its samples 5 to 4 give no copy"});
+    add("pdo-oversampling", "two samples",
+        deviceFile(input("OSFac='2' OSMin='1' OSMax='2' OSIndexInc='1'", "#x1a00", entry(8))));
+}
+
+void addAssignment()
+{
+    const QByteArray excluding = input("Sm='1'", "#x1a00", "<Exclude>#x1a01</Exclude>" + entry(8));
+    add("pdo-excluded", "both are assigned",
+        deviceFile(outputsAndInputs + excluding + input("Sm='1'", "#x1a01", entry(8))),
+        {"4:1: PDO 0x1a00 excludes PDO 0x1a01, and both are assigned"});
+    add("pdo-excluded", "one is", deviceFile(outputsAndInputs + excluding + input("", "#x1a01", entry(8))));
+    add("pdo-mandatory", "on none", deviceFile(outputsAndInputs + input("Mandatory='1'", "#x1a00", entry(8))),
+        {"4:1: PDO 0x1a00 is mandatory, but on no sync manager"});
+    add("pdo-mandatory", "assigned", deviceFile(outputsAndInputs + input("Mandatory='1' Sm='1'", "#x1a00", entry(8))));
+    const auto mode = [](const char* syncManager) {
+        return deviceFile(outputsAndInputs + input("Fixed='1' Sm='1'", "#x1a00", entry(8))
+                          + "<Dc><OpMode><Name>DC</Name><Sm No='" + syncManager
+                          + "'><Pdo>#x1a00</Pdo></Sm></OpMode></Dc>");
+    };
+    add("pdo-fixed-moved", "by a mode", mode("0"),
+        {"5:5: the mode \"DC\" puts PDO 0x1a00 on sync manager 0, it is fixed on 1"});
+    add("pdo-fixed-moved", "where it is", mode("1"));
+}
+
+/// A device with one assigned output PDO and startup commands, each on a line of its own from line 5 on.
+QByteArray commandFile(const QByteArray& commands, const char* coe = "")
+{
+    return deviceFile("<Sm StartAddress='#x1100' ControlByte='#x64'>Outputs</Sm>\n"
+                      "<RxPdo Sm='0' Fixed='1'><Index>#x1600</Index>"
+                      + entry(8) + "</RxPdo>\n<Mailbox><CoE " + coe + ">" + commands + "</CoE></Mailbox>");
+}
+
+QByteArray command(const char* index, int subIndex, const char* data, const char* transition = "PS",
+                   const char* attributes = "")
+{
+    return QStringLiteral("\n<InitCmd %1><Transition>%2</Transition><Index>%3</Index><SubIndex>%4</SubIndex>"
+                          "<Data>%5</Data></InitCmd>")
+        .arg(QLatin1String(attributes), QLatin1String(transition), QLatin1String(index), QString::number(subIndex),
+             QLatin1String(data))
+        .toUtf8();
+}
+
+void addMappingOrder()
+{
+    const QByteArray cleared = command("#x1c10", 0, "00");
+    const QByteArray mapping =
+        command("#x1600", 0, "00") + command("#x1600", 1, "08010060") + command("#x1600", 0, "01");
+    const QByteArray assigned = command("#x1c10", 1, "0016") + command("#x1c10", 0, "01");
+    add("startup-mapping-assigned", "never cleared", commandFile(mapping),
+        {"6:1: the command for 0x1600:0 maps PDO 0x1600 while it is still assigned: sub-index 0 of its assign object "
+         "was "
+         "not set to 0"});
+    add("startup-mapping-assigned", "cleared on an earlier transition",
+        commandFile(mapping + command("#x1c10", 0, "00", "IP") + assigned));
+    add("startup-mapping-assigned", "assigned again before", commandFile(cleared + assigned + mapping),
+        {"9:1: the command for 0x1600:0 maps PDO 0x1600 while it is still assigned: sub-index 0 of its assign object "
+         "was "
+         "not set to 0"});
+    add("startup-mapping-assigned", "just right", commandFile(cleared + mapping + assigned));
+    add("startup-entry-before-clear", "at once", commandFile(command("#x1c10", 1, "0016")),
+        {"6:1: the command for 0x1c10:1 writes an entry before sub-index 0 of the object is 0"});
+    add("startup-entry-before-clear", "after the count", commandFile(cleared + assigned + command("#x1c10", 2, "0116")),
+        {"9:1: the command for 0x1c10:2 writes an entry before sub-index 0 of the object is 0"});
+    add("startup-entry-before-clear", "just right", commandFile(cleared + assigned));
+    add("startup-count-missing", "at the end",
+        commandFile(command("#x1602", 0, "00") + command("#x1602", 2, "08010060")),
+        {"7:1: after the command for 0x1602:2 no command sets sub-index 0 to the number of entries, 2"});
+    add("startup-count-missing", "just right",
+        commandFile(command("#x1602", 0, "00") + command("#x1602", 1, "08010060") + command("#x1602", 0, "01")));
+    add("startup-count-wrong", "one too many",
+        commandFile(cleared + command("#x1c10", 1, "0016") + command("#x1c10", 0, "02")),
+        {"8:1: the command for 0x1c10:0 sets the number of entries to 2, the commands before it write 1"});
+    add("startup-count-wrong", "just right", commandFile(cleared + assigned));
+}
+
+void addCommands()
+{
+    add("startup-data-lost", "5 bytes", commandFile(command("#x8000", 1, "0102030405")),
+        {"6:1: the command for 0x8000:1 has a value of 5 bytes, the format carries 4 and writes 0"});
+    add("startup-data-lost", "4 bytes", commandFile(command("#x8000", 1, "01020304")));
+    const QByteArray whole = command("#x1c32", 0, "01", "PS", "CompleteAccess='1'");
+    add("startup-complete-access", "not declared", commandFile(whole),
+        {"6:1: the command for 0x1c32:0 is a complete access, which the device does not declare"});
+    add("startup-complete-access", "declared", commandFile(whole, "CompleteAccess='1'"));
+    add("startup-transition", "unknown", commandFile(command("#x8000", 1, "01", "PREOP")),
+        {"6:1: the command for 0x8000:1 has no transition that is known, so it is never sent"});
+    add("startup-transition", "a token that is no transition", commandFile(command("#x8000", 1, "01", "rw")),
+        {"6:1: the command for 0x8000:1 has no transition that is known, so it is never sent"});
+    add("startup-transition", "known", commandFile(command("#x8000", 1, "01", "ps")));
+    // A device without PDOs and sync managers for process data gets a command for EoE only, which is in another list.
+    const auto many = [](int count) {
+        return deviceFile("<Mailbox><CoE>" + command("#x8000", 1, "01").repeated(count) + "</CoE></Mailbox>");
+    };
+    add("startup-count", "255", many(255), {"2:1: 255 startup commands, firmware up to 20240929 takes 254"});
+    add("startup-count", "254", many(254));
+}
+
+} // namespace
+
+void tst_PdoRules::rules_data()
+{
+    ruleRows::addColumns();
+    addIndexes();
+    addContents();
+    addAssignment();
+    addMappingOrder();
+    addCommands();
+}
+
+static const testMain::Registration<tst_PdoRules, testMain::NoApplication> registration;
+#include "tst_PdoRules.moc"
