@@ -38,6 +38,16 @@ std::uint64_t objectKey(std::uint32_t index, std::uint32_t subIndex)
 
 // ---- PDOs ----
 
+bool movesWithSlot(const struct_EntryPDOContent& /*entry*/)
+{
+    return false;
+}
+
+bool movesWithSlot(const struct_moduleEntry& entry)
+{
+    return entry.indexAttributes.DependOnSlot;
+}
+
 template<typename Entries>
 std::vector<EntryFacts> entriesFrom(const Entries& entries, const xml::Element* pdo, Where without)
 {
@@ -51,8 +61,8 @@ std::vector<EntryFacts> entriesFrom(const Entries& entries, const xml::Element* 
     facts.reserve(entries.size());
     for (const auto& entry : entries) {
         const auto found = places.take(objectKey(indexOf(entry), entry.SubIndex));
-        facts.push_back({found.has_value() ? places.whereOf(*found) : without, indexOf(entry), entry.SubIndex,
-                         bitLengthOf(entry), entry.Name, entry.DataType, entry.Linkto});
+        facts.push_back({found.has_value() ? places.whereOf(*found) : without, indexOf(entry), movesWithSlot(entry),
+                         entry.SubIndex, bitLengthOf(entry), entry.Name, entry.DataType, entry.Linkto});
     }
     return facts;
 }
@@ -69,6 +79,7 @@ void addOwn(PdoFacts& facts, const struct_PDOList& pdo)
 void addOwn(PdoFacts& facts, const modulePdo& pdo)
 {
     facts.place = pdo.Instances;
+    facts.movesWithSlot = pdo.indexAttributes.DependOnSlot;
 }
 
 /// What of a PDO is in its element alone.

@@ -42,7 +42,7 @@ template<typename Facts> void checkTwice(const Facts& facts, Report& report)
             continue;
         const auto [first, isNew] = firstOnes.try_emplace({unit.vendor, unit.product, unit.revision}, unit.owner.index);
         if (!isNew)
-            report.add(unit.where, QStringLiteral("the device %1 of the file is %2:%3:%4 as well")
+            report.add(unit.where, QStringLiteral("device %1 of the file has the identity %2:%3:%4 too")
                                        .arg(QString::number(first->second + 1), hexNumber(unit.vendor),
                                             hexNumber(unit.product), hexNumber(unit.revision)));
     }
@@ -105,7 +105,7 @@ constexpr std::array rules{
          "Give the devices different revisions, or take one of them out.",
          "<Type ProductCode=\"#x1001\" RevisionNo=\"#x1\">A</Type> ... <Type ProductCode=\"#x1001\" "
          "RevisionNo=\"#x1\">B</Type>",
-         {checkTwice<EsiFacts>, nullptr, nullptr}},
+         {checkTwice<EsiFacts>, checkTwice<KtlFacts>, nullptr}},
     Rule{"name-missing",
          Severity::Warning,
          "a device or module has no name",

@@ -125,7 +125,7 @@ void BlockReader::addPdo(const KtlFileItem& item)
     pdo.isFixed = record.head.Fixed != 0;
     pdo.isMandatory = record.head.Mandatory != 0;
     addRecords(item, record.entries, [&](const struct_KTL_EntryPDOContent& entry, Where where) {
-        pdo.entries.push_back({where, entry.Index, entry.SubIndex, entry.Bitlen, {}, {}, entry.LinkToData});
+        pdo.entries.push_back({where, entry.Index, false, entry.SubIndex, entry.Bitlen, {}, {}, entry.LinkToData});
     });
 }
 

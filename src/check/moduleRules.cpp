@@ -11,6 +11,7 @@
 #include <array>
 #include <map>
 #include <string_view>
+#include <tuple>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -96,6 +97,71 @@ void checkObjectCollision(const UnitFacts& unit, Report& report)
     }
 }
 
+/// Whether indexes that move with the slot meet those of another place.
+/// @param moving  each with its sub-index; gets sorted
+/// @param step    from place to place
+bool meet(std::vector<std::pair<std::uint32_t, std::uint16_t>>& moving, std::uint32_t step, std::uint32_t places)
+{
+    if (places < 2 || moving.empty())
+        return false;
+    if (step == 0)
+        return true;
+    // Those that can meet have the same sub-index and are whole steps apart.
+    const auto isBefore = [step](const auto& left, const auto& right) {
+        return std::make_tuple(left.first, left.second % step, left.second)
+               < std::make_tuple(right.first, right.second % step, right.second);
+    };
+    std::sort(moving.begin(), moving.end(), isBefore);
+    moving.erase(std::unique(moving.begin(), moving.end()), moving.end());
+    for (std::size_t index = 1; index < moving.size(); ++index) {
+        const auto& [subBefore, before] = moving[index - 1];
+        const auto& [sub, here] = moving[index];
+        if (sub == subBefore && here % step == before % step && (here - before) / step < places)
+            return true;
+    }
+    return false;
+}
+
+/// What of a module moves with the slot.
+struct MovingIndexes
+{
+    std::vector<std::pair<std::uint32_t, std::uint16_t>> pdos; ///< with sub-index 0
+    std::vector<std::pair<std::uint32_t, std::uint16_t>> objects;
+};
+
+MovingIndexes movingIndexesOf(const UnitFacts& module)
+{
+    MovingIndexes moving;
+    for (const PdoFacts& pdo : module.pdos) {
+        if (pdo.movesWithSlot)
+            moving.pdos.emplace_back(0, pdo.index);
+        for (const EntryFacts& entry : pdo.entries)
+            if (entry.movesWithSlot && entry.index != 0)
+                moving.objects.emplace_back(entry.subIndex, entry.index);
+    }
+    return moving;
+}
+
+void checkIncrement(const EsiFacts& facts, Report& report)
+{
+    const ModuleLookUp modules(facts);
+    const QString text =
+        QStringLiteral("%1 of the module that move with the slot meet those of another place: %2 is %3, and "
+                       "device %4 has %5 places for it");
+    for (const ModulePlaces& row : modulePlacesOf(facts, modules)) {
+        MovingIndexes moving = movingIndexesOf(*row.module);
+        const auto tell = [&](const char* what, const char* name, std::uint32_t step) {
+            report.addAbout(row.module->owner, row.module->where,
+                            text.arg(QLatin1String(what), QLatin1String(name), hexNumber(step),
+                                     QString::number(row.device + 1), QString::number(row.places)));
+        };
+        if (meet(moving.pdos, row.pdoStep, row.places))
+            tell("PDOs", "SlotPdoIncrement", row.pdoStep);
+        if (meet(moving.objects, row.objectStep, row.places))
+            tell("objects", "SlotIndexIncrement", row.objectStep);
+    }
+}
+
 // ---- Other files ----
 
 /// Name of a file without its folders, whichever system they are of.
@@ -145,6 +211,16 @@ constexpr std::array rules{
          "Name it in a slot, or take it out.",
          "<Module><Type ModuleIdent=\"#x99\">Spare</Type></Module>",
          {checkSlot, nullptr, nullptr}},
+    Rule{"module-increment",
+         Severity::Warning,
+         "an increment too small for a module",
+         "A device has two places or more for a module, and PDOs or objects of the module that move with the slot have "
+         "the "
+         "indexes, moved by SlotPdoIncrement or SlotIndexIncrement, that others of it have at another place.",
+         "With two such modules in the device the PDOs or objects of the one are those of the other.",
+         "Make the increment larger than the range of indexes that a module takes.",
+         "<Slots SlotPdoIncrement=\"1\"> with a module that has the TxPdos 0x1a00 and 0x1a01",
+         {checkIncrement, nullptr, nullptr}},
     Rule{"module-pdo-collision",
          Severity::Error,
          "PDO indexes of modules collide",

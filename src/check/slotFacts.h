@@ -25,8 +25,22 @@ struct SlotFacts
 /// The slots of a file, in its order.
 [[nodiscard]] std::vector<SlotFacts> slotsOf(const EsiFacts& facts);
 
+/// A number that a slot declares itself, or the device for all slots; 0 without one.
+/// @param name  of the attribute
+[[nodiscard]] std::uint32_t declaredStep(const SlotFacts& slot, std::string_view name);
+
 /// The classes of modules that a slot takes; those without a text are left out.
 [[nodiscard]] std::vector<std::string_view> classesOf(const struct_Slot& slot);
+
+/// Places that a device has for a module, over all slots that take it and belong to no group.
+struct ModulePlaces
+{
+    const UnitFacts* module;
+    std::size_t device; ///< its place in the file
+    std::uint32_t places;
+    std::uint32_t pdoStep; ///< the largest that a slot declares, or the device for all its slots
+    std::uint32_t objectStep; ///< as above
+};
 
 /// The modules of a file by what slots refer to.
 class ModuleLookUp
@@ -49,5 +63,8 @@ private:
     std::vector<std::string_view> m_classes; ///< by the place of the module in the file
     std::unordered_map<std::uint32_t, const UnitFacts*> m_byIdent;
 };
+
+/// The places for each module in each device that has some.
+[[nodiscard]] std::vector<ModulePlaces> modulePlacesOf(const EsiFacts& facts, const ModuleLookUp& modules);
 
 } // namespace check

@@ -74,29 +74,36 @@ void checkInstances(const EsiFacts& facts, Report& report)
     }
 }
 
-constexpr std::array<std::string_view, 2> increments{"SlotPdoIncrement", "SlotIndexIncrement"};
+/// A step of slots.
+struct Increment
+{
+    std::string_view name;
+    std::uint32_t SlotAttributes::*exported;
+};
+
+constexpr std::array increments{
+    Increment{"SlotPdoIncrement", &SlotAttributes::SlotPdoIncrement},
+    Increment{"SlotIndexIncrement", &SlotAttributes::SlotIndexIncrement},
+};
 
 /// A slot of a group moves by the group, so its own step does not count.
-void checkIncrement(const SlotFacts& slot, std::string_view name, Report& report)
+void checkIncrement(const SlotFacts& slot, const Increment& increment, Report& report)
 {
-    const std::string_view own = slot.element.attribute(name);
-    const std::string_view common = slot.slotList.attribute(name);
-    if (own.data() == nullptr || common.data() == nullptr || slot.record->Attributes.m_SlotGroup >= 0)
-        return;
-    const std::uint32_t ofSlot = toUint(own);
-    const std::uint32_t ofDevice = toUint(common);
-    if (ofSlot != 0 && ofDevice != 0 && ofSlot != ofDevice)
+    const std::uint32_t own = toUint(slot.element.attribute(increment.name));
+    const std::uint32_t exported = slot.record->Attributes.*increment.exported;
+    if (own != 0 && own != exported && slot.record->Attributes.m_SlotGroup < 0)
         report.addAbout(slot.device->owner, slot.element.placeKey(),
-                        QStringLiteral("%1 has %2 %3, the device has %4, and the controller handles one")
-                            .arg(labelOf(slot), QString::fromLatin1(name.data(), static_cast<int>(name.size())),
-                                 hexNumber(ofSlot), hexNumber(ofDevice)));
+                        QStringLiteral("%1 has %2 %3 and goes out with %4: the controller handles one for all slots")
+                            .arg(labelOf(slot),
+                                 QString::fromLatin1(increment.name.data(), static_cast<int>(increment.name.size())),
+                                 hexNumber(own), hexNumber(exported)));
 }
 
 void checkIncrements(const EsiFacts& facts, Report& report)
 {
     for (const SlotFacts& slot : slotsOf(facts))
-        for (const std::string_view name : increments)
-            checkIncrement(slot, name, report);
+        for (const Increment& increment : increments)
+            checkIncrement(slot, increment, report);
 }
 
 void checkIdentTwice(const EsiFacts& facts, Report& report)
@@ -147,7 +154,7 @@ constexpr std::array rules{
          "The controller handles one increment for all slots of a device: the PDOs or objects of the modules in this "
          "slot "
          "get the wrong indexes.",
-         "Use one increment for all slots.",
+         "Use one increment for all slots, and declare it at the Slots element.",
          "<Slots SlotPdoIncrement=\"1\"><Slot SlotPdoIncrement=\"2\"/></Slots>",
          {checkIncrements, nullptr, nullptr}},
     Rule{"slot-ident-twice",

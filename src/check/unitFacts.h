@@ -55,6 +55,7 @@ struct EntryFacts
 {
     Where where = 0;
     std::uint16_t index = 0; ///< 0 for a gap
+    bool movesWithSlot = false; ///< its index depends on the slot of its module
     std::uint32_t subIndex = 0;
     int bits = 0; ///< negative for a number above 2^31 in a file
     std::string_view name;
@@ -70,6 +71,7 @@ struct PdoFacts
     bool isCopy = false; ///< of a sample, or of a module in a slot
     int place = -1; ///< of the module that it is a copy of; -1 for a PDO of the device itself
     std::uint16_t index = 0;
+    bool movesWithSlot = false; ///< its index depends on the slot of its module
     std::string_view name;
     int syncManager = -1; ///< -1 if it is not assigned
     bool isFixed = false;

@@ -35,26 +35,37 @@ inline QStringList linesOf(const check::Findings& findings, const char* code)
     return lines;
 }
 
-/// The findings of an ESI file. One that cannot be read has none.
-inline check::Findings findingsIn(const QByteArray& file)
+/// An ESI file that was read.
+struct LoadedFile
 {
-    const EsiTreeResult read = esiTreeOf(file.toStdString());
-    if (!read.tree.has_value())
-        return {};
-    EsiLoadResult loaded = declaredFileFrom(*read.tree, QStringLiteral("test.xml"), Dictionaries::AreSkipped);
-    bool isComplete = true;
-    try {
-        completeFile(loaded.file);
-    } catch (const std::out_of_range&) {
-        isComplete = false;
+    explicit LoadedFile(const QByteArray& bytes)
+        : read(esiTreeOf(bytes.toStdString()))
+    {
+        if (!read.tree.has_value())
+            return;
+        file = declaredFileFrom(*read.tree, QStringLiteral("test.xml"), Dictionaries::AreSkipped).file;
+        try {
+            completeFile(file);
+        } catch (const std::out_of_range&) {
+            isComplete = false;
+        }
     }
-    return check::checkEsi({*read.tree, loaded.file, isComplete, {}});
-}
+
+    /// None in a file that cannot be read.
+    [[nodiscard]] check::Findings findings(const QStringList& givenFiles = {}) const
+    {
+        return read.tree.has_value() ? check::checkEsi({*read.tree, file, isComplete, givenFiles}) : check::Findings();
+    }
+
+    EsiTreeResult read;
+    struct_FilenameDevice file;
+    bool isComplete = true;
+};
 
 /// The findings of one rule in an ESI file, see `linesOf`.
 inline QStringList findingsOf(const char* code, const QByteArray& file)
 {
-    return linesOf(findingsIn(file), code);
+    return linesOf(LoadedFile(file).findings(), code);
 }
 
 } // namespace checkParts

@@ -39,7 +39,7 @@ void addIdentity()
     add("revision-number", "given", right);
     const QByteArray twin = "</Device>\n<Device><Type ProductCode='1' RevisionNo='2'>T2</Type><Name>Twin</Name>";
     add("identity-twice", "in other digits", deviceFile(twin),
-        {"4:1: the device 1 of the file is 0x7e57:0x1:0x2 as well"});
+        {"4:1: device 1 of the file has the identity 0x7e57:0x1:0x2 too"});
     add("identity-twice", "another revision", deviceFile(QByteArray(twin).replace("RevisionNo='2'", "RevisionNo='3'")));
 }
 

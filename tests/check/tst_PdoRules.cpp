@@ -12,6 +12,8 @@ class tst_PdoRules : public QObject
 private slots:
     static void rules_data();
     static void rules() { ruleRows::check(); }
+    static void link_data();
+    static void link();
 };
 
 namespace {
@@ -170,6 +172,29 @@ void tst_PdoRules::rules_data()
     addAssignment();
     addMappingOrder();
     addCommands();
+}
+
+void tst_PdoRules::link_data()
+{
+    QTest::addColumn<int>("link");
+    QTest::addColumn<int>("bits");
+    QTest::addColumn<QStringList>("findings");
+    const QString text("4:36: entry 0x6000:1 of PDO 0x1a00 has %1 bits, its link %2 takes %3");
+    QTest::addRow("16 bits to an analog input of 32") << -5 << 16 << QStringList{text.arg(16).arg("AIN32").arg(32)};
+    QTest::addRow("32 bits to an analog input of 32") << -5 << 32 << QStringList();
+    QTest::addRow("32 bits to an analog output of 16") << -7 << 32 << QStringList{text.arg(32).arg("AOUT16").arg(16)};
+    QTest::addRow("16 bits to an encoder") << -10 << 16 << QStringList{text.arg(16).arg("ENCODER32").arg(32)};
+    QTest::addRow("8 bits to digital inputs") << -1 << 8 << QStringList();
+    QTest::addRow("not linked") << 0 << 16 << QStringList();
+}
+
+void tst_PdoRules::link()
+{
+    QFETCH(int, link);
+    QFETCH(int, bits);
+    checkParts::LoadedFile loaded(deviceFile(outputsAndInputs + input("Sm='1'", "#x1a00", entry(bits))));
+    loaded.file.device.at(0).TxPdo.vpdo.at(0).Entry.vPdo_c.at(0).Linkto = link;
+    QTEST(checkParts::linesOf(loaded.findings(), "pdo-link"), "findings");
 }
 
 static const testMain::Registration<tst_PdoRules, testMain::NoApplication> registration;
