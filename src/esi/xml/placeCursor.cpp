@@ -27,19 +27,14 @@ Place PlaceCursor::moveTo(PlaceKey key)
 /// @param text  from the position of the cursor on; no node begins between CR and LF
 void PlaceCursor::pass(std::string_view text)
 {
-    // Files end all of their lines by LF or none, so CRs are looked for line by line.
+    // Most files have a CR before each LF or none at all, so CRs are looked for line by line.
     for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
-        const bool isPair = end > 0 && text[end - 1] == '\r';
-        passPartOfLine(text.substr(0, isPair ? end - 1 : end));
+        const std::string_view line = text.substr(0, end);
+        for (std::size_t at = line.find('\r'); at < line.size() - 1; at = line.find('\r', at + 1))
+            m_place.line += 1;
         m_place = {m_place.line + 1, 1};
         text.remove_prefix(end + 1);
     }
-    passPartOfLine(text);
-}
-
-/// @param text  without LF
-void PlaceCursor::passPartOfLine(std::string_view text)
-{
     for (std::size_t end = text.find('\r'); end != std::string_view::npos; end = text.find('\r')) {
         m_place = {m_place.line + 1, 1};
         text.remove_prefix(end + 1);

@@ -24,7 +24,6 @@ public:
 
 private:
     void pass(std::string_view text);
-    void passPartOfLine(std::string_view text);
 
     const Tree& m_tree;
     std::size_t m_position = 0;
