@@ -80,6 +80,7 @@ void addOwn(PdoFacts& facts, const modulePdo& pdo)
 {
     facts.place = pdo.Instances;
     facts.movesWithSlot = pdo.indexAttributes.DependOnSlot;
+    facts.movesWithGroup = pdo.indexAttributes.DependOnSlotGroup;
 }
 
 /// What of a PDO is in its element alone.

@@ -38,7 +38,7 @@ template<typename Facts> void checkTwice(const Facts& facts, Report& report)
 {
     std::map<std::tuple<std::uint32_t, std::uint32_t, std::uint32_t>, std::size_t> firstOnes;
     for (const UnitFacts& unit : facts.units) {
-        if (!unit.isDevice())
+        if (!unit.isDevice() || unit.product == 0) // which is told anyway
             continue;
         const auto [first, isNew] = firstOnes.try_emplace({unit.vendor, unit.product, unit.revision}, unit.owner.index);
         if (!isNew)
@@ -86,7 +86,7 @@ constexpr std::array rules{
         "The Type element of a device has no ProductCode, or one that is read as 0.",
         "The controller finds a device on the bus by vendor, product and revision. A device with the product code 0 is "
         "taken for another one, or for none.",
-        "Give the product code that the EEPROM of the device holds.",
+        "Give the product code that the EEPROM of the device holds. A part without an EtherCAT controller has none.",
         "<Type RevisionNo=\"#x1\">MB-C100</Type>",
         {nullptr, nullptr, checkProduct}},
     Rule{"revision-number",
@@ -100,7 +100,8 @@ constexpr std::array rules{
     Rule{"identity-twice",
          Severity::Warning,
          "two devices of a file have the same identity",
-         "A device has the vendor id, product code and revision number of one before it in the file.",
+         "A device has the vendor id, product code and revision number of one before it in the file. Devices without a "
+         "product code are passed over.",
          "Which of the two descriptions is used for a device on the bus is left to chance.",
          "Give the devices different revisions, or take one of them out.",
          "<Type ProductCode=\"#x1001\" RevisionNo=\"#x1\">A</Type> ... <Type ProductCode=\"#x1001\" "

@@ -30,11 +30,17 @@ void checkTwice(const UnitFacts& unit, Report& report)
             report.add(pdo.where, QStringLiteral("%1 is there twice").arg(labelOf(pdo)));
 }
 
+/// Whether the index of a PDO is the one that it has in the device: one that moves has it in the slot, as a copy.
+bool isInPlace(const PdoFacts& pdo, const UnitFacts& unit)
+{
+    return pdo.movesWithSlot || pdo.movesWithGroup ? unit.isDevice() : !pdo.isCopy;
+}
+
 void checkRange(const UnitFacts& unit, Report& report)
 {
     for (const PdoFacts& pdo : unit.pdos) {
         const ObjectArea& area = pdo.isInput ? inputMappings : outputMappings;
-        if (!pdo.isCopy && !pdo.entries.empty() && !area.holds(pdo.index))
+        if (isInPlace(pdo, unit) && !pdo.entries.empty() && !area.holds(pdo.index))
             report.add(pdo.where, QStringLiteral("%1 is outside %2 to %3, the indexes of %4")
                                       .arg(labelOf(pdo), hexNumber(area.first), hexNumber(area.last),
                                            QLatin1String(pdo.isInput ? "TxPdos" : "RxPdos")));
@@ -159,7 +165,7 @@ constexpr std::array rules{
         Severity::Warning,
         "a PDO index outside its range",
         "The index of an RxPdo with entries is not within 0x1600 to 0x17ff, or that of a TxPdo with entries not within "
-        "0x1a00 to 0x1bff.",
+        "0x1a00 to 0x1bff. PDOs of modules that move with the slot are looked at where they come to lie.",
         "Devices look for the mapping of PDOs in these objects. Elsewhere a startup command is refused.",
         "Correct the index, or swap RxPdo and TxPdo: names are as the device sees them, an RxPdo is what it receives.",
         "<RxPdo><Index>#x1a00</Index></RxPdo>",

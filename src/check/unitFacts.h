@@ -72,6 +72,7 @@ struct PdoFacts
     int place = -1; ///< of the module that it is a copy of; -1 for a PDO of the device itself
     std::uint16_t index = 0;
     bool movesWithSlot = false; ///< its index depends on the slot of its module
+    bool movesWithGroup = false; ///< its index depends on the group of that slot
     std::string_view name;
     int syncManager = -1; ///< -1 if it is not assigned
     bool isFixed = false;

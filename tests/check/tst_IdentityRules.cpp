@@ -40,6 +40,12 @@ void addIdentity()
     const QByteArray twin = "</Device>\n<Device><Type ProductCode='1' RevisionNo='2'>T2</Type><Name>Twin</Name>";
     add("identity-twice", "in other digits", deviceFile(twin),
         {"4:1: device 1 of the file has the identity 0x7e57:0x1:0x2 too"});
+    add("identity-twice", "without product code",
+        deviceFile(twin)
+            .replace("ProductCode='1'", "")
+            .replace("ProductCode=\"#x1\"", "")
+            .replace("RevisionNo='2'", "")
+            .replace("RevisionNo=\"#x2\"", ""));
     add("identity-twice", "another revision", deviceFile(QByteArray(twin).replace("RevisionNo='2'", "RevisionNo='3'")));
 }
 

@@ -114,6 +114,12 @@ void addCollisions()
     add("module-object-collision", "an index that stays", fixed,
         {"2:1: object 0x6000:1 of the module at place 1 is mapped from place 0 as well"});
     add("module-object-collision", "an index that moves", moving);
+    add("pdo-index-range", "a module in its slot",
+        slotFile(twoDefaults, module("1", input("#x1bff", moves, "#x6000")), steps),
+        {"2:1: PDO 0x1c00 is outside 0x1a00 to 0x1bff, the indexes of TxPdos"});
+    add("pdo-index-range", "a module that begins below",
+        slotFile(slot("MaxInstances='1'", {}) + slot("MaxInstances='1'", "<ModuleIdent Default='1'>1</ModuleIdent>"),
+                 module("1", input("#x19ff", moves, "#x6000")), steps));
     const QByteArray twoPlaces = slot("MaxInstances='2'", "<ModuleIdent>1</ModuleIdent>");
     const auto withPdos = [&](const char* second, const char* step) {
         return slotFile(twoPlaces, module("1", input("#x1a00", moves, "#x6000") + input(second, moves, "#x6001")),
