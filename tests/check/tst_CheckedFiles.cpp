@@ -1,0 +1,117 @@
+// Samples, and every real ESI file if the folder of them is there: what is found, and that exports of theirs are
+// checked without a finding about the items.
+#include "checkParts.h"
+#include "ktl/ktlBytes.h"
+#include "ktl/ktlExport.h"
+#include "ktl/writing/ktlFile.h"
+#include "testMain.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QtTest>
+
+#include <vector>
+
+class tst_CheckedFiles : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    static void samples_data();
+    static void samples();
+    static void realFiles_data();
+    static void realFiles();
+};
+
+namespace {
+
+QByteArray contentsOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// What is found, as "line:column: text [rule]".
+QStringList allLines(const check::Findings& findings)
+{
+    QStringList lines;
+    for (const check::Finding& finding : findings.list)
+        lines += QStringLiteral("%1:%2: %3 [%4]")
+                     .arg(finding.place.line)
+                     .arg(finding.place.column)
+                     .arg(finding.text,
+                          QString::fromUtf8(finding.rule->code.data(), static_cast<int>(finding.rule->code.size())));
+    return lines;
+}
+
+/// Codes of the findings in an export of all devices that are about its items.
+QStringList itemFindings(const struct_FilenameDevice& file)
+{
+    std::vector<struct_FilenameDevice> files{file};
+    int error = 0;
+    bool isWritten = false;
+    const QByteArray ktl = writtenBy([&](std::FILE* out) {
+        isWritten = writeDevices(
+            out, files, [](std::size_t, std::size_t) { return true; }, &error, QDateTime::currentDateTime());
+    });
+    if (!isWritten)
+        return {QStringLiteral("not written")};
+    QStringList codes;
+    for (const check::Finding& finding : check::checkKtl({ktl.begin(), ktl.end()}).list)
+        if (finding.rule->code.substr(0, 4) == "ktl-")
+            codes += QString::fromUtf8(finding.rule->code.data(), static_cast<int>(finding.rule->code.size()));
+    return codes;
+}
+
+void addFiles(const QString& folder)
+{
+    QTest::addColumn<QString>("path");
+    for (const QFileInfo& file : QDir(folder).entryInfoList({QStringLiteral("*.xml")}))
+        QTest::newRow(file.fileName().toUtf8().constData()) << file.filePath();
+}
+
+} // namespace
+
+void tst_CheckedFiles::samples_data()
+{
+    addFiles(QStringLiteral(KINETRA_SOURCE_DIR "/samples"));
+}
+
+void tst_CheckedFiles::samples()
+{
+    QFETCH(QString, path);
+    const checkParts::LoadedFile loaded(contentsOf(path));
+    QVERIFY(loaded.read.tree.has_value());
+    // The one that samples/README.md names.
+    const QStringList expected =
+        path.endsWith(QStringLiteral("servo-drive.xml"))
+            ? QStringList{"1710:13: the command for 0x2f10:0 has a value of 8 bytes, the format "
+                          "carries 4 and writes 0 [startup-data-lost]"}
+            : QStringList();
+    QCOMPARE(allLines(loaded.findings()), expected);
+    QCOMPARE(itemFindings(loaded.file), QStringList());
+}
+
+void tst_CheckedFiles::realFiles_data()
+{
+    addFiles(QStringLiteral(KINETRA_SOURCE_DIR "/../shared/esi"));
+    if (!QDir(QStringLiteral(KINETRA_SOURCE_DIR "/../shared/esi")).exists())
+        QTest::newRow("none is there") << QString();
+}
+
+void tst_CheckedFiles::realFiles()
+{
+    QFETCH(QString, path);
+    const checkParts::LoadedFile loaded(contentsOf(path));
+    if (!loaded.read.tree.has_value())
+        return; // not well-formed, or none is there
+    for (const check::Finding& finding : loaded.findings().list) {
+        QVERIFY(finding.place.line > 0);
+        QVERIFY(!finding.text.isEmpty());
+    }
+    QCOMPARE(itemFindings(loaded.file), QStringList());
+}
+
+static const testMain::Registration<tst_CheckedFiles, testMain::NoApplication> registration;
+#include "tst_CheckedFiles.moc"
