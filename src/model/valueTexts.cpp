@@ -76,8 +76,8 @@ bool isHexadecimal(const QString& upper)
            || std::any_of(marks.cbegin(), marks.cend(), [&](QLatin1String mark) { return upper.contains(mark); });
 }
 
-/// The rule of `toUint` and `toInt`, which differ in the last read only.
-template<typename Number> Number toNumber(QStringView text, Number (QString::*read)(bool*, int) const)
+/// The rule of `toUint` and `toInt`, which differ in the last read only. Nothing for a text that does not convert.
+template<typename Number> std::optional<Number> toNumber(QStringView text, Number (QString::*read)(bool*, int) const)
 {
     QString upper = upperCased(text);
     // ODD, KEPT: part of a word counts, so "untrue" is 1, where one would expect the whole word to be compared. Pinned
@@ -95,7 +95,7 @@ template<typename Number> Number toNumber(QStringView text, Number (QString::*re
     }
     bool converted = false;
     const Number number = (upper.*read)(&converted, base);
-    return converted ? number : 0;
+    return converted ? std::optional(number) : std::nullopt;
 }
 
 /// Value of a hexadecimal digit, which is that of a decimal one too; 16 for any other character.
@@ -195,12 +195,12 @@ NMTOKEN toToken(QStringView text)
 
 std::uint32_t toUint(QStringView text)
 {
-    return toNumber<std::uint32_t>(text, &QString::toUInt);
+    return toNumber<std::uint32_t>(text, &QString::toUInt).value_or(0);
 }
 
 std::int32_t toInt(QStringView text)
 {
-    return toNumber<std::int32_t>(text, &QString::toInt);
+    return toNumber<std::int32_t>(text, &QString::toInt).value_or(0);
 }
 
 std::uint32_t toUintFromBytes(QStringView text)
@@ -235,16 +235,26 @@ NMTOKEN toToken(std::string_view text)
     return toToken(fromUtf8(text));
 }
 
-std::uint32_t toUint(std::string_view text)
+std::optional<std::uint32_t> convertedUint(std::string_view text)
 {
     if (const std::optional<std::uint32_t> number = usualNumber(text))
-        return *number;
-    return toUint(fromUtf8(text));
+        return number;
+    return toNumber<std::uint32_t>(fromUtf8(text), &QString::toUInt);
+}
+
+std::optional<std::int32_t> convertedInt(std::string_view text)
+{
+    return toNumber<std::int32_t>(fromUtf8(text), &QString::toInt);
+}
+
+std::uint32_t toUint(std::string_view text)
+{
+    return convertedUint(text).value_or(0);
 }
 
 std::int32_t toInt(std::string_view text)
 {
-    return toInt(fromUtf8(text));
+    return convertedInt(text).value_or(0);
 }
 
 std::uint32_t toUintFromBytes(std::string_view text)

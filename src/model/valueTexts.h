@@ -7,6 +7,7 @@
 #include <QStringView>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -29,6 +30,10 @@
 /// As `toUint`, but signed: "-5" is -5, and a hexadecimal number above 0x7FFFFFFF does not convert.
 [[nodiscard]] std::int32_t toInt(QStringView text);
 [[nodiscard]] std::int32_t toInt(std::string_view text);
+
+/// As `toUint` and `toInt`, but nothing for a text that does not convert.
+[[nodiscard]] std::optional<std::uint32_t> convertedUint(std::string_view text);
+[[nodiscard]] std::optional<std::int32_t> convertedInt(std::string_view text);
 
 /// Number of a text of hexadecimal byte pairs, the least significant byte first: "0A0B" is 0x0B0A. With "#x" in it the
 /// rest is read as it is. More than four bytes, or a text that does not convert, gives 0.

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <optional>
 
 class tst_ValueTextNumbers : public QObject
 {
@@ -20,6 +21,7 @@ private slots:
     static void signedOnly();
     static void bytePairs_data();
     static void bytePairs();
+    static void convertedOrNot();
 };
 
 /// Numbers with a mark, or a digit that is one.
@@ -179,6 +181,25 @@ void tst_ValueTextNumbers::bytePairs()
     QFETCH(unsigned int, expected);
     QCOMPARE(toUintFromBytes(text), expected);
     QCOMPARE(toUintFromBytes(std::string_view(text.toStdString())), expected);
+}
+
+// A text that does not convert is told from a 0.
+void tst_ValueTextNumbers::convertedOrNot()
+{
+    using Unsigned = std::optional<std::uint32_t>;
+    using Signed = std::optional<std::int32_t>;
+    for (const char* const zero : {"0", "#x0", "000000000000", "false", " 0 "}) {
+        QVERIFY(convertedUint(zero) == Unsigned(0));
+        QVERIFY(convertedInt(zero) == Signed(0));
+    }
+    for (const char* const none : {"", "x", "1.5", "#x", "4294967296", "#x100000000"}) {
+        QVERIFY(convertedUint(none) == Unsigned());
+        QVERIFY(convertedInt(none) == Signed());
+    }
+    QVERIFY(convertedUint("-1") == Unsigned());
+    QVERIFY(convertedInt("-1") == Signed(-1));
+    QVERIFY(convertedUint("#x80000000") == Unsigned(0x80000000U));
+    QVERIFY(convertedInt("#x80000000") == Signed());
 }
 
 static const testMain::Registration<tst_ValueTextNumbers, QCoreApplication> registration;
