@@ -6,6 +6,9 @@
 #include "check/rules.h"
 #include "esi/xml/placeCursor.h"
 
+#include <algorithm>
+#include <tuple>
+
 namespace check {
 
 namespace {
@@ -34,8 +37,16 @@ Findings checkEsi(const EsiSubject& subject)
     const EsiFacts facts = esiFactsOf(subject);
     Findings findings = findingsIn(facts, &RuleChecks::ofEsi);
     xml::PlaceCursor cursor(subject.tree);
+    bool isInOrder = true;
     for (Finding& finding : findings.list)
-        finding.place = cursor.moveTo(finding.where);
+        if (finding.place.line == 0)
+            finding.place = cursor.moveTo(finding.where);
+        else
+            isInOrder = false;
+    if (!isInOrder)
+        std::stable_sort(findings.list.begin(), findings.list.end(), [](const Finding& left, const Finding& right) {
+            return std::tie(left.place.line, left.place.column) < std::tie(right.place.line, right.place.column);
+        });
     return findings;
 }
 

@@ -1,12 +1,14 @@
 // checkFile.h - asks all rules about one file.
 #pragma once
 
+#include "check/encodingFault.h"
 #include "check/finding.h"
 #include "esi/xml/tree.h"
 #include "model/deviceRecords.h"
 
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace check {
@@ -18,6 +20,7 @@ struct EsiSubject
     const struct_FilenameDevice& file; ///< what was read of the tree, with the choices that are to be made
     bool isComplete = true; ///< false if the derivation passes ended in a range error
     QStringList givenFiles; ///< names of all files of the call, without folders
+    std::optional<EncodingFault> encodingFault = std::nullopt; ///< of the bytes of the file
 };
 
 /// The findings in an ESI file, each with its place.

@@ -69,13 +69,14 @@ void addModules(EsiFacts& facts)
 
 EsiFacts esiFactsOf(const EsiSubject& subject)
 {
-    EsiFacts facts{subject, subject.tree.root(), {}, {}, {}, {}};
+    EsiFacts facts{subject, subject.tree.root(), {}, {}, {}, {}, {}};
     const FileElements elements =
         walkFile(subject.tree.root(), [&](const DeviceElements& device) { facts.devices.push_back(device); });
     facts.vendor = elements.vendor.value_or(facts.vendor);
     facts.modules = modulesIn(elements.moduleLists);
     addDevices(facts);
     addModules(facts);
+    facts.tree = treeFactsOf(subject.tree, facts.devices, facts.modules);
     return facts;
 }
 

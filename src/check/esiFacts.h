@@ -3,6 +3,7 @@
 
 #include "check/checkFile.h"
 #include "check/dictionaryFacts.h"
+#include "check/treeFacts.h"
 #include "check/unitFacts.h"
 #include "esi/fileElements.h"
 #include "esi/xml/tree.h"
@@ -21,6 +22,7 @@ struct EsiFacts
     std::vector<xml::Element> modules; ///< in the order of the record's
     std::deque<DictionaryFacts> dictionaries; ///< of devices and modules that have one
     std::vector<UnitFacts> units; ///< the devices, then the modules
+    TreeFacts tree; ///< of all elements
 };
 
 /// The facts of an ESI file.

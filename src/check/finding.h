@@ -37,7 +37,7 @@ struct Finding
     const Rule* rule;
     Owner owner;
     Where where;
-    xml::Place place; ///< in an ESI file, from `where`
+    xml::Place place; ///< in an ESI file: from `where`, if the rule has not set it
     QString text; ///< see `Report::add`
 };
 

@@ -13,16 +13,26 @@ void Report::turnTo(const Rule& rule, const Owner& owner)
 
 void Report::add(Where where, const QString& text)
 {
-    addAbout(m_owner, where, text);
+    add({m_rule, m_owner, where, {}, text});
+}
+
+void Report::add(const xml::Place& place, const QString& text)
+{
+    add({m_rule, m_owner, 0, place, text});
 }
 
 void Report::addAbout(const Owner& owner, Where where, const QString& text)
+{
+    add({m_rule, owner, where, {}, text});
+}
+
+void Report::add(Finding finding)
 {
     ++m_ofRule;
     if (m_ofRule > maxOfRule)
         ++m_findings.omitted;
     else
-        m_findings.list.push_back({m_rule, owner, where, {}, text});
+        m_findings.list.push_back(std::move(finding));
 }
 
 Findings Report::take()

@@ -27,10 +27,18 @@ public:
     /// As above, about a unit that the rule was not asked about.
     void addAbout(const Owner& owner, Where where, const QString& text);
 
+    /// A finding whose place is known already.
+    void add(const xml::Place& place, const QString& text);
+
+    /// Counts findings of this rule that nobody kept.
+    void omit(std::size_t count) { m_findings.omitted += count; }
+
     /// The findings so far, by their place in the file and then in the order of adding; the report is empty then.
     [[nodiscard]] Findings take();
 
 private:
+    void add(Finding finding);
+
     const Rule* m_rule = nullptr;
     Owner m_owner;
     std::size_t m_ofRule = 0; ///< added since the last turn

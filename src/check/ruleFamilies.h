@@ -37,5 +37,8 @@ private:
 [[nodiscard]] RuleFamily slotRules();
 [[nodiscard]] RuleFamily moduleRules();
 [[nodiscard]] RuleFamily ktlRules();
+[[nodiscard]] RuleFamily valueRules();
+[[nodiscard]] RuleFamily encodingRules();
+[[nodiscard]] RuleFamily schemaRules();
 
 } // namespace check

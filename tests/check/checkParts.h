@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <stdexcept>
 
 namespace checkParts {
@@ -40,6 +41,7 @@ struct LoadedFile
 {
     explicit LoadedFile(const QByteArray& bytes)
         : read(esiTreeOf(bytes.toStdString()))
+        , encodingFault(check::encodingFaultOf(bytes.toStdString()))
     {
         if (!read.tree.has_value())
             return;
@@ -54,10 +56,12 @@ struct LoadedFile
     /// None in a file that cannot be read.
     [[nodiscard]] check::Findings findings(const QStringList& givenFiles = {}) const
     {
-        return read.tree.has_value() ? check::checkEsi({*read.tree, file, isComplete, givenFiles}) : check::Findings();
+        return read.tree.has_value() ? check::checkEsi({*read.tree, file, isComplete, givenFiles, encodingFault})
+                                     : check::Findings();
     }
 
     EsiTreeResult read;
+    std::optional<check::EncodingFault> encodingFault;
     struct_FilenameDevice file;
     bool isComplete = true;
 };
