@@ -37,7 +37,7 @@ QString labelOf(const CheckedFile& file, const Owner& owner)
         return {};
     const UnitName* const unit = unitOf(file, owner);
     const QString kind = owner.kind == OwnerKind::Device ? QStringLiteral("device") : QStringLiteral("module");
-    const QString label = QStringLiteral("%1 %2").arg(kind, QString::number(numberOf(file, owner)));
+    QString label = QStringLiteral("%1 %2").arg(kind, QString::number(numberOf(file, owner)));
     if (unit == nullptr || (unit->name.empty() && file.kind == FileKind::Ktl))
         return label; // few devices of KTL files have a name
     return label + QLatin1Char(' ') + shownText(QString::fromStdString(unit->name));

@@ -11,8 +11,8 @@ namespace {
 std::vector<const Rule*> collectRules()
 {
     std::vector<const Rule*> rules;
-    for (const RuleFamily& family : {fileRules(), identityRules(), syncManagerRules(), memoryRules(), fmmuRules(), clockRules(),
-                                     pdoRules(), startupRules(), slotRules(), moduleRules(), ktlRules()})
+    for (const RuleFamily& family : {fileRules(), identityRules(), syncManagerRules(), memoryRules(), fmmuRules(),
+                                     clockRules(), pdoRules(), startupRules(), slotRules(), moduleRules(), ktlRules()})
         for (const Rule& rule : family)
             rules.push_back(&rule);
     return rules;

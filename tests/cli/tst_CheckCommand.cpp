@@ -1,4 +1,5 @@
 // `ktl check`: its options, and what its exit status says.
+// Covers checkRequest.cpp, ruleTexts.cpp.
 #include "cli/commandInProcess.h"
 #include "cli/workplace.h"
 #include "testMain.h"

@@ -1,4 +1,5 @@
 // `ktl check` of some devices, and with choices.
+// Covers findingTeller.cpp, unitNames.cpp.
 #include "cli/commandInProcess.h"
 #include "cli/showRun.h"
 #include "cli/workplace.h"

@@ -1,4 +1,5 @@
 // `ktl check --sarif`: what SARIF 2.1.0 asks of the members that are used here.
+// Covers findingSarif.cpp.
 #include "cli/commandInProcess.h"
 #include "cli/workplace.h"
 #include "testMain.h"
