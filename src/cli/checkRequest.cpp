@@ -88,7 +88,7 @@ QList<QCommandLineOption> checkOptions()
 
 QString problemOfCheck(const CommandLine& line)
 {
-    if (const QString problem = problemOfCodes(line); !problem.isEmpty())
+    if (QString problem = problemOfCodes(line); !problem.isEmpty())
         return problem;
     if (line.isSet(rulesSwitch) || line.isSet(explainOption))
         return problemOfTelling(line);
