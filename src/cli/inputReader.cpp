@@ -35,9 +35,8 @@ void readByKind(QFile& file, const QString& path, InputKind kind, Dictionaries d
 
 } // namespace
 
-InputReader::InputReader(const QStringList& paths, AcceptedInputs accepted, Dictionaries dictionaries,
-                         std::size_t cores)
-    : m_paths(paths)
+InputReader::InputReader(QStringList paths, AcceptedInputs accepted, Dictionaries dictionaries, std::size_t cores)
+    : m_paths(std::move(paths))
     , m_accepted(accepted)
     , m_dictionaries(dictionaries)
     , m_work(m_paths, cores, [this](std::size_t index) { return read(m_paths.at(static_cast<int>(index))); })

@@ -31,7 +31,7 @@ class InputReader
 public:
     /// @param paths  as the user gave them, "-" for standard input, once at most
     /// @param cores  files that are read at the same time; memory is taken for as many
-    InputReader(const QStringList& paths, AcceptedInputs accepted, Dictionaries dictionaries, std::size_t cores);
+    InputReader(QStringList paths, AcceptedInputs accepted, Dictionaries dictionaries, std::size_t cores);
 
     /// The next file; to be called once for each.
     [[nodiscard]] ReadInput take() { return m_work.take(); }
