@@ -1,20 +1,12 @@
 // fuzzShow.h - a file in the forms of `ktl show`.
 #pragma once
 
+#include "nowhere.h"
 #include "show/showWriter.h"
 
 #include <ostream>
 #include <sstream>
-#include <streambuf>
 #include <string>
-
-/// Takes everything and keeps nothing.
-class Nowhere : public std::streambuf
-{
-protected:
-    int_type overflow(int_type character) override { return traits_type::not_eof(character); }
-    std::streamsize xsputn(const char* /*bytes*/, std::streamsize size) override { return size; }
-};
 
 /// Writes a file in one form.
 inline void showNowhere(const show::ShownFile& file, const show::Form& form)

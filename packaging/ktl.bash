@@ -5,13 +5,18 @@
 _ktl_warnings='sync-managers|slot-pdo-increment|slot-index-increment|startup-commands|startup-data|module-list'
 _ktl_warnings+='|module-commands|item-count|left-out|same-input'
 
+# How bad a finding can be.
+_ktl_severities='error|warning|note'
+
 # One row per sub-command: its name, the endings of the files that it takes, its options. After the "=" of an option
-# is what its value can be: the ending of a file, words to choose from with "|" between them, or "?" for free text.
+# is what its value can be: the ending of a file, words to choose from with "|" between them, "!" for a rule of the check, or "?" for free text.
 _ktl_sub_commands=(
     "convert xml     -o=ktl --output=ktl --append --force --no-dump --device=? --choices=json --date=? --strict \
 --ignore=$_ktl_warnings --help --version"
     'choices xml     --help --version'
     'show    xml,ktl --json --csv=dictionary|pdo|startup --spreadsheet --help --version'
+    "check   xml,ktl --device=? --choices=json --json --sarif --fail-on=$_ktl_severities --only=! --ignore=! \
+--rules --explain=! --help --version"
     'dump    ktl     --help --version'
 )
 
@@ -41,9 +46,13 @@ _ktl_files()
 # Offers values of an option, or nothing where any text may be.
 _ktl_values()
 {
-    local typed=$1 kind=$2
+    local typed=$1 kind=$2 rules
     case $kind in
         '?') ;;
+        '!')
+            mapfile -t rules < <(ktl check --rules 2>/dev/null)
+            _ktl_words "$typed" "${rules[@]%% *}"
+            ;;
         *'|'*) _ktl_words "$typed" "${kind//|/ }" ;;
         *) _ktl_files "$typed" "$kind" ;;
     esac

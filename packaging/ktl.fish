@@ -17,12 +17,18 @@ function __ktl_option
     complete --command ktl --condition "__fish_seen_subcommand_from $argv[1]" $argv[2..]
 end
 
+# The rules of the check, with what each finds.
+function __ktl_rules
+    ktl check --rules 2>/dev/null | string replace --regex '^(\S+)\s+\S+\s+' '$1\t'
+end
+
 complete --command ktl --no-files
 
-set -l sub_commands convert choices show dump help
+set -l sub_commands convert choices show check dump help
 for row in 'convert:turns ESI files into one KTL file with its text dump' \
         'choices:shows what can be chosen, as a template of a choices file' \
         'show:shows what ESI and KTL files hold' \
+        'check:says what would go wrong on the machine' \
         'dump:shows the text dump of a KTL file' \
         'help:shows the help'
     set -l words (string split --max 1 : $row)
@@ -57,8 +63,22 @@ __ktl_option show --long-option json --description 'Everything, as JSON'
 __ktl_option show --long-option csv --exclusive --arguments 'dictionary pdo startup' --description 'One table as CSV'
 __ktl_option show --long-option spreadsheet --description 'CSV for a spreadsheet program'
 
+# check
+__ktl_option check --arguments '(__ktl_files xml ktl)'
+__ktl_option check --long-option device --exclusive --description 'Tells what is about this device only'
+__ktl_option check --long-option choices --require-parameter --arguments '(__ktl_files json)' \
+    --description 'Checks what would be exported after these choices'
+__ktl_option check --long-option json --description 'Findings as JSON'
+__ktl_option check --long-option sarif --description 'Findings as SARIF'
+__ktl_option check --long-option fail-on --exclusive --arguments 'error warning note' \
+    --description 'Exit status 1 for findings of that severity'
+__ktl_option check --long-option only --exclusive --arguments '(__ktl_rules)' --description 'Asks this rule only'
+__ktl_option check --long-option ignore --exclusive --arguments '(__ktl_rules)' --description 'Does not ask this rule'
+__ktl_option check --long-option rules --description 'Lists all rules'
+__ktl_option check --long-option explain --exclusive --arguments '(__ktl_rules)' --description 'Explains a rule'
+
 # dump
 __ktl_option dump --arguments '(__ktl_files ktl)'
 
 # help
-__ktl_option help --arguments 'convert choices show dump'
+__ktl_option help --arguments 'convert choices show check dump'

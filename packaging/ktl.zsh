@@ -7,10 +7,18 @@ _ktl_sub_commands()
         'convert:turns ESI files into one KTL file with its text dump'
         'choices:shows what can be chosen, as a template of a choices file'
         'show:shows what ESI and KTL files hold'
+        'check:says what would go wrong on the machine'
         'dump:shows the text dump of a KTL file'
         'help:shows the help'
     )
     _describe sub-command sub_commands
+}
+
+# The codes of the check's rules.
+_ktl_rules()
+{
+    local -a rules=(${${(f)"$(ktl check --rules 2>/dev/null)"}%% *})
+    compadd -a rules
 }
 
 _ktl()
@@ -45,6 +53,19 @@ _ktl()
                 '(--csv --spreadsheet)--json[everything, as JSON]' \
                 '(--json)--csv=[one table as CSV]:table:(dictionary pdo startup)' \
                 '(--json)--spreadsheet[CSV for a spreadsheet program]' \
+                '*:ESI or KTL file:_files -g "*.(#i)(xml|ktl)(-.)"'
+            ;;
+        check)
+            _arguments $help \
+                '*--device=[tells what is about this device only]:device: ' \
+                '--choices=[checks what would be exported after these choices]:choices file:_files -g "*.(#i)json(-.)"' \
+                '(--sarif)--json[findings as JSON]' \
+                '(--json)--sarif[findings as SARIF]' \
+                '--fail-on=[exit status 1 for findings of that severity]:severity:(error warning note)' \
+                '*--only=[asks this rule only]:rule:_ktl_rules' \
+                '*--ignore=[does not ask this rule]:rule:_ktl_rules' \
+                '(- *)--rules[lists all rules]' \
+                '(- *)--explain=[explains a rule]:rule:_ktl_rules' \
                 '*:ESI or KTL file:_files -g "*.(#i)(xml|ktl)(-.)"'
             ;;
         dump)

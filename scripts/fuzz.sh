@@ -8,7 +8,7 @@ seconds=${1:-60}
 cmake --preset fuzz
 cmake --build build/fuzz
 work=build/fuzz/run
-mkdir -p "$work"/{esi,ktl-reader,ktl-dump,choices,show-esi,show-ktl,two-roads}
+mkdir -p "$work"/{esi,ktl-reader,ktl-dump,choices,show-esi,show-ktl,check,two-roads}
 build/fuzz/bin/makeEsiSeeds "$work/esi" samples/*.xml
 for sample in samples/*.xml; do
   build/fuzz/bin/ktl convert "$sample" -o "$work/ktl-reader/$(basename "$sample" .xml).ktl" --force
@@ -17,6 +17,7 @@ rm -f "$work"/ktl-reader/*.txt
 cp "$work"/ktl-reader/*.ktl "$work/ktl-dump/"
 cp "$work"/ktl-reader/*.ktl "$work/show-ktl/"
 cp "$work"/esi/*.xml "$work/show-esi/"
+cp "$work"/esi/*.xml "$work"/ktl-reader/*.ktl "$work/check/"
 cp "$work"/esi/*.xml "$work/two-roads/"
 for esi in fuzz/choosableDevices.xml samples/*.xml; do
   seed=$work/choices/$(basename "$esi" .xml)
@@ -41,3 +42,4 @@ run fuzzChoices choices choices.dict 32768
 run fuzzShowKtl show-ktl ktl.dict 32768
 run fuzzShowEsi show-esi esi.dict 8192
 run fuzzTwoRoads two-roads esi.dict 8192
+run fuzzCheck check esi.dict 8192

@@ -35,11 +35,11 @@ if [[ $(complete -p ktl) != *'-F _ktl ktl' ]]; then
 fi
 
 # Sub-commands.
-completes '--help,--version,choices,convert,dump,help,show' ktl ''
-completes 'choices,convert' ktl c
+completes '--help,--version,check,choices,convert,dump,help,show' ktl ''
+completes 'check,choices,convert' ktl c
 completes '--version' ktl --v
 completes '' ktl unknown ''
-completes 'choices,convert' ktl help c
+completes 'check,choices,convert' ktl help c
 
 # Options of each.
 completes '--append,--choices,--date,--device,--force,--help,--ignore,--no-dump,--output,--strict,--version,-o' ktl convert -
@@ -47,12 +47,14 @@ completes '--date,--device' ktl convert drive.xml --d
 completes '--help,--version' ktl choices -
 completes '--csv,--help,--json,--spreadsheet,--version' ktl show -
 completes '--version' ktl show machine.ktl --v
+completes '--choices,--device,--explain,--fail-on,--help,--ignore,--json,--only,--rules,--sarif,--version' ktl check -
 completes '--help,--version' ktl dump -
 
 # Files of each.
 completes 'DRIVE.XML,drive.xml,home,spare parts,two words.xml' ktl convert ''
 completes 'DRIVE.XML,drive.xml,home,spare parts,two words.xml' ktl choices ''
 completes 'DRIVE.XML,drive.xml,home,machine.ktl,spare parts,two words.xml' ktl show ''
+completes 'DRIVE.XML,drive.xml,home,machine.ktl,spare parts,two words.xml' ktl check ''
 completes 'home,machine.ktl,spare parts' ktl dump ''
 completes 'two words.xml' ktl convert drive.xml 'two\ w'
 completes 'two words.xml' ktl convert '"two w'
@@ -70,5 +72,15 @@ completes 'startup-commands,startup-data' ktl convert --ignore st
 completes 'dictionary,pdo,startup' ktl show --csv ''
 completes 'dictionary,pdo,startup' ktl show --csv =
 completes 'startup' ktl show --csv = s
+completes 'error,note,warning' ktl check --fail-on ''
+completes 'choices.json' ktl check --choices c
+
+# Rules come from the command itself.
+ktl()
+{
+    [[ $* == 'check --rules' ]] && printf 'ktl-end   error    an end\nfile-kind  error    a kind\npdo-index  note     an index\n'
+}
+completes 'ktl-end,file-kind' ktl check --only f
+completes 'pdo-index' ktl check --explain = p
 
 [[ $failures -eq 0 ]] || exit 1

@@ -31,6 +31,7 @@ check_command()
     [[ -s chosen.ktl && -s chosen.ktl.txt ]] || fail 'ktl convert wrote nothing with the choices of ktl choices.'
     shown=$(as_user 20 ktl show machine.ktl --json)
     [[ $shown == '{'*'"files"'*'}' ]] || fail "ktl show prints no JSON: $shown"
+    as_user 20 ktl check "$coupler" machine.ktl || fail 'ktl check finds errors in a sample.'
     as_user 20 ktl dump machine.ktl | cmp - machine.ktl.txt || fail 'ktl dump prints another text than convert wrote.'
 }
 

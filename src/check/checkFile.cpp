@@ -3,20 +3,23 @@
 #include "check/esiFacts.h"
 #include "check/ktlFacts.h"
 #include "check/report.h"
-#include "check/rules.h"
+#include "check/unitNames.h"
 #include "esi/xml/placeCursor.h"
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 namespace check {
 
 namespace {
 
-template<typename Facts> Findings findingsIn(const Facts& facts, void (*RuleChecks::*ofFile)(const Facts&, Report&))
+template<typename Facts>
+Findings findingsIn(const Facts& facts, const std::vector<const Rule*>& rules,
+                    void (*RuleChecks::*ofFile)(const Facts&, Report&))
 {
     Report report;
-    for (const Rule* const rule : allRules()) {
+    for (const Rule* const rule : rules) {
         if (rule->checks.*ofFile != nullptr) {
             report.turnTo(*rule, {});
             (rule->checks.*ofFile)(facts, report);
@@ -30,29 +33,50 @@ template<typename Facts> Findings findingsIn(const Facts& facts, void (*RuleChec
     return report.take();
 }
 
+/// Fills in the places of findings and units, in one pass over their file.
+void setPlaces(Findings& findings, const xml::Tree& tree)
+{
+    std::vector<std::pair<Where, xml::Place*>> places;
+    places.reserve(findings.list.size() + findings.units.size());
+    for (Finding& finding : findings.list)
+        if (finding.place.line == 0) // else the rule has given the place
+            places.emplace_back(finding.where, &finding.place);
+    for (UnitName& unit : findings.units)
+        places.emplace_back(unit.where, &unit.place);
+    std::sort(places.begin(), places.end());
+    xml::PlaceCursor cursor(tree);
+    for (const auto& [where, place] : places)
+        *place = cursor.moveTo(where);
+}
+
+/// Puts findings whose places rules have given among the others.
+void sortByPlace(std::vector<Finding>& findings)
+{
+    const auto isBefore = [](const Finding& left, const Finding& right) {
+        return std::tie(left.place.line, left.place.column) < std::tie(right.place.line, right.place.column);
+    };
+    if (!std::is_sorted(findings.begin(), findings.end(), isBefore))
+        std::stable_sort(findings.begin(), findings.end(), isBefore);
+}
+
 } // namespace
 
-Findings checkEsi(const EsiSubject& subject)
+Findings checkEsi(const EsiSubject& subject, const std::vector<const Rule*>& rules)
 {
     const EsiFacts facts = esiFactsOf(subject);
-    Findings findings = findingsIn(facts, &RuleChecks::ofEsi);
-    xml::PlaceCursor cursor(subject.tree);
-    bool isInOrder = true;
-    for (Finding& finding : findings.list)
-        if (finding.place.line == 0)
-            finding.place = cursor.moveTo(finding.where);
-        else
-            isInOrder = false;
-    if (!isInOrder)
-        std::stable_sort(findings.list.begin(), findings.list.end(), [](const Finding& left, const Finding& right) {
-            return std::tie(left.place.line, left.place.column) < std::tie(right.place.line, right.place.column);
-        });
+    Findings findings = findingsIn(facts, rules, &RuleChecks::ofEsi);
+    findings.units = unitNamesOf(facts.units);
+    setPlaces(findings, subject.tree);
+    sortByPlace(findings.list);
     return findings;
 }
 
-Findings checkKtl(const std::vector<unsigned char>& bytes)
+Findings checkKtl(const std::vector<unsigned char>& bytes, const std::vector<const Rule*>& rules)
 {
-    return findingsIn(ktlFactsOf(bytes), &RuleChecks::ofKtl);
+    const KtlFacts facts = ktlFactsOf(bytes);
+    Findings findings = findingsIn(facts, rules, &RuleChecks::ofKtl);
+    findings.units = unitNamesOf(facts.units);
+    return findings;
 }
 
 } // namespace check

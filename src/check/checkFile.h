@@ -3,6 +3,7 @@
 
 #include "check/encodingFault.h"
 #include "check/finding.h"
+#include "check/rules.h"
 #include "esi/xml/tree.h"
 #include "model/deviceRecords.h"
 
@@ -24,9 +25,12 @@ struct EsiSubject
 };
 
 /// The findings in an ESI file, each with its place.
-[[nodiscard]] Findings checkEsi(const EsiSubject& subject);
+/// @param rules  that are asked
+[[nodiscard]] Findings checkEsi(const EsiSubject& subject, const std::vector<const Rule*>& rules = allRules());
 
 /// The findings in a KTL file; `Finding::where` is the byte offset of an item or field.
-[[nodiscard]] Findings checkKtl(const std::vector<unsigned char>& bytes);
+/// @param rules  that are asked
+[[nodiscard]] Findings checkKtl(const std::vector<unsigned char>& bytes,
+                                const std::vector<const Rule*>& rules = allRules());
 
 } // namespace check

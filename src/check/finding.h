@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace check {
@@ -41,11 +42,25 @@ struct Finding
     QString text; ///< see `Report::add`
 };
 
+/// A device or module as those who read findings know it.
+struct UnitName
+{
+    Owner owner;
+    Where where = 0;
+    xml::Place place; ///< in an ESI file, from `where`
+    std::uint32_t vendor = 0; ///< of a device
+    std::uint32_t product = 0; ///< of a device
+    std::uint32_t revision = 0; ///< of a device
+    std::string name;
+    std::string type; ///< text of the `Type` element; empty in a KTL file
+};
+
 /// The findings of a file.
 struct Findings
 {
     std::vector<Finding> list;
     std::size_t omitted = 0; ///< that were not kept: more of the same rule about the same unit
+    std::vector<UnitName> units; ///< the devices of the file, then its modules
 };
 
 } // namespace check

@@ -12,7 +12,8 @@ struct KtlFacts;
 struct UnitFacts;
 class Report;
 
-/// The functions of a rule; those that do not apply are null. Each looks at facts and reports what it finds.
+/// The functions of a rule; those that do not apply are null. Each looks at facts and reports what it finds. A rule
+/// without any is about what shows before there are facts, or only when several files are compared, see `FileRule`.
 struct RuleChecks
 {
     void (*ofEsi)(const EsiFacts& facts, Report& report) = nullptr; ///< once for an ESI file

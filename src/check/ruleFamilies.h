@@ -27,6 +27,7 @@ private:
     std::size_t m_count;
 };
 
+[[nodiscard]] RuleFamily fileRules();
 [[nodiscard]] RuleFamily identityRules();
 [[nodiscard]] RuleFamily syncManagerRules();
 [[nodiscard]] RuleFamily memoryRules();

@@ -12,8 +12,8 @@ std::vector<const Rule*> collectRules()
 {
     std::vector<const Rule*> rules;
     for (const RuleFamily& family :
-         {identityRules(), valueRules(), encodingRules(), syncManagerRules(), memoryRules(), fmmuRules(), clockRules(),
-          pdoRules(), startupRules(), slotRules(), moduleRules(), schemaRules(), ktlRules()})
+         {fileRules(), encodingRules(), identityRules(), valueRules(), syncManagerRules(), memoryRules(), fmmuRules(),
+          clockRules(), pdoRules(), startupRules(), slotRules(), moduleRules(), schemaRules(), ktlRules()})
         for (const Rule& rule : family)
             rules.push_back(&rule);
     return rules;

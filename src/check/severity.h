@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 namespace check {
 
@@ -17,6 +18,20 @@ enum class Severity : std::uint8_t
 [[nodiscard]] constexpr bool reaches(Severity severity, Severity threshold) noexcept
 {
     return severity <= threshold;
+}
+
+/// Name of a severity, as findings and options have it: "error".
+[[nodiscard]] constexpr std::string_view nameOf(Severity severity) noexcept
+{
+    switch (severity) {
+    case Severity::Error:
+        return "error";
+    case Severity::Warning:
+        return "warning";
+    case Severity::Note:
+        break;
+    }
+    return "note";
 }
 
 } // namespace check

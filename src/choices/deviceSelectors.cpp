@@ -32,7 +32,7 @@ DeviceSelectors::DeviceSelectors(const std::vector<struct_FilenameDevice>& files
             const std::size_t place = m_devices.size();
             m_devices.emplace_back(file, device);
             const struct_EtherCatDevice& known = files[file].device[device];
-            m_byProduct[{files[file].Vendor_Id, known.TypeAttributes.Product_Code}].push_back(place);
+            m_byProduct[{vendorIdOf(files[file], known), known.TypeAttributes.Product_Code}].push_back(place);
             m_byText[known.Name].push_back(place);
             if (known.TypeAttributes.type != known.Name)
                 m_byText[known.TypeAttributes.type].push_back(place);
@@ -100,7 +100,7 @@ DeviceSelectors::Places DeviceSelectors::placesThatFit(const QString& pattern) c
         const struct_EtherCatDevice& device = deviceAt(place);
         const DeviceTypeAttributes& type = device.TypeAttributes;
         const bool fits = identity.has_value()
-                              ? identity->fits(fileAt(place).Vendor_Id, type.Product_Code, type.Revision_No)
+                              ? identity->fits(vendorIdOf(fileAt(place), device), type.Product_Code, type.Revision_No)
                               : fitsPattern(QString::fromStdString(device.Name), pattern)
                                     || fitsPattern(QString::fromStdString(type.type), pattern);
         if (fits)

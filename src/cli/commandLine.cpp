@@ -1,6 +1,7 @@
 #include "cli/commandLine.h"
 
 #include "cli/streamName.h"
+#include "cli/wrappedText.h"
 #include "model/version.h"
 
 #include <algorithm>
@@ -14,21 +15,6 @@ const QString helpOption = QStringLiteral("help");
 const QString versionOption = QStringLiteral("version");
 
 constexpr int maxHelpWidth = 79; // the one to which the parser wraps the options
-
-/// A text in lines of at most `maxHelpWidth` characters, broken at blanks.
-QString wrapped(const QString& text)
-{
-    QString lines;
-    int width = 0;
-    for (const QString& word : text.simplified().split(QLatin1Char(' '))) {
-        const bool fits = width == 0 || width + 1 + word.size() <= maxHelpWidth;
-        if (width > 0)
-            lines += fits ? QLatin1Char(' ') : QLatin1Char('\n');
-        lines += word;
-        width = (fits && width > 0 ? width + 1 : 0) + word.size();
-    }
-    return lines;
-}
 
 /// The first of the arguments that is none of the options; nothing if that is not known.
 std::optional<QString> unknownArgument(const QStringList& arguments, const QStringList& unknownNames)
@@ -56,7 +42,7 @@ QString optionNamedIn(const QString& parserWords)
 CommandLine::CommandLine(const SubCommandText& text, const QList<QCommandLineOption>& options)
     : m_text(text)
 {
-    m_parser.setApplicationDescription(wrapped(text.description));
+    m_parser.setApplicationDescription(wrapped(text.description, maxHelpWidth));
     m_parser.addPositionalArgument(text.operands, text.operandsHelp, text.operands);
     m_parser.addOption({{QStringLiteral("h"), helpOption}, QStringLiteral("Shows this help.")});
     m_parser.addOption({{QStringLiteral("v"), versionOption}, QStringLiteral("Shows the version.")});

@@ -5,6 +5,7 @@
 #include "cli/deviceWarnings.h"
 #include "cli/esiInput.h"
 #include "cli/exportTime.h"
+#include "cli/sameInputs.h"
 #include "cli/selectedDevices.h"
 #include "cli/streamName.h"
 #include "editing/deviceLabel.h"
@@ -17,8 +18,6 @@
 #include "text/shownText.h"
 
 #include <QFile>
-#include <QFileInfo>
-#include <QMap>
 
 #include <algorithm>
 #include <vector>
@@ -138,12 +137,11 @@ bool mayWriteOutput(const CommandLine& line, const QString& output, Messages& me
 /// Warns of files that are given more than once: their devices are written as often.
 void warnOfSameInputs(const QStringList& inputs, Messages& messages)
 {
-    QMap<QString, int> counts; // by canonical path, of files alone: a pipe is another one each time
+    SameInputs given;
     for (const QString& input : inputs)
-        if (const QFileInfo info(input); !isStandardInput(input) && info.isFile())
-            if (++counts[info.canonicalFilePath()] == 2)
-                messages.warning(input, WarningCode::SameInput,
-                                 QStringLiteral("the file is given more than once, its devices are written as often"));
+        if (given.add(input) == 2)
+            messages.warning(input, WarningCode::SameInput,
+                             QStringLiteral("the file is given more than once, its devices are written as often"));
 }
 
 /// Whether there is a device to write; reports each file if not.

@@ -1,5 +1,6 @@
 #include "cli/ktlCommand.h"
 
+#include "cli/checkCommand.h"
 #include "cli/choicesCommand.h"
 #include "cli/convertCommand.h"
 #include "cli/dumpCommand.h"
@@ -26,10 +27,8 @@ struct SubCommand
 };
 
 constexpr SubCommand subCommands[] = {
-    {&convertText, runConvert},
-    {&choicesText, runChoices},
-    {&showText, runShow},
-    {&dumpText, runDump},
+    {&convertText, runConvert}, {&choicesText, runChoices}, {&showText, runShow},
+    {&checkText, runCheck},     {&dumpText, runDump},
 };
 
 void showHelp(std::ostream& out)
@@ -44,7 +43,8 @@ void showHelp(std::ostream& out)
            "\nOptions:\n"
            "  -h, --help     Shows this help; after a sub-command, that of the sub-command.\n"
            "  -v, --version  Shows the version.\n\n"
-           "Exit status: 0 done; 1 done, with warnings where --strict of convert is given;\n"
+           "Exit status: 0 done; 1 done, with warnings where --strict of convert is given,\n"
+           "or with findings of check that --fail-on names (errors, if nothing else);\n"
            "2 input or arguments that cannot be used; 3 an output that cannot be written.\n\n"
            "Examples:\n";
     for (const SubCommand& subCommand : subCommands)

@@ -7,11 +7,10 @@
 
 namespace cli {
 
-std::optional<std::vector<unsigned char>> readKtl(QFile& file, const QString& path, Messages& messages)
+std::optional<InputFault> readKtl(QFile& file, std::vector<unsigned char>& bytes)
 {
     constexpr qint64 blockSize = 65536;
     const qint64 announcedSize = file.isSequential() ? 0 : file.size();
-    std::vector<unsigned char> bytes;
     bytes.reserve(static_cast<std::size_t>(std::min<qint64>(announcedSize, maxKtlFileSize)));
     KtlHeads heads;
     bool isTooLarge = announcedSize > maxKtlFileSize;
@@ -24,11 +23,18 @@ std::optional<std::vector<unsigned char>> readKtl(QFile& file, const QString& pa
         isTooLarge = bytes.size() > maxKtlFileSize;
     }
     if (isTooLarge)
-        messages.error(path, QStringLiteral("the file is larger than %1 bytes").arg(maxKtlFileSize));
-    else if (file.error() != QFileDevice::NoError)
-        reportUnreadable(path, file.errorString(), messages);
-    else
+        return InputFault{InputFaultKind::Unreadable,
+                          QStringLiteral("the file is larger than %1 bytes").arg(maxKtlFileSize)};
+    return file.error() == QFileDevice::NoError ? std::nullopt : std::make_optional(unreadable(file.errorString()));
+}
+
+std::optional<std::vector<unsigned char>> readKtl(QFile& file, const QString& path, Messages& messages)
+{
+    std::vector<unsigned char> bytes;
+    const std::optional<InputFault> fault = readKtl(file, bytes);
+    if (!fault.has_value())
         return bytes;
+    report(*fault, path, messages);
     return std::nullopt;
 }
 

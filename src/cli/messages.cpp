@@ -35,6 +35,11 @@ QString onLine(const QString& text)
 
 } // namespace
 
+std::string messageText(const QString& text)
+{
+    return os::readableUtf8(onLine(text));
+}
+
 void Messages::error(const QString& file, const QString& text)
 {
     m_hasErrors = true;
@@ -91,8 +96,8 @@ void Messages::write(const Message& message)
         return;
     }
     const Progress::Pause pause; // its line must not be in front of the message
-    *m_out << os::readableUtf8(onLine(message.place)) << ": " << message.severity << ": "
-           << os::readableUtf8(onLine(cutText(message.text))) << std::endl;
+    *m_out << messageText(message.place) << ": " << message.severity << ": " << messageText(cutText(message.text))
+           << std::endl;
 }
 
 } // namespace cli

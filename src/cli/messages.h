@@ -9,9 +9,13 @@
 #include <cstddef>
 #include <iosfwd>
 #include <set>
+#include <string>
 #include <vector>
 
 namespace cli {
+
+/// A text as messages have it: on one line, and readable.
+[[nodiscard]] std::string messageText(const QString& text);
 
 /// Reports errors and warnings, and knows what they mean for the exit status. A line reads `FILE: severity: text`, with
 /// `:LINE:COLUMN` after the file where there is one, and the code of a warning in brackets at its end. What is

@@ -5,10 +5,16 @@
 
 #include <QFile>
 
+std::uint32_t vendorIdOf(const struct_FilenameDevice& file, const struct_EtherCatDevice& device)
+{
+    const std::uint32_t own = device.TypeAttributes.m_iVendor_Id;
+    return own != 0 ? own : file.Vendor_Id;
+}
+
 QString identityText(const struct_FilenameDevice& file, const struct_EtherCatDevice& device)
 {
     return QStringLiteral("%1:%2:%3")
-        .arg(hexNumber(file.Vendor_Id), hexNumber(device.TypeAttributes.Product_Code),
+        .arg(hexNumber(vendorIdOf(file, device)), hexNumber(device.TypeAttributes.Product_Code),
              hexNumber(device.TypeAttributes.Revision_No));
 }
 

@@ -6,6 +6,10 @@
 #include <QString>
 
 #include <cstddef>
+#include <cstdint>
+
+/// The vendor id of a device: its own if it comes from a KTL file, else that of its file.
+[[nodiscard]] std::uint32_t vendorIdOf(const struct_FilenameDevice& file, const struct_EtherCatDevice& device);
 
 /// Vendor id, product code and revision as a selector has them: `0x7e570002:0x5001:0x30001`.
 [[nodiscard]] QString identityText(const struct_FilenameDevice& file, const struct_EtherCatDevice& device);

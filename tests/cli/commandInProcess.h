@@ -34,7 +34,9 @@ private:
 /// @param arguments  without the name of the program
 /// @param folder     in which relative paths are; empty for that of the test
 /// @param cores      files that are read at the same time
-inline CommandRun runHere(const QStringList& arguments, const QString& folder = {}, std::size_t cores = 1)
+/// @param columns    of the terminal that shows the results; nothing if none does
+inline CommandRun runHere(const QStringList& arguments, const QString& folder = {}, std::size_t cores = 1,
+                          std::optional<std::size_t> columns = std::nullopt)
 {
     qunsetenv("SOURCE_DATE_EPOCH");
     const WorkingFolder workingFolder(folder);
@@ -42,7 +44,7 @@ inline CommandRun runHere(const QStringList& arguments, const QString& folder = 
     std::ostringstream lines;
     cli::Messages messages(lines);
     cli::Inputs inputs;
-    cli::Console console{results, messages, inputs, cores, std::nullopt};
+    cli::Console console{results, messages, inputs, cores, columns};
     CommandRun run;
     run.exitCode = static_cast<int>(cli::runCommand(arguments, console));
     run.hasEnded = true;

@@ -15,6 +15,7 @@ private slots:
     void oneCopyAtATime();
     void memoryEnds_data();
     void memoryEnds();
+    void memoryEndsInCheck();
     void memoryEndsInJson();
     void manyDevices_data();
     void manyDevices();
@@ -103,6 +104,22 @@ void tst_InputMemory::memoryEnds()
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(run.output.contains("FB-1616D"), command.contains("show"));
     QCOMPARE(place.names(), QStringList());
+#endif
+}
+
+/// It is a finding, and the files after it are checked all the same.
+void tst_InputMemory::memoryEndsInCheck()
+{
+#if !defined(KINETRA_SANITIZED)
+    const Workplace place;
+    const QString large = m_place.path(QStringLiteral("names.xml"));
+    const CommandRun run = runWithin(120, {"check", large, sample(), "gone.xml"}, place.folder());
+    QCOMPARE(run.output, large.toUtf8()
+                             + ": error: not enough memory [file-unreadable]\n"
+                               "gone.xml: error: the file cannot be read: No such file or directory "
+                               "[file-unreadable]\n");
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(run.exitCode, 2);
 #endif
 }
 

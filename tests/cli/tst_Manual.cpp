@@ -53,7 +53,7 @@ static QStringList subCommandsInHelp()
 
 void tst_Manual::subCommands()
 {
-    const QStringList names{"choices", "convert", "dump", "show"};
+    const QStringList names{"check", "choices", "convert", "dump", "show"};
     QCOMPARE(subCommandsInHelp(), names);
     QStringList inPage = wordsIn(packagingFile("ktl.1.in"), QStringLiteral("^\\.SY \"ktl ([a-z]+)\"")).values();
     QVERIFY(inPage.removeOne(QStringLiteral("help")));

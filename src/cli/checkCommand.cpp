@@ -1,0 +1,200 @@
+#include "cli/checkCommand.h"
+
+#include "check/fileRules.h"
+#include "cli/checkRequest.h"
+#include "cli/checkedInput.h"
+#include "cli/choicesFile.h"
+#include "cli/findingTeller.h"
+#include "cli/progress.h"
+#include "cli/retriedWork.h"
+#include "cli/selectedDevices.h"
+#include "cli/streamName.h"
+#include "esi/derivation/rangeErrors.h"
+
+#include <QFileInfo>
+
+#include <optional>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+namespace cli {
+
+const SubCommandText checkText{
+    QLatin1String("check"),
+    QLatin1String("says what would go wrong on the machine"),
+    QLatin1String("FILE..."),
+    QLatin1String("ESI and KTL files; - for standard input."),
+    QLatin1String("Says what would go wrong on the machine, with file and line: in ESI files, in KTL files (with the\n"
+                  "offset of a byte), and, with --choices, in what would be exported after those choices. The exit\n"
+                  "status is 1 where there is an error; --fail-on takes less. A file that cannot be read is told like\n"
+                  "other findings, and the status is 2 then."),
+    QLatin1String("  ktl check drive.xml coupler.xml\n"
+                  "  ktl check drive.xml --fail-on warning --ignore product-code\n"
+                  "  ktl check coupler.xml --choices choices.json --device 2\n"
+                  "  ktl check *.xml --sarif > findings.sarif\n"
+                  "  ktl check --explain product-code\n"),
+};
+
+namespace {
+
+FileChecks fileChecksOf(const CheckRequest& request)
+{
+    FileChecks checks{request.rules, {}};
+    for (const QString& path : request.paths)
+        if (!isStandardInput(path))
+            checks.givenFiles += QFileInfo(path).fileName();
+    return checks;
+}
+
+/// Takes the results of work on all files.
+/// @param take  gets path and result
+template<typename Result, typename Take>
+void takeAll(RetriedWork<Result>& work, const QStringList& paths, const char* what, bool showsProgress, Take take)
+{
+    int number = 0;
+    for (const QString& path : paths) {
+        std::optional<Progress> progress;
+        ++number;
+        if (showsProgress)
+            progress.emplace(QStringLiteral("%1 %2").arg(QLatin1String(what), shownName(path)), number, paths.size());
+        take(path, work.take());
+    }
+}
+
+/// What selectors need to know of the devices of a file.
+struct_FilenameDevice recordOf(const QString& path, const std::vector<check::UnitName>& units)
+{
+    struct_FilenameDevice record;
+    record.xmlfilepath = QFile::encodeName(shownName(path)).toStdString();
+    for (const check::UnitName& unit : units) {
+        if (unit.owner.kind != check::OwnerKind::Device)
+            continue;
+        struct_EtherCatDevice& device = record.device.emplace_back();
+        device.Name = unit.name;
+        device.TypeAttributes.type = unit.type;
+        device.TypeAttributes.m_iVendor_Id = unit.vendor;
+        device.TypeAttributes.Product_Code = unit.product;
+        device.TypeAttributes.Revision_No = unit.revision;
+    }
+    return record;
+}
+
+/// Where nothing is told since the arguments do not fit: a file that could not be read may be the reason.
+ExitCode refuseWith(const std::vector<CheckedInput>& inputs, const QStringList& paths, Messages& messages)
+{
+    for (int index = 0; index < paths.size(); ++index)
+        for (const check::Finding& finding : inputs[static_cast<std::size_t>(index)].file.findings.list)
+            if (finding.rule == &check::ruleOf(check::FileRule::NotWellFormed))
+                messages.error(paths.at(index), finding.place.line, finding.place.column, finding.text);
+            else if (check::isFault(*finding.rule))
+                messages.error(paths.at(index), finding.text);
+    return messages.exitCode();
+}
+
+/// Checks files one after the other, and tells findings as they come.
+ExitCode checkAll(const CheckRequest& request, RetriedWork<CheckedInput>& work, const SelectedDevices& selected,
+                  Console& console)
+{
+    FindingTeller teller(request, selected, console);
+    // At a terminal the results themselves show that work goes on, and the line would come between them.
+    takeAll(work, request.paths, "checking", !console.terminalWidth.has_value(),
+            [&](const QString& path, CheckedInput checked) {
+                console.inputs.count(checked.road);
+                teller.tell(path, std::move(checked.file));
+            });
+    return teller.end();
+}
+
+/// Checks all files before the first finding is told, since a selector may mean a device of the last one.
+ExitCode checkSelected(const CheckRequest& request, RetriedWork<CheckedInput>& work, Console& console)
+{
+    std::vector<CheckedInput> inputs;
+    std::vector<struct_FilenameDevice> records;
+    takeAll(work, request.paths, "checking", true, [&](const QString& path, CheckedInput checked) {
+        console.inputs.count(checked.road);
+        records.push_back(recordOf(path, checked.file.findings.units));
+        inputs.push_back(std::move(checked));
+    });
+    const auto selected = selectedDevices(request.selectors, records, console.messages);
+    if (!selected.has_value())
+        return refuseWith(inputs, request.paths, console.messages);
+    FindingTeller teller(request, selected, console);
+    for (int index = 0; index < request.paths.size(); ++index)
+        teller.tell(request.paths.at(index), std::move(inputs[static_cast<std::size_t>(index)].file));
+    return teller.end();
+}
+
+/// Makes the choices in the files that could be read.
+/// @param selected  takes the devices that are asked for
+/// @return          false if selectors or choices do not fit; that has been reported
+bool makeChoices(const CheckRequest& request, SelectedDevices& selected, Console& console)
+{
+    std::vector<struct_FilenameDevice>& files = console.inputs.files;
+    selected = selectedDevices(request.selectors, files, console.messages);
+    if (!selected.has_value())
+        return false;
+    try {
+        if (!applyChoicesFile(*request.choices, files, console.messages, *selected))
+            return false;
+    } catch (const std::out_of_range& error) {
+        console.messages.error(*request.choices, rangeErrorText(error));
+        return false;
+    }
+    if (request.selectors.isEmpty())
+        selected.reset();
+    return true;
+}
+
+/// Reads all files, makes the choices, and checks the files as they are then.
+ExitCode checkChosen(const CheckRequest& request, const FileChecks& checks, Console& console)
+{
+    std::vector<InputToCheck> inputs;
+    RetriedWork<InputToCheck> reading(request.paths, console.cores, [&](std::size_t index) {
+        return readToCheck(request.paths.at(static_cast<int>(index)), AcceptedInputs::Esi);
+    });
+    takeAll(reading, request.paths, "reading", true, [&](const QString& /*path*/, InputToCheck input) {
+        console.inputs.count(input.road);
+        console.inputs.files.push_back(std::move(input.record)); // of a broken file too, for its place
+        inputs.push_back(std::move(input));
+    });
+    SelectedDevices selected;
+    if (!makeChoices(request, selected, console)) {
+        for (std::size_t index = 0; index < inputs.size(); ++index)
+            if (inputs[index].fault.has_value())
+                report(*inputs[index].fault, request.paths.at(static_cast<int>(index)), console.messages);
+        return console.messages.exitCode();
+    }
+    RetriedWork<CheckedInput> checking(request.paths, console.cores, [&](std::size_t index) {
+        CheckedInput checked =
+            checkInput(request.paths.at(static_cast<int>(index)), inputs[index], console.inputs.files[index], checks);
+        checked.road = EsiRoad::Plain; // it has been counted
+        return checked;
+    });
+    return checkAll(request, checking, selected, console);
+}
+
+} // namespace
+
+ExitCode runCheck(const QStringList& arguments, Console& console)
+{
+    CommandLine line(checkText, checkOptions());
+    if (const std::optional<ExitCode> ended = line.parse(arguments, console))
+        return *ended;
+    if (const QString problem = problemOfCheck(line); !problem.isEmpty())
+        return line.refuse(problem, console);
+    if (tellRules(line, console))
+        return ExitCode::Done;
+    const CheckRequest request = checkRequestFrom(line, console);
+    const FileChecks checks = fileChecksOf(request);
+    if (request.choices.has_value())
+        return checkChosen(request, checks, console);
+    RetriedWork<CheckedInput> work(request.paths, console.cores, [&](std::size_t index) {
+        const QString& path = request.paths.at(static_cast<int>(index));
+        const InputToCheck input = readToCheck(path, AcceptedInputs::EsiAndKtl);
+        return checkInput(path, input, input.record, checks);
+    });
+    return request.selectors.isEmpty() ? checkAll(request, work, {}, console) : checkSelected(request, work, console);
+}
+
+} // namespace cli

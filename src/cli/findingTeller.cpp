@@ -1,0 +1,76 @@
+#include "cli/findingTeller.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace cli {
+
+FindingTeller::FindingTeller(const CheckRequest& request, SelectedDevices selected, Console& console)
+    : m_request(request)
+    , m_selected(std::move(selected))
+    , m_writer(check::makeFindingWriter(request.form, console.results, request.rules))
+{
+    m_writer->begin();
+}
+
+void FindingTeller::tell(const QString& path, check::CheckedFile file)
+{
+    const std::vector<check::UnitName>& units = file.findings.units;
+    const auto isDevice = [](const check::UnitName& unit) { return unit.owner.kind == check::OwnerKind::Device; };
+    file.firstDevice = m_devices + 1;
+    m_devices += static_cast<std::size_t>(std::count_if(units.begin(), units.end(), isDevice));
+    addComparison(path, file);
+    if (m_selected.has_value())
+        keepSelected(file.findings);
+    ++m_file;
+    m_counts.add(file.findings);
+    m_hasFault = m_hasFault
+                 || std::any_of(file.findings.list.begin(), file.findings.list.end(),
+                                [](const check::Finding& finding) { return check::isFault(*finding.rule); });
+    m_writer->write(file);
+}
+
+ExitCode FindingTeller::end()
+{
+    m_writer->end(m_counts);
+    if (m_hasFault)
+        return ExitCode::Unusable;
+    return m_counts.reach(m_request.failOn) ? ExitCode::DoneWithFindings : ExitCode::Done;
+}
+
+bool FindingTeller::isAsked(check::FileRule rule) const
+{
+    return std::find(m_request.rules.begin(), m_request.rules.end(), &check::ruleOf(rule)) != m_request.rules.end();
+}
+
+/// The devices of a file that is given again are not compared: all would be told.
+void FindingTeller::addComparison(const QString& path, check::CheckedFile& file)
+{
+    std::vector<check::Finding>& list = file.findings.list;
+    if (m_given.add(path) > 1) {
+        if (isAsked(check::FileRule::Twice))
+            list.insert(list.begin(),
+                        check::fileFinding(check::FileRule::Twice, QStringLiteral("the file is given more than once")));
+    } else if (file.kind == check::FileKind::Esi && isAsked(check::FileRule::IdentityTwice)) {
+        const std::vector<check::Finding> found =
+            m_identities.add(QString::fromStdString(file.shownName), file.findings.units, file.firstDevice);
+        const auto middle = static_cast<std::ptrdiff_t>(list.size());
+        list.insert(list.end(), found.begin(), found.end());
+        std::inplace_merge(
+            list.begin(), list.begin() + middle, list.end(),
+            [](const check::Finding& left, const check::Finding& right) { return left.where < right.where; });
+    }
+}
+
+/// What is about the file or about a module is told only where no device is asked for.
+void FindingTeller::keepSelected(check::Findings& findings) const
+{
+    const auto isLeftOut = [&](const check::Finding& finding) {
+        const bool isOfDevice = finding.owner.kind == check::OwnerKind::Device;
+        return !check::isFault(*finding.rule) && !(isOfDevice && m_selected->count({m_file, finding.owner.index}) != 0);
+    };
+    std::vector<check::Finding>& list = findings.list;
+    list.erase(std::remove_if(list.begin(), list.end(), isLeftOut), list.end());
+}
+
+} // namespace cli

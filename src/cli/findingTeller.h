@@ -1,0 +1,53 @@
+// findingTeller.h - tells the findings of the files of a call, in the order of the arguments.
+#pragma once
+
+#include "check/fileRules.h"
+#include "check/findingWriter.h"
+#include "check/knownIdentities.h"
+#include "choices/deviceSelectors.h"
+#include "cli/checkRequest.h"
+#include "cli/sameInputs.h"
+
+#include <QString>
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <set>
+
+namespace cli {
+
+/// Devices of a call; nothing where all are meant.
+using SelectedDevices = std::optional<std::set<choices::DevicePosition>>;
+
+/// Adds to each file what only shows when it is compared with those before, and tells its findings.
+class FindingTeller
+{
+public:
+    /// @param request   has to outlive this
+    /// @param selected  of which findings are told
+    FindingTeller(const CheckRequest& request, SelectedDevices selected, Console& console);
+
+    /// To be called for each file.
+    void tell(const QString& path, check::CheckedFile file);
+
+    /// To be called after the last file.
+    [[nodiscard]] ExitCode end();
+
+private:
+    [[nodiscard]] bool isAsked(check::FileRule rule) const;
+    void addComparison(const QString& path, check::CheckedFile& file);
+    void keepSelected(check::Findings& findings) const;
+
+    const CheckRequest& m_request;
+    SelectedDevices m_selected;
+    std::unique_ptr<check::FindingWriter> m_writer;
+    check::FindingCounts m_counts;
+    check::KnownIdentities m_identities;
+    SameInputs m_given;
+    std::size_t m_file = 0; ///< place of the next file
+    std::size_t m_devices = 0; ///< of the files that were told
+    bool m_hasFault = false;
+};
+
+} // namespace cli
