@@ -38,7 +38,8 @@ void readEsi(QFile& file, const QString& path, InputToCheck& input)
     const QString name = isStandardInput(path) ? shownName(path) : path;
     const FileBeingRead reading(name);
     file.setTextModeEnabled(false);
-    EsiTreeResult read = esiTreeOf(bytesOfEsiFile(file));
+    const std::string bytes = bytesOfEsiFile(file);
+    EsiTreeResult read = esiTreeOf(bytes);
     if (file.error() != QFileDevice::NoError)
         input.fault = unreadable(file.errorString());
     else if (!read.tree.has_value())
@@ -50,6 +51,7 @@ void readEsi(QFile& file, const QString& path, InputToCheck& input)
         input.fault = faultOf(loaded.status, loaded.reason);
         return;
     }
+    input.encodingFault = check::encodingFaultOf(bytes);
     input.tree = std::move(read.tree);
     input.road = read.road;
     input.record = std::move(loaded.file);
@@ -117,8 +119,8 @@ CheckedInput checkInput(const QString& path, const InputToCheck& input, const st
         }
         checked.file = namedFile(path);
         if (input.tree.has_value()) {
-            checked.file.findings =
-                check::checkEsi({*input.tree, record, input.isComplete, checks.givenFiles}, checks.rules);
+            checked.file.findings = check::checkEsi(
+                {*input.tree, record, input.isComplete, checks.givenFiles, input.encodingFault}, checks.rules);
             checked.file.kind = check::FileKind::Esi;
         } else {
             checked.file.findings = check::checkKtl(input.bytes, checks.rules);

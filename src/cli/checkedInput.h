@@ -2,6 +2,7 @@
 #pragma once
 
 #include "check/checkedFile.h"
+#include "check/encodingFault.h"
 #include "check/rule.h"
 #include "cli/inputFile.h"
 #include "esi/esiFile.h"
@@ -20,6 +21,7 @@ struct InputToCheck
     std::optional<InputFault> fault; ///< why there is nothing of it
     std::optional<xml::Tree> tree; ///< of an ESI file
     struct_FilenameDevice record; ///< of an ESI file, dictionaries left out
+    std::optional<check::EncodingFault> encodingFault;
     bool isComplete = true; ///< see `check::EsiSubject`
     EsiRoad road = EsiRoad::Plain;
     std::vector<unsigned char> bytes; ///< of a KTL file
