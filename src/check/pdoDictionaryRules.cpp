@@ -5,6 +5,7 @@
 #include "check/report.h"
 #include "check/ruleFamilies.h"
 #include "check/unitFacts.h"
+#include "check/unitLabels.h"
 
 #include <array>
 
@@ -40,7 +41,7 @@ template<typename Visitor> void forEachFoundEntry(const UnitFacts& unit, Visitor
 
 QString entryName(const EntryFacts& entry, const PdoFacts& pdo)
 {
-    return QStringLiteral("entry %1 of PDO %2").arg(objectName(entry.index, entry.subIndex), hexNumber(pdo.index));
+    return QStringLiteral("entry %1 of %2").arg(objectText(entry.index, entry.subIndex), labelOf(pdo));
 }
 
 /// Lets only the first of the entries through that are next to each other and of one object.

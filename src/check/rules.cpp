@@ -11,10 +11,10 @@ namespace {
 std::vector<const Rule*> collectRules()
 {
     std::vector<const Rule*> rules;
-    for (const RuleFamily& family : {identityRules(), syncManagerRules(), memoryRules(), fmmuRules(), clockRules(),
-                                     pdoRules(), startupRules(), slotRules(), moduleRules(),
-                                     dictionaryRules(), dictionarySizeRules(), dictionaryDefaultRules(),
-                                     pdoDictionaryRules(), startupDictionaryRules(), ktlRules()})
+    for (const RuleFamily& family :
+         {identityRules(), syncManagerRules(), memoryRules(), fmmuRules(), clockRules(), pdoRules(), startupRules(),
+          slotRules(), moduleRules(), dictionaryRules(), dictionarySizeRules(), dictionaryDefaultRules(),
+          pdoDictionaryRules(), startupDictionaryRules(), ktlRules()})
         for (const Rule& rule : family)
             rules.push_back(&rule);
     return rules;

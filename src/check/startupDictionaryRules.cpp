@@ -5,6 +5,7 @@
 #include "check/report.h"
 #include "check/ruleFamilies.h"
 #include "check/unitFacts.h"
+#include "check/unitLabels.h"
 
 #include <array>
 
@@ -22,21 +23,24 @@ template<typename Visitor> void forEachCommand(const UnitFacts& unit, Visitor vi
             visit(command, unit.dictionary->itemAt(command.index, command.subIndex));
 }
 
-QString commandName(const CommandFacts& command)
+/// Whether the file means the whole object. A declared command goes out for the sub-index alone all the same; that its
+/// value is lost then is another rule's finding.
+bool meansWholeObject(const CommandFacts& command)
 {
-    return QStringLiteral("the command for %1").arg(objectName(command.index, command.subIndex));
+    return command.isCompleteAccess || command.declaresCompleteAccess;
 }
 
 void checkObjects(const UnitFacts& unit, Report& report)
 {
     forEachCommand(unit, [&](const CommandFacts& command, const LookedUpItem& found) {
         if (found.result == LookUp::NoObject && hasToKnow(unit, command.index))
-            report.add(command.where, QStringLiteral("%1: the dictionary has no object %2")
-                                          .arg(commandName(command), hexNumber(command.index)));
-        if (found.result == LookUp::NoSubIndex && !command.isCompleteAccess) // which writes from there on
+            report.add(
+                command.where,
+                QStringLiteral("%1: the dictionary has no object %2").arg(labelOf(command), hexNumber(command.index)));
+        if (found.result == LookUp::NoSubIndex && !meansWholeObject(command))
             report.add(command.where,
                        QStringLiteral("%1: object %2 of the dictionary has no sub-index %3")
-                           .arg(commandName(command), hexNumber(command.index), QString::number(command.subIndex)));
+                           .arg(labelOf(command), hexNumber(command.index), QString::number(command.subIndex)));
     });
 }
 
@@ -44,7 +48,7 @@ void checkObjects(const UnitFacts& unit, Report& report)
 std::uint64_t bitsFor(const DictionaryFacts& dictionary, const CommandFacts& command, const LookedUpItem& found)
 {
     constexpr std::uint64_t bitsOfCount = 16; // sub-index 0 is filled up to them
-    if (!command.isCompleteAccess)
+    if (!meansWholeObject(command))
         return found.result == LookUp::Found ? static_cast<std::uint64_t>(found.item.bits) : 0;
     const DictionaryObject* const object = dictionary.objectAt(command.index);
     const std::uint64_t bits = object == nullptr ? 0 : object->bits.value_or(0);
@@ -59,16 +63,16 @@ void checkLengths(const UnitFacts& unit, Report& report)
         const std::uint64_t room = (bits + bitsOfByte - 1) / bitsOfByte;
         if (room > 0 && command.bytes > room)
             report.add(command.where, QStringLiteral("%1 writes %2, in the dictionary it has %3")
-                                          .arg(commandName(command), bytesText(command.bytes), bytesText(room)));
+                                          .arg(labelOf(command), bytesText(command.bytes), bytesText(room)));
     });
 }
 
 void checkAccess(const UnitFacts& unit, Report& report)
 {
     forEachCommand(unit, [&](const CommandFacts& command, const LookedUpItem& found) {
-        if (found.result == LookUp::Found && found.item.access == Access::ReadOnly && !command.isCompleteAccess)
+        if (found.result == LookUp::Found && found.item.access == Access::ReadOnly && !meansWholeObject(command))
             report.add(command.where,
-                       QStringLiteral("%1 writes what the dictionary calls read-only").arg(commandName(command)));
+                       QStringLiteral("%1 writes what the dictionary calls read-only").arg(labelOf(command)));
     });
 }
 
@@ -78,8 +82,7 @@ constexpr std::array rules{
          "the object of a startup command is not in the dictionary",
          "A declared startup command writes an object or sub-index that the dictionary of the same device or module "
          "does not have. Objects that may be those of a module in a slot, or of the device that a module is put into, "
-         "are no finding, nor is a sub-index with complete access. The CompleteAccess of a declared command does not "
-         "count, as it is not exported.",
+         "are no finding, nor is a sub-index with complete access.",
          "If the device does not have it either, it answers with an abort, and the controller stops the start of the "
          "bus.",
          "Correct index and sub-index of the command, or add the object to the dictionary.",

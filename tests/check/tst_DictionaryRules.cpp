@@ -311,7 +311,8 @@ void tst_DictionaryRules::manyOfOneName()
     constexpr int count = 20000;
     const QByteArray types = dataType("DT1", 16).repeated(count);
     const QByteArray objects = object("#x2000", "DT1", 16).repeated(count);
-    const check::Findings findings = checkParts::findingsIn(checkParts::deviceFile(dictionary(types, objects)));
+    const check::Findings findings =
+        checkParts::LoadedFile(checkParts::deviceFile(dictionary(types, objects))).findings();
     QCOMPARE(checkParts::linesOf(findings, "dictionary-object-twice").size(), 1000);
     QCOMPARE(findings.omitted, std::size_t{count - 1 - 1000});
     QCOMPARE(checkParts::linesOf(findings, "dictionary-type-twice"), QStringList());
@@ -337,7 +338,8 @@ void tst_DictionaryRules::manyObjectsOfALongType()
     for (int index = 0; index < count; ++index)
         objects += object(QByteArray::number(index), "DT1", count, "<Info>" + infoOf("Item 4999", {}) + "</Info>");
     const check::Findings findings =
-        checkParts::findingsIn(checkParts::deviceFile(dictionary(recordType("DT1", count, subItems), objects)));
+        checkParts::LoadedFile(checkParts::deviceFile(dictionary(recordType("DT1", count, subItems), objects)))
+            .findings();
     QVERIFY(findings.list.empty());
 }
 

@@ -24,12 +24,12 @@ private slots:
 
 namespace {
 
-/// The objects are on lines 5 to 7 of the file.
+/// The objects are on lines 5 to 8 of the file.
 QByteArray someDictionary()
 {
     return dictionary({}, object("#x2000", "UINT", 16, objectFlags("rw"))
                               + object("#x2001", "BOOL", 1, objectFlags("ro"))
-                              + object("#x2002", "DT9999", 16, objectFlags("ro")));
+                              + object("#x2002", "DT9999", 16, objectFlags("ro")) + object("#x2003", "DT9998", 48));
 }
 
 QByteArray command(const QByteArray& index, int subIndex, const QByteArray& data)
@@ -38,7 +38,12 @@ QByteArray command(const QByteArray& index, int subIndex, const QByteArray& data
            + "</SubIndex><Data>" + data + "</Data></InitCmd>\n";
 }
 
-/// The command is on line 10 of the file, if the dictionary is before it.
+QByteArray wholeObject(QByteArray command)
+{
+    return command.replace("<InitCmd>", "<InitCmd CompleteAccess='1'>");
+}
+
+/// The command is on line 11 of the file, if the dictionary is before it.
 QByteArray mailbox(const QByteArray& commands)
 {
     return "<Mailbox><CoE>\n" + commands + "</CoE></Mailbox>\n";
@@ -64,25 +69,33 @@ void tst_StartupDictionaryRules::findings_data()
     QTest::addColumn<QStringList>("findings");
     const char* const object = "startup-object";
     addRow(object, "missing", command("#x2009", 0, "0000"),
-           {"10:1: the command for 0x2009:0: the dictionary has no object 0x2009"});
+           {"11:1: the command for 0x2009:0: the dictionary has no object 0x2009"});
     addRow(object, "there", command("#x2000", 0, "0000"), {});
     addRow(object, "sub-index", command("#x2000", 2, "0000"),
-           {"10:1: the command for 0x2000:2: object 0x2000 of the dictionary has no sub-index 2"});
+           {"11:1: the command for 0x2000:2: object 0x2000 of the dictionary has no sub-index 2"});
     addRow(object, "sub-index of an unknown type", command("#x2002", 2, "0000"), {});
     addRow(object, "two", command("#x2009", 0, "00") + command("#x200A", 0, "00"),
-           {"10:1: the command for 0x2009:0: the dictionary has no object 0x2009",
-            "11:1: the command for 0x200a:0: the dictionary has no object 0x200a"});
+           {"11:1: the command for 0x2009:0: the dictionary has no object 0x2009",
+            "12:1: the command for 0x200a:0: the dictionary has no object 0x200a"});
+    addRow(object, "the whole object is meant", wholeObject(command("#x2000", 2, "0000")), {});
     const char* const length = "startup-value-length";
     addRow(length, "longer", command("#x2000", 0, "000000"),
-           {"10:1: the command for 0x2000:0 writes 3 bytes, in the dictionary it has 2 bytes"});
+           {"11:1: the command for 0x2000:0 writes 3 bytes, in the dictionary it has 2 bytes"});
     addRow(length, "equal", command("#x2000", 0, "0000"), {});
     addRow(length, "shorter", command("#x2000", 0, "00"), {});
     addRow(length, "a bit takes a byte", command("#x2001", 0, "01"), {});
     addRow(length, "longer than a bit", command("#x2001", 0, "0100"),
-           {"10:1: the command for 0x2001:0 writes 2 bytes, in the dictionary it has 1 byte"});
+           {"11:1: the command for 0x2001:0 writes 2 bytes, in the dictionary it has 1 byte"});
+    addRow(length, "whole object", wholeObject(command("#x2003", 0, "020001000200")), {});
+    addRow(length, "longer than the whole object", wholeObject(command("#x2003", 0, "02000100020000")),
+           {"11:1: the command for 0x2003:0 writes 7 bytes, in the dictionary it has 6 bytes"});
+    addRow(length, "from sub-index 1 on", wholeObject(command("#x2003", 1, "01000200")), {});
+    addRow(length, "longer from sub-index 1 on", wholeObject(command("#x2003", 1, "0100020000")),
+           {"11:1: the command for 0x2003:1 writes 5 bytes, in the dictionary it has 4 bytes"});
     const char* const readOnly = "startup-read-only";
+    addRow(readOnly, "the whole object is meant", wholeObject(command("#x2001", 0, "01")), {});
     addRow(readOnly, "written", command("#x2001", 0, "01"),
-           {"10:1: the command for 0x2001:0 writes what the dictionary calls read-only"});
+           {"11:1: the command for 0x2001:0 writes what the dictionary calls read-only"});
     addRow(readOnly, "read and write", command("#x2000", 0, "0100"), {});
     addRow(readOnly, "of an unknown type", command("#x2002", 0, "01"), {});
 }
@@ -115,7 +128,7 @@ void tst_StartupDictionaryRules::inModule_data()
     QTest::addColumn<QByteArray>("index");
     QTest::addColumn<QStringList>("findings");
     QTest::addRow("missing") << QByteArray("#x8000")
-                             << QStringList("12:1: the command for 0x8000:0: the dictionary has no object 0x8000");
+                             << QStringList("13:1: the command for 0x8000:0: the dictionary has no object 0x8000");
     QTest::addRow("of the device") << QByteArray("#xF030") << QStringList();
     QTest::addRow("of communication") << QByteArray("#x1C12") << QStringList();
 }
@@ -133,7 +146,7 @@ void tst_StartupDictionaryRules::withSlots()
     const QByteArray slotList = "<Slots><Slot MinInstances='0' MaxInstances='1'><Name>Slot</Name></Slot></Slots>\n";
     const QByteArray commands = command("#x8000", 0, "01") + command("#xF800", 0, "01");
     QCOMPARE(allFindings(checkParts::deviceFile(someDictionary() + mailbox(commands) + slotList)),
-             QStringList("11:1: the command for 0xf800:0: the dictionary has no object 0xf800"));
+             QStringList("12:1: the command for 0xf800:0: the dictionary has no object 0xf800"));
 }
 
 static const testMain::Registration<tst_StartupDictionaryRules, testMain::NoApplication> registration;
