@@ -232,6 +232,7 @@ UnitFacts deviceFactsOf(const struct_FilenameDevice& file, std::size_t index, co
     unit.vendor = file.Vendor_Id;
     unit.product = device.TypeAttributes.Product_Code;
     unit.revision = device.TypeAttributes.Revision_No;
+    unit.hasSlots = elements.hasSlots;
     unit.name = device.Name;
     unit.type = device.TypeAttributes.type;
     addChannels(unit, device, elements);

@@ -37,6 +37,11 @@ private:
 [[nodiscard]] RuleFamily startupRules();
 [[nodiscard]] RuleFamily slotRules();
 [[nodiscard]] RuleFamily moduleRules();
+[[nodiscard]] RuleFamily dictionaryRules();
+[[nodiscard]] RuleFamily dictionarySizeRules();
+[[nodiscard]] RuleFamily dictionaryDefaultRules();
+[[nodiscard]] RuleFamily pdoDictionaryRules();
+[[nodiscard]] RuleFamily startupDictionaryRules();
 [[nodiscard]] RuleFamily ktlRules();
 [[nodiscard]] RuleFamily valueRules();
 [[nodiscard]] RuleFamily encodingRules();

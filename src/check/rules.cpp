@@ -13,7 +13,8 @@ std::vector<const Rule*> collectRules()
     std::vector<const Rule*> rules;
     for (const RuleFamily& family :
          {fileRules(), encodingRules(), identityRules(), valueRules(), syncManagerRules(), memoryRules(), fmmuRules(),
-          clockRules(), pdoRules(), startupRules(), slotRules(), moduleRules(), schemaRules(), ktlRules()})
+          clockRules(), pdoRules(), pdoDictionaryRules(), startupRules(), startupDictionaryRules(), slotRules(),
+          moduleRules(), dictionaryRules(), dictionarySizeRules(), dictionaryDefaultRules(), schemaRules(), ktlRules()})
         for (const Rule& rule : family)
             rules.push_back(&rule);
     return rules;

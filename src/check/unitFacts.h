@@ -112,6 +112,7 @@ struct UnitFacts
     std::string_view name;
     std::string_view type; ///< text of the `Type` element; empty in a KTL file
     bool isFromKtl = false;
+    bool hasSlots = false; ///< a device whose objects may be those of modules; never of a KTL file
     bool hasCoe = false;
     bool supportsCompleteAccess = false;
     std::vector<SyncManagerFacts> syncManagers; ///< none of a module

@@ -3,11 +3,14 @@
 #include "model/valueTexts.h"
 #include "text/shownText.h"
 
+#include <cstddef>
+
 namespace check {
 
 QString shown(std::string_view text)
 {
-    return shownText(QString::fromUtf8(text.data(), static_cast<int>(text.size())));
+    constexpr std::size_t enough = 400; // bytes: 80 characters are shown, and a text of megabytes may be shown often
+    return shownText(QString::fromUtf8(text.data(), static_cast<int>(text.substr(0, enough).size())));
 }
 
 QString labelOf(const PdoFacts& pdo)

@@ -1,0 +1,36 @@
+// standardTypes.h - the data types of the CoE standard, which a dictionary need not declare.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace check {
+
+/// What a value of a data type is.
+enum class ValueKind : std::uint8_t
+{
+    Unknown,
+    Bits, ///< a truth value, or bits without a meaning as a number: BOOL, BYTE, BITARR8
+    Unsigned,
+    Signed,
+    Real,
+    Text,
+    Bytes, ///< a block: OCTET_STRING, ARRAY [0..3] OF BYTE
+};
+
+/// What a data type says about its values.
+struct TypeShape
+{
+    ValueKind kind = ValueKind::Unknown;
+    std::uint64_t bits = 0; ///< 0 if it is not known
+};
+
+/// The data type of a name, by any of the names that the standard and its predecessors have for it.
+/// @return  nothing for any other name
+[[nodiscard]] std::optional<TypeShape> standardTypeNamed(std::string_view name);
+
+/// Whether values of two kinds can be the same in other words: a byte is a number or eight bits.
+[[nodiscard]] bool canBeSame(ValueKind left, ValueKind right) noexcept;
+
+} // namespace check
