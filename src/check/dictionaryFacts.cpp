@@ -77,24 +77,24 @@ TypeName DictionaryFacts::typeNamed(std::string_view name) const
 }
 
 /// Follows base types, but not further than anybody would make them: they may go around in a circle.
-ValueKind DictionaryFacts::kindOf(const DataType& type) const
+DataKind DictionaryFacts::kindOf(const DataType& type) const
 {
     constexpr int maxSteps = 4;
     const DataType* last = &type;
     for (int step = 0; step < maxSteps; ++step) {
         if (last->isArray())
-            return ValueKind::Bytes;
+            return DataKind::Bytes;
         if (last->isRecord())
-            return ValueKind::Unknown;
+            return DataKind::Unknown;
         if (const std::optional<TypeShape> standard = standardTypeNamed(last->name))
             return standard->kind;
         if (!last->base.isDeclared()) {
             const std::optional<TypeShape> standard = standardTypeNamed(last->base.name);
-            return standard.has_value() ? standard->kind : ValueKind::Unknown;
+            return standard.has_value() ? standard->kind : DataKind::Unknown;
         }
         last = &m_content.types[last->base.type];
     }
-    return ValueKind::Unknown;
+    return DataKind::Unknown;
 }
 
 void DictionaryFacts::findShapes()

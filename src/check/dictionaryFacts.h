@@ -99,7 +99,7 @@ private:
     void findShapes();
     void findSpans(const DataType& type);
     void sortObjects();
-    [[nodiscard]] ValueKind kindOf(const DataType& type) const;
+    [[nodiscard]] DataKind kindOf(const DataType& type) const;
     [[nodiscard]] LookedUpItem subItemAt(const DictionaryObject& object, std::uint32_t subIndex) const;
     [[nodiscard]] LookedUpItem arrayAt(const DictionaryObject& object, std::uint32_t subIndex) const;
     [[nodiscard]] LookedUpItem found(const TypeName& type, std::optional<std::uint32_t> bits,

@@ -31,7 +31,7 @@ constexpr std::uint64_t product(std::uint64_t left, std::uint64_t right)
 void checkStandardType(const DataType& type, Report& report)
 {
     const std::optional<TypeShape> standard = standardTypeNamed(type.name);
-    if (!standard.has_value() || standard->bits == 0 || standard->kind == ValueKind::Text
+    if (!standard.has_value() || standard->bits == 0 || standard->kind == DataKind::Text
         || *type.bits == standard->bits)
         return;
     report.add(type.where, QStringLiteral("data type %1 has %2, by its name it has %3")

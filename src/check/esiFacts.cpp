@@ -1,6 +1,7 @@
 #include "check/esiFacts.h"
 
 #include "check/esiUnits.h"
+#include "check/startupOrder.h"
 #include "esi/xml/treeIteration.h"
 #include "model/moduleAccess.h"
 
@@ -46,6 +47,7 @@ void addDevices(EsiFacts& facts)
     for (std::size_t index = 0; index < count; ++index) {
         const DeviceElements& elements = facts.devices[index];
         UnitFacts& unit = facts.units.emplace_back(deviceFactsOf(file, index, elements));
+        unit.startupFaults = startupFaultsOf(unit);
         addDictionary(facts, unit, elements.sections[static_cast<std::size_t>(DeviceSection::Profile)]);
     }
 }
@@ -58,6 +60,7 @@ void addModules(EsiFacts& facts)
             return;
         const xml::Element& element = facts.modules[index];
         UnitFacts& unit = facts.units.emplace_back(moduleFactsOf(module, index, element));
+        unit.startupFaults = startupFaultsOf(unit);
         std::vector<xml::Element> profiles;
         xml::forEachChildElement(element, "Profile", [&](const xml::Element& profile) { profiles.push_back(profile); });
         addDictionary(facts, unit, profiles);

@@ -1,5 +1,6 @@
 #include "check/ktlFacts.h"
 
+#include "check/startupOrder.h"
 #include "ktl/format/ktlCodes.h"
 
 namespace check {
@@ -23,7 +24,11 @@ public:
 
     void take(const KtlFileItem& item);
 
-    UnitFacts end() { return std::move(m_unit); }
+    UnitFacts end()
+    {
+        m_unit.startupFaults = startupFaultsOf(m_unit);
+        return std::move(m_unit);
+    }
 
 private:
     /// The first line of the names of a block is that of its device.

@@ -31,6 +31,7 @@ class StartupWalk
 {
 public:
     explicit StartupWalk(const UnitFacts& unit)
+        : m_unit(unit)
     {
         for (const PdoFacts& pdo : unit.pdos)
             if (pdo.syncManager >= 0 && pdo.syncManager <= assignObjects.last - assignObjects.first)
@@ -58,7 +59,7 @@ public:
     {
         for (const auto& [index, list] : m_lists)
             if (list.entries > 0)
-                m_faults.push_back({StartupSlip::CountMissing, list.last, list.entries});
+                m_faults.push_back({StartupSlip::CountMissing, placeOf(*list.last), list.entries});
         return std::move(m_faults);
     }
 
@@ -70,13 +71,18 @@ private:
         const CommandFacts* last = nullptr; ///< that wrote an entry
     };
 
+    [[nodiscard]] std::size_t placeOf(const CommandFacts& command) const
+    {
+        return static_cast<std::size_t>(&command - m_unit.commands.data());
+    }
+
     void checkAssignment(const CommandFacts& command)
     {
         const auto assign = m_assignObjectOf.find(command.index);
         if (assign == m_assignObjectOf.end() || m_cleared.count(assign->second) != 0
             || !m_told.insert(command.index).second)
             return;
-        m_faults.push_back({StartupSlip::MappedWhileAssigned, &command});
+        m_faults.push_back({StartupSlip::MappedWhileAssigned, placeOf(command)});
     }
 
     void takeCount(const CommandFacts& command)
@@ -90,7 +96,7 @@ private:
             return;
         }
         if (list != m_lists.end() && command.data != entries)
-            m_faults.push_back({StartupSlip::CountWrong, &command, entries});
+            m_faults.push_back({StartupSlip::CountWrong, placeOf(command), entries});
         m_lists.erase(command.index);
         if (isAssignObject(command.index))
             m_cleared.erase(command.index);
@@ -101,13 +107,14 @@ private:
         const auto list = m_lists.find(command.index);
         if (list == m_lists.end()) {
             if (m_toldEntries.insert(command.index).second)
-                m_faults.push_back({StartupSlip::EntryBeforeClear, &command});
+                m_faults.push_back({StartupSlip::EntryBeforeClear, placeOf(command)});
             return;
         }
         list->second.entries = std::max(list->second.entries, static_cast<unsigned>(command.subIndex));
         list->second.last = &command;
     }
 
+    const UnitFacts& m_unit;
     std::map<std::uint16_t, std::uint16_t> m_assignObjectOf; ///< by the index of a PDO
     std::set<std::uint16_t> m_cleared; ///< assign objects that are empty now
     std::map<std::uint16_t, List> m_lists; ///< objects whose sub-index 0 is 0 now

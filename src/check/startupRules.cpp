@@ -1,7 +1,6 @@
 // startupRules.cpp - the startup commands of a device, as the controller sends them.
 #include "check/report.h"
 #include "check/ruleFamilies.h"
-#include "check/startupOrder.h"
 #include "check/unitLabels.h"
 #include "editing/exportChecks.h"
 #include "model/carriedValue.h"
@@ -18,36 +17,36 @@ namespace {
 
 /// Reports the slips of one kind.
 /// @tparam textOf  words for a fault
-template<StartupSlip Slip, QString (*textOf)(const StartupFault&)>
+template<StartupSlip Slip, QString (*textOf)(const StartupFault&, const CommandFacts&)>
 void checkOrder(const UnitFacts& unit, Report& report)
 {
-    for (const StartupFault& fault : startupFaultsOf(unit))
-        if (fault.slip == Slip)
-            report.add(fault.command->where, textOf(fault));
+    for (const StartupFault& fault : unit.startupFaults)
+        if (const CommandFacts& command = unit.commands[fault.command]; fault.slip == Slip)
+            report.add(command.where, textOf(fault, command));
 }
 
-QString assignedText(const StartupFault& fault)
+QString assignedText(const StartupFault& /*fault*/, const CommandFacts& command)
 {
     return QStringLiteral(
                "%1 maps PDO %2 while it is still assigned: sub-index 0 of its assign object was not set to 0")
-        .arg(labelOf(*fault.command), hexNumber(fault.command->index));
+        .arg(labelOf(command), hexNumber(command.index));
 }
 
-QString entryText(const StartupFault& fault)
+QString entryText(const StartupFault& /*fault*/, const CommandFacts& command)
 {
-    return QStringLiteral("%1 writes an entry before sub-index 0 of the object is 0").arg(labelOf(*fault.command));
+    return QStringLiteral("%1 writes an entry before sub-index 0 of the object is 0").arg(labelOf(command));
 }
 
-QString countMissingText(const StartupFault& fault)
+QString countMissingText(const StartupFault& fault, const CommandFacts& command)
 {
     return QStringLiteral("after %1 no command sets sub-index 0 to the number of entries, %2")
-        .arg(labelOf(*fault.command), QString::number(fault.entries));
+        .arg(labelOf(command), QString::number(fault.entries));
 }
 
-QString countWrongText(const StartupFault& fault)
+QString countWrongText(const StartupFault& fault, const CommandFacts& command)
 {
     return QStringLiteral("%1 sets the number of entries to %2, the commands before it write %3")
-        .arg(labelOf(*fault.command), QString::number(fault.command->data), QString::number(fault.entries));
+        .arg(labelOf(command), QString::number(command.data), QString::number(fault.entries));
 }
 
 // ---- Single commands ----

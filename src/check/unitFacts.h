@@ -2,6 +2,7 @@
 #pragma once
 
 #include "check/finding.h"
+#include "check/startupFault.h"
 #include "model/nmtoken.h"
 #include "model/syncRecords.h"
 
@@ -120,6 +121,7 @@ struct UnitFacts
     std::vector<ModeFacts> modes; ///< none of a module
     std::vector<PdoFacts> pdos; ///< outputs first
     std::vector<CommandFacts> commands; ///< in the order of sending
+    std::vector<StartupFault> startupFaults; ///< in the order of sending
     const DictionaryFacts* dictionary = nullptr; ///< null if the file has none for it
 
     [[nodiscard]] bool isDevice() const noexcept { return owner.kind == OwnerKind::Device; }

@@ -1,7 +1,7 @@
 #include "check/valueFaults.h"
 
-#include "check/baseTypeName.h"
 #include "check/report.h"
+#include "check/standardTypes.h"
 
 #include <algorithm>
 #include <tuple>
@@ -34,7 +34,8 @@ bool ValueFaults::isBaseType(std::string_view name)
 {
     if (name == m_lastBaseType)
         return true;
-    const bool isBase = isBaseTypeName(elementTypeName(name));
+    const std::optional<TypeShape> shape = standardTypeNamed(elementTypeName(name));
+    const bool isBase = shape.has_value() && shape->isStandard;
     if (isBase)
         m_lastBaseType = name;
     return isBase;

@@ -103,9 +103,9 @@ std::optional<OrderedNumber> numberOfPattern(std::uint64_t pattern, const TypeSh
 {
     if (shape.bits < maxBits && (pattern >> shape.bits) != 0)
         return std::nullopt;
-    if (shape.kind == ValueKind::Real)
+    if (shape.kind == DataKind::Real)
         return realOf(pattern, shape.bits);
-    if (shape.kind != ValueKind::Signed)
+    if (shape.kind != DataKind::Signed)
         return OrderedNumber{pattern};
     const std::uint64_t ownSign = std::uint64_t{1} << (shape.bits - 1);
     return placeOfSigned((pattern ^ ownSign) - ownSign);
@@ -116,9 +116,9 @@ std::optional<OrderedNumber> decimalOf(std::string_view text, const TypeShape& s
     const bool isNegative = !text.empty() && text.front() == '-';
     const bool hasSign = isNegative || (!text.empty() && text.front() == '+');
     const std::optional<std::uint64_t> digits = digitsOf(hasSign ? text.substr(1) : text, 10);
-    if (!digits.has_value() || shape.kind == ValueKind::Real)
+    if (!digits.has_value() || shape.kind == DataKind::Real)
         return std::nullopt;
-    if (shape.kind != ValueKind::Signed)
+    if (shape.kind != DataKind::Signed)
         return isNegative ? std::nullopt : numberOfPattern(*digits, shape);
     const std::uint64_t limit = std::uint64_t{1} << (shape.bits - 1);
     if (*digits > limit || (*digits == limit && !isNegative))
@@ -135,11 +135,11 @@ bool isNumeric(const TypeShape& shape)
 {
     constexpr std::uint64_t bitsOfReal = 32;
     switch (shape.kind) {
-    case ValueKind::Bits:
-    case ValueKind::Unsigned:
-    case ValueKind::Signed:
+    case DataKind::Bits:
+    case DataKind::Unsigned:
+    case DataKind::Signed:
         return shape.bits > 0 && shape.bits <= maxBits;
-    case ValueKind::Real:
+    case DataKind::Real:
         return shape.bits == bitsOfReal || shape.bits == maxBits;
     default:
         return false;
@@ -159,11 +159,11 @@ std::optional<OrderedNumber> numberOf(const WrittenValue& value, const TypeShape
     return pattern.has_value() ? numberOfPattern(*pattern, shape) : std::nullopt;
 }
 
-QString numberText(const OrderedNumber& number, ValueKind kind)
+QString numberText(const OrderedNumber& number, DataKind kind)
 {
-    if (kind == ValueKind::Real)
+    if (kind == DataKind::Real)
         return QString::number(realAt(number));
-    if (kind == ValueKind::Signed)
+    if (kind == DataKind::Signed)
         return QString::number(static_cast<qint64>(number.place ^ signBit));
     return QString::number(number.place);
 }

@@ -24,7 +24,7 @@ struct OrderedNumber
 
 /// The number as people write it.
 /// @param kind  that it was read for
-[[nodiscard]] QString numberText(const OrderedNumber& number, ValueKind kind);
+[[nodiscard]] QString numberText(const OrderedNumber& number, DataKind kind);
 
 /// Bytes that a default takes.
 /// @return  nothing if it has no length by itself: it is a number, or no data

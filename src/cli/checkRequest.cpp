@@ -7,6 +7,7 @@
 #include "text/shownText.h"
 
 #include <algorithm>
+#include <ostream>
 #include <array>
 
 namespace cli {

@@ -37,9 +37,8 @@ void readEsi(QFile& file, const QString& path, InputToCheck& input)
 {
     const QString name = isStandardInput(path) ? shownName(path) : path;
     const FileBeingRead reading(name);
-    file.setTextModeEnabled(false);
-    const std::string bytes = bytesOfEsiFile(file);
-    EsiTreeResult read = esiTreeOf(bytes);
+    EsiTreeResult read =
+        esiTreeOf(file, [&](std::string_view bytes) { input.encodingFault = check::encodingFaultOf(bytes); });
     if (file.error() != QFileDevice::NoError)
         input.fault = unreadable(file.errorString());
     else if (!read.tree.has_value())
@@ -51,7 +50,6 @@ void readEsi(QFile& file, const QString& path, InputToCheck& input)
         input.fault = faultOf(loaded.status, loaded.reason);
         return;
     }
-    input.encodingFault = check::encodingFaultOf(bytes);
     input.tree = std::move(read.tree);
     input.road = read.road;
     input.record = std::move(loaded.file);

@@ -28,33 +28,8 @@ EsiTreeResult treeThroughDocument(QIODevice& file)
     return result;
 }
 
-/// The tree of a file that can be read twice.
-/// @return  nothing if the file is not plain, too large, or too large for the memory: its document tells which
-std::optional<xml::Tree> plainTreeOf(QFile& file)
-{
-    if (file.bytesAvailable() > maxXmlFileBytes)
-        return std::nullopt;
-    try {
-        return xml::treeOfPlainXml(bytesOfEsiFile(file));
-    } catch (const std::bad_alloc&) {
-        return std::nullopt;
-    }
-}
-
-EsiTreeResult treeOf(QFile& file)
-{
-    if (file.isSequential())
-        return esiTreeOf(bytesOfEsiFile(file));
-    const qint64 start = file.pos();
-    if (std::optional<xml::Tree> tree = plainTreeOf(file))
-        return {EsiLoadStatus::Loaded, {}, std::move(tree), EsiRoad::Plain};
-    file.seek(start);
-    return treeThroughDocument(file);
-}
-
-} // namespace
-
-std::string bytesOfEsiFile(QFile& file)
+/// The bytes of a file, from its place on: all of them, or one more than a file may have.
+std::string bytesOf(QFile& file)
 {
     constexpr std::size_t maxBytes = std::size_t{maxXmlFileBytes} + 1;
     constexpr std::size_t blockSize = 65536;
@@ -75,6 +50,31 @@ std::string bytesOfEsiFile(QFile& file)
     return bytes;
 }
 
+using BytesLook = std::function<void(std::string_view bytes)>;
+
+void showBytes(const std::string& bytes, const BytesLook& lookAt)
+{
+    if (lookAt != nullptr && bytes.size() <= std::size_t{maxXmlFileBytes})
+        lookAt(bytes);
+}
+
+/// The tree of a file that can be read twice.
+/// @return  nothing if the file is not plain, too large, or too large for the memory: its document tells which
+std::optional<xml::Tree> plainTreeOf(QFile& file, const BytesLook& lookAt)
+{
+    if (file.bytesAvailable() > maxXmlFileBytes)
+        return std::nullopt;
+    try {
+        std::string bytes = bytesOf(file);
+        showBytes(bytes, lookAt);
+        return xml::treeOfPlainXml(std::move(bytes));
+    } catch (const std::bad_alloc&) {
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
 EsiTreeResult esiTreeOf(const std::string& bytes)
 {
     if (bytes.size() <= std::size_t{maxXmlFileBytes})
@@ -83,6 +83,21 @@ EsiTreeResult esiTreeOf(const std::string& bytes)
     QByteArray view = QByteArray::fromRawData(bytes.data(), static_cast<int>(bytes.size()));
     QBuffer file(&view);
     file.open(QIODevice::ReadOnly);
+    return treeThroughDocument(file);
+}
+
+EsiTreeResult esiTreeOf(QFile& file, const BytesLook& lookAt)
+{
+    file.setTextModeEnabled(false);
+    if (file.isSequential()) {
+        const std::string bytes = bytesOf(file);
+        showBytes(bytes, lookAt);
+        return esiTreeOf(bytes);
+    }
+    const qint64 start = file.pos();
+    if (std::optional<xml::Tree> tree = plainTreeOf(file, lookAt))
+        return {EsiLoadStatus::Loaded, {}, std::move(tree), EsiRoad::Plain};
+    file.seek(start);
     return treeThroughDocument(file);
 }
 
@@ -100,8 +115,7 @@ EsiLoadResult loadEsiFile(const QString& path, QDomDocument& document)
 EsiLoadResult loadOpenEsiFile(QFile& file, const QString& path, Dictionaries dictionaries)
 {
     const FileBeingRead reading(path);
-    file.setTextModeEnabled(false);
-    const EsiTreeResult read = treeOf(file);
+    const EsiTreeResult read = esiTreeOf(file, nullptr);
     if (!read.tree.has_value())
         return {read.status, read.reason, {}};
     EsiLoadResult result = fileFrom(*read.tree, path, dictionaries);

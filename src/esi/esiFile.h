@@ -10,8 +10,10 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 /// How loading a file ended.
 enum class EsiLoadStatus
@@ -55,11 +57,13 @@ struct EsiTreeResult
     EsiRoad road = EsiRoad::Document;
 };
 
-/// The bytes of a file that is open for reading, from its place on: all of them, or one more than a file may have.
-[[nodiscard]] std::string bytesOfEsiFile(QFile& file);
-
 /// Reads a file as far as its tree, within the limits of ESI files. Whether it is one is not asked.
 [[nodiscard]] EsiTreeResult esiTreeOf(const std::string& bytes);
+
+/// As above, a file that is open for reading, from its place to its end.
+/// @param lookAt  called with all bytes of the file before they are read, unless it is larger than files may be; may
+///                be null
+[[nodiscard]] EsiTreeResult esiTreeOf(QFile& file, const std::function<void(std::string_view bytes)>& lookAt);
 
 /// Makes the record of what a file declares, without what the derivation passes add. It is complete when
 /// `completeFile` has gone over it.

@@ -41,8 +41,8 @@ struct FileElements
     std::vector<xml::Element> moduleLists; ///< each `Modules` directly in an element whose name contains "Descriptions"
 };
 
-/// Tells which nodes of a `Modules` element are modules. A run of modules begins with a `Module`; until the next comment
-/// every element counts as one then.
+/// Tells which nodes of a `Modules` element are modules. A run of modules begins with a `Module`; until the next
+/// comment every element counts as one then.
 class ModuleRun
 {
 public:

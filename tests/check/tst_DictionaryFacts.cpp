@@ -155,7 +155,7 @@ void tst_DictionaryFacts::typesInACircle()
     const Read read(dictionary(dataType("A", 8, "<BaseType>B</BaseType>") + dataType("B", 8, "<BaseType>A</BaseType>"),
                                object("1", "A", 8)));
     QCOMPARE(textOf(read.facts->itemAt(1, 0)), QStringLiteral("8 A ? ?"));
-    QCOMPARE(read.facts->shapeOf(read.facts->typeNamed("A")).kind, check::ValueKind::Unknown);
+    QCOMPARE(read.facts->shapeOf(read.facts->typeNamed("A")).kind, check::DataKind::Unknown);
 }
 
 static const testMain::Registration<tst_DictionaryFacts, testMain::NoApplication> registration;

@@ -340,7 +340,11 @@ void tst_DictionaryRules::manyObjectsOfALongType()
     const check::Findings findings =
         checkParts::LoadedFile(checkParts::deviceFile(dictionary(recordType("DT1", count, subItems), objects)))
             .findings();
-    QVERIFY(findings.list.empty());
+    QStringList lines;
+    for (const check::Finding& finding : findings.list)
+        if (finding.rule->code.substr(0, 10) == "dictionary")
+            lines += finding.text;
+    QCOMPARE(lines, QStringList());
 }
 
 static const testMain::Registration<tst_DictionaryRules, testMain::NoApplication> registration;

@@ -17,42 +17,42 @@ private slots:
     static void sameKinds();
 };
 
-using check::ValueKind;
+using check::DataKind;
 
 void tst_StandardTypes::named_data()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<int>("bits");
-    const auto row = [](const char* name, ValueKind kind, int bits) {
+    const auto row = [](const char* name, DataKind kind, int bits) {
         QTest::addRow("%s", name) << static_cast<int>(kind) << bits;
     };
-    row("BOOL", ValueKind::Bits, 1);
-    row("BIT", ValueKind::Bits, 1);
-    row("BIT2", ValueKind::Bits, 2);
-    row("BIT16", ValueKind::Bits, 16);
-    row("BITARR8", ValueKind::Bits, 8);
-    row("BYTE", ValueKind::Bits, 8);
-    row("WORD", ValueKind::Bits, 16);
-    row("USINT", ValueKind::Unsigned, 8);
-    row("UINT", ValueKind::Unsigned, 16);
-    row("UINT24", ValueKind::Unsigned, 24);
-    row("UDINT", ValueKind::Unsigned, 32);
-    row("UNSIGNED32", ValueKind::Unsigned, 32);
-    row("ULINT", ValueKind::Unsigned, 64);
-    row("SINT", ValueKind::Signed, 8);
-    row("INT", ValueKind::Signed, 16);
-    row("INT24", ValueKind::Signed, 24);
-    row("INTEGER8", ValueKind::Signed, 8);
-    row("LINT", ValueKind::Signed, 64);
-    row("REAL", ValueKind::Real, 32);
-    row("LREAL", ValueKind::Real, 64);
-    row("STRING(12)", ValueKind::Text, 96);
-    row("UNICODE_STRING(2)", ValueKind::Text, 32);
-    row("VISIBLE_STRING", ValueKind::Text, 0);
-    row("OCTET_STRING(3)", ValueKind::Bytes, 24);
-    row("ARRAY [0..29] OF BYTE", ValueKind::Bytes, 240);
-    row("ARRAY [1..4] OF UINT", ValueKind::Bytes, 64);
-    row("WSTRING", ValueKind::Text, 0);
+    row("BOOL", DataKind::Bits, 1);
+    row("BIT", DataKind::Bits, 1);
+    row("BIT2", DataKind::Bits, 2);
+    row("BIT16", DataKind::Bits, 16);
+    row("BITARR8", DataKind::Bits, 8);
+    row("BYTE", DataKind::Bits, 8);
+    row("WORD", DataKind::Bits, 16);
+    row("USINT", DataKind::Unsigned, 8);
+    row("UINT", DataKind::Unsigned, 16);
+    row("UINT24", DataKind::Unsigned, 24);
+    row("UDINT", DataKind::Unsigned, 32);
+    row("UNSIGNED32", DataKind::Unsigned, 32);
+    row("ULINT", DataKind::Unsigned, 64);
+    row("SINT", DataKind::Signed, 8);
+    row("INT", DataKind::Signed, 16);
+    row("INT24", DataKind::Signed, 24);
+    row("INTEGER8", DataKind::Signed, 8);
+    row("LINT", DataKind::Signed, 64);
+    row("REAL", DataKind::Real, 32);
+    row("LREAL", DataKind::Real, 64);
+    row("STRING(12)", DataKind::Text, 96);
+    row("UNICODE_STRING(2)", DataKind::Text, 32);
+    row("VISIBLE_STRING", DataKind::Text, 0);
+    row("OCTET_STRING(3)", DataKind::Bytes, 24);
+    row("ARRAY [0..29] OF BYTE", DataKind::Bytes, 240);
+    row("ARRAY [1..4] OF UINT", DataKind::Bytes, 64);
+    row("WSTRING", DataKind::Text, 0);
 }
 
 void tst_StandardTypes::named()
@@ -86,24 +86,24 @@ void tst_StandardTypes::sameKinds_data()
     QTest::addColumn<int>("left");
     QTest::addColumn<int>("right");
     QTest::addColumn<bool>("same");
-    const auto row = [](const char* name, ValueKind left, ValueKind right, bool same) {
+    const auto row = [](const char* name, DataKind left, DataKind right, bool same) {
         QTest::addRow("%s", name) << static_cast<int>(left) << static_cast<int>(right) << same;
     };
-    row("signed and unsigned", ValueKind::Signed, ValueKind::Unsigned, false);
-    row("real and unsigned", ValueKind::Real, ValueKind::Unsigned, false);
-    row("text and unsigned", ValueKind::Text, ValueKind::Unsigned, false);
-    row("unsigned twice", ValueKind::Unsigned, ValueKind::Unsigned, true);
-    row("bits and signed", ValueKind::Bits, ValueKind::Signed, true);
-    row("real and bytes", ValueKind::Real, ValueKind::Bytes, true);
-    row("unknown and text", ValueKind::Unknown, ValueKind::Text, true);
+    row("signed and unsigned", DataKind::Signed, DataKind::Unsigned, false);
+    row("real and unsigned", DataKind::Real, DataKind::Unsigned, false);
+    row("text and unsigned", DataKind::Text, DataKind::Unsigned, false);
+    row("unsigned twice", DataKind::Unsigned, DataKind::Unsigned, true);
+    row("bits and signed", DataKind::Bits, DataKind::Signed, true);
+    row("real and bytes", DataKind::Real, DataKind::Bytes, true);
+    row("unknown and text", DataKind::Unknown, DataKind::Text, true);
 }
 
 void tst_StandardTypes::sameKinds()
 {
     QFETCH(int, left);
     QFETCH(int, right);
-    QTEST(check::canBeSame(static_cast<ValueKind>(left), static_cast<ValueKind>(right)), "same");
-    QTEST(check::canBeSame(static_cast<ValueKind>(right), static_cast<ValueKind>(left)), "same");
+    QTEST(check::canBeSame(static_cast<DataKind>(left), static_cast<DataKind>(right)), "same");
+    QTEST(check::canBeSame(static_cast<DataKind>(right), static_cast<DataKind>(left)), "same");
 }
 
 static const testMain::Registration<tst_StandardTypes, testMain::NoApplication> registration;

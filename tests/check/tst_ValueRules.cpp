@@ -1,5 +1,5 @@
 // Values that are not what they have to be: each rule with values that it fires on, and others that are just right.
-// Covers baseTypeName.cpp, valueFaults.cpp, valueKind.cpp.
+// Covers valueFaults.cpp, valueKind.cpp.
 #include "checkParts.h"
 #include "testMain.h"
 

@@ -20,7 +20,7 @@ private slots:
 };
 
 using check::ValueForm;
-using check::ValueKind;
+using check::DataKind;
 
 void tst_WrittenValues::number_data()
 {
@@ -29,50 +29,50 @@ void tst_WrittenValues::number_data()
     QTest::addColumn<int>("kind");
     QTest::addColumn<int>("bits");
     QTest::addColumn<QString>("number"); // "none" if it is none
-    const auto row = [](ValueForm form, const char* text, ValueKind kind, int bits, const char* number) {
+    const auto row = [](ValueForm form, const char* text, DataKind kind, int bits, const char* number) {
         QTest::addRow("%s '%s' of %d bits, kind %d", form == ValueForm::Data ? "data" : "value", text, bits,
                       static_cast<int>(kind))
             << static_cast<int>(form) << text << static_cast<int>(kind) << bits << number;
     };
-    row(ValueForm::Data, "0A0B", ValueKind::Unsigned, 16, "2826");
-    row(ValueForm::Data, "ff", ValueKind::Unsigned, 8, "255");
-    row(ValueForm::Data, "FF", ValueKind::Signed, 8, "-1");
-    row(ValueForm::Data, "FF", ValueKind::Signed, 16, "255");
-    row(ValueForm::Data, "0080", ValueKind::Signed, 16, "-32768");
-    row(ValueForm::Data, "000000000000F07F", ValueKind::Unsigned, 64, "9218868437227405312");
-    row(ValueForm::Data, "FFFFFFFFFFFFFFFF", ValueKind::Signed, 64, "-1");
-    row(ValueForm::Data, "0000C03F", ValueKind::Real, 32, "1.5");
-    row(ValueForm::Data, "000020C1", ValueKind::Real, 32, "-10");
-    row(ValueForm::Data, "000000000000F83F", ValueKind::Real, 64, "1.5");
-    row(ValueForm::Data, "0000C07F", ValueKind::Real, 32, "none"); // not a number
-    row(ValueForm::Data, "01", ValueKind::Bits, 1, "1");
-    row(ValueForm::Data, "02", ValueKind::Bits, 1, "none");
-    row(ValueForm::Data, "000001", ValueKind::Unsigned, 16, "none");
-    row(ValueForm::Data, "000000000000000000", ValueKind::Unsigned, 64, "none");
-    row(ValueForm::Data, "", ValueKind::Unsigned, 8, "none");
-    row(ValueForm::Data, "5", ValueKind::Unsigned, 8, "none");
-    row(ValueForm::Data, "#x05", ValueKind::Unsigned, 8, "none");
-    row(ValueForm::Data, "05", ValueKind::Text, 8, "none");
-    row(ValueForm::Data, "05", ValueKind::Unsigned, 0, "none");
-    row(ValueForm::Data, "05", ValueKind::Unsigned, 65, "none");
-    row(ValueForm::Number, "300", ValueKind::Unsigned, 16, "300");
-    row(ValueForm::Number, "300", ValueKind::Unsigned, 8, "none");
-    row(ValueForm::Number, "+5", ValueKind::Unsigned, 8, "5");
-    row(ValueForm::Number, "-5", ValueKind::Unsigned, 8, "none");
-    row(ValueForm::Number, "-128", ValueKind::Signed, 8, "-128");
-    row(ValueForm::Number, "-129", ValueKind::Signed, 8, "none");
-    row(ValueForm::Number, "127", ValueKind::Signed, 8, "127");
-    row(ValueForm::Number, "128", ValueKind::Signed, 8, "none");
-    row(ValueForm::Number, "-9223372036854775808", ValueKind::Signed, 64, "-9223372036854775808");
-    row(ValueForm::Number, "18446744073709551616", ValueKind::Unsigned, 64, "none");
-    row(ValueForm::Number, "#x80", ValueKind::Signed, 8, "-128");
-    row(ValueForm::Number, "0xFF", ValueKind::Unsigned, 8, "255");
-    row(ValueForm::Number, "#x", ValueKind::Unsigned, 8, "none");
-    row(ValueForm::Number, "", ValueKind::Signed, 8, "none");
-    row(ValueForm::Number, "-", ValueKind::Signed, 8, "none");
-    row(ValueForm::Number, "1", ValueKind::Real, 32, "none"); // a number, or its bits
-    row(ValueForm::Text, "1", ValueKind::Unsigned, 8, "none");
-    row(ValueForm::None, "1", ValueKind::Unsigned, 8, "none");
+    row(ValueForm::Data, "0A0B", DataKind::Unsigned, 16, "2826");
+    row(ValueForm::Data, "ff", DataKind::Unsigned, 8, "255");
+    row(ValueForm::Data, "FF", DataKind::Signed, 8, "-1");
+    row(ValueForm::Data, "FF", DataKind::Signed, 16, "255");
+    row(ValueForm::Data, "0080", DataKind::Signed, 16, "-32768");
+    row(ValueForm::Data, "000000000000F07F", DataKind::Unsigned, 64, "9218868437227405312");
+    row(ValueForm::Data, "FFFFFFFFFFFFFFFF", DataKind::Signed, 64, "-1");
+    row(ValueForm::Data, "0000C03F", DataKind::Real, 32, "1.5");
+    row(ValueForm::Data, "000020C1", DataKind::Real, 32, "-10");
+    row(ValueForm::Data, "000000000000F83F", DataKind::Real, 64, "1.5");
+    row(ValueForm::Data, "0000C07F", DataKind::Real, 32, "none"); // not a number
+    row(ValueForm::Data, "01", DataKind::Bits, 1, "1");
+    row(ValueForm::Data, "02", DataKind::Bits, 1, "none");
+    row(ValueForm::Data, "000001", DataKind::Unsigned, 16, "none");
+    row(ValueForm::Data, "000000000000000000", DataKind::Unsigned, 64, "none");
+    row(ValueForm::Data, "", DataKind::Unsigned, 8, "none");
+    row(ValueForm::Data, "5", DataKind::Unsigned, 8, "none");
+    row(ValueForm::Data, "#x05", DataKind::Unsigned, 8, "none");
+    row(ValueForm::Data, "05", DataKind::Text, 8, "none");
+    row(ValueForm::Data, "05", DataKind::Unsigned, 0, "none");
+    row(ValueForm::Data, "05", DataKind::Unsigned, 65, "none");
+    row(ValueForm::Number, "300", DataKind::Unsigned, 16, "300");
+    row(ValueForm::Number, "300", DataKind::Unsigned, 8, "none");
+    row(ValueForm::Number, "+5", DataKind::Unsigned, 8, "5");
+    row(ValueForm::Number, "-5", DataKind::Unsigned, 8, "none");
+    row(ValueForm::Number, "-128", DataKind::Signed, 8, "-128");
+    row(ValueForm::Number, "-129", DataKind::Signed, 8, "none");
+    row(ValueForm::Number, "127", DataKind::Signed, 8, "127");
+    row(ValueForm::Number, "128", DataKind::Signed, 8, "none");
+    row(ValueForm::Number, "-9223372036854775808", DataKind::Signed, 64, "-9223372036854775808");
+    row(ValueForm::Number, "18446744073709551616", DataKind::Unsigned, 64, "none");
+    row(ValueForm::Number, "#x80", DataKind::Signed, 8, "-128");
+    row(ValueForm::Number, "0xFF", DataKind::Unsigned, 8, "255");
+    row(ValueForm::Number, "#x", DataKind::Unsigned, 8, "none");
+    row(ValueForm::Number, "", DataKind::Signed, 8, "none");
+    row(ValueForm::Number, "-", DataKind::Signed, 8, "none");
+    row(ValueForm::Number, "1", DataKind::Real, 32, "none"); // a number, or its bits
+    row(ValueForm::Text, "1", DataKind::Unsigned, 8, "none");
+    row(ValueForm::None, "1", DataKind::Unsigned, 8, "none");
 }
 
 void tst_WrittenValues::number()
@@ -82,7 +82,7 @@ void tst_WrittenValues::number()
     QFETCH(int, kind);
     QFETCH(int, bits);
     const std::string utf8 = text.toStdString();
-    const auto valueKind = static_cast<ValueKind>(kind);
+    const auto valueKind = static_cast<DataKind>(kind);
     const auto number =
         check::numberOf({utf8, 0, static_cast<ValueForm>(form)}, {valueKind, static_cast<std::uint64_t>(bits)});
     const QString shown = number.has_value() ? check::numberText(*number, valueKind) : QStringLiteral("none");
@@ -95,15 +95,15 @@ void tst_WrittenValues::order_data()
     QTest::addColumn<QByteArray>("more");
     QTest::addColumn<int>("kind");
     QTest::addRow("unsigned") << QByteArray("FF000000") << QByteArray("00010000")
-                              << static_cast<int>(ValueKind::Unsigned);
-    QTest::addRow("signed") << QByteArray("FFFFFFFF") << QByteArray("00000000") << static_cast<int>(ValueKind::Signed);
+                              << static_cast<int>(DataKind::Unsigned);
+    QTest::addRow("signed") << QByteArray("FFFFFFFF") << QByteArray("00000000") << static_cast<int>(DataKind::Signed);
     QTest::addRow("least signed") << QByteArray("00000080") << QByteArray("FFFFFFFF")
-                                  << static_cast<int>(ValueKind::Signed);
-    QTest::addRow("reals") << QByteArray("0000C03F") << QByteArray("00002041") << static_cast<int>(ValueKind::Real);
+                                  << static_cast<int>(DataKind::Signed);
+    QTest::addRow("reals") << QByteArray("0000C03F") << QByteArray("00002041") << static_cast<int>(DataKind::Real);
     QTest::addRow("negative real") << QByteArray("000020C1") << QByteArray("0000C03F")
-                                   << static_cast<int>(ValueKind::Real);
+                                   << static_cast<int>(DataKind::Real);
     QTest::addRow("negative reals") << QByteArray("000020C1") << QByteArray("0000C0BF")
-                                    << static_cast<int>(ValueKind::Real);
+                                    << static_cast<int>(DataKind::Real);
 }
 
 void tst_WrittenValues::order()
@@ -114,12 +114,12 @@ void tst_WrittenValues::order()
     const auto placeOf = [&](const QByteArray& data) {
         return check::numberOf(
                    {std::string_view(data.constData(), static_cast<std::size_t>(data.size())), 0, ValueForm::Data},
-                   {static_cast<ValueKind>(kind), 32})
+                   {static_cast<DataKind>(kind), 32})
             ->place;
     };
     QVERIFY(placeOf(less) < placeOf(more));
-    QCOMPARE(check::numberOf({"00000080", 0, ValueForm::Data}, {ValueKind::Real, 32})->place,
-             check::numberOf({"00000000", 0, ValueForm::Data}, {ValueKind::Real, 32})->place);
+    QCOMPARE(check::numberOf({"00000080", 0, ValueForm::Data}, {DataKind::Real, 32})->place,
+             check::numberOf({"00000000", 0, ValueForm::Data}, {DataKind::Real, 32})->place);
 }
 
 void tst_WrittenValues::bytes_data()
