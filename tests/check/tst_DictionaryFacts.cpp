@@ -1,4 +1,5 @@
 // Look-ups in a CoE dictionary.
+// Covers dictionaryContent.cpp.
 #include "check/dictionaryFacts.h"
 #include "dictionaryParts.h"
 #include "esi/esiFile.h"

@@ -1,4 +1,5 @@
 // Data types, objects and defaults of a dictionary: each rule with the smallest file that it fires on, and its twin
+// Covers dictionaryDefaultRules.cpp, dictionarySizeRules.cpp.
 // that is just right.
 #include "checkParts.h"
 #include "dictionaryParts.h"

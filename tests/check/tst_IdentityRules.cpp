@@ -1,4 +1,5 @@
 // Identity and clocks: each rule with the smallest file that it fires on, and its twin that is just right.
+// Covers clockRules.cpp, unitLabels.cpp.
 #include "ruleRows.h"
 #include "testMain.h"
 

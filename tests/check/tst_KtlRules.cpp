@@ -1,4 +1,5 @@
 // The items of KTL files: each rule with the smallest file that it fires on, and its twin that is just right.
+// Covers ktlFacts.cpp.
 #include "checkParts.h"
 #include "ktl/ktlBytes.h"
 #include "testMain.h"

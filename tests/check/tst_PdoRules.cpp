@@ -1,4 +1,5 @@
 // PDOs and startup commands: each rule with the smallest file that it fires on, and its twin that is just right.
+// Covers esiUnits.cpp, startupOrder.cpp, startupRules.cpp.
 #include "ruleRows.h"
 #include "testMain.h"
 

@@ -1,4 +1,5 @@
 // Slots and modules: each rule with the smallest file that it fires on, and its twin that is just right.
+// Covers esiFacts.cpp, moduleRules.cpp, slotFacts.cpp.
 #include "ruleRows.h"
 #include "testMain.h"
 

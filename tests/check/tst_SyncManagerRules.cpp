@@ -1,4 +1,5 @@
 // Sync managers and FMMUs: each rule with the smallest file that it fires on, and its twin that is just right.
+// Covers fmmuRules.cpp, memoryRules.cpp, processData.cpp.
 #include "ruleRows.h"
 #include "testMain.h"
 
