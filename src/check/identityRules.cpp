@@ -21,9 +21,15 @@ void checkVendor(const EsiFacts& facts, Report& report)
         report.add(facts.vendor.placeKey(), QStringLiteral("the vendor id is missing or 0"));
 }
 
+/// Whether a device has something to exchange. A part without an EtherCAT controller has not, and no identity either.
+bool isOnTheBus(const UnitFacts& unit)
+{
+    return unit.isDevice() && (!unit.syncManagers.empty() || !unit.pdos.empty() || unit.hasCoe);
+}
+
 void checkProduct(const UnitFacts& unit, Report& report)
 {
-    if (unit.isDevice() && unit.product == 0)
+    if (isOnTheBus(unit) && unit.product == 0)
         report.add(unit.where, QStringLiteral("the product code is missing or 0"));
 }
 
@@ -83,10 +89,12 @@ constexpr std::array rules{
         "product-code",
         Severity::Warning,
         "a device has no product code, or 0",
-        "The Type element of a device has no ProductCode, or one that is read as 0.",
+        "The Type element of a device has no ProductCode, or one that is read as 0, and the device has sync managers, "
+        "PDOs "
+        "or CoE.",
         "The controller finds a device on the bus by vendor, product and revision. A device with the product code 0 is "
         "taken for another one, or for none.",
-        "Give the product code that the EEPROM of the device holds. A part without an EtherCAT controller has none.",
+        "Give the product code that the EEPROM of the device holds.",
         "<Type RevisionNo=\"#x1\">MB-C100</Type>",
         {nullptr, nullptr, checkProduct}},
     Rule{"revision-number",

@@ -33,9 +33,13 @@ void addIdentity()
     add("vendor-id", "0", changed("#x7e57", "0"), noVendor);
     add("vendor-id", "given", right);
     const QStringList noProduct{"2:1: the product code is missing or 0"};
-    add("product-code", "missing", changed("ProductCode=\"#x1\"", ""), noProduct);
-    add("product-code", "0", changed("ProductCode=\"#x1\"", "ProductCode='#x0'"), noProduct);
-    add("product-code", "given", right);
+    const auto withSyncManager = [](const char* attribute) {
+        return deviceFile("<Sm>Inputs</Sm>").replace("ProductCode=\"#x1\"", attribute);
+    };
+    add("product-code", "missing", withSyncManager(""), noProduct);
+    add("product-code", "0", withSyncManager("ProductCode='#x0'"), noProduct);
+    add("product-code", "of a part that is not on the bus", changed("ProductCode=\"#x1\"", ""));
+    add("product-code", "given", withSyncManager("ProductCode='1'"));
     add("revision-number", "missing", changed("RevisionNo=\"#x2\"", ""), {"2:1: the revision number is missing or 0"});
     add("revision-number", "given", right);
     const QByteArray twin = "</Device>\n<Device><Type ProductCode='1' RevisionNo='2'>T2</Type><Name>Twin</Name>";

@@ -41,7 +41,7 @@ const char* const found =
 /// A file with a warning, one with nothing to tell, and one that cannot be read.
 void tst_CheckCommand::initTestCase()
 {
-    m_place.make("noProduct.xml", esiWith("<Device><Type RevisionNo='1'>N</Type><Name>N</Name></Device>"));
+    m_place.make("noProduct.xml", esiWith("<Device><Type RevisionNo='1'>N</Type><Name>N</Name><Sm>Inputs</Sm></Device>"));
     m_place.make("broken.xml", "<EtherCATInfo><Vendor>");
 }
 

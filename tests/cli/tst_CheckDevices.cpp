@@ -46,10 +46,10 @@ QStringList devicesOf(const CommandRun& run)
 /// Five devices without product code in two files, a broken file, and a KTL file.
 void tst_CheckDevices::initTestCase()
 {
-    const QByteArray devices = "<Device><Type RevisionNo='1'>A1</Type><Name>Axis, left</Name></Device>\n"
-                               "<Device><Type RevisionNo='2'>A2</Type><Name>Axis, right</Name></Device>\n";
+    const QByteArray devices = "<Device><Type RevisionNo='1'>A1</Type><Name>Axis, left</Name><Sm>Inputs</Sm></Device>\n"
+                               "<Device><Type RevisionNo='2'>A2</Type><Name>Axis, right</Name><Sm>Inputs</Sm></Device>\n";
     m_place.make("a.xml", esiWith(devices));
-    m_place.make("b.xml", esiWith("<Device><Type RevisionNo='3'>B</Type><Name>B</Name></Device>\n" + devices));
+    m_place.make("b.xml", esiWith("<Device><Type RevisionNo='3'>B</Type><Name>B</Name><Sm>Inputs</Sm></Device>\n" + devices));
     m_place.make("broken.xml", "<a>");
     QCOMPARE(runHere({"convert", sample("io-block.xml"), "-o", m_place.path("machine.ktl")}).exitCode, 0);
 }

@@ -109,7 +109,7 @@ void tst_CheckDoc::tableOfCounts()
 void tst_CheckDoc::keysOfJson()
 {
     const Workplace place;
-    place.make("n.xml", esiWith("<Device/>"));
+    place.make("n.xml", esiWith("<Device><Sm>Inputs</Sm></Device>"));
     const CommandRun run = runHere({"check", "n.xml", "--json", "--only=product-code"}, place.folder());
     const QJsonObject json = QJsonDocument::fromJson(run.output).object();
     const QJsonObject file = json.value("files").toArray().at(0).toObject();

@@ -34,7 +34,7 @@ private:
 
 namespace {
 
-const QByteArray noProduct = "<Device><Type RevisionNo='1'>N</Type><Name>N</Name></Device>";
+const QByteArray noProduct = "<Device><Type RevisionNo='1'>N</Type><Name>N</Name><Sm>Inputs</Sm></Device>";
 
 const QStringList productCode{"--only=product-code"};
 
@@ -137,7 +137,7 @@ void tst_CheckInputs::missingSyncManager()
 /// Its devices are not compared with themselves.
 void tst_CheckInputs::sameFile()
 {
-    m_place.make("one.xml", esiWith("<Device><Type ProductCode='5'>O</Type><Name>O</Name></Device>"));
+    m_place.make("one.xml", esiWith("<Device><Type ProductCode='5'>O</Type><Name>O</Name><Sm>Inputs</Sm></Device>"));
     const CommandRun run = runHere(
         {"check", "one.xml", "./one.xml", "--only=file-twice", "--only=identity-twice-in-call"}, m_place.folder());
     QCOMPARE(run.output, QByteArray("./one.xml: note: the file is given more than once [file-twice]\n"));
@@ -146,7 +146,7 @@ void tst_CheckInputs::sameFile()
 
 void tst_CheckInputs::sameIdentity()
 {
-    const QByteArray device = "<Device><Type ProductCode='5'>O</Type><Name>O</Name></Device>\n";
+    const QByteArray device = "<Device><Type ProductCode='5'>O</Type><Name>O</Name><Sm>Inputs</Sm></Device>\n";
     m_place.make("one.xml", esiWith(device));
     m_place.make("two.xml", esiWith("\n" + device));
     const QStringList only{"--only=identity-twice-in-call", "--only=product-code"};
@@ -172,7 +172,7 @@ void tst_CheckInputs::standardInput()
 /// One line each, whatever is in the names.
 void tst_CheckInputs::names()
 {
-    m_place.make("odd\nname.xml", esiWith("<Device><Name>two\nlines &#x202E;</Name></Device>"));
+    m_place.make("odd\nname.xml", esiWith("<Device><Name>two\nlines &#x202E;</Name><Sm>Inputs</Sm></Device>"));
     const CommandRun run = runHere(QStringList{"check", "odd\nname.xml"} + productCode, m_place.folder());
     QCOMPARE(run.output, QByteArray("odd name.xml:4:1: warning: device 1 \"two lines  \": the product code is missing "
                                     "or 0 [product-code]\n"));

@@ -46,8 +46,8 @@ QJsonArray rulesIn(const QJsonObject& run)
 void tst_CheckSarif::initTestCase()
 {
     QVERIFY(QDir(m_place.folder()).mkdir("esi files"));
-    m_place.make("esi files/n.xml", esiWith("<Device><Type>N</Type><Name>\xC3\xA4</Name></Device>"));
-    m_place.make("document.xml", "<!DOCTYPE EtherCATInfo>" + esiWith("<Device/>"));
+    m_place.make("esi files/n.xml", esiWith("<Device><Type>N</Type><Name>\xC3\xA4</Name><Sm>Inputs</Sm></Device>"));
+    m_place.make("document.xml", "<!DOCTYPE EtherCATInfo>" + esiWith("<Device><Sm>Inputs</Sm></Device>"));
     m_place.make("broken.xml", "<a>");
     m_place.make("cut.ktl", QByteArray::fromHex("409C0000340000000100000001000000"));
 }
