@@ -3,6 +3,8 @@
 #include "check/matchedPlaces.h"
 #include "esi/directionName.h"
 #include "esi/xml/treeIteration.h"
+#include "model/byteBit.h"
+#include "model/deviceType.h"
 #include "model/pdoAccess.h"
 #include "model/startupAccess.h"
 #include "model/valueTexts.h"
@@ -175,10 +177,15 @@ Where placeOf(const Elements& elements, std::size_t index, Where without)
 
 void addChannels(UnitFacts& unit, const struct_EtherCatDevice& device, const DeviceElements& elements)
 {
-    for (const struct_SM& syncManager : device.vSM)
-        unit.syncManagers.push_back(
-            {placeOf(sectionOf(elements, DeviceSection::Sm), unit.syncManagers.size(), unit.where),
-             directionByName(syncManager.Name, KTL_UnknownType), syncManager.Attributes, syncManager.Name});
+    for (const struct_SM& syncManager : device.vSM) {
+        SyncManagerFacts& facts = unit.syncManagers.emplace_back();
+        facts.where = placeOf(sectionOf(elements, DeviceSection::Sm), unit.syncManagers.size() - 1, unit.where);
+        facts.direction = directionByName(syncManager.Name, KTL_UnknownType);
+        facts.attributes = syncManager.Attributes;
+        if (carriesProcessData(facts.direction) && syncManager.Attributes.m_Virtual == 0)
+            facts.exportedBytes = static_cast<std::uint16_t>(wholeBytes(syncManager.Length));
+        facts.name = syncManager.Name;
+    }
     for (const Struct_Fmmu& fmmu : device.vFmmu)
         unit.fmmus.push_back({placeOf(sectionOf(elements, DeviceSection::Fmmu), unit.fmmus.size(), unit.where),
                               static_cast<std::uint8_t>(fmmu.m_FmmuType), fmmu.m_Name});
@@ -241,6 +248,8 @@ UnitFacts deviceFactsOf(const struct_FilenameDevice& file, std::size_t index, co
     addPdos(unit, device.mRxPdo.mpdo, false, {});
     addPdos(unit, device.TxPdo.vpdo, true, sectionOf(elements, DeviceSection::TxPdo));
     addPdos(unit, device.mTxPdo.mpdo, true, {});
+    for (PdoFacts& pdo : unit.pdos)
+        pdo.isExported = pdo.place < 0 || hasModulePdos(device.m_iDeviceType);
     addCommands(unit, device.Mailbox.COE.InitCmd.vinitcmd, readCoe(unit, sectionOf(elements, DeviceSection::Mailbox)));
     addCommands(unit, device.mMailbox.COE.vinitcmd, {});
     return unit;

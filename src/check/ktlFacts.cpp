@@ -95,7 +95,12 @@ void BlockReader::take(const KtlFileItem& item)
         break;
     case KTL_ITEM_SM:
         addRecords(item, m_block.syncManagers, [&](const struct_KTL_SmAttributes& record, Where where) {
-            m_unit.syncManagers.push_back({where, directionOf(record), attributesOf(record), {}});
+            SyncManagerFacts& facts = m_unit.syncManagers.emplace_back();
+            facts.where = where;
+            facts.direction = directionOf(record);
+            facts.attributes = attributesOf(record);
+            if (carriesProcessData(facts.direction))
+                facts.exportedBytes = record.m_iDefaultSize;
         });
         break;
     case KTL_ITEM_DC:

@@ -21,7 +21,8 @@ namespace check {
 /// Whether a PDO is on a sync manager that its device has.
 [[nodiscard]] bool isOnSyncManager(const PdoFacts& pdo, const UnitFacts& unit);
 
-/// Bytes of process data for each sync manager of a device, each sum of bits rounded up.
+/// Bytes of process data for each sync manager of a device, each sum of bits rounded up. PDOs that go out with their
+/// modules alone count too.
 [[nodiscard]] std::vector<std::int64_t> processDataBytes(const UnitFacts& unit);
 
 } // namespace check

@@ -148,9 +148,9 @@ constexpr std::array rules{
     Rule{"slot-increment",
          Severity::Warning,
          "slots with unequal increments",
-         "SlotPdoIncrement or SlotIndexIncrement of a slot differs from that of the Slots element; neither is 0, and "
-         "the "
-         "slot is in no group.",
+         "A slot that is in no group declares another SlotPdoIncrement or SlotIndexIncrement than the one with which "
+         "all slots "
+         "go out: that of the Slots element or, without one, that of the first slot.",
          "The controller handles one increment for all slots of a device: the PDOs or objects of the modules in this "
          "slot "
          "get the wrong indexes.",

@@ -153,7 +153,7 @@ constexpr std::array rules{
          Severity::Warning,
          "more than 254 startup commands",
          "A device has more than 254 startup commands, with those that are made from its PDOs and modules.",
-         "Firmware up to 20240929 takes 254 and loses the others.",
+         "Firmware up to 20240929 takes no more than 254.",
          "Update the firmware of the controller, or take out commands.",
          "<InitCmd> 255 times",
          {nullptr, nullptr, checkCount}},

@@ -84,6 +84,23 @@ void checkFrame(const UnitFacts& unit, Report& report)
                            .arg(QString::number(index), number(bytes[index]), number(maxFrameBytes)));
 }
 
+void checkExportedLength(const UnitFacts& unit, Report& report)
+{
+    constexpr std::int64_t bitsPerByte = 8;
+    std::vector<std::int64_t> bits(unit.syncManagers.size());
+    for (const PdoFacts& pdo : unit.pdos)
+        if (pdo.isExported && isOnSyncManager(pdo, unit))
+            bits[static_cast<std::size_t>(pdo.syncManager)] += bitsOf(pdo);
+    for (std::size_t index = 0; index < unit.syncManagers.size(); ++index) {
+        const SyncManagerFacts& syncManager = unit.syncManagers[index];
+        const std::int64_t bytes = (bits[index] + bitsPerByte - 1) / bitsPerByte;
+        if (syncManager.exportedBytes >= 0 && syncManager.exportedBytes != bytes)
+            report.add(syncManager.where,
+                       QStringLiteral("sync manager %1 goes out with %2 bytes, its PDOs take %3")
+                           .arg(QString::number(index), number(syncManager.exportedBytes), number(bytes)));
+    }
+}
+
 // ---- Mailbox ----
 
 void checkMailboxSize(const UnitFacts& unit, Report& report)
@@ -202,6 +219,18 @@ constexpr std::array rules{
          "Assign fewer PDOs.",
          "<TxPdo Sm=\"3\"><Entry><Index>#x6000</Index><BitLen>12000</BitLen></Entry></TxPdo>",
          {nullptr, nullptr, checkFrame}},
+    Rule{"sync-manager-length",
+         Severity::Warning,
+         "an exported length that is not that of the PDOs",
+         "The length with which a sync manager for process data goes out is not that of its PDOs in whole bytes. The "
+         "export "
+         "drops the bits that are left over in the sum, which has no carry; and PDOs of default modules count only "
+         "after "
+         "the device was clicked, or named in a choices file.",
+         "A controller that takes the length from the file exchanges too few bytes.",
+         "Name the device in a choices file, which counts the PDOs of its modules. Fill each PDO to whole bytes.",
+         "an export of a drive with default modules, as it is loaded",
+         {nullptr, nullptr, checkExportedLength}},
     Rule{"mailbox-size",
          Severity::Error,
          "a mailbox is too small",

@@ -20,6 +20,7 @@ struct SyncManagerFacts
     Where where = 0;
     std::uint8_t direction = 0; ///< a value of `enum_KTL_SMFMMU_TYPE`; 0 if its kind is unknown
     SmAttributes attributes;
+    std::int64_t exportedBytes = -1; ///< length that the KTL file has for process data; -1 if it has none
     std::string_view name; ///< empty in a KTL file
 };
 
@@ -70,6 +71,7 @@ struct PdoFacts
     Where where = 0;
     bool isInput = false; ///< a TxPdo
     bool isCopy = false; ///< of a sample, or of a module in a slot
+    bool isExported = true; ///< as a PDO of the device
     int place = -1; ///< of the module that it is a copy of; -1 for a PDO of the device itself
     std::uint16_t index = 0;
     bool movesWithSlot = false; ///< its index depends on the slot of its module

@@ -59,6 +59,14 @@ void addSizes()
     add("sync-manager-max-size", "a bit too much", deviceFile(two + pdo("TxPdo", 0, "#x1a00", 17)),
         {"3:1: the PDOs of sync manager 0 take 3 bytes, its MaxSize is 2"});
     add("sync-manager-max-size", "just right", deviceFile(two + pdo("TxPdo", 0, "#x1a00", 16)));
+    const QByteArray channel = pdo("TxPdo", 0, "#x1a00", 1) + pdo("TxPdo", 0, "#x1a01", 1);
+    add("sync-manager-length", "two bits", deviceFile(two + channel),
+        {"3:1: sync manager 0 goes out with 0 bytes, its PDOs take 1"});
+    add("sync-manager-length", "12 and 12 bits",
+        deviceFile(two + pdo("TxPdo", 0, "#x1a00", 12) + pdo("TxPdo", 0, "#x1a01", 12)),
+        {"3:1: sync manager 0 goes out with 2 bytes, its PDOs take 3"});
+    add("sync-manager-length", "whole bytes",
+        deviceFile(two + pdo("TxPdo", 0, "#x1a00", 8) + pdo("TxPdo", 0, "#x1a01", 16)));
     const QByteArray any = "<Sm StartAddress='#x1100' ControlByte='#x20'>Inputs</Sm>\n";
     add("sync-manager-frame", "1,487 bytes", deviceFile(any + pdo("TxPdo", 0, "#x1a00", 11896)),
         {"3:1: the PDOs of sync manager 0 take 1487 bytes, a frame carries 1486"});

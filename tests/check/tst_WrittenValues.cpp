@@ -19,8 +19,8 @@ private slots:
     static void bytes();
 };
 
-using check::ValueForm;
 using check::DataKind;
+using check::ValueForm;
 
 void tst_WrittenValues::number_data()
 {
