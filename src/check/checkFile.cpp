@@ -7,7 +7,6 @@
 #include "esi/xml/placeCursor.h"
 
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
 namespace check {
@@ -49,16 +48,6 @@ void setPlaces(Findings& findings, const xml::Tree& tree)
         *place = cursor.moveTo(where);
 }
 
-/// Puts findings whose places rules have given among the others.
-void sortByPlace(std::vector<Finding>& findings)
-{
-    const auto isBefore = [](const Finding& left, const Finding& right) {
-        return std::tie(left.place.line, left.place.column) < std::tie(right.place.line, right.place.column);
-    };
-    if (!std::is_sorted(findings.begin(), findings.end(), isBefore))
-        std::stable_sort(findings.begin(), findings.end(), isBefore);
-}
-
 } // namespace
 
 Findings checkEsi(const EsiSubject& subject, const std::vector<const Rule*>& rules)
@@ -67,7 +56,7 @@ Findings checkEsi(const EsiSubject& subject, const std::vector<const Rule*>& rul
     Findings findings = findingsIn(facts, rules, &RuleChecks::ofEsi);
     findings.units = unitNamesOf(facts.units);
     setPlaces(findings, subject.tree);
-    sortByPlace(findings.list);
+    std::stable_sort(findings.list.begin(), findings.list.end(), isBefore); // rules have given some of the places
     return findings;
 }
 

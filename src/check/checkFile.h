@@ -19,7 +19,7 @@ struct EsiSubject
 {
     const xml::Tree& tree; ///< of the whole file
     const struct_FilenameDevice& file; ///< what was read of the tree, with the choices that are to be made
-    bool isComplete = true; ///< false if the derivation passes ended in a range error
+    std::vector<bool> areComplete; ///< by device, see `completeDevices`
     QStringList givenFiles; ///< names of all files of the call, without folders
     std::optional<EncodingFault> encodingFault = std::nullopt; ///< of the bytes of the file
 };

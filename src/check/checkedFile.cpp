@@ -1,34 +1,41 @@
 #include "check/checkedFile.h"
 
-#include "text/shownText.h"
+#include "check/report.h"
+#include "check/unitLabels.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace check {
 
-namespace {
-
-std::pair<OwnerKind, std::size_t> orderOf(const Owner& owner)
-{
-    return {owner.kind, owner.index};
-}
-
-} // namespace
+namespace {} // namespace
 
 const UnitName* unitOf(const CheckedFile& file, const Owner& owner)
 {
     const std::vector<UnitName>& units = file.findings.units;
-    const auto found =
-        std::lower_bound(units.begin(), units.end(), owner, [](const UnitName& unit, const Owner& wanted) {
-            return orderOf(unit.owner) < orderOf(wanted);
-        });
-    return found != units.end() && orderOf(found->owner) == orderOf(owner) ? &*found : nullptr;
+    const auto found = std::lower_bound(units.begin(), units.end(), owner,
+                                        [](const UnitName& unit, const Owner& wanted) { return unit.owner < wanted; });
+    return found != units.end() && found->owner == owner ? &*found : nullptr;
 }
 
 std::size_t numberOf(const CheckedFile& file, const Owner& owner)
 {
     return owner.kind == OwnerKind::Device ? file.firstDevice + owner.index : owner.index + 1;
+}
+
+std::string_view beginningOfName(const UnitName& unit)
+{
+    constexpr std::size_t enough = 400; // bytes
+    const std::string_view name = unit.name;
+    const auto isRestOfCharacter = [&](std::size_t at) {
+        return (static_cast<unsigned char>(name[at]) & 0xC0U) == 0x80U;
+    };
+    if (name.size() <= enough)
+        return name;
+    std::size_t end = enough;
+    while (end > 0 && isRestOfCharacter(end))
+        --end;
+    return name.substr(0, end);
 }
 
 QString labelOf(const CheckedFile& file, const Owner& owner)
@@ -40,7 +47,7 @@ QString labelOf(const CheckedFile& file, const Owner& owner)
     QString label = QStringLiteral("%1 %2").arg(kind, QString::number(numberOf(file, owner)));
     if (unit == nullptr || (unit->name.empty() && file.kind == FileKind::Ktl))
         return label; // few devices of KTL files have a name
-    return label + QLatin1Char(' ') + shownText(QString::fromStdString(unit->name));
+    return label + QLatin1Char(' ') + shown(unit->name);
 }
 
 QString labelledText(const CheckedFile& file, const Finding& finding)
@@ -49,14 +56,43 @@ QString labelledText(const CheckedFile& file, const Finding& finding)
     return label.isEmpty() ? finding.text : label + QStringLiteral(": ") + finding.text;
 }
 
+std::size_t omittedIn(const Findings& findings)
+{
+    std::size_t omitted = 0;
+    for (const Omission& omission : findings.omissions)
+        omitted += omission.count;
+    return omitted;
+}
+
+QString omissionText(std::size_t omitted)
+{
+    const QString counted =
+        omitted == 1 ? QStringLiteral("1 more finding is") : QStringLiteral("%1 more findings are").arg(omitted);
+    return QStringLiteral("%1 left out: of one rule, the first %2 about a device, module or file are told")
+        .arg(counted)
+        .arg(Report::maxOfRule);
+}
+
 void FindingCounts::add(const Findings& findings)
 {
+    const auto count = [this](const Rule& rule, std::size_t number) {
+        switch (rule.severity) {
+        case Severity::Error:
+            errors += number;
+            break;
+        case Severity::Warning:
+            warnings += number;
+            break;
+        case Severity::Note:
+            notes += number;
+            break;
+        }
+    };
     ++files;
-    for (const Finding& finding : findings.list) {
-        errors += finding.rule->severity == Severity::Error ? 1 : 0;
-        warnings += finding.rule->severity == Severity::Warning ? 1 : 0;
-        notes += finding.rule->severity == Severity::Note ? 1 : 0;
-    }
+    for (const Finding& finding : findings.list)
+        count(*finding.rule, 1);
+    for (const Omission& omission : findings.omissions)
+        count(*omission.rule, omission.count);
 }
 
 bool FindingCounts::reach(Severity threshold) const

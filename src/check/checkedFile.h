@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace check {
 
@@ -37,6 +38,9 @@ struct CheckedFile
 /// The number of a device over all files, of a module in its file, from 1.
 [[nodiscard]] std::size_t numberOf(const CheckedFile& file, const Owner& owner);
 
+/// The name of a device or module, cut where it is longer than anybody reads: it comes with each finding.
+[[nodiscard]] std::string_view beginningOfName(const UnitName& unit);
+
 /// What a finding is about, as messages name it: `device 2 "MB-C100"`; empty for the file.
 [[nodiscard]] QString labelOf(const CheckedFile& file, const Owner& owner);
 
@@ -49,7 +53,13 @@ struct CheckedFile
     return kind == FileKind::Ktl;
 }
 
-/// How many findings there are.
+/// How many findings of a file are left out.
+[[nodiscard]] std::size_t omittedIn(const Findings& findings);
+
+/// What is said of them: "12 more findings are left out: ...".
+[[nodiscard]] QString omissionText(std::size_t omitted);
+
+/// How many findings there are, with those that are left out.
 struct FindingCounts
 {
     std::size_t files = 0;

@@ -34,7 +34,9 @@ void checkCyclic(const UnitFacts& unit, Report& report)
     for (const ModeFacts& mode : unit.modes) {
         const bool hasSignal = isActive(mode.assignActivate, AssignActivateBit::Sync0)
                                || isActive(mode.assignActivate, AssignActivateBit::Sync1);
-        if (hasSignal && !isActive(mode.assignActivate, AssignActivateBit::CyclicMode))
+        constexpr std::uint32_t autoActivation = 1U << 11U; // sets the cyclic mode when the start time is written
+        if (hasSignal && !isActive(mode.assignActivate, AssignActivateBit::CyclicMode)
+            && (mode.assignActivate & autoActivation) == 0)
             report.add(mode.where,
                        QStringLiteral("AssignActivate %1 of %2 has a SYNC signal, but not the cyclic mode (bit 8)")
                            .arg(hexNumber(mode.assignActivate), labelOf(mode)));
@@ -50,33 +52,30 @@ void checkSync1(const UnitFacts& unit, Report& report)
                                        .arg(hexNumber(mode.assignActivate), labelOf(mode)));
 }
 
-struct ModeTime
+struct ShiftTime
 {
     const char* name;
     std::int32_t ModeFacts::*value;
 };
 
-constexpr std::array cycleTimes{
-    ModeTime{"CycleTimeSync0", &ModeFacts::cycleTimeSync0},
-    ModeTime{"CycleTimeSync1", &ModeFacts::cycleTimeSync1},
-};
-
 constexpr std::array shiftTimes{
-    ModeTime{"ShiftTimeSync0", &ModeFacts::shiftTimeSync0},
-    ModeTime{"ShiftTimeSync1", &ModeFacts::shiftTimeSync1},
+    ShiftTime{"ShiftTimeSync0", &ModeFacts::shiftTimeSync0},
+    ShiftTime{"ShiftTimeSync1", &ModeFacts::shiftTimeSync1},
 };
 
+constexpr std::int32_t second = 1'000'000'000; // ns
+
+/// SYNC1 follows SYNC0 at any distance, so of the cycle times that of SYNC0 counts alone.
 void checkTimes(const UnitFacts& unit, Report& report)
 {
-    constexpr std::int32_t shortestCycle = 10'000; // ns; the fastest buses run with 12.5 us
-    constexpr std::int32_t longestShift = 1'000'000'000; // ns
+    constexpr std::int32_t shortestCycle = 5'000; // ns; devices with oversampling go down to there
     for (const ModeFacts& mode : unit.modes) {
-        for (const ModeTime& time : cycleTimes)
-            if (const std::int32_t value = mode.*time.value; value != 0 && value < shortestCycle)
-                report.add(mode.where, QStringLiteral("%1 of %2 is %3 ns, no bus has such a cycle")
-                                           .arg(QLatin1String(time.name), labelOf(mode), QString::number(value)));
-        for (const ModeTime& time : shiftTimes)
-            if (const std::int32_t value = mode.*time.value; value >= longestShift || value <= -longestShift)
+        const std::int32_t cycle = mode.cycleTimeSync0;
+        if (cycle != 0 && (cycle < shortestCycle || cycle >= second))
+            report.add(mode.where, QStringLiteral("CycleTimeSync0 of %1 is %2 ns, no bus has such a cycle")
+                                       .arg(labelOf(mode), QString::number(cycle)));
+        for (const ShiftTime& time : shiftTimes)
+            if (const std::int32_t value = mode.*time.value; value >= second || value <= -second)
                 report.add(mode.where, QStringLiteral("%1 of %2 is %3 ns, a second or more")
                                            .arg(QLatin1String(time.name), labelOf(mode), QString::number(value)));
     }
@@ -102,7 +101,8 @@ constexpr std::array rules{
     Rule{"clock-cyclic-mode",
          Severity::Warning,
          "a SYNC signal without the cyclic mode",
-         "AssignActivate has bit 9 or 10 (SYNC0, SYNC1), but not bit 8.",
+         "AssignActivate has bit 9 or 10 (SYNC0, SYNC1), but neither bit 8 (cyclic mode) nor bit 11 (which sets it "
+         "later).",
          "The device gets no SYNC signal, and a drive that waits for it does not go to OP.",
          "Add bit 8: #x300 instead of #x200.",
          "<OpMode><Name>DC</Name><AssignActivate>#x200</AssignActivate></OpMode>",
@@ -115,16 +115,15 @@ constexpr std::array rules{
          "Compare with the manual of the device.",
          "<OpMode><Name>DC</Name><AssignActivate>#x500</AssignActivate></OpMode>",
          {nullptr, nullptr, checkSync1}},
-    Rule{
-        "clock-time",
-        Severity::Warning,
-        "a time that does not fit its unit",
-        "A cycle time is not 0 and below 10,000, or a shift time is 1,000,000,000 or more in either direction. All are "
-        "in ns.",
-        "A number in us or ms makes the SYNC signal come a thousand times too often or late.",
-        "Write the time in ns: 1000000 for a millisecond. A cycle time of 0 is that of the bus.",
-        "<CycleTimeSync0>1000</CycleTimeSync0>",
-        {nullptr, nullptr, checkTimes}},
+    Rule{"clock-time",
+         Severity::Warning,
+         "a time that does not fit its unit",
+         "CycleTimeSync0 is not 0, and below 5,000 or 1,000,000,000 or more; or a shift time is 1,000,000,000 or more "
+         "in either direction. All are in ns.",
+         "A number in us or ms makes the SYNC signal come a thousand times too often or too late.",
+         "Write the time in ns: 1000000 for a millisecond. A cycle time of 0 is that of the bus.",
+         "<CycleTimeSync0>1000</CycleTimeSync0>",
+         {nullptr, nullptr, checkTimes}},
     Rule{"clock-mode-name",
          Severity::Warning,
          "an operation mode without name",

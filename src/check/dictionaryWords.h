@@ -13,13 +13,13 @@ namespace check {
 /// "1 bit", "16 bits"
 template<typename Number> [[nodiscard]] QString bitsText(Number bits)
 {
-    return bits == 1 ? QStringLiteral("1 bit") : QStringLiteral("%1 bits").arg(bits);
+    return counted(static_cast<std::int64_t>(bits), "bit");
 }
 
 /// "1 byte", "4 bytes"
 [[nodiscard]] inline QString bytesText(std::uint64_t bytes)
 {
-    return bytes == 1 ? QStringLiteral("1 byte") : QStringLiteral("%1 bytes").arg(bytes);
+    return counted(static_cast<std::int64_t>(bytes), "byte");
 }
 
 } // namespace check

@@ -47,6 +47,7 @@ void addDevices(EsiFacts& facts)
     for (std::size_t index = 0; index < count; ++index) {
         const DeviceElements& elements = facts.devices[index];
         UnitFacts& unit = facts.units.emplace_back(deviceFactsOf(file, index, elements));
+        unit.isComplete = index >= facts.subject.areComplete.size() || facts.subject.areComplete[index];
         unit.startupFaults = startupFaultsOf(unit);
         addDictionary(facts, unit, elements.sections[static_cast<std::size_t>(DeviceSection::Profile)]);
     }
@@ -60,7 +61,6 @@ void addModules(EsiFacts& facts)
             return;
         const xml::Element& element = facts.modules[index];
         UnitFacts& unit = facts.units.emplace_back(moduleFactsOf(module, index, element));
-        unit.startupFaults = startupFaultsOf(unit);
         std::vector<xml::Element> profiles;
         xml::forEachChildElement(element, "Profile", [&](const xml::Element& profile) { profiles.push_back(profile); });
         addDictionary(facts, unit, profiles);
@@ -72,13 +72,15 @@ void addModules(EsiFacts& facts)
 
 EsiFacts esiFactsOf(const EsiSubject& subject)
 {
-    EsiFacts facts{subject, subject.tree.root(), {}, {}, {}, {}, {}};
+    EsiFacts facts{subject, subject.tree.root(), {}, {}, {}, {}, {}, {}, {}};
     const FileElements elements =
         walkFile(subject.tree.root(), [&](const DeviceElements& device) { facts.devices.push_back(device); });
     facts.vendor = elements.vendor.value_or(facts.vendor);
     facts.modules = modulesIn(elements.moduleLists);
     addDevices(facts);
     addModules(facts);
+    facts.allSlots = slotsOf(subject.file, facts.devices);
+    facts.moduleLookUp = ModuleLookUp(subject.file, facts.units);
     facts.tree = treeFactsOf(subject.tree, facts.devices, facts.modules);
     return facts;
 }

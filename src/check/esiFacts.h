@@ -3,6 +3,7 @@
 
 #include "check/checkFile.h"
 #include "check/dictionaryFacts.h"
+#include "check/slotFacts.h"
 #include "check/treeFacts.h"
 #include "check/unitFacts.h"
 #include "esi/fileElements.h"
@@ -22,6 +23,8 @@ struct EsiFacts
     std::vector<xml::Element> modules; ///< in the order of the record's
     std::deque<DictionaryFacts> dictionaries; ///< of devices and modules that have one
     std::vector<UnitFacts> units; ///< the devices, then the modules
+    std::vector<SlotFacts> allSlots; ///< of all devices
+    ModuleLookUp moduleLookUp; ///< of the modules among `units`
     TreeFacts tree; ///< of all elements
 };
 

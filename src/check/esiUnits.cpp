@@ -53,10 +53,12 @@ bool movesWithSlot(const struct_moduleEntry& entry)
 template<typename Entries>
 std::vector<EntryFacts> entriesFrom(const Entries& entries, const xml::Element* pdo, Where without)
 {
+    using SubIndex = decltype(Entries::value_type::SubIndex);
     MatchedPlaces<std::uint64_t> places;
     if (pdo != nullptr)
         xml::forEachChildElement(*pdo, "Entry", [&](const xml::Element& entry) {
-            places.add(objectKey(static_cast<std::uint16_t>(numberIn(entry, "Index")), numberIn(entry, "SubIndex")),
+            places.add(objectKey(static_cast<std::uint16_t>(numberIn(entry, "Index")),
+                                 static_cast<SubIndex>(numberIn(entry, "SubIndex"))),
                        entry.placeKey());
         });
     std::vector<EntryFacts> facts;
@@ -64,7 +66,7 @@ std::vector<EntryFacts> entriesFrom(const Entries& entries, const xml::Element* 
     for (const auto& entry : entries) {
         const auto found = places.take(objectKey(indexOf(entry), entry.SubIndex));
         facts.push_back({found.has_value() ? places.whereOf(*found) : without, indexOf(entry), movesWithSlot(entry),
-                         entry.SubIndex, bitLengthOf(entry), entry.Name, entry.DataType, entry.Linkto});
+                         entry.SubIndex, bitLengthOf(entry), entry.DataType, entry.Linkto});
     }
     return facts;
 }
@@ -101,7 +103,6 @@ template<typename Pdo> PdoFacts pdoFrom(const Pdo& pdo, bool isInput, const xml:
     facts.where = without;
     facts.isInput = isInput;
     facts.index = indexOf(pdo);
-    facts.name = pdo.Name;
     facts.syncManager = pdo.Attributes.SM;
     facts.isFixed = pdo.Attributes.Fixed;
     facts.isMandatory = pdo.Attributes.Mandatory;
@@ -126,14 +127,46 @@ void addPdos(UnitFacts& unit, const std::vector<Pdo>& pdos, bool isInput, const 
     }
 }
 
+/// PDOs of which some samples go out on no sync manager: only the samples up to the ninth are on one.
+void addLostSamples(UnitFacts& unit, const Elements& elements)
+{
+    constexpr std::uint32_t lastAssigned = 9;
+    for (const xml::Element& element : elements) {
+        const std::uint32_t samples = toUint(element.attribute("OSMax"));
+        const bool isOversampled =
+            toUint(element.attribute("OSFac")) > 0 && toUint(element.attribute("OSIndexInc")) > 0;
+        if (isOversampled && samples > lastAssigned && element.attribute("Sm").data() != nullptr)
+            unit.lostSamples.push_back({element.placeKey(), static_cast<std::uint16_t>(numberIn(element, "Index")),
+                                        static_cast<int>(samples - lastAssigned)});
+    }
+}
+
 // ---- Startup commands ----
+
+/// What of a command is in its element alone.
+void addElement(CommandFacts& facts, const xml::Element& element)
+{
+    facts.declaresCompleteAccess = toBool(element.attribute("CompleteAccess"));
+    facts.transitions = 0;
+    xml::forEachChildElement(element, [&](const xml::Element& child) {
+        if (child.name() == "Transition")
+            ++facts.transitions;
+        if (child.name() != "Data")
+            return;
+        const xml::ElementText text = child.text();
+        const std::string_view data = text;
+        facts.hasMark = data.substr(0, 1) == "#";
+        facts.isZero = data.find_first_not_of('0') == std::string_view::npos;
+    });
+}
 
 template<typename Command>
 void addCommands(UnitFacts& unit, const std::vector<Command>& commands, const Elements& elements)
 {
     MatchedPlaces<std::uint64_t> places;
     for (const xml::Element& element : elements)
-        places.add(objectKey(static_cast<std::uint16_t>(numberIn(element, "Index")), numberIn(element, "SubIndex")),
+        places.add(objectKey(static_cast<std::uint16_t>(numberIn(element, "Index")),
+                             static_cast<decltype(Command::SubIndex)>(numberIn(element, "SubIndex"))),
                    element.placeKey());
     for (const Command& command : commands) {
         const auto found = places.take(objectKey(indexOf(command), command.SubIndex));
@@ -146,24 +179,37 @@ void addCommands(UnitFacts& unit, const std::vector<Command>& commands, const El
         facts.isCompleteAccess = command.bIfCA != 0;
         facts.bytes = command.DataBytes;
         facts.data = command.Data;
-        facts.comment = command.Comment;
         if (found.has_value()) {
             facts.where = places.whereOf(*found);
-            facts.declaresCompleteAccess = toBool(elements[*found].attribute("CompleteAccess"));
+            addElement(facts, elements[*found]);
         }
         unit.commands.push_back(facts);
     }
 }
 
-/// The `InitCmd` elements of mailboxes, and what their `CoE` elements say.
-Elements readCoe(UnitFacts& unit, const Elements& mailboxes)
+std::size_t commandsIn(const xml::Element& protocol)
+{
+    std::size_t count = 0;
+    xml::forEachChildElement(protocol, "InitCmd", [&](const xml::Element& /*command*/) { ++count; });
+    return count;
+}
+
+/// The `InitCmd` elements of mailboxes, and what their protocols say.
+Elements readMailboxes(UnitFacts& unit, const Elements& mailboxes)
 {
     Elements commands;
     for (const xml::Element& mailbox : mailboxes)
-        xml::forEachChildElement(mailbox, "CoE", [&](const xml::Element& coe) {
+        xml::forEachChildElement(mailbox, [&](const xml::Element& protocol) {
+            unit.hasMailboxProtocol = true;
+            if (protocol.name() != "CoE") {
+                if (const std::size_t count = commandsIn(protocol); count > 0)
+                    unit.unreadCommands.push_back({protocol.placeKey(), protocol.name(), count});
+                return;
+            }
             unit.hasCoe = true;
-            unit.supportsCompleteAccess = unit.supportsCompleteAccess || toBool(coe.attribute("CompleteAccess"));
-            xml::forEachChildElement(coe, "InitCmd", [&](const xml::Element& command) { commands.push_back(command); });
+            unit.supportsCompleteAccess = unit.supportsCompleteAccess || toBool(protocol.attribute("CompleteAccess"));
+            xml::forEachChildElement(protocol, "InitCmd",
+                                     [&](const xml::Element& command) { commands.push_back(command); });
         });
     return commands;
 }
@@ -193,18 +239,13 @@ void addChannels(UnitFacts& unit, const struct_EtherCatDevice& device, const Dev
 
 void addModes(UnitFacts& unit, const struct_EtherCatDevice& device, const DeviceElements& elements)
 {
-    MatchedPlaces<std::string_view> places;
-    Elements modes;
+    MatchedPlaces<std::string> places;
     for (const xml::Element& clocks : sectionOf(elements, DeviceSection::Dc))
-        xml::forEachChildElement(clocks, "OpMode", [&](const xml::Element& mode) { modes.push_back(mode); });
-    for (const xml::Element& mode : modes) {
-        std::string_view name;
-        xml::forEachChildElement(mode, "Name", [&](const xml::Element& child) {
-            const auto nodes = child.children();
-            name = nodes.empty() ? std::string_view() : (*nodes.begin()).characters();
+        xml::forEachChildElement(clocks, "OpMode", [&](const xml::Element& mode) {
+            std::string name;
+            xml::forEachChildElement(mode, "Name", [&](const xml::Element& child) { name = child.text().toString(); });
+            places.add(name, mode.placeKey());
         });
-        places.add(name, mode.placeKey());
-    }
     for (const Struct_DCOpMode& mode : device.vopmode) {
         const auto found = places.take(mode.Name);
         unit.modes.push_back({found.has_value() ? places.whereOf(*found) : unit.where,
@@ -242,15 +283,19 @@ UnitFacts deviceFactsOf(const struct_FilenameDevice& file, std::size_t index, co
     unit.hasSlots = elements.hasSlots;
     unit.name = device.Name;
     unit.type = device.TypeAttributes.type;
+    unit.canAssign = device.Mailbox.COE.Attributes.PdoAssign;
     addChannels(unit, device, elements);
     addModes(unit, device, elements);
     addPdos(unit, device.RxPdo.vpdo, false, sectionOf(elements, DeviceSection::RxPdo));
+    addLostSamples(unit, sectionOf(elements, DeviceSection::RxPdo));
     addPdos(unit, device.mRxPdo.mpdo, false, {});
     addPdos(unit, device.TxPdo.vpdo, true, sectionOf(elements, DeviceSection::TxPdo));
+    addLostSamples(unit, sectionOf(elements, DeviceSection::TxPdo));
     addPdos(unit, device.mTxPdo.mpdo, true, {});
     for (PdoFacts& pdo : unit.pdos)
         pdo.isExported = pdo.place < 0 || hasModulePdos(device.m_iDeviceType);
-    addCommands(unit, device.Mailbox.COE.InitCmd.vinitcmd, readCoe(unit, sectionOf(elements, DeviceSection::Mailbox)));
+    addCommands(unit, device.Mailbox.COE.InitCmd.vinitcmd,
+                readMailboxes(unit, sectionOf(elements, DeviceSection::Mailbox)));
     addCommands(unit, device.mMailbox.COE.vinitcmd, {});
     return unit;
 }
@@ -265,7 +310,7 @@ UnitFacts moduleFactsOf(const struct_module& module, std::size_t index, const xm
     unit.type = module.TypeAttributes.Name;
     addPdos(unit, module.RxPdo.vpdo, false, childrenNamed(element, "RxPdo"));
     addPdos(unit, module.TxPdo.vpdo, true, childrenNamed(element, "TxPdo"));
-    addCommands(unit, module.Mailbox.COE.vinitcmd, readCoe(unit, childrenNamed(element, "Mailbox")));
+    addCommands(unit, module.Mailbox.COE.vinitcmd, readMailboxes(unit, childrenNamed(element, "Mailbox")));
     return unit;
 }
 

@@ -32,6 +32,16 @@ struct Owner
     std::size_t index = 0; ///< of the device or module in its file, from 0
 };
 
+[[nodiscard]] constexpr bool operator==(const Owner& left, const Owner& right) noexcept
+{
+    return left.kind == right.kind && left.index == right.index;
+}
+
+[[nodiscard]] constexpr bool operator<(const Owner& left, const Owner& right) noexcept
+{
+    return left.kind != right.kind ? left.kind < right.kind : left.index < right.index;
+}
+
 /// One finding.
 struct Finding
 {
@@ -41,6 +51,9 @@ struct Finding
     xml::Place place; ///< in an ESI file: from `where`, if the rule has not set it
     QString text; ///< see `Report::add`
 };
+
+/// Whether a finding comes before another one in their file.
+[[nodiscard]] bool isBefore(const Finding& left, const Finding& right);
 
 /// A device or module as those who read findings know it.
 struct UnitName
@@ -55,11 +68,19 @@ struct UnitName
     std::string type; ///< text of the `Type` element; empty in a KTL file
 };
 
+/// Findings that were not kept, since there are so many of one rule about one device, module or file.
+struct Omission
+{
+    const Rule* rule;
+    Owner owner;
+    std::size_t count;
+};
+
 /// The findings of a file.
 struct Findings
 {
-    std::vector<Finding> list;
-    std::size_t omitted = 0; ///< that were not kept: more of the same rule about the same unit
+    std::vector<Finding> list; ///< in the order of the file
+    std::vector<Omission> omissions;
     std::vector<UnitName> units; ///< the devices of the file, then its modules
 };
 

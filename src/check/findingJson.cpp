@@ -44,7 +44,7 @@ public:
         for (const Finding& finding : file.findings.list)
             write(file, finding);
         m_json.closeList();
-        number("omitted", file.findings.omitted);
+        number("omitted", omittedIn(file.findings));
         m_json.closeObject();
     }
 
@@ -88,7 +88,7 @@ private:
         m_json.openObject(json::Spread::OneLine);
         number("number", numberOf(file, owner));
         m_json.key("name");
-        m_json.text(unit->name);
+        m_json.text(beginningOfName(*unit));
         for (const auto& [key, value] : {std::pair{"vendor", unit->vendor}, std::pair{"product", unit->product},
                                          std::pair{"revision", unit->revision}}) {
             m_json.key(key);
@@ -106,7 +106,7 @@ private:
         m_json.openObject(json::Spread::OneLine);
         number("number", numberOf(file, owner));
         m_json.key("name");
-        m_json.text(unit->name);
+        m_json.text(beginningOfName(*unit));
         m_json.closeObject();
     }
 

@@ -1,5 +1,6 @@
 // findingLines.cpp - findings as lines, as compilers write them.
 #include "check/findingWriter.h"
+#include "check/unitLabels.h"
 #include "text/oneLine.h"
 
 #include <ostream>
@@ -9,12 +10,6 @@ namespace check {
 namespace {
 
 /// A count with its noun: "1 error", "2 errors".
-QString counted(std::size_t count, const char* noun)
-{
-    return QStringLiteral("%1 %2%3").arg(QString::number(count), QLatin1String(noun),
-                                         count == 1 ? QString() : QStringLiteral("s"));
-}
-
 /// Where a finding is, with the colon after it: "1204:9:", "0x1f4:"; empty where that is the file.
 QString placeOf(const CheckedFile& file, const Finding& finding)
 {
@@ -41,10 +36,8 @@ public:
                       labelledText(file, finding)
                           + QStringLiteral(" [%1]").arg(
                               QLatin1String(finding.rule->code.data(), static_cast<int>(finding.rule->code.size()))));
-        if (file.findings.omitted > 0)
-            writeLine(file, {}, Severity::Note,
-                      QStringLiteral("%1 more: of one rule about one device or module the first 1000 are told")
-                          .arg(counted(file.findings.omitted, "finding")));
+        if (const std::size_t omitted = omittedIn(file.findings); omitted > 0)
+            writeLine(file, {}, Severity::Note, omissionText(omitted));
         if (m_hasSummary)
             m_out << std::flush; // somebody waits
     }
@@ -52,10 +45,10 @@ public:
     void end(const FindingCounts& counts) override
     {
         if (m_hasSummary)
-            m_out << counted(counts.errors, "error").toStdString() << ", "
-                  << counted(counts.warnings, "warning").toStdString() << ", "
-                  << counted(counts.notes, "note").toStdString() << " in "
-                  << counted(counts.files, "file").toStdString() << '\n';
+            m_out << counted(static_cast<std::int64_t>(counts.errors), "error").toStdString() << ", "
+                  << counted(static_cast<std::int64_t>(counts.warnings), "warning").toStdString() << ", "
+                  << counted(static_cast<std::int64_t>(counts.notes), "note").toStdString() << " in "
+                  << counted(static_cast<std::int64_t>(counts.files), "file").toStdString() << '\n';
     }
 
 private:

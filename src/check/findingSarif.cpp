@@ -57,9 +57,8 @@ public:
     {
         for (const Finding& finding : file.findings.list)
             writeResult(file, finding);
-        if (file.findings.omitted > 0)
-            m_omissions.push_back(file.name + ": " + std::to_string(file.findings.omitted)
-                                  + " more findings: of one rule about one device or module the first 1000 are told");
+        if (const std::size_t omitted = omittedIn(file.findings); omitted > 0)
+            m_omissions.push_back(file.name + ": " + omissionText(omitted).toStdString());
         m_isWhole = m_isWhole && file.kind != FileKind::Unknown;
     }
 

@@ -19,8 +19,9 @@ constexpr std::size_t usualFmmus = 8; // of the common slave controllers
 
 bool hasFmmu(const UnitFacts& unit, std::uint8_t direction)
 {
+    const std::string_view dynamicName = direction == KTL_Outputs ? "DynamicOutputs" : "DynamicInputs";
     return std::any_of(unit.fmmus.begin(), unit.fmmus.end(),
-                       [direction](const FmmuFacts& fmmu) { return fmmu.direction == direction; });
+                       [&](const FmmuFacts& fmmu) { return fmmu.direction == direction || fmmu.name == dynamicName; });
 }
 
 void checkMissing(const UnitFacts& unit, Report& report)
@@ -46,8 +47,7 @@ void checkCount(const UnitFacts& unit, Report& report)
                        .arg(usualFmmus));
 }
 
-constexpr std::array<std::string_view, 7> knownKinds{"Outputs", "Inputs",         "MBoxState",    "MBoxOut",
-                                                     "MBoxIn",  "DynamicOutputs", "DynamicInputs"};
+constexpr std::array<std::string_view, 5> knownKinds{"Outputs", "Inputs", "MBoxState", "MBoxOut", "MBoxIn"};
 
 void checkKind(const UnitFacts& unit, Report& report)
 {
@@ -55,9 +55,10 @@ void checkKind(const UnitFacts& unit, Report& report)
         return;
     for (const FmmuFacts& fmmu : unit.fmmus)
         if (!fmmu.name.empty() && std::find(knownKinds.begin(), knownKinds.end(), fmmu.name) == knownKinds.end())
-            report.add(
-                fmmu.where,
-                QStringLiteral("%1 is no kind of FMMU; there are Outputs, Inputs and MBoxState").arg(shown(fmmu.name)));
+            report.add(fmmu.where,
+                       QStringLiteral(
+                           "%1 is not a kind of FMMU that the format has: Outputs, Inputs, MBoxState, MBoxOut, MBoxIn")
+                           .arg(shown(fmmu.name)));
 }
 
 constexpr std::array rules{
@@ -80,8 +81,8 @@ constexpr std::array rules{
     Rule{"fmmu-kind",
          Severity::Warning,
          "an FMMU of an unknown kind",
-         "The text of an Fmmu element is none of Outputs, Inputs, MBoxState, MBoxOut, MBoxIn, DynamicOutputs and "
-         "DynamicInputs. An empty one is an FMMU that is not used.",
+         "The text of an Fmmu element is none of Outputs, Inputs, MBoxState, MBoxOut and MBoxIn. An empty one is an "
+         "FMMU that is not used. DynamicOutputs and DynamicInputs are told too, since the format has no kind for them.",
          "The kind goes out as unknown, and the FMMU maps nothing.",
          "Write the name exactly, upper and lower case included.",
          "<Fmmu>outputs</Fmmu>",

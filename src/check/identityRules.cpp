@@ -1,6 +1,5 @@
 // identityRules.cpp - who a device is.
 #include "check/esiFacts.h"
-#include "check/ktlFacts.h"
 #include "check/report.h"
 #include "check/ruleFamilies.h"
 #include "check/unitLabels.h"
@@ -40,7 +39,7 @@ void checkRevision(const UnitFacts& unit, Report& report)
 }
 
 /// Tells the devices that have the identity of one before them.
-template<typename Facts> void checkTwice(const Facts& facts, Report& report)
+void checkTwice(const EsiFacts& facts, Report& report)
 {
     std::map<std::tuple<std::uint32_t, std::uint32_t, std::uint32_t>, std::size_t> firstOnes;
     for (const UnitFacts& unit : facts.units) {
@@ -48,9 +47,10 @@ template<typename Facts> void checkTwice(const Facts& facts, Report& report)
             continue;
         const auto [first, isNew] = firstOnes.try_emplace({unit.vendor, unit.product, unit.revision}, unit.owner.index);
         if (!isNew)
-            report.add(unit.where, QStringLiteral("device %1 of the file has the identity %2:%3:%4 too")
-                                       .arg(QString::number(first->second + 1), hexNumber(unit.vendor),
-                                            hexNumber(unit.product), hexNumber(unit.revision)));
+            report.addAbout(unit.owner, unit.where,
+                            QStringLiteral("device %1 of the file has the identity %2:%3:%4 too")
+                                .arg(QString::number(first->second + 1), hexNumber(unit.vendor),
+                                     hexNumber(unit.product), hexNumber(unit.revision)));
     }
 }
 
@@ -78,7 +78,7 @@ constexpr std::array rules{
     Rule{
         "vendor-id",
         Severity::Error,
-        "the file has no vendor id, or 0",
+        "the vendor id is missing or 0",
         "No child of the first Vendor element gives an id, or it is read as 0.",
         "The controller finds a device on the bus by vendor, product and revision. No maker has the vendor id 0, so no "
         "device of the file is found.",
@@ -88,7 +88,7 @@ constexpr std::array rules{
     Rule{
         "product-code",
         Severity::Warning,
-        "a device has no product code, or 0",
+        "the product code of a device is missing or 0",
         "The Type element of a device has no ProductCode, or one that is read as 0, and the device has sync managers, "
         "PDOs "
         "or CoE.",
@@ -99,7 +99,7 @@ constexpr std::array rules{
         {nullptr, nullptr, checkProduct}},
     Rule{"revision-number",
          Severity::Note,
-         "a device has no revision number, or 0",
+         "the revision number of a device is missing or 0",
          "The Type element of a device has no RevisionNo, or one that is read as 0.",
          "Where the controller compares revisions, a device of a later revision is refused.",
          "Give the revision that the EEPROM of the device holds; 0 is right for a device that was never revised.",
@@ -114,7 +114,7 @@ constexpr std::array rules{
          "Give the devices different revisions, or take one of them out.",
          "<Type ProductCode=\"#x1001\" RevisionNo=\"#x1\">A</Type> ... <Type ProductCode=\"#x1001\" "
          "RevisionNo=\"#x1\">B</Type>",
-         {checkTwice<EsiFacts>, checkTwice<KtlFacts>, nullptr}},
+         {checkTwice, nullptr, nullptr}},
     Rule{"name-missing",
          Severity::Warning,
          "a device or module has no name",
@@ -126,7 +126,7 @@ constexpr std::array rules{
     Rule{"name-control-characters",
          Severity::Warning,
          "a name holds control characters",
-         "The name of a device or module holds characters below the blank, such as a line feed or a tab.",
+         "The name of a device or module holds control characters (0x00 to 0x1f, 0x7f), such as a line feed or a tab.",
          "Lists and messages show the name broken, and a search for it fails.",
          "Write the name on one line without tabs.",
          "<Name>Digital&#10;input</Name>",

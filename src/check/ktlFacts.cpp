@@ -3,6 +3,8 @@
 #include "check/startupOrder.h"
 #include "ktl/format/ktlCodes.h"
 
+#include <algorithm>
+
 namespace check {
 
 namespace {
@@ -26,6 +28,9 @@ public:
 
     UnitFacts end()
     {
+        const std::vector<PdoFacts>& pdos = m_unit.pdos;
+        m_unit.hasPlacesOfSyncManagers =
+            std::all_of(pdos.begin(), pdos.end(), [this](const PdoFacts& pdo) { return fits(pdo); });
         m_unit.startupFaults = startupFaultsOf(m_unit);
         return std::move(m_unit);
     }
@@ -47,6 +52,16 @@ private:
         const KtlItemParts parts = partsOf(layoutOf(item.type), item.bytes);
         for (std::size_t index = 0; index < parts.records && index < records.size(); ++index)
             add(records[index], static_cast<Where>(item.offset + parts.headEnd + index * sizeof(Record)));
+    }
+
+    /// Whether a PDO may be on the sync manager at the place that it names.
+    [[nodiscard]] bool fits(const PdoFacts& pdo) const
+    {
+        if (pdo.syncManager < 0)
+            return true;
+        const auto place = static_cast<std::size_t>(pdo.syncManager);
+        return place < m_unit.syncManagers.size()
+               && m_unit.syncManagers[place].direction == (pdo.isInput ? KTL_Inputs : KTL_Outputs);
     }
 
     void addPdo(const KtlFileItem& item);
@@ -135,7 +150,7 @@ void BlockReader::addPdo(const KtlFileItem& item)
     pdo.isFixed = record.head.Fixed != 0;
     pdo.isMandatory = record.head.Mandatory != 0;
     addRecords(item, record.entries, [&](const struct_KTL_EntryPDOContent& entry, Where where) {
-        pdo.entries.push_back({where, entry.Index, false, entry.SubIndex, entry.Bitlen, {}, {}, entry.LinkToData});
+        pdo.entries.push_back({where, entry.Index, false, entry.SubIndex, entry.Bitlen, {}, entry.LinkToData});
     });
 }
 
@@ -144,6 +159,8 @@ void BlockReader::addCommands(const KtlFileItem& item)
     const struct_KTL_COE& coe = m_block.coe;
     m_unit.hasCoe = m_block.general.m_bSdoSupport != 0 || coe.m_bSdoInfo != 0 || coe.m_bPdoAssign != 0
                     || coe.m_bPdoUpload != 0 || coe.m_bPdoConfig != 0; // the item is there without a mailbox too
+    m_unit.hasMailboxProtocol = m_unit.hasCoe;
+    m_unit.canAssign = coe.m_bPdoAssign != 0;
     m_unit.supportsCompleteAccess = coe.m_bCompleteAccess != 0;
     addRecords(item, m_block.coeCommands, [&](const struct_KTL_InitCmd& record, Where where) {
         CommandFacts& command = m_unit.commands.emplace_back();
@@ -165,6 +182,8 @@ KtlFacts ktlFactsOf(const std::vector<unsigned char>& bytes)
     facts.walk = walkItems(bytes);
     facts.places = blockPlacesOf(facts.walk);
     for (const KtlBlockPlace& place : facts.places) {
+        if (facts.walk.items[place.first].bytes.size() < sizeof(struct_KTL_EtherCatDeviceType))
+            break; // cut short in its first item: there is nothing to judge
         const KtlDeviceBlock& block = facts.blocks.emplace_back(deviceBlockAt(facts.walk, place));
         BlockReader reader(block, facts.units.size());
         for (std::size_t item = place.first; item < place.end; ++item)

@@ -16,9 +16,18 @@ namespace {
 
 constexpr std::int64_t memoryStart = 0x1000;
 constexpr std::int64_t memoryEnd = 0x10000;
-// The output register of a controller that works without a processor.
-constexpr std::int64_t digitalOutputStart = 0x0F00;
-constexpr std::int64_t digitalOutputEnd = 0x0F10;
+
+/// Registers that a sync manager may have for its data.
+struct Registers
+{
+    std::int64_t start;
+    std::int64_t end;
+};
+
+constexpr std::array registers{
+    Registers{0x0F00, 0x0F04}, // digital outputs of a controller that works without a processor
+    Registers{0x0F10, 0x0F20}, // general purpose outputs and inputs
+};
 
 QString address(std::int64_t value)
 {
@@ -59,42 +68,54 @@ QString rangeText(const Area& area)
     return QStringLiteral("%1 to %2").arg(address(area.start), address(area.end() - 1));
 }
 
+/// Bytes from the start of an area up to which it reaches with all its buffers. Registers have none.
+std::int64_t reachOf(const Area& area)
+{
+    constexpr std::int64_t buffers = 3;
+    return area.start + area.bytes * (area.isBuffered && area.start >= memoryStart ? buffers : 1);
+}
+
 void checkOverlap(const UnitFacts& unit, Report& report)
 {
     const std::vector<Area> areas = areasOf(unit);
+    std::size_t furthest = 0; // the area that reaches furthest so far
     for (std::size_t index = 1; index < areas.size(); ++index) {
-        const Area& before = areas[index - 1];
+        const Area& before = areas[furthest];
         const Area& area = areas[index];
         if (before.end() > area.start)
             report.add(unit.syncManagers[area.number].where,
                        QStringLiteral("sync manager %1 (%2) overlaps sync manager %3 (%4)")
                            .arg(QString::number(area.number), rangeText(area), QString::number(before.number),
                                 rangeText(before)));
+        if (area.end() > before.end())
+            furthest = index;
     }
 }
 
 void checkBuffers(const UnitFacts& unit, Report& report)
 {
-    constexpr std::int64_t buffers = 3;
     const std::vector<Area> areas = areasOf(unit);
+    std::size_t furthest = 0;
     for (std::size_t index = 1; index < areas.size(); ++index) {
-        const Area& before = areas[index - 1];
+        const Area& before = areas[furthest];
         const Area& area = areas[index];
-        const bool isRegister = before.start < memoryStart;
-        if (before.isBuffered && !isRegister && before.end() <= area.start
-            && before.start + buffers * before.bytes > area.start)
+        if (before.end() <= area.start && reachOf(before) > area.start)
             report.add(unit.syncManagers[before.number].where,
-                       QStringLiteral("the three buffers of sync manager %1 (%2 bytes each from %3) reach into sync "
-                                      "manager %4 at %5")
-                           .arg(QString::number(before.number), QString::number(before.bytes), address(before.start),
+                       QStringLiteral(
+                           "the three buffers of sync manager %1 (%2 each from %3) reach into sync manager %4 at %5")
+                           .arg(QString::number(before.number), counted(before.bytes, "byte"), address(before.start),
                                 QString::number(area.number), address(area.start)));
+        if (reachOf(area) > reachOf(before))
+            furthest = index;
     }
 }
 
 bool isInMemory(const Area& area)
 {
-    return (area.start >= memoryStart && area.end() <= memoryEnd)
-           || (area.start >= digitalOutputStart && area.end() <= digitalOutputEnd);
+    if (area.start >= memoryStart)
+        return reachOf(area) <= memoryEnd;
+    return std::any_of(registers.begin(), registers.end(),
+                       [&](const Registers& place) { return area.start >= place.start && area.end() <= place.end; });
 }
 
 void checkMemory(const UnitFacts& unit, Report& report)
@@ -102,8 +123,9 @@ void checkMemory(const UnitFacts& unit, Report& report)
     for (const Area& area : areasOf(unit))
         if (!isInMemory(area))
             report.add(unit.syncManagers[area.number].where,
-                       QStringLiteral("sync manager %1 takes %2, the memory of a device is 0x1000 to 0xffff")
-                           .arg(QString::number(area.number), rangeText(area)));
+                       QStringLiteral("sync manager %1 takes %2%3, the memory of a device is 0x1000 to 0xffff")
+                           .arg(QString::number(area.number), rangeText(area),
+                                QLatin1String(reachOf(area) > area.end() ? ", three times" : "")));
 }
 
 void checkOddAddress(const UnitFacts& unit, Report& report)
@@ -136,15 +158,15 @@ constexpr std::array rules{
          "Leave three times the length of the PDOs before the next sync manager.",
          "<Sm StartAddress=\"#x1100\" ControlByte=\"#x64\">Outputs</Sm><Sm StartAddress=\"#x1104\">Inputs</Sm>",
          {nullptr, nullptr, checkBuffers}},
-    Rule{
-        "sync-manager-memory",
-        Severity::Error,
-        "a sync manager outside the memory of the device",
-        "The bytes of a sync manager are not within 0x1000 to 0xffff. The digital output register at 0xf00 is allowed.",
-        "Below 0x1000 are the registers of the EtherCAT controller; writing there stops the device.",
-        "Correct StartAddress.",
-        "<Sm DefaultSize=\"128\" StartAddress=\"#x800\">MBoxOut</Sm>",
-        {nullptr, nullptr, checkMemory}},
+    Rule{"sync-manager-memory",
+         Severity::Error,
+         "a sync manager outside the memory of the device",
+         "The bytes of a sync manager, with its three buffers if it has them, are not within 0x1000 to 0xffff. The "
+         "registers of digital and general purpose outputs and inputs (0xf00 to 0xf03, 0xf10 to 0xf1f) are allowed.",
+         "Below 0x1000 are the registers of the EtherCAT controller; writing there stops the device.",
+         "Correct StartAddress.",
+         "<Sm DefaultSize=\"128\" StartAddress=\"#x800\">MBoxOut</Sm>",
+         {nullptr, nullptr, checkMemory}},
     Rule{"sync-manager-odd-address",
          Severity::Note,
          "a sync manager begins at an odd address",

@@ -1,7 +1,7 @@
 // moduleRules.cpp - modules, and where their indexes come to lie in a device.
+#include "check/esiFacts.h"
 #include "check/report.h"
 #include "check/ruleFamilies.h"
-#include "check/slotFacts.h"
 #include "check/unitLabels.h"
 #include "esi/xml/treeIteration.h"
 #include "model/valueTexts.h"
@@ -24,7 +24,7 @@ namespace {
 
 void checkIdentTwice(const EsiFacts& facts, Report& report)
 {
-    const ModuleLookUp modules(facts);
+    const ModuleLookUp& modules = facts.moduleLookUp;
     for (const UnitFacts* const module : modules.modules())
         if (const UnitFacts* const first = modules.withIdent(module->moduleIdent); first != module)
             report.addAbout(module->owner, module->where,
@@ -37,15 +37,14 @@ void checkSlot(const EsiFacts& facts, Report& report)
 {
     std::unordered_set<std::uint32_t> idents;
     std::unordered_set<std::string_view> classes;
-    const std::vector<SlotFacts> allSlots = slotsOf(facts);
-    for (const SlotFacts& slot : allSlots) {
+    for (const SlotFacts& slot : facts.allSlots) {
         for (const struct_ModuleIdent& ident : slot.record->ModuleIdent)
             idents.insert(ident.ModuleIdent);
         for (const std::string_view moduleClass : classesOf(*slot.record))
             classes.insert(moduleClass);
     }
-    const ModuleLookUp modules(facts);
-    if (allSlots.empty())
+    const ModuleLookUp& modules = facts.moduleLookUp;
+    if (facts.allSlots.empty())
         return; // a file of modules for devices elsewhere
     for (const UnitFacts* const module : modules.modules())
         if (idents.count(module->moduleIdent) == 0 && classes.count(modules.classOf(*module)) == 0)
@@ -78,14 +77,15 @@ void checkPdoCollision(const UnitFacts& unit, Report& report)
 
 void checkObjectCollision(const UnitFacts& unit, Report& report)
 {
+    constexpr std::uint16_t lastDummy = 0x1F; // objects that stand for a type and fill PDOs
     if (!unit.isDevice())
         return;
     std::map<std::pair<std::uint16_t, std::uint32_t>, int> placesOf; // by object and sub-index
     for (const PdoFacts& pdo : unit.pdos) {
-        if (pdo.place < 0)
+        if (pdo.place < 0 || pdo.isInput)
             continue;
         for (const EntryFacts& entry : pdo.entries) {
-            if (entry.index == 0)
+            if (entry.index <= lastDummy)
                 continue;
             const auto [first, isNew] = placesOf.try_emplace({entry.index, entry.subIndex}, pdo.place);
             if (!isNew && first->second != pdo.place)
@@ -97,10 +97,24 @@ void checkObjectCollision(const UnitFacts& unit, Report& report)
     }
 }
 
+/// A sub-index and an index that moves with the slot.
+using MovingIndex = std::pair<std::uint32_t, std::uint16_t>;
+
+/// What moves, and how far from place to place.
+struct MovingKind
+{
+    const char* what;
+    const char* stepName;
+    std::uint32_t ModuleRoom::*step;
+};
+
+constexpr MovingKind movingPdos{"PDOs", "SlotPdoIncrement", &ModuleRoom::pdoStep};
+constexpr MovingKind movingObjects{"objects", "SlotIndexIncrement", &ModuleRoom::objectStep};
+
 /// Whether indexes that move with the slot meet those of another place.
 /// @param moving  each with its sub-index; gets sorted
 /// @param step    from place to place
-bool meet(std::vector<std::pair<std::uint32_t, std::uint16_t>>& moving, std::uint32_t step, std::uint32_t places)
+bool meet(std::vector<MovingIndex>& moving, std::uint32_t step, std::uint32_t places)
 {
     if (places < 2 || moving.empty())
         return false;
@@ -125,8 +139,8 @@ bool meet(std::vector<std::pair<std::uint32_t, std::uint16_t>>& moving, std::uin
 /// What of a module moves with the slot.
 struct MovingIndexes
 {
-    std::vector<std::pair<std::uint32_t, std::uint16_t>> pdos; ///< with sub-index 0
-    std::vector<std::pair<std::uint32_t, std::uint16_t>> objects;
+    std::vector<MovingIndex> pdos; ///< with sub-index 0
+    std::vector<MovingIndex> objects;
 };
 
 MovingIndexes movingIndexesOf(const UnitFacts& module)
@@ -142,23 +156,32 @@ MovingIndexes movingIndexesOf(const UnitFacts& module)
     return moving;
 }
 
+/// Tells the first room in which the indexes of a module meet.
+void tellMeeting(const UnitFacts& module, std::vector<MovingIndex>& moving, const std::vector<ModuleRoom>& rooms,
+                 const MovingKind& kind, Report& report)
+{
+    const auto found = std::find_if(rooms.begin(), rooms.end(),
+                                    [&](const ModuleRoom& room) { return meet(moving, room.*kind.step, room.places); });
+    if (found != rooms.end())
+        report.addAbout(
+            module.owner, module.where,
+            QStringLiteral("%1 of the module that move with the slot meet those of another place: %2 is %3, and "
+                           "device %4 has %5 places for it")
+                .arg(QLatin1String(kind.what), QLatin1String(kind.stepName), hexNumber((*found).*kind.step),
+                     QString::number(found->device + 1), QString::number(found->places)));
+}
+
 void checkIncrement(const EsiFacts& facts, Report& report)
 {
-    const ModuleLookUp modules(facts);
-    const QString text =
-        QStringLiteral("%1 of the module that move with the slot meet those of another place: %2 is %3, and "
-                       "device %4 has %5 places for it");
-    for (const ModulePlaces& row : modulePlacesOf(facts, modules)) {
-        MovingIndexes moving = movingIndexesOf(*row.module);
-        const auto tell = [&](const char* what, const char* name, std::uint32_t step) {
-            report.addAbout(row.module->owner, row.module->where,
-                            text.arg(QLatin1String(what), QLatin1String(name), hexNumber(step),
-                                     QString::number(row.device + 1), QString::number(row.places)));
-        };
-        if (meet(moving.pdos, row.pdoStep, row.places))
-            tell("PDOs", "SlotPdoIncrement", row.pdoStep);
-        if (meet(moving.objects, row.objectStep, row.places))
-            tell("objects", "SlotIndexIncrement", row.objectStep);
+    const ModuleLookUp& modules = facts.moduleLookUp;
+    const ModuleRooms rooms(facts.allSlots, modules);
+    for (const UnitFacts* const module : modules.modules()) {
+        const std::vector<ModuleRoom>& ofModule = rooms.of(*module, modules.classOf(*module));
+        if (ofModule.empty())
+            continue;
+        MovingIndexes moving = movingIndexesOf(*module);
+        tellMeeting(*module, moving.pdos, ofModule, movingPdos, report);
+        tellMeeting(*module, moving.objects, ofModule, movingObjects, report);
     }
 }
 
@@ -197,7 +220,7 @@ void checkReferences(const EsiFacts& facts, Report& report)
 constexpr std::array rules{
     Rule{"module-ident-twice",
          Severity::Warning,
-         "two modules of one ident",
+         "two modules with the same ident",
          "A module has the ModuleIdent of one before it in the file.",
          "Slots refer to modules by their ident, and always get the first one.",
          "Give the modules different idents, or take one of them out.",
@@ -209,7 +232,7 @@ constexpr std::array rules{
          "The file has slots, and none of them names the ident or the class of a module.",
          "The module cannot be put into any device of the file.",
          "Name it in a slot, or take it out.",
-         "<Module><Type ModuleIdent=\"#x99\">Spare</Type></Module>",
+         "<Slot><ModuleIdent>#x1</ModuleIdent></Slot> ... <Module><Type ModuleIdent=\"#x99\">Spare</Type></Module>",
          {checkSlot, nullptr, nullptr}},
     Rule{"module-increment",
          Severity::Warning,
@@ -217,7 +240,7 @@ constexpr std::array rules{
          "A device has two places or more for a module, and PDOs or objects of the module that move with the slot have "
          "the "
          "indexes, moved by SlotPdoIncrement or SlotIndexIncrement, that others of it have at another place.",
-         "With two such modules in the device the PDOs or objects of the one are those of the other.",
+         "The PDOs or objects of the second such module coincide with those of the first.",
          "Make the increment larger than the range of indexes that a module takes.",
          "<Slots SlotPdoIncrement=\"1\"> with a module that has the TxPdos 0x1a00 and 0x1a01",
          {checkIncrement, nullptr, nullptr}},
@@ -234,8 +257,8 @@ constexpr std::array rules{
     Rule{"module-object-collision",
          Severity::Warning,
          "objects of modules collide",
-         "With the modules that are in the slots, entries of two places are the same object and sub-index.",
-         "Both places read or write the same value.",
+         "With the modules that are in the slots, entries of RxPdos at two places are the same object and sub-index.",
+         "Both places write the same value, and the last one counts.",
          "Set DependOnSlot for the index of the entry and an increment that is large enough.",
          "<Entry><Index>#x6000</Index></Entry> in a module that is the default of two slots",
          {nullptr, nullptr, checkObjectCollision}},

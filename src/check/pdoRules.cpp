@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace check {
 
@@ -24,10 +25,12 @@ constexpr std::size_t maxEntries = 254; // sub-indexes of a mapping object
 
 void checkTwice(const UnitFacts& unit, Report& report)
 {
-    std::unordered_map<std::uint16_t, bool> seen;
+    std::unordered_set<std::uint16_t> seen;
     for (const PdoFacts& pdo : unit.pdos)
-        if (pdo.index != 0 && !pdo.isCopy && !seen.try_emplace(pdo.index, true).second)
-            report.add(pdo.where, QStringLiteral("%1 is there twice").arg(labelOf(pdo)));
+        if (pdo.index != 0 && pdo.place < 0 && !seen.insert(pdo.index).second)
+            report.add(pdo.where,
+                       QStringLiteral("%1 is declared twice%2")
+                           .arg(labelOf(pdo), QLatin1String(pdo.isCopy ? ", once as a sample of another one" : "")));
 }
 
 /// Whether the index of a PDO is the one that it has in the device: one that moves has it in the slot, as a copy.
@@ -40,6 +43,8 @@ void checkRange(const UnitFacts& unit, Report& report)
 {
     for (const PdoFacts& pdo : unit.pdos) {
         const ObjectArea& area = pdo.isInput ? inputMappings : outputMappings;
+        if (unit.isDevice() && !unit.hasCoe)
+            return; // its PDOs are not mapped, and their indexes are names only
         if (isInPlace(pdo, unit) && !pdo.entries.empty() && !area.holds(pdo.index))
             report.add(pdo.where, QStringLiteral("%1 is outside %2 to %3, the indexes of %4")
                                       .arg(labelOf(pdo), hexNumber(area.first), hexNumber(area.last),
@@ -55,7 +60,7 @@ void checkWholeBytes(const UnitFacts& unit, Report& report)
     for (const PdoFacts& pdo : unit.pdos)
         if (const std::int64_t bits = bitsOf(pdo);
             !pdo.isCopy && isOnSyncManager(pdo, unit) && bits > bitsPerByte && bits % bitsPerByte != 0)
-            report.add(pdo.where, QStringLiteral("%1 is assigned and has %2 bits, no whole bytes")
+            report.add(pdo.where, QStringLiteral("%1 is assigned and has %2 bits, which is not a whole number of bytes")
                                       .arg(labelOf(pdo), QString::number(bits)));
 }
 
@@ -66,6 +71,25 @@ void checkEntryCount(const UnitFacts& unit, Report& report)
             report.add(pdo.where,
                        QStringLiteral("%1 has %2 entries, %3 can be mapped")
                            .arg(labelOf(pdo), QString::number(pdo.entries.size()), QString::number(maxEntries)));
+}
+
+void checkEntryBits(const UnitFacts& unit, Report& report)
+{
+    constexpr int maxBits = 255; // a mapping has eight bits for the length
+    for (const PdoFacts& pdo : unit.pdos)
+        for (const EntryFacts& entry : pdo.entries)
+            if (!pdo.isCopy && (entry.bits < 0 || entry.bits > maxBits))
+                report.add(entry.where,
+                           QStringLiteral("entry %1 of %2 has %3 bits, a mapping carries %4")
+                               .arg(objectText(entry.index, entry.subIndex), labelOf(pdo),
+                                    QString::number(static_cast<std::uint32_t>(entry.bits)), QString::number(maxBits)));
+}
+
+void checkSamples(const UnitFacts& unit, Report& report)
+{
+    for (const LostSamples& lost : unit.lostSamples)
+        report.add(lost.where, QStringLiteral("of PDO %1, the samples after the ninth (%2) go out on no sync manager")
+                                   .arg(hexNumber(lost.index), QString::number(lost.samples)));
 }
 
 void checkOversampling(const UnitFacts& unit, Report& report)
@@ -82,10 +106,10 @@ void checkOversampling(const UnitFacts& unit, Report& report)
 
 void checkExcluded(const UnitFacts& unit, Report& report)
 {
-    std::unordered_map<std::uint16_t, bool> assigned;
+    std::unordered_set<std::uint16_t> assigned;
     for (const PdoFacts& pdo : unit.pdos)
         if (isOnSyncManager(pdo, unit))
-            assigned.emplace(pdo.index, true);
+            assigned.insert(pdo.index);
     for (const PdoFacts& pdo : unit.pdos) {
         if (!isOnSyncManager(pdo, unit))
             continue;
@@ -152,7 +176,7 @@ void checkLink(const UnitFacts& unit, Report& report)
 constexpr std::array rules{
     Rule{"pdo-index-twice",
          Severity::Error,
-         "two PDOs of one index",
+         "two PDOs with the same index",
          "A PDO has the index of one before it in the same device or module, whatever their directions.",
          "The object of a PDO is there once in the device. The startup commands of the second one overwrite those of "
          "the "
@@ -168,12 +192,13 @@ constexpr std::array rules{
         "0x1a00 to 0x1bff. PDOs of modules that move with the slot are looked at where they come to lie.",
         "Devices look for the mapping of PDOs in these objects. Elsewhere a startup command is refused.",
         "Correct the index, or swap RxPdo and TxPdo: names are as the device sees them, an RxPdo is what it receives.",
-        "<RxPdo><Index>#x1a00</Index></RxPdo>",
+        "<RxPdo><Index>#x1a00</Index><Entry><Index>#x7000</Index><SubIndex>1</SubIndex><BitLen>8</BitLen></Entry></"
+        "RxPdo>",
         {nullptr, nullptr, checkRange}},
     Rule{
         "pdo-whole-bytes",
         Severity::Warning,
-        "an assigned PDO of no whole bytes",
+        "an assigned PDO is not a whole number of bytes",
         "The entries of a PDO that is on a sync manager take more than 8 bits, and their sum is no multiple of 8. PDOs "
         "of up to 8 bits are passed over: simple terminals have one for each of their channels.",
         "What follows in the process image begins within a byte, which devices with a mailbox mostly refuse.",
@@ -191,15 +216,32 @@ constexpr std::array rules{
          "<TxPdo> with 255 <Entry>",
          {nullptr, nullptr, checkEntryCount}},
     Rule{
-        "pdo-oversampling",
-        Severity::Warning,
-        "oversampling without a copy",
-        "A PDO has an oversampling factor (OSFac), but OSMin, OSMax and OSIndexInc give no sample: OSMax or OSIndexInc "
-        "is missing, 0 or below OSMin.",
-        "The PDO goes out once, as if it were not oversampled, and all samples but one are lost.",
-        "Give OSMin, OSMax and OSIndexInc.",
-        "<TxPdo OSFac=\"10\"><Index>#x1a00</Index></TxPdo>",
-        {nullptr, nullptr, checkOversampling}},
+        "pdo-entry-bits",
+        Severity::Error,
+        "an entry longer than a mapping can say",
+        "The BitLen of an entry is above 255.",
+        "A mapping has eight bits for the length. A longer one spills into the sub-index, and the startup command maps "
+        "another object.",
+        "Split the entry.",
+        "<Entry><Index>#x6000</Index><SubIndex>1</SubIndex><BitLen>256</BitLen></Entry>",
+        {nullptr, nullptr, checkEntryBits}},
+    Rule{"pdo-oversampling-samples",
+         Severity::Warning,
+         "samples that go out on no sync manager",
+         "A PDO that is on a sync manager is oversampled, with OSMax above 9.",
+         "Only the first nine samples are on the sync manager in the export; the others are not exchanged.",
+         "Use nine samples at most.",
+         "<TxPdo Sm=\"0\" OSFac=\"12\" OSMin=\"1\" OSMax=\"12\" OSIndexInc=\"16\">",
+         {nullptr, nullptr, checkSamples}},
+    Rule{"pdo-oversampling",
+         Severity::Warning,
+         "oversampling without a copy",
+         "A PDO has an oversampling factor (OSFac), but no sample: OSIndexInc or OSMax is missing or 0, or OSMax is "
+         "below OSMin.",
+         "The PDO goes out once, as if it were not oversampled, and all samples but one are lost.",
+         "Give OSMin, OSMax and OSIndexInc.",
+         "<TxPdo OSFac=\"10\"><Index>#x1a00</Index></TxPdo>",
+         {nullptr, nullptr, checkOversampling}},
     Rule{"pdo-excluded",
          Severity::Error,
          "PDOs that exclude each other are assigned",
@@ -218,10 +260,11 @@ constexpr std::array rules{
          "<TxPdo Mandatory=\"1\"><Index>#x1a00</Index></TxPdo>",
          {nullptr, nullptr, checkMandatory}},
     Rule{"pdo-fixed-moved",
-         Severity::Error,
-         "a fixed PDO on another sync manager",
+         Severity::Warning,
+         "a mode puts a fixed PDO on another sync manager",
          "An operation mode of the distributed clocks lists a fixed PDO under another sync manager than its own Sm.",
-         "The device cannot move it: in this mode lengths do not fit, and it stays in PREOP.",
+         "The two numbers contradict each other. The device takes one of them, and with the other its lengths do not "
+         "fit.",
          "Correct the number of the Sm in the OpMode, or that of the PDO.",
          "<OpMode><Sm No=\"2\"><Pdo>#x1a00</Pdo></Sm></OpMode> with <TxPdo Fixed=\"1\" Sm=\"3\">",
          {nullptr, nullptr, checkFixed}},

@@ -26,15 +26,16 @@ std::int64_t bitsOf(const PdoFacts& pdo)
 
 bool isOnSyncManager(const PdoFacts& pdo, const UnitFacts& unit)
 {
-    return pdo.syncManager >= 0 && static_cast<std::size_t>(pdo.syncManager) < unit.syncManagers.size();
+    return unit.hasPlacesOfSyncManagers && pdo.syncManager >= 0
+           && static_cast<std::size_t>(pdo.syncManager) < unit.syncManagers.size();
 }
 
-std::vector<std::int64_t> processDataBytes(const UnitFacts& unit)
+std::vector<std::int64_t> processDataBytes(const UnitFacts& unit, CountedPdos counted)
 {
     constexpr std::int64_t bitsPerByte = 8;
     std::vector<std::int64_t> sums(unit.syncManagers.size());
     for (const PdoFacts& pdo : unit.pdos)
-        if (isOnSyncManager(pdo, unit))
+        if (isOnSyncManager(pdo, unit) && (counted == CountedPdos::All || pdo.isExported))
             sums[static_cast<std::size_t>(pdo.syncManager)] += bitsOf(pdo);
     for (std::int64_t& sum : sums)
         sum = (sum + bitsPerByte - 1) / bitsPerByte;

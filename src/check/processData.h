@@ -9,6 +9,13 @@
 
 namespace check {
 
+/// PDOs that are counted.
+enum class CountedPdos : std::uint8_t
+{
+    All,
+    Exported, ///< without those that go out with their modules
+};
+
 /// Whether a sync manager is a mailbox.
 [[nodiscard]] bool isMailbox(const SyncManagerFacts& syncManager);
 
@@ -23,6 +30,6 @@ namespace check {
 
 /// Bytes of process data for each sync manager of a device, each sum of bits rounded up. PDOs that go out with their
 /// modules alone count too.
-[[nodiscard]] std::vector<std::int64_t> processDataBytes(const UnitFacts& unit);
+[[nodiscard]] std::vector<std::int64_t> processDataBytes(const UnitFacts& unit, CountedPdos counted = CountedPdos::All);
 
 } // namespace check

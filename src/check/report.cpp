@@ -8,7 +8,7 @@ void Report::turnTo(const Rule& rule, const Owner& owner)
 {
     m_rule = &rule;
     m_owner = owner;
-    m_ofRule = 0;
+    m_ofRule.clear();
 }
 
 void Report::add(Where where, const QString& text)
@@ -28,11 +28,21 @@ void Report::addAbout(const Owner& owner, Where where, const QString& text)
 
 void Report::add(Finding finding)
 {
-    ++m_ofRule;
-    if (m_ofRule > maxOfRule)
-        ++m_findings.omitted;
+    if (++m_ofRule[finding.owner] > maxOfRule || m_findings.list.size() >= maxOfFile)
+        omit(finding.owner, 1);
     else
         m_findings.list.push_back(std::move(finding));
+}
+
+void Report::omit(const Owner& owner, std::size_t count)
+{
+    std::vector<Omission>& omissions = m_findings.omissions;
+    if (count == 0)
+        return;
+    if (!omissions.empty() && omissions.back().rule == m_rule && omissions.back().owner == owner)
+        omissions.back().count += count;
+    else
+        omissions.push_back({m_rule, owner, count});
 }
 
 Findings Report::take()

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <cstddef>
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -17,6 +18,7 @@ class Report
 {
 public:
     static constexpr std::size_t maxOfRule = 1000; ///< findings of one rule about one unit that are kept
+    static constexpr std::size_t maxOfFile = 200'000; ///< of all rules
 
     /// What is added from now on is of that rule, and about that unit or about the file.
     void turnTo(const Rule& rule, const Owner& owner);
@@ -31,9 +33,9 @@ public:
     void add(const xml::Place& place, const QString& text);
 
     /// Counts findings of this rule that nobody kept.
-    void omit(std::size_t count) { m_findings.omitted += count; }
+    void omit(const Owner& owner, std::size_t count);
 
-    /// The findings so far, by their place in the file and then in the order of adding; the report is empty then.
+    /// The findings so far, by `where` and then in the order of adding; the report is empty then.
     [[nodiscard]] Findings take();
 
 private:
@@ -41,7 +43,7 @@ private:
 
     const Rule* m_rule = nullptr;
     Owner m_owner;
-    std::size_t m_ofRule = 0; ///< added since the last turn
+    std::map<Owner, std::size_t> m_ofRule; ///< added since the last turn
     Findings m_findings;
 };
 

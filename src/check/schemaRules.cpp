@@ -41,7 +41,7 @@ void tellElements(const EsiFacts& facts, Report& report)
 {
     tell<SchemaFaultKind::UnknownElement, SchemaFaultKind::RepeatedElement, SchemaFaultKind::ExcludedElement>(facts,
                                                                                                               report);
-    report.omit(facts.tree.omittedSchemaFaults);
+    report.omit({}, facts.tree.omittedSchemaFaults);
 }
 
 constexpr std::array rules{

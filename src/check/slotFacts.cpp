@@ -1,83 +1,70 @@
 #include "check/slotFacts.h"
 
-#include "esi/xml/treeIteration.h"
 #include "model/moduleAccess.h"
 #include "model/valueTexts.h"
 
 #include <algorithm>
-#include <map>
 
 namespace check {
 
 namespace {
 
 /// The slots of one device: its record has those of all `Slots` elements one after another.
-void addSlots(std::vector<SlotFacts>& to, const UnitFacts& device, const DeviceElements& elements,
+void addSlots(std::vector<SlotFacts>& to, std::size_t device, const DeviceElements& elements,
               const std::vector<struct_Slot>& records)
 {
     std::size_t number = 0;
     for (const xml::Element& list : elements.sections[static_cast<std::size_t>(DeviceSection::Slots)])
         for (const xml::Node node : list.descendants())
             if (node.isElement() && node.characters() == "Slot" && number < records.size()) {
-                to.push_back({&device, number, list, xml::Element(node), &records[number]});
+                to.push_back({{OwnerKind::Device, device}, number, list, xml::Element(node), &records[number]});
                 ++number;
             }
 }
 
-/// What slots have for a module.
-struct Room
+/// Adds the room of one more slot to that of its device, which is the last one if it is there.
+void addRoom(std::vector<ModuleRoom>& rooms, const ModuleRoom& room)
 {
-    std::uint32_t places = 0;
-    std::uint32_t pdoStep = 0;
-    std::uint32_t objectStep = 0;
-
-    void add(const Room& more)
-    {
-        places += more.places;
-        pdoStep = std::max(pdoStep, more.pdoStep);
-        objectStep = std::max(objectStep, more.objectStep);
+    if (rooms.empty() || rooms.back().device != room.device) {
+        rooms.push_back(room);
+        return;
     }
-};
+    rooms.back().places += room.places;
+    rooms.back().pdoStep = std::max(rooms.back().pdoStep, room.pdoStep);
+    rooms.back().objectStep = std::max(rooms.back().objectStep, room.objectStep);
+}
 
-/// Adds up the places of one device.
-class RoomCount
+bool areAlike(const ModuleRoom& left, const ModuleRoom& right)
 {
-public:
-    void add(const SlotFacts& slot, const ModuleLookUp& modules)
-    {
-        const Room room{slot.record->Attributes.MaxInstances, declaredStep(slot, "SlotPdoIncrement"),
-                        declaredStep(slot, "SlotIndexIncrement")};
-        for (const std::string_view moduleClass : classesOf(*slot.record))
-            m_ofClass[moduleClass].add(room);
-        for (const struct_ModuleIdent& ident : slot.record->ModuleIdent)
-            if (const UnitFacts* const module = modules.withIdent(ident.ModuleIdent); module != nullptr)
-                m_ofModule[module].add(room);
-    }
+    return left.places == right.places && left.pdoStep == right.pdoStep && left.objectStep == right.objectStep;
+}
 
-    /// A module that is named by its ident in one slot and by its class in another has the room of its ident.
-    [[nodiscard]] Room of(const UnitFacts& module, std::string_view moduleClass) const
-    {
-        if (const auto byIdent = m_ofModule.find(&module); byIdent != m_ofModule.end())
-            return byIdent->second;
-        const auto byClass = m_ofClass.find(moduleClass);
-        return byClass == m_ofClass.end() ? Room() : byClass->second;
-    }
-
-private:
-    std::unordered_map<const UnitFacts*, Room> m_ofModule;
-    std::unordered_map<std::string_view, Room> m_ofClass;
-};
+/// Leaves the rooms that differ, a few of them at most.
+void keepDifferent(std::vector<ModuleRoom>& rooms)
+{
+    constexpr std::size_t enough = 16;
+    std::vector<ModuleRoom> kept;
+    for (const ModuleRoom& room : rooms)
+        if (kept.size() < enough
+            && std::none_of(kept.begin(), kept.end(), [&](const ModuleRoom& other) { return areAlike(room, other); }))
+            kept.push_back(room);
+    rooms = std::move(kept);
+}
 
 } // namespace
 
-std::vector<SlotFacts> slotsOf(const EsiFacts& facts)
+std::vector<SlotFacts> slotsOf(const struct_FilenameDevice& file, const std::vector<DeviceElements>& devices)
 {
     std::vector<SlotFacts> found;
-    for (const UnitFacts& unit : facts.units)
-        if (unit.isDevice())
-            addSlots(found, unit, facts.devices[unit.owner.index],
-                     facts.subject.file.device[unit.owner.index].Slots.vslot);
+    for (std::size_t device = 0; device < std::min(devices.size(), file.device.size()); ++device)
+        addSlots(found, device, devices[device], file.device[device].Slots.vslot);
     return found;
+}
+
+std::uint32_t declaredStep(const SlotFacts& slot, std::string_view name)
+{
+    const std::string_view own = slot.element.attribute(name);
+    return toUint(own.data() != nullptr ? own : slot.slotList.attribute(name));
 }
 
 std::vector<std::string_view> classesOf(const struct_Slot& slot)
@@ -89,14 +76,14 @@ std::vector<std::string_view> classesOf(const struct_Slot& slot)
     return classes;
 }
 
-ModuleLookUp::ModuleLookUp(const EsiFacts& facts)
+ModuleLookUp::ModuleLookUp(const struct_FilenameDevice& file, const std::vector<UnitFacts>& units)
 {
-    for (const UnitFacts& unit : facts.units)
+    for (const UnitFacts& unit : units)
         if (!unit.isDevice()) {
             m_modules.push_back(&unit);
             m_byIdent.emplace(unit.moduleIdent, &unit);
         }
-    forEachModule(facts.subject.file,
+    forEachModule(file,
                   [this](const struct_module& module) { m_classes.emplace_back(module.TypeAttributes.ModuleClass); });
 }
 
@@ -106,24 +93,32 @@ const UnitFacts* ModuleLookUp::withIdent(std::uint32_t ident) const
     return found == m_byIdent.end() ? nullptr : found->second;
 }
 
-std::uint32_t declaredStep(const SlotFacts& slot, std::string_view name)
+ModuleRooms::ModuleRooms(const std::vector<SlotFacts>& allSlots, const ModuleLookUp& modules)
 {
-    const std::string_view own = slot.element.attribute(name);
-    return toUint(own.data() != nullptr ? own : slot.slotList.attribute(name));
+    for (const SlotFacts& slot : allSlots) {
+        if (slot.record->Attributes.m_SlotGroup >= 0)
+            continue;
+        const ModuleRoom room{slot.device.index, slot.record->Attributes.MaxInstances,
+                              declaredStep(slot, "SlotPdoIncrement"), declaredStep(slot, "SlotIndexIncrement")};
+        for (const std::string_view moduleClass : classesOf(*slot.record))
+            addRoom(m_ofClass[moduleClass], room);
+        for (const struct_ModuleIdent& ident : slot.record->ModuleIdent)
+            if (const UnitFacts* const module = modules.withIdent(ident.ModuleIdent); module != nullptr)
+                addRoom(m_ofModule[module], room);
+    }
+    for (auto& [module, rooms] : m_ofModule)
+        keepDifferent(rooms);
+    for (auto& [moduleClass, rooms] : m_ofClass)
+        keepDifferent(rooms);
 }
 
-std::vector<ModulePlaces> modulePlacesOf(const EsiFacts& facts, const ModuleLookUp& modules)
+const std::vector<ModuleRoom>& ModuleRooms::of(const UnitFacts& module, std::string_view moduleClass) const
 {
-    std::map<std::size_t, RoomCount> counts; // by the place of the device
-    for (const SlotFacts& slot : slotsOf(facts))
-        if (slot.record->Attributes.m_SlotGroup < 0)
-            counts[slot.device->owner.index].add(slot, modules);
-    std::vector<ModulePlaces> found;
-    for (const auto& [device, count] : counts)
-        for (const UnitFacts* const module : modules.modules())
-            if (const Room room = count.of(*module, modules.classOf(*module)); room.places > 0)
-                found.push_back({module, device, room.places, room.pdoStep, room.objectStep});
-    return found;
+    static const std::vector<ModuleRoom> none;
+    if (const auto byIdent = m_ofModule.find(&module); byIdent != m_ofModule.end())
+        return byIdent->second;
+    const auto byClass = m_ofClass.find(moduleClass);
+    return byClass == m_ofClass.end() ? none : byClass->second;
 }
 
 } // namespace check

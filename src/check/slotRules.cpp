@@ -1,7 +1,7 @@
 // slotRules.cpp - slots of modular devices, and the modules that they name.
+#include "check/esiFacts.h"
 #include "check/report.h"
 #include "check/ruleFamilies.h"
-#include "check/slotFacts.h"
 #include "check/unitLabels.h"
 #include "esi/derivation/modulesByIdent.h"
 #include "model/valueTexts.h"
@@ -23,11 +23,11 @@ QString labelOf(const SlotFacts& slot)
 
 void checkModule(const EsiFacts& facts, Report& report)
 {
-    const ModuleLookUp modules(facts);
-    for (const SlotFacts& slot : slotsOf(facts))
+    const ModuleLookUp& modules = facts.moduleLookUp;
+    for (const SlotFacts& slot : facts.allSlots)
         for (const struct_ModuleIdent& ident : slot.record->ModuleIdent)
             if (ident.Attributes.Default == 0 && modules.withIdent(ident.ModuleIdent) == nullptr)
-                report.addAbout(slot.device->owner, slot.element.placeKey(),
+                report.addAbout(slot.device, slot.element.placeKey(),
                                 QStringLiteral("%1 takes module %2, which the file does not have")
                                     .arg(labelOf(slot), hexNumber(ident.ModuleIdent)));
 }
@@ -40,22 +40,18 @@ QString defaultProblem(const SlotFacts& slot, const struct_ModuleIdent& ident, c
         return QStringLiteral("which the file does not have");
     if (!isDefaultOf(*slot.record, ident))
         return QStringLiteral("and has no place (MaxInstances is 0)");
-    const std::vector<std::string_view> classes = classesOf(*slot.record);
-    const std::string_view moduleClass = modules.classOf(*module);
-    if (classes.empty() || std::find(classes.begin(), classes.end(), moduleClass) != classes.end())
-        return {};
-    return QStringLiteral("which is of class %1, and the slot does not take that").arg(shown(moduleClass));
+    return {};
 }
 
 void checkDefault(const EsiFacts& facts, Report& report)
 {
-    const ModuleLookUp modules(facts);
-    for (const SlotFacts& slot : slotsOf(facts))
+    const ModuleLookUp& modules = facts.moduleLookUp;
+    for (const SlotFacts& slot : facts.allSlots)
         for (const struct_ModuleIdent& ident : slot.record->ModuleIdent) {
             if (ident.Attributes.Default == 0)
                 continue;
             if (const QString problem = defaultProblem(slot, ident, modules); !problem.isEmpty())
-                report.addAbout(slot.device->owner, slot.element.placeKey(),
+                report.addAbout(slot.device, slot.element.placeKey(),
                                 QStringLiteral("the default module of %1 is %2, %3")
                                     .arg(labelOf(slot), hexNumber(ident.ModuleIdent), problem));
         }
@@ -63,11 +59,11 @@ void checkDefault(const EsiFacts& facts, Report& report)
 
 void checkInstances(const EsiFacts& facts, Report& report)
 {
-    for (const SlotFacts& slot : slotsOf(facts)) {
+    for (const SlotFacts& slot : facts.allSlots) {
         const SlotAttributes& attributes = slot.record->Attributes;
         if (attributes.MinInstances > attributes.MaxInstances)
-            report.addAbout(slot.device->owner, slot.element.placeKey(),
-                            QStringLiteral("%1 takes %2 modules at least and %3 at most")
+            report.addAbout(slot.device, slot.element.placeKey(),
+                            QStringLiteral("%1 takes %2 modules at least, and %3 at most go out")
                                 .arg(labelOf(slot))
                                 .arg(attributes.MinInstances)
                                 .arg(attributes.MaxInstances));
@@ -92,7 +88,7 @@ void checkIncrement(const SlotFacts& slot, const Increment& increment, Report& r
     const std::uint32_t own = toUint(slot.element.attribute(increment.name));
     const std::uint32_t exported = slot.record->Attributes.*increment.exported;
     if (own != 0 && own != exported && slot.record->Attributes.m_SlotGroup < 0)
-        report.addAbout(slot.device->owner, slot.element.placeKey(),
+        report.addAbout(slot.device, slot.element.placeKey(),
                         QStringLiteral("%1 has %2 %3 and goes out with %4: the controller handles one for all slots")
                             .arg(labelOf(slot),
                                  QString::fromLatin1(increment.name.data(), static_cast<int>(increment.name.size())),
@@ -101,19 +97,19 @@ void checkIncrement(const SlotFacts& slot, const Increment& increment, Report& r
 
 void checkIncrements(const EsiFacts& facts, Report& report)
 {
-    for (const SlotFacts& slot : slotsOf(facts))
+    for (const SlotFacts& slot : facts.allSlots)
         for (const Increment& increment : increments)
             checkIncrement(slot, increment, report);
 }
 
 void checkIdentTwice(const EsiFacts& facts, Report& report)
 {
-    for (const SlotFacts& slot : slotsOf(facts)) {
+    for (const SlotFacts& slot : facts.allSlots) {
         std::unordered_set<std::uint32_t> seen;
         for (const struct_ModuleIdent& ident : slot.record->ModuleIdent)
             if (!seen.insert(ident.ModuleIdent).second)
                 report.addAbout(
-                    slot.device->owner, slot.element.placeKey(),
+                    slot.device, slot.element.placeKey(),
                     QStringLiteral("%1 names module %2 twice").arg(labelOf(slot), hexNumber(ident.ModuleIdent)));
     }
 }
@@ -130,17 +126,17 @@ constexpr std::array rules{
     Rule{"slot-default-module",
          Severity::Error,
          "a default module is missing or does not fit",
-         "The default module of a slot is that of no module of the file, or of a class that the slot does not take, or "
-         "the slot has no place for it.",
+         "The ident of the default module of a slot is that of no module of the file, or the slot has no place for it "
+         "(MaxInstances is 0).",
          "The device starts with a module that the controller does not know, and refuses the configuration.",
-         "Add the module, correct its class, or make another one the default.",
+         "Add the module, give the slot a place, or make another module the default.",
          "<Slot MaxInstances=\"1\"><ModuleIdent Default=\"1\">#x99</ModuleIdent></Slot>",
          {checkDefault, nullptr, nullptr}},
     Rule{"slot-instances",
          Severity::Error,
          "a slot with minimum above maximum",
-         "MinInstances of a slot is above its MaxInstances. The controller holds 16 modules in a slot, so a higher "
-         "maximum counts as 16.",
+         "MinInstances of a slot is above its MaxInstances, or above 16: the controller holds 16 modules in a slot, so "
+         "a higher maximum counts as 16.",
          "No number of modules is right for the slot.",
          "Correct the two numbers.",
          "<Slot MinInstances=\"2\" MaxInstances=\"1\"/>",

@@ -44,7 +44,7 @@ public:
             checkAssignment(command);
         if (!isMappingObject(command.index) && !isAssignObject(command.index))
             return;
-        if (command.isCompleteAccess || command.declaresCompleteAccess) {
+        if (command.isCompleteAccess) {
             m_lists.erase(command.index); // the device takes the list as a whole
             if (isAssignObject(command.index))
                 m_cleared.erase(command.index);
@@ -58,7 +58,7 @@ public:
     std::vector<StartupFault> end()
     {
         for (const auto& [index, list] : m_lists)
-            if (list.entries > 0)
+            if (list.entries > 0 || list.wasFilled)
                 m_faults.push_back({StartupSlip::CountMissing, placeOf(*list.last), list.entries});
         return std::move(m_faults);
     }
@@ -68,7 +68,8 @@ private:
     struct List
     {
         unsigned entries = 0; ///< highest sub-index that was written since the count was cleared
-        const CommandFacts* last = nullptr; ///< that wrote an entry
+        const CommandFacts* last = nullptr; ///< that wrote an entry, or else cleared the count
+        bool wasFilled = false; ///< commands before that have written it with its count
     };
 
     [[nodiscard]] std::size_t placeOf(const CommandFacts& command) const
@@ -79,6 +80,8 @@ private:
     void checkAssignment(const CommandFacts& command)
     {
         const auto assign = m_assignObjectOf.find(command.index);
+        if (!m_unit.canAssign)
+            return; // there is nothing that could be cleared
         if (assign == m_assignObjectOf.end() || m_cleared.count(assign->second) != 0
             || !m_told.insert(command.index).second)
             return;
@@ -90,7 +93,7 @@ private:
         const auto list = m_lists.find(command.index);
         const unsigned entries = list == m_lists.end() ? 0 : list->second.entries;
         if (command.data == 0) {
-            m_lists[command.index] = {};
+            m_lists[command.index] = {0, &command, m_filled.count(command.index) != 0};
             if (isAssignObject(command.index))
                 m_cleared.insert(command.index);
             return;
@@ -98,6 +101,7 @@ private:
         if (list != m_lists.end() && command.data != entries)
             m_faults.push_back({StartupSlip::CountWrong, placeOf(command), entries});
         m_lists.erase(command.index);
+        m_filled.insert(command.index);
         if (isAssignObject(command.index))
             m_cleared.erase(command.index);
     }
@@ -118,13 +122,14 @@ private:
     std::map<std::uint16_t, std::uint16_t> m_assignObjectOf; ///< by the index of a PDO
     std::set<std::uint16_t> m_cleared; ///< assign objects that are empty now
     std::map<std::uint16_t, List> m_lists; ///< objects whose sub-index 0 is 0 now
+    std::set<std::uint16_t> m_filled; ///< objects that have had a count
     std::set<std::uint16_t> m_told;
     std::set<std::uint16_t> m_toldEntries;
     std::vector<StartupFault> m_faults;
 };
 
-} // namespace
-
+/// The commands in the order in which the controller sends them: by their transition, and as they are in the file for
+/// the same one. Commands without a known transition, and those of the way back, are left out.
 std::vector<const CommandFacts*> sendingOrder(const UnitFacts& unit)
 {
     std::vector<const CommandFacts*> order;
@@ -136,6 +141,8 @@ std::vector<const CommandFacts*> sendingOrder(const UnitFacts& unit)
     });
     return order;
 }
+
+} // namespace
 
 std::vector<StartupFault> startupFaultsOf(const UnitFacts& unit)
 {

@@ -7,10 +7,6 @@
 
 namespace check {
 
-/// The commands in the order in which the controller sends them: by their transition, and as they are in the file for
-/// the same one. Commands without a known transition, and those of the way back, are left out.
-[[nodiscard]] std::vector<const CommandFacts*> sendingOrder(const UnitFacts& unit);
-
 /// The slips of a unit, in the order of sending.
 [[nodiscard]] std::vector<StartupFault> startupFaultsOf(const UnitFacts& unit);
 

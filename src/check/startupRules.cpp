@@ -39,6 +39,8 @@ QString entryText(const StartupFault& /*fault*/, const CommandFacts& command)
 
 QString countMissingText(const StartupFault& fault, const CommandFacts& command)
 {
+    if (fault.entries == 0)
+        return QStringLiteral("%1 empties the list that commands before it have written").arg(labelOf(command));
     return QStringLiteral("after %1 no command sets sub-index 0 to the number of entries, %2")
         .arg(labelOf(command), QString::number(fault.entries));
 }
@@ -54,7 +56,8 @@ QString countWrongText(const StartupFault& fault, const CommandFacts& command)
 void checkData(const UnitFacts& unit, Report& report)
 {
     for (const CommandFacts& command : unit.commands)
-        if (!command.isDerived && !command.isCompleteAccess && !isCarried(command.bytes, command.data))
+        if (!command.isDerived && !command.isCompleteAccess && !command.isZero
+            && !isCarried(command.bytes, command.data))
             report.add(command.where, QStringLiteral("%1 has a value of %2 bytes, the format carries 4 and writes 0")
                                           .arg(labelOf(command), QString::number(command.bytes)));
 }
@@ -67,6 +70,40 @@ void checkCompleteAccess(const UnitFacts& unit, Report& report)
             report.add(
                 command.where,
                 QStringLiteral("%1 is a complete access, which the device does not declare").arg(labelOf(command)));
+}
+
+void checkAccessLost(const UnitFacts& unit, Report& report)
+{
+    for (const CommandFacts& command : unit.commands)
+        if (command.declaresCompleteAccess && !command.isCompleteAccess)
+            report.add(command.where,
+                       QStringLiteral("%1 is a complete access, and goes out as a plain write of sub-index %2")
+                           .arg(labelOf(command), QString::number(command.subIndex)));
+}
+
+void checkMark(const UnitFacts& unit, Report& report)
+{
+    for (const CommandFacts& command : unit.commands)
+        if (command.hasMark)
+            report.add(command.where,
+                       QStringLiteral("the data of %1 has a \"#x\" mark, which goes out as a byte more: %2")
+                           .arg(labelOf(command), QString::number(command.bytes)));
+}
+
+void checkTransitions(const UnitFacts& unit, Report& report)
+{
+    for (const CommandFacts& command : unit.commands)
+        if (command.transitions > 1)
+            report.add(command.where, QStringLiteral("%1 has %2 transitions, the last one alone goes out")
+                                          .arg(labelOf(command), QString::number(command.transitions)));
+}
+
+void checkProtocols(const UnitFacts& unit, Report& report)
+{
+    for (const UnreadCommands& unread : unit.unreadCommands)
+        report.add(unread.where, QStringLiteral("%1 of %2 are not read: those of CoE go out alone")
+                                     .arg(counted(static_cast<std::int64_t>(unread.count), "startup command"),
+                                          shown(unread.protocol)));
 }
 
 void checkTransition(const UnitFacts& unit, Report& report)
@@ -110,7 +147,8 @@ constexpr std::array rules{
          Severity::Error,
          "a list is written without its count",
          "Startup commands write entries of a mapping or assign object, and none after them sets sub-index 0 to their "
-         "number.",
+         "number; "
+         "or a command empties a list that others before it have written.",
          "Sub-index 0 stays 0: the list is empty, and the PDO carries nothing.",
          "Write the number of entries to sub-index 0 at the end.",
          "0x1c12:0 = 0, 0x1c12:1 = 0x1600, and nothing after it",
@@ -118,8 +156,8 @@ constexpr std::array rules{
     Rule{"startup-count-wrong",
          Severity::Error,
          "a list is written with a wrong count",
-         "A startup command sets sub-index 0 of a mapping or assign object to another number than that of the entries "
-         "that were written since it was 0.",
+         "A startup command sets sub-index 0 of a mapping or assign object to a number other than the highest "
+         "sub-index written since it was 0.",
          "Entries are missing from the process image, or old ones are in it.",
          "Write the number of the last entry to sub-index 0.",
          "0x1c12:0 = 0, 0x1c12:1 = 0x1600, 0x1c12:0 = 2",
@@ -127,10 +165,12 @@ constexpr std::array rules{
     Rule{"startup-data-lost",
          Severity::Warning,
          "a value that the format does not carry",
-         "The value of a startup command that is declared has more than 4 bytes, and none that fit into them.",
+         "The value of a declared startup command has more than four bytes, and is neither 0 nor a number of four "
+         "bytes.",
          "The command goes out with its length and the value 0, and the device gets 0.",
          "Set the value in another way, or take the command out if 0 is right.",
-         "<InitCmd><Index>#x8000</Index><SubIndex>1</SubIndex><Data>0102030405060708</Data></InitCmd>",
+         "<InitCmd><Transition>PS</Transition><Index>#x8000</Index><SubIndex>1</SubIndex><Data>0102030405</Data></"
+         "InitCmd>",
          {nullptr, nullptr, checkData}},
     Rule{"startup-complete-access",
          Severity::Error,
@@ -138,8 +178,43 @@ constexpr std::array rules{
          "A startup command is a complete access, and the CoE element of the device has no CompleteAccess.",
          "The device refuses the command and stays in the state in which it is.",
          "Write the object sub-index by sub-index, or declare CompleteAccess if the device has it.",
-         "<CoE><InitCmd CompleteAccess=\"1\"><Index>#x1c12</Index></InitCmd></CoE>",
+         "<CoE><InitCmd "
+         "CompleteAccess=\"1\"><Transition>PS</Transition><Index>#x1c12</Index><Data>01000016</Data></InitCmd></CoE>",
          {nullptr, nullptr, checkCompleteAccess}},
+    Rule{
+        "startup-access-lost",
+        Severity::Warning,
+        "a complete access goes out as a plain write",
+        "A declared startup command has CompleteAccess, which is not read: the format gets a write of its one "
+        "sub-index.",
+        "The device gets the bytes of a whole object as the value of sub-index 0, and refuses it or loses the rest.",
+        "Write the object sub-index by sub-index.",
+        "<InitCmd CompleteAccess=\"1\"><Transition>PS</Transition><Index>#x1c12</Index><Data>01000016</Data></InitCmd>",
+        {nullptr, nullptr, checkAccessLost}},
+    Rule{"startup-data-mark",
+         Severity::Warning,
+         "startup data with a mark",
+         "The Data of a declared startup command begins with \"#\". It has to be hexadecimal digits alone.",
+         "The mark counts as a byte of the value, and a device refuses a value of the wrong length.",
+         "Write the digits without a mark, the least significant byte first.",
+         "<Data>#x0102</Data>",
+         {nullptr, nullptr, checkMark}},
+    Rule{"startup-transition-lost",
+         Severity::Warning,
+         "a startup command with several transitions",
+         "A declared startup command has more than one Transition element. The last one is exported.",
+         "The command is not sent on the other transitions.",
+         "Repeat the command, once for each transition.",
+         "<InitCmd><Transition>IP</Transition><Transition>PS</Transition><Index>#x8000</Index></InitCmd>",
+         {nullptr, nullptr, checkTransitions}},
+    Rule{"startup-protocol",
+         Severity::Warning,
+         "startup commands of another protocol than CoE",
+         "A mailbox protocol other than CoE has InitCmd elements. They are not read.",
+         "The controller does not send them.",
+         "Set the values in another way, or take the commands out if they are not needed.",
+         "<EoE><InitCmd><Type>2</Type></InitCmd></EoE>",
+         {nullptr, nullptr, checkProtocols}},
     Rule{
         "startup-transition",
         Severity::Error,

@@ -36,10 +36,41 @@ void checkMissing(const UnitFacts& unit, Report& report)
     if (!unit.isDevice())
         return;
     for (const PdoFacts& pdo : unit.pdos)
-        if (pdo.syncManager >= 0 && !isOnSyncManager(pdo, unit))
+        if (pdo.syncManager >= 0 && static_cast<std::size_t>(pdo.syncManager) >= unit.syncManagers.size())
             report.add(pdo.where,
                        QStringLiteral("%1 is on sync manager %2, the device has %3")
                            .arg(labelOf(pdo), number(pdo.syncManager), QString::number(unit.syncManagers.size())));
+}
+
+/// Names of the directions of sync managers that a PDO cannot be on.
+QString wrongDirection(const PdoFacts& pdo, std::uint8_t direction)
+{
+    switch (direction) {
+    case KTL_MBoxOut:
+    case KTL_MBoxIn:
+        return QStringLiteral("a mailbox");
+    case KTL_Outputs:
+        return pdo.isInput ? QStringLiteral("for outputs") : QString();
+    case KTL_Inputs:
+        return pdo.isInput ? QString() : QStringLiteral("for inputs");
+    default:
+        return {};
+    }
+}
+
+void checkDirection(const UnitFacts& unit, Report& report)
+{
+    if (unit.isFromKtl) // there are no virtual ones in it, so the numbers of PDOs may be those of others
+        return;
+    for (const PdoFacts& pdo : unit.pdos) {
+        if (!isOnSyncManager(pdo, unit))
+            continue;
+        const SyncManagerFacts& syncManager = unit.syncManagers[static_cast<std::size_t>(pdo.syncManager)];
+        if (const QString wrong = wrongDirection(pdo, syncManager.direction); !wrong.isEmpty())
+            report.add(pdo.where, QStringLiteral("%1, %2, is on sync manager %3, which is %4")
+                                      .arg(labelOf(pdo), QLatin1String(pdo.isInput ? "a TxPdo" : "an RxPdo"),
+                                           number(pdo.syncManager), wrong));
+    }
 }
 
 void checkCount(const UnitFacts& unit, Report& report)
@@ -56,7 +87,7 @@ void checkKind(const UnitFacts& unit, Report& report)
     for (const SyncManagerFacts& syncManager : unit.syncManagers)
         if (syncManager.direction == KTL_UnknownType && !isVirtual(syncManager))
             report.add(syncManager.where,
-                       QStringLiteral("%1 is no kind of sync manager; it goes out as a mailbox output")
+                       QStringLiteral("%1 is not a kind of sync manager; it goes out as a mailbox output")
                            .arg(shown(syncManager.name)));
 }
 
@@ -86,18 +117,13 @@ void checkFrame(const UnitFacts& unit, Report& report)
 
 void checkExportedLength(const UnitFacts& unit, Report& report)
 {
-    constexpr std::int64_t bitsPerByte = 8;
-    std::vector<std::int64_t> bits(unit.syncManagers.size());
-    for (const PdoFacts& pdo : unit.pdos)
-        if (pdo.isExported && isOnSyncManager(pdo, unit))
-            bits[static_cast<std::size_t>(pdo.syncManager)] += bitsOf(pdo);
+    const std::vector<std::int64_t> bytes = processDataBytes(unit, CountedPdos::Exported);
     for (std::size_t index = 0; index < unit.syncManagers.size(); ++index) {
         const SyncManagerFacts& syncManager = unit.syncManagers[index];
-        const std::int64_t bytes = (bits[index] + bitsPerByte - 1) / bitsPerByte;
-        if (syncManager.exportedBytes >= 0 && syncManager.exportedBytes != bytes)
-            report.add(syncManager.where,
-                       QStringLiteral("sync manager %1 goes out with %2 bytes, its PDOs take %3")
-                           .arg(QString::number(index), number(syncManager.exportedBytes), number(bytes)));
+        if (unit.isComplete && syncManager.exportedBytes >= 0 && syncManager.exportedBytes != bytes[index])
+            report.add(syncManager.where, QStringLiteral("sync manager %1 goes out with %2, its PDOs take %3")
+                                              .arg(QString::number(index), counted(syncManager.exportedBytes, "byte"),
+                                                   number(bytes[index])));
     }
 }
 
@@ -108,10 +134,10 @@ void checkMailboxSize(const UnitFacts& unit, Report& report)
     for (std::size_t index = 0; index < unit.syncManagers.size(); ++index) {
         const SyncManagerFacts& syncManager = unit.syncManagers[index];
         const std::int64_t bytes = syncManager.attributes.DefaultSize;
-        if (unit.hasCoe && isMailbox(syncManager) && !isVirtual(syncManager) && bytes < minMailboxBytes)
+        if (unit.hasMailboxProtocol && isMailbox(syncManager) && !isVirtual(syncManager) && bytes < minMailboxBytes)
             report.add(syncManager.where,
-                       QStringLiteral("the mailbox of sync manager %1 has %2 bytes, it needs at least %3")
-                           .arg(QString::number(index), number(bytes), number(minMailboxBytes)));
+                       QStringLiteral("the mailbox of sync manager %1 has %2, it needs at least %3")
+                           .arg(QString::number(index), counted(bytes, "byte"), number(minMailboxBytes)));
     }
 }
 
@@ -124,8 +150,10 @@ bool hasDirection(const UnitFacts& unit, std::uint8_t direction)
 
 void checkMailboxMissing(const UnitFacts& unit, Report& report)
 {
-    if (unit.isDevice() && unit.hasCoe && !(hasDirection(unit, KTL_MBoxOut) && hasDirection(unit, KTL_MBoxIn)))
-        report.add(unit.where, QStringLiteral("CoE is declared, but no sync managers for mailbox output and input"));
+    if (unit.isDevice() && unit.hasMailboxProtocol
+        && !(hasDirection(unit, KTL_MBoxOut) && hasDirection(unit, KTL_MBoxIn)))
+        report.add(unit.where,
+                   QStringLiteral("a mailbox protocol is declared, but no sync managers for mailbox output and input"));
 }
 
 // ---- Control byte ----
@@ -157,7 +185,7 @@ QString controlProblem(std::uint32_t control, const ControlRule& rule)
                               : QStringLiteral("does not let the controller read");
     const std::uint32_t mode = control & modeBits;
     if (rule.isMailbox ? mode != mailboxMode : (mode != 0 && mode != mailboxMode))
-        return QStringLiteral("has not the mode of a %1").arg(QLatin1String(rule.isMailbox ? "mailbox" : "buffer"));
+        return QStringLiteral("is not set to %1 mode").arg(QLatin1String(rule.isMailbox ? "mailbox" : "buffer"));
     return {};
 }
 
@@ -187,6 +215,18 @@ constexpr std::array rules{
          "Set Sm to the number of the sync manager, counted from 0 in the order of the file, or leave it out.",
          "<TxPdo Sm=\"5\"><Index>#x1a00</Index></TxPdo>",
          {nullptr, nullptr, checkMissing}},
+    Rule{"pdo-sync-manager-direction",
+         Severity::Error,
+         "a PDO on a mailbox or against its direction",
+         "A PDO of an ESI file is on a sync manager MBoxOut or MBoxIn, an RxPdo on one for Inputs, or a TxPdo on one "
+         "for "
+         "Outputs.",
+         "The device refuses the assignment, or its outputs are never written. An empty Sm attribute reads as 0, which "
+         "is "
+         "the mailbox.",
+         "Set Sm to the number of the sync manager for Outputs (RxPdo) or Inputs (TxPdo), or leave it out.",
+         "<RxPdo Sm=\"3\"> where sync manager 3 is Inputs",
+         {nullptr, nullptr, checkDirection}},
     Rule{"sync-manager-count",
          Severity::Warning,
          "more than 4 sync managers",
@@ -200,7 +240,7 @@ constexpr std::array rules{
          "a sync manager of an unknown kind",
          "The text of an Sm element is none of MBoxOut, MBoxIn, Outputs and Inputs.",
          "It counts as a mailbox output, also for the process data that is on it, which is not exchanged then.",
-         "Write the name exactly, upper and lower case included.",
+         "Write the name exactly: case counts, and so do blanks and line breaks.",
          "<Sm StartAddress=\"#x1100\">outputs</Sm>",
          {nullptr, nullptr, checkKind}},
     Rule{"sync-manager-max-size",
@@ -234,15 +274,16 @@ constexpr std::array rules{
     Rule{"mailbox-size",
          Severity::Error,
          "a mailbox is too small",
-         "A device with CoE has a mailbox with a DefaultSize below 0x22 bytes.",
-         "A mailbox message with the smallest SDO does not fit, so no startup command arrives.",
+         "A device with a mailbox protocol has a mailbox with a DefaultSize below 0x22 bytes.",
+         "Slave stacks require at least 34 bytes. A device refuses a smaller mailbox and stays in INIT.",
          "Give DefaultSize as the device has it, 0x22 (34) at least.",
          "<Sm DefaultSize=\"16\" StartAddress=\"#x1000\" ControlByte=\"#x26\" Enable=\"1\">MBoxOut</Sm>",
          {nullptr, nullptr, checkMailboxSize}},
     Rule{"mailbox-missing",
          Severity::Error,
-         "CoE without a mailbox",
-         "A device declares CoE, but has not both a sync manager MBoxOut and one MBoxIn that are not virtual.",
+         "a mailbox protocol without a mailbox",
+         "A device declares CoE, EoE or another mailbox protocol, but does not have both an MBoxOut and an MBoxIn sync "
+         "manager that are not virtual.",
          "Startup commands and the dictionary go through the mailbox. Without one none of them reaches the device.",
          "Declare the two sync managers, first MBoxOut, then MBoxIn.",
          "<Sm>Outputs</Sm><Mailbox><CoE/></Mailbox>",

@@ -7,8 +7,9 @@
 #include "esi/fileElements.h"
 #include "esi/xml/tree.h"
 
-#include <array>
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,6 +48,15 @@ struct ValueFault
     std::string_view element;
     std::string_view attribute; ///< empty if it is the text of the element
     std::string text; ///< the value, or the beginning of a long one
+    std::optional<std::uint32_t> number; ///< as which it is read, if it is one
+};
+
+/// Values of one kind about one device, module or file that were not kept.
+struct OmittedValues
+{
+    ValueFaultKind kind;
+    Owner owner;
+    std::size_t count;
 };
 
 /// What the walk found. It refers to the tree.
@@ -55,7 +65,7 @@ struct TreeFacts
     std::vector<SchemaFault> schemaFaults; ///< by the first of each
     std::vector<ValueFault> valueFaults; ///< in the order of the file
     std::size_t omittedSchemaFaults = 0; ///< of kinds that were not kept, since there are too many kinds
-    std::array<std::size_t, static_cast<std::size_t>(ValueFaultKind::Count)> omittedValueFaults{};
+    std::vector<OmittedValues> omittedValues;
 };
 
 /// Walks over a tree. One whose outermost element the schema does not have is not looked into.

@@ -60,7 +60,6 @@ struct EntryFacts
     bool movesWithSlot = false; ///< its index depends on the slot of its module
     std::uint32_t subIndex = 0;
     int bits = 0; ///< negative for a number above 2^31 in a file
-    std::string_view name;
     std::string_view dataType; ///< empty in a KTL file
     std::int32_t link = 0; ///< a value of `enum_KTL_PDO_TYPE`, or what a file has in its place
 };
@@ -76,7 +75,6 @@ struct PdoFacts
     std::uint16_t index = 0;
     bool movesWithSlot = false; ///< its index depends on the slot of its module
     bool movesWithGroup = false; ///< its index depends on the group of that slot
-    std::string_view name;
     int syncManager = -1; ///< -1 if it is not assigned
     bool isFixed = false;
     bool isMandatory = false;
@@ -86,6 +84,22 @@ struct PdoFacts
     int oversamplingMax = 0;
     std::vector<EntryFacts> entries;
     std::vector<std::uint16_t> excluded; ///< indexes of PDOs that cannot be assigned together with it
+};
+
+/// Startup commands of a protocol of which none are read.
+struct UnreadCommands
+{
+    Where where = 0; ///< of the protocol
+    std::string_view protocol;
+    std::size_t count = 0;
+};
+
+/// A PDO of more samples than go out on its sync manager.
+struct LostSamples
+{
+    Where where = 0;
+    std::uint16_t index = 0;
+    int samples = 0;
 };
 
 /// A startup command.
@@ -100,7 +114,9 @@ struct CommandFacts
     std::uint16_t bytes = 0; ///< of the value, as the file announces it
     std::uint32_t data = 0; ///< the value as far as it is a number of four bytes
     bool declaresCompleteAccess = false; ///< in the file, where nothing of it is read
-    std::string_view comment;
+    bool hasMark = false; ///< its data begins with "#x", which counts as a byte
+    bool isZero = false; ///< all digits of its data are 0
+    std::size_t transitions = 1; ///< that the file declares; the last one counts
 };
 
 /// A device, or a module of a file.
@@ -115,14 +131,22 @@ struct UnitFacts
     std::string_view name;
     std::string_view type; ///< text of the `Type` element; empty in a KTL file
     bool isFromKtl = false;
+    bool isComplete = true; ///< false for a device whose derivation ended in an error: copies and lengths are missing
     bool hasSlots = false; ///< a device whose objects may be those of modules; never of a KTL file
     bool hasCoe = false;
+    bool hasMailboxProtocol = false; ///< CoE or another one
+    bool canAssign = true; ///< its assign objects can be written
     bool supportsCompleteAccess = false;
     std::vector<SyncManagerFacts> syncManagers; ///< none of a module
+    /// Whether PDOs name sync managers by their places. In a KTL file virtual sync managers are left out, which moves
+    /// the others up.
+    bool hasPlacesOfSyncManagers = true;
     std::vector<FmmuFacts> fmmus; ///< none of a module
     std::vector<ModeFacts> modes; ///< none of a module
     std::vector<PdoFacts> pdos; ///< outputs first
     std::vector<CommandFacts> commands; ///< in the order of sending
+    std::vector<UnreadCommands> unreadCommands;
+    std::vector<LostSamples> lostSamples;
     std::vector<StartupFault> startupFaults; ///< in the order of sending
     const DictionaryFacts* dictionary = nullptr; ///< null if the file has none for it
 

@@ -13,6 +13,12 @@ QString shown(std::string_view text)
     return shownText(QString::fromUtf8(text.data(), static_cast<int>(text.substr(0, enough).size())));
 }
 
+QString counted(std::int64_t number, const char* what)
+{
+    return QStringLiteral("%1 %2%3").arg(QString::number(number), QLatin1String(what),
+                                         QLatin1String(number == 1 ? "" : "s"));
+}
+
 QString labelOf(const PdoFacts& pdo)
 {
     return QStringLiteral("PDO %1").arg(hexNumber(pdo.index));

@@ -13,6 +13,9 @@ namespace check {
 /// A text of a file as findings show it: in quotation marks, cut where it is longer than people read.
 [[nodiscard]] QString shown(std::string_view text);
 
+/// "1 byte", "2 bytes".
+[[nodiscard]] QString counted(std::int64_t number, const char* what);
+
 /// "PDO 0x1a00".
 [[nodiscard]] QString labelOf(const PdoFacts& pdo);
 

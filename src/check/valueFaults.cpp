@@ -2,6 +2,7 @@
 
 #include "check/report.h"
 #include "check/standardTypes.h"
+#include "model/valueTexts.h"
 
 #include <algorithm>
 #include <tuple>
@@ -22,7 +23,7 @@ std::string beginningOf(std::string_view text)
 
 bool ValueFaults::TypeName::operator<(const TypeName& other) const
 {
-    return std::tie(owner.kind, owner.index, name) < std::tie(other.owner.kind, other.owner.index, other.name);
+    return std::tie(owner, name) < std::tie(other.owner, other.name);
 }
 
 void ValueFaults::turnTo(const Owner& owner)
@@ -55,17 +56,14 @@ void ValueFaults::judge(const ValueType& type, const ValuePlace& place, std::str
         else
             m_declared.push_back({m_owner, name});
     } else if (const std::optional<ValueFaultKind> fault = faultOf(type, text)) {
-        add({*fault, place.element.placeKey(), m_owner, type, place.element.name(), place.attribute,
-             beginningOf(text)});
+        add({*fault, place.element.placeKey(), m_owner, type, place.element.name(), place.attribute, beginningOf(text),
+             convertedUint(text)});
     }
 }
 
 void ValueFaults::add(const ValueFault& fault)
 {
-    const auto kind = static_cast<std::size_t>(fault.kind);
-    if (++m_ofKind[kind] > Report::maxOfRule)
-        ++m_omitted[kind];
-    else
+    if (++m_counts[{fault.kind, fault.owner}] <= Report::maxOfRule)
         m_faults.push_back(fault);
 }
 
@@ -103,7 +101,8 @@ void ValueFaults::addUnknownTypes()
              entry.valueType,
              entry.element.name(),
              {},
-             beginningOf(entry.type.name)});
+             beginningOf(entry.type.name),
+             {}});
     }
 }
 
@@ -111,7 +110,9 @@ void ValueFaults::moveTo(TreeFacts& facts)
 {
     addUnknownTypes();
     facts.valueFaults = std::move(m_faults);
-    facts.omittedValueFaults = m_omitted;
+    for (const auto& [fault, count] : m_counts)
+        if (count > Report::maxOfRule)
+            facts.omittedValues.push_back({fault.first, fault.second, count - Report::maxOfRule});
 }
 
 } // namespace check

@@ -5,11 +5,12 @@
 #include "check/treeFacts.h"
 #include "check/valueKind.h"
 
-#include <array>
 #include <cstddef>
 #include <deque>
+#include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace check {
@@ -58,8 +59,7 @@ private:
 
     Owner m_owner;
     std::vector<ValueFault> m_faults;
-    std::array<std::size_t, static_cast<std::size_t>(ValueFaultKind::Count)> m_ofKind{}; ///< found so far
-    std::array<std::size_t, static_cast<std::size_t>(ValueFaultKind::Count)> m_omitted{}; ///< as above
+    std::map<std::pair<ValueFaultKind, Owner>, std::size_t> m_counts; ///< found so far
     std::vector<EntryType> m_entryTypes; ///< that are no base types
     std::vector<TypeName> m_declared;
     std::vector<std::string_view> m_declaredAnywhere; ///< names of `m_declared`, sorted

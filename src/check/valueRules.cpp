@@ -45,14 +45,15 @@ QString cutText(const ValueFault& fault)
 {
     if (fault.type.kind == ValueKind::Bytes || fault.type.kind == ValueKind::HexDigits)
         return QStringLiteral("an odd number of hexadecimal digits; two make a byte");
-    const std::optional<std::uint32_t> number = convertedUint(fault.text);
-    if (fault.type.kind == ValueKind::Signed || !number.has_value())
+    if (fault.type.kind == ValueKind::Signed)
+        return QStringLiteral("which does not fit a signed number of %1 bits, and is read as 0").arg(fault.type.bits);
+    if (!fault.number.has_value())
         return QStringLiteral("which is more than %1 bits hold, and is read as 0").arg(fault.type.bits);
     if (fault.type.kind == ValueKind::SubIndex)
         return QStringLiteral("which is more than the 8 bits of a sub-index");
     const std::uint32_t mask = (std::uint32_t{1} << fault.type.bits) - 1;
     return QStringLiteral("which is more than the %1 bits of its field hold; %2 is left of it")
-        .arg(QString::number(fault.type.bits), hexNumber(*number & mask));
+        .arg(QString::number(fault.type.bits), hexNumber(*fault.number & mask));
 }
 
 QString booleanText(const ValueFault& fault)
@@ -77,7 +78,9 @@ template<ValueFaultKind Kind, QString (*Text)(const ValueFault&)> void tell(cons
     for (const ValueFault& fault : facts.tree.valueFaults)
         if (fault.kind == Kind)
             report.addAbout(fault.owner, fault.where, beginningOf(fault) + QLatin1String(", ") + Text(fault));
-    report.omit(facts.tree.omittedValueFaults[static_cast<std::size_t>(Kind)]);
+    for (const OmittedValues& omitted : facts.tree.omittedValues)
+        if (omitted.kind == Kind)
+            report.omit(omitted.owner, omitted.count);
 }
 
 constexpr std::array rules{

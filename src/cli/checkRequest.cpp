@@ -7,8 +7,8 @@
 #include "text/shownText.h"
 
 #include <algorithm>
-#include <ostream>
 #include <array>
+#include <ostream>
 
 namespace cli {
 

@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <new>
-#include <stdexcept>
 #include <utility>
 
 namespace cli {
@@ -54,11 +53,7 @@ void readEsi(QFile& file, const QString& path, InputToCheck& input)
     input.road = read.road;
     input.record = std::move(loaded.file);
     input.record.xmlfilepath = QFile::encodeName(name).toStdString(); // every byte of it
-    try {
-        completeFile(input.record);
-    } catch (const std::out_of_range&) { // a PDO on a sync manager that is not there, which a rule tells
-        input.isComplete = false;
-    }
+    input.areComplete = completeDevices(input.record); // what stops one of them is told by a rule
 }
 
 bool isAsked(const FileChecks& checks, check::FileRule rule)
@@ -118,7 +113,7 @@ CheckedInput checkInput(const QString& path, const InputToCheck& input, const st
         checked.file = namedFile(path);
         if (input.tree.has_value()) {
             checked.file.findings = check::checkEsi(
-                {*input.tree, record, input.isComplete, checks.givenFiles, input.encodingFault}, checks.rules);
+                {*input.tree, record, input.areComplete, checks.givenFiles, input.encodingFault}, checks.rules);
             checked.file.kind = check::FileKind::Esi;
         } else {
             checked.file.findings = check::checkKtl(input.bytes, checks.rules);

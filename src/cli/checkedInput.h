@@ -22,7 +22,7 @@ struct InputToCheck
     std::optional<xml::Tree> tree; ///< of an ESI file
     struct_FilenameDevice record; ///< of an ESI file, dictionaries left out
     std::optional<check::EncodingFault> encodingFault;
-    bool isComplete = true; ///< see `check::EsiSubject`
+    std::vector<bool> areComplete; ///< of an ESI file, see `check::EsiSubject`
     EsiRoad road = EsiRoad::Plain;
     std::vector<unsigned char> bytes; ///< of a KTL file
     bool isOutOfMemory = false;

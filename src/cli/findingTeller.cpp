@@ -56,21 +56,22 @@ void FindingTeller::addComparison(const QString& path, check::CheckedFile& file)
             m_identities.add(QString::fromStdString(file.shownName), file.findings.units, file.firstDevice);
         const auto middle = static_cast<std::ptrdiff_t>(list.size());
         list.insert(list.end(), found.begin(), found.end());
-        std::inplace_merge(
-            list.begin(), list.begin() + middle, list.end(),
-            [](const check::Finding& left, const check::Finding& right) { return left.where < right.where; });
+        std::inplace_merge(list.begin(), list.begin() + middle, list.end(), check::isBefore);
     }
 }
 
 /// What is about the file or about a module is told only where no device is asked for.
 void FindingTeller::keepSelected(check::Findings& findings) const
 {
-    const auto isLeftOut = [&](const check::Finding& finding) {
-        const bool isOfDevice = finding.owner.kind == check::OwnerKind::Device;
-        return !check::isFault(*finding.rule) && !(isOfDevice && m_selected->count({m_file, finding.owner.index}) != 0);
+    const auto isLeftOut = [&](const auto& found) {
+        const bool isOfDevice = found.owner.kind == check::OwnerKind::Device;
+        return !check::isFault(*found.rule) && !(isOfDevice && m_selected->count({m_file, found.owner.index}) != 0);
     };
-    std::vector<check::Finding>& list = findings.list;
-    list.erase(std::remove_if(list.begin(), list.end(), isLeftOut), list.end());
+    const auto leaveOut = [&](auto& list) {
+        list.erase(std::remove_if(list.begin(), list.end(), isLeftOut), list.end());
+    };
+    leaveOut(findings.list);
+    leaveOut(findings.omissions);
 }
 
 } // namespace cli

@@ -14,6 +14,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// How loading a file ended.
 enum class EsiLoadStatus
@@ -72,6 +73,10 @@ struct EsiTreeResult
 /// Runs the derivation passes over what a file declares.
 /// @throws MissingSyncManager as `fileFrom`; what was done until then stays
 void completeFile(struct_FilenameDevice& file);
+
+/// As above for each device by itself: where one ends in that error the others go on.
+/// @return  for each device whether all passes went over it
+std::vector<bool> completeDevices(struct_FilenameDevice& file);
 
 /// Makes the record of a file, derivation passes included.
 /// @param path  stored unchanged as the file's path

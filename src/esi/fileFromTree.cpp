@@ -174,17 +174,6 @@ EsiLoadResult declaredFileFrom(const xml::Tree& tree, const QString& path, Dicti
     return isWithinCopyLimit(file) ? std::move(result) : tooManyCopies();
 }
 
-void completeFile(struct_FilenameDevice& file)
-{
-    // The order counts: slots are made uniform before modules move into them, oversampled PDOs are plain before they
-    // get startup commands, and the lengths add up what is assigned in the end.
-    device_check_Slots(&file);
-    device_pdo_defalutset(&file);
-    device_slotmodule_defalutset(&file);
-    device_startup_defalutset(&file);
-    device_sm_defalutset(&file);
-}
-
 EsiLoadResult fileFrom(const xml::Tree& tree, const QString& path, Dictionaries dictionaries)
 {
     EsiLoadResult result = declaredFileFrom(tree, path, dictionaries);

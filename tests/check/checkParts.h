@@ -2,6 +2,7 @@
 #pragma once
 
 #include "check/checkFile.h"
+#include "check/checkedFile.h"
 #include "esi/esiFile.h"
 
 #include <QByteArray>
@@ -9,7 +10,7 @@
 #include <QStringList>
 
 #include <optional>
-#include <stdexcept>
+#include <vector>
 
 namespace checkParts {
 
@@ -46,24 +47,20 @@ struct LoadedFile
         if (!read.tree.has_value())
             return;
         file = declaredFileFrom(*read.tree, QStringLiteral("test.xml"), Dictionaries::AreSkipped).file;
-        try {
-            completeFile(file);
-        } catch (const std::out_of_range&) {
-            isComplete = false;
-        }
+        areComplete = completeDevices(file);
     }
 
     /// None in a file that cannot be read.
     [[nodiscard]] check::Findings findings(const QStringList& givenFiles = {}) const
     {
-        return read.tree.has_value() ? check::checkEsi({*read.tree, file, isComplete, givenFiles, encodingFault})
+        return read.tree.has_value() ? check::checkEsi({*read.tree, file, areComplete, givenFiles, encodingFault})
                                      : check::Findings();
     }
 
     EsiTreeResult read;
     std::optional<check::EncodingFault> encodingFault;
     struct_FilenameDevice file;
-    bool isComplete = true;
+    std::vector<bool> areComplete;
 };
 
 /// The findings of one rule in an ESI file, see `linesOf`.

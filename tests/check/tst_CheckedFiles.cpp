@@ -91,6 +91,8 @@ void tst_CheckedFiles::samples()
          {"1710:13: the command for 0x2f10:0 has a value of 8 bytes, the format carries 4 and writes 0 "
           "[startup-data-lost]",
           "1710:13: the command for 0x2f10:0: the dictionary has no object 0x2f10 [startup-object]"}},
+        {"oversampling-terminal.xml",
+         {"28:9: of PDO 0x1600, the samples after the ninth (3) go out on no sync manager [pdo-oversampling-samples]"}},
         {"dual-axis-drive.xml",
          {"30:9: sync manager 2 goes out with 0 bytes, its PDOs take 16 [sync-manager-length]",
           "31:9: sync manager 3 goes out with 4 bytes, its PDOs take 20 [sync-manager-length]"}}};

@@ -117,10 +117,11 @@ void tst_FindingForms::lines()
 void tst_FindingForms::omittedLines()
 {
     check::CheckedFile file = couplers(check::FileKind::Esi);
-    file.findings.omitted = 2;
-    QCOMPARE(written(check::FindingForm::Lines, {file}),
-             std::string("couplers.xml: note: 2 findings more: of one rule about one device or module the first 1000 "
-                         "are told\n"));
+    file.findings.omissions = {{check::ruleNamed("product-code"), {}, 2}};
+    QCOMPARE(
+        written(check::FindingForm::Lines, {file}),
+        std::string("couplers.xml: note: 2 more findings are left out: of one rule, the first 1000 about a device, "
+                    "module or file are told\n"));
 }
 
 void tst_FindingForms::summary_data()
@@ -158,7 +159,7 @@ void tst_FindingForms::jsonMembers()
 {
     check::CheckedFile file = couplers(check::FileKind::Ktl);
     file.findings.list = {finding({check::OwnerKind::Device, 0}, 0x1f4, {})};
-    file.findings.omitted = 3;
+    file.findings.omissions = {{check::ruleNamed("product-code"), {}, 3}};
     check::CheckedFile esi = couplers(check::FileKind::Esi);
     esi.findings.list = {finding({check::OwnerKind::Module, 0}, 0x1f4, {7, 0})};
     const QJsonArray files = jsonOf(check::FindingForm::Json, {file, esi}).value("files").toArray();
@@ -192,7 +193,7 @@ void tst_FindingForms::sarifNotifications()
     check::CheckedFile file = couplers(check::FileKind::Unknown);
     file.findings.list = {check::fileFinding(check::FileRule::Unreadable, "gone")};
     check::CheckedFile full = couplers(check::FileKind::Esi);
-    full.findings.omitted = 4;
+    full.findings.omissions = {{check::ruleNamed("product-code"), {}, 4}};
     const auto invocation = [](const std::vector<check::CheckedFile>& files) {
         const QJsonObject run = jsonOf(check::FindingForm::Sarif, files).value("runs").toArray().at(0).toObject();
         return run.value("invocations").toArray().at(0).toObject();

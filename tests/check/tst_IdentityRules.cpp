@@ -81,18 +81,25 @@ void addClocks()
     add("clock-cyclic-mode", "SYNC0", modeFile("<AssignActivate>#x200</AssignActivate>"),
         {"3:5: AssignActivate 0x200 of mode \"DC\" has a SYNC signal, but not the cyclic mode (bit 8)"});
     add("clock-cyclic-mode", "SYNC0 and cyclic mode", modeFile("<AssignActivate>#x300</AssignActivate>"));
+    add("clock-cyclic-mode", "set when the start time is written", modeFile("<AssignActivate>#xa00</AssignActivate>"));
+    add("clock-bits", "a name in two pieces",
+        deviceFile("<Dc>\n<OpMode><Name>D<!-- -->C</Name><AssignActivate>2</AssignActivate></OpMode></Dc>"),
+        {"4:1: AssignActivate 0x2 of mode \"DC\" has bits without a meaning: 0x2"});
     add("clock-cyclic-mode", "free run", modeFile("<AssignActivate>#x0</AssignActivate>"));
     add("clock-sync1-alone", "alone", modeFile("<AssignActivate>#x500</AssignActivate>"),
         {"3:5: AssignActivate 0x500 of mode \"DC\" has SYNC1 without SYNC0"});
     add("clock-sync1-alone", "with SYNC0", modeFile("<AssignActivate>#x700</AssignActivate>"));
-    add("clock-time", "a cycle in us", modeFile("<CycleTimeSync0>9999</CycleTimeSync0>"),
-        {"3:5: CycleTimeSync0 of mode \"DC\" is 9999 ns, no bus has such a cycle"});
-    add("clock-time", "a negative cycle", modeFile("<CycleTimeSync1>-1</CycleTimeSync1>"),
-        {"3:5: CycleTimeSync1 of mode \"DC\" is -1 ns, no bus has such a cycle"});
+    add("clock-time", "a cycle in us", modeFile("<CycleTimeSync0>4999</CycleTimeSync0>"),
+        {"3:5: CycleTimeSync0 of mode \"DC\" is 4999 ns, no bus has such a cycle"});
+    add("clock-time", "a cycle of a second", modeFile("<CycleTimeSync0>1000000000</CycleTimeSync0>"),
+        {"3:5: CycleTimeSync0 of mode \"DC\" is 1000000000 ns, no bus has such a cycle"});
+    add("clock-time", "a negative cycle", modeFile("<CycleTimeSync0>-1</CycleTimeSync0>"),
+        {"3:5: CycleTimeSync0 of mode \"DC\" is -1 ns, no bus has such a cycle"});
+    add("clock-time", "SYNC1 at any distance", modeFile("<CycleTimeSync1>-1</CycleTimeSync1>"));
     add("clock-time", "a shift of a second", modeFile("<ShiftTimeSync1>-1000000000</ShiftTimeSync1>"),
         {"3:5: ShiftTimeSync1 of mode \"DC\" is -1000000000 ns, a second or more"});
     add("clock-time", "just right",
-        modeFile("<CycleTimeSync0>10000</CycleTimeSync0><ShiftTimeSync0>-999999999</ShiftTimeSync0>"
+        modeFile("<CycleTimeSync0>5000</CycleTimeSync0><ShiftTimeSync0>-999999999</ShiftTimeSync0>"
                  "<CycleTimeSync1>0</CycleTimeSync1>"));
     add("clock-mode-name", "missing", deviceFile("<Dc><OpMode/></Dc>"), {"3:5: the operation mode has no name"});
     add("clock-mode-name", "given", modeFile({}));

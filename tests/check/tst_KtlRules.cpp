@@ -120,9 +120,7 @@ void addDevices()
         {"68: the command for 0x1c10:1 is a complete access, which the device does not declare"});
     add("startup-entry-before-clear", "at once", general() + commands(2, 0) + endItem,
         {"68: the command for 0x1c10:1 writes an entry before sub-index 0 of the object is 0"});
-    add("identity-twice", "in one file", general() + general() + endItem,
-        {"52: device 1 of the file has the identity 0x7e57:0x1:0x2 too"});
-    add("identity-twice", "once", general() + endItem);
+    add("identity-twice", "two stations of one kind", general() + general() + endItem);
 }
 
 } // namespace

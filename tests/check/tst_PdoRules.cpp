@@ -38,21 +38,27 @@ void addIndexes()
 {
     add("pdo-index-twice", "of both directions",
         deviceFile(input("", "#x1a00", {}) + "<RxPdo><Index>6656</Index></RxPdo>\n"),
-        {"3:1: PDO 0x1a00 is there twice"}); // outputs come first
+        {"3:1: PDO 0x1a00 is declared twice"}); // outputs come first
+    add("pdo-index-twice", "a sample and a PDO",
+        deviceFile(input("OSFac='2' OSMin='1' OSMax='2' OSIndexInc='1'", "#x1a00", entry(8))
+                   + input("", "#x1a01", entry(8))),
+        {"2:1: PDO 0x1a01 is declared twice, once as a sample of another one"});
     add("pdo-index-twice", "two indexes", deviceFile(input("", "#x1a00", {}) + input("", "#x1a01", {})));
     add("pdo-index-twice", "without index", deviceFile("<TxPdo/><TxPdo/>"));
-    add("pdo-index-range", "of an output", deviceFile(input("", "#x1600", entry(8))),
-        {"3:1: PDO 0x1600 is outside 0x1a00 to 0x1bff, the indexes of TxPdos"});
-    add("pdo-index-range", "one too high", deviceFile(input("", "#x1c00", entry(8))),
-        {"3:1: PDO 0x1c00 is outside 0x1a00 to 0x1bff, the indexes of TxPdos"});
-    add("pdo-index-range", "the last one", deviceFile(input("", "#x1bff", entry(8))));
-    add("pdo-index-range", "empty", deviceFile(input("", "#x1600", {})));
+    const QByteArray coe = "<Mailbox><CoE/></Mailbox>\n";
+    add("pdo-index-range", "of an output", deviceFile(coe + input("", "#x1600", entry(8))),
+        {"4:1: PDO 0x1600 is outside 0x1a00 to 0x1bff, the indexes of TxPdos"});
+    add("pdo-index-range", "one too high", deviceFile(coe + input("", "#x1c00", entry(8))),
+        {"4:1: PDO 0x1c00 is outside 0x1a00 to 0x1bff, the indexes of TxPdos"});
+    add("pdo-index-range", "the last one", deviceFile(coe + input("", "#x1bff", entry(8))));
+    add("pdo-index-range", "without a mailbox", deviceFile(input("", "#x1600", entry(8))));
+    add("pdo-index-range", "empty", deviceFile(coe + input("", "#x1600", {})));
 }
 
 void addContents()
 {
     add("pdo-whole-bytes", "12 bits", deviceFile(outputsAndInputs + input("Sm='1'", "#x1a00", entry(12))),
-        {"4:1: PDO 0x1a00 is assigned and has 12 bits, no whole bytes"});
+        {"4:1: PDO 0x1a00 is assigned and has 12 bits, which is not a whole number of bytes"});
     add("pdo-whole-bytes", "with a gap",
         deviceFile(outputsAndInputs
                    + input("Sm='1'", "#x1a00", entry(12) + "<Entry><Index>0</Index><BitLen>4</BitLen></Entry>")));
@@ -61,6 +67,18 @@ void addContents()
     add("pdo-entry-count", "255", deviceFile(input("", "#x1a00", entry(8).repeated(255))),
         {"3:1: PDO 0x1a00 has 255 entries, 254 can be mapped"});
     add("pdo-entry-count", "254", deviceFile(input("", "#x1a00", entry(8).repeated(254))));
+    add("pdo-entry-bits", "256", deviceFile(input("", "#x1a00", "\n" + entry(256))),
+        {"4:1: entry 0x6000:1 of PDO 0x1a00 has 256 bits, a mapping carries 255"});
+    QByteArray wrapped = entry(255);
+    wrapped.replace("255", "4294967295");
+    add("pdo-entry-bits", "2^32 - 1", deviceFile(input("", "#x1a00", "\n" + wrapped)),
+        {"4:1: entry 0x6000:1 of PDO 0x1a00 has 4294967295 bits, a mapping carries 255"});
+    add("pdo-entry-bits", "255", deviceFile(input("", "#x1a00", entry(255))));
+    const QByteArray samples = input("Sm='1' OSFac='10' OSMin='1' OSMax='10' OSIndexInc='1'", "#x1a00", entry(8));
+    add("pdo-oversampling-samples", "ten", deviceFile(outputsAndInputs + samples),
+        {"4:1: of PDO 0x1a00, the samples after the ninth (1) go out on no sync manager"});
+    add("pdo-oversampling-samples", "nine",
+        deviceFile(outputsAndInputs + QByteArray(samples).replace("OSMax='10'", "OSMax='9'")));
     add("pdo-oversampling", "no range", deviceFile(input("OSFac='10'", "#x1a00", entry(8))),
         {"3:1: PDO 0x1a00 is oversampled, but its samples 0 to 0 give no copy"});
     add("pdo-oversampling", "an empty range",
@@ -91,7 +109,7 @@ void addAssignment()
 }
 
 /// A device with one assigned output PDO and startup commands, each on a line of its own from line 5 on.
-QByteArray commandFile(const QByteArray& commands, const char* coe = "")
+QByteArray commandFile(const QByteArray& commands, const char* coe = "PdoAssign='1'")
 {
     return deviceFile("<Sm StartAddress='#x1100' ControlByte='#x64'>Outputs</Sm>\n"
                       "<RxPdo Sm='0' Fixed='1'><Index>#x1600</Index>"
@@ -135,14 +153,40 @@ void addMappingOrder()
         {"7:1: after the command for 0x1602:2 no command sets sub-index 0 to the number of entries, 2"});
     add("startup-count-missing", "just right",
         commandFile(command("#x1602", 0, "00") + command("#x1602", 1, "08010060") + command("#x1602", 0, "01")));
+    add("startup-count-missing", "emptied afterwards",
+        commandFile(cleared + assigned + command("#x1c10", 0, "00", "SO")),
+        {"9:1: the command for 0x1c10:0 empties the list that commands before it have written"});
     add("startup-count-wrong", "one too many",
         commandFile(cleared + command("#x1c10", 1, "0016") + command("#x1c10", 0, "02")),
         {"8:1: the command for 0x1c10:0 sets the number of entries to 2, the commands before it write 1"});
     add("startup-count-wrong", "just right", commandFile(cleared + assigned));
 }
 
+/// What is lost of declared commands.
+void addLosses()
+{
+    const QByteArray whole = command("#x1c12", 0, "01000016", "PS", "CompleteAccess='1'");
+    add("startup-access-lost", "declared", commandFile(whole, "CompleteAccess='1'"),
+        {"6:1: the command for 0x1c12:0 is a complete access, and goes out as a plain write of sub-index 0"});
+    add("startup-access-lost", "a plain write", commandFile(command("#x8000", 1, "01")));
+    add("startup-data-mark", "a mark", commandFile(command("#x8000", 1, "#x0102")),
+        {"6:1: the data of the command for 0x8000:1 has a \"#x\" mark, which goes out as a byte more: 3"});
+    add("startup-data-mark", "digits", commandFile(command("#x8000", 1, "0102")));
+    const QByteArray twice = "<Transition>IP</Transition><Transition>PS</Transition>";
+    add("startup-transition-lost", "two",
+        commandFile("\n<InitCmd>" + twice + "<Index>#x8000</Index><Data>00</Data></InitCmd>"),
+        {"6:1: the command for 0x8000:0 has 2 transitions, the last one alone goes out"});
+    add("startup-transition-lost", "one", commandFile(command("#x8000", 1, "01")));
+    add("startup-protocol", "of EoE", deviceFile("<Mailbox>\n<EoE><InitCmd/><InitCmd/></EoE></Mailbox>"),
+        {"4:1: 2 startup commands of \"EoE\" are not read: those of CoE go out alone"});
+    add("startup-protocol", "of CoE", commandFile(command("#x8000", 1, "01")));
+}
+
 void addCommands()
 {
+    add("startup-data-lost", "a sub-index that is cut", commandFile(command("#x8000", 256, "0102030405")),
+        {"6:1: the command for 0x8000:0 has a value of 5 bytes, the format carries 4 and writes 0"});
+    add("startup-data-lost", "5 bytes of 0", commandFile(command("#x8000", 1, "0000000000")));
     add("startup-data-lost", "5 bytes", commandFile(command("#x8000", 1, "0102030405")),
         {"6:1: the command for 0x8000:1 has a value of 5 bytes, the format carries 4 and writes 0"});
     add("startup-data-lost", "4 bytes", commandFile(command("#x8000", 1, "01020304")));
@@ -172,6 +216,7 @@ void tst_PdoRules::rules_data()
     addContents();
     addAssignment();
     addMappingOrder();
+    addLosses();
     addCommands();
 }
 

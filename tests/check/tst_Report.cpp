@@ -60,7 +60,10 @@ void tst_Report::limitOfARule()
     }
     const check::Findings findings = report.take();
     QCOMPARE(findings.list.size(), 2 * check::Report::maxOfRule);
-    QCOMPARE(findings.omitted, std::size_t{6});
+    QCOMPARE(findings.omissions.size(), std::size_t{2});
+    QCOMPARE(findings.omissions.at(0).rule, &ruleNamedA);
+    QCOMPARE(findings.omissions.at(0).count, std::size_t{3});
+    QCOMPARE(findings.omissions.at(1).rule, &ruleNamedB);
 }
 
 static const testMain::Registration<tst_Report, testMain::NoApplication> registration;

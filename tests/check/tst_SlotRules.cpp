@@ -50,18 +50,12 @@ void addSlots()
         {"4:1: the default module of slot 0 \"S\" is 0x1, which the file does not have"});
     add("slot-default-module", "no place", slotFile(slot("MaxInstances='0'", byDefault), one),
         {"4:1: the default module of slot 0 \"S\" is 0x1, and has no place (MaxInstances is 0)"});
-    const QByteArray classes = "<ModuleClass><Class>IO</Class></ModuleClass>";
-    add("slot-default-module", "another class",
-        slotFile(slot("MaxInstances='1'", byDefault + classes), module("1", {}, "AXIS")),
-        {"4:1: the default module of slot 0 \"S\" is 0x1, which is of class \"AXIS\", and the slot does not take "
-         "that"});
-    add("slot-default-module", "just right",
-        slotFile(slot("MaxInstances='1'", byDefault + classes), module("1", {}, "IO")));
+    add("slot-default-module", "just right", slotFile(slot("MaxInstances='1'", byDefault), one));
     add("slot-instances", "minimum above maximum", slotFile(slot("MinInstances='2' MaxInstances='1'", {}), {}),
-        {"4:1: slot 0 \"S\" takes 2 modules at least and 1 at most"});
+        {"4:1: slot 0 \"S\" takes 2 modules at least, and 1 at most go out"});
     add("slot-instances", "minimum above what the controller holds",
         slotFile(slot("MinInstances='17' MaxInstances='17'", {}), {}),
-        {"4:1: slot 0 \"S\" takes 17 modules at least and 16 at most"});
+        {"4:1: slot 0 \"S\" takes 17 modules at least, and 16 at most go out"});
     add("slot-instances", "just right", slotFile(slot("MinInstances='1' MaxInstances='1'", {}), {}));
     const QByteArray twice = "<ModuleIdent>1</ModuleIdent><ModuleIdent>#x1</ModuleIdent>";
     add("slot-ident-twice", "in two forms", slotFile(slot("MaxInstances='1'", twice), one),
@@ -112,11 +106,18 @@ void addCollisions()
     add("module-pdo-collision", "an index that stays", fixed,
         {"2:1: PDO 0x1a00 of the module at place 1 is there already, from place 0"});
     add("module-pdo-collision", "an index that moves", moving);
-    add("module-object-collision", "an index that stays", fixed,
-        {"2:1: object 0x6000:1 of the module at place 1 is mapped from place 0 as well"});
+    const QByteArray output = "<RxPdo "
+                              "Sm='0'><Index>#x1600</Index><Entry><Index>#x7000</Index><SubIndex>1</"
+                              "SubIndex><BitLen>8</BitLen></Entry></RxPdo>";
+    add("module-object-collision", "an output that stays", slotFile(twoDefaults, module("1", output), steps),
+        {"2:1: object 0x7000:1 of the module at place 1 is mapped from place 0 as well"});
+    add("module-object-collision", "an input, which both may read", fixed);
+    add("module-object-collision", "a dummy",
+        slotFile(twoDefaults, module("1", QByteArray(output).replace("#x7000", "#x1f")), steps));
     add("module-object-collision", "an index that moves", moving);
     add("pdo-index-range", "a module in its slot",
-        slotFile(twoDefaults, module("1", input("#x1bff", moves, "#x6000")), steps),
+        slotFile(twoDefaults, module("1", input("#x1bff", moves, "#x6000")), steps)
+            .replace("<Profile>", "<Mailbox><CoE/></Mailbox><Profile>"),
         {"2:1: PDO 0x1c00 is outside 0x1a00 to 0x1bff, the indexes of TxPdos"});
     add("pdo-index-range", "a module that begins below",
         slotFile(slot("MaxInstances='1'", {}) + slot("MaxInstances='1'", "<ModuleIdent Default='1'>1</ModuleIdent>"),

@@ -45,11 +45,21 @@ void addNumbers()
     add("pdo-sync-manager", "on the last one", deviceFile(one + pdo("TxPdo", 0, "#x1a00", 8)));
     add("pdo-sync-manager", "on none", deviceFile("<TxPdo><Index>#x1a00</Index></TxPdo>"));
     const QByteArray virtualOne = "<Sm Virtual='1'>Inputs</Sm>\n";
+    const QByteArray mailboxFirst = "<Sm>MBoxOut</Sm><Sm>Outputs</Sm><Sm>Inputs</Sm>\n";
+    add("pdo-sync-manager-direction", "an output on the mailbox",
+        deviceFile(mailboxFirst + pdo("RxPdo", 0, "#x1600", 8)),
+        {"4:1: PDO 0x1600, an RxPdo, is on sync manager 0, which is a mailbox"});
+    add("pdo-sync-manager-direction", "an output on inputs", deviceFile(mailboxFirst + pdo("RxPdo", 2, "#x1600", 8)),
+        {"4:1: PDO 0x1600, an RxPdo, is on sync manager 2, which is for inputs"});
+    add("pdo-sync-manager-direction", "an input on outputs", deviceFile(mailboxFirst + pdo("TxPdo", 1, "#x1a00", 8)),
+        {"4:1: PDO 0x1a00, a TxPdo, is on sync manager 1, which is for outputs"});
+    add("pdo-sync-manager-direction", "just right",
+        deviceFile(mailboxFirst + pdo("RxPdo", 1, "#x1600", 8) + pdo("TxPdo", 2, "#x1a00", 8)));
     add("sync-manager-count", "five", deviceFile(virtualOne.repeated(5)),
         {"7:1: the device has 5 sync managers, the controller handles 4"});
     add("sync-manager-count", "four", deviceFile(virtualOne.repeated(4)));
     add("sync-manager-kind", "in another case", deviceFile("<Sm>outputs</Sm>"),
-        {"3:1: \"outputs\" is no kind of sync manager; it goes out as a mailbox output"});
+        {"3:1: \"outputs\" is not a kind of sync manager; it goes out as a mailbox output"});
     add("sync-manager-kind", "a name that is known", deviceFile("<Sm>Outputs</Sm>"));
 }
 
@@ -83,7 +93,9 @@ void addMailboxes()
     tooSmall.replace("'33'", "'34'");
     add("mailbox-size", "34 bytes", deviceFile(tooSmall + coe));
     add("mailbox-missing", "only one way", deviceFile("<Sm>MBoxOut</Sm>" + coe),
-        {"2:1: CoE is declared, but no sync managers for mailbox output and input"});
+        {"2:1: a mailbox protocol is declared, but no sync managers for mailbox output and input"});
+    add("mailbox-missing", "another protocol", deviceFile("<Mailbox><FoE/></Mailbox>"),
+        {"2:1: a mailbox protocol is declared, but no sync managers for mailbox output and input"});
     add("mailbox-missing", "both ways", deviceFile(mailboxes + coe));
     add("mailbox-missing", "no CoE", deviceFile("<Sm>MBoxOut</Sm>"));
 }
@@ -95,9 +107,9 @@ void addControlBytes()
     add("sync-manager-control", "inputs that are written", deviceFile("<Sm ControlByte='#x64'>Inputs</Sm>"),
         {"3:1: the control byte 0x64 of sync manager 0 (inputs) does not let the controller read"});
     add("sync-manager-control", "a mailbox in buffer mode", deviceFile("<Sm ControlByte='#x24'>MBoxOut</Sm>"),
-        {"3:1: the control byte 0x24 of sync manager 0 (mailbox output) has not the mode of a mailbox"});
+        {"3:1: the control byte 0x24 of sync manager 0 (mailbox output) is not set to mailbox mode"});
     add("sync-manager-control", "a mode that is none", deviceFile("<Sm ControlByte='#x21'>Inputs</Sm>"),
-        {"3:1: the control byte 0x21 of sync manager 0 (inputs) has not the mode of a buffer"});
+        {"3:1: the control byte 0x21 of sync manager 0 (inputs) is not set to buffer mode"});
     add("sync-manager-control", "just right",
         deviceFile(mailboxes + processData("<Sm StartAddress='#x1200' ControlByte='#x22'>Inputs</Sm>")));
 }
@@ -115,7 +127,11 @@ void addFmmus()
         {"11:1: the device declares 9 FMMUs, common slave controllers have 8 at most"});
     add("fmmu-count", "eight", deviceFile(fmmu.repeated(8)));
     add("fmmu-kind", "in another case", deviceFile("<Fmmu>inputs</Fmmu>"),
-        {"3:1: \"inputs\" is no kind of FMMU; there are Outputs, Inputs and MBoxState"});
+        {"3:1: \"inputs\" is not a kind of FMMU that the format has: Outputs, Inputs, MBoxState, MBoxOut, MBoxIn"});
+    add("fmmu-kind", "one that the format lacks", deviceFile("<Fmmu>DynamicInputs</Fmmu>\n" + inputs),
+        {"3:1: \"DynamicInputs\" is not a kind of FMMU that the format has: Outputs, Inputs, MBoxState, MBoxOut, "
+         "MBoxIn"});
+    add("fmmu-missing", "a dynamic one", deviceFile("<Fmmu>DynamicInputs</Fmmu>\n" + inputs));
     add("fmmu-kind", "known ones, and one that is not used",
         deviceFile("<Fmmu>Outputs</Fmmu><Fmmu>Inputs</Fmmu><Fmmu>MBoxState</Fmmu><Fmmu/>"));
 }
@@ -126,6 +142,15 @@ void addMemory()
     overlapping.replace("#x1080", "#x107f");
     add("sync-manager-overlap", "by a byte", deviceFile(overlapping),
         {"4:1: sync manager 1 (0x107f to 0x10fe) overlaps sync manager 0 (0x1000 to 0x107f)"});
+    const auto mailbox = [](const char* start, const char* size) {
+        return QStringLiteral("<Sm DefaultSize='%1' StartAddress='%2' ControlByte='#x26'>MBoxOut</Sm>\n")
+            .arg(QLatin1String(size), QLatin1String(start))
+            .toUtf8();
+    };
+    add("sync-manager-overlap", "two within a long one",
+        deviceFile(mailbox("#x1000", "512") + mailbox("#x1010", "16") + mailbox("#x1100", "16")),
+        {"4:1: sync manager 1 (0x1010 to 0x101f) overlaps sync manager 0 (0x1000 to 0x11ff)",
+         "5:1: sync manager 2 (0x1100 to 0x110f) overlaps sync manager 0 (0x1000 to 0x11ff)"});
     add("sync-manager-overlap", "just right", deviceFile(mailboxes));
     const auto buffers = [](const char* start) {
         return deviceFile(processData("<Sm StartAddress='" + QByteArray(start) + "' ControlByte='#x20'>Inputs</Sm>\n")
@@ -145,6 +170,14 @@ void addMemory()
     add("sync-manager-memory", "the last bytes", mailboxAt("#xff80"));
     const QByteArray digital =
         "<Sm StartAddress='#xf00' ControlByte='#x44'>Outputs</Sm>" + pdo("RxPdo", 0, "#x1600", 8);
+    const auto bufferAt = [](const char* start) {
+        return deviceFile("<Sm StartAddress='" + QByteArray(start) + "' ControlByte='#x20'>Inputs</Sm>"
+                          + pdo("TxPdo", 0, "#x1a00", 8));
+    };
+    add("sync-manager-memory", "three buffers", bufferAt("#xfffe"),
+        {"3:1: sync manager 0 takes 0xfffe to 0xfffe, three times, the memory of a device is 0x1000 to 0xffff"});
+    add("sync-manager-memory", "three buffers at the end", bufferAt("#xfffd"));
+    add("sync-manager-memory", "the registers of general purpose inputs", bufferAt("#xf1f"));
     add("sync-manager-memory", "the register of digital outputs", deviceFile(digital));
     add("sync-manager-odd-address", "odd", mailboxAt("#x1001"),
         {"3:1: sync manager 0 begins at the odd address 0x1001"});
