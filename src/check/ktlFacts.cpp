@@ -2,6 +2,7 @@
 
 #include "check/startupOrder.h"
 #include "ktl/format/ktlCodes.h"
+#include "model/controlByte.h"
 
 #include <algorithm>
 
@@ -84,15 +85,11 @@ SmAttributes attributesOf(const struct_KTL_SmAttributes& record)
     return attributes;
 }
 
-/// The direction of a sync manager, which the format does not carry: two for the mailbox come first where the device
-/// has CoE, then outputs and inputs, as their control bytes say.
+/// The direction of a sync manager, which the format does not carry, by its control byte.
 std::uint8_t directionOf(const struct_KTL_SmAttributes& record)
 {
-    constexpr std::uint32_t modeBits = 0x03;
-    constexpr std::uint32_t mailboxMode = 0x02;
-    constexpr std::uint32_t writtenByController = 0x04;
-    const bool isWritten = (record.ControlByte & writtenByController) != 0;
-    if ((record.ControlByte & modeBits) == mailboxMode)
+    const bool isWritten = isWrittenByController(record.ControlByte);
+    if (hasMode(record.ControlByte, SyncManagerMode::Mailbox))
         return isWritten ? KTL_MBoxOut : KTL_MBoxIn;
     return isWritten ? KTL_Outputs : KTL_Inputs;
 }

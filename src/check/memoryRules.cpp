@@ -3,6 +3,7 @@
 #include "check/report.h"
 #include "check/ruleFamilies.h"
 #include "check/unitLabels.h"
+#include "model/controlByte.h"
 #include "model/valueTexts.h"
 
 #include <algorithm>
@@ -48,7 +49,6 @@ struct Area
 /// The areas that are in use, by their start.
 std::vector<Area> areasOf(const UnitFacts& unit)
 {
-    constexpr std::uint32_t modeBits = 3;
     const std::vector<std::int64_t> processBytes = processDataBytes(unit);
     std::vector<Area> areas;
     for (std::size_t index = 0; index < unit.syncManagers.size(); ++index) {
@@ -56,7 +56,7 @@ std::vector<Area> areasOf(const UnitFacts& unit)
         const std::int64_t bytes = isMailbox(syncManager) ? syncManager.attributes.DefaultSize : processBytes[index];
         if (!isVirtual(syncManager) && bytes > 0)
             areas.push_back({index, syncManager.attributes.StartAddress, bytes,
-                             (syncManager.attributes.ControlByte & modeBits) == 0});
+                             hasMode(syncManager.attributes.ControlByte, SyncManagerMode::Buffered)});
     }
     std::stable_sort(areas.begin(), areas.end(),
                      [](const Area& left, const Area& right) { return left.start < right.start; });

@@ -4,6 +4,7 @@
 #include "check/ruleFamilies.h"
 #include "check/unitLabels.h"
 #include "editing/exportChecks.h"
+#include "model/controlByte.h"
 #include "model/syncDirection.h"
 #include "model/valueTexts.h"
 
@@ -176,16 +177,15 @@ constexpr std::array controlRules{
 /// What is wrong with a control byte; empty if nothing is.
 QString controlProblem(std::uint32_t control, const ControlRule& rule)
 {
-    constexpr std::uint32_t modeBits = 0x03;
-    constexpr std::uint32_t mailboxMode = 0x02;
-    constexpr std::uint32_t directionBits = 0x0C;
-    constexpr std::uint32_t writtenByController = 0x04;
-    if ((control & directionBits) != (rule.isWritten ? writtenByController : 0))
-        return rule.isWritten ? QStringLiteral("does not let the controller write")
-                              : QStringLiteral("does not let the controller read");
-    const std::uint32_t mode = control & modeBits;
-    if (rule.isMailbox ? mode != mailboxMode : (mode != 0 && mode != mailboxMode))
-        return QStringLiteral("is not set to %1 mode").arg(QLatin1String(rule.isMailbox ? "mailbox" : "buffer"));
+    if (rule.isWritten && !isWrittenByController(control))
+        return QStringLiteral("does not let the controller write");
+    if (!rule.isWritten && !isReadByController(control))
+        return QStringLiteral("does not let the controller read");
+    if (rule.isMailbox && !hasMode(control, SyncManagerMode::Mailbox))
+        return QStringLiteral("is not set to mailbox mode");
+    // Process data may be in one buffer too.
+    if (!hasMode(control, SyncManagerMode::Buffered) && !hasMode(control, SyncManagerMode::Mailbox))
+        return QStringLiteral("is not set to buffer mode");
     return {};
 }
 

@@ -165,7 +165,7 @@ void tst_CheckCommand::rules()
     QVERIFY(lines.first().startsWith("file-unreadable  "));
     int seen = 0;
     for (const QByteArray& line : lines)
-        seen += line.simplified() == "product-code warning a device has no product code, or 0" ? 1 : 0;
+        seen += line.simplified() == "product-code warning the product code of a device is missing or 0" ? 1 : 0;
     QCOMPARE(seen, 1);
 }
 
@@ -189,7 +189,7 @@ void tst_CheckCommand::explanations()
                                    columns == 0 ? std::nullopt : std::make_optional(static_cast<std::size_t>(columns)));
     QCOMPARE(run.exitCode, 0);
     const QList<QByteArray> lines = run.output.split('\n');
-    QCOMPARE(lines.at(0), QByteArray("product-code (warning): a device has no product code, or 0"));
+    QCOMPARE(lines.at(0), QByteArray("product-code (warning): the product code of a device is missing or 0"));
     QVERIFY(run.output.contains("\n\nWhy it matters: The controller "));
     QVERIFY(run.output.contains("\n\nWhat to do: Give the product code "));
     QVERIFY(run.output.endsWith("\n\nExample:\n\n    <Type RevisionNo=\"#x1\">MB-C100</Type>\n"));
