@@ -255,14 +255,14 @@ constexpr std::array rules{
          Severity::Warning,
          "a data type contains itself",
          "A sub-item or the base type of a data type leads back to the data type, directly or through others.",
-         "Such a type has no length. Tools that follow its parts leave the object out, or never come back.",
+         "Such a type has no length. Tools that follow its parts leave the object out, or hang.",
          "Give the sub-item the type that is really meant, mostly that of the elements.",
          "<DataType><Name>DT2000</Name><BitSize>16</BitSize><SubItem><SubIdx>1</SubIdx><Name>Gain</Name>\n"
          "  <Type>DT2000</Type><BitSize>16</BitSize><BitOffs>0</BitOffs></SubItem></DataType>",
          {nullptr, nullptr, ofDictionary<checkTypesAreFinite>}},
     Rule{"dictionary-type-twice",
          Severity::Warning,
-         "two data types of one name differ",
+         "two different data types with the same name",
          "A data type has the name of another one before it in the same dictionary, and their lengths, bounds or "
          "sub-items differ. Two that are the same are no finding.",
          "Objects refer to data types by name. One tool takes the first, another the last, and they show different "
@@ -275,8 +275,7 @@ constexpr std::array rules{
          Severity::Warning,
          "two objects have one index",
          "An object has the index of another one before it in the same dictionary.",
-         "A device has one object of an index. Which of the two descriptions is true cannot be told, and tools differ "
-         "in the one that they take.",
+         "A device has only one object per index. Tools differ in which of the two they use.",
          "Delete the object that the device does not have, or correct its index.",
          "<Object><Index>#x2000</Index><Name>Gain</Name><Type>UINT</Type><BitSize>16</BitSize></Object>\n"
          "<Object><Index>#x2000</Index><Name>Limit</Name><Type>UINT</Type><BitSize>16</BitSize></Object>",

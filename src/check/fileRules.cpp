@@ -27,7 +27,7 @@ constexpr std::array rules{
          "The file breaks a rule of XML at the place that the finding names, or it exceeds one of the limits that keep "
          "small files from filling the memory.",
          "Neither the workbench nor another configuration tool can load it, so none of its devices can be used.",
-         "Mend the element at that place; often an end tag is missing, or an & stands for itself.",
+         "Correct the element at that place; often an end tag is missing, or there is an unescaped &.",
          "<Name>Drive & Motor</Name>",
          {}},
     Rule{

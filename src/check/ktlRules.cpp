@@ -187,11 +187,12 @@ constexpr std::array rules{
          {nullptr, checkLimit, nullptr}},
     Rule{"ktl-item-size",
          Severity::Error,
-         "a size or count that lies",
+         "a size or count that contradicts the contents",
          "An item of a known type is too short for its head or for the records that it announces, or longer than they "
          "take.",
          "Whoever reads the file takes bytes of the next item for records, or passes records over.",
-         "Export the file again. An EoE item does so where a device has more than 255 EoE commands.",
+         "Export the file again. With more than 255 EoE commands the export itself writes a wrong count: remove "
+         "commands.",
          "an SM item of 28 bytes that announces 2 sync managers",
          {nullptr, checkSizes, nullptr}},
     Rule{"ktl-item-unknown",

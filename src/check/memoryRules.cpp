@@ -156,14 +156,15 @@ constexpr std::array rules{
          "second or third buffer reaches into the next sync manager.",
          "Process data is overwritten now and then, which shows as wrong values that nobody can explain.",
          "Leave three times the length of the PDOs before the next sync manager.",
-         "<Sm StartAddress=\"#x1100\" ControlByte=\"#x64\">Outputs</Sm><Sm StartAddress=\"#x1104\">Inputs</Sm>",
+         "<Sm StartAddress=\"#x1100\" ControlByte=\"#x64\">Outputs</Sm><Sm StartAddress=\"#x1104\">Inputs</Sm>, and "
+         "two bytes of outputs",
          {nullptr, nullptr, checkBuffers}},
     Rule{"sync-manager-memory",
          Severity::Error,
          "a sync manager outside the memory of the device",
          "The bytes of a sync manager, with its three buffers if it has them, are not within 0x1000 to 0xffff. The "
          "registers of digital and general purpose outputs and inputs (0xf00 to 0xf03, 0xf10 to 0xf1f) are allowed.",
-         "Below 0x1000 are the registers of the EtherCAT controller; writing there stops the device.",
+         "Registers of the slave controller are below 0x1000; a sync manager there overwrites settings.",
          "Correct StartAddress.",
          "<Sm DefaultSize=\"128\" StartAddress=\"#x800\">MBoxOut</Sm>",
          {nullptr, nullptr, checkMemory}},

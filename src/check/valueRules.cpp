@@ -86,7 +86,7 @@ template<ValueFaultKind Kind, QString (*Text)(const ValueFault&)> void tell(cons
 constexpr std::array rules{
     Rule{"value-number",
          Severity::Warning,
-         "a value that has to be a number is none",
+         "a value that should be a number is not one",
          "A text that the ESI schema or the readers take for a number does not convert: words, a sign where there is "
          R"(none, a comma. Decimal numbers and hexadecimal ones after "#x" or "0x" are right, and so is nothing.)",
          "The value becomes 0, without a message. A sync manager, size or index that is 0 instead is a different "
@@ -106,7 +106,7 @@ constexpr std::array rules{
          {tell<ValueFaultKind::Cut, cutText>, nullptr, nullptr}},
     Rule{"value-boolean",
          Severity::Warning,
-         "a truth value that is neither true nor false",
+         "an invalid Boolean value",
          R"(A text that has to be a truth value is none of "true", "false", "1" and "0", in any case.)",
          R"(A decimal number above 0 counts as true and everything else as false, also "yes", "#x1" or "true" )"
          "with a blank. Other tools may take it the other way round.",
@@ -115,7 +115,7 @@ constexpr std::array rules{
          {tell<ValueFaultKind::Boolean, booleanText>, nullptr, nullptr}},
     Rule{"value-token",
          Severity::Warning,
-         "a word that is none of those possible",
+         "a keyword that is not in the list",
          "A text that has to be one word of a list, such as a transition, an access right or a category, is none of "
          "them. Upper and lower case do not count.",
          "The value counts as unknown: a startup command without a valid transition is never sent, and nobody "
