@@ -9,7 +9,8 @@ _ktl_warnings+='|module-commands|item-count|left-out|same-input'
 _ktl_severities='error|warning|note'
 
 # One row per sub-command: its name, the endings of the files that it takes, its options. After the "=" of an option
-# is what its value can be: the ending of a file, words to choose from with "|" between them, "!" for a rule of the check, or "?" for free text.
+# is what its value can be: the ending of a file, words to choose from with "|" between them, "!" for a rule of the
+# check, or "?" for free text.
 _ktl_sub_commands=(
     "convert xml     -o=ktl --output=ktl --append --force --no-dump --device=? --choices=json --date=? --strict \
 --ignore=$_ktl_warnings --help --version"
