@@ -47,8 +47,10 @@ QString problemOfCodes(const CommandLine& line)
 /// What is wrong where the rules are to be told.
 QString problemOfTelling(const CommandLine& line)
 {
-    if (line.isSet(rulesSwitch) && line.isSet(explainOption))
-        return QStringLiteral("--rules and --explain cannot be given together");
+    const QString telling = line.isSet(rulesSwitch) ? rulesSwitch : explainOption;
+    for (const QCommandLineOption& other : checkOptions())
+        if (const QString name = other.names().constFirst(); name != telling && line.isSet(name))
+            return QStringLiteral("--%1 and --%2 cannot be given together").arg(telling, name);
     return line.operands().isEmpty() ? QString() : QStringLiteral("--rules and --explain check no file");
 }
 

@@ -41,7 +41,8 @@ const char* const found =
 /// A file with a warning, one with nothing to tell, and one that cannot be read.
 void tst_CheckCommand::initTestCase()
 {
-    m_place.make("noProduct.xml", esiWith("<Device><Type RevisionNo='1'>N</Type><Name>N</Name><Sm>Inputs</Sm></Device>"));
+    m_place.make("noProduct.xml",
+                 esiWith("<Device><Type RevisionNo='1'>N</Type><Name>N</Name><Sm>Inputs</Sm></Device>"));
     m_place.make("broken.xml", "<EtherCATInfo><Vendor>");
 }
 
@@ -64,6 +65,16 @@ void tst_CheckCommand::refusals_data()
     add("unknown rule to explain", {"--explain=zzz"}, "\"zzz\" is no rule; \"ktl check --rules\" lists them");
     add("rules of a file", {"a.xml", "--rules"}, "--rules and --explain check no file");
     add("explanation of a file", {"a.xml", "--explain=ktl-end"}, "--rules and --explain check no file");
+    add("rules as JSON", {"--rules", "--json"}, "--rules and --json cannot be given together");
+    add("rules as SARIF", {"--rules", "--sarif"}, "--rules and --sarif cannot be given together");
+    add("rules and a threshold", {"--rules", "--fail-on=note"}, "--rules and --fail-on cannot be given together");
+    add("some of the rules", {"--rules", "--only=ktl-end"}, "--rules and --only cannot be given together");
+    add("explanation for a device", {"--explain=ktl-end", "--device=1"},
+        "--explain and --device cannot be given together");
+    add("explanation and choices", {"--explain=ktl-end", "--choices=c.json"},
+        "--explain and --choices cannot be given together");
+    add("explanation of a rule that is ignored", {"--explain=ktl-end", "--ignore=ktl-end"},
+        "--explain and --ignore cannot be given together");
     add("rules and explanation", {"--rules", "--explain=ktl-end"}, "--rules and --explain cannot be given together");
 }
 
