@@ -70,7 +70,9 @@ std::optional<InputFault> openAccepted(QFile& file, const QString& path, Accepte
         return InputFault{InputFaultKind::OtherKind, QStringLiteral("this is a KTL file, not an ESI file")};
     if (kind == InputKind::Neither && takesKtl)
         return InputFault{InputFaultKind::OtherKind, QStringLiteral("this is neither an ESI file nor a KTL file")};
-    if (kind == InputKind::Neither)
+    if (kind == InputKind::Empty && takesKtl)
+        return InputFault{InputFaultKind::OtherKind, QStringLiteral("the file is empty")};
+    if (kind != InputKind::Ktl)
         kind = InputKind::Esi;
     return std::nullopt;
 }

@@ -45,8 +45,8 @@ void reportNoMemory(const QString& path, Messages& messages);
 /// @return      nothing if it cannot be read; that has been reported
 [[nodiscard]] std::optional<InputKind> kindOfInput(QFile& file, const QString& path, Messages& messages);
 
-/// Opens a file and finds its kind. Where ESI files alone are taken, one that is of neither kind passes for one: the
-/// XML parser knows best what is wrong with a text.
+/// Opens a file and finds its kind. Where ESI files alone are taken, one that is of neither kind, or empty, passes for
+/// one: the XML parser knows best what is wrong with a text.
 /// @param kind  takes the kind, Esi or Ktl
 /// @return      why the file cannot be read, or is not taken
 [[nodiscard]] std::optional<InputFault> openAccepted(QFile& file, const QString& path, AcceptedInputs accepted,

@@ -46,6 +46,8 @@ bool beginsAsKtl(const QByteArray& beginning)
 
 InputKind inputKindOf(const QByteArray& beginning)
 {
+    if (beginning.isEmpty())
+        return InputKind::Empty;
     if (beginsAsKtl(beginning))
         return InputKind::Ktl;
     return beginsAsXml(beginning) ? InputKind::Esi : InputKind::Neither;

@@ -46,6 +46,7 @@ void tst_CheckInputs::init()
     m_place.make("broken.xml", "<a>\n<b></a>");
     m_place.make("other.xml", "<a/>");
     m_place.make("text.txt", "hello");
+    m_place.make("empty.xml", "");
     m_place.make("cut.ktl", QByteArray::fromHex("409C000034000000"));
 }
 
@@ -62,6 +63,7 @@ void tst_CheckInputs::faults_data()
     add("no name", "", "ktl: error: the name of a file is empty [file-unreadable]\n");
     add("not well-formed", "broken.xml", "broken.xml:2:7: error: tag mismatch [file-not-well-formed]\n");
     add("no vendor", "other.xml", "other.xml: error: this is no ESI file: it has no Vendor element [file-no-vendor]\n");
+    add("empty", "empty.xml", "empty.xml: error: the file is empty [file-kind]\n");
     add("neither kind", "text.txt", "text.txt: error: this is neither an ESI file nor a KTL file [file-kind]\n");
 }
 

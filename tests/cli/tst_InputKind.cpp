@@ -28,7 +28,8 @@ private slots:
         row("blanks as far as is looked", QByteArray(4096, ' '), InputKind::Esi);
         row("blanks alone", QByteArray(4095, ' '), InputKind::Neither);
         row("text", "a<b", InputKind::Neither);
-        row("empty", "", InputKind::Neither);
+        row("empty", "", InputKind::Empty);
+        row("one byte", QByteArray(1, '\0'), InputKind::Neither);
         row("End item", QByteArray("\0\0\0\0", 4), InputKind::Ktl);
         row("first code, 40000", "\x40\x9C" + QByteArray(2, '\0'), InputKind::Ktl);
         row("last code, 40999", "\x27\xA0" + QByteArray(2, '\0'), InputKind::Ktl);

@@ -17,6 +17,7 @@ private slots:
     void missingFileBetweenOthers();
     void neitherKind_data();
     void neitherKind();
+    void emptyFile();
     void brokenEsi_data();
     void brokenEsi();
     void brokenEnd_data();
@@ -111,7 +112,6 @@ void tst_ShowFailures::missingFileBetweenOthers()
 void tst_ShowFailures::neitherKind_data()
 {
     QTest::addColumn<QByteArray>("content");
-    QTest::addRow("empty file") << QByteArray();
     QTest::addRow("blanks only") << QByteArray(" \n\t");
     QTest::addRow("three bytes of a type") << bytes("40 9C 00");
     QTest::addRow("text") << QByteArray("KTL Version V1.0.28 \n");
@@ -128,6 +128,14 @@ void tst_ShowFailures::neitherKind()
     QCOMPARE(run.errors, path.toUtf8() + ": error: this is neither an ESI file nor a KTL file\n");
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(run.output, QByteArray("{\"files\": [\n]}\n"));
+}
+
+void tst_ShowFailures::emptyFile()
+{
+    const QString path = writtenFile(m_folder, "empty.xml", {});
+    const CommandRun run = runShow({path});
+    QCOMPARE(run.errors, path.toUtf8() + ": error: the file is empty\n");
+    QCOMPARE(run.exitCode, 2);
 }
 
 void tst_ShowFailures::brokenEsi_data()
