@@ -125,15 +125,18 @@ void tst_CheckInputs::ktlOffset()
     QCOMPARE(file.value("findings").toArray().at(0).toObject().value("offset"), QJsonValue(8));
 }
 
-/// A file that the others refuse is checked like any.
+/// A file that the others refuse is checked like any, and why they do is told.
 void tst_CheckInputs::missingSyncManager()
 {
     m_place.make("range.xml", esiWith("<Device><Type>R</Type><Name>R</Name><Sm>Outputs</Sm><RxPdo Sm='4'/></Device>"));
     QCOMPARE(runHere({"show", "range.xml"}, m_place.folder()).exitCode, 2);
-    const CommandRun run = runHere(QStringList{"check", "range.xml"} + productCode, m_place.folder());
+    const CommandRun run =
+        runHere(QStringList{"check", "range.xml", "--only=pdo-sync-manager"} + productCode, m_place.folder());
     QCOMPARE(run.output,
-             QByteArray("range.xml:4:1: warning: device 1 \"R\": the product code is missing or 0 [product-code]\n"));
-    QCOMPARE(run.exitCode, 0);
+             QByteArray("range.xml:4:1: warning: device 1 \"R\": the product code is missing or 0 [product-code]\n"
+                        "range.xml:4:53: error: device 1 \"R\": PDO 0x00 is on sync manager 4, the device has 1 "
+                        "[pdo-sync-manager]\n"));
+    QCOMPARE(run.exitCode, 1);
 }
 
 /// Its devices are not compared with themselves.
