@@ -1,4 +1,5 @@
 // docs/messages.md against what the command and the window say, and how the command cuts what is too long.
+#include "check/rules.h"
 #include "cli/commandInProcess.h"
 #include "cli/workplace.h"
 #include "editing/exportChecks.h"
@@ -14,6 +15,7 @@ class tst_Messages : public QObject
 
 private slots:
     static void codesOfThePage();
+    static void rulesOfThePage();
     static void exitStatuses_data();
     static void exitStatuses();
     static void wordsOfTheWindow_data();
@@ -56,7 +58,7 @@ QString windowWords(const QString& code)
 {
     for (const QStringList& row : codeRows())
         if (row.value(0) == QLatin1Char('`') + code + QLatin1Char('`'))
-            return row.value(3);
+            return row.value(4);
     return {};
 }
 
@@ -80,6 +82,19 @@ void tst_Messages::codesOfThePage()
         codes += row.value(0).mid(1).chopped(1);
     QVERIFY(codes.size() > 5);
     QCOMPARE(codes, list.split(QStringLiteral(", ")));
+}
+
+/// Beside the codes are those of rules about the same, where there are such.
+void tst_Messages::rulesOfThePage()
+{
+    int rules = 0;
+    for (const QStringList& row : codeRows()) {
+        if (row.value(1).isEmpty())
+            continue;
+        QVERIFY2(check::ruleNamed(row.value(1).mid(1).chopped(1).toStdString()) != nullptr, qPrintable(row.value(1)));
+        ++rules;
+    }
+    QVERIFY(rules > 5);
 }
 
 void tst_Messages::exitStatuses_data()
