@@ -27,11 +27,11 @@ void tellNowhere(const check::CheckedFile& file)
         Nowhere nowhere;
         std::ostream out(&nowhere);
         const auto writer = check::makeFindingWriter(form, out, check::allRules());
-        check::FindingCounts counts;
-        counts.add(file.findings);
+        check::CheckOutcome outcome;
+        outcome.counts.add(file.findings);
         writer->begin();
         writer->write(file);
-        writer->end(counts);
+        writer->end(outcome);
     }
 }
 

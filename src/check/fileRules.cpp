@@ -3,7 +3,6 @@
 
 #include "check/ruleFamilies.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -20,7 +19,8 @@ constexpr std::array rules{
          "Nothing in the file is checked.",
          "Look at the name and the permissions of the file; the finding has the reason in the words of the system.",
          "ktl check gone.xml",
-         {}},
+         {},
+         true},
     Rule{"file-not-well-formed",
          Severity::Error,
          "a file is not well-formed XML, or exceeds a limit",
@@ -29,7 +29,8 @@ constexpr std::array rules{
          "Neither the workbench nor another configuration tool can load it, so none of its devices can be used.",
          "Correct the element at that place; often an end tag is missing, or there is an unescaped &.",
          "<Name>Drive & Motor</Name>",
-         {}},
+         {},
+         true},
     Rule{
         "file-no-vendor",
         Severity::Error,
@@ -39,7 +40,8 @@ constexpr std::array rules{
         "kind of XML file.",
         "Check an ESI file, or add the Vendor element with the id that the EtherCAT Technology Group has assigned.",
         "<EtherCATInfo><Descriptions>...</Descriptions></EtherCATInfo>",
-        {}},
+        {},
+        true},
     Rule{
         "file-kind",
         Severity::Error,
@@ -49,7 +51,8 @@ constexpr std::array rules{
         "Nothing in the file is checked.",
         "Name the file that was meant. Where a pattern of the shell takes other files along, ignore this rule.",
         "ktl check *",
-        {}},
+        {},
+        true},
     Rule{"file-twice",
          Severity::Note,
          "a file is given more than once",
@@ -80,14 +83,6 @@ RuleFamily fileRules()
 const Rule& ruleOf(FileRule rule)
 {
     return rules.at(static_cast<std::size_t>(rule));
-}
-
-bool isFault(const Rule& rule)
-{
-    constexpr std::array faults{FileRule::Unreadable, FileRule::NotWellFormed, FileRule::NoVendor, FileRule::Kind};
-    const bool isOfFile =
-        std::any_of(faults.begin(), faults.end(), [&rule](FileRule fault) { return &ruleOf(fault) == &rule; });
-    return isOfFile || rule.code == "ktl-end";
 }
 
 Finding fileFinding(FileRule rule, const QString& text, xml::Place place)

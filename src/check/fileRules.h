@@ -23,10 +23,6 @@ enum class FileRule : std::uint8_t
 
 [[nodiscard]] const Rule& ruleOf(FileRule rule);
 
-/// Whether findings of a rule mean that a file cannot be used as it is: that it could not be read, or does not
-/// end as it should.
-[[nodiscard]] bool isFault(const Rule& rule);
-
 /// A finding of such a rule about a file.
 /// @param place  in an ESI file
 [[nodiscard]] Finding fileFinding(FileRule rule, const QString& text, xml::Place place = {});

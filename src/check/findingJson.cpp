@@ -48,8 +48,13 @@ public:
         m_json.closeObject();
     }
 
-    void end(const FindingCounts& counts) override
+    void end(const CheckOutcome& outcome) override
     {
+        const FindingCounts& counts = outcome.counts;
+        m_json.closeList();
+        m_json.openList("problems");
+        for (const std::string& problem : outcome.problems)
+            m_json.text(problem);
         m_json.closeList();
         m_json.openObject("summary", json::Spread::OneLine);
         number("files", counts.files);

@@ -42,9 +42,10 @@ public:
             m_out << std::flush; // somebody waits
     }
 
-    void end(const FindingCounts& counts) override
+    void end(const CheckOutcome& outcome) override
     {
-        if (m_hasSummary)
+        const FindingCounts& counts = outcome.counts;
+        if (m_hasSummary && outcome.problems.empty())
             m_out << counted(static_cast<std::int64_t>(counts.errors), "error").toStdString() << ", "
                   << counted(static_cast<std::int64_t>(counts.warnings), "warning").toStdString() << ", "
                   << counted(static_cast<std::int64_t>(counts.notes), "note").toStdString() << " in "

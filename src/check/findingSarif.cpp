@@ -59,23 +59,20 @@ public:
             writeResult(file, finding);
         if (const std::size_t omitted = omittedIn(file.findings); omitted > 0)
             m_omissions.push_back(file.name + ": " + omissionText(omitted).toStdString());
-        m_isWhole = m_isWhole && file.kind != FileKind::Unknown;
     }
 
-    void end(const FindingCounts& /*counts*/) override
+    void end(const CheckOutcome& outcome) override
     {
         m_json.closeList();
         m_json.openList("invocations");
         m_json.openObject();
         m_json.key("executionSuccessful");
-        m_json.flag(m_isWhole);
+        m_json.flag(outcome.isWhole);
         m_json.openList("toolExecutionNotifications");
-        for (const std::string& omission : m_omissions) {
-            m_json.openObject(json::Spread::OneLine);
-            text("level", "note");
-            message("message", omission);
-            m_json.closeObject();
-        }
+        for (const std::string& problem : outcome.problems)
+            writeNotification("error", problem);
+        for (const std::string& omission : m_omissions)
+            writeNotification("note", omission);
         m_json.closeList();
         m_json.closeObject();
         m_json.closeList();
@@ -86,6 +83,14 @@ public:
     }
 
 private:
+    void writeNotification(std::string_view level, std::string_view what)
+    {
+        m_json.openObject(json::Spread::OneLine);
+        text("level", level);
+        message("message", what);
+        m_json.closeObject();
+    }
+
     void writeTool()
     {
         m_json.openObject("tool");
@@ -179,7 +184,6 @@ private:
     std::vector<const Rule*> m_rules;
     std::unordered_map<const Rule*, std::size_t> m_indexes;
     std::vector<std::string> m_omissions;
-    bool m_isWhole = true; ///< all files could be read
 };
 
 } // namespace

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <iosfwd>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace check {
@@ -18,6 +19,14 @@ enum class FindingForm : std::uint8_t
     LinesAndSummary, ///< for people, who are told how many there were
     Json,
     Sarif, ///< SARIF 2.1.0
+};
+
+/// How a check ended.
+struct CheckOutcome
+{
+    FindingCounts counts; ///< of all files that were written
+    std::vector<std::string> problems; ///< why no rule was asked: arguments that do not fit the files
+    bool isWhole = true; ///< there is no problem, and all files can be used as they are
 };
 
 /// Writes findings to a stream. What is written is whole when `end` has been called, also where there are no files.
@@ -34,8 +43,7 @@ public:
     virtual void begin() {}
     virtual void write(const CheckedFile& file) = 0;
 
-    /// @param counts  of all files that were written
-    virtual void end(const FindingCounts& counts) = 0;
+    virtual void end(const CheckOutcome& outcome) = 0;
 };
 
 /// A writer of one form.

@@ -32,6 +32,7 @@ struct Rule
     std::string_view remedy; ///< what to do
     std::string_view example; ///< lines of a file that it fires on
     RuleChecks checks;
+    bool isFault = false; ///< a file in which it finds something cannot be used as it is
 };
 
 } // namespace check

@@ -1,6 +1,5 @@
 #include "cli/checkCommand.h"
 
-#include "check/fileRules.h"
 #include "cli/checkRequest.h"
 #include "cli/checkedInput.h"
 #include "cli/choicesFile.h"
@@ -15,6 +14,7 @@
 
 #include <optional>
 #include <stdexcept>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -80,18 +80,6 @@ struct_FilenameDevice recordOf(const QString& path, const std::vector<check::Uni
     return record;
 }
 
-/// Where nothing is told since the arguments do not fit: a file that could not be read may be the reason.
-ExitCode refuseWith(const std::vector<CheckedInput>& inputs, const QStringList& paths, Messages& messages)
-{
-    for (int index = 0; index < paths.size(); ++index)
-        for (const check::Finding& finding : inputs[static_cast<std::size_t>(index)].file.findings.list)
-            if (finding.rule == &check::ruleOf(check::FileRule::NotWellFormed))
-                messages.error(paths.at(index), finding.place.line, finding.place.column, finding.text);
-            else if (check::isFault(*finding.rule))
-                messages.error(paths.at(index), finding.text);
-    return messages.exitCode();
-}
-
 /// Checks files one after the other, and tells findings as they come.
 ExitCode checkAll(const CheckRequest& request, RetriedWork<CheckedInput>& work, const SelectedDevices& selected,
                   Console& console)
@@ -116,10 +104,12 @@ ExitCode checkSelected(const CheckRequest& request, RetriedWork<CheckedInput>& w
         records.push_back(recordOf(path, checked.file.findings.units));
         inputs.push_back(std::move(checked));
     });
-    const auto selected = selectedDevices(request.selectors, records, console.messages);
-    if (!selected.has_value())
-        return refuseWith(inputs, request.paths, console.messages);
+    Messages problems;
+    const auto selected = selectedDevices(request.selectors, records, problems);
+    console.messages.report(problems);
     FindingTeller teller(request, selected, console);
+    if (!selected.has_value())
+        teller.refuse(problems.keptErrors());
     for (int index = 0; index < request.paths.size(); ++index)
         teller.tell(request.paths.at(index), std::move(inputs[static_cast<std::size_t>(index)].file));
     return teller.end();
@@ -128,22 +118,35 @@ ExitCode checkSelected(const CheckRequest& request, RetriedWork<CheckedInput>& w
 /// Makes the choices in the files that could be read.
 /// @param selected  takes the devices that are asked for
 /// @return          false if selectors or choices do not fit; that has been reported
-bool makeChoices(const CheckRequest& request, SelectedDevices& selected, Console& console)
+bool makeChoices(const CheckRequest& request, SelectedDevices& selected, std::vector<struct_FilenameDevice>& files,
+                 Messages& messages)
 {
-    std::vector<struct_FilenameDevice>& files = console.inputs.files;
-    selected = selectedDevices(request.selectors, files, console.messages);
+    selected = selectedDevices(request.selectors, files, messages);
     if (!selected.has_value())
         return false;
     try {
-        if (!applyChoicesFile(*request.choices, files, console.messages, *selected))
+        if (!applyChoicesFile(*request.choices, files, messages, *selected))
             return false;
     } catch (const std::out_of_range& error) {
-        console.messages.error(*request.choices, rangeErrorText(error));
+        messages.error(*request.choices, rangeErrorText(error));
         return false;
     }
     if (request.selectors.isEmpty())
         selected.reset();
     return true;
+}
+
+/// Tells of files that could not be read, since one of them may be why the arguments do not fit.
+ExitCode refuse(const CheckRequest& request, const std::vector<InputToCheck>& inputs, const FileChecks& checks,
+                std::vector<std::string> problems, Console& console)
+{
+    FindingTeller teller(request, {}, console);
+    teller.refuse(std::move(problems));
+    for (std::size_t index = 0; index < inputs.size(); ++index) {
+        const QString& path = request.paths.at(static_cast<int>(index));
+        teller.tell(path, uncheckedFile(path, inputs[index], checks));
+    }
+    return teller.end();
 }
 
 /// Reads all files, makes the choices, and checks the files as they are then.
@@ -159,12 +162,11 @@ ExitCode checkChosen(const CheckRequest& request, const FileChecks& checks, Cons
         inputs.push_back(std::move(input));
     });
     SelectedDevices selected;
-    if (!makeChoices(request, selected, console)) {
-        for (std::size_t index = 0; index < inputs.size(); ++index)
-            if (inputs[index].fault.has_value())
-                report(*inputs[index].fault, request.paths.at(static_cast<int>(index)), console.messages);
-        return console.messages.exitCode();
-    }
+    Messages problems;
+    const bool areMade = makeChoices(request, selected, console.inputs.files, problems);
+    console.messages.report(problems);
+    if (!areMade)
+        return refuse(request, inputs, checks, problems.keptErrors(), console);
     RetriedWork<CheckedInput> checking(request.paths, console.cores, [&](std::size_t index) {
         CheckedInput checked =
             checkInput(request.paths.at(static_cast<int>(index)), inputs[index], console.inputs.files[index], checks);

@@ -1,6 +1,5 @@
 #include "cli/checkRequest.h"
 
-#include "check/fileRules.h"
 #include "check/rules.h"
 #include "cli/ruleTexts.h"
 #include "cli/streamName.h"
@@ -128,7 +127,7 @@ CheckRequest checkRequestFrom(const CommandLine& line, const Console& console)
     const QStringList ignored = line.values(ignoreOption);
     for (const check::Rule* const rule : check::allRules())
         // That a file cannot be read is not kept from those who ask for some rules: nothing in it was checked.
-        if ((only.isEmpty() || isGiven(only, *rule) || check::isFault(*rule)) && !isGiven(ignored, *rule))
+        if ((only.isEmpty() || isGiven(only, *rule) || rule->isFault) && !isGiven(ignored, *rule))
             request.rules.push_back(rule);
     return request;
 }

@@ -126,6 +126,15 @@ CheckedInput checkInput(const QString& path, const InputToCheck& input, const st
     return checked;
 }
 
+check::CheckedFile uncheckedFile(const QString& path, const InputToCheck& input, const FileChecks& checks)
+{
+    if (input.fault.has_value())
+        return withFault(path, *input.fault, checks);
+    check::CheckedFile file = namedFile(path);
+    file.kind = check::FileKind::Esi;
+    return file;
+}
+
 std::string uriOf(const QString& path)
 {
     if (path.isEmpty() || isStandardInput(path))

@@ -52,6 +52,10 @@ struct FileChecks
 [[nodiscard]] CheckedInput checkInput(const QString& path, const InputToCheck& input,
                                       const struct_FilenameDevice& record, const FileChecks& checks);
 
+/// An ESI file of which nothing but its fault is told, if it has one.
+[[nodiscard]] check::CheckedFile uncheckedFile(const QString& path, const InputToCheck& input,
+                                               const FileChecks& checks);
+
 /// A file as SARIF names it: relative to the working folder if it is below it, else absolute, percent-encoded.
 /// @return  empty for standard input, and for an empty name
 [[nodiscard]] std::string uriOf(const QString& path);

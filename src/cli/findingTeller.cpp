@@ -13,6 +13,13 @@ FindingTeller::FindingTeller(const CheckRequest& request, SelectedDevices select
     m_writer->begin();
 }
 
+void FindingTeller::refuse(std::vector<std::string> problems)
+{
+    m_outcome.problems = std::move(problems);
+    m_outcome.isWhole = false;
+    m_selected.emplace();
+}
+
 void FindingTeller::tell(const QString& path, check::CheckedFile file)
 {
     const std::vector<check::UnitName>& units = file.findings.units;
@@ -23,19 +30,19 @@ void FindingTeller::tell(const QString& path, check::CheckedFile file)
     if (m_selected.has_value())
         keepSelected(file.findings);
     ++m_file;
-    m_counts.add(file.findings);
-    m_hasFault = m_hasFault
-                 || std::any_of(file.findings.list.begin(), file.findings.list.end(),
-                                [](const check::Finding& finding) { return check::isFault(*finding.rule); });
+    m_outcome.counts.add(file.findings);
+    m_outcome.isWhole = m_outcome.isWhole
+                        && std::none_of(file.findings.list.begin(), file.findings.list.end(),
+                                        [](const check::Finding& finding) { return finding.rule->isFault; });
     m_writer->write(file);
 }
 
 ExitCode FindingTeller::end()
 {
-    m_writer->end(m_counts);
-    if (m_hasFault)
+    m_writer->end(m_outcome);
+    if (!m_outcome.isWhole)
         return ExitCode::Unusable;
-    return m_counts.reach(m_request.failOn) ? ExitCode::DoneWithFindings : ExitCode::Done;
+    return m_outcome.counts.reach(m_request.failOn) ? ExitCode::DoneWithFindings : ExitCode::Done;
 }
 
 bool FindingTeller::isAsked(check::FileRule rule) const
@@ -65,7 +72,7 @@ void FindingTeller::keepSelected(check::Findings& findings) const
 {
     const auto isLeftOut = [&](const auto& found) {
         const bool isOfDevice = found.owner.kind == check::OwnerKind::Device;
-        return !check::isFault(*found.rule) && !(isOfDevice && m_selected->count({m_file, found.owner.index}) != 0);
+        return !found.rule->isFault && !(isOfDevice && m_selected->count({m_file, found.owner.index}) != 0);
     };
     const auto leaveOut = [&](auto& list) {
         list.erase(std::remove_if(list.begin(), list.end(), isLeftOut), list.end());

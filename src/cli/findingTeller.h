@@ -14,6 +14,8 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <string>
+#include <vector>
 
 namespace cli {
 
@@ -27,6 +29,11 @@ public:
     /// @param request   has to outlive this
     /// @param selected  of which findings are told
     FindingTeller(const CheckRequest& request, SelectedDevices selected, Console& console);
+
+    /// Leaves out all but files that cannot be used, since arguments do not fit the files. To be called before the
+    /// first file.
+    /// @param problems  why, in the words of the messages; at least one
+    void refuse(std::vector<std::string> problems);
 
     /// To be called for each file.
     void tell(const QString& path, check::CheckedFile file);
@@ -42,12 +49,11 @@ private:
     const CheckRequest& m_request;
     SelectedDevices m_selected;
     std::unique_ptr<check::FindingWriter> m_writer;
-    check::FindingCounts m_counts;
+    check::CheckOutcome m_outcome; ///< of the files that were told
     check::KnownIdentities m_identities;
     SameInputs m_given;
     std::size_t m_file = 0; ///< place of the next file
     std::size_t m_devices = 0; ///< of the files that were told
-    bool m_hasFault = false;
 };
 
 } // namespace cli

@@ -6,10 +6,13 @@
 #include "text/oneLine.h"
 
 #include <ostream>
+#include <string_view>
 
 namespace cli {
 
 namespace {
+
+constexpr char errorSeverity[] = "error";
 
 /// The name before a message, for what is about no file too.
 QString placeOf(const QString& file)
@@ -43,7 +46,7 @@ std::string messageText(const QString& text)
 void Messages::error(const QString& file, const QString& text)
 {
     m_hasErrors = true;
-    write({placeOf(file), "error", text});
+    write({placeOf(file), errorSeverity, text});
 }
 
 void Messages::note(const QString& file, const QString& text)
@@ -55,14 +58,14 @@ void Messages::error(const QString& file, int line, int column, const QString& t
 {
     m_hasErrors = true;
     // Several arguments at once: the name of a file may hold what looks like a place for the next one.
-    write({QStringLiteral("%1:%2:%3").arg(shownName(file), QString::number(line), QString::number(column)), "error",
-           text});
+    write({QStringLiteral("%1:%2:%3").arg(shownName(file), QString::number(line), QString::number(column)),
+           errorSeverity, text});
 }
 
 void Messages::outputError(const QString& file, const QString& text)
 {
     m_hasOutputErrors = true;
-    write({placeOf(file), "error", text});
+    write({placeOf(file), errorSeverity, text});
 }
 
 void Messages::warning(const QString& file, WarningCode code, const QString& text)
@@ -87,6 +90,15 @@ void Messages::report(const Messages& kept)
     m_hasWarnings = m_hasWarnings || kept.m_hasWarnings;
     for (const Message& message : kept.m_kept)
         write(message);
+}
+
+std::vector<std::string> Messages::keptErrors() const
+{
+    std::vector<std::string> errors;
+    for (const Message& message : m_kept)
+        if (std::string_view(message.severity) == errorSeverity)
+            errors.push_back(messageText(message.place) + ": " + messageText(cutText(message.text)));
+    return errors;
 }
 
 void Messages::write(const Message& message)

@@ -36,6 +36,9 @@ public:
     /// Reports what another object has kept. Its warnings all count for the exit status.
     void report(const Messages& kept);
 
+    /// The errors that are kept, as their lines have them but for the severity: "choices.json:3:5: text".
+    [[nodiscard]] std::vector<std::string> keptErrors() const;
+
     /// @param file  path as the user gave it, "-" for standard input, empty for what is about no file
     void error(const QString& file, const QString& text);
     /// @param line, column  from 1

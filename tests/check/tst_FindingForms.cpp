@@ -25,6 +25,7 @@ private slots:
     static void jsonOfNothing();
     static void jsonMembers();
     static void sarifNotifications();
+    static void problems();
 };
 
 namespace {
@@ -55,23 +56,24 @@ check::Finding finding(const check::Owner& owner, check::Where where, const xml:
     return {check::ruleNamed("product-code"), owner, where, place, QStringLiteral("wrong")};
 }
 
-std::string written(check::FindingForm form, const std::vector<check::CheckedFile>& files)
+std::string written(check::FindingForm form, const std::vector<check::CheckedFile>& files,
+                    check::CheckOutcome outcome = {})
 {
     std::ostringstream out;
     const auto writer = check::makeFindingWriter(form, out, check::allRules());
-    check::FindingCounts counts;
     writer->begin();
     for (const check::CheckedFile& file : files) {
-        counts.add(file.findings);
+        outcome.counts.add(file.findings);
         writer->write(file);
     }
-    writer->end(counts);
+    writer->end(outcome);
     return out.str();
 }
 
-QJsonObject jsonOf(check::FindingForm form, const std::vector<check::CheckedFile>& files)
+QJsonObject jsonOf(check::FindingForm form, const std::vector<check::CheckedFile>& files,
+                   const check::CheckOutcome& outcome = {})
 {
-    return QJsonDocument::fromJson(QByteArray::fromStdString(written(form, files))).object();
+    return QJsonDocument::fromJson(QByteArray::fromStdString(written(form, files, outcome))).object();
 }
 
 } // namespace
@@ -151,6 +153,7 @@ void tst_FindingForms::jsonOfNothing()
 {
     const QJsonObject json = jsonOf(check::FindingForm::Json, {});
     QCOMPARE(json.value("files").toArray(), QJsonArray());
+    QCOMPARE(json.value("problems"), QJsonValue(QJsonArray()));
     QCOMPARE(json.value("summary").toObject(),
              (QJsonObject{{"files", 0}, {"errors", 0}, {"warnings", 0}, {"notes", 0}}));
 }
@@ -187,23 +190,44 @@ void tst_FindingForms::jsonMembers()
     QCOMPARE(ofModule.value("module").toObject(), (QJsonObject{{"number", 1}, {"name", "IO-8"}}));
 }
 
-/// A file that could not be read, and findings that were not kept, are told of the run.
+/// Whether all went well is what the writer is told; findings that were not kept are told of the run.
 void tst_FindingForms::sarifNotifications()
 {
-    check::CheckedFile file = couplers(check::FileKind::Unknown);
-    file.findings.list = {check::fileFinding(check::FileRule::Unreadable, "gone")};
     check::CheckedFile full = couplers(check::FileKind::Esi);
     full.findings.omissions = {{check::ruleNamed("product-code"), {}, 4}};
-    const auto invocation = [](const std::vector<check::CheckedFile>& files) {
-        const QJsonObject run = jsonOf(check::FindingForm::Sarif, files).value("runs").toArray().at(0).toObject();
+    const auto invocation = [](const std::vector<check::CheckedFile>& files, const check::CheckOutcome& outcome) {
+        const QJsonObject run =
+            jsonOf(check::FindingForm::Sarif, files, outcome).value("runs").toArray().at(0).toObject();
         return run.value("invocations").toArray().at(0).toObject();
     };
-    QCOMPARE(invocation({file}).value("executionSuccessful"), QJsonValue(false));
-    QCOMPARE(invocation({full}).value("executionSuccessful"), QJsonValue(true));
-    const QJsonArray told = invocation({full}).value("toolExecutionNotifications").toArray();
+    check::CheckOutcome broken;
+    broken.isWhole = false;
+    for (const check::FileKind kind : {check::FileKind::Unknown, check::FileKind::Ktl}) {
+        QCOMPARE(invocation({couplers(kind)}, broken).value("executionSuccessful"), QJsonValue(false));
+        QCOMPARE(invocation({couplers(kind)}, {}).value("executionSuccessful"), QJsonValue(true));
+    }
+    QCOMPARE(invocation({full}, {}).value("executionSuccessful"), QJsonValue(true));
+    const QJsonArray told = invocation({full}, {}).value("toolExecutionNotifications").toArray();
     QCOMPARE(told.size(), 1);
     QVERIFY(told.at(0).toObject().value("message").toObject().value("text").toString().startsWith("couplers.xml: 4 "));
-    QVERIFY(invocation({file}).value("toolExecutionNotifications").toArray().isEmpty());
+    QVERIFY(invocation({}, broken).value("toolExecutionNotifications").toArray().isEmpty());
+}
+
+/// In JSON and SARIF, which are whole all the same; people have them as messages, and no summary of nothing.
+void tst_FindingForms::problems()
+{
+    check::CheckOutcome outcome;
+    outcome.problems = {"ktl: no device 9"};
+    outcome.isWhole = false;
+    QCOMPARE(jsonOf(check::FindingForm::Json, {}, outcome).value("problems"),
+             QJsonValue(QJsonArray{"ktl: no device 9"}));
+    const QJsonObject run = jsonOf(check::FindingForm::Sarif, {}, outcome).value("runs").toArray().at(0).toObject();
+    QCOMPARE(run.value("invocations").toArray().at(0).toObject(),
+             (QJsonObject{{"executionSuccessful", false},
+                          {"toolExecutionNotifications",
+                           QJsonArray{QJsonObject{{"level", "error"},
+                                                  {"message", QJsonObject{{"text", "ktl: no device 9"}}}}}}}));
+    QCOMPARE(written(check::FindingForm::LinesAndSummary, {}, outcome), std::string());
 }
 
 static const testMain::Registration<tst_FindingForms, testMain::NoApplication> registration;

@@ -41,16 +41,39 @@ QStringList devicesOf(const CommandRun& run)
     return devices;
 }
 
+/// Codes of the findings of each file.
+QStringList rulesByFile(const CommandRun& run)
+{
+    QStringList rules;
+    for (const QJsonValue& file : filesIn(run)) {
+        QStringList ofFile;
+        for (const QJsonValue& finding : file.toObject().value("findings").toArray())
+            ofFile += finding.toObject().value("rule").toString();
+        rules += ofFile.join(' ');
+    }
+    return rules;
+}
+
+/// What the one run of a SARIF output says of itself.
+QJsonObject invocationOf(const CommandRun& run)
+{
+    const QJsonArray runs = QJsonDocument::fromJson(run.output).object().value("runs").toArray();
+    return runs.at(0).toObject().value("invocations").toArray().at(0).toObject();
+}
+
 } // namespace
 
 /// Five devices without product code in two files, a broken file, and a KTL file.
 void tst_CheckDevices::initTestCase()
 {
-    const QByteArray devices = "<Device><Type RevisionNo='1'>A1</Type><Name>Axis, left</Name><Sm>Inputs</Sm></Device>\n"
-                               "<Device><Type RevisionNo='2'>A2</Type><Name>Axis, right</Name><Sm>Inputs</Sm></Device>\n";
+    const QByteArray devices =
+        "<Device><Type RevisionNo='1'>A1</Type><Name>Axis, left</Name><Sm>Inputs</Sm></Device>\n"
+        "<Device><Type RevisionNo='2'>A2</Type><Name>Axis, right</Name><Sm>Inputs</Sm></Device>\n";
     m_place.make("a.xml", esiWith(devices));
-    m_place.make("b.xml", esiWith("<Device><Type RevisionNo='3'>B</Type><Name>B</Name><Sm>Inputs</Sm></Device>\n" + devices));
+    m_place.make("b.xml",
+                 esiWith("<Device><Type RevisionNo='3'>B</Type><Name>B</Name><Sm>Inputs</Sm></Device>\n" + devices));
     m_place.make("broken.xml", "<a>");
+    m_place.make("cut.ktl", QByteArray::fromHex("409C000034000000"));
     QCOMPARE(runHere({"convert", sample("io-block.xml"), "-o", m_place.path("machine.ktl")}).exitCode, 0);
 }
 
@@ -116,14 +139,26 @@ void tst_CheckDevices::selectorsOfKtlDevices()
     QCOMPARE(run.errors, errors);
 }
 
-/// Nothing is told of the files, but that the device may be in one that cannot be read.
+/// Nothing is told of the files, but that the device may be in one that cannot be read. JSON and SARIF are whole.
 void tst_CheckDevices::unknownDevice()
 {
-    const CommandRun run = runHere({"check", "--json", "a.xml", "broken.xml", "--device=C"}, m_place.folder());
-    QCOMPARE(run.output, QByteArray());
-    QVERIFY(run.errors.startsWith("ktl: error: no device of the given files is \"C\"\n"));
-    QVERIFY(run.errors.endsWith("broken.xml:1:4: error: unexpected end of file\n"));
+    const QStringList arguments{"check", "a.xml", "broken.xml", "cut.ktl", "--device=C"};
+    const QByteArray problem = "ktl: error: no device of the given files is \"C\"\n";
+    const CommandRun run = runHere(arguments, m_place.folder());
+    QCOMPARE(run.output, QByteArray("broken.xml:1:4: error: unexpected end of file [file-not-well-formed]\n"
+                                    "cut.ktl:0x8: error: the file ends inside the last item [ktl-end]\n"));
+    QVERIFY2(run.errors.startsWith(problem), run.errors.constData());
     QCOMPARE(run.exitCode, 2);
+    const CommandRun json = runHere(arguments + QStringList{"--json"}, m_place.folder());
+    QCOMPARE(json.errors, run.errors);
+    QCOMPARE(json.exitCode, 2);
+    QCOMPARE(rulesByFile(json), (QStringList{"", "file-not-well-formed", "ktl-end"}));
+    QCOMPARE(QJsonDocument::fromJson(json.output).object().value("problems").toArray(),
+             QJsonArray{"ktl: no device of the given files is \"C\""});
+    const CommandRun sarif = runHere({"check", "a.xml", "--device=C", "--sarif"}, m_place.folder());
+    QCOMPARE(sarif.exitCode, 2);
+    QCOMPARE(invocationOf(sarif).value("executionSuccessful"), QJsonValue(false));
+    QCOMPARE(invocationOf(sarif).value("toolExecutionNotifications").toArray().size(), 1);
 }
 
 void tst_CheckDevices::choices_data()
@@ -159,12 +194,22 @@ void tst_CheckDevices::choices()
 void tst_CheckDevices::choicesThatDoNotFit()
 {
     m_place.make("wrong.json", R"({"format": "kinetra-choices", "version": 1, "devices": [{"device": 9}]})");
-    const CommandRun run = runHere({"check", "a.xml", "broken.xml", "--choices=wrong.json"}, m_place.folder());
-    QCOMPARE(run.output, QByteArray());
+    const QStringList arguments{"check", "a.xml", "broken.xml", "--choices=wrong.json"};
+    const CommandRun run = runHere(arguments, m_place.folder());
+    QCOMPARE(run.output, QByteArray("broken.xml:1:4: error: unexpected end of file [file-not-well-formed]\n"));
     QVERIFY2(run.errors.startsWith("wrong.json: error: devices[0].device: there is no device 9"),
              run.errors.constData());
-    QVERIFY(run.errors.endsWith("broken.xml:1:4: error: unexpected end of file\n"));
     QCOMPARE(run.exitCode, 2);
+    const CommandRun json = runHere(arguments + QStringList{"--json"}, m_place.folder());
+    QCOMPARE(rulesByFile(json), (QStringList{"", "file-not-well-formed"}));
+    QCOMPARE(filesIn(json).at(0).toObject().value("kind"), QJsonValue("esi"));
+    const QJsonArray problems = QJsonDocument::fromJson(json.output).object().value("problems").toArray();
+    QCOMPARE(problems.size(), 1);
+    QVERIFY(problems.at(0).toString().startsWith("wrong.json: devices[0].device: there is no device 9"));
+    QCOMPARE(json.exitCode, 2);
+    const CommandRun sarif = runHere(arguments + QStringList{"--sarif"}, m_place.folder());
+    QCOMPARE(invocationOf(sarif).value("executionSuccessful"), QJsonValue(false));
+    QCOMPARE(sarif.exitCode, 2);
 }
 
 void tst_CheckDevices::choicesOfAKtlFile()

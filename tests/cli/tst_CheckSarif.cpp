@@ -20,6 +20,8 @@ private slots:
     void results();
     void everyResultIsPlaced();
     void rulesThatAreNotAsked();
+    void success_data();
+    void success();
 
 private:
     [[nodiscard]] QJsonObject runOf(const QStringList& arguments) const;
@@ -129,6 +131,27 @@ void tst_CheckSarif::rulesThatAreNotAsked()
         codes += rule.toObject().value("id").toString();
     QCOMPARE(codes,
              (QStringList{"file-unreadable", "file-not-well-formed", "file-no-vendor", "product-code", "ktl-end"}));
+}
+
+void tst_CheckSarif::success_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<bool>("isSuccessful");
+    QTest::addRow("findings alone") << QStringList{"document.xml"} << true;
+    QTest::addRow("a file that is not well-formed") << QStringList{"broken.xml"} << false;
+    QTest::addRow("such a file, ignored") << QStringList{"broken.xml", "--ignore=file-not-well-formed"} << true;
+    QTest::addRow("a KTL file that is cut") << QStringList{"cut.ktl"} << false;
+    QTest::addRow("a cut KTL file, ignored") << QStringList{"cut.ktl", "--ignore=ktl-end"} << true;
+}
+
+/// Just where the exit status is not 2.
+void tst_CheckSarif::success()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(bool, isSuccessful);
+    QCOMPARE(runOf(arguments).value("invocations").toArray().at(0).toObject().value("executionSuccessful"),
+             QJsonValue(isSuccessful));
+    QCOMPARE(runHere(QStringList{"check", "--sarif"} + arguments, m_place.folder()).exitCode != 2, isSuccessful);
 }
 
 static const testMain::Registration<tst_CheckSarif, QCoreApplication> registration;
