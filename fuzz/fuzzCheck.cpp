@@ -4,13 +4,14 @@
 
 #include "check/checkFile.h"
 #include "check/findingWriter.h"
+#include "check/knownIdentities.h"
+#include "cli/inputKind.h"
 #include "esi/esiFile.h"
-#include "ktl/format/ktlCodes.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <ostream>
 #include <stdexcept>
 #include <string>
@@ -35,16 +36,39 @@ void tellNowhere(const check::CheckedFile& file)
     }
 }
 
+/// Where a finding is, as those who read it know the place: the byte in a KTL file, else line and column.
+std::pair<check::Where, check::Where> placeOf(const check::CheckedFile& file, const check::Finding& finding)
+{
+    if (check::hasOffsets(file.kind))
+        return {finding.where, 0};
+    return {finding.place.line, finding.place.column};
+}
+
 /// Findings are in the order of the file, and those of an ESI file have a line.
 void verify(const check::CheckedFile& file)
 {
-    check::Where last = 0;
+    std::pair<check::Where, check::Where> last{0, 0};
     for (const check::Finding& finding : file.findings.list) {
-        if (finding.where < last || (file.kind == check::FileKind::Esi && finding.place.line < 1)
-            || finding.text.isEmpty())
+        const auto place = placeOf(file, finding);
+        if (place < last || (file.kind == check::FileKind::Esi && finding.place.line < 1) || finding.text.isEmpty())
             std::abort();
-        last = finding.where;
+        last = place;
     }
+}
+
+/// A file has no identity of an earlier one where it is the first; the second time each of its devices has, but for
+/// those without a product code.
+void compareIdentities(const check::CheckedFile& file)
+{
+    const std::vector<check::UnitName>& units = file.findings.units;
+    const auto isCompared = [](const check::UnitName& unit) {
+        return unit.owner.kind == check::OwnerKind::Device && unit.product != 0;
+    };
+    check::KnownIdentities identities;
+    const bool isFirst = identities.add(QStringLiteral("fuzz"), units, 1).empty();
+    const std::size_t found = identities.add(QStringLiteral("again"), units, units.size() + 1).size();
+    if (!isFirst || found != static_cast<std::size_t>(std::count_if(units.begin(), units.end(), isCompared)))
+        std::abort();
 }
 
 check::CheckedFile checkedKtl(const std::vector<unsigned char>& bytes)
@@ -72,17 +96,16 @@ check::CheckedFile checkedEsi(const std::string& bytes)
         isComplete = false;
     }
     file.kind = check::FileKind::Esi;
-    file.findings = check::checkEsi({*read.tree, loaded.file, isComplete, {QStringLiteral("fuzz.xml")}});
+    file.findings = check::checkEsi(
+        {*read.tree, loaded.file, isComplete, {QStringLiteral("fuzz.xml")}, check::encodingFaultOf(bytes)});
     return file;
 }
 
 bool beginsAsKtl(const std::uint8_t* data, std::size_t size)
 {
-    std::uint32_t type = 0;
-    if (size < sizeof type)
-        return false;
-    std::memcpy(&type, data, sizeof type);
-    return type == KTL_ITEM_END || (type >= KTL_ITEM_General && type < KTL_ITEM_General + 1000);
+    const std::size_t shown = std::min(size, static_cast<std::size_t>(cli::bytesOfKind));
+    const QByteArray beginning(reinterpret_cast<const char*>(data), static_cast<int>(shown));
+    return cli::inputKindOf(beginning) == cli::InputKind::Ktl;
 }
 
 } // namespace
@@ -96,6 +119,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (file.kind == check::FileKind::Unknown)
         return 0;
     verify(file);
+    compareIdentities(file);
     tellNowhere(file);
     return 0;
 }
