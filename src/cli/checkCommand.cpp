@@ -149,12 +149,40 @@ ExitCode refuse(const CheckRequest& request, const std::vector<InputToCheck>& in
     return teller.end();
 }
 
+/// Whether a file can be read a second time. A pipe cannot.
+bool canBeReadAgain(const QString& path)
+{
+    return !isStandardInput(path) && QFileInfo(path).isFile();
+}
+
+/// Reads a file for its record. The tree is large and needed again only after the choices: it is kept only where the
+/// file cannot be read again.
+InputToCheck readForChoices(const QString& path)
+{
+    InputToCheck input = readToCheck(path, AcceptedInputs::Esi);
+    if (canBeReadAgain(path))
+        input.tree.reset();
+    return input;
+}
+
+/// Checks a file of which the record has been read.
+/// @param record  with its choices
+CheckedInput checkWithChoices(const QString& path, const InputToCheck& input, const struct_FilenameDevice& record,
+                              const FileChecks& checks)
+{
+    CheckedInput checked = input.fault.has_value() || input.tree.has_value()
+                               ? checkInput(path, input, record, checks)
+                               : checkInput(path, readToCheck(path, AcceptedInputs::Esi), record, checks);
+    checked.road = EsiRoad::Plain; // it has been counted
+    return checked;
+}
+
 /// Reads all files, makes the choices, and checks the files as they are then.
 ExitCode checkChosen(const CheckRequest& request, const FileChecks& checks, Console& console)
 {
     std::vector<InputToCheck> inputs;
     RetriedWork<InputToCheck> reading(request.paths, console.cores, [&](std::size_t index) {
-        return readToCheck(request.paths.at(static_cast<int>(index)), AcceptedInputs::Esi);
+        return readForChoices(request.paths.at(static_cast<int>(index)));
     });
     takeAll(reading, request.paths, "reading", true, [&](const QString& /*path*/, InputToCheck input) {
         console.inputs.count(input.road);
@@ -168,10 +196,8 @@ ExitCode checkChosen(const CheckRequest& request, const FileChecks& checks, Cons
     if (!areMade)
         return refuse(request, inputs, checks, problems.keptErrors(), console);
     RetriedWork<CheckedInput> checking(request.paths, console.cores, [&](std::size_t index) {
-        CheckedInput checked =
-            checkInput(request.paths.at(static_cast<int>(index)), inputs[index], console.inputs.files[index], checks);
-        checked.road = EsiRoad::Plain; // it has been counted
-        return checked;
+        return checkWithChoices(request.paths.at(static_cast<int>(index)), inputs[index], console.inputs.files[index],
+                                checks);
     });
     return checkAll(request, checking, selected, console);
 }

@@ -24,6 +24,7 @@ private slots:
     void choicesThatDoNotFit();
     void choicesOfAKtlFile();
     void choicesFromStandardInput();
+    void choicesOfAPipe();
     void choicesLeftOut();
 
 private:
@@ -229,6 +230,24 @@ void tst_CheckDevices::choicesFromStandardInput()
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.output.count('\n'), 2);
     QCOMPARE(run.exitCode, 1);
+}
+
+/// Which can be read once only.
+void tst_CheckDevices::choicesOfAPipe()
+{
+    m_place.make("none.json", R"({"format": "kinetra-choices", "version": 1, "devices": []})");
+    CommandStart start;
+    start.folder = m_place.folder();
+    start.program = QStringLiteral("bash");
+    const QString options = QStringLiteral(" --choices=none.json --only=product-code --fail-on=warning");
+    for (const QString& inputs :
+         {QStringLiteral("cat a.xml | \"$0\" check - b.xml"), QStringLiteral("\"$0\" check <(cat a.xml) b.xml"),
+          QStringLiteral("\"$0\" check /dev/stdin b.xml < a.xml")}) {
+        const CommandRun run = runKtl({"-c", inputs + options, KTL_PROGRAM}, start);
+        QCOMPARE(run.errors, QByteArray());
+        QCOMPARE(run.output.count('\n'), 5);
+        QCOMPARE(run.exitCode, 1);
+    }
 }
 
 /// As in a conversion.

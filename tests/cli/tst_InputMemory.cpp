@@ -16,6 +16,7 @@ private slots:
     void memoryEnds_data();
     void memoryEnds();
     void memoryEndsInCheck();
+    void oneTreePerCore();
     void memoryEndsInJson();
     void manyDevices_data();
     void manyDevices();
@@ -121,6 +122,21 @@ void tst_InputMemory::memoryEndsInCheck()
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 2);
 #endif
+}
+
+/// The trees of all files would need more than there is; their records need next to nothing.
+void tst_InputMemory::oneTreePerCore()
+{
+    m_place.make("none.json", R"({"format": "kinetra-choices", "version": 1, "devices": []})");
+    m_place.make("tree.xml", esiWith("<Device><Type>T</Type><Sm>Inputs</Sm><Profile>"
+                                     + QByteArray("<A/>").repeated(300000) + "</Profile></Device>"));
+    QStringList arguments{"check", "--only=pdo-sync-manager", "--choices=none.json"};
+    for (int number = 0; number < 12; ++number)
+        arguments += "tree.xml";
+    const CommandRun run = runWithin(120, arguments, m_place.folder());
+    QCOMPARE(run.output, QByteArray());
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(run.exitCode, 0);
 }
 
 /// Whatever the limit: the JSON is whole, and the file that was broken off does not count as complete.
