@@ -13,7 +13,6 @@
 #include <cstdint>
 #include <cstdlib>
 #include <ostream>
-#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -89,15 +88,10 @@ check::CheckedFile checkedEsi(const std::string& bytes)
     EsiLoadResult loaded = declaredFileFrom(*read.tree, QStringLiteral("fuzz.xml"), Dictionaries::AreSkipped);
     if (loaded.status != EsiLoadStatus::Loaded)
         return file;
-    bool isComplete = true;
-    try {
-        completeFile(loaded.file);
-    } catch (const std::out_of_range&) { // a PDO on a sync manager that its device does not have
-        isComplete = false;
-    }
+    const std::vector<bool> areComplete = completeDevices(loaded.file);
     file.kind = check::FileKind::Esi;
     file.findings = check::checkEsi(
-        {*read.tree, loaded.file, isComplete, {QStringLiteral("fuzz.xml")}, check::encodingFaultOf(bytes)});
+        {*read.tree, loaded.file, areComplete, {QStringLiteral("fuzz.xml")}, check::encodingFaultOf(bytes)});
     return file;
 }
 
