@@ -83,7 +83,7 @@ ktl()
 {
     [[ $* == 'check --rules' ]] && printf 'ktl-end   error    an end\nfile-kind  error    a kind\npdo-index  note     an index\n'
 }
-completes 'ktl-end,file-kind' ktl check --only f
+completes 'file-kind' ktl check --only f
 completes 'pdo-index' ktl check --explain = p
 
 [[ $failures -eq 0 ]] || exit 1

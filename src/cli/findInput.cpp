@@ -39,7 +39,10 @@ void findInKtl(QIODevice& file, const find::Filter& filter, FoundInput& input)
     }
     find::KtlScan scan = find::scanKtl(file, filter.wanted);
     input.found = std::move(scan.found);
-    if (const QString problem = problemAtEnd(scan.end); !problem.isEmpty())
+    if (scan.isTooMuch)
+        input.fault = InputFault{InputFaultKind::Unreadable,
+                                 QStringLiteral("the file has more than %1 devices and modules").arg(find::maxFound)};
+    else if (const QString problem = problemAtEnd(scan.end); !problem.isEmpty())
         input.fault = InputFault{InputFaultKind::Unreadable, problem};
 }
 

@@ -122,7 +122,7 @@ void DeviceWalk::leave()
 void DeviceWalk::addText(std::string_view text)
 {
     m_textLength += text.size() * m_captures.size();
-    if (isTooLong())
+    if (hasTooMuchText())
         return;
     for (Capture& capture : m_captures)
         capture.text += text;

@@ -24,7 +24,7 @@ public:
     };
 
     /// Characters of names, types and vendor ids that a file may have.
-    static constexpr std::size_t maxTextLength = std::size_t{16} * 1024 * 1024;
+    static constexpr std::size_t maxTextLength = std::size_t{4} * 1024 * 1024;
 
     explicit DeviceWalk(Wanted wanted)
         : m_wanted(wanted)
@@ -40,8 +40,9 @@ public:
 
     /// Whether texts are listened to.
     [[nodiscard]] bool takesText() const { return !m_captures.empty(); }
-    /// Whether there was more text than `maxTextLength`.
-    [[nodiscard]] bool isTooLong() const { return m_textLength > maxTextLength; }
+    /// Whether there was more text than `maxTextLength`, or more than `maxFound` devices and modules.
+    [[nodiscard]] bool isTooMuch() const { return hasTooMuchText() || m_devices.size() + m_modules.size() > maxFound; }
+    [[nodiscard]] bool hasTooMuchText() const { return m_textLength > maxTextLength; } ///< the first of these
     /// Whether the file has a `Vendor`, so that it is an ESI file.
     [[nodiscard]] bool hasVendor() const { return m_hasVendor; }
     /// Whether it is meant to be one, as far as it goes.

@@ -50,6 +50,14 @@ std::string_view viewOf(const QByteArray& utf8)
     return {utf8.constData(), static_cast<std::size_t>(utf8.size())};
 }
 
+/// What has no room.
+QString tooMuchIn(const DeviceWalk& walk)
+{
+    return walk.hasTooMuchText() ? QStringLiteral("the names and types of the devices have more than %1 characters")
+                                       .arg(DeviceWalk::maxTextLength)
+                                 : QStringLiteral("the file has more than %1 devices and modules").arg(maxFound);
+}
+
 /// Hands on to the walk what the parser finds, and refuses what goes beyond a limit.
 class WalkHandler final : public QXmlDefaultHandler
 {
@@ -79,7 +87,7 @@ public:
         for (int index = 0; needs.attributes && index < attributes.count(); ++index)
             m_walk.setAttribute(viewOf(attributes.localName(index).toUtf8()), viewOf(attributes.value(index).toUtf8()));
         m_nameLength += qualifiedName.size();
-        return m_nameLength <= static_cast<qint64>(TextWindow::maxLength);
+        return m_nameLength <= static_cast<qint64>(TextWindow::maxLength) && !m_walk.isTooMuch();
     }
     bool endElement(const QString& /*namespaceUri*/, const QString& /*localName*/,
                     const QString& qualifiedName) override
@@ -97,7 +105,7 @@ public:
             return false;
         if (m_walk.takesText())
             m_walk.addText(viewOf(text.toUtf8()));
-        return !m_walk.isTooLong();
+        return !m_walk.isTooMuch();
     }
     bool processingInstruction(const QString& /*target*/, const QString& /*data*/) override { return addNode(); }
     bool skippedEntity(const QString& /*name*/) override { return addNode(); }
@@ -114,7 +122,7 @@ public:
     }
     [[nodiscard]] QString errorString() const override
     {
-        return m_walk.isTooLong() ? tooMuchText().message : m_count.brokenLimit();
+        return m_walk.isTooMuch() ? tooMuchIn(m_walk) : m_count.brokenLimit();
     }
 
 private:
@@ -160,13 +168,6 @@ void readWith(QXmlSimpleReader& reader, WalkHandler& handler)
 }
 
 } // namespace
-
-XmlFormatError tooMuchText()
-{
-    return {QStringLiteral("the names and types of the devices have more than %1 characters")
-                .arg(DeviceWalk::maxTextLength),
-            1, 1};
-}
 
 std::optional<XmlFormatError> scanAsDocument(QIODevice& file, DeviceWalk& walk)
 {

@@ -16,7 +16,4 @@ namespace find {
 /// @return      what is wrong with the file, in the words of loading; nothing if it is whole
 [[nodiscard]] std::optional<XmlFormatError> scanAsDocument(QIODevice& file, DeviceWalk& walk);
 
-/// What is told of a file whose names, types and vendor ids have no room.
-[[nodiscard]] XmlFormatError tooMuchText();
-
 } // namespace find

@@ -1,6 +1,7 @@
 // found.h - a device or module that was found in a file.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -24,6 +25,9 @@ struct Found
     std::string name;
     std::uint64_t place = 0; ///< line in an ESI file, from 1; offset of a byte in a KTL file
 };
+
+/// Devices and modules that are kept of a file; real files reach some hundreds.
+inline constexpr std::size_t maxFound = 50000;
 
 /// Which ones are wanted of a file.
 enum class Wanted : std::uint8_t

@@ -29,7 +29,7 @@ public:
         const auto size = static_cast<std::size_t>(m_file.size());
         KtlWalk& walk = m_result.end;
         walk.end = KtlWalkEnd::CutHead; // unless there is an item
-        while (walk.offset < size) {
+        while (walk.offset < size && !m_result.isTooMuch) {
             const std::size_t left = size - walk.offset;
             const auto head = recordAt<KtlItemHead>(walk.offset, left);
             walk.end = left < sizeof head ? KtlWalkEnd::CutHead : KtlWalkEnd::ImpossibleHead;
@@ -37,11 +37,14 @@ public:
                 break;
             const std::size_t present = std::min<std::size_t>(left, head.m_iSize);
             take(head.m_iItemType, walk.offset, present);
+            m_result.isTooMuch = m_result.found.size() > maxFound;
             walk.offset += present;
             walk.end = head.m_iItemType == KTL_ITEM_END ? KtlWalkEnd::Whole : KtlWalkEnd::NoEndItem;
             if (present < head.m_iSize)
                 walk.end = KtlWalkEnd::CutItem;
         }
+        if (m_result.isTooMuch)
+            m_result.found.pop_back();
         return std::move(m_result);
     }
 

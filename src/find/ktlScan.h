@@ -14,6 +14,7 @@ namespace find {
 struct KtlScan
 {
     std::vector<Found> found; ///< with the offsets of the items that open them
+    bool isTooMuch = false; ///< there are more than `maxFound`
     KtlWalk end; ///< how the items end, and where; without the items
 };
 

@@ -136,7 +136,7 @@ private:
             return false;
         m_walk.addText(m_window.text().substr(0, *length));
         m_window.pass(*length + std::string_view("]]>").size());
-        return !m_walk.isTooLong();
+        return !m_walk.isTooMuch();
     }
 
     bool scanStartTag()
@@ -164,7 +164,7 @@ private:
         m_window.pass(*length);
         if (isClosed)
             closeElement();
-        return m_names.size() <= TextWindow::maxLength;
+        return m_names.size() <= TextWindow::maxLength && !m_walk.isTooMuch();
     }
 
     bool scanEndTag()
@@ -258,7 +258,7 @@ private:
         if (!m_count.addText(static_cast<int>(m_decoded.size())))
             return false;
         m_walk.addText(m_decoded);
-        return !m_walk.isTooLong();
+        return !m_walk.isTooMuch();
     }
 
     /// Puts a text into `m_decoded`, its references decoded.

@@ -3,6 +3,7 @@
 #include "cli/commandInProcess.h"
 #include "cli/workplace.h"
 #include "testMain.h"
+#include "workbench/ordinaryUser.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -23,6 +24,7 @@ private slots:
     void filters();
     void exitStatus();
     void foldersPassOver();
+    static void closedFolderAndLoop();
     void named();
     void brokenBehindADevice();
     void forms();
@@ -133,6 +135,30 @@ void tst_FindCommand::foldersPassOver()
     QCOMPARE(run.output, QByteArray("d/b.xml\n"));
     QCOMPARE(run.errors, QByteArray());
     QVERIFY(QFile::remove(m_place.path("d/pipe")));
+}
+
+/// They are told, and what can be read is found; a loop of links is no trouble.
+void tst_FindCommand::closedFolderAndLoop()
+{
+    const Workplace place;
+    QVERIFY(QDir(place.folder()).mkpath("a/closed"));
+    QVERIFY(QFile::link(place.folder(), place.path("a/loop")));
+    place.make("a/x.xml", esiWith(deviceOf("5", "1", "Open")));
+    place.make("b.xml", esiWith(deviceOf("6", "1", "Closed")));
+    QVERIFY(QFile::setPermissions(place.folder(), QFile::Permissions(0x7777)));
+    QVERIFY(QFile::setPermissions(place.path("a/closed"), QFile::Permissions()));
+    QVERIFY(QFile::setPermissions(place.path("b.xml"), QFile::Permissions()));
+    CommandRun run;
+    {
+        const OrdinaryUser user;
+        QVERIFY2(user.isOrdinary(), "The system refuses to give up the rights of root, and root may read everything.");
+        run = runHere({"find", "."}, place.folder());
+    }
+    QVERIFY(QFile::setPermissions(place.path("a/closed"), QFile::Permissions(0x7777)));
+    QCOMPARE(run.output, QByteArray("0x7e570009:0x5:0x1\tT-5\tOpen\t./a/x.xml:4\n"));
+    QCOMPARE(run.errors, QByteArray("./a/closed: error: the folder cannot be read: Permission denied\n"
+                                    "./b.xml: error: the file cannot be read: Permission denied\n"));
+    QCOMPARE(run.exitCode, 2);
 }
 
 void tst_FindCommand::named()

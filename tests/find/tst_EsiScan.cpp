@@ -24,6 +24,7 @@ private slots:
     static void blocks();
     static void tooLongAText();
     static void tooLongNames();
+    static void tooManyDevices();
 };
 
 namespace {
@@ -164,12 +165,23 @@ void tst_EsiScan::tooLongAText()
 
 void tst_EsiScan::tooLongNames()
 {
-    const QByteArray longName = "<Device><Name>" + QByteArray(7 * 1024 * 1024, 'n') + "</Name></Device>";
-    const find::EsiScan scan = scanOf(whole(longName + longName + device + longName));
+    const QByteArray longName = "<Device><Name>" + QByteArray(2 * 1024 * 1024 - 3, 'n') + "</Name></Device>";
+    const find::EsiScan scan = scanOf(whole(longName + longName + "<Device/>" + device));
     QCOMPARE(scan.found.size(), std::size_t{3});
     QVERIFY(scan.fault.has_value());
     QCOMPARE(scan.fault->message,
-             QStringLiteral("the names and types of the devices have more than 16777216 characters"));
+             QStringLiteral("the names and types of the devices have more than 4194304 characters"));
+}
+
+void tst_EsiScan::tooManyDevices()
+{
+    const find::EsiScan most = scanOf(whole(QByteArray("<Device/>").repeated(50000)));
+    QCOMPARE(most.found.size(), std::size_t{50000});
+    QVERIFY(!most.fault.has_value());
+    const find::EsiScan more = scanOf(whole(QByteArray("<Device/>").repeated(50001)));
+    QCOMPARE(more.found.size(), std::size_t{50000});
+    QVERIFY(more.fault.has_value());
+    QCOMPARE(more.fault->message, QStringLiteral("the file has more than 50000 devices and modules"));
 }
 
 static const testMain::Registration<tst_EsiScan, testMain::NoApplication> registration;

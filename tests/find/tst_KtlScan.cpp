@@ -16,6 +16,7 @@ private slots:
     static void devices();
     static void modules();
     static void ends();
+    static void tooManyDevices();
 };
 
 namespace {
@@ -92,6 +93,16 @@ void tst_KtlScan::ends()
     QVERIFY(impossible.end.end == KtlWalkEnd::ImpossibleHead);
     QCOMPARE(impossible.end.offset, std::size_t{52});
     QCOMPARE(impossible.found.size(), std::size_t{1});
+}
+
+void tst_KtlScan::tooManyDevices()
+{
+    const find::KtlScan most = scanOf(general(1, 2, 3).repeated(50000), find::Wanted::Devices);
+    QVERIFY(!most.isTooMuch);
+    QCOMPARE(most.found.size(), std::size_t{50000});
+    const find::KtlScan more = scanOf(general(1, 2, 3).repeated(50001), find::Wanted::Devices);
+    QVERIFY(more.isTooMuch);
+    QCOMPARE(more.found.size(), std::size_t{50000});
 }
 
 static const testMain::Registration<tst_KtlScan, testMain::NoApplication> registration;
