@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <ostream>
 #include <utility>
 
 namespace cli {
@@ -84,7 +85,10 @@ private:
         if (input.found.empty())
             return;
         m_hasFound = true;
+        const Progress::Pause pause;
         m_writer->write(path, input.isKtl, input.found);
+        if (m_console.terminalWidth.has_value())
+            m_console.results.flush(); // somebody waits, and the line about progress comes again
     }
 
     Console& m_console;
@@ -114,10 +118,8 @@ ExitCode runFind(const QStringList& arguments, Console& console)
     Finder finder(request, console);
     finder.begin();
     for (int place = 0; place < list.paths.size(); ++place) {
-        std::optional<Progress> progress;
-        if (!console.terminalWidth.has_value()) // else what is found shows that work goes on
-            progress.emplace(QStringLiteral("looking through ") + shownName(list.paths.at(place)), place + 1,
-                             list.paths.size());
+        const Progress progress(QStringLiteral("looking through ") + shownName(list.paths.at(place)), place + 1,
+                                list.paths.size());
         finder.take(list.paths.at(place), work.take());
     }
     return finder.end();

@@ -35,10 +35,9 @@ std::string nameOf(const QString& path)
 class LineWriter final : public FoundWriter
 {
 public:
-    LineWriter(std::ostream& out, char end, bool isTerminal)
+    LineWriter(std::ostream& out, char end)
         : m_out(out)
         , m_end(end)
-        , m_isTerminal(isTerminal)
     {}
 
     void write(const QString& path, bool isKtl, const std::vector<find::Found>& found) override
@@ -49,8 +48,6 @@ public:
             m_out << identityOf(each).toStdString() << '\t' << column(each.type) << '\t' << column(each.name) << '\t'
                   << file << ':' << placeOf(each, isKtl).toStdString() << m_end;
         }
-        if (m_isTerminal)
-            m_out << std::flush; // somebody waits
     }
 
 private:
@@ -61,7 +58,6 @@ private:
 
     std::ostream& m_out;
     char m_end;
-    bool m_isTerminal;
 };
 
 class FileWriter final : public FoundWriter
@@ -190,7 +186,7 @@ std::unique_ptr<FoundWriter> makeFoundWriter(FoundForm form, char end, bool isTe
     case FoundForm::Lines:
         break;
     }
-    return std::make_unique<LineWriter>(out, end, isTerminal);
+    return std::make_unique<LineWriter>(out, end);
 }
 
 } // namespace cli

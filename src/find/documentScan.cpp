@@ -177,7 +177,7 @@ std::optional<XmlFormatError> scanAsDocument(QIODevice& file, DeviceWalk& walk)
         return tooLarge();
     if (source.isCut())
         return tooLong();
-    if (const std::optional<XmlFormatError> broken = brokenDocumentTypeLimit(beginning))
+    if (std::optional<XmlFormatError> broken = brokenDocumentTypeLimit(beginning))
         return broken;
     WalkHandler handler(walk, source);
     QXmlSimpleReader reader;

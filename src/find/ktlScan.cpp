@@ -111,8 +111,10 @@ private:
     [[nodiscard]] std::string nameAt(std::size_t number) const
     {
         std::string_view names = m_names;
-        for (; number > 0; --number)
-            names.remove_prefix(std::min(names.find('\n'), names.size() - 1) + (names.empty() ? 0 : 1));
+        for (; number > 0; --number) {
+            const std::size_t end = names.find('\n');
+            names.remove_prefix(end == std::string_view::npos ? names.size() : end + 1);
+        }
         return std::string(names.substr(0, names.find_first_of(lineEnds)));
     }
 

@@ -29,8 +29,8 @@ struct PlainStart
 /// Whether a text is well-formed UTF-8, and holds what a plain text may hold alone.
 [[nodiscard]] bool isPlainUtf8(std::string_view text);
 
-/// A text in UTF-8 that was given in Latin-1.
-[[nodiscard]] std::string utf8OfLatin1(std::string_view text);
+/// The text of a file in UTF-8, or of a part of it, that was given in Latin-1.
+[[nodiscard]] std::string utf8OfLatin1(std::string_view file);
 
 /// The text of a file in UTF-8, without byte order mark, if it is well-formed UTF-8 or Latin-1 and holds no control
 /// characters but blanks and line ends, no further marks, and none of the codes that are no characters.

@@ -1,4 +1,5 @@
 // The latest revision of each product, and identities that are there several times.
+// Covers selection.cpp.
 #include "find/selection.h"
 #include "testMain.h"
 
@@ -6,7 +7,7 @@
 
 #include <vector>
 
-class tst_Selection : public QObject
+class tst_FoundSelection : public QObject
 {
     Q_OBJECT
 
@@ -15,7 +16,7 @@ private slots:
     static void chosen();
 };
 
-void tst_Selection::chosen_data()
+void tst_FoundSelection::chosen_data()
 {
     QTest::addColumn<bool>("latest");
     QTest::addColumn<bool>("duplicates");
@@ -25,7 +26,7 @@ void tst_Selection::chosen_data()
     QTest::addRow("both") << true << true << "bc";
 }
 
-void tst_Selection::chosen()
+void tst_FoundSelection::chosen()
 {
     QFETCH(bool, latest);
     QFETCH(bool, duplicates);
@@ -46,5 +47,5 @@ void tst_Selection::chosen()
     QTEST(QString::fromStdString(names), "expected");
 }
 
-static const testMain::Registration<tst_Selection, testMain::NoApplication> registration;
-#include "tst_Selection.moc"
+static const testMain::Registration<tst_FoundSelection, testMain::NoApplication> registration;
+#include "tst_FoundSelection.moc"
