@@ -18,6 +18,8 @@ _ktl_sub_commands=(
     'show    xml,ktl --json --csv=dictionary|pdo|startup --spreadsheet --help --version'
     "check   xml,ktl --device=? --choices=json --json --sarif --fail-on=$_ktl_severities --only=! --ignore=! \
 --rules --explain=! --help --version"
+    "find    xml,ktl --vendor=? --product=? --revision=? --name=? --type=? --latest --duplicates --modules --json --csv \
+--null --files --help --version"
     'dump    ktl     --help --version'
 )
 

@@ -24,10 +24,11 @@ end
 
 complete --command ktl --no-files
 
-set -l sub_commands convert choices show check dump help
+set -l sub_commands convert choices show find check dump help
 for row in 'convert:turns ESI files into one KTL file with its text dump' \
         'choices:shows what can be chosen, as a template of a choices file' \
         'show:shows what ESI and KTL files hold' \
+        'find:says which files describe a device' \
         'check:says what would go wrong on the machine' \
         'dump:shows the text dump of a KTL file' \
         'help:shows the help'
@@ -63,6 +64,21 @@ __ktl_option show --long-option json --description 'Everything, as JSON'
 __ktl_option show --long-option csv --exclusive --arguments 'dictionary pdo startup' --description 'One table as CSV'
 __ktl_option show --long-option spreadsheet --description 'CSV for a spreadsheet program'
 
+# find
+__ktl_option find --arguments '(__ktl_files xml ktl)'
+__ktl_option find --long-option vendor --exclusive --description 'Of this vendor'
+__ktl_option find --long-option product --exclusive --description 'With this product code or ident'
+__ktl_option find --long-option revision --exclusive --description 'With this revision, or in a range of them'
+__ktl_option find --long-option name --exclusive --description 'With this name; * and ? stand for others'
+__ktl_option find --long-option type --exclusive --description 'With this type; * and ? stand for others'
+__ktl_option find --long-option latest --description 'The highest revision of each product'
+__ktl_option find --long-option duplicates --description 'Identities that are in several places'
+__ktl_option find --long-option modules --description 'Modules too'
+__ktl_option find --long-option json --description 'As JSON'
+__ktl_option find --long-option csv --description 'As CSV'
+__ktl_option find --short-option 0 --long-option null --description 'Ends lines with a zero byte'
+__ktl_option find --short-option l --long-option files --description 'Names of files alone'
+
 # check
 __ktl_option check --arguments '(__ktl_files xml ktl)'
 __ktl_option check --long-option device --exclusive --description 'Tells what is about this device only'
@@ -81,4 +97,4 @@ __ktl_option check --long-option explain --exclusive --arguments '(__ktl_rules)'
 __ktl_option dump --arguments '(__ktl_files ktl)'
 
 # help
-__ktl_option help --arguments 'convert choices show check dump'
+__ktl_option help --arguments 'convert choices show find check dump'

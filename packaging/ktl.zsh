@@ -7,6 +7,7 @@ _ktl_sub_commands()
         'convert:turns ESI files into one KTL file with its text dump'
         'choices:shows what can be chosen, as a template of a choices file'
         'show:shows what ESI and KTL files hold'
+        'find:says which files describe a device'
         'check:says what would go wrong on the machine'
         'dump:shows the text dump of a KTL file'
         'help:shows the help'
@@ -53,6 +54,22 @@ _ktl()
                 '(--csv --spreadsheet)--json[everything, as JSON]' \
                 '(--json)--csv=[one table as CSV]:table:(dictionary pdo startup)' \
                 '(--json)--spreadsheet[CSV for a spreadsheet program]' \
+                '*:ESI or KTL file:_files -g "*.(#i)(xml|ktl)(-.)"'
+            ;;
+        find)
+            _arguments -s $help \
+                '--vendor=[of this vendor]:number: ' \
+                '--product=[with this product code or ident]:number: ' \
+                '--revision=[with this revision, or in a range of them]:range: ' \
+                '--name=[with this name; * and ? stand for others]:pattern: ' \
+                '--type=[with this type; * and ? stand for others]:pattern: ' \
+                '--latest[the highest revision of each product]' \
+                '--duplicates[identities that are in several places]' \
+                '--modules[modules too]' \
+                '(--csv -l --files -0 --null)--json[as JSON]' \
+                '(--json -l --files -0 --null)--csv[as CSV]' \
+                '(--json --csv -0 --null)'{-0,--null}'[ends lines with a zero byte]' \
+                '(--json --csv -l --files)'{-l,--files}'[names of files alone]' \
                 '*:ESI or KTL file:_files -g "*.(#i)(xml|ktl)(-.)"'
             ;;
         check)

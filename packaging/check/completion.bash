@@ -35,7 +35,7 @@ if [[ $(complete -p ktl) != *'-F _ktl ktl' ]]; then
 fi
 
 # Sub-commands.
-completes '--help,--version,check,choices,convert,dump,help,show' ktl ''
+completes '--help,--version,check,choices,convert,dump,find,help,show' ktl ''
 completes 'check,choices,convert' ktl c
 completes '--version' ktl --v
 completes '' ktl unknown ''
@@ -48,6 +48,7 @@ completes '--help,--version' ktl choices -
 completes '--csv,--help,--json,--spreadsheet,--version' ktl show -
 completes '--version' ktl show machine.ktl --v
 completes '--choices,--device,--explain,--fail-on,--help,--ignore,--json,--only,--rules,--sarif,--version' ktl check -
+completes '--csv,--duplicates,--files,--help,--json,--latest,--modules,--name,--null,--product,--revision,--type,--vendor,--version' ktl find -
 completes '--help,--version' ktl dump -
 
 # Files of each.
@@ -55,6 +56,8 @@ completes 'DRIVE.XML,drive.xml,home,spare parts,two words.xml' ktl convert ''
 completes 'DRIVE.XML,drive.xml,home,spare parts,two words.xml' ktl choices ''
 completes 'DRIVE.XML,drive.xml,home,machine.ktl,spare parts,two words.xml' ktl show ''
 completes 'DRIVE.XML,drive.xml,home,machine.ktl,spare parts,two words.xml' ktl check ''
+completes 'DRIVE.XML,drive.xml,home,machine.ktl,spare parts,two words.xml' ktl find ''
+completes '' ktl find --name m
 completes 'home,machine.ktl,spare parts' ktl dump ''
 completes 'two words.xml' ktl convert drive.xml 'two\ w'
 completes 'two words.xml' ktl convert '"two w'
@@ -80,7 +83,7 @@ ktl()
 {
     [[ $* == 'check --rules' ]] && printf 'ktl-end   error    an end\nfile-kind  error    a kind\npdo-index  note     an index\n'
 }
-completes 'ktl-end,file-kind' ktl check --only f
+completes 'file-kind' ktl check --only f
 completes 'pdo-index' ktl check --explain = p
 
 [[ $failures -eq 0 ]] || exit 1

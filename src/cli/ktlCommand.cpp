@@ -4,6 +4,7 @@
 #include "cli/choicesCommand.h"
 #include "cli/convertCommand.h"
 #include "cli/dumpCommand.h"
+#include "cli/findCommand.h"
 #include "cli/inputFile.h"
 #include "cli/showCommand.h"
 #include "model/version.h"
@@ -28,7 +29,7 @@ struct SubCommand
 
 constexpr SubCommand subCommands[] = {
     {&convertText, runConvert}, {&choicesText, runChoices}, {&showText, runShow},
-    {&checkText, runCheck},     {&dumpText, runDump},
+    {&findText, runFind},       {&checkText, runCheck},     {&dumpText, runDump},
 };
 
 void showHelp(std::ostream& out)
@@ -44,7 +45,8 @@ void showHelp(std::ostream& out)
            "  -h, --help     Shows this help; after a sub-command, that of the sub-command.\n"
            "  -v, --version  Shows the version.\n\n"
            "Exit status: 0 done; 1 done, with warnings where --strict of convert is given,\n"
-           "or with findings of check that --fail-on names (errors, if nothing else);\n"
+           "or with findings of check that --fail-on names (errors, if nothing else),\n"
+           "or find has found nothing;\n"
            "2 input or arguments that cannot be used; 3 an output that cannot be written.\n\n"
            "Examples:\n";
     for (const SubCommand& subCommand : subCommands)

@@ -2,6 +2,7 @@
 #include "esi/esiFile.h"
 
 #include "esi/derivation/copyLimit.h"
+#include "esi/deviceName.h"
 #include "esi/fileElements.h"
 #include "esi/sections/sectionReaders.h"
 #include "esi/xml/documentTree.h"
@@ -18,23 +19,9 @@
 
 namespace {
 
-/// Stores the name of a device without the CDATA mark that some files have written out in their text.
 void storeDeviceName(struct_EtherCatDevice& device, const xml::Element& element)
 {
-    // ODD, KEPT: both counts are one more than the marks searched for, so that the angle brackets around a mark go with
-    // it, and the removal starts at position 0, where one would expect it to start at the mark. Pinned by
-    // tst_WalkDevice::cdataMark.
-    constexpr int openingLength = 9; // <![CDATA[
-    constexpr int closingLength = 3; // ]]>
-    const xml::ElementText text = element.text();
-    device.Name = text.toString(); // the last name of a device wins, whatever its language
-    if (device.Name.find("![CDATA[") == std::string::npos)
-        return;
-    QString name = QString::fromStdString(device.Name); // the counts are in its characters
-    name.remove(0, openingLength);
-    if (const auto closing = name.indexOf(QLatin1String("]]")); closing >= 0)
-        name.remove(closing, closingLength);
-    device.Name = name.toStdString();
+    device.Name = deviceNameOf(element.text()); // the last name of a device wins, whatever its language
 }
 
 struct SectionReader

@@ -38,7 +38,8 @@ static QSet<QString> wordsIn(const QString& text, const QString& pattern)
 static QSet<QString> optionsInHelp(const QStringList& subCommand)
 {
     const QString help = QString::fromUtf8(runHere(subCommand + QStringList{"--help"}).output);
-    return wordsIn(help.section(QStringLiteral("Examples:"), 0, 0), QStringLiteral("^ +(?:-[a-z], )?--([a-z][a-z-]*)"));
+    return wordsIn(help.section(QStringLiteral("Examples:"), 0, 0),
+                   QStringLiteral("^ +(?:-[a-z0-9], )?--([a-z][a-z-]*)"));
 }
 
 static QStringList subCommandsInHelp()
@@ -53,7 +54,7 @@ static QStringList subCommandsInHelp()
 
 void tst_Manual::subCommands()
 {
-    const QStringList names{"check", "choices", "convert", "dump", "show"};
+    const QStringList names{"check", "choices", "convert", "dump", "find", "show"};
     QCOMPARE(subCommandsInHelp(), names);
     QStringList inPage = wordsIn(packagingFile("ktl.1.in"), QStringLiteral("^\\.SY \"ktl ([a-z]+)\"")).values();
     QVERIFY(inPage.removeOne(QStringLiteral("help")));

@@ -1,4 +1,5 @@
 // The walk over one device: its name, its class, and the sections that it hands out.
+// Covers deviceName.cpp.
 #include "esi/readDocument.h"
 #include "testMain.h"
 

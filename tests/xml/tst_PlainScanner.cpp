@@ -1,4 +1,5 @@
 // Plain files, read straight from their bytes; and files that are handed over to the parser of documents.
+// Covers plainMarkup.cpp, plainScanner.cpp.
 #include "esi/xml/plainScanner.h"
 #include "esi/xml/xmlLimits.h"
 #include "testMain.h"

@@ -1,18 +1,14 @@
 #include "esi/xml/plainScanner.h"
 
-#include "esi/xml/characterReference.h"
 #include "esi/xml/limitCount.h"
 #include "esi/xml/nameRole.h"
 #include "esi/xml/plainCursor.h"
+#include "esi/xml/plainMarkup.h"
 #include "esi/xml/plainText.h"
 #include "esi/xml/treeBuilder.h"
 #include "esi/xml/xmlLimits.h"
 
-#include <QRegularExpression>
-#include <QString>
-
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -22,16 +18,6 @@
 namespace xml {
 
 namespace {
-
-/// Whether a text is nothing but blanks, those of other scripts included: such a text is no node.
-bool isBlank(std::string_view text)
-{
-    const auto isOther = [](char character) { return !isOf(character, Blank); };
-    const auto first = std::find_if(text.begin(), text.end(), isOther);
-    if (first == text.end() || static_cast<unsigned char>(*first) < 0x80)
-        return first == text.end();
-    return QString::fromUtf8(text.data(), static_cast<int>(text.size())).simplified().isEmpty();
-}
 
 /// Goes through a file from its start to its end. Functions that return false have met what is not plain; nothing else
 /// is called then.
@@ -65,18 +51,9 @@ private:
 
     bool passDeclaration()
     {
-        static const QRegularExpression declaration(
-            QLatin1String(R"x(^<\?xml\s+version\s*=\s*(?:"1\.0"|'1\.0'))x"
-                          R"x((?:\s+encoding\s*=\s*(?:"[A-Za-z][A-Za-z0-9._-]*"|'[A-Za-z][A-Za-z0-9._-]*'))?)x"
-                          R"x((?:\s+standalone\s*=\s*(?:"(?:yes|no)"|'(?:yes|no)'))?\s*\?>)x"));
-        constexpr std::size_t maxLength = 256;
-        if (!m_at.isNext("<?xml") || isOf(m_at.text().substr(0, 6).back(), NameRest))
-            return true;
-        const std::string_view start = m_at.text().substr(0, maxLength);
-        const QRegularExpressionMatch match =
-            declaration.match(QString::fromLatin1(start.data(), static_cast<int>(start.size())));
-        m_at.pass(static_cast<std::size_t>(match.capturedLength()));
-        return match.hasMatch() && m_count.addNode();
+        const std::optional<std::size_t> length = plainDeclarationLength(m_at.text());
+        m_at.pass(length.value_or(0));
+        return length.has_value() && (*length == 0 || m_count.addNode());
     }
 
     /// Comments, processing instructions and blanks outside of the root element, which are not in the tree.
@@ -103,16 +80,11 @@ private:
     {
         m_at.pass(std::string_view("<?").size());
         const std::optional<QualifiedName> target = m_at.takeName();
-        if (!target.has_value() || !target->prefix.empty() || isXml(target->local))
+        if (!target.has_value() || !target->prefix.empty() || isReservedTarget(target->local))
             return false;
         if (!m_at.isNext("?>") && !m_at.passBlanks())
             return false;
         return m_at.takeUpTo("?>").has_value() && m_count.addNode();
-    }
-
-    static bool isXml(std::string_view name)
-    {
-        return QString::fromLatin1(name.data(), static_cast<int>(name.size())).toLower() == QLatin1String("xml");
     }
 
     // ---- Elements ----
@@ -200,16 +172,7 @@ private:
         for (; isOf(m_at.next(), NameStart); hasBlank = m_at.passBlanks())
             if (!hasBlank || !scanAttribute())
                 return false;
-        return arePlain(m_attributes);
-    }
-
-    /// Whether it is plain which attribute a local name means: the last one with that name, unless one has a prefix.
-    static bool arePlain(const std::vector<QualifiedName>& attributes)
-    {
-        return std::none_of(attributes.begin(), attributes.end(), [&](const QualifiedName& prefixed) {
-            const auto isNamesake = [&](const QualifiedName& other) { return other.local == prefixed.local; };
-            return !prefixed.prefix.empty() && std::count_if(attributes.begin(), attributes.end(), isNamesake) > 1;
-        });
+        return arePlainTogether(m_attributes);
     }
 
     bool scanAttribute()
@@ -258,7 +221,7 @@ private:
         const std::optional<std::string_view> characters = takeCharacters(EndOfText, '<');
         if (!characters.has_value())
             return false;
-        if (isBlank(*characters))
+        if (isBlankText(*characters))
             return true;
         if (!m_count.addText(static_cast<int>(characters->size())))
             return false;
@@ -294,16 +257,9 @@ private:
 
     bool decodeReference()
     {
-        constexpr std::size_t maxLength = 12;
-        const std::string_view start = m_at.text().substr(m_at.position() + 1, maxLength);
-        const std::size_t length = start.find(';');
-        const std::optional<char16_t> character = referencedCharacter(start.substr(0, length));
-        if (length == std::string_view::npos || !character.has_value())
-            return false;
-        const QByteArray utf8 = QString(QChar(*character)).toUtf8();
-        m_decoded.append(utf8.constData(), static_cast<std::size_t>(utf8.size()));
-        m_at.pass(1 + length + 1);
-        return true;
+        const std::size_t length = appendReferenced(m_at.text().substr(m_at.position()), m_decoded);
+        m_at.pass(length);
+        return length > 0;
     }
 
     /// The range of what `takeCharacters` has taken.

@@ -70,6 +70,13 @@ bool isPlainCharacter(std::string_view bytes)
     return bytes != "\xEF\xBB\xBF" && bytes != "\xEF\xBF\xBE" && bytes != "\xEF\xBF\xBF";
 }
 
+bool isBeyondAscii(char character)
+{
+    return static_cast<unsigned char>(character) >= 0x80;
+}
+
+} // namespace
+
 bool isPlainUtf8(std::string_view text)
 {
     constexpr std::size_t wordSize = 8;
@@ -93,12 +100,7 @@ bool isPlainUtf8(std::string_view text)
     return true;
 }
 
-bool isBeyondAscii(char character)
-{
-    return static_cast<unsigned char>(character) >= 0x80;
-}
-
-std::string utf8OfLatin1(const std::string& file)
+std::string utf8OfLatin1(std::string_view file)
 {
     std::string text;
     text.reserve(file.size() + static_cast<std::size_t>(std::count_if(file.begin(), file.end(), isBeyondAscii)));
@@ -114,17 +116,25 @@ std::string utf8OfLatin1(const std::string& file)
     return text;
 }
 
-} // namespace
+std::optional<PlainStart> plainStartOf(std::string_view start)
+{
+    const std::size_t length = std::min<std::size_t>(start.size(), XmlDecoder::maxDeclarationBytes);
+    const XmlEncoding encoding = xmlEncodingOf(QByteArray(start.data(), static_cast<int>(length)));
+    const auto markLength = static_cast<std::size_t>(encoding.markLength);
+    if (encoding.codec->mibEnum() == latin1Number)
+        return PlainStart{PlainEncoding::Latin1, markLength};
+    if (encoding.codec->mibEnum() == utf8Number)
+        return PlainStart{PlainEncoding::Utf8, markLength};
+    return std::nullopt;
+}
 
 std::optional<std::string> plainText(std::string file)
 {
-    const std::size_t startLength = std::min<std::size_t>(file.size(), XmlDecoder::maxDeclarationBytes);
-    const XmlEncoding encoding = xmlEncodingOf(QByteArray(file.data(), static_cast<int>(startLength)));
-    const bool isLatin1 = encoding.codec->mibEnum() == latin1Number;
-    if (!isLatin1 && encoding.codec->mibEnum() != utf8Number)
+    const std::optional<PlainStart> start = plainStartOf(file);
+    if (!start.has_value())
         return std::nullopt;
-    file.erase(0, static_cast<std::size_t>(encoding.markLength));
-    if (isLatin1 && std::any_of(file.begin(), file.end(), isBeyondAscii))
+    file.erase(0, start->markLength);
+    if (start->encoding == PlainEncoding::Latin1 && std::any_of(file.begin(), file.end(), isBeyondAscii))
         file = utf8OfLatin1(file);
     return isPlainUtf8(file) ? std::make_optional(std::move(file)) : std::nullopt;
 }

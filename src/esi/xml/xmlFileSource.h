@@ -16,7 +16,7 @@ QT_WARNING_DISABLE_DEPRECATED
 
 /// Hands a file to the parser block by block: its whole text would take a fifth of the memory of its tree, at the time
 /// when that is largest. Line ends stay as they are in the file: its text mode is switched off.
-class XmlFileSource final : public QXmlInputSource
+class XmlFileSource : public QXmlInputSource
 {
 public:
     /// Bytes of a file that are read at a time: a read takes memory for all that it asks for, so it asks for little.
@@ -38,10 +38,11 @@ public:
     /// read, since a device or pipe does not say its own.
     [[nodiscard]] bool isTooLarge() const;
 
-private:
+protected:
     /// Text of the next bytes, none at the end of the file or of what may be read of it.
-    QString nextText();
+    virtual QString nextText();
 
+private:
     QIODevice& m_file;
     qint64 m_bytesRead = 0;
     std::optional<XmlDecoder> m_decoder; ///< made for the first bytes

@@ -1,0 +1,109 @@
+// Devices and modules of KTL files, by items that are built by hand, and the ends of files that are cut.
+#include "find/foundLines.h"
+#include "find/ktlScan.h"
+#include "ktl/format/ktlFormat.h"
+#include "testMain.h"
+
+#include <QBuffer>
+#include <QtEndian>
+#include <QtTest>
+
+class tst_KtlScan : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    static void devices();
+    static void modules();
+    static void ends();
+    static void tooManyDevices();
+};
+
+namespace {
+
+/// An item of words after its head.
+QByteArray item(std::uint32_t type, const QList<std::uint32_t>& words, const QByteArray& text = {})
+{
+    const auto bytesOf = [](std::uint32_t number) {
+        QByteArray bytes(4, '\0');
+        qToLittleEndian(number, bytes.data());
+        return bytes;
+    };
+    QByteArray content;
+    for (const std::uint32_t word : words)
+        content += bytesOf(word);
+    content += text;
+    return bytesOf(type) + bytesOf(static_cast<std::uint32_t>(content.size()) + 8) + content;
+}
+
+QByteArray general(std::uint32_t vendor, std::uint32_t product, std::uint32_t revision)
+{
+    return item(KTL_ITEM_General, {vendor, product, revision, 0, 0, 0, 0, 0, 0, 0, 0}); // 52 bytes
+}
+
+QByteArray names(const QByteArray& text)
+{
+    return item(KTL_ITEM_DeviceMoreInfo, {0, 0, 0, 0}, text);
+}
+
+find::KtlScan scanOf(QByteArray bytes, find::Wanted wanted)
+{
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    return find::scanKtl(buffer, wanted);
+}
+
+QByteArray file()
+{
+    return general(1, 2, 3) + item(KTL_ITEM_ModuleType, {0x10, 0, 0}) + names(QByteArray("Dev\nMod\nMod2\0\0", 14))
+           + item(KTL_ITEM_ModuleType, {0x11, 0, 0}) + item(KTL_ITEM_ModuleType, {0x12, 0, 0}) + item(KTL_ITEM_END, {})
+           + names("nobody") + general(4, 5, 6) + item(KTL_ITEM_END, {});
+}
+
+} // namespace
+
+void tst_KtlScan::devices()
+{
+    const find::KtlScan scan = scanOf(file(), find::Wanted::Devices);
+    // General 52, module 20, names 24 + 14, two modules 40, END 8, names 30
+    QCOMPARE(linesOf(scan.found), QStringList({"device 1:2:3 |Dev @ 0", "device 4:5:6 | @ 188"}));
+    QVERIFY(scan.end.end == KtlWalkEnd::Whole);
+}
+
+void tst_KtlScan::modules()
+{
+    QCOMPARE(linesOf(scanOf(file(), find::Wanted::DevicesAndModules).found),
+             QStringList({"device 1:2:3 |Dev @ 0", "module 1:10:0 |Mod @ 52", "module 1:11:0 |Mod2 @ 110",
+                          "module 1:12:0 | @ 130", "device 4:5:6 | @ 188"}));
+}
+
+/// As the walk that keeps all items has them.
+void tst_KtlScan::ends()
+{
+    const QByteArray whole = file() + item(1, {});
+    for (int length = 0; length <= whole.size(); ++length) {
+        const QByteArray bytes = whole.left(length);
+        const find::KtlScan scan = scanOf(bytes, find::Wanted::DevicesAndModules);
+        const KtlWalk walk = walkItems(reinterpret_cast<const unsigned char*>(bytes.constData()),
+                                       static_cast<std::size_t>(bytes.size()));
+        QVERIFY(scan.end.end == walk.end);
+        QCOMPARE(scan.end.offset, walk.offset);
+    }
+    const find::KtlScan impossible = scanOf(general(1, 2, 3) + QByteArray(8, '\0'), find::Wanted::Devices);
+    QVERIFY(impossible.end.end == KtlWalkEnd::ImpossibleHead);
+    QCOMPARE(impossible.end.offset, std::size_t{52});
+    QCOMPARE(impossible.found.size(), std::size_t{1});
+}
+
+void tst_KtlScan::tooManyDevices()
+{
+    const find::KtlScan most = scanOf(general(1, 2, 3).repeated(50000), find::Wanted::Devices);
+    QVERIFY(!most.isTooMuch);
+    QCOMPARE(most.found.size(), std::size_t{50000});
+    const find::KtlScan more = scanOf(general(1, 2, 3).repeated(50001), find::Wanted::Devices);
+    QVERIFY(more.isTooMuch);
+    QCOMPARE(more.found.size(), std::size_t{50000});
+}
+
+static const testMain::Registration<tst_KtlScan, testMain::NoApplication> registration;
+#include "tst_KtlScan.moc"
