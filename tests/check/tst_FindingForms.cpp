@@ -1,5 +1,5 @@
 // Findings as lines and as JSON, from files made by hand. SARIF is held against its required members in tests/cli.
-// Covers checkedFile.cpp, findingJson.cpp, findingLines.cpp.
+// Covers checkedFile.cpp, finding.cpp, findingJson.cpp, findingLines.cpp.
 #include "check/fileRules.h"
 #include "check/findingWriter.h"
 #include "check/rules.h"
