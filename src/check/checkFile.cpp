@@ -2,7 +2,7 @@
 
 #include "check/esiFacts.h"
 #include "check/ktlFacts.h"
-#include "check/report.h"
+#include "check/rules/report.h"
 #include "check/unitNames.h"
 #include "esi/xml/placeCursor.h"
 

@@ -3,7 +3,7 @@
 
 #include "check/encodingFault.h"
 #include "check/finding.h"
-#include "check/rules.h"
+#include "check/rules/rules.h"
 #include "esi/xml/tree.h"
 #include "model/deviceRecords.h"
 

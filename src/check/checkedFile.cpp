@@ -1,6 +1,6 @@
 #include "check/checkedFile.h"
 
-#include "check/report.h"
+#include "check/rules/report.h"
 #include "check/unitLabels.h"
 
 #include <algorithm>

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "check/checkFile.h"
-#include "check/dictionaryFacts.h"
+#include "check/dictionary/dictionaryFacts.h"
+#include "check/schema/treeFacts.h"
 #include "check/slotFacts.h"
-#include "check/treeFacts.h"
 #include "check/unitFacts.h"
 #include "esi/fileElements.h"
 #include "esi/xml/tree.h"

@@ -1,7 +1,7 @@
 // finding.h - what a rule has found.
 #pragma once
 
-#include "check/rule.h"
+#include "check/rules/rule.h"
 #include "esi/xml/tree.h"
 
 #include <QString>

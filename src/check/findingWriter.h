@@ -2,7 +2,7 @@
 #pragma once
 
 #include "check/checkedFile.h"
-#include "check/rule.h"
+#include "check/rules/rule.h"
 
 #include <cstdint>
 #include <iosfwd>

@@ -1,6 +1,6 @@
 #include "check/knownIdentities.h"
 
-#include "check/fileRules.h"
+#include "check/rules/fileRules.h"
 #include "model/valueTexts.h"
 
 namespace check {

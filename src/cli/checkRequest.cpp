@@ -1,6 +1,6 @@
 #include "cli/checkRequest.h"
 
-#include "check/rules.h"
+#include "check/rules/rules.h"
 #include "cli/ruleTexts.h"
 #include "cli/streamName.h"
 #include "text/shownText.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "check/findingWriter.h"
-#include "check/rule.h"
+#include "check/rules/rule.h"
 #include "cli/commandLine.h"
 
 #include <QCommandLineOption>

@@ -1,7 +1,7 @@
 #include "cli/checkedInput.h"
 
 #include "check/checkFile.h"
-#include "check/fileRules.h"
+#include "check/rules/fileRules.h"
 #include "cli/ktlInput.h"
 #include "cli/streamName.h"
 #include "esi/fileBeingRead.h"

@@ -3,7 +3,7 @@
 
 #include "check/checkedFile.h"
 #include "check/encodingFault.h"
-#include "check/rule.h"
+#include "check/rules/rule.h"
 #include "cli/inputFile.h"
 #include "esi/esiFile.h"
 

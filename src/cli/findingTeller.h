@@ -1,9 +1,9 @@
 // findingTeller.h - tells the findings of the files of a call, in the order of the arguments.
 #pragma once
 
-#include "check/fileRules.h"
 #include "check/findingWriter.h"
 #include "check/knownIdentities.h"
+#include "check/rules/fileRules.h"
 #include "choices/deviceSelectors.h"
 #include "cli/checkRequest.h"
 #include "cli/sameInputs.h"

@@ -1,6 +1,6 @@
 #include "cli/ruleTexts.h"
 
-#include "check/rules.h"
+#include "check/rules/rules.h"
 #include "cli/wrappedText.h"
 #include "text/shownText.h"
 #include "text/textMatching.h"

@@ -1,7 +1,7 @@
 // ruleTexts.h - the rules of the check, for those who use it.
 #pragma once
 
-#include "check/rule.h"
+#include "check/rules/rule.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 // Look-ups in a CoE dictionary.
 // Covers dictionaryContent.cpp.
-#include "check/dictionaryFacts.h"
+#include "check/dictionary/dictionaryFacts.h"
 #include "dictionaryParts.h"
 #include "esi/esiFile.h"
 #include "testMain.h"

@@ -1,8 +1,8 @@
 // Findings as lines and as JSON, from files made by hand. SARIF is held against its required members in tests/cli.
 // Covers checkedFile.cpp, finding.cpp, findingJson.cpp, findingLines.cpp.
-#include "check/fileRules.h"
 #include "check/findingWriter.h"
-#include "check/rules.h"
+#include "check/rules/fileRules.h"
+#include "check/rules/rules.h"
 #include "testMain.h"
 
 #include <QJsonArray>

@@ -1,5 +1,5 @@
 // The collection of findings.
-#include "check/report.h"
+#include "check/rules/report.h"
 #include "testMain.h"
 
 #include <QtTest>

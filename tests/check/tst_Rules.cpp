@@ -1,5 +1,5 @@
 // The table of rules: what holds for each row.
-#include "check/rules.h"
+#include "check/rules/rules.h"
 #include "testMain.h"
 
 #include <QRegularExpression>

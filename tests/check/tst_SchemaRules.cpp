@@ -3,7 +3,7 @@
 #include "checkParts.h"
 #include "testMain.h"
 
-#include "check/report.h"
+#include "check/rules/report.h"
 
 #include <QtTest>
 

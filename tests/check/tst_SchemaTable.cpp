@@ -3,8 +3,8 @@
 // Covers schema.cpp, schemaRowsDevice.cpp, schemaRowsDeviceInfo.cpp, schemaRowsDictionary.cpp.
 #include "testMain.h"
 
-#include "check/schema.h"
-#include "check/schemaRows.h"
+#include "check/schema/schema.h"
+#include "check/schema/schemaRows.h"
 
 #include <QDir>
 #include <QDomDocument>

@@ -1,5 +1,5 @@
 // The data types of the CoE standard by their names.
-#include "check/standardTypes.h"
+#include "check/dictionary/standardTypes.h"
 #include "testMain.h"
 
 #include <QtTest>

@@ -1,5 +1,5 @@
 // Defaults and limits of a dictionary as numbers.
-#include "check/writtenValues.h"
+#include "check/dictionary/writtenValues.h"
 #include "testMain.h"
 
 #include <QtTest>

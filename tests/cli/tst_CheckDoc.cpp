@@ -1,5 +1,5 @@
 // docs/check.md against the table of rules, and what the command prints.
-#include "check/rules.h"
+#include "check/rules/rules.h"
 #include "cli/commandInProcess.h"
 #include "cli/workplace.h"
 #include "testMain.h"

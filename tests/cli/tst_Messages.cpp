@@ -1,5 +1,5 @@
 // docs/messages.md against what the command and the window say, and how the command cuts what is too long.
-#include "check/rules.h"
+#include "check/rules/rules.h"
 #include "cli/commandInProcess.h"
 #include "cli/workplace.h"
 #include "editing/exportChecks.h"
