@@ -13,8 +13,6 @@ namespace find {
 
 namespace {
 
-constexpr std::string_view lineEnds("\r\n\0", 3);
-
 /// Goes through a file.
 class KtlFileScan
 {
@@ -36,13 +34,14 @@ public:
             if (left < sizeof head || isImpossible(head))
                 break;
             const std::size_t present = std::min<std::size_t>(left, head.m_iSize);
-            take(head.m_iItemType, walk.offset, present);
+            take(head, walk.offset, present);
             m_result.isTooMuch = m_result.found.size() > maxFound;
             walk.offset += present;
             walk.end = head.m_iItemType == KTL_ITEM_END ? KtlWalkEnd::Whole : KtlWalkEnd::NoEndItem;
             if (present < head.m_iSize)
                 walk.end = KtlWalkEnd::CutItem;
         }
+        endBlock();
         if (m_result.isTooMuch)
             m_result.found.pop_back();
         return std::move(m_result);
@@ -63,15 +62,20 @@ private:
         return m_file.seek(static_cast<qint64>(offset)) ? m_file.read(static_cast<qint64>(length)) : QByteArray();
     }
 
-    void take(std::uint32_t type, std::size_t offset, std::size_t present)
+    /// Of an item that is cut, the numbers would be wrong ones.
+    void take(const KtlItemHead& head, std::size_t offset, std::size_t present)
     {
-        if (type == KTL_ITEM_General)
+        const bool isWhole = present == head.m_iSize;
+        if (head.m_iItemType == KTL_ITEM_General)
+            endBlock();
+        if (head.m_iItemType == KTL_ITEM_General && isWhole)
             beginBlock(offset, recordAt<struct_KTL_EtherCatDeviceType>(offset, present));
-        else if (type == KTL_ITEM_END)
-            m_isInBlock = false;
-        else if (type == KTL_ITEM_DeviceMoreInfo && m_isInBlock)
-            takeNames(offset, present);
-        else if (type == KTL_ITEM_ModuleType && m_isInBlock && m_wanted == Wanted::DevicesAndModules)
+        else if (head.m_iItemType == KTL_ITEM_END)
+            endBlock();
+        else if (head.m_iItemType == KTL_ITEM_DeviceMoreInfo)
+            m_names = {offset, present};
+        else if (head.m_iItemType == KTL_ITEM_ModuleType && isWhole && m_isInBlock
+                 && m_wanted == Wanted::DevicesAndModules)
             addModule(offset, recordAt<struct_KTL_moduleType>(offset, present));
     }
 
@@ -79,51 +83,58 @@ private:
     {
         m_block = m_result.found.size();
         m_isInBlock = true;
-        m_names.clear();
+        m_names = {};
         m_result.found.push_back(
             {FoundKind::Device, general.m_iVendor_Id, general.m_iProduct_Code, general.m_iRevision_No, {}, {}, offset});
     }
 
     void addModule(std::size_t offset, const struct_KTL_moduleType& module)
     {
-        const std::size_t number = m_result.found.size() - m_block;
-        m_result.found.push_back({FoundKind::Module,
-                                  m_result.found[m_block].vendor,
-                                  module.TypeAttributes.ModuleIdent,
-                                  0,
-                                  {},
-                                  nameAt(number),
-                                  offset});
+        m_result.found.push_back(
+            {FoundKind::Module, m_result.found[m_block].vendor, module.TypeAttributes.ModuleIdent, 0, {}, {}, offset});
     }
 
-    /// The first line is the name of the device, the others are those of its modules.
-    void takeNames(std::size_t offset, std::size_t present)
+    /// Gives names: the first line is that of the device, the others are those of its modules.
+    void endBlock()
+    {
+        if (!m_isInBlock)
+            return;
+        m_isInBlock = false;
+        const std::string text = namesText();
+        std::string_view left = text;
+        for (std::size_t index = m_block; index < m_result.found.size() && !left.empty(); ++index) {
+            const std::size_t end = std::min(left.find('\n'), left.size());
+            const std::string_view line = left.substr(0, end);
+            m_result.found[index].name = line.substr(0, line.find('\r'));
+            left.remove_prefix(std::min(end + 1, left.size()));
+        }
+    }
+
+    std::string namesText()
     {
         constexpr std::size_t maxLength = std::size_t{1024} * 1024;
         constexpr std::size_t textStart = offsetof(struct_KTL_DeviceMoreInfo, m_aStrChar);
-        const std::size_t length = std::min(maxLength, present - std::min(present, textStart));
-        m_names = bytesAt(offset + textStart, length).toStdString();
-        m_names.resize(std::min(m_names.find('\0'), m_names.size()));
-        for (std::size_t index = m_block; index < m_result.found.size(); ++index)
-            m_result.found[index].name = nameAt(index - m_block);
+        if (m_names.present <= textStart)
+            return {};
+        std::string text =
+            bytesAt(m_names.offset + textStart, std::min(maxLength, m_names.present - textStart)).toStdString();
+        text.resize(std::min(text.find('\0'), text.size()));
+        return text;
     }
 
-    [[nodiscard]] std::string nameAt(std::size_t number) const
+    /// Where an item lies, as far as it is there.
+    struct ItemPlace
     {
-        std::string_view names = m_names;
-        for (; number > 0; --number) {
-            const std::size_t end = names.find('\n');
-            names.remove_prefix(end == std::string_view::npos ? names.size() : end + 1);
-        }
-        return std::string(names.substr(0, names.find_first_of(lineEnds)));
-    }
+        std::size_t offset = 0;
+        std::size_t present = 0;
+    };
 
     QIODevice& m_file;
     Wanted m_wanted;
     KtlScan m_result;
     std::size_t m_block = 0; ///< the device of the block in what was found
     bool m_isInBlock = false;
-    std::string m_names; ///< of the block
+    ItemPlace m_names; ///< the last ones of the block; only these count
 };
 
 } // namespace

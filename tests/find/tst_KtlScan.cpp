@@ -8,6 +8,9 @@
 #include <QtEndian>
 #include <QtTest>
 
+#include <algorithm>
+#include <vector>
+
 class tst_KtlScan : public QObject
 {
     Q_OBJECT
@@ -15,6 +18,9 @@ class tst_KtlScan : public QObject
 private slots:
     static void devices();
     static void modules();
+    static void lastNamesCount();
+    static void manyModules();
+    static void cutItems();
     static void ends();
     static void tooManyDevices();
 };
@@ -75,6 +81,55 @@ void tst_KtlScan::modules()
     QCOMPARE(linesOf(scanOf(file(), find::Wanted::DevicesAndModules).found),
              QStringList({"device 1:2:3 |Dev @ 0", "module 1:10:0 |Mod @ 52", "module 1:11:0 |Mod2 @ 110",
                           "module 1:12:0 | @ 130", "device 4:5:6 | @ 188"}));
+}
+
+/// Of all modules of the block, also of those that come later; without a line there is no name.
+void tst_KtlScan::lastNamesCount()
+{
+    const QByteArray block = general(1, 2, 3) + names("Old\nA\nB\nC") + item(KTL_ITEM_ModuleType, {0x10, 0, 0})
+                             + names("New\r\n\nD\r") + item(KTL_ITEM_ModuleType, {0x11, 0, 0})
+                             + item(KTL_ITEM_ModuleType, {0x12, 0, 0});
+    // General 52, names 24 + 9, module 20, names 24 + 8, two modules 40
+    const QStringList first{"device 1:2:3 |New @ 0", "module 1:10:0 | @ 85", "module 1:11:0 |D @ 137",
+                            "module 1:12:0 | @ 157"};
+    QCOMPARE(linesOf(scanOf(block, find::Wanted::DevicesAndModules).found), first);
+    QCOMPARE(linesOf(scanOf(block + general(4, 5, 6), find::Wanted::DevicesAndModules).found),
+             first + QStringList{"device 4:5:6 | @ 177"});
+}
+
+/// Each text is split once at most, however many modules and texts there are.
+void tst_KtlScan::manyModules()
+{
+    constexpr int modules = 49000;
+    constexpr int texts = 200;
+    const QByteArray bytes = general(1, 2, 3) + item(KTL_ITEM_ModuleType, {0x10, 0, 0}).repeated(modules)
+                             + names(QByteArray("m\n").repeated(modules + 1)).repeated(texts)
+                             + names(QByteArray("n\n").repeated(modules) + "last") + item(KTL_ITEM_END, {});
+    const find::KtlScan scan = scanOf(bytes, find::Wanted::DevicesAndModules);
+    QVERIFY(scan.end.end == KtlWalkEnd::Whole);
+    QCOMPARE(scan.found.size(), std::size_t{modules} + 1);
+    for (std::size_t index = 0; index < modules; ++index)
+        QCOMPARE(scan.found[index].name, std::string("n"));
+    QCOMPARE(scan.found.back().name, std::string("last"));
+}
+
+/// A device or module whose item is cut has no identity.
+void tst_KtlScan::cutItems()
+{
+    const QByteArray whole = file();
+    // the items that count, in the order of the file: their ends
+    const std::vector<int> deviceEnds{52, 240};
+    const std::vector<int> moduleEnds{72, 130, 150};
+    const auto countUpTo = [](const std::vector<int>& ends, int length) {
+        return std::count_if(ends.begin(), ends.end(), [&](int end) { return end <= length; });
+    };
+    for (int length = 0; length <= whole.size(); ++length) {
+        const std::vector<find::Found> found = scanOf(whole.left(length), find::Wanted::DevicesAndModules).found;
+        const auto isDevice = [](const find::Found& each) { return each.kind == find::FoundKind::Device; };
+        const auto devices = std::count_if(found.begin(), found.end(), isDevice);
+        QCOMPARE(devices, countUpTo(deviceEnds, length));
+        QCOMPARE(static_cast<std::ptrdiff_t>(found.size()) - devices, countUpTo(moduleEnds, length));
+    }
 }
 
 /// As the walk that keeps all items has them.
