@@ -42,6 +42,16 @@ struct Waiting
     FoundInput input;
 };
 
+void report(const std::vector<find::UnreadablePath>& unreadable, Messages& messages)
+{
+    for (const auto& [path, reason, isFolder] : unreadable) {
+        if (isFolder)
+            messages.error(path, QStringLiteral("the folder cannot be read: ") + reason);
+        else
+            reportUnreadable(path, reason, messages);
+    }
+}
+
 class Finder
 {
 public:
@@ -108,9 +118,8 @@ ExitCode runFind(const QStringList& arguments, Console& console)
     if (const QString problem = problemOfFind(line); !problem.isEmpty())
         return line.refuse(problem, console);
     const FindRequest request = findRequestFrom(line);
-    const find::FileList list = find::listFiles(request.paths);
-    for (const auto& [folder, reason] : list.unreadable)
-        console.messages.error(folder, QStringLiteral("the folder cannot be read: ") + reason);
+    const find::FileList list = find::listFiles(request.paths, isStandardInput);
+    report(list.unreadable, console.messages);
     RetriedWork<FoundInput> work(list.paths, console.cores, [&](std::size_t index) {
         const int place = static_cast<int>(index);
         return findIn(list.paths.at(place), list.named.count(place) > 0, request.filter);

@@ -40,6 +40,25 @@ std::string inFolder(const std::string& folder, const std::string& name)
     return folder.empty() || folder.back() == '/' ? folder + name : folder + '/' + name;
 }
 
+/// Whether a link has nothing at its end; other errors say that it is not known what is there.
+bool leadsNowhere(const std::error_code& error)
+{
+    return error == std::errc::no_such_file_or_directory || error == std::errc::too_many_symbolic_link_levels;
+}
+
+/// Takes what is in a folder and is none.
+/// @param own    of the path itself, not of what it links to
+/// @param error  why that is not known
+void addFile(const std::string& path, const fs::file_status& own, std::error_code error, FileList& list)
+{
+    const bool isLink = fs::is_symlink(own);
+    const fs::file_status meant = isLink ? fs::status(path, error) : own;
+    if (fs::is_regular_file(meant))
+        list.paths += pathOf(path);
+    else if (error && !(isLink && leadsNowhere(error)))
+        list.unreadable.push_back({pathOf(path), QString::fromStdString(error.message()), false});
+}
+
 /// Goes through folders without recursion, however deep they lie in each other.
 void addFolder(const std::string& folder, FileList& list)
 {
@@ -51,14 +70,12 @@ void addFolder(const std::string& folder, FileList& list)
         const bool isNamed = path == folder;
         const fs::file_status own = isNamed ? fs::status(path, error) : fs::symlink_status(path, error);
         if (!fs::is_directory(own)) {
-            if (fs::is_regular_file(fs::status(path, error)))
-                list.paths += pathOf(path);
+            addFile(path, own, error, list);
             continue;
         }
-        error.clear();
-        std::vector<std::string> names = namesIn(path, error);
+        const std::vector<std::string> names = namesIn(path, error);
         if (error)
-            list.unreadable.emplace_back(pathOf(path), QString::fromStdString(error.message()));
+            list.unreadable.push_back({pathOf(path), QString::fromStdString(error.message()), true});
         for (auto name = names.rbegin(); name != names.rend(); ++name)
             waiting.push_back(inFolder(path, *name));
     }
@@ -66,12 +83,12 @@ void addFolder(const std::string& folder, FileList& list)
 
 } // namespace
 
-FileList listFiles(const QStringList& paths)
+FileList listFiles(const QStringList& paths, const std::function<bool(const QString&)>& isStream)
 {
     FileList list;
     for (const QString& path : paths) {
         std::error_code error;
-        if (fs::is_directory(bytesOf(path), error)) {
+        if (!isStream(path) && fs::is_directory(bytesOf(path), error)) {
             addFolder(bytesOf(path), list);
         } else {
             list.named.insert(list.paths.size());

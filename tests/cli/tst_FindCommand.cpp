@@ -147,6 +147,7 @@ void tst_FindCommand::closedFolderAndLoop()
     place.make("b.xml", esiWith(deviceOf("6", "1", "Closed")));
     QVERIFY(QFile::setPermissions(place.folder(), QFile::Permissions(0x7777)));
     QVERIFY(QFile::setPermissions(place.path("a/closed"), QFile::Permissions()));
+    QVERIFY(QFile::link(place.path("a/closed/z.xml"), place.path("c.xml")));
     QVERIFY(QFile::setPermissions(place.path("b.xml"), QFile::Permissions()));
     CommandRun run;
     {
@@ -157,6 +158,7 @@ void tst_FindCommand::closedFolderAndLoop()
     QVERIFY(QFile::setPermissions(place.path("a/closed"), QFile::Permissions(0x7777)));
     QCOMPARE(run.output, QByteArray("0x7e570009:0x5:0x1\tT-5\tOpen\t./a/x.xml:4\n"));
     QCOMPARE(run.errors, QByteArray("./a/closed: error: the folder cannot be read: Permission denied\n"
+                                    "./c.xml: error: the file cannot be read: Permission denied\n"
                                     "./b.xml: error: the file cannot be read: Permission denied\n"));
     QCOMPARE(run.exitCode, 2);
 }
