@@ -48,10 +48,10 @@ void findInKtl(QIODevice& file, const find::Filter& filter, FoundInput& input)
 
 void findInOpen(QIODevice& file, InputKind kind, bool isNamed, const find::Filter& filter, FoundInput& input)
 {
-    if (kind == InputKind::Ktl)
-        findInKtl(file, filter, input);
-    else
+    if (kind != InputKind::Ktl)
         findInEsi(file, isNamed, filter, input);
+    else if (isNamed || find::beginsWithDevice(file))
+        findInKtl(file, filter, input);
 }
 
 /// All that a pipe has, and at most one byte more than a file may have.

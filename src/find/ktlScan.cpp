@@ -13,6 +13,19 @@ namespace find {
 
 namespace {
 
+QByteArray bytesAt(QIODevice& file, std::size_t offset, std::size_t length)
+{
+    return file.seek(static_cast<qint64>(offset)) ? file.read(static_cast<qint64>(length)) : QByteArray();
+}
+
+/// @param present  bytes that are there; others are 0
+template<typename Record> Record recordAt(QIODevice& file, std::size_t offset, std::size_t present)
+{
+    const QByteArray bytes = bytesAt(file, offset, std::min(present, sizeof(Record)));
+    return ItemBytes(reinterpret_cast<const unsigned char*>(bytes.constData()), static_cast<std::size_t>(bytes.size()))
+        .template at<Record>(0);
+}
+
 /// Goes through a file.
 class KtlFileScan
 {
@@ -29,7 +42,7 @@ public:
         walk.end = KtlWalkEnd::CutHead; // unless there is an item
         while (walk.offset < size && !m_result.isTooMuch) {
             const std::size_t left = size - walk.offset;
-            const auto head = recordAt<KtlItemHead>(walk.offset, left);
+            const auto head = recordAt<KtlItemHead>(m_file, walk.offset, left);
             walk.end = left < sizeof head ? KtlWalkEnd::CutHead : KtlWalkEnd::ImpossibleHead;
             if (left < sizeof head || isImpossible(head))
                 break;
@@ -48,20 +61,6 @@ public:
     }
 
 private:
-    /// @param present  bytes that are there; others are 0
-    template<typename Record> Record recordAt(std::size_t offset, std::size_t present)
-    {
-        const QByteArray bytes = bytesAt(offset, std::min(present, sizeof(Record)));
-        return ItemBytes(reinterpret_cast<const unsigned char*>(bytes.constData()),
-                         static_cast<std::size_t>(bytes.size()))
-            .template at<Record>(0);
-    }
-
-    QByteArray bytesAt(std::size_t offset, std::size_t length)
-    {
-        return m_file.seek(static_cast<qint64>(offset)) ? m_file.read(static_cast<qint64>(length)) : QByteArray();
-    }
-
     /// Of an item that is cut, the numbers would be wrong ones.
     void take(const KtlItemHead& head, std::size_t offset, std::size_t present)
     {
@@ -69,14 +68,14 @@ private:
         if (head.m_iItemType == KTL_ITEM_General)
             endBlock();
         if (head.m_iItemType == KTL_ITEM_General && isWhole)
-            beginBlock(offset, recordAt<struct_KTL_EtherCatDeviceType>(offset, present));
+            beginBlock(offset, recordAt<struct_KTL_EtherCatDeviceType>(m_file, offset, present));
         else if (head.m_iItemType == KTL_ITEM_END)
             endBlock();
         else if (head.m_iItemType == KTL_ITEM_DeviceMoreInfo)
             m_names = {offset, present};
         else if (head.m_iItemType == KTL_ITEM_ModuleType && isWhole && m_isInBlock
                  && m_wanted == Wanted::DevicesAndModules)
-            addModule(offset, recordAt<struct_KTL_moduleType>(offset, present));
+            addModule(offset, recordAt<struct_KTL_moduleType>(m_file, offset, present));
     }
 
     void beginBlock(std::size_t offset, const struct_KTL_EtherCatDeviceType& general)
@@ -117,7 +116,7 @@ private:
         if (m_names.present <= textStart)
             return {};
         std::string text =
-            bytesAt(m_names.offset + textStart, std::min(maxLength, m_names.present - textStart)).toStdString();
+            bytesAt(m_file, m_names.offset + textStart, std::min(maxLength, m_names.present - textStart)).toStdString();
         text.resize(std::min(text.find('\0'), text.size()));
         return text;
     }
@@ -142,6 +141,21 @@ private:
 KtlScan scanKtl(QIODevice& file, Wanted wanted)
 {
     return KtlFileScan(file, wanted).scan();
+}
+
+bool beginsWithDevice(QIODevice& file)
+{
+    constexpr int maxEmptyRuns = 1000;
+    std::size_t offset = 0;
+    for (int run = 0; run < maxEmptyRuns; ++run) {
+        const auto head = recordAt<KtlItemHead>(file, offset, sizeof(KtlItemHead));
+        if (head.m_iItemType == KTL_ITEM_General)
+            return !isImpossible(head) && head.m_iSize >= sizeof(struct_KTL_EtherCatDeviceType);
+        if (head.m_iItemType != KTL_ITEM_END || head.m_iSize != sizeof(struct_KTL_ItemEnd))
+            return false;
+        offset += head.m_iSize;
+    }
+    return false;
 }
 
 } // namespace find

@@ -22,4 +22,9 @@ struct KtlScan
 /// @param file  open for reading at its start; places in it can be sought
 [[nodiscard]] KtlScan scanKtl(QIODevice& file, Wanted wanted);
 
+/// Whether a file begins with a device, after End items of runs that are empty. Many files begin with zeros, which are
+/// the code of an End item; a KTL file without a device holds nothing to find.
+/// @param file  as above; another place in it is read next
+[[nodiscard]] bool beginsWithDevice(QIODevice& file);
+
 } // namespace find

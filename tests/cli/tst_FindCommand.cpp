@@ -130,11 +130,17 @@ void tst_FindCommand::exitStatus()
 
 void tst_FindCommand::foldersPassOver()
 {
+    m_place.make("d/zeros.bin", QByteArray(64, '\0'));
     QCOMPARE(::mkfifo(QFile::encodeName(m_place.path("d/pipe")).constData(), 0600), 0);
     const CommandRun run = runHere({"find", "d", "-l"}, m_place.folder());
     QCOMPARE(run.output, QByteArray("d/b.xml\n"));
     QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(run.exitCode, 0);
     QVERIFY(QFile::remove(m_place.path("d/pipe")));
+    const CommandRun zeros = runHere({"find", "d/zeros.bin"}, m_place.folder());
+    QCOMPARE(zeros.errors, QByteArray("d/zeros.bin: error: the item head at 0x0 cannot be right\n"));
+    QCOMPARE(zeros.exitCode, 2);
+    QVERIFY(QFile::remove(m_place.path("d/zeros.bin")));
 }
 
 /// They are told, and what can be read is found; a loop of links is no trouble.
@@ -262,6 +268,9 @@ void tst_FindCommand::throughTheProgram()
     const CommandRun piped = runKtl({"find", "-"}, start);
     QCOMPARE(piped.output, QByteArray("0x7e570009:0x5:0x1\tT-5\tPiped\t<stdin>:4\n"));
     QCOMPARE(piped.exitCode, 0);
+    QVERIFY(QDir(m_place.folder()).mkpath("-"));
+    start.folder = m_place.folder();
+    QCOMPARE(runKtl({"find", "-"}, start).output, piped.output);
     CommandStart redirected;
     redirected.inputFile = m_place.path("a.xml");
     QCOMPARE(runKtl({"find", "-", "-l"}, redirected).output, QByteArray("<stdin>\n"));

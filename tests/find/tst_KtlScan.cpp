@@ -23,6 +23,8 @@ private slots:
     static void cutItems();
     static void ends();
     static void tooManyDevices();
+    static void beginnings_data();
+    static void beginnings();
 };
 
 namespace {
@@ -158,6 +160,32 @@ void tst_KtlScan::tooManyDevices()
     const find::KtlScan more = scanOf(general(1, 2, 3).repeated(50001), find::Wanted::Devices);
     QVERIFY(more.isTooMuch);
     QCOMPARE(more.found.size(), std::size_t{50000});
+}
+
+void tst_KtlScan::beginnings_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("expected");
+    const QByteArray end = item(KTL_ITEM_END, {0}); // 12 bytes
+    const QByteArray device = general(1, 2, 3);
+    QTest::addRow("a device") << device + end << true;
+    QTest::addRow("a cut device") << device.left(8) << true;
+    QTest::addRow("empty runs before a device") << end + end + device + end << true;
+    QTest::addRow("empty runs alone") << end + end << false;
+    QTest::addRow("half a head") << device.left(4) << false;
+    QTest::addRow("a short device") << item(KTL_ITEM_General, {1, 2}) << false;
+    QTest::addRow("another item") << names("x") + device << false;
+    QTest::addRow("zeros") << QByteArray(4096, '\0') << false;
+    QTest::addRow("zeros and numbers") << item(KTL_ITEM_END, {1, 2, 3}) + device << false;
+    QTest::addRow("nothing") << QByteArray() << false;
+}
+
+void tst_KtlScan::beginnings()
+{
+    QFETCH(QByteArray, bytes);
+    QBuffer buffer(&bytes);
+    QVERIFY(buffer.open(QIODevice::ReadOnly));
+    QTEST(find::beginsWithDevice(buffer), "expected");
 }
 
 static const testMain::Registration<tst_KtlScan, testMain::NoApplication> registration;
