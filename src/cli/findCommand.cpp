@@ -5,6 +5,7 @@
 #include "cli/inputFile.h"
 #include "cli/progress.h"
 #include "cli/retriedWork.h"
+#include "cli/sameInputs.h"
 #include "cli/streamName.h"
 #include "find/fileList.h"
 #include "find/selection.h"
@@ -24,12 +25,14 @@ const SubCommandText findText{
     QLatin1String(
         "Says which files describe a device: a line for each that fits all options, with its identity, type,\n"
         "name and place, a tab between them. The place is file and line, in a KTL file the offset of a byte.\n"
-        "The identity works for --device of other sub-commands. Files in folders that are neither ESI nor\n"
-        "KTL files are passed over. The exit status is 0 if something was found, 1 if not, and 2 if a file\n"
-        "or folder could not be read to its end; the others are looked through all the same."),
+        "The identity of a device works for --device where one device of the files has it; KTL files are\n"
+        "for check --device alone. Files in folders that are neither ESI nor KTL files are passed over.\n"
+        "The exit status is 0 if something was found, 1 if not, and 2 if a file or folder could not be read\n"
+        "to its end; the others are looked through all the same. --latest and --duplicates hold what fits\n"
+        "until the last file is read; a file that is given twice counts once for --duplicates."),
     QLatin1String("  ktl find --name '*coupler*' esi/\n"
                   "  ktl find --vendor 0x7e570002 --product 0x5001 --latest esi/\n"
-                  "  ktl find --revision '>=0x120000' -l esi/ | xargs ktl check\n"
+                  "  ktl find --revision '>=0x120000' -l -0 esi/ | xargs -0 ktl check\n"
                   "  ktl find --duplicates esi/ more/coupler.xml\n"),
 };
 
@@ -71,8 +74,9 @@ public:
             report(*input.fault, path, m_console.messages);
         if (!m_selection.needsAll() || input.found.empty())
             return;
+        const bool isNewFile = m_files.add(path) == 1;
         for (const find::Found& found : input.found)
-            m_selection.learn(found);
+            m_selection.learn(found, isNewFile);
         m_waiting.push_back({path, std::move(input)});
     }
 
@@ -104,6 +108,7 @@ private:
     Console& m_console;
     find::Selection m_selection;
     std::unique_ptr<FoundWriter> m_writer;
+    SameInputs m_files;
     std::vector<Waiting> m_waiting;
     bool m_hasFound = false;
 };

@@ -2,9 +2,9 @@
 
 namespace find {
 
-void Selection::learn(const Found& found)
+void Selection::learn(const Found& found, bool isNewPlace)
 {
-    m_known[productOf(found)][found.revision] += 1;
+    m_known[productOf(found)][found.revision] += isNewPlace ? 1 : 0;
 }
 
 bool Selection::takes(const Found& found) const

@@ -23,7 +23,8 @@ public:
     /// Whether it has to learn of all before it can say anything.
     [[nodiscard]] bool needsAll() const { return m_takesLatest || m_takesDuplicates; }
 
-    void learn(const Found& found);
+    /// @param isNewPlace  false in a file that was given before
+    void learn(const Found& found, bool isNewPlace = true);
     [[nodiscard]] bool takes(const Found& found) const;
 
 private:

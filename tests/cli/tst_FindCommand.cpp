@@ -22,6 +22,7 @@ private slots:
     void arguments();
     void filters_data();
     void filters();
+    void sameFileTwice();
     void exitStatus();
     void foldersPassOver();
     static void closedFolderAndLoop();
@@ -117,6 +118,22 @@ void tst_FindCommand::filters()
     QTEST(run.output, "expected");
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
+}
+
+/// A place is the same one, however often and by which name it is given.
+void tst_FindCommand::sameFileTwice()
+{
+    const Workplace place;
+    place.make("a.xml", esiWith(deviceOf("1", "1", "Drive")));
+    QVERIFY(QFile::link(place.path("a.xml"), place.path("link.xml")));
+    const QStringList call{"find", "--duplicates", "-l", "a.xml", "."};
+    const CommandRun one = runHere(call, place.folder());
+    QCOMPARE(one.output, QByteArray());
+    QCOMPARE(one.exitCode, 1);
+    place.make("b.xml", esiWith(deviceOf("1", "1", "Drive")));
+    QCOMPARE(runHere(call, place.folder()).output, QByteArray("a.xml\n./a.xml\n./b.xml\n./link.xml\n"));
+    QCOMPARE(runHere({"find", "--latest", "-l", "a.xml", "a.xml"}, place.folder()).output,
+             QByteArray("a.xml\na.xml\n"));
 }
 
 void tst_FindCommand::exitStatus()
