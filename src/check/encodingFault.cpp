@@ -136,7 +136,7 @@ std::string declaredEncoding(std::string_view bytes)
     const std::size_t word = start.find("encoding");
     if (begin == std::string::npos || end == std::string::npos || word > end || begin > word)
         return {};
-    const std::size_t open = start.find_first_of("'\"", word);
+    const std::size_t open = start.find_first_of(R"('")", word);
     const std::size_t close = open < end ? start.find(start[open], open + 1) : std::string::npos;
     return close < end ? start.substr(open + 1, close - open - 1) : std::string();
 }

@@ -95,7 +95,7 @@ constexpr std::array rules{
         "The controller finds a device on the bus by vendor, product and revision. A device with the product code 0 is "
         "taken for another one, or for none.",
         "Give the product code that the EEPROM of the device holds.",
-        "<Type RevisionNo=\"#x1\">MB-C100</Type>",
+        R"(<Type RevisionNo="#x1">MB-C100</Type>)",
         {nullptr, nullptr, checkProduct}},
     Rule{"revision-number",
          Severity::Note,
@@ -103,7 +103,7 @@ constexpr std::array rules{
          "The Type element of a device has no RevisionNo, or one that is read as 0.",
          "Where the controller compares revisions, a device of a later revision is refused.",
          "Give the revision that the EEPROM of the device holds; 0 is right for a device that was never revised.",
-         "<Type ProductCode=\"#x1001\">MB-C100</Type>",
+         R"(<Type ProductCode="#x1001">MB-C100</Type>)",
          {nullptr, nullptr, checkRevision}},
     Rule{"identity-twice",
          Severity::Warning,
@@ -112,8 +112,8 @@ constexpr std::array rules{
          "product code are passed over.",
          "Which of the two descriptions is used for a device on the bus is left to chance.",
          "Give the devices different revisions, or take one of them out.",
-         "<Type ProductCode=\"#x1001\" RevisionNo=\"#x1\">A</Type> ... <Type ProductCode=\"#x1001\" "
-         "RevisionNo=\"#x1\">B</Type>",
+         R"(<Type ProductCode="#x1001" RevisionNo="#x1">A</Type> ... <Type ProductCode="#x1001" )"
+         R"(RevisionNo="#x1">B</Type>)",
          {checkTwice, nullptr, nullptr}},
     Rule{"name-missing",
          Severity::Warning,
@@ -121,7 +121,7 @@ constexpr std::array rules{
          "A device or module has no Name element, or its last one is empty.",
          "It shows as an empty line in lists, and nobody can choose it by its name.",
          "Give a name.",
-         "<Device><Type ProductCode=\"#x1001\">MB-C100</Type></Device>",
+         R"(<Device><Type ProductCode="#x1001">MB-C100</Type></Device>)",
          {nullptr, nullptr, checkName}},
     Rule{"name-control-characters",
          Severity::Warning,

@@ -146,8 +146,8 @@ constexpr std::array rules{
         "another one. Virtual and empty ones do not count.",
         "The device refuses the settings, or what is written through one of them destroys what is in the other.",
         "Move StartAddress, or make the areas shorter.",
-        "<Sm DefaultSize=\"128\" StartAddress=\"#x1000\">MBoxOut</Sm><Sm DefaultSize=\"128\" "
-        "StartAddress=\"#x1040\">MBoxIn</Sm>",
+        R"(<Sm DefaultSize="128" StartAddress="#x1000">MBoxOut</Sm><Sm DefaultSize="128" )"
+        R"(StartAddress="#x1040">MBoxIn</Sm>)",
         {nullptr, nullptr, checkOverlap}},
     Rule{"sync-manager-buffers",
          Severity::Warning,
@@ -156,7 +156,7 @@ constexpr std::array rules{
          "second or third buffer reaches into the next sync manager.",
          "Process data is overwritten now and then, which shows as wrong values that nobody can explain.",
          "Leave three times the length of the PDOs before the next sync manager.",
-         "<Sm StartAddress=\"#x1100\" ControlByte=\"#x64\">Outputs</Sm><Sm StartAddress=\"#x1104\">Inputs</Sm>, and "
+         R"(<Sm StartAddress="#x1100" ControlByte="#x64">Outputs</Sm><Sm StartAddress="#x1104">Inputs</Sm>, and )"
          "two bytes of outputs",
          {nullptr, nullptr, checkBuffers}},
     Rule{"sync-manager-memory",
@@ -166,7 +166,7 @@ constexpr std::array rules{
          "registers of digital and general purpose outputs and inputs (0xf00 to 0xf03, 0xf10 to 0xf1f) are allowed.",
          "Registers of the slave controller are below 0x1000; a sync manager there overwrites settings.",
          "Correct StartAddress.",
-         "<Sm DefaultSize=\"128\" StartAddress=\"#x800\">MBoxOut</Sm>",
+         R"(<Sm DefaultSize="128" StartAddress="#x800">MBoxOut</Sm>)",
          {nullptr, nullptr, checkMemory}},
     Rule{"sync-manager-odd-address",
          Severity::Note,
@@ -174,7 +174,7 @@ constexpr std::array rules{
          "The StartAddress of a sync manager in use is odd, and not below 0x1000, where registers are.",
          "Processors that reach the memory word by word cannot use such an area, or only slowly.",
          "Begin at an even address, unless the maker says that this one is right.",
-         "<Sm DefaultSize=\"128\" StartAddress=\"#x1001\">MBoxOut</Sm>",
+         R"(<Sm DefaultSize="128" StartAddress="#x1001">MBoxOut</Sm>)",
          {nullptr, nullptr, checkOddAddress}},
 };
 

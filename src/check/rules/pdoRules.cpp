@@ -204,7 +204,7 @@ constexpr std::array rules{
         "What follows in the process image begins within a byte, which devices with a mailbox mostly refuse.",
         "Fill the PDO with a gap: an entry of index 0 with the missing bits.",
         "<TxPdo "
-        "Sm=\"3\"><Index>#x1a00</Index><Entry><Index>#x6000</Index><SubIndex>1</SubIndex><BitLen>12</BitLen></Entry></"
+        R"(Sm="3"><Index>#x1a00</Index><Entry><Index>#x6000</Index><SubIndex>1</SubIndex><BitLen>12</BitLen></Entry></)"
         "TxPdo>",
         {nullptr, nullptr, checkWholeBytes}},
     Rule{"pdo-entry-count",
@@ -231,7 +231,7 @@ constexpr std::array rules{
          "A PDO that is on a sync manager is oversampled, with OSMax above 9.",
          "Only the first nine samples are on the sync manager in the export; the others are not exchanged.",
          "Use nine samples at most.",
-         "<TxPdo Sm=\"0\" OSFac=\"12\" OSMin=\"1\" OSMax=\"12\" OSIndexInc=\"16\">",
+         R"(<TxPdo Sm="0" OSFac="12" OSMin="1" OSMax="12" OSIndexInc="16">)",
          {nullptr, nullptr, checkSamples}},
     Rule{"pdo-oversampling",
          Severity::Warning,
@@ -240,7 +240,7 @@ constexpr std::array rules{
          "below OSMin.",
          "The PDO goes out once, as if it were not oversampled, and all samples but one are lost.",
          "Give OSMin, OSMax and OSIndexInc.",
-         "<TxPdo OSFac=\"10\"><Index>#x1a00</Index></TxPdo>",
+         R"(<TxPdo OSFac="10"><Index>#x1a00</Index></TxPdo>)",
          {nullptr, nullptr, checkOversampling}},
     Rule{"pdo-excluded",
          Severity::Error,
@@ -248,8 +248,8 @@ constexpr std::array rules{
          "A PDO that is on a sync manager names another one in Exclude that is on a sync manager too.",
          "The device refuses the assignment when it goes to SAFEOP.",
          "Take the Sm of one of them away, or choose one of them.",
-         "<TxPdo Sm=\"3\"><Index>#x1a00</Index><Exclude>#x1a01</Exclude></TxPdo><TxPdo "
-         "Sm=\"3\"><Index>#x1a01</Index></TxPdo>",
+         R"(<TxPdo Sm="3"><Index>#x1a00</Index><Exclude>#x1a01</Exclude></TxPdo><TxPdo )"
+         R"(Sm="3"><Index>#x1a01</Index></TxPdo>)",
          {nullptr, nullptr, checkExcluded}},
     Rule{"pdo-mandatory",
          Severity::Warning,
@@ -257,7 +257,7 @@ constexpr std::array rules{
          "A PDO of a device is Mandatory, and on no sync manager.",
          "The device expects it, and refuses process data without it.",
          "Assign it to a sync manager.",
-         "<TxPdo Mandatory=\"1\"><Index>#x1a00</Index></TxPdo>",
+         R"(<TxPdo Mandatory="1"><Index>#x1a00</Index></TxPdo>)",
          {nullptr, nullptr, checkMandatory}},
     Rule{"pdo-fixed-moved",
          Severity::Warning,
@@ -266,7 +266,7 @@ constexpr std::array rules{
          "The two numbers contradict each other. The device takes one of them, and with the other its lengths do not "
          "fit.",
          "Correct the number of the Sm in the OpMode, or that of the PDO.",
-         "<OpMode><Sm No=\"2\"><Pdo>#x1a00</Pdo></Sm></OpMode> with <TxPdo Fixed=\"1\" Sm=\"3\">",
+         R"(<OpMode><Sm No="2"><Pdo>#x1a00</Pdo></Sm></OpMode> with <TxPdo Fixed="1" Sm="3">)",
          {nullptr, nullptr, checkFixed}},
     Rule{
         "pdo-link",

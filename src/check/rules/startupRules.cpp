@@ -86,7 +86,7 @@ void checkMark(const UnitFacts& unit, Report& report)
     for (const CommandFacts& command : unit.commands)
         if (command.hasMark)
             report.add(command.where,
-                       QStringLiteral("the data of %1 has a \"#x\" mark, which goes out as a byte more: %2")
+                       QStringLiteral(R"(the data of %1 has a "#x" mark, which goes out as a byte more: %2)")
                            .arg(labelOf(command), QString::number(command.bytes)));
 }
 
@@ -179,7 +179,7 @@ constexpr std::array rules{
          "The device refuses the command and stays in the state in which it is.",
          "Write the object sub-index by sub-index, or declare CompleteAccess if the device has it.",
          "<CoE><InitCmd "
-         "CompleteAccess=\"1\"><Transition>PS</Transition><Index>#x1c12</Index><Data>01000016</Data></InitCmd></CoE>",
+         R"(CompleteAccess="1"><Transition>PS</Transition><Index>#x1c12</Index><Data>01000016</Data></InitCmd></CoE>)",
          {nullptr, nullptr, checkCompleteAccess}},
     Rule{
         "startup-access-lost",
@@ -189,12 +189,12 @@ constexpr std::array rules{
         "sub-index.",
         "The device gets the bytes of a whole object as the value of sub-index 0, and refuses it or loses the rest.",
         "Write the object sub-index by sub-index.",
-        "<InitCmd CompleteAccess=\"1\"><Transition>PS</Transition><Index>#x1c12</Index><Data>01000016</Data></InitCmd>",
+        R"(<InitCmd CompleteAccess="1"><Transition>PS</Transition><Index>#x1c12</Index><Data>01000016</Data></InitCmd>)",
         {nullptr, nullptr, checkAccessLost}},
     Rule{"startup-data-mark",
          Severity::Warning,
          "startup data with a mark",
-         "The Data of a declared startup command begins with \"#\". It has to be hexadecimal digits alone.",
+         R"(The Data of a declared startup command begins with "#". It has to be hexadecimal digits alone.)",
          "The mark counts as a byte of the value, and a device refuses a value of the wrong length.",
          "Write the digits without a mark, the least significant byte first.",
          "<Data>#x0102</Data>",
