@@ -16,13 +16,13 @@ namespace {
 // ---- The order of mapping and assignment ----
 
 /// Reports the slips of one kind.
-/// @tparam textOf  words for a fault
-template<StartupSlip Slip, QString (*textOf)(const StartupFault&, const CommandFacts&)>
+/// @tparam TextOf  words for a fault
+template<StartupSlip Slip, QString (*TextOf)(const StartupFault&, const CommandFacts&)>
 void checkOrder(const UnitFacts& unit, Report& report)
 {
     for (const StartupFault& fault : unit.startupFaults)
         if (const CommandFacts& command = unit.commands[fault.command]; fault.slip == Slip)
-            report.add(command.where, textOf(fault, command));
+            report.add(command.where, TextOf(fault, command));
 }
 
 QString assignedText(const StartupFault& /*fault*/, const CommandFacts& command)
