@@ -86,32 +86,34 @@ private:
 
     void writeDevice(const CheckedFile& file, const Owner& owner)
     {
-        m_json.key("device");
-        const UnitName* const unit = owner.kind == OwnerKind::Device ? unitOf(file, owner) : nullptr;
-        if (unit == nullptr)
-            return m_json.null();
-        m_json.openObject(json::Spread::OneLine);
-        number("number", numberOf(file, owner));
-        m_json.key("name");
-        m_json.text(beginningOfName(*unit));
-        for (const auto& [key, value] : {std::pair{"vendor", unit->vendor}, std::pair{"product", unit->product},
-                                         std::pair{"revision", unit->revision}}) {
-            m_json.key(key);
-            m_json.text(hexNumber(value));
-        }
-        m_json.closeObject();
+        writeUnit("device", OwnerKind::Device, file, owner, [this](const UnitName& unit) {
+            for (const auto& [key, value] : {std::pair{"vendor", unit.vendor}, std::pair{"product", unit.product},
+                                             std::pair{"revision", unit.revision}}) {
+                m_json.key(key);
+                m_json.text(hexNumber(value));
+            }
+        });
     }
 
     void writeModule(const CheckedFile& file, const Owner& owner)
     {
-        m_json.key("module");
-        const UnitName* const unit = owner.kind == OwnerKind::Module ? unitOf(file, owner) : nullptr;
+        writeUnit("module", OwnerKind::Module, file, owner, [](const UnitName& /*unit*/) {});
+    }
+
+    /// The device or module that a finding is about, or null if it is not about one of that kind.
+    /// @param writeMore  writes what comes after number and name
+    template<typename More>
+    void writeUnit(std::string_view key, OwnerKind kind, const CheckedFile& file, const Owner& owner, More writeMore)
+    {
+        m_json.key(key);
+        const UnitName* const unit = owner.kind == kind ? unitOf(file, owner) : nullptr;
         if (unit == nullptr)
             return m_json.null();
         m_json.openObject(json::Spread::OneLine);
         number("number", numberOf(file, owner));
         m_json.key("name");
         m_json.text(beginningOfName(*unit));
+        writeMore(*unit);
         m_json.closeObject();
     }
 

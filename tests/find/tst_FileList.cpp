@@ -25,6 +25,13 @@ private:
     {
         return find::listFiles(paths, [](const QString& path) { return path == QLatin1String("-"); });
     }
+    /// What a user without the rights of root finds, who may read every folder.
+    static find::FileList listOfOrdinaryUser(const QString& path, bool& isOrdinary)
+    {
+        const OrdinaryUser user;
+        isOrdinary = user.isOrdinary();
+        return isOrdinary ? listOf({path}) : find::FileList();
+    }
     static QStringList below(const QTemporaryDir& folder, const find::FileList& list)
     {
         QStringList paths;
@@ -73,14 +80,10 @@ void tst_FileList::unreadable()
     make(folder, "b.xml");
     QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x7777)));
     QVERIFY(QFile::setPermissions(folder.filePath("a"), QFile::Permissions()));
-    find::FileList list;
-    {
-        const OrdinaryUser user;
-        QVERIFY2(user.isOrdinary(),
-                 "The system refuses to give up the rights of root, and root may read every folder.");
-        list = listOf({folder.path()});
-    }
+    bool isOrdinary = false;
+    const find::FileList list = listOfOrdinaryUser(folder.path(), isOrdinary);
     QVERIFY(QFile::setPermissions(folder.filePath("a"), QFile::Permissions(0x7777)));
+    QVERIFY2(isOrdinary, "The system refuses to give up the rights of root.");
     QCOMPARE(below(folder, list), QStringList{"b.xml"});
     QCOMPARE(list.unreadable.size(), std::size_t{1});
     QCOMPARE(list.unreadable[0].path, folder.filePath("a"));
@@ -98,15 +101,11 @@ void tst_FileList::closedWays()
     QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x7777)));
     QVERIFY(QFile::setPermissions(folder.filePath("a"), QFile::Permissions(0x4444)));
     QVERIFY(QFile::setPermissions(folder.filePath("closed"), QFile::Permissions()));
-    find::FileList list;
-    {
-        const OrdinaryUser user;
-        QVERIFY2(user.isOrdinary(),
-                 "The system refuses to give up the rights of root, and root may read every folder.");
-        list = listOf({folder.path()});
-    }
+    bool isOrdinary = false;
+    const find::FileList list = listOfOrdinaryUser(folder.path(), isOrdinary);
     QVERIFY(QFile::setPermissions(folder.filePath("a"), QFile::Permissions(0x7777)));
     QVERIFY(QFile::setPermissions(folder.filePath("closed"), QFile::Permissions(0x7777)));
+    QVERIFY2(isOrdinary, "The system refuses to give up the rights of root.");
     QVERIFY(list.paths.isEmpty());
     QStringList told;
     for (const find::UnreadablePath& each : list.unreadable)
