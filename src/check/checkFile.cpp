@@ -1,7 +1,7 @@
 #include "check/checkFile.h"
 
 #include "check/esiFacts.h"
-#include "check/ktlFacts.h"
+#include "check/factNames.h"
 #include "check/rules/report.h"
 #include "check/unitNames.h"
 #include "esi/xml/placeCursor.h"
@@ -52,7 +52,7 @@ void setPlaces(Findings& findings, const xml::Tree& tree)
 
 Findings checkEsi(const EsiSubject& subject, const std::vector<const Rule*>& rules)
 {
-    const EsiFacts facts = esiFactsOf(subject);
+    const EsiFacts facts(subject);
     Findings findings = findingsIn(facts, rules, &RuleChecks::ofEsi);
     findings.units = unitNamesOf(facts.units);
     setPlaces(findings, subject.tree);
@@ -62,7 +62,7 @@ Findings checkEsi(const EsiSubject& subject, const std::vector<const Rule*>& rul
 
 Findings checkKtl(const std::vector<unsigned char>& bytes, const std::vector<const Rule*>& rules)
 {
-    const KtlFacts facts = ktlFactsOf(bytes);
+    const facts::KtlFacts facts = facts::ktlFactsOf(bytes);
     Findings findings = findingsIn(facts, rules, &RuleChecks::ofKtl);
     findings.units = unitNamesOf(facts.units);
     return findings;

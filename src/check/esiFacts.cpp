@@ -1,88 +1,13 @@
 #include "check/esiFacts.h"
 
-#include "check/esiUnits.h"
-#include "check/startupOrder.h"
-#include "esi/xml/treeIteration.h"
-#include "model/moduleAccess.h"
-
-#include <algorithm>
-
 namespace check {
 
-namespace {
-
-std::vector<xml::Element> modulesIn(const std::vector<xml::Element>& lists)
-{
-    std::vector<xml::Element> modules;
-    for (const xml::Element& list : lists) {
-        ModuleRun run;
-        for (const xml::Node node : list.children())
-            if (run.take(node))
-                modules.emplace_back(node);
-    }
-    return modules;
-}
-
-/// The dictionaries directly in profiles of a device or module.
-std::vector<xml::Element> dictionariesIn(const std::vector<xml::Element>& profiles)
-{
-    std::vector<xml::Element> dictionaries;
-    for (const xml::Element& profile : profiles)
-        xml::forEachChildElement(profile, "Dictionary",
-                                 [&](const xml::Element& dictionary) { dictionaries.push_back(dictionary); });
-    return dictionaries;
-}
-
-void addDictionary(EsiFacts& facts, UnitFacts& unit, const std::vector<xml::Element>& profiles)
-{
-    const std::vector<xml::Element> dictionaries = dictionariesIn(profiles);
-    if (!dictionaries.empty())
-        unit.dictionary = &facts.dictionaries.emplace_back(dictionaries);
-}
-
-void addDevices(EsiFacts& facts)
-{
-    const struct_FilenameDevice& file = facts.subject.file;
-    const std::size_t count = std::min(file.device.size(), facts.devices.size());
-    for (std::size_t index = 0; index < count; ++index) {
-        const DeviceElements& elements = facts.devices[index];
-        UnitFacts& unit = facts.units.emplace_back(deviceFactsOf(file, index, elements));
-        unit.isComplete = index >= facts.subject.areComplete.size() || facts.subject.areComplete[index];
-        unit.startupFaults = startupFaultsOf(unit);
-        addDictionary(facts, unit, elements.sections[static_cast<std::size_t>(DeviceSection::Profile)]);
-    }
-}
-
-void addModules(EsiFacts& facts)
-{
-    std::size_t index = 0;
-    forEachModule(facts.subject.file, [&](const struct_module& module) {
-        if (index >= facts.modules.size())
-            return;
-        const xml::Element& element = facts.modules[index];
-        UnitFacts& unit = facts.units.emplace_back(moduleFactsOf(module, index, element));
-        std::vector<xml::Element> profiles;
-        xml::forEachChildElement(element, "Profile", [&](const xml::Element& profile) { profiles.push_back(profile); });
-        addDictionary(facts, unit, profiles);
-        ++index;
-    });
-}
-
-} // namespace
-
-EsiFacts esiFactsOf(const EsiSubject& subject)
-{
-    EsiFacts facts{subject, subject.tree.root(), {}, {}, {}, {}, {}, {}, {}};
-    const FileElements elements =
-        walkFile(subject.tree.root(), [&](const DeviceElements& device) { facts.devices.push_back(device); });
-    facts.vendor = elements.vendor.value_or(facts.vendor);
-    facts.modules = modulesIn(elements.moduleLists);
-    addDevices(facts);
-    addModules(facts);
-    facts.allSlots = slotsOf(subject.file, facts.devices);
-    facts.moduleLookUp = ModuleLookUp(subject.file, facts.units);
-    facts.tree = treeFactsOf(subject.tree, facts.devices, facts.modules);
-    return facts;
-}
+EsiFacts::EsiFacts(const EsiSubject& checked)
+    : EsiFileFacts(facts::esiFileFactsOf(checked.tree, checked.file, checked.areComplete))
+    , subject(checked)
+    , allSlots(slotsOf(checked.file, devices))
+    , moduleLookUp(checked.file, units)
+    , tree(treeFactsOf(checked.tree, devices, modules))
+{}
 
 } // namespace check

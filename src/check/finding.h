@@ -1,8 +1,8 @@
 // finding.h - what a rule has found.
 #pragma once
 
+#include "check/factNames.h"
 #include "check/rules/rule.h"
-#include "esi/xml/tree.h"
 
 #include <QString>
 
@@ -12,35 +12,6 @@
 #include <vector>
 
 namespace check {
-
-/// Where something is in its file, in a form that grows with the place: the key of a node of an ESI file, or the byte
-/// offset in a KTL file.
-using Where = xml::PlaceKey;
-
-/// What a finding is about.
-enum class OwnerKind : std::uint8_t
-{
-    File,
-    Device,
-    Module,
-};
-
-/// The device, module or file that a finding is about.
-struct Owner
-{
-    OwnerKind kind = OwnerKind::File;
-    std::size_t index = 0; ///< of the device or module in its file, from 0
-};
-
-[[nodiscard]] constexpr bool operator==(const Owner& left, const Owner& right) noexcept
-{
-    return left.kind == right.kind && left.index == right.index;
-}
-
-[[nodiscard]] constexpr bool operator<(const Owner& left, const Owner& right) noexcept
-{
-    return left.kind != right.kind ? left.kind < right.kind : left.index < right.index;
-}
 
 /// One finding.
 struct Finding

@@ -1,7 +1,7 @@
 // unitLabels.h - the words for parts of units in findings.
 #pragma once
 
-#include "check/unitFacts.h"
+#include "check/factNames.h"
 
 #include <QString>
 

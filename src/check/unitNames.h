@@ -1,8 +1,8 @@
 // unitNames.h - the devices and modules of a file as those who read findings know them.
 #pragma once
 
+#include "check/factNames.h"
 #include "check/finding.h"
-#include "check/unitFacts.h"
 
 #include <vector>
 

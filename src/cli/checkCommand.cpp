@@ -7,6 +7,7 @@
 #include "cli/progress.h"
 #include "cli/retriedWork.h"
 #include "cli/selectedDevices.h"
+#include "cli/selectorRecord.h"
 #include "cli/streamName.h"
 #include "esi/derivation/rangeErrors.h"
 
@@ -62,24 +63,6 @@ void takeAll(RetriedWork<Result>& work, const QStringList& paths, const char* wh
     }
 }
 
-/// What selectors need to know of the devices of a file.
-struct_FilenameDevice recordOf(const QString& path, const std::vector<check::UnitName>& units)
-{
-    struct_FilenameDevice record;
-    record.xmlfilepath = QFile::encodeName(shownName(path)).toStdString();
-    for (const check::UnitName& unit : units) {
-        if (unit.owner.kind != check::OwnerKind::Device)
-            continue;
-        struct_EtherCatDevice& device = record.device.emplace_back();
-        device.Name = unit.name;
-        device.TypeAttributes.type = unit.type;
-        device.TypeAttributes.m_iVendor_Id = unit.vendor;
-        device.TypeAttributes.Product_Code = unit.product;
-        device.TypeAttributes.Revision_No = unit.revision;
-    }
-    return record;
-}
-
 /// Checks files one after the other, and tells findings as they come.
 ExitCode checkAll(const CheckRequest& request, RetriedWork<CheckedInput>& work, const SelectedDevices& selected,
                   Console& console)
@@ -101,7 +84,7 @@ ExitCode checkSelected(const CheckRequest& request, RetriedWork<CheckedInput>& w
     std::vector<struct_FilenameDevice> records;
     takeAll(work, request.paths, "checking", true, [&](const QString& path, CheckedInput checked) {
         console.inputs.count(checked.road);
-        records.push_back(recordOf(path, checked.file.findings.units));
+        records.push_back(selectorRecordOf(path, checked.file.findings.units));
         inputs.push_back(std::move(checked));
     });
     Messages problems;
@@ -137,7 +120,7 @@ bool makeChoices(const CheckRequest& request, SelectedDevices& selected, std::ve
 }
 
 /// Tells of files that could not be read, since one of them may be why the arguments do not fit.
-ExitCode refuse(const CheckRequest& request, const std::vector<InputToCheck>& inputs, const FileChecks& checks,
+ExitCode refuse(const CheckRequest& request, const std::vector<TreeInput>& inputs, const FileChecks& checks,
                 std::vector<std::string> problems, Console& console)
 {
     FindingTeller teller(request, {}, console);
@@ -157,9 +140,9 @@ bool canBeReadAgain(const QString& path)
 
 /// Reads a file for its record. The tree is large and needed again only after the choices: it is kept only where the
 /// file cannot be read again.
-InputToCheck readForChoices(const QString& path)
+TreeInput readForChoices(const QString& path)
 {
-    InputToCheck input = readToCheck(path, AcceptedInputs::Esi);
+    TreeInput input = readTreeInput(path, AcceptedInputs::Esi);
     if (canBeReadAgain(path))
         input.tree.reset();
     return input;
@@ -167,12 +150,12 @@ InputToCheck readForChoices(const QString& path)
 
 /// Checks a file of which the record has been read.
 /// @param record  with its choices
-CheckedInput checkWithChoices(const QString& path, const InputToCheck& input, const struct_FilenameDevice& record,
+CheckedInput checkWithChoices(const QString& path, const TreeInput& input, const struct_FilenameDevice& record,
                               const FileChecks& checks)
 {
     CheckedInput checked = input.fault.has_value() || input.tree.has_value()
                                ? checkInput(path, input, record, checks)
-                               : checkInput(path, readToCheck(path, AcceptedInputs::Esi), record, checks);
+                               : checkInput(path, readTreeInput(path, AcceptedInputs::Esi), record, checks);
     checked.road = EsiRoad::Plain; // it has been counted
     return checked;
 }
@@ -180,11 +163,11 @@ CheckedInput checkWithChoices(const QString& path, const InputToCheck& input, co
 /// Reads all files, makes the choices, and checks the files as they are then.
 ExitCode checkChosen(const CheckRequest& request, const FileChecks& checks, Console& console)
 {
-    std::vector<InputToCheck> inputs;
-    RetriedWork<InputToCheck> reading(request.paths, console.cores, [&](std::size_t index) {
+    std::vector<TreeInput> inputs;
+    RetriedWork<TreeInput> reading(request.paths, console.cores, [&](std::size_t index) {
         return readForChoices(request.paths.at(static_cast<int>(index)));
     });
-    takeAll(reading, request.paths, "reading", true, [&](const QString& /*path*/, InputToCheck input) {
+    takeAll(reading, request.paths, "reading", true, [&](const QString& /*path*/, TreeInput input) {
         console.inputs.count(input.road);
         console.inputs.files.push_back(std::move(input.record)); // of a broken file too, for its place
         inputs.push_back(std::move(input));
@@ -219,7 +202,7 @@ ExitCode runCheck(const QStringList& arguments, Console& console)
         return checkChosen(request, checks, console);
     RetriedWork<CheckedInput> work(request.paths, console.cores, [&](std::size_t index) {
         const QString& path = request.paths.at(static_cast<int>(index));
-        const InputToCheck input = readToCheck(path, AcceptedInputs::EsiAndKtl);
+        const TreeInput input = readTreeInput(path, AcceptedInputs::EsiAndKtl);
         return checkInput(path, input, input.record, checks);
     });
     return request.selectors.isEmpty() ? checkAll(request, work, {}, console) : checkSelected(request, work, console);

@@ -2,9 +2,7 @@
 
 #include "check/checkFile.h"
 #include "check/rules/fileRules.h"
-#include "cli/ktlInput.h"
 #include "cli/streamName.h"
-#include "esi/fileBeingRead.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -32,30 +30,6 @@ check::FileRule ruleOf(InputFaultKind kind)
     return check::FileRule::Unreadable;
 }
 
-void readEsi(QFile& file, const QString& path, InputToCheck& input)
-{
-    const QString name = isStandardInput(path) ? shownName(path) : path;
-    const FileBeingRead reading(name);
-    EsiTreeResult read =
-        esiTreeOf(file, [&](std::string_view bytes) { input.encodingFault = check::encodingFaultOf(bytes); });
-    if (file.error() != QFileDevice::NoError)
-        input.fault = unreadable(file.errorString());
-    else if (!read.tree.has_value())
-        input.fault = faultOf(read.status, read.reason);
-    if (input.fault.has_value())
-        return;
-    EsiLoadResult loaded = declaredFileFrom(*read.tree, name, Dictionaries::AreSkipped);
-    if (loaded.status != EsiLoadStatus::Loaded) {
-        input.fault = faultOf(loaded.status, loaded.reason);
-        return;
-    }
-    input.tree = std::move(read.tree);
-    input.road = read.road;
-    input.record = std::move(loaded.file);
-    input.record.xmlfilepath = QFile::encodeName(name).toStdString(); // every byte of it
-    input.areComplete = completeDevices(input.record); // what stops one of them is told by a rule
-}
-
 bool isAsked(const FileChecks& checks, check::FileRule rule)
 {
     return std::find(checks.rules.begin(), checks.rules.end(), &check::ruleOf(rule)) != checks.rules.end();
@@ -80,28 +54,7 @@ check::CheckedFile withFault(const QString& path, const InputFault& fault, const
 
 } // namespace
 
-InputToCheck readToCheck(const QString& path, AcceptedInputs accepted)
-{
-    InputToCheck input;
-    try {
-        QFile file;
-        auto kind = InputKind::Neither;
-        input.fault = openAccepted(file, path, accepted, kind);
-        if (input.fault.has_value())
-            return input;
-        if (kind == InputKind::Ktl)
-            input.fault = readKtl(file, input.bytes);
-        else
-            readEsi(file, path, input);
-    } catch (const std::bad_alloc&) {
-        input = {};
-        input.fault = noMemory();
-        input.isOutOfMemory = true;
-    }
-    return input;
-}
-
-CheckedInput checkInput(const QString& path, const InputToCheck& input, const struct_FilenameDevice& record,
+CheckedInput checkInput(const QString& path, const TreeInput& input, const struct_FilenameDevice& record,
                         const FileChecks& checks)
 {
     CheckedInput checked{{}, input.road, input.isOutOfMemory};
@@ -126,7 +79,7 @@ CheckedInput checkInput(const QString& path, const InputToCheck& input, const st
     return checked;
 }
 
-check::CheckedFile uncheckedFile(const QString& path, const InputToCheck& input, const FileChecks& checks)
+check::CheckedFile uncheckedFile(const QString& path, const TreeInput& input, const FileChecks& checks)
 {
     if (input.fault.has_value())
         return withFault(path, *input.fault, checks);

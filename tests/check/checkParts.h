@@ -4,6 +4,7 @@
 #include "check/checkFile.h"
 #include "check/checkedFile.h"
 #include "esi/esiFile.h"
+#include "facts/unitParts.h"
 
 #include <QByteArray>
 #include <QString>
@@ -14,18 +15,7 @@
 
 namespace checkParts {
 
-/// A file with one device on lines of its own, to which the parts are added: line 1 declares the vendor, line 2 begins
-/// the device with its type, the parts begin on line 3.
-/// @param parts    elements of the device after its `Name`
-/// @param modules  elements of `Modules`, on the line after the end of the device
-inline QByteArray deviceFile(const QByteArray& parts, const QByteArray& modules = {})
-{
-    return "<EtherCATInfo><Vendor><Id>#x7e57</Id><Name>Test</Name></Vendor><Descriptions><Groups/><Devices>\n"
-           "<Device Physics=\"YY\"><Type ProductCode=\"#x1\" RevisionNo=\"#x2\">T1</Type><Name>Device</Name>"
-           "<GroupType>G</GroupType>\n"
-           + parts + "</Device></Devices>\n" + (modules.isEmpty() ? QByteArray() : "<Modules>" + modules + "</Modules>")
-           + "</Descriptions></EtherCATInfo>\n";
-}
+using unitParts::deviceFile;
 
 /// Findings of one rule as "line:column: text", in the order of the file.
 inline QStringList linesOf(const check::Findings& findings, const char* code)

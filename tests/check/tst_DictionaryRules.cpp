@@ -2,7 +2,7 @@
 // Covers dictionaryDefaultRules.cpp, dictionarySizeRules.cpp.
 // that is just right.
 #include "checkParts.h"
-#include "dictionaryParts.h"
+#include "facts/dictionaryParts.h"
 #include "testMain.h"
 
 #include <QtTest>

@@ -1,7 +1,7 @@
 // Startup commands against the dictionary: each rule with the smallest file that it fires on, and its twin that is just
 // right.
 #include "checkParts.h"
-#include "dictionaryParts.h"
+#include "facts/dictionaryParts.h"
 #include "testMain.h"
 
 #include <QtTest>

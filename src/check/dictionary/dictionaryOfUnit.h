@@ -1,7 +1,7 @@
 // dictionaryOfUnit.h - which objects the dictionary of a device or module has to have.
 #pragma once
 
-#include "check/unitFacts.h"
+#include "check/factNames.h"
 #include "model/objectAreas.h"
 
 #include <cstdint>

@@ -1,8 +1,7 @@
 // writtenValues.h - defaults and limits of a dictionary as values that can be compared.
 #pragma once
 
-#include "check/dictionary/dictionaryContent.h"
-#include "check/dictionary/standardTypes.h"
+#include "check/factNames.h"
 
 #include <QString>
 

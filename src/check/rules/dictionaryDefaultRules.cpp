@@ -1,10 +1,9 @@
 // dictionaryDefaultRules.cpp - defaults and limits in a dictionary against the types that they are for.
-#include "check/dictionary/dictionaryFacts.h"
 #include "check/dictionary/dictionaryWords.h"
 #include "check/dictionary/writtenValues.h"
+#include "check/factNames.h"
 #include "check/rules/report.h"
 #include "check/rules/ruleFamilies.h"
-#include "check/unitFacts.h"
 
 #include <array>
 #include <string_view>

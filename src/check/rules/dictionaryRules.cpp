@@ -1,9 +1,8 @@
 // dictionaryRules.cpp - data types and objects of a dictionary: what they are called and how they refer to each other.
-#include "check/dictionary/dictionaryFacts.h"
 #include "check/dictionary/dictionaryWords.h"
+#include "check/factNames.h"
 #include "check/rules/report.h"
 #include "check/rules/ruleFamilies.h"
-#include "check/unitFacts.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,8 @@
 // dictionarySizeRules.cpp - lengths in a dictionary: whether objects, data types and sub-items agree about them.
-#include "check/dictionary/dictionaryFacts.h"
 #include "check/dictionary/dictionaryWords.h"
+#include "check/factNames.h"
 #include "check/rules/report.h"
 #include "check/rules/ruleFamilies.h"
-#include "check/unitFacts.h"
 
 #include <algorithm>
 #include <array>

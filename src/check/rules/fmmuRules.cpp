@@ -1,5 +1,5 @@
 // fmmuRules.cpp - the units that map the process image into the memory of a device.
-#include "check/processData.h"
+#include "check/factNames.h"
 #include "check/rules/report.h"
 #include "check/rules/ruleFamilies.h"
 #include "check/unitLabels.h"

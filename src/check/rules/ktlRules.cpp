@@ -1,5 +1,5 @@
 // ktlRules.cpp - the items of a KTL file.
-#include "check/ktlFacts.h"
+#include "check/factNames.h"
 #include "check/rules/report.h"
 #include "check/rules/ruleFamilies.h"
 #include "ktl/format/ktlCodes.h"

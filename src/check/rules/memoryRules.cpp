@@ -1,5 +1,5 @@
 // memoryRules.cpp - where the sync managers of a device lie in its memory.
-#include "check/processData.h"
+#include "check/factNames.h"
 #include "check/rules/report.h"
 #include "check/rules/ruleFamilies.h"
 #include "check/unitLabels.h"

@@ -1,10 +1,9 @@
 // pdoDictionaryRules.cpp - entries of PDOs against the dictionary of the same device or module.
-#include "check/dictionary/dictionaryFacts.h"
 #include "check/dictionary/dictionaryOfUnit.h"
 #include "check/dictionary/dictionaryWords.h"
+#include "check/factNames.h"
 #include "check/rules/report.h"
 #include "check/rules/ruleFamilies.h"
-#include "check/unitFacts.h"
 #include "check/unitLabels.h"
 
 #include <array>

@@ -1,5 +1,5 @@
 // pdoRules.cpp - PDOs and what they hold.
-#include "check/processData.h"
+#include "check/factNames.h"
 #include "check/rules/report.h"
 #include "check/rules/ruleFamilies.h"
 #include "check/unitLabels.h"

@@ -5,11 +5,14 @@
 
 #include <string_view>
 
+namespace facts {
+struct KtlFacts;
+struct UnitFacts;
+} // namespace facts
+
 namespace check {
 
 struct EsiFacts;
-struct KtlFacts;
-struct UnitFacts;
 class Report;
 
 /// The functions of a rule; those that do not apply are null. Each looks at facts and reports what it finds. A rule
@@ -17,8 +20,9 @@ class Report;
 struct RuleChecks
 {
     void (*ofEsi)(const EsiFacts& facts, Report& report) = nullptr; ///< once for an ESI file
-    void (*ofKtl)(const KtlFacts& facts, Report& report) = nullptr; ///< once for a KTL file
-    void (*ofUnit)(const UnitFacts& facts, Report& report) = nullptr; ///< for each device, and each module of a file
+    void (*ofKtl)(const facts::KtlFacts& facts, Report& report) = nullptr; ///< once for a KTL file
+    void (*ofUnit)(const facts::UnitFacts& facts,
+                   Report& report) = nullptr; ///< for each device, and each module of a file
 };
 
 /// One row of the table of rules.

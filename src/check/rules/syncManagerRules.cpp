@@ -1,5 +1,5 @@
 // syncManagerRules.cpp - the areas of memory through which a device exchanges data.
-#include "check/processData.h"
+#include "check/factNames.h"
 #include "check/rules/report.h"
 #include "check/rules/ruleFamilies.h"
 #include "check/unitLabels.h"

@@ -1,6 +1,6 @@
 #include "check/schema/valueFaults.h"
 
-#include "check/dictionary/standardTypes.h"
+#include "check/factNames.h"
 #include "check/rules/report.h"
 #include "model/valueTexts.h"
 

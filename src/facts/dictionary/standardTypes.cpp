@@ -1,11 +1,11 @@
-#include "check/dictionary/standardTypes.h"
+#include "facts/dictionary/standardTypes.h"
 
 #include "model/valueTexts.h"
 
 #include <algorithm>
 #include <array>
 
-namespace check {
+namespace facts {
 
 namespace {
 
@@ -204,4 +204,4 @@ std::string_view elementTypeName(std::string_view name)
     return name;
 }
 
-} // namespace check
+} // namespace facts

@@ -1,13 +1,13 @@
 // processData.h - how the PDOs of a unit fill its sync managers.
 #pragma once
 
-#include "check/unitFacts.h"
+#include "facts/unitFacts.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
-namespace check {
+namespace facts {
 
 /// PDOs that are counted.
 enum class CountedPdos : std::uint8_t
@@ -32,4 +32,4 @@ enum class CountedPdos : std::uint8_t
 /// modules alone count too.
 [[nodiscard]] std::vector<std::int64_t> processDataBytes(const UnitFacts& unit, CountedPdos counted = CountedPdos::All);
 
-} // namespace check
+} // namespace facts

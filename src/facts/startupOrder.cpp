@@ -1,4 +1,4 @@
-#include "check/startupOrder.h"
+#include "facts/startupOrder.h"
 
 #include "model/objectAreas.h"
 
@@ -6,7 +6,7 @@
 #include <map>
 #include <set>
 
-namespace check {
+namespace facts {
 
 namespace {
 
@@ -152,4 +152,4 @@ std::vector<StartupFault> startupFaultsOf(const UnitFacts& unit)
     return walk.end();
 }
 
-} // namespace check
+} // namespace facts

@@ -1,8 +1,8 @@
-#include "check/esiUnits.h"
+#include "facts/esiUnits.h"
 
-#include "check/matchedPlaces.h"
 #include "esi/directionName.h"
 #include "esi/xml/treeIteration.h"
+#include "facts/matchedPlaces.h"
 #include "model/byteBit.h"
 #include "model/deviceType.h"
 #include "model/pdoAccess.h"
@@ -11,9 +11,10 @@
 
 #include <functional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-namespace check {
+namespace facts {
 
 namespace {
 
@@ -66,7 +67,7 @@ std::vector<EntryFacts> entriesFrom(const Entries& entries, const xml::Element* 
     for (const auto& entry : entries) {
         const auto found = places.take(objectKey(indexOf(entry), entry.SubIndex));
         facts.push_back({found.has_value() ? places.whereOf(*found) : without, indexOf(entry), movesWithSlot(entry),
-                         entry.SubIndex, bitLengthOf(entry), entry.DataType, entry.Linkto});
+                         entry.SubIndex, bitLengthOf(entry), entry.DataType, entry.Linkto, entry.Name});
     }
     return facts;
 }
@@ -106,6 +107,8 @@ template<typename Pdo> PdoFacts pdoFrom(const Pdo& pdo, bool isInput, const xml:
     facts.syncManager = pdo.Attributes.SM;
     facts.isFixed = pdo.Attributes.Fixed;
     facts.isMandatory = pdo.Attributes.Mandatory;
+    facts.name = pdo.Name;
+    facts.syncUnit = pdo.Attributes.SU;
     addOwn(facts, pdo);
     if (element != nullptr)
         addElement(facts, *element);
@@ -179,11 +182,14 @@ void addCommands(UnitFacts& unit, const std::vector<Command>& commands, const El
         facts.isCompleteAccess = command.bIfCA != 0;
         facts.bytes = command.DataBytes;
         facts.data = command.Data;
+        facts.comment = command.Comment;
+        facts.text = command.strData;
+        facts.values.assign(command.m_CADataList.begin(), command.m_CADataList.end());
         if (found.has_value()) {
             facts.where = places.whereOf(*found);
             addElement(facts, elements[*found]);
         }
-        unit.commands.push_back(facts);
+        unit.commands.push_back(std::move(facts));
     }
 }
 
@@ -234,7 +240,8 @@ void addChannels(UnitFacts& unit, const struct_EtherCatDevice& device, const Dev
     }
     for (const Struct_Fmmu& fmmu : device.vFmmu)
         unit.fmmus.push_back({placeOf(sectionOf(elements, DeviceSection::Fmmu), unit.fmmus.size(), unit.where),
-                              static_cast<std::uint8_t>(fmmu.m_FmmuType), fmmu.m_Name});
+                              static_cast<std::uint8_t>(fmmu.m_FmmuType), fmmu.m_Name, fmmu.m_Sm, fmmu.m_Su,
+                              fmmu.m_OpOnly});
 }
 
 void addModes(UnitFacts& unit, const struct_EtherCatDevice& device, const DeviceElements& elements)
@@ -314,4 +321,4 @@ UnitFacts moduleFactsOf(const struct_module& module, std::size_t index, const xm
     return unit;
 }
 
-} // namespace check
+} // namespace facts

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-namespace check {
+namespace facts {
 
 /// What a value of a data type is.
 enum class DataKind : std::uint8_t
@@ -37,4 +37,4 @@ struct TypeShape
 /// Whether values of two kinds can be the same in other words: a byte is a number or eight bits.
 [[nodiscard]] bool canBeSame(DataKind left, DataKind right) noexcept;
 
-} // namespace check
+} // namespace facts

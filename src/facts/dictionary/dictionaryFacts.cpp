@@ -1,4 +1,4 @@
-#include "check/dictionary/dictionaryFacts.h"
+#include "facts/dictionary/dictionaryFacts.h"
 
 #include "model/dataTypeNames.h"
 
@@ -6,7 +6,7 @@
 #include <limits>
 #include <numeric>
 
-namespace check {
+namespace facts {
 
 namespace {
 
@@ -214,4 +214,4 @@ LookedUpItem DictionaryFacts::itemAt(std::uint32_t index, std::uint32_t subIndex
     return found(object->type, object->bits, object->flags);
 }
 
-} // namespace check
+} // namespace facts

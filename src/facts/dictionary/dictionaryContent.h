@@ -1,8 +1,8 @@
 // dictionaryContent.h - what a CoE dictionary of an ESI file says, in lists.
 #pragma once
 
-#include "check/finding.h"
 #include "esi/xml/tree.h"
+#include "facts/owner.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-namespace check {
+namespace facts {
 
 /// What of an object can be done through the mailbox.
 enum class Access : std::uint8_t
@@ -177,4 +177,4 @@ struct DictionaryContent
 /// Reads `Dictionary` elements, which count as one. The types of references are left undeclared.
 [[nodiscard]] DictionaryContent dictionaryContentOf(const std::vector<xml::Element>& dictionaries);
 
-} // namespace check
+} // namespace facts

@@ -1,7 +1,7 @@
 // matchedPlaces.h - which elements of a file records come from.
 #pragma once
 
-#include "check/finding.h"
+#include "facts/owner.h"
 
 #include <cstddef>
 #include <optional>
@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace check {
+namespace facts {
 
 /// Finds the elements of records by a key. Records are mostly in the order of the elements; where choices have added,
 /// removed or moved some, each takes the first element of its key that is left.
@@ -72,4 +72,4 @@ private:
     std::unordered_map<Key, Candidates> m_byKey; ///< made when it is needed
 };
 
-} // namespace check
+} // namespace facts

@@ -1,4 +1,4 @@
-#include "check/dictionary/dictionaryContent.h"
+#include "facts/dictionary/dictionaryContent.h"
 
 #include "esi/xml/treeIteration.h"
 #include "model/valueTexts.h"
@@ -6,7 +6,7 @@
 #include <array>
 #include <limits>
 
-namespace check {
+namespace facts {
 
 namespace {
 
@@ -249,4 +249,4 @@ DictionaryContent dictionaryContentOf(const std::vector<xml::Element>& dictionar
     return content;
 }
 
-} // namespace check
+} // namespace facts

@@ -1,11 +1,11 @@
-#include "check/slotFacts.h"
+#include "facts/slotFacts.h"
 
 #include "model/moduleAccess.h"
 #include "model/valueTexts.h"
 
 #include <algorithm>
 
-namespace check {
+namespace facts {
 
 namespace {
 
@@ -121,4 +121,4 @@ const std::vector<ModuleRoom>& ModuleRooms::of(const UnitFacts& module, std::str
     return byClass == m_ofClass.end() ? none : byClass->second;
 }
 
-} // namespace check
+} // namespace facts

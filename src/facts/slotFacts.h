@@ -1,9 +1,9 @@
 // slotFacts.h - the slots of the devices of an ESI file, and the modules that go into them.
 #pragma once
 
-#include "check/unitFacts.h"
 #include "esi/fileElements.h"
 #include "esi/xml/tree.h"
+#include "facts/unitFacts.h"
 #include "model/deviceRecords.h"
 
 #include <cstddef>
@@ -12,7 +12,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace check {
+namespace facts {
 
 /// A slot of a device.
 struct SlotFacts
@@ -83,4 +83,4 @@ private:
     std::unordered_map<std::string_view, std::vector<ModuleRoom>> m_ofClass;
 };
 
-} // namespace check
+} // namespace facts

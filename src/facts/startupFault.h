@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace check {
+namespace facts {
 
 /// What is wrong with the order of commands.
 enum class StartupSlip : std::uint8_t
@@ -23,4 +23,4 @@ struct StartupFault
     unsigned entries = 0; ///< written entries, for the two slips of the count
 };
 
-} // namespace check
+} // namespace facts

@@ -1,8 +1,8 @@
-// unitFacts.h - what rules need to know of a device or module, wherever it comes from.
+// unitFacts.h - what is known of a device or module, wherever it comes from.
 #pragma once
 
-#include "check/finding.h"
-#include "check/startupFault.h"
+#include "facts/owner.h"
+#include "facts/startupFault.h"
 #include "model/nmtoken.h"
 #include "model/syncRecords.h"
 
@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace check {
+namespace facts {
 
 class DictionaryFacts;
 
@@ -30,6 +30,9 @@ struct FmmuFacts
     Where where = 0;
     std::uint8_t direction = 0; ///< a value of `enum_KTL_SMFMMU_TYPE`; 0 if its kind is unknown
     std::string_view name; ///< empty in a KTL file
+    std::uint32_t syncManager = 0; ///< its number
+    std::uint32_t syncUnit = 0; ///< its number
+    bool isForOpOnly = false;
 };
 
 /// A PDO that an operation mode puts on a sync manager.
@@ -62,6 +65,7 @@ struct EntryFacts
     int bits = 0; ///< negative for a number above 2^31 in a file
     std::string_view dataType; ///< empty in a KTL file
     std::int32_t link = 0; ///< a value of `enum_KTL_PDO_TYPE`, or what a file has in its place
+    std::string_view name; ///< empty in a KTL file
 };
 
 /// A PDO.
@@ -71,7 +75,7 @@ struct PdoFacts
     bool isInput = false; ///< a TxPdo
     bool isCopy = false; ///< of a sample, or of a module in a slot
     bool isExported = true; ///< as a PDO of the device
-    int place = -1; ///< of the module that it is a copy of; -1 for a PDO of the device itself
+    int place = -1; ///< of the module that it is a copy of, from 0; -1 for a PDO of the device itself
     std::uint16_t index = 0;
     bool movesWithSlot = false; ///< its index depends on the slot of its module
     bool movesWithGroup = false; ///< its index depends on the group of that slot
@@ -84,6 +88,8 @@ struct PdoFacts
     int oversamplingMax = 0;
     std::vector<EntryFacts> entries;
     std::vector<std::uint16_t> excluded; ///< indexes of PDOs that cannot be assigned together with it
+    std::string_view name; ///< empty in a KTL file
+    int syncUnit = 0; ///< its number
 };
 
 /// Startup commands of a protocol of which none are read.
@@ -117,6 +123,9 @@ struct CommandFacts
     bool hasMark = false; ///< its data begins with "#x", which counts as a byte
     bool isZero = false; ///< all digits of its data are 0
     std::size_t transitions = 1; ///< that the file declares; the last one counts
+    std::string_view comment; ///< empty in a KTL file
+    std::string_view text; ///< the value as text, in the form of `xmlGetStringuint`; empty in a KTL file
+    std::vector<std::uint32_t> values; ///< of a complete access
 };
 
 /// A device, or a module of a file.
@@ -153,4 +162,4 @@ struct UnitFacts
     [[nodiscard]] bool isDevice() const noexcept { return owner.kind == OwnerKind::Device; }
 };
 
-} // namespace check
+} // namespace facts

@@ -1,14 +1,14 @@
-// esiUnits.h - the devices and modules of an ESI file as rules see them.
+// esiUnits.h - the devices and modules of an ESI file.
 #pragma once
 
-#include "check/unitFacts.h"
 #include "esi/fileElements.h"
 #include "esi/xml/tree.h"
+#include "facts/unitFacts.h"
 #include "model/deviceRecords.h"
 
 #include <cstddef>
 
-namespace check {
+namespace facts {
 
 /// The facts of a device, but for its dictionary. They refer to the record and to the tree.
 /// @param file      of the device
@@ -22,4 +22,4 @@ namespace check {
 /// @param element  of the module
 [[nodiscard]] UnitFacts moduleFactsOf(const struct_module& module, std::size_t index, const xml::Element& element);
 
-} // namespace check
+} // namespace facts

@@ -1,5 +1,5 @@
 // Which elements records come from.
-#include "check/matchedPlaces.h"
+#include "facts/matchedPlaces.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -32,15 +32,15 @@ void tst_MatchedPlaces::elements()
 {
     QFETCH(QList<int>, keys);
     QFETCH(QList<int>, records);
-    check::MatchedPlaces<int> places;
+    facts::MatchedPlaces<int> places;
     for (int index = 0; index < keys.size(); ++index)
-        places.add(keys[index], static_cast<check::Where>(100 + index));
+        places.add(keys[index], static_cast<facts::Where>(100 + index));
     QList<int> taken;
     for (const int record : records) {
         const std::optional<std::size_t> found = places.take(record);
         taken += found.has_value() ? static_cast<int>(*found) : -1;
         if (found.has_value())
-            QCOMPARE(places.whereOf(*found), static_cast<check::Where>(100 + *found));
+            QCOMPARE(places.whereOf(*found), static_cast<facts::Where>(100 + *found));
     }
     QTEST(taken, "taken");
 }

@@ -1,9 +1,9 @@
-// dictionaryFacts.h - a CoE dictionary of an ESI file as rules see it.
+// dictionaryFacts.h - a CoE dictionary of an ESI file, with what it says about data types resolved.
 #pragma once
 
-#include "check/dictionary/dictionaryContent.h"
-#include "check/dictionary/standardTypes.h"
 #include "esi/xml/tree.h"
+#include "facts/dictionary/dictionaryContent.h"
+#include "facts/dictionary/standardTypes.h"
 
 #include <cstdint>
 #include <optional>
@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace check {
+namespace facts {
 
 /// An object, or a sub-item of one.
 struct ItemFacts
@@ -115,4 +115,4 @@ private:
     std::vector<std::uint32_t> m_objectsByIndex;
 };
 
-} // namespace check
+} // namespace facts

@@ -1,10 +1,10 @@
-#include "check/processData.h"
+#include "facts/processData.h"
 
 #include "model/syncDirection.h"
 
 #include <algorithm>
 
-namespace check {
+namespace facts {
 
 bool isMailbox(const SyncManagerFacts& syncManager)
 {
@@ -42,4 +42,4 @@ std::vector<std::int64_t> processDataBytes(const UnitFacts& unit, CountedPdos co
     return sums;
 }
 
-} // namespace check
+} // namespace facts

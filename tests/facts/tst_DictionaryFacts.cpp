@@ -1,8 +1,8 @@
 // Look-ups in a CoE dictionary.
 // Covers dictionaryContent.cpp.
-#include "check/dictionary/dictionaryFacts.h"
 #include "dictionaryParts.h"
 #include "esi/esiFile.h"
+#include "facts/dictionary/dictionaryFacts.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -39,18 +39,18 @@ struct Read
     Read(const Read&) = delete;
 
     xml::Tree tree;
-    std::optional<check::DictionaryFacts> facts;
+    std::optional<facts::DictionaryFacts> facts;
 };
 
 /// "16 UINT access mapping", or how the look-up ended.
-QString textOf(const check::LookedUpItem& found)
+QString textOf(const facts::LookedUpItem& found)
 {
     static const QStringList ends{"found", "no object", "no sub-index", "cannot tell"};
     static const QStringList accesses{"?", "ro", "rw", "wo"};
     static const QStringList mappings{"?", "none", "R", "T", "RT"};
-    if (found.result != check::LookUp::Found)
+    if (found.result != facts::LookUp::Found)
         return ends.at(static_cast<int>(found.result));
-    const check::ItemFacts& item = found.item;
+    const facts::ItemFacts& item = found.item;
     return QStringLiteral("%1 %2 %3 %4")
         .arg(QString::number(item.bits), QString::fromUtf8(item.type.data(), static_cast<int>(item.type.size())),
              accesses.at(static_cast<int>(item.access)), mappings.at(static_cast<int>(item.mapping)));
@@ -156,7 +156,7 @@ void tst_DictionaryFacts::typesInACircle()
     const Read read(dictionary(dataType("A", 8, "<BaseType>B</BaseType>") + dataType("B", 8, "<BaseType>A</BaseType>"),
                                object("1", "A", 8)));
     QCOMPARE(textOf(read.facts->itemAt(1, 0)), QStringLiteral("8 A ? ?"));
-    QCOMPARE(read.facts->shapeOf(read.facts->typeNamed("A")).kind, check::DataKind::Unknown);
+    QCOMPARE(read.facts->shapeOf(read.facts->typeNamed("A")).kind, facts::DataKind::Unknown);
 }
 
 static const testMain::Registration<tst_DictionaryFacts, testMain::NoApplication> registration;

@@ -1,5 +1,5 @@
 // The data types of the CoE standard by their names.
-#include "check/dictionary/standardTypes.h"
+#include "facts/dictionary/standardTypes.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -17,7 +17,7 @@ private slots:
     static void sameKinds();
 };
 
-using check::DataKind;
+using facts::DataKind;
 
 void tst_StandardTypes::named_data()
 {
@@ -59,7 +59,7 @@ void tst_StandardTypes::named()
 {
     QFETCH(int, kind);
     QFETCH(int, bits);
-    const auto type = check::standardTypeNamed(QTest::currentDataTag());
+    const auto type = facts::standardTypeNamed(QTest::currentDataTag());
     QVERIFY(type.has_value());
     QCOMPARE(static_cast<int>(type->kind), kind);
     QCOMPARE(static_cast<int>(type->bits), bits);
@@ -78,7 +78,7 @@ void tst_StandardTypes::unknown_data()
 void tst_StandardTypes::unknown()
 {
     QFETCH(QByteArray, name);
-    QVERIFY(!check::standardTypeNamed(name.toStdString()).has_value());
+    QVERIFY(!facts::standardTypeNamed(name.toStdString()).has_value());
 }
 
 void tst_StandardTypes::sameKinds_data()
@@ -102,8 +102,8 @@ void tst_StandardTypes::sameKinds()
 {
     QFETCH(int, left);
     QFETCH(int, right);
-    QTEST(check::canBeSame(static_cast<DataKind>(left), static_cast<DataKind>(right)), "same");
-    QTEST(check::canBeSame(static_cast<DataKind>(right), static_cast<DataKind>(left)), "same");
+    QTEST(facts::canBeSame(static_cast<DataKind>(left), static_cast<DataKind>(right)), "same");
+    QTEST(facts::canBeSame(static_cast<DataKind>(right), static_cast<DataKind>(left)), "same");
 }
 
 static const testMain::Registration<tst_StandardTypes, testMain::NoApplication> registration;

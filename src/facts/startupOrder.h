@@ -1,13 +1,13 @@
 // startupOrder.h - what the startup commands of a device do to its mapping and assign objects, in the order of sending.
 #pragma once
 
-#include "check/unitFacts.h"
+#include "facts/unitFacts.h"
 
 #include <vector>
 
-namespace check {
+namespace facts {
 
 /// The slips of a unit, in the order of sending.
 [[nodiscard]] std::vector<StartupFault> startupFaultsOf(const UnitFacts& unit);
 
-} // namespace check
+} // namespace facts

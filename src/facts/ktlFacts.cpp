@@ -1,12 +1,14 @@
-#include "check/ktlFacts.h"
+#include "facts/ktlFacts.h"
 
-#include "check/startupOrder.h"
+#include "facts/startupOrder.h"
 #include "ktl/format/ktlCodes.h"
 #include "model/controlByte.h"
 
 #include <algorithm>
+#include <unordered_map>
+#include <utility>
 
-namespace check {
+namespace facts {
 
 namespace {
 
@@ -33,6 +35,7 @@ public:
         m_unit.hasPlacesOfSyncManagers =
             std::all_of(pdos.begin(), pdos.end(), [this](const PdoFacts& pdo) { return fits(pdo); });
         m_unit.startupFaults = startupFaultsOf(m_unit);
+        addValues();
         return std::move(m_unit);
     }
 
@@ -67,6 +70,7 @@ private:
 
     void addPdo(const KtlFileItem& item);
     void addCommands(const KtlFileItem& item);
+    void addValues();
 
     const KtlDeviceBlock& m_block;
     UnitFacts m_unit;
@@ -102,7 +106,7 @@ void BlockReader::take(const KtlFileItem& item)
         break;
     case KTL_ITEM_FMMU:
         addRecords(item, m_block.fmmus, [&](const struct_KTL_FmmuAttributes& record, Where where) {
-            m_unit.fmmus.push_back({where, record.m_iFmmuType, {}});
+            m_unit.fmmus.push_back({where, record.m_iFmmuType, {}, record.m_iSm, record.m_iSu, record.m_iOpOnly != 0});
         });
         break;
     case KTL_ITEM_SM:
@@ -146,8 +150,9 @@ void BlockReader::addPdo(const KtlFileItem& item)
     pdo.syncManager = record.head.SM;
     pdo.isFixed = record.head.Fixed != 0;
     pdo.isMandatory = record.head.Mandatory != 0;
+    pdo.syncUnit = record.head.SU;
     addRecords(item, record.entries, [&](const struct_KTL_EntryPDOContent& entry, Where where) {
-        pdo.entries.push_back({where, entry.Index, false, entry.SubIndex, entry.Bitlen, {}, entry.LinkToData});
+        pdo.entries.push_back({where, entry.Index, false, entry.SubIndex, entry.Bitlen, {}, entry.LinkToData, {}});
     });
 }
 
@@ -171,7 +176,84 @@ void BlockReader::addCommands(const KtlFileItem& item)
     });
 }
 
+/// Gives complete accesses their values, which are in one list for all of them.
+void BlockReader::addValues()
+{
+    auto values = valuesOfCommands(m_block.coeCommands, m_block.accessValues);
+    if (!values.has_value())
+        return;
+    for (std::size_t index = 0; index < m_unit.commands.size() && index < values->size(); ++index)
+        m_unit.commands[index].values = std::move((*values)[index]);
+}
+
+/// A module's PDO in a place of a device.
+PdoFacts pdoInPlace(const KtlModulePdo& record, std::size_t place, const KtlSlots* deviceSlots)
+{
+    const auto steps = static_cast<std::uint16_t>(place);
+    const std::uint16_t pdoStep = deviceSlots != nullptr ? deviceSlots->head.m_iSlotPdoIncrement : std::uint16_t{0};
+    const std::uint16_t objectStep =
+        deviceSlots != nullptr ? deviceSlots->head.m_iSlotIndexIncrement : std::uint16_t{0};
+    PdoFacts pdo;
+    pdo.isInput = record.isInput;
+    pdo.isCopy = true;
+    pdo.isExported = false;
+    pdo.place = static_cast<int>(place);
+    pdo.index = static_cast<std::uint16_t>(record.head.IndexAttributes + steps * pdoStep);
+    pdo.syncManager = record.head.SM;
+    pdo.syncUnit = record.head.SU;
+    pdo.isFixed = record.head.Fixed != 0;
+    pdo.isMandatory = record.head.Mandatory != 0;
+    for (const struct_KTL_modulePdoOne& entry : record.entries) {
+        const int shift = entry.DependOnSlot != 0 ? steps * objectStep : 0;
+        pdo.entries.push_back({0,
+                               static_cast<std::uint16_t>(entry.index + shift),
+                               false,
+                               entry.SubIndex,
+                               static_cast<int>(entry.BitLen),
+                               {},
+                               entry.LinkToData,
+                               {}});
+    }
+    return pdo;
+}
+
 } // namespace
+
+PresetPdos presetPdosOf(const KtlDeviceBlock& block)
+{
+    constexpr std::size_t mostEntries = 524288; // 65,536 bytes, whose number would not fit into a length
+    PresetPdos preset;
+    if (!block.preset.has_value())
+        return preset;
+    std::unordered_map<std::uint32_t, const KtlModule*> modules;
+    for (const KtlModule& module : block.modules)
+        modules.emplace(module.attributes.ModuleIdent, &module); // the first of an ident counts
+    std::size_t entries = 0;
+    for (const bool isInput : {false, true})
+        for (std::size_t place = 0; place < block.preset->records.size(); ++place) {
+            const auto module = modules.find(block.preset->records[place].m_iModuleIdent);
+            if (module == modules.end())
+                continue;
+            for (const KtlModulePdo& pdo : module->second->pdos) {
+                if (pdo.isInput != isInput)
+                    continue;
+                entries += pdo.entries.size() + 1; // a PDO without entries takes memory too
+                preset.areAll = entries <= mostEntries;
+                if (!preset.areAll)
+                    return preset;
+                preset.pdos.push_back(pdoInPlace(pdo, place, block.deviceSlots ? &*block.deviceSlots : nullptr));
+            }
+        }
+    return preset;
+}
+
+UnitFacts ktlUnitOf(const KtlDeviceBlock& block, std::size_t index, const KtlWalk& walk, const KtlBlockPlace& place)
+{
+    BlockReader reader(block, index);
+    for (std::size_t item = place.first; item < place.end; ++item)
+        reader.take(walk.items[item]);
+    return reader.end();
+}
 
 KtlFacts ktlFactsOf(const std::vector<unsigned char>& bytes)
 {
@@ -182,12 +264,9 @@ KtlFacts ktlFactsOf(const std::vector<unsigned char>& bytes)
         if (facts.walk.items[place.first].bytes.size() < sizeof(struct_KTL_EtherCatDeviceType))
             break; // cut short in its first item: there is nothing to judge
         const KtlDeviceBlock& block = facts.blocks.emplace_back(deviceBlockAt(facts.walk, place));
-        BlockReader reader(block, facts.units.size());
-        for (std::size_t item = place.first; item < place.end; ++item)
-            reader.take(facts.walk.items[item]);
-        facts.units.push_back(reader.end());
+        facts.units.push_back(ktlUnitOf(block, facts.units.size(), facts.walk, place));
     }
     return facts;
 }
 
-} // namespace check
+} // namespace facts

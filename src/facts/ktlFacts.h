@@ -1,0 +1,46 @@
+// ktlFacts.h - what is known of a KTL file.
+#pragma once
+
+#include "facts/unitFacts.h"
+#include "ktl/reading/ktlDeviceBlocks.h"
+#include "ktl/reading/ktlItemWalk.h"
+
+#include <cstddef>
+#include <deque>
+#include <vector>
+
+namespace facts {
+
+/// A KTL file. It refers to the bytes that it is made of.
+struct KtlFacts
+{
+    KtlWalk walk;
+    std::vector<KtlBlockPlace> places; ///< of the device blocks
+    std::deque<KtlDeviceBlock> blocks;
+    std::vector<UnitFacts> units; ///< a device for each block
+};
+
+/// The facts of one device block, as much as is in the file.
+/// @param block  of the place; has to outlive the facts
+/// @param index  of the device in the file
+/// @param walk   of the file
+[[nodiscard]] UnitFacts ktlUnitOf(const KtlDeviceBlock& block, std::size_t index, const KtlWalk& walk,
+                                  const KtlBlockPlace& place);
+
+/// The PDOs of modules that a file presets in the places of a device.
+struct PresetPdos
+{
+    std::vector<PdoFacts> pdos; ///< outputs first, each in the order of places, with their indexes moved to the place
+    bool areAll = true; ///< false if there would be more entries than a sync manager can have bits
+};
+
+/// The PDOs of preset modules. A module with several PDOs of a direction has one here: the file does not tell where the
+/// second begins.
+/// @return  none for a device whose modules are its own PDOs, or that finds its modules on the bus
+[[nodiscard]] PresetPdos presetPdosOf(const KtlDeviceBlock& block);
+
+/// The facts of a KTL file.
+/// @param bytes  of the file; have to outlive the facts
+[[nodiscard]] KtlFacts ktlFactsOf(const std::vector<unsigned char>& bytes);
+
+} // namespace facts
