@@ -1,0 +1,90 @@
+// subject.h - a device as it is compared, wherever it comes from.
+#pragma once
+
+#include "facts/processImage.h"
+#include "facts/unitFacts.h"
+#include "model/nmtoken.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace diff {
+
+/// What a device says of itself besides its identity.
+struct DeviceTraits
+{
+    std::uint32_t serial = 0;
+    NMTOKEN checkProductCode = UnknownType; ///< no token in a KTL file
+    std::uint32_t deviceType = 0; ///< a value of `enum_KTL_DEVICE_TYPE`
+    std::uint32_t driveAxes = 0;
+    bool hasSdoInfo = false;
+    bool canUploadPdos = false;
+    bool canConfigurePdos = false;
+    bool hasSegmentedSdo = false;
+    bool hasDiagnosisHistory = false;
+    bool isEoeIp = false; ///< false in a KTL file, as below
+    bool isEoeMac = false;
+};
+
+/// What a device says of all its slots.
+struct SlotListTraits
+{
+    facts::Where where = 0;
+    bool isThere = false;
+    bool sendsIdents = false;
+    bool sendsAddresses = false;
+    std::uint32_t indexStep = 0;
+    std::uint32_t pdoStep = 0;
+    std::uint32_t groups = 0; ///< 0 in a KTL file, as below
+    std::uint32_t groupIndexStep = 0;
+    std::uint32_t groupPdoStep = 0;
+    std::string_view identifiedBy;
+    std::string transition;
+};
+
+/// An ident that a slot takes.
+struct SlotIdent
+{
+    std::uint32_t ident = 0;
+    bool isDefault = false;
+};
+
+/// A slot.
+struct SlotTraits
+{
+    facts::Where where = 0;
+    std::string_view name; ///< empty in a KTL file
+    std::uint32_t least = 0;
+    std::uint32_t most = 0;
+    std::uint32_t indexStep = 0;
+    std::uint32_t pdoStep = 0;
+    std::int32_t group = -1; ///< -1 in a KTL file, which has none of what follows either
+    std::vector<std::string_view> classes;
+    std::vector<SlotIdent> idents;
+};
+
+/// A module that is in a place of a device.
+struct PlacedModule
+{
+    facts::Where where = 0;
+    std::size_t place = 0; ///< from 0
+    std::uint32_t ident = 0;
+};
+
+/// A device as it is compared. It refers to the facts of its file.
+struct Subject
+{
+    const facts::UnitFacts* unit = nullptr;
+    DeviceTraits traits;
+    SlotListTraits slotList;
+    std::vector<SlotTraits> slotTraits;
+    std::vector<PlacedModule> placed;
+    std::vector<facts::UnitFacts> modules; ///< that go out with a device of a KTL file
+    std::vector<facts::PdoFacts> presetPdos; ///< see `facts::presetPdosOf`
+    facts::ProcessImage image; ///< of the unit and these PDOs
+    std::vector<facts::CommandFacts> eoeCommands;
+};
+
+} // namespace diff
