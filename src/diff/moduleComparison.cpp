@@ -1,0 +1,59 @@
+#include "diff/pairing.h"
+#include "diff/sections.h"
+#include "diff/sideItems.h"
+#include "diff/words.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace diff {
+
+namespace {
+
+using facts::UnitFacts;
+
+constexpr std::array moduleFields{
+    Field<UnitFacts>{"name", "name", Weight::Text, [](const UnitFacts& module) { return text(module.name); }, In::Esi},
+    Field<UnitFacts>{"type", "type", Weight::Text, [](const UnitFacts& module) { return text(module.type); }, In::Esi},
+};
+
+std::vector<std::uint32_t> identsOf(const std::vector<UnitFacts>& modules)
+{
+    std::vector<std::uint32_t> idents;
+    idents.reserve(modules.size());
+    for (const UnitFacts& module : modules)
+        idents.push_back(module.moduleIdent);
+    return idents;
+}
+
+void compareModule(const SideItems<UnitFacts>& modules, const std::string& part, Comparison& out)
+{
+    const UnitFacts& before = *modules.before;
+    const UnitFacts& after = *modules.after;
+    const std::string owner = part + ", ";
+    out.compare(moduleFields, before, after, [&] { return spotOf(Area::Module, part, modules); });
+    comparePdos(before, after, Area::Module, owner, out);
+    compareStartup(before.commands, after.commands, Area::Module, owner, out);
+    compareDictionaries(before, after, owner, out);
+}
+
+} // namespace
+
+void compareModules(const std::vector<UnitFacts>& before, const std::vector<UnitFacts>& after, Comparison& out)
+{
+    for (const Pair& pair : pairsByKey(identsOf(before), identsOf(after))) {
+        const SideItems<UnitFacts> modules = itemsOf(pair, before, after);
+        const UnitFacts& any = modules.any();
+        const std::string part = named("module " + hexadecimal(any.moduleIdent).text, text(any.name).text);
+        if (modules.areBoth())
+            compareModule(modules, part, out);
+        else if (modules.before != nullptr)
+            out.removed(spotOf(Area::Module, part, modules), Weight::Breaking);
+        else
+            out.added(spotOf(Area::Module, part, modules), Weight::Behaviour);
+    }
+}
+
+} // namespace diff
