@@ -18,6 +18,8 @@ private slots:
     static void item();
     static void severalDictionaries();
     static void joinedTexts();
+    static void namesOfObjects();
+    static void enumerations();
     static void hugeArray();
     static void typesInACircle();
 };
@@ -135,6 +137,33 @@ void tst_DictionaryFacts::joinedTexts()
         dictionary("<DataType><Name>DT<!-- a comment -->1</Name><BitSize>2<![CDATA[4]]></BitSize></DataType>",
                    "<Object><Index>#x2000</Index><Type>D<![CDATA[T1]]></Type></Object>"));
     QCOMPARE(textOf(read.facts->itemAt(0x2000, 0)), QStringLiteral("24 DT1 ? ?"));
+}
+
+void tst_DictionaryFacts::namesOfObjects()
+{
+    const Read read(dictionary({}, "<Object><Index>1</Index><Name LcId=\"1031\">Wert</Name><Name>Value</Name></Object>"
+                                   "<Object><Index>2</Index></Object>"));
+    QCOMPARE(read.facts->content().objects[0].name, std::string_view("Value"));
+    QCOMPARE(read.facts->content().objects[1].name, std::string_view());
+}
+
+void tst_DictionaryFacts::enumerations()
+{
+    const Read read(dictionary("<DataType><Name>A</Name><EnumInfo><Text>Off</Text><Enum>7</Enum></EnumInfo></DataType>"
+                               "<DataType><Name>B</Name><EnumInfo><Name>Off</Name><Enum>0</Enum></EnumInfo>"
+                               "<EnumInfo><Enum>#x10</Enum><Name>Ein</Name><Name>On</Name></EnumInfo></DataType>"
+                               "<DataType><Name>C</Name></DataType>",
+                               {}));
+    QStringList items;
+    const facts::DictionaryContent& content = read.facts->content();
+    for (const facts::DataType& type : content.types)
+        for (const facts::EnumItem& item : content.enumItemsOf(type))
+            items << QStringLiteral("%1 %2 %3")
+                         .arg(QLatin1String(type.name.data(), 1))
+                         .arg(item.value)
+                         .arg(QString::fromUtf8(item.name.data(), static_cast<int>(item.name.size())));
+    const QStringList expected{"A 7 ", "B 0 Off", "B 16 On"};
+    QCOMPARE(items, expected);
 }
 
 void tst_DictionaryFacts::hugeArray()

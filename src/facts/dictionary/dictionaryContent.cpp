@@ -124,6 +124,11 @@ constexpr std::array subItemRows{
     ChildRow<TypeSubItem>{"Flags", readFlags<TypeSubItem>},
 };
 
+constexpr std::array enumRows{
+    ChildRow<EnumItem>{"Name", readText<EnumItem, &EnumItem::name>},
+    ChildRow<EnumItem>{"Enum", readNumber<EnumItem, &EnumItem::value>},
+};
+
 constexpr std::array boundsRows{
     ChildRow<ArrayBounds>{"LBound", readNumber<ArrayBounds, &ArrayBounds::lower>},
     ChildRow<ArrayBounds>{"Elements", readNumber<ArrayBounds, &ArrayBounds::elements>},
@@ -136,6 +141,15 @@ void readSubItem(DictionaryContent& content, const xml::Element& element, DataTy
     readChildren(content, element, subItemRows, subItem);
     content.typeSubItems.push_back(subItem);
     ++to.subItems.count;
+}
+
+void readEnumItem(DictionaryContent& content, const xml::Element& element, DataType& to)
+{
+    EnumItem item;
+    item.where = element.placeKey();
+    readChildren(content, element, enumRows, item);
+    content.enumItems.push_back(item);
+    ++to.enumItems.count;
 }
 
 void readBounds(DictionaryContent& content, const xml::Element& element, DataType& to)
@@ -159,6 +173,7 @@ constexpr std::array typeRows{
     ChildRow<DataType>{"BaseType", readTypeName<DataType, &DataType::base>},
     ChildRow<DataType>{"BitSize", readNumber<DataType, &DataType::bits>},
     ChildRow<DataType>{"ArrayInfo", readBounds},
+    ChildRow<DataType>{"EnumInfo", readEnumItem},
 };
 
 void readType(DictionaryContent& content, const xml::Element& element)
@@ -166,6 +181,7 @@ void readType(DictionaryContent& content, const xml::Element& element)
     DataType type;
     type.where = element.placeKey();
     type.subItems.first = static_cast<std::uint32_t>(content.typeSubItems.size());
+    type.enumItems.first = static_cast<std::uint32_t>(content.enumItems.size());
     readChildren(content, element, typeRows, type);
     content.types.push_back(type);
 }
@@ -218,6 +234,7 @@ void readIndex(DictionaryContent& content, const xml::Element& element, Dictiona
 
 constexpr std::array objectRows{
     ChildRow<DictionaryObject>{"Index", readIndex},
+    ChildRow<DictionaryObject>{"Name", readText<DictionaryObject, &DictionaryObject::name>},
     ChildRow<DictionaryObject>{"Type", readTypeName<DictionaryObject, &DictionaryObject::type>},
     ChildRow<DictionaryObject>{"BitSize", readNumber<DictionaryObject, &DictionaryObject::bits>},
     ChildRow<DictionaryObject>{"Info", readInfo},

@@ -89,6 +89,14 @@ struct TypeSubItem
     std::optional<std::uint32_t> offset;
 };
 
+/// A value of an enumeration.
+struct EnumItem
+{
+    Where where = 0;
+    std::string_view name;
+    std::uint32_t value = 0;
+};
+
 /// The bounds of one dimension of an array.
 struct ArrayBounds
 {
@@ -104,6 +112,7 @@ struct DataType
     TypeName base;
     std::optional<std::uint32_t> bits;
     Run subItems;
+    Run enumItems; ///< of an enumeration
     std::uint32_t dimensions = 0;
     ArrayBounds bounds; ///< of the first dimension
     std::uint64_t elements = 0; ///< of all dimensions; the greatest number if there are more
@@ -151,6 +160,7 @@ struct DictionaryObject
     Where where = 0;
     std::uint16_t index = 0;
     AccessFlags flags;
+    std::string_view name;
     TypeName type;
     std::optional<std::uint32_t> bits;
     ItemInfo info;
@@ -162,12 +172,14 @@ struct DictionaryContent
 {
     std::vector<DataType> types;
     std::vector<TypeSubItem> typeSubItems;
+    std::vector<EnumItem> enumItems;
     std::vector<DictionaryObject> objects;
     std::vector<InfoSubItem> infoSubItems;
     std::deque<std::string> texts; ///< that are put together from several nodes
     bool tellsMapping = false; ///< some object or sub-item has a `PdoMapping`
 
     [[nodiscard]] ItemsOf<TypeSubItem> subItemsOf(const DataType& type) const { return {typeSubItems, type.subItems}; }
+    [[nodiscard]] ItemsOf<EnumItem> enumItemsOf(const DataType& type) const { return {enumItems, type.enumItems}; }
     [[nodiscard]] ItemsOf<InfoSubItem> subItemsOf(const DictionaryObject& object) const
     {
         return {infoSubItems, object.subItems};
