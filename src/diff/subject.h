@@ -1,6 +1,7 @@
 // subject.h - a device as it is compared, wherever it comes from.
 #pragma once
 
+#include "diff/difference.h"
 #include "facts/processImage.h"
 #include "facts/unitFacts.h"
 #include "model/nmtoken.h"
@@ -24,7 +25,7 @@ struct DeviceTraits
     bool canConfigurePdos = false;
     bool hasSegmentedSdo = false;
     bool hasDiagnosisHistory = false;
-    bool isEoeIp = false; ///< false in a KTL file, as below
+    bool isEoeIp = false;
     bool isEoeMac = false;
 };
 
@@ -73,9 +74,24 @@ struct PlacedModule
     std::uint32_t ident = 0;
 };
 
-/// A device as it is compared. It refers to the facts of its file.
+/// A part of a device that an export of it leaves out.
+struct Loss
+{
+    Area area;
+    std::string part; ///< in words
+    facts::Where where;
+};
+
+/// A device as it is compared. It refers to the facts of its file, and its image to itself.
 struct Subject
 {
+    Subject() = default;
+    ~Subject() = default;
+    Subject(const Subject&) = delete;
+    Subject& operator=(const Subject&) = delete;
+    Subject(Subject&&) = default;
+    Subject& operator=(Subject&&) = default;
+
     const facts::UnitFacts* unit = nullptr;
     DeviceTraits traits;
     SlotListTraits slotList;
@@ -84,7 +100,7 @@ struct Subject
     std::vector<facts::UnitFacts> modules; ///< that go out with a device of a KTL file
     std::vector<facts::PdoFacts> presetPdos; ///< see `facts::presetPdosOf`
     facts::ProcessImage image; ///< of the unit and these PDOs
-    std::vector<facts::CommandFacts> eoeCommands;
+    std::vector<Loss> losses; ///< of a device as its export carries it
 };
 
 } // namespace diff

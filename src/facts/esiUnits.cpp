@@ -146,6 +146,16 @@ void addLostSamples(UnitFacts& unit, const Elements& elements)
 
 // ---- Startup commands ----
 
+bool movesWithSlot(const struct_InitCmd& /*command*/)
+{
+    return false;
+}
+
+bool movesWithSlot(const struct_moduleInitCmd& command)
+{
+    return command.indexAttributes.DependOnSlot;
+}
+
 /// What of a command is in its element alone.
 void addElement(CommandFacts& facts, const xml::Element& element)
 {
@@ -163,8 +173,10 @@ void addElement(CommandFacts& facts, const xml::Element& element)
     });
 }
 
+/// @param without  place of a command that comes from no element
 template<typename Command>
-void addCommands(UnitFacts& unit, const std::vector<Command>& commands, const Elements& elements)
+void addCommands(std::vector<CommandFacts>& to, const std::vector<Command>& commands, const Elements& elements,
+                 Where without)
 {
     MatchedPlaces<std::uint64_t> places;
     for (const xml::Element& element : elements)
@@ -174,7 +186,7 @@ void addCommands(UnitFacts& unit, const std::vector<Command>& commands, const El
     for (const Command& command : commands) {
         const auto found = places.take(objectKey(indexOf(command), command.SubIndex));
         CommandFacts facts;
-        facts.where = unit.where;
+        facts.where = without;
         facts.isDerived = !found.has_value();
         facts.transition = command.Transition;
         facts.index = indexOf(command);
@@ -184,12 +196,13 @@ void addCommands(UnitFacts& unit, const std::vector<Command>& commands, const El
         facts.data = command.Data;
         facts.comment = command.Comment;
         facts.text = command.strData;
+        facts.movesWithSlot = movesWithSlot(command);
         facts.values.assign(command.m_CADataList.begin(), command.m_CADataList.end());
         if (found.has_value()) {
             facts.where = places.whereOf(*found);
             addElement(facts, elements[*found]);
         }
-        unit.commands.push_back(std::move(facts));
+        to.push_back(std::move(facts));
     }
 }
 
@@ -262,7 +275,10 @@ void addModes(UnitFacts& unit, const struct_EtherCatDevice& device, const Device
                               mode.m_ShiftTimeSync0,
                               mode.m_CycleTimeSync1,
                               mode.m_ShiftTimeSync1,
-                              {}});
+                              {},
+                              mode.Desc,
+                              mode.vendorSpecific.twinCAT.oversampling.m_DefaultFactor,
+                              mode.vendorSpecific.twinCAT.oversampling.m_MinCycleTime});
         for (const Struct_DCSm& syncManager : mode.m_Sm)
             for (const Struct_DCPdo& pdo : syncManager.m_Pdo)
                 unit.modes.back().pdos.push_back({syncManager.Attributes.m_No, pdo.m_index});
@@ -301,9 +317,10 @@ UnitFacts deviceFactsOf(const struct_FilenameDevice& file, std::size_t index, co
     addPdos(unit, device.mTxPdo.mpdo, true, {});
     for (PdoFacts& pdo : unit.pdos)
         pdo.isExported = pdo.place < 0 || hasModulePdos(device.m_iDeviceType);
-    addCommands(unit, device.Mailbox.COE.InitCmd.vinitcmd,
-                readMailboxes(unit, sectionOf(elements, DeviceSection::Mailbox)));
-    addCommands(unit, device.mMailbox.COE.vinitcmd, {});
+    addCommands(unit.commands, device.Mailbox.COE.InitCmd.vinitcmd,
+                readMailboxes(unit, sectionOf(elements, DeviceSection::Mailbox)), unit.where);
+    addCommands(unit.commands, device.mMailbox.COE.vinitcmd, {}, unit.where);
+    addCommands(unit.eoeCommands, device.Mailbox.EOE.InitCmd.vinitcmd, {}, unit.where);
     return unit;
 }
 
@@ -313,11 +330,14 @@ UnitFacts moduleFactsOf(const struct_module& module, std::size_t index, const xm
     unit.owner = {OwnerKind::Module, index};
     unit.where = element.placeKey();
     unit.moduleIdent = module.TypeAttributes.ModuleIdent;
+    unit.modulePdoGroup = module.TypeAttributes.ModulePdoGroup;
+    unit.supportsSraParameters = module.TypeAttributes.SRA_ParamterSupported;
     unit.name = module.Name;
     unit.type = module.TypeAttributes.Name;
     addPdos(unit, module.RxPdo.vpdo, false, childrenNamed(element, "RxPdo"));
     addPdos(unit, module.TxPdo.vpdo, true, childrenNamed(element, "TxPdo"));
-    addCommands(unit, module.Mailbox.COE.vinitcmd, readMailboxes(unit, childrenNamed(element, "Mailbox")));
+    addCommands(unit.commands, module.Mailbox.COE.vinitcmd, readMailboxes(unit, childrenNamed(element, "Mailbox")),
+                unit.where);
     return unit;
 }
 

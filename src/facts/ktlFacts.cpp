@@ -69,7 +69,9 @@ private:
     }
 
     void addPdo(const KtlFileItem& item);
-    void addCommands(const KtlFileItem& item);
+    void addCoe(const KtlFileItem& item);
+    static void addCommands(const KtlFileItem& item, const std::vector<struct_KTL_InitCmd>& records,
+                            std::vector<CommandFacts>& to);
     void addValues();
 
     const KtlDeviceBlock& m_block;
@@ -131,7 +133,10 @@ void BlockReader::take(const KtlFileItem& item)
         addPdo(item);
         break;
     case KTL_ITEM_CoE:
-        addCommands(item);
+        addCoe(item);
+        break;
+    case KTL_ITEM_EoE:
+        addCommands(item, m_block.eoeCommands, m_unit.eoeCommands);
         break;
     default:
         break;
@@ -156,7 +161,7 @@ void BlockReader::addPdo(const KtlFileItem& item)
     });
 }
 
-void BlockReader::addCommands(const KtlFileItem& item)
+void BlockReader::addCoe(const KtlFileItem& item)
 {
     const struct_KTL_COE& coe = m_block.coe;
     m_unit.hasCoe = m_block.general.m_bSdoSupport != 0 || coe.m_bSdoInfo != 0 || coe.m_bPdoAssign != 0
@@ -164,8 +169,14 @@ void BlockReader::addCommands(const KtlFileItem& item)
     m_unit.hasMailboxProtocol = m_unit.hasCoe;
     m_unit.canAssign = coe.m_bPdoAssign != 0;
     m_unit.supportsCompleteAccess = coe.m_bCompleteAccess != 0;
-    addRecords(item, m_block.coeCommands, [&](const struct_KTL_InitCmd& record, Where where) {
-        CommandFacts& command = m_unit.commands.emplace_back();
+    addCommands(item, m_block.coeCommands, m_unit.commands);
+}
+
+void BlockReader::addCommands(const KtlFileItem& item, const std::vector<struct_KTL_InitCmd>& records,
+                              std::vector<CommandFacts>& to)
+{
+    addRecords(item, records, [&](const struct_KTL_InitCmd& record, Where where) {
+        CommandFacts& command = to.emplace_back();
         command.where = where;
         command.transition = static_cast<NMTOKEN>(record.Transition);
         command.index = record.Index;

@@ -53,6 +53,9 @@ struct ModeFacts
     std::int32_t cycleTimeSync1 = 0;
     std::int32_t shiftTimeSync1 = 0;
     std::vector<ModePdoFacts> pdos; ///< none in a KTL file
+    std::string_view description; ///< empty in a KTL file
+    std::uint32_t oversamplingFactor = 0; ///< 0 in a KTL file, as below
+    std::uint32_t minCycleTime = 0; ///< ns
 };
 
 /// An entry of a PDO.
@@ -126,6 +129,7 @@ struct CommandFacts
     std::string_view comment; ///< empty in a KTL file
     std::string_view text; ///< the value as text, in the form of `xmlGetStringuint`; empty in a KTL file
     std::vector<std::uint32_t> values; ///< of a complete access
+    bool movesWithSlot = false; ///< its index depends on the slot of its module
 };
 
 /// A device, or a module of a file.
@@ -137,6 +141,8 @@ struct UnitFacts
     std::uint32_t product = 0; ///< of a device
     std::uint32_t revision = 0; ///< of a device
     std::uint32_t moduleIdent = 0; ///< of a module
+    std::int32_t modulePdoGroup = 0; ///< of a module
+    bool supportsSraParameters = false; ///< a module
     std::string_view name;
     std::string_view type; ///< text of the `Type` element; empty in a KTL file
     bool isFromKtl = false;
@@ -153,7 +159,8 @@ struct UnitFacts
     std::vector<FmmuFacts> fmmus; ///< none of a module
     std::vector<ModeFacts> modes; ///< none of a module
     std::vector<PdoFacts> pdos; ///< outputs first
-    std::vector<CommandFacts> commands; ///< in the order of sending
+    std::vector<CommandFacts> commands; ///< of CoE, in the order of sending
+    std::vector<CommandFacts> eoeCommands; ///< as above
     std::vector<UnreadCommands> unreadCommands;
     std::vector<LostSamples> lostSamples;
     std::vector<StartupFault> startupFaults; ///< in the order of sending

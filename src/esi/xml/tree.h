@@ -51,6 +51,7 @@ public:
 
 private:
     friend class TreeBuilder;
+    friend class LineTable;
     friend class PlaceCursor;
     friend class Node;
     friend class Element;

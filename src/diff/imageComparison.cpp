@@ -1,0 +1,109 @@
+#include "diff/pairing.h"
+#include "diff/sections.h"
+#include "diff/words.h"
+
+#include <cstdint>
+#include <string>
+#include <tuple>
+#include <vector>
+
+namespace diff {
+
+namespace {
+
+/// A signal with the sync manager that it is in.
+struct PlacedSignal
+{
+    const facts::SyncManagerImage* image;
+    const facts::ImageEntry* entry;
+};
+
+std::vector<PlacedSignal> signalsIn(const facts::ProcessImage& image)
+{
+    std::vector<PlacedSignal> found;
+    for (const facts::SyncManagerImage& one : image)
+        for (const facts::ImageEntry& entry : one.entries)
+            if (!entry.isGap())
+                found.push_back({&one, &entry});
+    return found;
+}
+
+using Key = std::tuple<bool, std::uint16_t, std::uint16_t, std::uint32_t>;
+
+/// What signals are paired by: direction, PDO and object.
+std::vector<Key> keysOf(const std::vector<PlacedSignal>& placed)
+{
+    std::vector<Key> keys;
+    keys.reserve(placed.size());
+    for (const PlacedSignal& one : placed)
+        keys.emplace_back(one.entry->pdo->isInput, one.entry->pdo->index, one.entry->entry->index,
+                          one.entry->entry->subIndex);
+    return keys;
+}
+
+/// "sync manager 3, byte 2.4"
+Value placeOf(const PlacedSignal& placed)
+{
+    return {"sync manager " + std::to_string(placed.image->number) + ", byte "
+                + std::to_string(facts::byteOf(placed.entry->bit)) + "."
+                + std::to_string(facts::bitInByte(placed.entry->bit)),
+            false, true};
+}
+
+Spot spotOf(const PlacedSignal& before, const PlacedSignal& after)
+{
+    const facts::EntryFacts& entry = *before.entry->entry;
+    const facts::PdoFacts& pdo = *before.entry->pdo;
+    return {Area::Image,
+            "signal " + named(objectWords(entry.index, entry.subIndex), entry.name) + " in "
+                + pdoWords(pdo.isInput, pdo.index, pdo.name),
+            entry.where, after.entry->entry->where};
+}
+
+/// Bytes of process data by direction and number of the sync manager.
+std::vector<std::pair<bool, int>> keysOf(const facts::ProcessImage& image)
+{
+    std::vector<std::pair<bool, int>> keys;
+    keys.reserve(image.size());
+    for (const facts::SyncManagerImage& one : image)
+        keys.emplace_back(one.isInput, one.number);
+    return keys;
+}
+
+/// What is on one side only is told with the sync managers.
+void compareSizes(const Subject& before, const Subject& after, Comparison& out)
+{
+    static constexpr Field<facts::SyncManagerImage> size{
+        "imageBytes", "bytes of the process image", Weight::Breaking,
+        [](const facts::SyncManagerImage& image) { return decimal(image.bytes()); }};
+    for (const Pair& pair : pairsByKey(keysOf(before.image), keysOf(after.image)))
+        if (pair.before.has_value() && pair.after.has_value()) {
+            const facts::SyncManagerImage& image = before.image[*pair.before];
+            out.compare(size, image, after.image[*pair.after], [&] {
+                return Spot{Area::Image,
+                            std::string(image.isInput ? "inputs" : "outputs") + ", sync manager "
+                                + std::to_string(image.number),
+                            before.unit->where, after.unit->where};
+            });
+        }
+}
+
+} // namespace
+
+void compareImages(const Subject& before, const Subject& after, Comparison& out)
+{
+    compareSizes(before, after, out);
+    const std::vector<PlacedSignal> oldSignals = signalsIn(before.image);
+    const std::vector<PlacedSignal> newSignals = signalsIn(after.image);
+    for (const Pair& pair : pairsByKey(keysOf(oldSignals), keysOf(newSignals))) {
+        if (!pair.before.has_value() || !pair.after.has_value())
+            continue; // told with the PDOs
+        const Value oldPlace = placeOf(oldSignals[*pair.before]);
+        const Value newPlace = placeOf(newSignals[*pair.after]);
+        if (oldPlace != newPlace)
+            out.moved(spotOf(oldSignals[*pair.before], newSignals[*pair.after]), Weight::Breaking, "place", oldPlace,
+                      newPlace);
+    }
+}
+
+} // namespace diff
