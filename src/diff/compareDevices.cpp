@@ -29,6 +29,15 @@ void tellLosses(const Subject& before, const Subject& after, Comparison& out)
         out.added({loss.area, loss.part, {}, loss.where}, Weight::Text);
 }
 
+std::vector<const facts::UnitFacts*> modulesOf(const Subject& device)
+{
+    std::vector<const facts::UnitFacts*> modules;
+    modules.reserve(device.modules.size());
+    for (const facts::UnitFacts& module : device.modules)
+        modules.push_back(&module);
+    return modules;
+}
+
 void compareAll(const Subject& before, const Subject& after, Comparison& out)
 {
     compareIdentity(before, after, out);
@@ -38,7 +47,7 @@ void compareAll(const Subject& before, const Subject& after, Comparison& out)
     compareImages(before, after, out);
     compareStartup(before, after, out);
     compareSlots(before, after, out);
-    compareModules(before.modules, after.modules, out);
+    compareModules(modulesOf(before), modulesOf(after), out);
     compareDictionaries(*before.unit, *after.unit, {}, out);
     tellLosses(before, after, out);
 }

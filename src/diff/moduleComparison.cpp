@@ -17,14 +17,18 @@ using facts::UnitFacts;
 constexpr std::array moduleFields{
     Field<UnitFacts>{"name", "name", Weight::Text, [](const UnitFacts& module) { return text(module.name); }, In::Esi},
     Field<UnitFacts>{"type", "type", Weight::Text, [](const UnitFacts& module) { return text(module.type); }, In::Esi},
+    Field<UnitFacts>{"modulePdoGroup", "PDO group", Weight::Behaviour,
+                     [](const UnitFacts& module) { return decimal(module.modulePdoGroup); }},
+    Field<UnitFacts>{"sraParameters", "SRA parameters", Weight::Behaviour,
+                     [](const UnitFacts& module) { return flag(module.supportsSraParameters); }},
 };
 
-std::vector<std::uint32_t> identsOf(const std::vector<UnitFacts>& modules)
+std::vector<std::uint32_t> identsOf(const std::vector<const UnitFacts*>& modules)
 {
     std::vector<std::uint32_t> idents;
     idents.reserve(modules.size());
-    for (const UnitFacts& module : modules)
-        idents.push_back(module.moduleIdent);
+    for (const UnitFacts* const module : modules)
+        idents.push_back(module->moduleIdent);
     return idents;
 }
 
@@ -41,10 +45,12 @@ void compareModule(const SideItems<UnitFacts>& modules, const std::string& part,
 
 } // namespace
 
-void compareModules(const std::vector<UnitFacts>& before, const std::vector<UnitFacts>& after, Comparison& out)
+void compareModules(const std::vector<const UnitFacts*>& before, const std::vector<const UnitFacts*>& after,
+                    Comparison& out)
 {
     for (const Pair& pair : pairsByKey(identsOf(before), identsOf(after))) {
-        const SideItems<UnitFacts> modules = itemsOf(pair, before, after);
+        const SideItems<UnitFacts> modules{pair.before ? before[*pair.before] : nullptr,
+                                           pair.after ? after[*pair.after] : nullptr};
         const UnitFacts& any = modules.any();
         const std::string part = named("module " + hexadecimal(any.moduleIdent).text, text(any.name).text);
         if (modules.areBoth())

@@ -41,8 +41,8 @@ void compareStartup(const Subject& before, const Subject& after, Comparison& out
 void compareSlots(const Subject& before, const Subject& after, Comparison& out);
 
 /// Modules by their idents.
-void compareModules(const std::vector<facts::UnitFacts>& before, const std::vector<facts::UnitFacts>& after,
-                    Comparison& out);
+void compareModules(const std::vector<const facts::UnitFacts*>& before,
+                    const std::vector<const facts::UnitFacts*>& after, Comparison& out);
 
 /// The CoE dictionaries of devices or modules that have one: data types by name, objects by index.
 /// @param owner  see `comparePdos`
