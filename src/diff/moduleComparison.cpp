@@ -53,12 +53,9 @@ void compareModules(const std::vector<const UnitFacts*>& before, const std::vect
                                            pair.after ? after[*pair.after] : nullptr};
         const UnitFacts& any = modules.any();
         const std::string part = named("module " + hexadecimal(any.moduleIdent).text, text(any.name).text);
-        if (modules.areBoth())
+        const auto spot = [&] { return spotOf(Area::Module, part, modules); };
+        if (!isOnOneSide(modules, Weight::Behaviour, Weight::Breaking, out, spot))
             compareModule(modules, part, out);
-        else if (modules.before != nullptr)
-            out.removed(spotOf(Area::Module, part, modules), Weight::Breaking);
-        else
-            out.added(spotOf(Area::Module, part, modules), Weight::Behaviour);
     }
 }
 

@@ -1,12 +1,12 @@
 // sideItems.h - a part of a description on both sides, and where it is.
 #pragma once
 
-#include "diff/difference.h"
+#include "diff/comparison.h"
 #include "diff/pairing.h"
 
 #include <string>
+#include <type_traits>
 #include <utility>
-#include <vector>
 
 namespace diff {
 
@@ -42,6 +42,21 @@ template<typename Item> [[nodiscard]] Spot spotOf(Area area, std::string part, c
     if (items.after != nullptr)
         spot.after = items.after->where;
     return spot;
+}
+
+/// Tells a part that is on one side only.
+/// @param spotOf  `spotOf()` gives its spot
+/// @return        false if it is on both
+template<typename Item, typename SpotOf>
+bool isOnOneSide(const SideItems<Item>& items, Weight ofAdded, Weight ofRemoved, Comparison& out, SpotOf spotOf)
+{
+    if (items.areBoth())
+        return false;
+    if (items.before != nullptr)
+        out.removed(spotOf(), ofRemoved);
+    else
+        out.added(spotOf(), ofAdded);
+    return true;
 }
 
 } // namespace diff

@@ -111,30 +111,15 @@ void compareSlot(const SideItems<SlotTraits>& slot, const std::string& part, Com
                     [&](std::uint32_t ident) { return part + ", module " + hexadecimal(ident).text; });
 }
 
-/// Tells a part that is on one side only.
-/// @return  false if it is on both
-template<typename Item>
-bool isOnOneSide(const SideItems<Item>& items, const std::string& part, Weight ofAdded, Weight ofRemoved,
-                 Comparison& out)
-{
-    if (items.areBoth())
-        return false;
-    if (items.before != nullptr)
-        out.removed(spotOf(Area::Slot, part, items), ofRemoved);
-    else
-        out.added(spotOf(Area::Slot, part, items), ofAdded);
-    return true;
-}
-
 /// @return  whether both have slots; what only one has is told at once
 bool compareSlotLists(const SlotListTraits& before, const SlotListTraits& after, Comparison& out)
 {
     const SideItems<SlotListTraits> lists{before.isThere ? &before : nullptr, after.isThere ? &after : nullptr};
-    const std::string part = "slots";
+    const auto spot = [&] { return spotOf(Area::Slot, "slots", lists); };
     if ((lists.before == nullptr && lists.after == nullptr)
-        || isOnOneSide(lists, part, Weight::Breaking, Weight::Breaking, out))
+        || isOnOneSide(lists, Weight::Breaking, Weight::Breaking, out, spot))
         return false;
-    out.compare(listFields, before, after, [&] { return spotOf(Area::Slot, part, lists); });
+    out.compare(listFields, before, after, spot);
     return true;
 }
 
@@ -144,7 +129,8 @@ void compareEachSlot(const std::vector<SlotTraits>& before, const std::vector<Sl
         const SideItems<SlotTraits> slot{index < before.size() ? &before[index] : nullptr,
                                          index < after.size() ? &after[index] : nullptr};
         const std::string part = named("slot " + std::to_string(index + 1), text(slot.any().name).text);
-        if (!isOnOneSide(slot, part, Weight::Behaviour, Weight::Breaking, out))
+        if (!isOnOneSide(slot, Weight::Behaviour, Weight::Breaking, out,
+                         [&] { return spotOf(Area::Slot, part, slot); }))
             compareSlot(slot, part, out);
     }
 }
