@@ -3,6 +3,7 @@
 #include "cli/checkCommand.h"
 #include "cli/choicesCommand.h"
 #include "cli/convertCommand.h"
+#include "cli/diffCommand.h"
 #include "cli/dumpCommand.h"
 #include "cli/findCommand.h"
 #include "cli/inputFile.h"
@@ -28,8 +29,8 @@ struct SubCommand
 };
 
 constexpr SubCommand subCommands[] = {
-    {&convertText, runConvert}, {&choicesText, runChoices}, {&showText, runShow},
-    {&findText, runFind},       {&checkText, runCheck},     {&dumpText, runDump},
+    {&convertText, runConvert}, {&choicesText, runChoices}, {&showText, runShow}, {&findText, runFind},
+    {&checkText, runCheck},     {&diffText, runDiff},       {&dumpText, runDump},
 };
 
 void showHelp(std::ostream& out)
@@ -46,7 +47,7 @@ void showHelp(std::ostream& out)
            "  -v, --version  Shows the version.\n\n"
            "Exit status: 0 done; 1 done, with warnings where --strict of convert is given,\n"
            "or with findings of check that --fail-on names (errors, if nothing else),\n"
-           "or find has found nothing;\n"
+           "or find has found nothing, or diff has found a difference;\n"
            "2 input or arguments that cannot be used; 3 an output that cannot be written.\n\n"
            "Examples:\n";
     for (const SubCommand& subCommand : subCommands)

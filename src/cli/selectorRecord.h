@@ -12,15 +12,27 @@
 
 namespace cli {
 
+/// A unit of a list of units, or of one of pointers to them.
+template<typename Unit> [[nodiscard]] const Unit& unitOf(const Unit& unit)
+{
+    return unit;
+}
+
+template<typename Unit> [[nodiscard]] const Unit& unitOf(const Unit* unit)
+{
+    return *unit;
+}
+
 /// A record with nothing but the names and identities of devices, for `selectedDevices`.
 /// @param path   of the file, "-" for standard input
-/// @param units  what is known of devices and modules: `facts::UnitFacts`, or a type with members of these names
-template<typename Unit>
-[[nodiscard]] struct_FilenameDevice selectorRecordOf(const QString& path, const std::vector<Unit>& units)
+/// @param units  what is known of devices and modules: `facts::UnitFacts`, or a type with members of these names, or
+///               pointers to them
+template<typename Units> [[nodiscard]] struct_FilenameDevice selectorRecordOf(const QString& path, const Units& units)
 {
     struct_FilenameDevice record;
     record.xmlfilepath = QFile::encodeName(shownName(path)).toStdString();
-    for (const Unit& unit : units) {
+    for (const auto& listed : units) {
+        const auto& unit = unitOf(listed);
         if (unit.owner.kind != facts::OwnerKind::Device)
             continue;
         struct_EtherCatDevice& device = record.device.emplace_back();

@@ -19,7 +19,7 @@ using facts::SyncManagerFacts;
 Value directionValue(std::uint8_t direction)
 {
     const std::string name = show::directionName(direction);
-    return name.empty() ? decimal(direction) : text(name);
+    return name.empty() ? decimal(direction) : words(name);
 }
 
 constexpr std::array syncManagerFields{

@@ -18,10 +18,10 @@ using facts::ModeFacts;
 /// "2: 0x1600; 3: 0x1a00".
 Value pdosOf(const ModeFacts& mode)
 {
-    std::string words;
+    std::string list;
     for (const facts::ModePdoFacts& pdo : mode.pdos)
-        words += (words.empty() ? "" : "; ") + std::to_string(pdo.syncManager) + ": " + numberText(pdo.index);
-    return {words, false, true};
+        list += (list.empty() ? "" : "; ") + std::to_string(pdo.syncManager) + ": " + numberText(pdo.index);
+    return words(list);
 }
 
 constexpr std::array fields{

@@ -19,12 +19,12 @@ constexpr std::array identityFields{
     Field<Subject>{"type", "type", Weight::Text, [](const Subject& device) { return text(device.unit->type); },
                    In::Esi},
     Field<Subject>{"checkProductCode", "check of the product code", Weight::Behaviour,
-                   [](const Subject& device) { return text(show::tokenName(device.traits.checkProductCode)); },
+                   [](const Subject& device) { return words(show::tokenName(device.traits.checkProductCode)); },
                    In::Esi},
     Field<Subject>{"deviceType", "class", Weight::Breaking,
                    [](const Subject& device) {
                        const std::string name = show::deviceTypeName(device.traits.deviceType);
-                       return name.empty() ? decimal(device.traits.deviceType) : text(name);
+                       return name.empty() ? decimal(device.traits.deviceType) : words(name);
                    }},
     Field<Subject>{"driveAxes", "drive axes", Weight::Breaking,
                    [](const Subject& device) { return decimal(device.traits.driveAxes); }},

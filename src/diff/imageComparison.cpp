@@ -44,10 +44,9 @@ std::vector<Key> keysOf(const std::vector<PlacedSignal>& placed)
 /// "sync manager 3, byte 2.4"
 Value placeOf(const PlacedSignal& placed)
 {
-    return {"sync manager " + std::to_string(placed.image->number) + ", byte "
-                + std::to_string(facts::byteOf(placed.entry->bit)) + "."
-                + std::to_string(facts::bitInByte(placed.entry->bit)),
-            false, true};
+    return words("sync manager " + std::to_string(placed.image->number) + ", byte "
+                 + std::to_string(facts::byteOf(placed.entry->bit)) + "."
+                 + std::to_string(facts::bitInByte(placed.entry->bit)));
 }
 
 Spot spotOf(const PlacedSignal& before, const PlacedSignal& after)

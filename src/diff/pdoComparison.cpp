@@ -21,16 +21,16 @@ using facts::PdoFacts;
 
 std::string indexList(const std::vector<std::uint16_t>& indexes)
 {
-    std::string words;
+    std::string list;
     for (const std::uint16_t index : indexes)
-        words += (words.empty() ? "" : " ") + numberText(index);
-    return words;
+        list += (list.empty() ? "" : " ") + numberText(index);
+    return list;
 }
 
 constexpr std::array pdoFields{
     Field<PdoFacts>{"name", "name", Weight::Text, [](const PdoFacts& pdo) { return text(pdo.name); }, In::Esi},
     Field<PdoFacts>{"syncManager", "sync manager", Weight::Breaking,
-                    [](const PdoFacts& pdo) { return pdo.syncManager < 0 ? text("none") : decimal(pdo.syncManager); }},
+                    [](const PdoFacts& pdo) { return pdo.syncManager < 0 ? noValue() : decimal(pdo.syncManager); }},
     Field<PdoFacts>{"syncUnit", "sync unit", Weight::Behaviour,
                     [](const PdoFacts& pdo) { return decimal(pdo.syncUnit); }},
     Field<PdoFacts>{"bitLength", "length in bits", Weight::Breaking,
@@ -39,7 +39,7 @@ constexpr std::array pdoFields{
     Field<PdoFacts>{"mandatory", "mandatory", Weight::Behaviour,
                     [](const PdoFacts& pdo) { return flag(pdo.isMandatory); }},
     Field<PdoFacts>{"excludes", "not together with", Weight::Behaviour,
-                    [](const PdoFacts& pdo) { return text(indexList(pdo.excluded)); }, In::Esi},
+                    [](const PdoFacts& pdo) { return words(indexList(pdo.excluded)); }, In::Esi},
     Field<PdoFacts>{"overwrittenByModule", "overwritten by modules", Weight::Behaviour,
                     [](const PdoFacts& pdo) { return flag(pdo.isOverwritten); }, In::Esi},
     Field<PdoFacts>{"dependOnSlot", "moves with the slot", Weight::Breaking,
@@ -62,7 +62,7 @@ constexpr std::array entryFields{
     Field<EntryFacts>{"dependOnSlot", "moves with the slot", Weight::Breaking,
                       [](const EntryFacts& entry) { return flag(entry.movesWithSlot); }},
     Field<EntryFacts>{"link", "link", Weight::Behaviour,
-                      [](const EntryFacts& entry) { return text(show::linkWords(entry.link)); }},
+                      [](const EntryFacts& entry) { return words(show::linkWords(entry.link)); }},
     Field<EntryFacts>{"name", "name", Weight::Text, [](const EntryFacts& entry) { return text(entry.name); }, In::Esi},
 };
 
@@ -100,12 +100,12 @@ struct PdoPair
         return before.syncManager < 0 && after.syncManager < 0 ? Weight::Behaviour : Weight::Breaking;
     }
 
-    [[nodiscard]] std::string words() const { return owner + pdoWords(before.isInput, before.index, before.name); }
+    [[nodiscard]] std::string label() const { return owner + pdoWords(before.isInput, before.index, before.name); }
 
     [[nodiscard]] Spot spotOf(const EntryFacts* oldEntry, const EntryFacts* newEntry) const
     {
         const EntryFacts& one = oldEntry != nullptr ? *oldEntry : *newEntry;
-        Spot spot{area, words() + ", entry " + named(objectWords(one.index, one.subIndex), one.name), {}, {}, most()};
+        Spot spot{area, label() + ", entry " + named(objectWords(one.index, one.subIndex), one.name), {}, {}, most()};
         if (oldEntry != nullptr)
             spot.before = oldEntry->where;
         if (newEntry != nullptr)
@@ -172,7 +172,7 @@ void comparePdos(const facts::UnitFacts& before, const facts::UnitFacts& after, 
         } else {
             const PdoPair pdos{*oldPdos[*pair.before], *newPdos[*pair.after], area, owner};
             out.compare(pdoFields, pdos.before, pdos.after, [&] {
-                return Spot{area, pdos.words(), pdos.before.where, pdos.after.where, pdos.most()};
+                return Spot{area, pdos.label(), pdos.before.where, pdos.after.where, pdos.most()};
             });
             compareEntries(pdos, out);
         }

@@ -32,7 +32,7 @@ constexpr std::array listFields{
     Field<SlotListTraits>{"identifyModuleBy", "what modules are identified by", Weight::Behaviour,
                           [](const SlotListTraits& list) { return text(list.identifiedBy); }, In::Esi},
     Field<SlotListTraits>{"downloadModuleListTransition", "transition of the module list", Weight::Behaviour,
-                          [](const SlotListTraits& list) { return text(list.transition); }, In::Esi},
+                          [](const SlotListTraits& list) { return words(list.transition); }, In::Esi},
 };
 
 constexpr std::array slotFields{

@@ -23,10 +23,10 @@ constexpr std::size_t bytesOfNumber = 4;
 Value valueOf(const CommandFacts& command)
 {
     if (command.isCompleteAccess) {
-        std::string words;
+        std::string list;
         for (const std::uint32_t value : command.values)
-            words += (words.empty() ? "" : " ") + numberText(value);
-        return {words, false, true};
+            list += (list.empty() ? "" : " ") + numberText(value);
+        return words(list);
     }
     if (command.bytes > bytesOfNumber) // no number; a KTL file does not carry it
         return text(command.text);
@@ -35,7 +35,7 @@ Value valueOf(const CommandFacts& command)
 
 constexpr Field<CommandFacts> transition{
     "transition", "transition", Weight::Behaviour,
-    [](const CommandFacts& command) { return text(show::tokenName(command.transition)); }};
+    [](const CommandFacts& command) { return words(show::tokenName(command.transition)); }};
 
 constexpr std::array fields{
     transition,

@@ -4,20 +4,31 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace diff {
 
-/// A value of a file, in the form in which it is shown and compared.
+/// What a value is.
+enum class ValueForm : std::uint8_t
+{
+    Words, ///< of ours, numbers in hexadecimal among them
+    Number, ///< a decimal number
+    Text, ///< of the file
+    None, ///< the file has no such value
+};
+
+/// A value of a file, in the form in which it is compared.
 struct Value
 {
     std::string text;
-    bool isNumber = false; ///< a decimal number, which JSON has as one
-    bool isThere = true; ///< false where the file has no such value
+    ValueForm form = ValueForm::Words;
+
+    [[nodiscard]] bool isThere() const noexcept { return form != ValueForm::None; }
 };
 
 [[nodiscard]] inline bool operator==(const Value& left, const Value& right) noexcept
 {
-    return left.isThere == right.isThere && left.text == right.text;
+    return left.isThere() == right.isThere() && left.text == right.text;
 }
 
 [[nodiscard]] inline bool operator!=(const Value& left, const Value& right) noexcept
@@ -28,7 +39,7 @@ struct Value
 /// No value.
 [[nodiscard]] inline Value noValue()
 {
-    return {{}, false, false};
+    return {{}, ValueForm::None};
 }
 
 [[nodiscard]] Value decimal(std::int64_t number);
@@ -39,8 +50,17 @@ struct Value
 /// "yes" or "no".
 [[nodiscard]] Value flag(bool isSet);
 
-/// A text without the white space around it, which has no meaning.
+/// Words of ours.
+[[nodiscard]] inline Value words(std::string text)
+{
+    return {std::move(text), ValueForm::Words};
+}
+
+/// A text of a file, without the white space around it, which has no meaning.
 [[nodiscard]] Value text(std::string_view utf8);
+
+/// A value as people read it: a text in quotation marks, cut where it is long; "none" where there is none.
+[[nodiscard]] std::string shown(const Value& value);
 
 /// Whether a value says no more than a missing one does: an empty text, 0 or "no".
 [[nodiscard]] bool saysNothing(const Value& value);

@@ -28,4 +28,9 @@ std::string objectWords(std::uint32_t index, std::uint32_t subIndex)
     return numberText(index) + ":" + std::to_string(subIndex);
 }
 
+std::string identityWords(const facts::UnitFacts& device)
+{
+    return numberText(device.vendor) + ":" + numberText(device.product) + ":" + numberText(device.revision);
+}
+
 } // namespace diff

@@ -1,6 +1,8 @@
 // words.h - the words for parts of devices in differences.
 #pragma once
 
+#include "facts/unitFacts.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -15,5 +17,8 @@ namespace diff {
 
 /// "0x6000:1".
 [[nodiscard]] std::string objectWords(std::uint32_t index, std::uint32_t subIndex);
+
+/// "0x7e570002:0x5001:0x30001".
+[[nodiscard]] std::string identityWords(const facts::UnitFacts& device);
 
 } // namespace diff

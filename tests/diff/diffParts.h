@@ -21,7 +21,7 @@ inline QString shown(std::string_view words)
 /// A value; "-" where there is none, "''" for an empty text.
 inline QString shown(const diff::Value& value)
 {
-    if (!value.isThere)
+    if (!value.isThere())
         return QStringLiteral("-");
     return value.text.empty() ? QStringLiteral("''") : shown(value.text);
 }
