@@ -65,9 +65,11 @@ public:
         take({weight, Change::Removed, std::move(spot), {}, {}, std::move(value), noValue()});
     }
 
-    void moved(Spot spot, Weight weight, std::string_view words, Value before, Value after)
+    /// @param before  its place in words: "entry 3"
+    void moved(Spot spot, Weight weight, std::string before, std::string after)
     {
-        take({weight, Change::Moved, std::move(spot), "place", words, std::move(before), std::move(after)});
+        take({weight, Change::Moved, std::move(spot), "place", "place", words(std::move(before)),
+              words(std::move(after))});
     }
 
     /// A value, if it differs.
@@ -80,10 +82,13 @@ public:
         Value oldValue = field.valueOf(before);
         Value newValue = field.valueOf(after);
         const bool isLoss = field.in == In::Esi && m_sides == Sides::EsiAndKtl;
-        if (oldValue == newValue || (isLoss && saysNothing(oldValue) && saysNothing(newValue)))
-            return;
-        take({field.weight, Change::Changed, spotOf(), field.key, field.words, std::move(oldValue),
-              std::move(newValue)});
+        if (isLoss)
+            for (Value* const value : {&oldValue, &newValue})
+                if (saysNothing(*value))
+                    *value = noValue();
+        if (oldValue != newValue)
+            take({isLoss ? Weight::Text : field.weight, Change::Changed, spotOf(), field.key, field.words,
+                  std::move(oldValue), std::move(newValue)});
     }
 
     /// All values of a record that differ.

@@ -43,14 +43,16 @@ std::string wordsOfPart(const Difference& difference)
 
 std::string wordsOf(const Difference& difference)
 {
-    if (difference.change == Change::Added || difference.change == Change::Removed)
+    const std::string values = shown(difference.before) + " -> " + shown(difference.after);
+    const std::string& part = difference.spot.part;
+    switch (difference.change) {
+    case Change::Moved:
+        return part + " moved: " + values;
+    case Change::Changed:
+        return part + (part.empty() ? "" : ", ") + std::string(difference.words) + ": " + values;
+    default:
         return wordsOfPart(difference);
-    std::string part = difference.spot.part;
-    if (difference.change == Change::Moved)
-        part += " moved";
-    if (!part.empty())
-        part += ", ";
-    return part + std::string(difference.words) + ": " + shown(difference.before) + " -> " + shown(difference.after);
+    }
 }
 
 std::string placeIn(const WrittenFile& file, facts::Where where)

@@ -41,12 +41,12 @@ std::vector<Key> keysOf(const std::vector<PlacedSignal>& placed)
     return keys;
 }
 
-/// "sync manager 3, byte 2.4"
-Value placeOf(const PlacedSignal& placed)
+/// "byte 2.4", and in which sync manager where that has changed.
+std::string placeOf(const PlacedSignal& placed, bool hasSyncManager)
 {
-    return words("sync manager " + std::to_string(placed.image->number) + ", byte "
-                 + std::to_string(facts::byteOf(placed.entry->bit)) + "."
-                 + std::to_string(facts::bitInByte(placed.entry->bit)));
+    const std::string byte = "byte " + std::to_string(facts::byteOf(placed.entry->bit)) + "."
+                             + std::to_string(facts::bitInByte(placed.entry->bit));
+    return hasSyncManager ? "sync manager " + std::to_string(placed.image->number) + ", " + byte : byte;
 }
 
 Spot spotOf(const PlacedSignal& before, const PlacedSignal& after)
@@ -89,19 +89,20 @@ void compareSizes(const Subject& before, const Subject& after, Comparison& out)
 
 } // namespace
 
-void compareImages(const Subject& before, const Subject& after, Comparison& out)
+void compareImages(const Subject& oldOne, const Subject& newOne, Comparison& out)
 {
-    compareSizes(before, after, out);
-    const std::vector<PlacedSignal> oldSignals = signalsIn(before.image);
-    const std::vector<PlacedSignal> newSignals = signalsIn(after.image);
+    compareSizes(oldOne, newOne, out);
+    const std::vector<PlacedSignal> oldSignals = signalsIn(oldOne.image);
+    const std::vector<PlacedSignal> newSignals = signalsIn(newOne.image);
     for (const Pair& pair : pairsByKey(keysOf(oldSignals), keysOf(newSignals))) {
         if (!pair.before.has_value() || !pair.after.has_value())
             continue; // told with the PDOs
-        const Value oldPlace = placeOf(oldSignals[*pair.before]);
-        const Value newPlace = placeOf(newSignals[*pair.after]);
-        if (oldPlace != newPlace)
-            out.moved(spotOf(oldSignals[*pair.before], newSignals[*pair.after]), Weight::Breaking, "place", oldPlace,
-                      newPlace);
+        const PlacedSignal& before = oldSignals[*pair.before];
+        const PlacedSignal& after = newSignals[*pair.after];
+        const bool hasOtherSyncManager = before.image->number != after.image->number;
+        if (hasOtherSyncManager || before.entry->bit != after.entry->bit)
+            out.moved(spotOf(before, after), Weight::Breaking, placeOf(before, hasOtherSyncManager),
+                      placeOf(after, hasOtherSyncManager));
     }
 }
 

@@ -127,9 +127,8 @@ void compareEntries(const PdoPair& pdos, Comparison& out)
             out.added(pdos.spotOf(nullptr, after), Weight::Breaking);
         } else {
             if (pair.isMoved)
-                out.moved(pdos.spotOf(before, after), Weight::Breaking, "place among the entries",
-                          decimal(static_cast<std::int64_t>(*pair.before) + 1),
-                          decimal(static_cast<std::int64_t>(*pair.after) + 1));
+                out.moved(pdos.spotOf(before, after), Weight::Breaking, "entry " + std::to_string(*pair.before + 1),
+                          "entry " + std::to_string(*pair.after + 1));
             out.compare(entryFields, *before, *after, [&] { return pdos.spotOf(before, after); });
         }
     }

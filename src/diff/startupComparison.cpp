@@ -109,9 +109,8 @@ public:
 
     void tellMove(const CommandFacts& before, const CommandFacts& after, const Pair& pair)
     {
-        m_out.moved(spotOf(&before, &after), Weight::Behaviour, "place in the sequence",
-                    decimal(static_cast<std::int64_t>(*pair.before) + 1),
-                    decimal(static_cast<std::int64_t>(*pair.after) + 1));
+        m_out.moved(spotOf(&before, &after), Weight::Behaviour, "place " + std::to_string(*pair.before + 1),
+                    "place " + std::to_string(*pair.after + 1));
     }
 
 private:
