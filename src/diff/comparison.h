@@ -52,6 +52,9 @@ public:
     [[nodiscard]] Sides sides() const { return m_sides; }
     [[nodiscard]] bool isOfAll() const { return m_isOfAll; }
 
+    /// What a difference weighs: no more than words where a KTL file cannot have the thing.
+    [[nodiscard]] Weight weightOf(In in, Weight weight) const { return isLoss(in) ? Weight::Text : weight; }
+
     void added(Spot spot, Weight weight) { take({weight, Change::Added, std::move(spot), {}, {}, noValue(), {}}); }
     void removed(Spot spot, Weight weight) { take({weight, Change::Removed, std::move(spot), {}, {}, {}, noValue()}); }
 
@@ -81,13 +84,12 @@ public:
             return;
         Value oldValue = field.valueOf(before);
         Value newValue = field.valueOf(after);
-        const bool isLoss = field.in == In::Esi && m_sides == Sides::EsiAndKtl;
-        if (isLoss)
+        if (isLoss(field.in))
             for (Value* const value : {&oldValue, &newValue})
                 if (saysNothing(*value))
                     *value = noValue();
         if (oldValue != newValue)
-            take({isLoss ? Weight::Text : field.weight, Change::Changed, spotOf(), field.key, field.words,
+            take({weightOf(field.in, field.weight), Change::Changed, spotOf(), field.key, field.words,
                   std::move(oldValue), std::move(newValue)});
     }
 
@@ -103,6 +105,8 @@ public:
     [[nodiscard]] std::vector<Difference> take() { return std::move(m_differences); }
 
 private:
+    [[nodiscard]] bool isLoss(In in) const { return in == In::Esi && m_sides == Sides::EsiAndKtl; }
+
     void take(Difference difference)
     {
         difference.weight = std::min(difference.weight, difference.spot.most);

@@ -27,18 +27,20 @@ std::vector<std::uint16_t> indexesOf(const DictionaryFacts& facts)
 Value valueOf(facts::Access access)
 {
     constexpr std::array<std::string_view, 4> names{"", "ro", "rw", "wo"};
-    return access == facts::Access::Unknown ? noValue() : text(names.at(static_cast<std::size_t>(access)));
+    return access == facts::Access::Unknown ? noValue()
+                                            : words(std::string(names.at(static_cast<std::size_t>(access))));
 }
 
 Value valueOf(facts::Mapping mapping)
 {
     constexpr std::array<std::string_view, 5> names{"", "none", "R", "T", "RT"};
-    return mapping == facts::Mapping::Unknown ? noValue() : text(names.at(static_cast<std::size_t>(mapping)));
+    return mapping == facts::Mapping::Unknown ? noValue()
+                                              : words(std::string(names.at(static_cast<std::size_t>(mapping))));
 }
 
 Value lengthValue(std::uint64_t bits)
 {
-    return bits == 0 ? noValue() : Value{std::to_string(bits), true, true};
+    return bits == 0 ? noValue() : Value{std::to_string(bits), ValueKind::Number};
 }
 
 Value valueOf(const Reference& reference)

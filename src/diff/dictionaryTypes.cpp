@@ -30,7 +30,7 @@ constexpr std::array typeFields{
     Field<SizedType>{
         "elements", "number of elements", Weight::Breaking,
         [](const SizedType& type) {
-            return type.item->isArray() ? Value{std::to_string(type.item->elements), true, true} : noValue();
+            return type.item->isArray() ? Value{std::to_string(type.item->elements), ValueKind::Number} : noValue();
         }},
     Field<SizedType>{
         "dimensions", "dimensions", Weight::Breaking,

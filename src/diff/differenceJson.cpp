@@ -3,10 +3,12 @@
 #include "diff/words.h"
 #include "json/jsonWriter.h"
 
+#include <charconv>
 #include <cstdint>
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace diff {
 
@@ -103,13 +105,16 @@ private:
         m_json.closeObject();
     }
 
+    /// A number that is too large for JSON's readers is a text.
     void writeValue(std::string_view key, const Value& value)
     {
         m_json.key(key);
+        std::int64_t number = 0;
+        const char* const end = value.text.data() + value.text.size();
         if (!value.isThere())
             m_json.null();
-        else if (value.form == ValueForm::Number)
-            m_json.number(std::stoll(value.text));
+        else if (value.kind == ValueKind::Number && std::from_chars(value.text.data(), end, number).ec == std::errc())
+            m_json.number(number);
         else
             m_json.text(value.text);
     }

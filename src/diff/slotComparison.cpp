@@ -93,11 +93,11 @@ void compareAccepted(const Accepted<Key>& before, const Accepted<Key>& after, co
         if (const auto found = after.find(key); found != after.end())
             out.compare(acceptedFields, isDefault, found->second, [&] { return spotOn(true, true, accepted); });
         else
-            out.removed(spotOn(true, false, key), Weight::Breaking);
+            out.removed(spotOn(true, false, key), out.weightOf(In::Esi, Weight::Breaking));
     }
     for (const auto& [key, isDefault] : after)
         if (before.count(key) == 0)
-            out.added(spotOn(false, true, key), Weight::Behaviour);
+            out.added(spotOn(false, true, key), out.weightOf(In::Esi, Weight::Behaviour));
 }
 
 void compareSlot(const SideItems<SlotTraits>& slot, const std::string& part, Comparison& out)

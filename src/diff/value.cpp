@@ -13,7 +13,7 @@ namespace diff {
 
 Value decimal(std::int64_t number)
 {
-    return {std::to_string(number), ValueForm::Number};
+    return {std::to_string(number), ValueKind::Number};
 }
 
 Value hexadecimal(std::uint32_t number)
@@ -31,8 +31,8 @@ Value text(std::string_view utf8)
     constexpr std::string_view white = " \t\r\n";
     const std::size_t first = utf8.find_first_not_of(white);
     if (first == std::string_view::npos)
-        return {{}, ValueForm::Text};
-    return {std::string(utf8.substr(first, utf8.find_last_not_of(white) + 1 - first)), ValueForm::Text};
+        return {{}, ValueKind::Text};
+    return {std::string(utf8.substr(first, utf8.find_last_not_of(white) + 1 - first)), ValueKind::Text};
 }
 
 std::string shown(const Value& value)
@@ -40,7 +40,7 @@ std::string shown(const Value& value)
     constexpr std::size_t enough = 400; // bytes: 80 characters are shown
     if (!value.isThere())
         return "none";
-    if (value.form != ValueForm::Text)
+    if (value.kind != ValueKind::Text)
         return value.text;
     return shownText(QString::fromStdString(value.text.substr(0, enough))).toStdString();
 }

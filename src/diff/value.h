@@ -9,7 +9,7 @@
 namespace diff {
 
 /// What a value is.
-enum class ValueForm : std::uint8_t
+enum class ValueKind : std::uint8_t
 {
     Words, ///< of ours, numbers in hexadecimal among them
     Number, ///< a decimal number
@@ -21,9 +21,9 @@ enum class ValueForm : std::uint8_t
 struct Value
 {
     std::string text;
-    ValueForm form = ValueForm::Words;
+    ValueKind kind = ValueKind::Words;
 
-    [[nodiscard]] bool isThere() const noexcept { return form != ValueForm::None; }
+    [[nodiscard]] bool isThere() const noexcept { return kind != ValueKind::None; }
 };
 
 [[nodiscard]] inline bool operator==(const Value& left, const Value& right) noexcept
@@ -39,7 +39,7 @@ struct Value
 /// No value.
 [[nodiscard]] inline Value noValue()
 {
-    return {{}, ValueForm::None};
+    return {{}, ValueKind::None};
 }
 
 [[nodiscard]] Value decimal(std::int64_t number);
@@ -53,7 +53,7 @@ struct Value
 /// Words of ours.
 [[nodiscard]] inline Value words(std::string text)
 {
-    return {std::move(text), ValueForm::Words};
+    return {std::move(text), ValueKind::Words};
 }
 
 /// A text of a file, without the white space around it, which has no meaning.

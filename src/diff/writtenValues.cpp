@@ -91,7 +91,7 @@ Value valueOf(const WrittenValue& written)
     case ValueForm::None:
         return noValue();
     case ValueForm::Data:
-        return {bytesIn(written.text), false, true};
+        return words(bytesIn(written.text));
     case ValueForm::Number:
         if (const std::optional<std::int64_t> number = numberIn(written.text))
             return decimal(*number);

@@ -13,27 +13,27 @@
 
 namespace diffParts {
 
-inline QString shown(std::string_view words)
+inline QString wordsIn(std::string_view words)
 {
     return QString::fromUtf8(words.data(), static_cast<int>(words.size()));
 }
 
 /// A value; "-" where there is none, "''" for an empty text.
-inline QString shown(const diff::Value& value)
+inline QString wordsIn(const diff::Value& value)
 {
     if (!value.isThere())
         return QStringLiteral("-");
-    return value.text.empty() ? QStringLiteral("''") : shown(value.text);
+    return value.text.empty() ? QStringLiteral("''") : wordsIn(value.text);
 }
 
 /// "changed object 0x6040 length in bits 16 -> 32", "added object 0x6040", "added slot 2, module 0x10 yes"
 inline QString lineWithoutWeight(const diff::Difference& difference)
 {
-    QStringList words{shown(nameOf(difference.change)), shown(difference.spot.part), shown(difference.words)};
+    QStringList words{wordsIn(nameOf(difference.change)), wordsIn(difference.spot.part), wordsIn(difference.words)};
     if (difference.change == diff::Change::Changed || difference.change == diff::Change::Moved)
-        words << shown(difference.before) + " -> " + shown(difference.after);
+        words << wordsIn(difference.before) + " -> " + wordsIn(difference.after);
     else
-        words << shown((difference.change == diff::Change::Added ? difference.after : difference.before).text);
+        words << wordsIn((difference.change == diff::Change::Added ? difference.after : difference.before).text);
     words.removeAll({});
     return words.join(' ');
 }
@@ -41,7 +41,7 @@ inline QString lineWithoutWeight(const diff::Difference& difference)
 /// "breaking changed object 0x6040 length in bits 16 -> 32"
 inline QString lineOf(const diff::Difference& difference)
 {
-    return shown(nameOf(difference.weight)) + ' ' + lineWithoutWeight(difference);
+    return wordsIn(nameOf(difference.weight)) + ' ' + lineWithoutWeight(difference);
 }
 
 inline QStringList linesOf(const std::vector<diff::Difference>& differences)
@@ -58,7 +58,7 @@ inline QStringList keysOf(const std::vector<diff::Difference>& differences)
     QStringList keys;
     for (const diff::Difference& difference : differences)
         if (!difference.key.empty())
-            keys << shown(nameOf(difference.spot.area)) + ' ' + shown(difference.key);
+            keys << wordsIn(nameOf(difference.spot.area)) + ' ' + wordsIn(difference.key);
     keys.removeDuplicates();
     keys.sort();
     return keys;
