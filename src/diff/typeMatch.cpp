@@ -11,7 +11,6 @@ using facts::DataType;
 using facts::DictionaryFacts;
 using facts::DictionaryObject;
 using facts::TypeName;
-using facts::TypeShape;
 using facts::TypeSubItem;
 
 std::vector<std::string_view> typeNamesOf(const DictionaryFacts& facts)
@@ -77,8 +76,9 @@ void TypeMatch::pairByUse(const std::vector<Pair>& objects)
     for (const std::uint32_t object : m_before.objectsByIndex()) // not in the order of either list
         if (const Pair& pair = objects[object]; pair.after.has_value())
             pairUnlessTaken(m_before.content().objects[object].type, m_after.content().objects[*pair.after].type);
-    for (std::size_t index = 0; index < m_pairs.size(); ++index) { // more come while it runs
-        const Pair pair = m_pairs[index];
+    std::size_t next = 0;
+    while (next < m_pairs.size()) { // more come while it runs
+        const Pair pair = m_pairs[next++];
         pairParts(m_before.content().types[*pair.before], m_after.content().types[*pair.after]);
     }
 }

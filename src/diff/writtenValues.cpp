@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace diff {
 
@@ -91,7 +92,9 @@ Value valueOf(const WrittenValue& written)
     case ValueForm::None:
         return noValue();
     case ValueForm::Data:
-        return words(bytesIn(written.text));
+        if (std::string bytes = bytesIn(written.text); isMadeOf(bytes, hexDigits))
+            return words(std::move(bytes));
+        break;
     case ValueForm::Number:
         if (const std::optional<std::int64_t> number = numberIn(written.text))
             return decimal(*number);

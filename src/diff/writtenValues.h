@@ -6,7 +6,8 @@
 
 namespace diff {
 
-/// A default or limit as it is shown: bytes in lower case and without blanks, numbers in decimal, texts trimmed.
+/// A default or limit as it is shown: bytes in lower case and without blanks, numbers in decimal, and what is
+/// neither as the text that it is.
 [[nodiscard]] Value valueOf(const facts::WrittenValue& written);
 
 /// Whether two of them mean the same. Bytes and a number do if the bytes are those of the number.

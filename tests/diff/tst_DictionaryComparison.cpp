@@ -1,6 +1,5 @@
 // CoE dictionaries and their objects, by what differs.
-// Covers dictionaryObjects.cpp.
-// Covers writtenValues.cpp.
+// Covers dictionaryObjects.cpp, writtenValues.cpp.
 #include "dictionaryDiffs.h"
 #include "testMain.h"
 
@@ -22,6 +21,7 @@ private slots:
     static void values();
     static void wholeDictionaries_data();
     static void wholeDictionaries();
+    static void formsOfValues();
     static void keys();
     static void places();
 };
@@ -110,6 +110,7 @@ void tst_DictionaryComparison::values_data()
     row("negative number that is too long", infoOf("DefaultData", "7f"), infoOf("DefaultValue", "-129"),
         "default 7f -> -129");
     row("eight bytes of a negative number", infoOf("DefaultData", "FFFFFFFFFFFFFFFF"), infoOf("DefaultValue", "-1"));
+    row("bytes that are none", infoOf("DefaultData", "0X 0G"), infoOf("DefaultData", "0a"), "default 0X 0G -> 0a");
     row("no bytes", infoOf("DefaultData", ""), infoOf("DefaultValue", "0"), "default '' -> 0");
     row("half a byte", infoOf("DefaultData", "010"), infoOf("DefaultValue", "1"), "default 010 -> 1");
     const QByteArray gain = infoSubItem("Count", "1") + infoSubItem("Gain", "5");
@@ -152,6 +153,19 @@ void tst_DictionaryComparison::wholeDictionaries()
     QFETCH(Sides, sides);
     QFETCH(bool, isOfAll);
     QTEST(diffParts::linesOf(differencesOf(before, after, sides, isOfAll)), "lines");
+}
+
+void tst_DictionaryComparison::formsOfValues()
+{
+    const QByteArray bytes = infoOf("DefaultData", "0A");
+    const QByteArray other = infoOf("DefaultData", "other");
+    const QByteArray number = infoOf("DefaultValue", "11");
+    const auto formsOf = [](const QByteArray& before, const QByteArray& after) {
+        const std::vector<diff::Difference> found = differencesOf(control(before), control(after));
+        return std::pair(found.at(0).before.kind, found.at(0).after.kind);
+    };
+    QCOMPARE(formsOf(bytes, other), std::pair(diff::ValueKind::Words, diff::ValueKind::Text));
+    QCOMPARE(formsOf(number, {}), std::pair(diff::ValueKind::Number, diff::ValueKind::None));
 }
 
 void tst_DictionaryComparison::keys()

@@ -1,7 +1,5 @@
 // Data types of CoE dictionaries, by what differs.
-// Covers dictionaryTypes.cpp.
-// Covers typeMatch.cpp.
-// Covers typeMeanings.cpp.
+// Covers typeMatch.cpp, typeMeanings.cpp.
 #include "dictionaryDiffs.h"
 #include "testMain.h"
 

@@ -200,20 +200,19 @@ void tst_SlotComparison::othersThanEsi_data()
                                  << QStringList{"breaking changed slot 3 \"Axis\" step of objects 0x10 -> 0x20",
                                                 "behaviour changed place 2 module 0x20 -> 0x21"};
     QTest::addRow("all of ESI and KTL") << Sides::EsiAndKtl << true
-                                        << QStringList{
-                                               "text changed slots slot groups 2 -> -",
-                                               "text changed slots step of objects per slot group 0x100 -> -",
-                                               "text changed slots step of PDOs per slot group 0x4 -> -",
-                                               "text changed slots what modules are identified by MBOX -> -",
-                                               "text changed slots transition of the module list PS -> -",
-                                               "text changed slot 3 \"Axis\" name Axis -> -",
-                                               "breaking changed slot 3 \"Axis\" step of objects 0x10 -> 0x20",
-                                               "text changed slot 3 \"Axis\" group 1 -> -",
-                                               "text removed slot 3 \"Axis\", class \"DI\"",
-                                               "text removed slot 3 \"Axis\", class \"DO\"",
-                                               "text removed slot 3 \"Axis\", module 0x10",
-                                               "text removed slot 3 \"Axis\", module 0x20",
-                                               "behaviour changed place 2 module 0x20 -> 0x21"};
+                                        << QStringList{"text changed slots slot groups 2 -> -",
+                                                       "text changed slots step of objects per slot group 0x100 -> -",
+                                                       "text changed slots step of PDOs per slot group 0x4 -> -",
+                                                       "text changed slots what modules are identified by MBOX -> -",
+                                                       "text changed slots transition of the module list PS -> -",
+                                                       "text changed slot 3 \"Axis\" name Axis -> -",
+                                                       "breaking changed slot 3 \"Axis\" step of objects 0x10 -> 0x20",
+                                                       "text changed slot 3 \"Axis\" group 1 -> -",
+                                                       "text removed slot 3 \"Axis\", class \"DI\"",
+                                                       "text removed slot 3 \"Axis\", class \"DO\"",
+                                                       "text removed slot 3 \"Axis\", module 0x10",
+                                                       "text removed slot 3 \"Axis\", module 0x20",
+                                                       "behaviour changed place 2 module 0x20 -> 0x21"};
 }
 
 void tst_SlotComparison::othersThanEsi()
