@@ -67,7 +67,8 @@ void compareDictionaries(const UnitFacts& before, const UnitFacts& after, const 
         compareObjects(objects, sides);
         compareTypes(sides);
     } else if (out.sides() == Sides::Esi || out.isOfAll()) { // a KTL file has none
-        static_cast<void>(isOnOneSide(units, Weight::Behaviour, Weight::Breaking, out,
+        static_cast<void>(isOnOneSide(units, out.weightOf(In::Esi, Weight::Behaviour),
+                                      out.weightOf(In::Esi, Weight::Breaking), out,
                                       [&] { return spotOf(Area::Dictionary, owner + "dictionary", units); }));
     }
 }

@@ -29,7 +29,7 @@ Value valueOf(const CommandFacts& command)
         return words(list);
     }
     if (command.bytes > bytesOfNumber) // no number; a KTL file does not carry it
-        return text(command.text);
+        return words(command.longValue);
     return hexadecimal(command.data);
 }
 

@@ -9,6 +9,8 @@
 #include "model/startupAccess.h"
 #include "model/valueTexts.h"
 
+#include <QByteArray>
+
 #include <functional>
 #include <string_view>
 #include <utility>
@@ -157,8 +159,10 @@ bool movesWithSlot(const struct_moduleInitCmd& command)
 }
 
 /// What of a command is in its element alone.
+/// @param facts  with all that the record has
 void addElement(CommandFacts& facts, const xml::Element& element)
 {
+    constexpr std::uint16_t bytesOfNumber = 4;
     facts.declaresCompleteAccess = toBool(element.attribute("CompleteAccess"));
     facts.transitions = 0;
     xml::forEachChildElement(element, [&](const xml::Element& child) {
@@ -170,6 +174,9 @@ void addElement(CommandFacts& facts, const xml::Element& element)
         const std::string_view data = text;
         facts.hasMark = data.substr(0, 1) == "#";
         facts.isZero = data.find_first_not_of('0') == std::string_view::npos;
+        if (facts.bytes > bytesOfNumber)
+            facts.longValue =
+                QByteArray::fromRawData(data.data(), static_cast<int>(data.size())).toLower().toStdString();
     });
 }
 
@@ -195,7 +202,6 @@ void addCommands(std::vector<CommandFacts>& to, const std::vector<Command>& comm
         facts.bytes = command.DataBytes;
         facts.data = command.Data;
         facts.comment = command.Comment;
-        facts.text = command.strData;
         facts.movesWithSlot = movesWithSlot(command);
         facts.values.assign(command.m_CADataList.begin(), command.m_CADataList.end());
         if (found.has_value()) {

@@ -7,6 +7,7 @@
 #include "model/syncRecords.h"
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -127,7 +128,7 @@ struct CommandFacts
     bool isZero = false; ///< all digits of its data are 0
     std::size_t transitions = 1; ///< that the file declares; the last one counts
     std::string_view comment; ///< empty in a KTL file
-    std::string_view text; ///< the value as text, in the form of `xmlGetStringuint`; empty in a KTL file
+    std::string longValue; ///< hexadecimal digits of a value of more than four bytes, in lower case; none in a KTL file
     std::vector<std::uint32_t> values; ///< of a complete access
     bool movesWithSlot = false; ///< its index depends on the slot of its module
 };
