@@ -180,6 +180,8 @@ ExportedDevice exportedDeviceOf(struct_FilenameDevice& file, std::size_t index, 
     UnitFacts& unit = device.facts.units.front();
     unit.where = declared.unit->where;
     unit.type = declared.unit->type;
+    if (unit.name.empty()) // an export has names only where its file has modules
+        unit.name = declared.unit->name;
     unit.dictionary = declared.unit->dictionary;
     subject.traits.checkProductCode = declared.traits.checkProductCode;
     addChannels(unit, subject, *declared.unit);

@@ -50,8 +50,9 @@ constexpr std::array identityFields{
                    [](const Subject& device) { return flag(device.traits.isEoeMac); }},
 };
 
-constexpr Field<Subject> nameField{"name", "name", Weight::Text,
-                                   [](const Subject& device) { return text(device.unit->name); }};
+constexpr Field<Subject> nameField{"name", "name", Weight::Text, [](const Subject& device) {
+                                       return device.unit->name.empty() ? noValue() : text(device.unit->name);
+                                   }};
 
 /// Whether names can be compared: a KTL file has none if its ESI file has no modules.
 bool haveNames(const Subject& before, const Subject& after, const Comparison& out)

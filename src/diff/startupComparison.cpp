@@ -119,8 +119,9 @@ private:
         const CommandFacts& one = before != nullptr ? *before : *after;
         Spot spot;
         spot.area = m_area;
-        spot.part =
-            m_owner + "startup command " + show::tokenName(one.transition) + " " + objectWords(one.index, one.subIndex);
+        const bool isSameTransition = before == nullptr || after == nullptr || before->transition == after->transition;
+        spot.part = m_owner + "startup command " + (isSameTransition ? show::tokenName(one.transition) + " " : "")
+                    + objectWords(one.index, one.subIndex);
         if (before != nullptr)
             spot.before = before->where;
         if (after != nullptr)

@@ -142,8 +142,10 @@ void tst_DictionaryComparison::wholeDictionaries_data()
     QTest::addRow("has come") << QByteArray() << control() << Sides::Esi << false << added;
     QTest::addRow("none") << QByteArray() << QByteArray() << Sides::Esi << true << QStringList();
     QTest::addRow("a KTL file has none") << control() << QByteArray() << Sides::EsiAndKtl << false << QStringList();
-    QTest::addRow("all of ESI and KTL") << control() << QByteArray() << Sides::EsiAndKtl << true << removed;
-    QTest::addRow("all of KTL and ESI") << QByteArray() << control() << Sides::EsiAndKtl << true << added;
+    QTest::addRow("all of ESI and KTL") << control() << QByteArray() << Sides::EsiAndKtl << true
+                                        << QStringList{"text removed dictionary"};
+    QTest::addRow("all of KTL and ESI") << QByteArray() << control() << Sides::EsiAndKtl << true
+                                        << QStringList{"text added dictionary"};
 }
 
 void tst_DictionaryComparison::wholeDictionaries()

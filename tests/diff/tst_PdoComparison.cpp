@@ -60,7 +60,7 @@ void addPdos()
     add("assigned", input(entry("1"), {}), one,
         {"breaking changed sync manager 1 length 0 -> 1", "breaking changed TxPdo 0x1a00 sync manager - -> 1",
          "breaking changed inputs, sync manager 1 bytes of the process image 0 -> 1"});
-    add("flags", one, input(entry("1"), "Sm='1' Su='1' Fixed='1' Mandatory='1' OverwrittenByModule='1'"),
+    add("flags", one, input(entry("1"), "Sm='1' SU='1' Fixed='1' Mandatory='1' OverwrittenByModule='1'"),
         {"behaviour changed TxPdo 0x1a00 sync unit 0 -> 1", "behaviour changed TxPdo 0x1a00 fixed no -> yes",
          "behaviour changed TxPdo 0x1a00 mandatory no -> yes",
          "behaviour changed TxPdo 0x1a00 overwritten by modules no -> yes"});

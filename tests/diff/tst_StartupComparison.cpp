@@ -54,7 +54,7 @@ void tst_StartupComparison::commands_data()
     add("a long value", command("#x8000", "0102030405"), command("#x8000", "0102030406"),
         {"behaviour changed startup command PS 0x8000:1 value 0102030405 -> 0102030406"});
     add("transition", a, command("#x8000", "01", "SO"),
-        {"behaviour changed startup command PS 0x8000:1 transition PS -> SO"});
+        {"behaviour changed startup command 0x8000:1 transition PS -> SO"});
     add("comment", command("#x8000", "01", "PS", "old"), command("#x8000", "01", "PS", "new"),
         {"text changed startup command PS 0x8000:1 comment old -> new"});
     add("order", a + b + c, c + a + b, {"behaviour moved startup command PS 0x8002:1 place place 3 -> place 1"});
