@@ -8,7 +8,7 @@ seconds=${1:-60}
 cmake --preset fuzz
 cmake --build build/fuzz
 work=build/fuzz/run
-mkdir -p "$work"/{esi,ktl-reader,ktl-dump,choices,show-esi,show-ktl,check,two-roads}
+mkdir -p "$work"/{esi,ktl-reader,ktl-dump,choices,show-esi,show-ktl,check,diff,two-roads}
 build/fuzz/bin/makeEsiSeeds "$work/esi" samples/*.xml
 for sample in samples/*.xml; do
   build/fuzz/bin/ktl convert "$sample" -o "$work/ktl-reader/$(basename "$sample" .xml).ktl" --force
@@ -23,6 +23,21 @@ for esi in fuzz/choosableDevices.xml samples/*.xml; do
   seed=$work/choices/$(basename "$esi" .xml)
   build/fuzz/bin/ktl choices "$esi" > "$seed.json"
   sed 's/^\(      "device": \).*/\11,/' "$seed.json" > "$seed-first.json"
+done
+
+# Two files: the bytes of the first one's length, the low one first, then one file after the other.
+pair() { # FIRST SECOND RESULT
+  local size; size=$(stat -c %s "$1")
+  if [[ $size -lt 65536 ]]; then
+    # shellcheck disable=SC2059 # the format is the two bytes
+    { printf "\\x$(printf %02x $((size % 256)))\\x$(printf %02x $((size / 256)))"; cat "$1" "$2"; } > "$3"
+  fi
+}
+previous=
+for seed in "$work"/esi/*.xml "$work"/ktl-reader/*.ktl; do
+  pair "$seed" "$seed" "$work/diff/$(basename "$seed")-itself"
+  [[ -z $previous ]] || pair "$previous" "$seed" "$work/diff/$(basename "$seed")-next"
+  previous=$seed
 done
 
 run() { # TARGET CORPUS DICTIONARY LONGEST_INPUT
@@ -43,3 +58,4 @@ run fuzzShowKtl show-ktl ktl.dict 32768
 run fuzzShowEsi show-esi esi.dict 8192
 run fuzzTwoRoads two-roads esi.dict 8192
 run fuzzCheck check esi.dict 8192
+run fuzzDiff diff esi.dict 16384

@@ -64,9 +64,10 @@ std::vector<std::pair<std::string_view, std::size_t>> keysOf(const std::vector<M
     return keys;
 }
 
-std::string wordsOf(const ModeFacts& mode, std::size_t place)
+/// `operation mode "DC"`; with its number, from 1, where modes are paired by their places.
+std::string wordsOf(const ModeFacts& mode, std::size_t place, Sides sides)
 {
-    return named("operation mode" + (mode.name.empty() ? " " + std::to_string(place + 1) : std::string()), mode.name);
+    return named(sides == Sides::Esi ? "operation mode" : "operation mode " + std::to_string(place + 1), mode.name);
 }
 
 } // namespace
@@ -82,15 +83,15 @@ void compareClocks(const Subject& before, const Subject& after, Comparison& out)
     for (const Pair& pair : pairsByKey(keysOf(oldModes, out.sides()), keysOf(newModes, out.sides()))) {
         if (!pair.after.has_value()) {
             const ModeFacts& mode = oldModes[*pair.before];
-            out.removed({Area::Clocks, wordsOf(mode, *pair.before), mode.where, {}}, Weight::Behaviour);
+            out.removed({Area::Clocks, wordsOf(mode, *pair.before, out.sides()), mode.where, {}}, Weight::Behaviour);
         } else if (!pair.before.has_value()) {
             const ModeFacts& mode = newModes[*pair.after];
-            out.added({Area::Clocks, wordsOf(mode, *pair.after), {}, mode.where}, Weight::Behaviour);
+            out.added({Area::Clocks, wordsOf(mode, *pair.after, out.sides()), {}, mode.where}, Weight::Behaviour);
         } else {
             const ModeFacts& mode = oldModes[*pair.before];
             const ModeFacts& other = newModes[*pair.after];
             out.compare(fields, mode, other, [&] {
-                return Spot{Area::Clocks, wordsOf(mode, *pair.before), mode.where, other.where};
+                return Spot{Area::Clocks, wordsOf(mode, *pair.before, out.sides()), mode.where, other.where};
             });
         }
     }

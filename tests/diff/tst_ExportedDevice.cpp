@@ -60,7 +60,7 @@ void tst_ExportedDevice::lossesOfAnExport()
         diffParts::linesOf(differences),
         (QStringList{"text changed type T1 -> -", "text changed name Device -> -",
                      "text changed sync manager 0 name Outputs -> -", "text changed sync manager 1 name Inputs -> -",
-                     "text changed operation mode \"DC\" cycle time of SYNC 0 (ns) 5 -> -",
+                     "text changed operation mode 1 \"DC\" cycle time of SYNC 0 (ns) 5 -> -",
                      "text changed TxPdo 0x1a00 \"Inputs\" name Inputs -> -",
                      "text changed TxPdo 0x1a00 \"Inputs\", entry 0x6000:0 \"Value\" data type INT -> -",
                      "text changed TxPdo 0x1a00 \"Inputs\", entry 0x6000:0 \"Value\" name Value -> -",
