@@ -105,7 +105,7 @@ SummaryParts pdoSection(const SummaryDevice& device)
             if (!std::binary_search(placed.begin(), placed.end(), &pdo, std::less<>()))
                 (pdo.syncManager < 0 ? unassigned : lost).add(pdo);
     unassigned.addTo(parts, "PDOs not assigned");
-    lost.addTo(parts, "PDOs without place");
+    lost.addTo(parts, "PDOs not placed");
     return parts;
 }
 
