@@ -1,6 +1,8 @@
 #include "show/showWords.h"
 #include "show/summarySections.h"
 
+#include <algorithm>
+#include <set>
 #include <utility>
 
 namespace show {
@@ -17,10 +19,31 @@ std::string signalText(const char* signal, std::int32_t cycle, std::int32_t shif
     return std::string(signal) + ": " + cycleText + (cycleText.empty() || shiftText.empty() ? "" : ", ") + shiftText;
 }
 
-std::string assignActivateText(std::uint32_t assignActivate)
+/// The rows of a mode: its assign-activate word is in the first one, with its description or the first of its times.
+void addMode(SummaryPart& part, const facts::ModeFacts& mode, const std::string& description)
 {
-    const std::string bits = wordsOf(KtlMeaning::AssignActivate, assignActivate);
-    return "assign-activate " + hexText(assignActivate) + (bits.empty() ? "" : " (" + bits + ')');
+    TextRow head{part.rows.empty() ? "chosen" : "", std::string(mode.name), hexText(mode.assignActivate), {}};
+    std::vector<std::string> texts{description, signalText("SYNC 0", mode.cycleTimeSync0, mode.shiftTimeSync0),
+                                   signalText("SYNC 1", mode.cycleTimeSync1, mode.shiftTimeSync1)};
+    texts.erase(std::remove(texts.begin(), texts.end(), std::string()), texts.end());
+    if (texts.empty())
+        texts.emplace_back();
+    for (const std::string& text : texts) {
+        head.back() = text;
+        part.rows.push_back({{}, std::exchange(head, TextRow(head.size()))});
+    }
+}
+
+/// The bits of each assign-activate word in words, once.
+SummaryPart wordsPart(const std::vector<facts::ModeFacts>& modes)
+{
+    SummaryPart part{"assign-activate words", {}, TextRow(2), {}};
+    std::set<std::uint32_t> told{0}; // there is nothing to tell of it
+    for (const facts::ModeFacts& mode : modes)
+        if (told.insert(mode.assignActivate).second)
+            part.rows.push_back(
+                {{}, {hexText(mode.assignActivate), wordsOf(KtlMeaning::AssignActivate, mode.assignActivate)}});
+    return part;
 }
 
 } // namespace
@@ -30,20 +53,15 @@ SummaryParts clockSection(const SummaryDevice& device)
     const std::vector<facts::ModeFacts>& modes = device.unit.modes;
     if (modes.empty())
         return {};
-    SummaryPart part{"DC modes", {}, TextRow(3), {}};
+    SummaryPart part{"DC modes", {}, TextRow(4), {}};
     for (std::size_t index = 0; index < modes.size(); ++index) {
-        const facts::ModeFacts& mode = modes[index];
-        std::string mark = index == 0 ? "chosen" : "";
-        std::string name(mode.name);
         const bool hasText = device.model != nullptr && index < device.model->vopmode.size();
-        for (const std::string& text :
-             {hasText ? device.model->vopmode[index].Desc : std::string(), assignActivateText(mode.assignActivate),
-              signalText("SYNC 0", mode.cycleTimeSync0, mode.shiftTimeSync0),
-              signalText("SYNC 1", mode.cycleTimeSync1, mode.shiftTimeSync1)})
-            if (!text.empty())
-                part.rows.push_back({{}, {std::exchange(mark, {}), std::exchange(name, {}), text}});
+        addMode(part, modes[index], hasText ? device.model->vopmode[index].Desc : std::string());
     }
-    return {std::move(part)};
+    SummaryParts parts{std::move(part)};
+    if (SummaryPart words = wordsPart(modes); !words.rows.empty())
+        parts.push_back(std::move(words));
+    return parts;
 }
 
 } // namespace show

@@ -2,6 +2,8 @@
 #include "show/showWords.h"
 #include "show/summarySections.h"
 
+#include <utility>
+
 namespace show {
 
 namespace {
@@ -34,16 +36,17 @@ SummaryParts dictionarySection(const SummaryDevice& device)
 {
     if (device.model == nullptr)
         return {};
-    SummaryParts parts;
-    const auto add = [&parts](const char* label, std::size_t objects, std::size_t types) {
+    std::string text;
+    const auto add = [&text](const char* whose, std::size_t objects, std::size_t types) {
         if (objects > 0 || types > 0)
-            parts.push_back({label, counted(objects, "object") + ", " + counted(types, "data type"), {}, {}});
+            text += (text.empty() ? "" : "; ") + std::string(whose) + counted(objects, "object") + ", "
+                    + counted(types, "data type");
     };
     const DeviceDictionary& own = device.model->Dictionary;
     const DeviceModuleDictionary& ofModules = device.model->mDictionary;
-    add("dictionary", own.vobject.size(), own.vdatatype.size());
-    add("of the modules", ofModules.mobject.size(), ofModules.mdatatype.size());
-    return parts;
+    add("", own.vobject.size(), own.vdatatype.size());
+    add("of modules in slots ", ofModules.mobject.size(), ofModules.mdatatype.size());
+    return text.empty() ? SummaryParts() : SummaryParts{{"dictionary", std::move(text), {}, {}}};
 }
 
 } // namespace show

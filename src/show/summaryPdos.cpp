@@ -56,7 +56,8 @@ SummaryPart imagePart(const facts::SyncManagerImage& image, bool isFromKtl)
     for (const facts::PdoFacts* const pdo : image.pdos) {
         part.rows.push_back({pdoHeading(*pdo, isFromKtl), {}});
         for (; entry != image.entries.end() && entry->pdo == pdo; ++entry)
-            part.rows.push_back({{}, entryCells(*entry)});
+            if (entry->bits > 0 || !entry->isGap())
+                part.rows.push_back({{}, entryCells(*entry)});
     }
     return part;
 }

@@ -77,14 +77,17 @@ void tst_SummarySections::clocksAndChannels_data()
         "<Dc><OpMode><Name>DC</Name><Desc>Synchron</Desc><AssignActivate>#x700</AssignActivate>"
         "<CycleTimeSync0>1000000</CycleTimeSync0><ShiftTimeSync0>62500</ShiftTimeSync0>"
         "<ShiftTimeSync1>-50</ShiftTimeSync1></OpMode>"
-        "<OpMode><Name>Free</Name><AssignActivate>0</AssignActivate></OpMode></Dc>")
+        "<OpMode><Name>Free</Name><AssignActivate>0</AssignActivate></OpMode>"
+        "<OpMode><Name>Same</Name><AssignActivate>#x700</AssignActivate>"
+        "<CycleTimeSync0>2000000</CycleTimeSync0></OpMode></Dc>")
                            << QByteArray("  DC modes\n"
-                                         "    chosen  DC    Synchron\n"
-                                         "                  assign-activate 0x700 (bit 8: cyclic operation enabled, bit 9:\n"
-                                         "                  SYNC 0, bit 10: SYNC 1)\n"
-                                         "                  SYNC 0: cycle 1 ms, shift 62.5 us\n"
-                                         "                  SYNC 1: shift -0.05 us\n"
-                                         "            Free  assign-activate 0x0\n");
+                                         "    chosen  DC    0x700  Synchron\n"
+                                         "                         SYNC 0: cycle 1 ms, shift 62.5 us\n"
+                                         "                         SYNC 1: shift -0.05 us\n"
+                                         "            Free  0x0\n"
+                                         "            Same  0x700  SYNC 0: cycle 2 ms\n"
+                                         "  assign-activate words\n"
+                                         "    0x700  bit 8: cyclic operation enabled, bit 9: SYNC 0, bit 10: SYNC 1\n");
     QTest::addRow("FMMUs in one line")
         << QByteArray("<Fmmu Sm=\"2\">Outputs</Fmmu><Fmmu OpOnly=\"1\">Inputs</Fmmu><Fmmu>MBoxState</Fmmu>")
         << QByteArray("  FMMUs              Outputs of sync manager 2, Inputs in Op only, MBoxState\n");
@@ -115,7 +118,7 @@ void tst_SummarySections::processData_data()
                       "      1.0       16    0x7000:17  INT   \xE9\x80\x9F\xE5\xBA\xA6\n");
     QTest::addRow("without a limit the length counts")
         << QByteArray("<Sm>Inputs</Sm><TxPdo Sm=\"0\"><Index>#x1A00</Index><Entry><Index>#x6000</Index>"
-                      "<BitLen>9</BitLen></Entry></TxPdo>")
+                      "<BitLen>9</BitLen></Entry><Entry><Index>0</Index><BitLen>0</BitLen></Entry></TxPdo>")
         << QByteArray("  sync managers\n    0  Inputs  0x0  2 bytes\n"
                       "  inputs, sync manager 0: 2 bytes\n"
                       "      byte.bit  bits  object\n"
