@@ -1,7 +1,6 @@
 #include "show/deviceImage.h"
 
 #include "facts/esiUnits.h"
-#include "facts/ktlFacts.h"
 #include "facts/processData.h"
 
 #include <functional>
@@ -16,9 +15,9 @@ DeviceImage deviceImageOf(const ShownFile& file, std::size_t index)
     } else {
         const KtlDeviceBlock& block = file.devices[index].block;
         device.unit = facts::ktlUnitOf(block, index, file.walk, file.places[index]);
-        device.presetPdos = facts::presetPdosOf(block).pdos;
+        device.preset = facts::presetPdosOf(block);
     }
-    device.image = facts::processImageOf(device.unit, device.presetPdos);
+    device.image = facts::processImageOf(device.unit, device.preset.pdos);
     return device;
 }
 

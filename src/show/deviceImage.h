@@ -1,6 +1,7 @@
 // deviceImage.h - the process image of a device of a shown file.
 #pragma once
 
+#include "facts/ktlFacts.h"
 #include "facts/processImage.h"
 #include "facts/unitFacts.h"
 #include "show/shownFile.h"
@@ -16,7 +17,7 @@ namespace show {
 struct DeviceImage
 {
     facts::UnitFacts unit; ///< refers to the file, and of a KTL file to the device as the file made it last
-    std::vector<facts::PdoFacts> presetPdos; ///< of modules that a KTL file presets
+    facts::PresetPdos preset; ///< of modules that a KTL file presets
     facts::ProcessImage image;
 };
 

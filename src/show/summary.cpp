@@ -34,7 +34,7 @@ void writeDevice(SummaryWriter& text, const ShownFile& file, std::size_t index)
     text.writeLine("Device " + std::to_string(index + 1) + " of " + std::to_string(file.devices.size()) + ": "
                    + identityText(namedDevice(file, index)));
     const DeviceImage facts = deviceImageOf(file, index);
-    const SummaryDevice device{facts.unit, facts.presetPdos, facts.image, file.devices[index],
+    const SummaryDevice device{facts.unit, facts.preset, facts.image, file.devices[index],
                                file.esi != nullptr ? &file.esi->device[index] : nullptr};
     for (const Section section : sections)
         text.writeParts(section(device));

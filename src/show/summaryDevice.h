@@ -1,6 +1,7 @@
 // summaryDevice.h - what the sections of a summary are told about a device.
 #pragma once
 
+#include "facts/ktlFacts.h"
 #include "facts/processImage.h"
 #include "facts/unitFacts.h"
 #include "model/deviceRecords.h"
@@ -12,7 +13,7 @@ namespace show {
 struct SummaryDevice
 {
     const facts::UnitFacts& unit;
-    const std::vector<facts::PdoFacts>& presetPdos; ///< of modules that a KTL file presets
+    const facts::PresetPdos& preset; ///< of modules that a KTL file presets
     const facts::ProcessImage& image;
     const ShownDevice& carried; ///< as the controller gets it
     const struct_EtherCatDevice* model; ///< null for a device of a KTL file

@@ -101,12 +101,14 @@ SummaryParts pdoSection(const SummaryDevice& device)
     std::sort(placed.begin(), placed.end(), std::less<>());
     PdoNames unassigned;
     PdoNames lost;
-    for (const std::vector<facts::PdoFacts>* const pdos : {&device.unit.pdos, &device.presetPdos})
+    for (const std::vector<facts::PdoFacts>* const pdos : {&device.unit.pdos, &device.preset.pdos})
         for (const facts::PdoFacts& pdo : *pdos)
             if (!std::binary_search(placed.begin(), placed.end(), &pdo, std::less<>()))
                 (pdo.syncManager < 0 ? unassigned : lost).add(pdo);
     unassigned.addTo(parts, "PDOs not assigned");
     lost.addTo(parts, "PDOs not placed");
+    if (!device.preset.areAll)
+        parts.push_back({"further PDOs", "of preset modules, more than a sync manager can have bits", {}, {}});
     return parts;
 }
 
