@@ -66,7 +66,7 @@ QString problemOfShow(const CommandLine& line)
         return QStringLiteral("standard input can be read once only");
     if (line.values(csvOption).size() > 1)
         return QStringLiteral("--csv can be given once only");
-    if (const QString problem = problemOfPairs(line); !problem.isEmpty())
+    if (QString problem = problemOfPairs(line); !problem.isEmpty())
         return problem;
     if (line.isSet(csvOption) && show::tableNamed(line.value(csvOption)) == nullptr)
         return QStringLiteral("\"%1\" is no table; there are dictionary, pdo and startup").arg(line.value(csvOption));

@@ -35,7 +35,7 @@ std::optional<ListSteps> listAt(Iterator place, Iterator end)
 {
     const std::uint16_t object = place->record.Index;
     const auto isStep = [&](Iterator at) { return at != end && isListStep(*at) && at->record.Index == object; };
-    Iterator at = place;
+    auto at = place;
     if (isStep(at) && at->record.SubIndex == 0 && at->record.Data == 0)
         ++at;
     const Iterator begin = at;
@@ -88,7 +88,7 @@ TextRow commandCells(const ShownCommand& command)
 
 void addRows(SummaryPart& part, const Commands& commands)
 {
-    for (Iterator at = commands.begin(); at != commands.end(); ++at) {
+    for (auto at = commands.begin(); at != commands.end(); ++at) {
         if (const auto steps = listAt(at, commands.end())) {
             part.rows.push_back({{}, {hexText(at->record.Index), {}, listText(*steps)}});
             at = steps->count;
