@@ -20,10 +20,11 @@ std::string signalText(const char* signal, std::int32_t cycle, std::int32_t shif
 }
 
 /// The rows of a mode: its assign-activate word is in the first one, with its description or the first of its times.
-void addMode(SummaryPart& part, const facts::ModeFacts& mode, const std::string& description)
+void addMode(SummaryPart& part, const facts::ModeFacts& mode)
 {
     TextRow head{part.rows.empty() ? "chosen" : "", std::string(mode.name), hexText(mode.assignActivate), {}};
-    std::vector<std::string> texts{description, signalText("SYNC 0", mode.cycleTimeSync0, mode.shiftTimeSync0),
+    std::vector<std::string> texts{std::string(mode.description),
+                                   signalText("SYNC 0", mode.cycleTimeSync0, mode.shiftTimeSync0),
                                    signalText("SYNC 1", mode.cycleTimeSync1, mode.shiftTimeSync1)};
     texts.erase(std::remove(texts.begin(), texts.end(), std::string()), texts.end());
     if (texts.empty())
@@ -54,10 +55,8 @@ SummaryParts clockSection(const SummaryDevice& device)
     if (modes.empty())
         return {};
     SummaryPart part{"DC modes", {}, TextRow(4), {}};
-    for (std::size_t index = 0; index < modes.size(); ++index) {
-        const bool hasText = device.model != nullptr && index < device.model->vopmode.size();
-        addMode(part, modes[index], hasText ? device.model->vopmode[index].Desc : std::string());
-    }
+    for (const facts::ModeFacts& mode : modes)
+        addMode(part, mode);
     SummaryParts parts{std::move(part)};
     if (SummaryPart words = wordsPart(modes); !words.rows.empty())
         parts.push_back(std::move(words));
