@@ -37,3 +37,12 @@ inline show::Form jsonForm()
     form.isJson = true;
     return form;
 }
+
+/// A form of text for a terminal.
+inline show::Form textForm(show::TextContent content)
+{
+    show::Form form;
+    form.text = content;
+    form.terminalWidth = 80;
+    return form;
+}

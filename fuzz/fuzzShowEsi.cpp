@@ -1,5 +1,5 @@
 // fuzzShowEsi.cpp - any bytes as an ESI file: what could be loaded is shown as JSON, with the model of each device and
-// what an export of it holds.
+// what an export of it holds, and as a summary.
 #include "fuzzShow.h"
 #include "fuzzStreams.h"
 
@@ -23,6 +23,7 @@ void showDocument(const QDomDocument& document)
     file.name = "fuzz.xml";
     file.setEsi(std::move(loaded.file), [](const show::ExportProblem& /*problem*/) {});
     showNowhere(file, jsonForm());
+    showNowhere(file, textForm(show::TextContent::Summary));
 }
 
 } // namespace

@@ -12,9 +12,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     file.name = "fuzz.ktl";
     file.setKtl(std::vector<unsigned char>(data, data + size));
     showNowhere(file, jsonForm());
-    show::Form text;
-    text.lineWidth = 80;
-    showNowhere(file, text);
+    showNowhere(file, textForm(show::TextContent::Summary));
+    showNowhere(file, textForm(show::TextContent::Full));
     for (const char* name : {"dictionary", "pdo", "startup"}) {
         show::Form table;
         table.table = show::tableNamed(QString::fromLatin1(name));

@@ -15,7 +15,7 @@ _ktl_sub_commands=(
     "convert xml     -o=ktl --output=ktl --append --force --no-dump --device=? --choices=json --date=? --strict \
 --ignore=$_ktl_warnings --help --version"
     'choices xml     --help --version'
-    'show    xml,ktl --json --csv=dictionary|pdo|startup --spreadsheet --help --version'
+    'show    xml,ktl --device=? --full --items --json --csv=dictionary|pdo|startup --spreadsheet --help --version'
     "check   xml,ktl --device=? --choices=json --json --sarif --fail-on=$_ktl_severities --only=! --ignore=! \
 --rules --explain=! --help --version"
     "find    xml,ktl --vendor=? --product=? --revision=? --name=? --type=? --latest --duplicates --modules --json --csv \

@@ -60,6 +60,9 @@ __ktl_option choices --arguments '(__ktl_files xml)'
 
 # show
 __ktl_option show --arguments '(__ktl_files xml ktl)'
+__ktl_option show --long-option device --exclusive --description 'Shows this device only'
+__ktl_option show --long-option full --description 'Everything, as text'
+__ktl_option show --long-option items --description 'The items of KTL files'
 __ktl_option show --long-option json --description 'Everything, as JSON'
 __ktl_option show --long-option csv --exclusive --arguments 'dictionary pdo startup' --description 'One table as CSV'
 __ktl_option show --long-option spreadsheet --description 'CSV for a spreadsheet program'

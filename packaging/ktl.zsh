@@ -51,9 +51,12 @@ _ktl()
             ;;
         show)
             _arguments $help \
-                '(--csv --spreadsheet)--json[everything, as JSON]' \
-                '(--json)--csv=[one table as CSV]:table:(dictionary pdo startup)' \
-                '(--json)--spreadsheet[CSV for a spreadsheet program]' \
+                '(--items)*--device=[shows this device only]:device: ' \
+                '(--items --json --csv --spreadsheet)--full[everything, as text]' \
+                '(--device --full --json --csv --spreadsheet)--items[the items of KTL files]' \
+                '(--full --items --csv --spreadsheet)--json[everything, as JSON]' \
+                '(--full --items --json)--csv=[one table as CSV]:table:(dictionary pdo startup)' \
+                '(--full --items --json)--spreadsheet[CSV for a spreadsheet program]' \
                 '*:ESI or KTL file:_files -g "*.(#i)(xml|ktl)(-.)"'
             ;;
         find)

@@ -45,7 +45,7 @@ completes 'check,choices,convert' ktl help c
 completes '--append,--choices,--date,--device,--force,--help,--ignore,--no-dump,--output,--strict,--version,-o' ktl convert -
 completes '--date,--device' ktl convert drive.xml --d
 completes '--help,--version' ktl choices -
-completes '--csv,--help,--json,--spreadsheet,--version' ktl show -
+completes '--csv,--device,--full,--help,--items,--json,--spreadsheet,--version' ktl show -
 completes '--version' ktl show machine.ktl --v
 completes '--choices,--device,--explain,--fail-on,--help,--ignore,--json,--only,--rules,--sarif,--version' ktl check -
 completes '--csv,--duplicates,--files,--help,--json,--latest,--modules,--name,--null,--product,--revision,--type,--vendor,--version' ktl find -

@@ -9,7 +9,7 @@
 
 namespace cli {
 
-std::unique_ptr<const show::ShownFile> openShownFile(ReadInput input, const QString& path, Messages& messages)
+std::unique_ptr<show::ShownFile> openShownFile(ReadInput input, const QString& path, Messages& messages)
 {
     messages.report(input.messages);
     if (!input.esi.has_value() && !input.ktl.has_value())

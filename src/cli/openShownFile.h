@@ -17,7 +17,6 @@ namespace cli {
 /// @param messages  must outlive the result
 /// @return  null if nothing of the file can be shown
 /// @throws  std::bad_alloc; so do its devices
-[[nodiscard]] std::unique_ptr<const show::ShownFile> openShownFile(ReadInput input, const QString& path,
-                                                                   Messages& messages);
+[[nodiscard]] std::unique_ptr<show::ShownFile> openShownFile(ReadInput input, const QString& path, Messages& messages);
 
 } // namespace cli

@@ -246,11 +246,12 @@ Where placeOf(const Elements& elements, std::size_t index, Where without)
     return index < elements.size() ? elements[index].placeKey() : without;
 }
 
-void addChannels(UnitFacts& unit, const struct_EtherCatDevice& device, const DeviceElements& elements)
+void addChannels(UnitFacts& unit, const struct_EtherCatDevice& device, const Elements& syncManagers,
+                 const Elements& fmmus)
 {
     for (const struct_SM& syncManager : device.vSM) {
         SyncManagerFacts& facts = unit.syncManagers.emplace_back();
-        facts.where = placeOf(sectionOf(elements, DeviceSection::Sm), unit.syncManagers.size() - 1, unit.where);
+        facts.where = placeOf(syncManagers, unit.syncManagers.size() - 1, unit.where);
         facts.direction = directionByName(syncManager.Name, KTL_UnknownType);
         facts.attributes = syncManager.Attributes;
         if (carriesProcessData(facts.direction) && syncManager.Attributes.m_Virtual == 0)
@@ -258,15 +259,14 @@ void addChannels(UnitFacts& unit, const struct_EtherCatDevice& device, const Dev
         facts.name = syncManager.Name;
     }
     for (const Struct_Fmmu& fmmu : device.vFmmu)
-        unit.fmmus.push_back({placeOf(sectionOf(elements, DeviceSection::Fmmu), unit.fmmus.size(), unit.where),
-                              static_cast<std::uint8_t>(fmmu.m_FmmuType), fmmu.m_Name, fmmu.m_Sm, fmmu.m_Su,
-                              fmmu.m_OpOnly});
+        unit.fmmus.push_back({placeOf(fmmus, unit.fmmus.size(), unit.where), static_cast<std::uint8_t>(fmmu.m_FmmuType),
+                              fmmu.m_Name, fmmu.m_Sm, fmmu.m_Su, fmmu.m_OpOnly});
 }
 
-void addModes(UnitFacts& unit, const struct_EtherCatDevice& device, const DeviceElements& elements)
+void addModes(UnitFacts& unit, const struct_EtherCatDevice& device, const Elements& clockElements)
 {
     MatchedPlaces<std::string> places;
-    for (const xml::Element& clocks : sectionOf(elements, DeviceSection::Dc))
+    for (const xml::Element& clocks : clockElements)
         xml::forEachChildElement(clocks, "OpMode", [&](const xml::Element& mode) {
             std::string name;
             xml::forEachChildElement(mode, "Name", [&](const xml::Element& child) { name = child.text().toString(); });
@@ -298,35 +298,52 @@ Elements childrenNamed(const xml::Element& parent, std::string_view name)
     return children;
 }
 
-} // namespace
-
-UnitFacts deviceFactsOf(const struct_FilenameDevice& file, std::size_t index, const DeviceElements& elements)
+/// @param elements  of the device; null where nobody has them
+UnitFacts factsOf(const struct_FilenameDevice& file, std::size_t index, const DeviceElements* elements)
 {
     const struct_EtherCatDevice& device = file.device[index];
+    const auto section = [&](DeviceSection which) {
+        return elements != nullptr ? sectionOf(*elements, which) : Elements();
+    };
     UnitFacts unit;
     unit.owner = {OwnerKind::Device, index};
-    unit.where = elements.device.placeKey();
+    unit.where = elements != nullptr ? elements->device.placeKey() : Where{0};
     unit.vendor = file.Vendor_Id;
     unit.product = device.TypeAttributes.Product_Code;
     unit.revision = device.TypeAttributes.Revision_No;
-    unit.hasSlots = elements.hasSlots;
+    unit.hasSlots = elements != nullptr ? elements->hasSlots : !device.Slots.vslot.empty();
     unit.name = device.Name;
     unit.type = device.TypeAttributes.type;
     unit.canAssign = device.Mailbox.COE.Attributes.PdoAssign;
-    addChannels(unit, device, elements);
-    addModes(unit, device, elements);
-    addPdos(unit, device.RxPdo.vpdo, false, sectionOf(elements, DeviceSection::RxPdo));
-    addLostSamples(unit, sectionOf(elements, DeviceSection::RxPdo));
+    addChannels(unit, device, section(DeviceSection::Sm), section(DeviceSection::Fmmu));
+    addModes(unit, device, section(DeviceSection::Dc));
+    addPdos(unit, device.RxPdo.vpdo, false, section(DeviceSection::RxPdo));
+    addLostSamples(unit, section(DeviceSection::RxPdo));
     addPdos(unit, device.mRxPdo.mpdo, false, {});
-    addPdos(unit, device.TxPdo.vpdo, true, sectionOf(elements, DeviceSection::TxPdo));
-    addLostSamples(unit, sectionOf(elements, DeviceSection::TxPdo));
+    addPdos(unit, device.TxPdo.vpdo, true, section(DeviceSection::TxPdo));
+    addLostSamples(unit, section(DeviceSection::TxPdo));
     addPdos(unit, device.mTxPdo.mpdo, true, {});
     for (PdoFacts& pdo : unit.pdos)
         pdo.isExported = pdo.place < 0 || hasModulePdos(device.m_iDeviceType);
     addCommands(unit.commands, device.Mailbox.COE.InitCmd.vinitcmd,
-                readMailboxes(unit, sectionOf(elements, DeviceSection::Mailbox)), unit.where);
+                readMailboxes(unit, section(DeviceSection::Mailbox)), unit.where);
     addCommands(unit.commands, device.mMailbox.COE.vinitcmd, {}, unit.where);
     addCommands(unit.eoeCommands, device.Mailbox.EOE.InitCmd.vinitcmd, {}, unit.where);
+    return unit;
+}
+
+} // namespace
+
+UnitFacts deviceFactsOf(const struct_FilenameDevice& file, std::size_t index, const DeviceElements& elements)
+{
+    return factsOf(file, index, &elements);
+}
+
+UnitFacts deviceFactsOf(const struct_FilenameDevice& file, std::size_t index)
+{
+    UnitFacts unit = factsOf(file, index, nullptr);
+    for (PdoFacts& pdo : unit.pdos)
+        pdo.isCopy = pdo.place >= 0;
     return unit;
 }
 

@@ -17,6 +17,10 @@ namespace facts {
 [[nodiscard]] UnitFacts deviceFactsOf(const struct_FilenameDevice& file, std::size_t index,
                                       const DeviceElements& elements);
 
+/// As above, of a device whose elements nobody has: what only they tell is missing, such as places, excluded PDOs,
+/// unread commands and whether there is a mailbox.
+[[nodiscard]] UnitFacts deviceFactsOf(const struct_FilenameDevice& file, std::size_t index);
+
 /// The facts of a module, but for its dictionary.
 /// @param index    of the module in its file
 /// @param element  of the module

@@ -95,13 +95,6 @@ Value sourceOf(const StartupSource& source)
                    {"choiceRow", optionalNumber(source.choiceRow)}}};
 }
 
-/// Commands of one transition.
-struct TransitionGroup
-{
-    std::uint16_t transition;
-    std::vector<ShownCommand> commands;
-};
-
 /// The groups of a device; the commands refer to the values beside them.
 struct Startup
 {
@@ -109,7 +102,17 @@ struct Startup
     std::vector<TransitionGroup> groups;
 };
 
-std::vector<TransitionGroup> groupsOf(const std::vector<ShownCommand>& commands)
+/// Appends the commands of one list.
+void appendCommands(std::vector<ShownCommand>& to, const std::vector<struct_KTL_InitCmd>& records, bool isEoe,
+                    const std::vector<StartupSource>& sources)
+{
+    for (std::size_t index = 0; index < records.size(); ++index)
+        to.push_back({to.size() + 1, isEoe, records[index], nullptr, &sourceAt(sources, index)});
+}
+
+} // namespace
+
+std::vector<TransitionGroup> groupsByTransition(const std::vector<ShownCommand>& commands)
 {
     std::vector<TransitionGroup> groups;
     for (const ShownCommand& command : commands) {
@@ -121,16 +124,6 @@ std::vector<TransitionGroup> groupsOf(const std::vector<ShownCommand>& commands)
     }
     return groups;
 }
-
-/// Appends the commands of one list.
-void appendCommands(std::vector<ShownCommand>& to, const std::vector<struct_KTL_InitCmd>& records, bool isEoe,
-                    const std::vector<StartupSource>& sources)
-{
-    for (std::size_t index = 0; index < records.size(); ++index)
-        to.push_back({to.size() + 1, isEoe, records[index], nullptr, &sourceAt(sources, index)});
-}
-
-} // namespace
 
 bool hasNumber(const struct_KTL_InitCmd& record)
 {
@@ -195,7 +188,7 @@ Value startupGroups(const ShownDevice& device)
 {
     const auto startup = std::make_shared<Startup>();
     startup->values = valuesOfCommands(device.block.coeCommands, device.block.accessValues);
-    startup->groups = groupsOf(commandsOf(device, startup->values));
+    startup->groups = groupsByTransition(commandsOf(device, startup->values));
     return {List{startup->groups.size(), [startup](std::size_t index) -> Value {
                      const TransitionGroup& group = startup->groups[index];
                      return {Object{{"transition", decimal(group.transition)},

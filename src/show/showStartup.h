@@ -29,6 +29,17 @@ struct ShownCommand
 [[nodiscard]] std::vector<ShownCommand>
 commandsOf(const ShownDevice& device, const std::optional<std::vector<std::vector<std::uint32_t>>>& values);
 
+/// Commands of one transition.
+struct TransitionGroup
+{
+    std::uint16_t transition;
+    std::vector<ShownCommand> commands;
+};
+
+/// Commands by transition, in the order in which the file has the first of each; in a group they are in the order of
+/// the file.
+[[nodiscard]] std::vector<TransitionGroup> groupsByTransition(const std::vector<ShownCommand>& commands);
+
 /// Whether a command writes a number that the file carries. A complete access does not, nor does a value of more than
 /// four bytes whose number is 0: it did not fit. Any other number is the value, whatever its length is: that includes
 /// a mark before the digits and zeros after the last significant byte.
@@ -48,8 +59,7 @@ template<typename Record> [[nodiscard]] Value numberOf(const Record& record)
 /// Members of one command.
 [[nodiscard]] Object commandMembers(const ShownCommand& command);
 
-/// Startup commands of a device, in groups by transition in the order in which the file has the first of each; in a
-/// group they are in the order of the file.
+/// Startup commands of a device, see `groupsByTransition`.
 /// @param device  has to outlive the result
 [[nodiscard]] Value startupGroups(const ShownDevice& device);
 

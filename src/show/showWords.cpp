@@ -64,6 +64,19 @@ std::string hexText(std::int64_t number)
     return std::string(number < 0 ? "-0x" : "0x").append(digits.data(), end);
 }
 
+std::string timeText(std::int64_t nanoseconds)
+{
+    constexpr std::int64_t perMicrosecond = 1000;
+    constexpr std::int64_t perMillisecond = 1000 * perMicrosecond;
+    const bool isMilliseconds = nanoseconds % perMillisecond == 0;
+    const std::int64_t unit = isMilliseconds ? perMillisecond : perMicrosecond;
+    const std::int64_t size = nanoseconds < 0 ? -nanoseconds : nanoseconds;
+    std::string digits = std::to_string(unit + size % unit).substr(1); // with all zeros in front
+    digits.erase(digits.find_last_not_of('0') + 1);
+    return (nanoseconds < 0 ? "-" : "") + std::to_string(size / unit) + (digits.empty() ? "" : "." + digits)
+           + (isMilliseconds ? " ms" : " us");
+}
+
 std::string bytesText(const ItemBytes& item, std::size_t begin, std::size_t end)
 {
     QByteArray bytes;

@@ -12,6 +12,17 @@ namespace show {
 /// "0x1c12"; a negative number with its sign in front.
 [[nodiscard]] std::string hexText(std::int64_t number);
 
+/// "1 byte", "14 bytes".
+/// @param many  the word for any number but one; without it the word for one and an s
+template<typename Number>
+[[nodiscard]] std::string counted(Number number, const std::string& one, const std::string& many = {})
+{
+    return std::to_string(number) + ' ' + (number == 1 ? one : many.empty() ? one + 's' : many);
+}
+
+/// A time of nanoseconds in the unit in which people say it: "2 ms", "62.5 us".
+[[nodiscard]] std::string timeText(std::int64_t nanoseconds);
+
 /// Bytes in hexadecimal pairs, separated by blanks.
 /// @param end  offset after the last byte
 [[nodiscard]] std::string bytesText(const ItemBytes& item, std::size_t begin, std::size_t end);

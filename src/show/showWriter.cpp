@@ -6,11 +6,14 @@
 #include "show/showModel.h"
 #include "show/showModules.h"
 #include "show/showStartup.h"
+#include "show/showWords.h"
+#include "show/summary.h"
 #include "show/textColumns.h"
 #include "show/textWriter.h"
 #include "text/oneLine.h"
 
 #include <ostream>
+#include <utility>
 
 namespace show {
 
@@ -18,9 +21,13 @@ namespace {
 
 // ---- JSON ----
 
+/// Where all devices are shown, their places are their numbers.
 Object jsonDevice(const ShownFile& file, std::size_t index)
 {
-    Object members = deviceMembers(file.devices[index]);
+    Object members;
+    if (file.isPart)
+        members.push_back({"device", decimal(static_cast<std::int64_t>(index) + 1)});
+    members = with(std::move(members), deviceMembers(file.devices[index]));
     if (file.esi != nullptr)
         members.push_back({"model", {modelMembers(file.esi->device[index], Detail::Everything)}});
     return members;
@@ -28,16 +35,18 @@ Object jsonDevice(const ShownFile& file, std::size_t index)
 
 Object jsonFile(const ShownFile& file)
 {
-    const auto deviceAt = [&file](std::size_t index) -> Value { return {jsonDevice(file, index)}; };
+    const auto deviceAt = [&file](std::size_t place) -> Value { return {jsonDevice(file, file.shown[place])}; };
     Object members{{"file", text(file.name)},
                    {"kind", text(file.esi != nullptr ? "ESI" : "KTL")},
-                   {"devices", {List{file.devices.size(), deviceAt}}}};
-    if (file.esi != nullptr) {
+                   {"devices", {List{file.shown.size(), deviceAt}}}};
+    if (file.esi != nullptr)
         members.push_back({"vendorId", hexadecimal(file.esi->Vendor_Id)});
+    if (file.isPart)
+        return members;
+    if (file.esi != nullptr)
         members.push_back({"moduleGroups", moduleGroups(*file.esi, Detail::Everything)});
-    } else {
+    else
         members.push_back({"items", listOf(file.walk.items, itemMembers)});
-    }
     return members;
 }
 
@@ -53,26 +62,54 @@ Object readableDevice(const ShownFile& file, std::size_t index)
     return members;
 }
 
+void writeHead(std::ostream& out, const ShownFile& file)
+{
+    out << oneLine(file.name, DrawingHints::AreKept) << ": " << (file.esi != nullptr ? "ESI" : "KTL") << " file, "
+        << counted(file.devices.size(), "device") << '\n';
+}
+
 /// @param lineWidth  columns of a line, `anyWidth` where lines may be as long as they are
-void writeReadable(std::ostream& out, const ShownFile& file, std::size_t lineWidth)
+void writeItems(std::ostream& out, const ShownFile& file, std::size_t lineWidth)
+{
+    if (file.esi != nullptr || file.isPart)
+        return;
+    out << '\n';
+    for (const KtlFileItem& item : file.walk.items)
+        writeItemText(out, item, lineWidth);
+}
+
+/// @param lineWidth  as above
+void writeEverything(std::ostream& out, const ShownFile& file, std::size_t lineWidth)
 {
     constexpr std::size_t indentation = 2;
     TextWriter text(out, lineWidth);
-    out << oneLine(file.name, DrawingHints::AreKept) << ": " << (file.esi != nullptr ? "ESI" : "KTL") << " file, "
-        << file.devices.size() << (file.devices.size() == 1 ? " device\n" : " devices\n");
-    if (file.esi == nullptr)
-        out << '\n';
-    for (const KtlFileItem& item : file.walk.items)
-        writeItemText(out, item, lineWidth);
-    for (std::size_t index = 0; index < file.devices.size(); ++index) {
+    writeItems(out, file, lineWidth);
+    for (const std::size_t index : file.shown) {
         out << "\nDevice " << index + 1 << " of " << file.devices.size() << '\n';
         text.writeObject(readableDevice(file, index), indentation);
     }
-    if (file.esi != nullptr) {
+    if (file.esi != nullptr && !file.isPart) {
         out << "\nFile\n";
         text.writeObject({{"vendorId", hexadecimal(file.esi->Vendor_Id)},
                           {"moduleGroups", moduleGroups(*file.esi, Detail::ForPeople)}},
                          indentation);
+    }
+}
+
+void writeText(std::ostream& out, const ShownFile& file, const Form& form)
+{
+    const std::size_t lineWidth = form.terminalWidth.value_or(anyWidth);
+    writeHead(out, file);
+    switch (form.text) {
+    case TextContent::Summary:
+        writeSummary(out, file, form.terminalWidth.value_or(usualWidth));
+        break;
+    case TextContent::Full:
+        writeEverything(out, file, lineWidth);
+        break;
+    case TextContent::Items:
+        writeItems(out, file, lineWidth);
+        break;
     }
 }
 
@@ -106,7 +143,7 @@ void Writer::show(const ShownFile& file)
         m_form.table->writeRows(*m_csv, file);
     } else {
         m_out << (m_isFirst ? "" : "\n");
-        writeReadable(m_out, file, m_form.lineWidth);
+        writeText(m_out, file, m_form);
     }
     m_isFirst = false;
 }

@@ -3,7 +3,6 @@
 
 #include "show/showTables.h"
 #include "show/shownFile.h"
-#include "show/textColumns.h"
 
 #include <cstddef>
 #include <iosfwd>
@@ -11,13 +10,22 @@
 
 namespace show {
 
+/// What the text for people tells.
+enum class TextContent
+{
+    Summary, ///< in lines that fit a terminal
+    Full, ///< everything
+    Items, ///< the items of KTL files
+};
+
 /// How files are shown: as text for people unless one of the others is asked for.
 struct Form
 {
+    TextContent text = TextContent::Summary;
     bool isJson = false;
     const Table* table = nullptr; ///< as comma-separated values
     CsvForm csv = CsvForm::Plain;
-    std::size_t lineWidth = anyWidth; ///< of text, in columns
+    std::optional<std::size_t> terminalWidth; ///< columns of the terminal; nothing if the text goes elsewhere
 };
 
 /// Writes files one after another.

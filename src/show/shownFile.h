@@ -1,11 +1,13 @@
 // shownFile.h - a file that is shown.
 #pragma once
 
+#include "ktl/reading/ktlDeviceBlocks.h"
 #include "ktl/reading/ktlItemWalk.h"
 #include "model/deviceRecords.h"
 #include "show/exportedDevices.h"
 #include "show/shownDevices.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -29,12 +31,19 @@ struct ShownFile
     /// Takes the bytes of a KTL file. It is complete if it ends as it should.
     void setKtl(std::vector<unsigned char> contents);
 
+    /// Lets some of the devices be shown, and nothing of the file that belongs to no device.
+    /// @param indexes  ascending
+    void limitTo(std::vector<std::size_t> indexes);
+
     std::string name; ///< as results have it, with every byte that is there
     bool isComplete = true; ///< false as soon as an error is known; of a device, that is when it is asked for
     std::unique_ptr<struct_FilenameDevice> esi; ///< null for a KTL file
     std::vector<unsigned char> bytes; ///< of a KTL file
     KtlWalk walk; ///< the items in `bytes`
-    ShownDevices devices;
+    std::vector<KtlBlockPlace> places; ///< of the devices in `walk`
+    ShownDevices devices; ///< all of the file
+    std::vector<std::size_t> shown; ///< those of them that are shown, ascending
+    bool isPart = false; ///< some devices alone are shown
 };
 
 } // namespace show

@@ -79,7 +79,7 @@ void tst_ShowCharacters::unsafe()
     const QByteArray csv = runShow({"--csv", "pdo", path}).output;
     QVERIFY2(csv.contains(",a" + (isInCsv ? bytes : QByteArray("\xEF\xBF\xBD")) + "b,"), csv.constData());
 
-    const QByteArray text = runShow({path}).output;
+    const QByteArray text = runShow({"--full", path}).output;
     QVERIFY2(text.contains("a" + (isKept ? bytes : QByteArray(" ")) + "b\n"), text.constData());
 }
 

@@ -34,7 +34,8 @@ namespace {
 const QByteArray dictionaryHeader =
     "file,device,deviceName,owner,index,subIndex,name,access,bitSize,type,value,signedValue\r\n";
 const QByteArray pdoHeader = "file,device,deviceName,owner,direction,pdo,pdoName,fixed,mandatory,syncManager,syncUnit,"
-                             "entry,index,subIndex,bitLength,name,dataType,link,choicePdo,choiceEntry\r\n";
+                             "entry,index,subIndex,bitLength,name,dataType,link,choicePdo,choiceEntry,productCode,"
+                             "revisionNo,byte,bit\r\n";
 const QByteArray startupHeader = "file,device,deviceName,owner,position,protocol,transition,index,subIndex,"
                                  "completeAccess,dataBytes,value,values,meaning,origin,comment,text,choiceRow\r\n";
 
@@ -117,20 +118,32 @@ void tst_ShowCsv::rows_data()
                                        << QByteArray(
                                               "1,\"FB-1616D 16 digital outputs, 16 digital inputs\",device,output,"
                                               "0x1600,Digital outputs,yes,yes,0,0,2,0x7000,2,8,Outputs 9 to 16,"
-                                              "USINT,NONE Type,0,1");
+                                              "USINT,NONE Type,0,1,0x16160001,0x10003,1,0");
     QTest::addRow("entry of a module in a slot") << "pdo"
                                                  << "bus-coupler.xml"
                                                  << "1," + coupler
                                                         + ",slots,input,0x1a01,Inputs,yes,no,3,0,9,0x6010,9,1,"
-                                                          "Input 9,BOOL,NONE Type,,";
+                                                          "Input 9,BOOL,NONE Type,,,0x5001,0x30001,4,0";
     QTest::addRow("entry of a module in a slot of a drive, which choices can name")
         << "pdo"
         << "dual-axis-drive.xml"
-        << QByteArray("slots,input,0x1a10,CSP inputs,no,no,3,0,2,0x6864,0,32,Position actual value,DINT,NONE Type,4,1");
+        << QByteArray("slots,input,0x1a10,CSP inputs,no,no,3,0,2,0x6864,0,32,Position actual value,DINT,NONE Type,4,1,"
+                      "0x20400,0x10005,14,0");
+    QTest::addRow("entry after others in its byte")
+        << "pdo"
+        << "io-block.xml" << QByteArray("0x6000,3,3,Fault class,BIT3,NONE Type,1,2,0x5040002,0x20001,0,2");
+    QTest::addRow("entry of a PDO on a virtual sync manager")
+        << "pdo"
+        << "io-block.xml" << QByteArray("UDINT,NONE Type,2,0,0x5040002,0x20001,,");
+    QTest::addRow("entry of a PDO that is not assigned")
+        << "pdo"
+        << "servo-drive.xml"
+        << QByteArray("output,0x1602,\"Torque only, outputs\",no,no,-1,0,2,0x6071,0,16,Target torque,INT,NONE Type,2,1,"
+                      "0x10400,0x10002,,");
     QTest::addRow("entry of a module") << "pdo"
                                        << "bus-coupler.xml"
                                        << QByteArray(",,module 0x116,input,0x1a00,Inputs,yes,no,3,0,12,0x6000,12,1,"
-                                                     "Input 12,BOOL,NONE Type,0,11");
+                                                     "Input 12,BOOL,NONE Type,0,11,,,,");
     QTest::addRow("EoE command") << "startup"
                                  << "servo-drive.xml"
                                  << QByteArray("device,1,EoE,IP_PS,0x0,0,no,1,0,,,EoE,eoeinit, ,37");
@@ -164,7 +177,7 @@ void tst_ShowCsv::quotes()
     QCOMPARE(run.output,
              pdoHeader + '"' + path.toUtf8()
                  + "\",1,\"say \"\"go\"\", then stop\",device,output,0x1600,\"a\nb\",no,no,0,0,1,0x7000,0,8,"
-                   "\"\"\"\",\"c\rd\",NONE Type,0,0\r\n");
+                   "\"\"\"\",\"c\rd\",NONE Type,0,0,0x2,0x0,0,0\r\n");
 }
 
 void tst_ShowCsv::spreadsheet_data()
@@ -193,7 +206,7 @@ void tst_ShowCsv::spreadsheet()
     QFETCH(QByteArray, field);
     const QString path = writtenFile(m_folder, "formula.xml",
                                      esiOf("N", "<RxPdo><Index>#x1600</Index><Name>" + name + "</Name></RxPdo>"));
-    const QByteArray row = path.toUtf8() + ",1,N,device,output,0x1600,%1,no,no,-1,0,,,,,,,,0,\r\n";
+    const QByteArray row = path.toUtf8() + ",1,N,device,output,0x1600,%1,no,no,-1,0,,,,,,,,0,,0x2,0x0,,\r\n";
     QByteArray plain = name;
     plain.replace("&#9;", "\t");
     const bool needsQuotes = plain.contains(',');
@@ -230,9 +243,9 @@ void tst_ShowCsv::choicesAfterAnotherSelection()
     QCOMPARE(type, QStringLiteral("PnpIOBlock"));
     const QByteArray csv = runShow({"--csv", "pdo", path}).output;
     const QByteArray row = ",input,0x1a00,,no,no,0,0,,,,,,,";
-    QVERIFY2(csv.contains(",device" + row + ",0,\r\n"), csv.constData());
-    QVERIFY2(csv.contains(",slots" + row + ",,\r\n"), csv.constData());
-    QVERIFY2(csv.contains(",module 0x9" + row + ",0,\r\n"), csv.constData());
+    QVERIFY2(csv.contains(",device" + row + ",0,,0x2,0x0,,\r\n"), csv.constData());
+    QVERIFY2(csv.contains(",slots" + row + ",,,0x2,0x0,,\r\n"), csv.constData());
+    QVERIFY2(csv.contains(",module 0x9" + row + ",0,,,,,\r\n"), csv.constData());
 }
 
 void tst_ShowCsv::pdoWithoutEntries()
@@ -240,7 +253,7 @@ void tst_ShowCsv::pdoWithoutEntries()
     const QString path =
         writtenFile(m_folder, "no-entries.xml", esiOf("N", "<RxPdo Sm=\"0\"><Index>#x1600</Index></RxPdo>"));
     const CommandRun run = runShow({"--csv", "pdo", path});
-    QCOMPARE(run.output, pdoHeader + path.toUtf8() + ",1,N,device,output,0x1600,,no,no,0,0,,,,,,,,0,\r\n");
+    QCOMPARE(run.output, pdoHeader + path.toUtf8() + ",1,N,device,output,0x1600,,no,no,0,0,,,,,,,,0,,0x2,0x0,,\r\n");
 }
 
 void tst_ShowCsv::ktlFilesHaveNoDictionary()
@@ -251,7 +264,8 @@ void tst_ShowCsv::ktlFilesHaveNoDictionary()
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.output, dictionaryHeader);
     QVERIFY(runShow({"--csv", "pdo", ktl})
-                .output.contains(",1,,device,output,0x1600,,no,no,2,0,1,0x6040,0,16,,,NONE Type,,\r\n"));
+                .output.contains(
+                    ",1,,device,output,0x1600,,no,no,2,0,1,0x6040,0,16,,,NONE Type,,,0x10400,0x10002,0,0\r\n"));
     QVERIFY(
         runShow({"--csv", "startup", ktl}).output.contains(",1,,device,2,CoE,PS,0x2010,1,no,4,10000,,,unknown,,,\r\n"));
 }

@@ -93,7 +93,7 @@ void tst_ShowDoc::everyItemOfTheExample()
 {
     const QString ktl = m_folder.filePath("example.ktl");
     QCOMPARE(runHere({"convert", sample("io-block.xml"), "-o", ktl}).exitCode, 0);
-    const QString printed = QString::fromUtf8(runShow({ktl}).output);
+    const QString printed = QString::fromUtf8(runShow({"--full", ktl}).output);
     const int begin = printed.indexOf("@0x00000034");
     const QString item = printed.mid(begin, printed.indexOf("  record 2", begin) - begin);
     QVERIFY(item.size() > 300);

@@ -289,7 +289,7 @@ void tst_ShowEsi::dictionaryRows()
 
 void tst_ShowEsi::textForPeople()
 {
-    const CommandRun run = runShow({sample("servo-drive.xml"), sample("io-block.xml")});
+    const CommandRun run = runShow({"--full", sample("servo-drive.xml"), sample("io-block.xml")});
     QCOMPARE(run.errors, QByteArray());
     for (const char* part :
          {"/servo-drive.xml: ESI file, 1 device\n\nDevice 1 of 1\n", "\n  product code            66560 (0x10400)\n",

@@ -83,6 +83,15 @@ void tst_ShowFailures::badArguments_data()
     QTest::addRow("two tables") << QStringList{esi, "--csv", "pdo", "--csv", "startup"}
                                 << QByteArray("--csv can be given once only");
     QTest::addRow("option that is none") << QStringList{"--yaml", esi} << QByteArray("there is no option --yaml");
+    for (const auto& [first, second] :
+         {std::pair("full", "json"), std::pair("full", "csv"), std::pair("items", "json"), std::pair("items", "csv"),
+          std::pair("full", "items"), std::pair("items", "device")}) {
+        QStringList arguments{QStringLiteral("--") + first, QStringLiteral("--") + second, esi};
+        if (qstrcmp(second, "csv") == 0 || qstrcmp(second, "device") == 0)
+            arguments.insert(2, qstrcmp(second, "csv") == 0 ? "pdo" : "1");
+        QTest::addRow("%s and %s", first, second)
+            << arguments << QByteArray("--") + first + " and --" + second + " cannot be given together";
+    }
     QTest::addRow("standard input twice")
         << QStringList{"-", "-"} << QByteArray("standard input can be read once only");
 }
@@ -189,7 +198,7 @@ void tst_ShowFailures::brokenEnd()
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(itemsShown(run), items);
     QCOMPARE(filesIn(run).at(0).toObject().value("complete").toBool(true), false);
-    const CommandRun textRun = runShow({path});
+    const CommandRun textRun = runShow({"--full", path});
     QCOMPARE(textRun.output.count("\n@0x"), items);
     QCOMPARE(textRun.exitCode, 2);
 }

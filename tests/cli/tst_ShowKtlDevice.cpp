@@ -145,7 +145,7 @@ void tst_ShowKtlDevice::controlsAreEscaped()
     const QByteArray names = itemOf(40016, zeros(16) + "a\x1B[2Jb\t\n\x7F" + "c\x01");
     const QString path = writtenFile(m_folder, "controls.ktl", general() + names + endItem());
     QVERIFY(runShow({"--json", path}).output.contains("\"names\": [\"a\\u001b[2Jb\\u0009\", \"\\u007fc\\u0001\"]"));
-    const QByteArray text = runShow({path}).output;
+    const QByteArray text = runShow({"--full", path}).output;
     QVERIFY(text.contains("a [2Jb"));
     for (const char control : {'\x1B', '\t', '\x7F', '\x01'})
         QVERIFY(!text.contains(control));

@@ -232,7 +232,7 @@ void tst_ShowKtlItems::everyField()
 void tst_ShowKtlItems::textOfAnItem()
 {
     const QByteArray dc = itemOf(40002, le32(1) + zeros(24) + le32(0x1300));
-    const CommandRun run = runShow({writtenFile(m_folder, "dc.ktl", dc + endItem())});
+    const CommandRun run = runShow({"--full", writtenFile(m_folder, "dc.ktl", dc + endItem())});
     QCOMPARE(run.exitCode, 0);
     const QByteArray expected = "@0x00000000 40002 DC, 40 bytes\n"
                                 "  0x0000  m_iItemType     40002 (0x9c42)\n"
@@ -254,7 +254,7 @@ void tst_ShowKtlItems::textOfRecordsAndWords()
     const QByteArray file = itemOf(40103, zeros(16) + le32(1) + zeros(8) + le32(0xFFFFFFFE))
                             + itemOf(40016, zeros(16) + "Name\nModule" + zeros(1)) + itemOf(40011, le32(18) + u8(7))
                             + endItem();
-    const CommandRun run = runShow({writtenFile(m_folder, "words.ktl", file)});
+    const CommandRun run = runShow({"--full", writtenFile(m_folder, "words.ktl", file)});
     QCOMPARE(run.exitCode, 0);
     for (const char* line :
          {"@0x00000000 40103 ModuleRPDOEntry, 40 bytes\n", "  0x0024  LinkToData       -2 (-0x2)  DOUT Type\n",

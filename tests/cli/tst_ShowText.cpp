@@ -36,13 +36,13 @@ QByteArray esiOf(const QByteArray& name, const QByteArray& content)
 }
 
 /// What `ktl show` writes to a terminal of that many columns.
-QByteArray shownAt(int columns, const QString& path)
+QByteArray shownAt(int columns, const QStringList& arguments)
 {
     Terminal terminal;
     terminal.setColumns(columns);
     QProcess process;
     process.setStandardOutputFile(terminal.name());
-    process.start(QStringLiteral(KTL_PROGRAM), {"show", path});
+    process.start(QStringLiteral(KTL_PROGRAM), QStringList{"show"} + arguments);
     QByteArray shown = terminal.readUntilEndOf(process);
     return shown.replace("\r\n", "\n");
 }
@@ -91,7 +91,7 @@ void tst_ShowText::lines()
 {
     QFETCH(QByteArray, content);
     QFETCH(QByteArray, shown);
-    const QByteArray text = runShow({writtenFile(m_folder, "lines.xml", esiOf("N", content))}).output;
+    const QByteArray text = runShow({"--full", writtenFile(m_folder, "lines.xml", esiOf("N", content))}).output;
     QVERIFY2(text.contains(shown), text.constData());
 }
 
@@ -120,7 +120,7 @@ void tst_ShowText::columns()
     const QByteArray mode = "<OpMode><Name>%1</Name><AssignActivate>#x300</AssignActivate></OpMode>";
     const QByteArray modes =
         "<Dc>" + QByteArray(mode).replace("%1", name) + QByteArray(mode).replace("%1", "twelve chars") + "</Dc>";
-    const QByteArray text = runShow({writtenFile(m_folder, "columns.xml", esiOf("N", modes))}).output;
+    const QByteArray text = runShow({"--full", writtenFile(m_folder, "columns.xml", esiOf("N", modes))}).output;
     QVERIFY2(text.contains("    twelve chars  0x300 "), text.constData());
     QVERIFY2(text.contains("    " + name + QByteArray(12 - columns + 2, ' ') + "0x300 "), text.constData());
 }
@@ -135,7 +135,7 @@ void tst_ShowText::namesOneToALine()
         esiOf("one, two", "<Profile><ProfileNo>5001</ProfileNo></Profile>").replace("</Devices>", modules);
     const QString ktl = m_folder.filePath("names.ktl");
     QCOMPARE(runHere({"convert", writtenFile(m_folder, "names.xml", esi), "-o", ktl}).exitCode, 0);
-    const QByteArray text = runShow({ktl}).output;
+    const QByteArray text = runShow({"--full", ktl}).output;
     const QByteArray margin(17, ' ');
     QVERIFY2(text.contains("  names          one, two\n" + margin + "in, out\n" + margin + "last\n"), text.constData());
 }
@@ -149,7 +149,7 @@ void tst_ShowText::signedValues()
                                   + QByteArray(object).replace("%1", "USINT") + QByteArray(object).replace("%1", "INT")
                                   + "</Objects></Dictionary></Profile>";
     const QString path = writtenFile(m_folder, "signed.xml", esiOf("N", dictionary));
-    const QByteArray text = runShow({path}).output;
+    const QByteArray text = runShow({"--full", path}).output;
     QVERIFY2(text.contains(" SINT   -3\n") && text.contains(" USINT  253\n") && text.contains(" INT    253\n"),
              text.constData());
     const QByteArray csv = runShow({"--csv", "dictionary", path}).output;
@@ -164,9 +164,12 @@ void tst_ShowText::fitsTheTerminal_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("columns");
+    QTest::addColumn<bool>("isFull");
     for (const QString& name : sampleNames())
         for (const int columns : {80, 132, 60})
-            QTest::addRow("%s in %d columns", qPrintable(name), columns) << name << columns;
+            for (const bool isFull : {true, false})
+                QTest::addRow("%s in %d columns, %s", qPrintable(name), columns, isFull ? "in full" : "summary")
+                    << name << columns << isFull;
 }
 
 /// An ESI file and the KTL file made from it.
@@ -174,11 +177,12 @@ void tst_ShowText::fitsTheTerminal()
 {
     QFETCH(QString, name);
     QFETCH(int, columns);
+    QFETCH(bool, isFull);
     const QString ktl = m_folder.filePath("fits.ktl");
     QCOMPARE(runHere({"convert", sample(name), "-o", ktl, "--force"}).exitCode, 0);
     for (const QString& path : {sample(name), ktl}) {
-        QByteArrayList shown = shownAt(columns, path).split('\n');
-        QVERIFY(shown.size() > 50);
+        QByteArrayList shown = shownAt(columns, isFull ? QStringList{"--full", path} : QStringList{path}).split('\n');
+        QVERIFY(shown.size() > (isFull ? 50 : 20));
         shown.removeFirst(); // it has the path, which is not broken
         for (const QByteArray& line : shown) {
             int taken = 0;
@@ -195,7 +199,7 @@ void tst_ShowText::nothingIsLost()
     const QByteArray name = "a name of a good many words, which is longer than the line of a usual terminal, and then "
                             "one word_that_is_not_only_long_but_longer_than_a_line_of_the_terminal_and_so_broken";
     const QString path = writtenFile(m_folder, "long.xml", esiOf(name, {}));
-    const QByteArray shown = shownAt(80, path);
+    const QByteArray shown = shownAt(80, {"--full", path});
     QByteArray unbroken = shown;
     unbroken = unbroken.simplified();
     QVERIFY2(unbroken.contains("name a name of a good many words, which is longer than the line of a usual terminal, "
@@ -209,7 +213,7 @@ void tst_ShowText::nothingIsLost()
 void tst_ShowText::fileHasWholeLines()
 {
     const QByteArray name(300, 'x');
-    const QByteArray text = runShow({writtenFile(m_folder, "wide.xml", esiOf(name, {}))}).output;
+    const QByteArray text = runShow({"--full", writtenFile(m_folder, "wide.xml", esiOf(name, {}))}).output;
     QVERIFY2(text.contains(" " + name + "\n"), text.constData());
 }
 

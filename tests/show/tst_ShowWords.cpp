@@ -19,6 +19,9 @@ private slots:
     static void pairsOfBytes();
     static void names();
     static void bitsOfAssignActivate();
+    static void counts();
+    static void times_data();
+    static void times();
     static void meanings_data();
     static void meanings();
 };
@@ -59,6 +62,33 @@ void tst_ShowWords::bitsOfAssignActivate()
                                             "bit 10: SYNC 1", "bit 31"};
     QCOMPARE(show::assignActivateWords(0x80000701), expected);
     QVERIFY(show::assignActivateWords(0).empty());
+}
+
+void tst_ShowWords::counts()
+{
+    QCOMPARE(show::counted(0, "byte"), std::string("0 bytes"));
+    QCOMPARE(show::counted(1, "byte"), std::string("1 byte"));
+    QCOMPARE(show::counted(2, "entry", "entries"), std::string("2 entries"));
+}
+
+void tst_ShowWords::times_data()
+{
+    QTest::addColumn<qint64>("nanoseconds");
+    QTest::addColumn<QString>("text");
+    QTest::addRow("whole milliseconds") << qint64{2000000} << QStringLiteral("2 ms");
+    QTest::addRow("whole microseconds") << qint64{1250000} << QStringLiteral("1250 us");
+    QTest::addRow("fraction") << qint64{62500} << QStringLiteral("62.5 us");
+    QTest::addRow("zeros behind the point") << qint64{1001} << QStringLiteral("1.001 us");
+    QTest::addRow("less than one") << qint64{50} << QStringLiteral("0.05 us");
+    QTest::addRow("negative") << qint64{-50500} << QStringLiteral("-50.5 us");
+    QTest::addRow("lowest of its records") << qint64{INT32_MIN} << QStringLiteral("-2147483.648 us");
+}
+
+void tst_ShowWords::times()
+{
+    QFETCH(qint64, nanoseconds);
+    QFETCH(QString, text);
+    QCOMPARE(QString::fromStdString(show::timeText(nanoseconds)), text);
 }
 
 void tst_ShowWords::meanings_data()

@@ -1,0 +1,44 @@
+#include "show/namedDevice.h"
+
+#include "show/showWords.h"
+
+namespace show {
+
+namespace {
+
+/// The first of the names that a KTL file has of a device.
+std::string nameOf(const KtlDeviceBlock& block)
+{
+    return block.moreInfo ? block.moreInfo->text.substr(0, block.moreInfo->text.find('\n')) : std::string();
+}
+
+} // namespace
+
+NamedDevice namedDevice(const ShownFile& file, std::size_t index)
+{
+    const facts::Owner owner{facts::OwnerKind::Device, index};
+    if (file.esi == nullptr) {
+        const KtlDeviceBlock& block = file.devices[index].block;
+        const struct_KTL_EtherCatDeviceType& general = block.general;
+        return {owner, nameOf(block), {}, general.m_iVendor_Id, general.m_iProduct_Code, general.m_iRevision_No};
+    }
+    const struct_EtherCatDevice& device = file.esi->device[index];
+    const DeviceTypeAttributes& type = device.TypeAttributes;
+    return {owner, device.Name, type.type, file.esi->Vendor_Id, type.Product_Code, type.Revision_No};
+}
+
+std::vector<NamedDevice> namedDevices(const ShownFile& file)
+{
+    std::vector<NamedDevice> devices;
+    devices.reserve(file.devices.size());
+    for (std::size_t index = 0; index < file.devices.size(); ++index)
+        devices.push_back(namedDevice(file, index));
+    return devices;
+}
+
+std::string identityText(const NamedDevice& device)
+{
+    return hexText(device.vendor) + ':' + hexText(device.product) + ':' + hexText(device.revision);
+}
+
+} // namespace show

@@ -1,0 +1,93 @@
+// The summary of a file: the list of its devices, the devices, the modules.
+#include "ktl/ktlBytes.h"
+#include "summaryOf.h"
+#include "testMain.h"
+
+#include <QtTest>
+
+class tst_Summary : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    static void listBeforeDevices();
+    static void someDevices();
+    static void ktlFile();
+    static void narrowTerminal();
+};
+
+namespace {
+
+QByteArray endItem()
+{
+    return bytes("00 00 00 00 0C 00 00 00 00 00 00 00");
+}
+
+/// A General item, which begins a device.
+QByteArray general(std::uint32_t productCode)
+{
+    return le32(40000) + le32(52) + le32(1) + le32(productCode) + zeros(36);
+}
+
+std::vector<unsigned char> vectorOf(const QByteArray& content)
+{
+    return {content.begin(), content.end()};
+}
+
+const QByteArray module = "<Module><Type ModuleIdent=\"#x10\">M</Type><Name>M</Name></Module>";
+
+} // namespace
+
+/// Nothing is told twice of a module whose type is its name.
+void tst_Summary::listBeforeDevices()
+{
+    show::ShownFile file;
+    setEsiText(file, esiFile(deviceElement({}, "one") + deviceElement({}, "two"), module));
+    QCOMPARE(summaryOf(file), QByteArray("  1  0x7e57:0x5001:0x30001  T  one\n"
+                                         "  2  0x7e57:0x5001:0x30001  T  two\n"
+                                         "\nDevice 1 of 2: 0x7e57:0x5001:0x30001\n"
+                                         "  type               T\n  name               one\n"
+                                         "  device class       IOBlock\n"
+                                         "\nDevice 2 of 2: 0x7e57:0x5001:0x30001\n"
+                                         "  type               T\n  name               two\n"
+                                         "  device class       IOBlock\n"
+                                         "\n1 module of the file\n  0x10  M\n"));
+}
+
+/// They keep their numbers; the modules of the file belong to none.
+void tst_Summary::someDevices()
+{
+    show::ShownFile file;
+    setEsiText(file, esiFile(deviceElement({}, "one") + deviceElement({}, "two") + deviceElement({}, "three"), module));
+    file.limitTo({1});
+    QCOMPARE(summaryOf(file), QByteArray("\nDevice 2 of 3: 0x7e57:0x5001:0x30001\n"
+                                         "  type               T\n  name               two\n"
+                                         "  device class       IOBlock\n"));
+    file.limitTo({0, 2});
+    const QByteArray summary = summaryOf(file);
+    QVERIFY2(summary.startsWith("  1  0x7e57:0x5001:0x30001  T  one\n  3  0x7e57:0x5001:0x30001  T  three\n\n"),
+             summary.constData());
+    QVERIFY2(!summary.contains("two") && !summary.contains("module"), summary.constData());
+}
+
+void tst_Summary::ktlFile()
+{
+    show::ShownFile file;
+    file.setKtl(vectorOf(general(2) + general(3) + endItem()));
+    QCOMPARE(summaryOf(file), QByteArray("  1  0x1:0x2:0x0\n"
+                                         "  2  0x1:0x3:0x0\n"
+                                         "\nDevice 1 of 2: 0x1:0x2:0x0\n  device class       IOBlock\n"
+                                         "\nDevice 2 of 2: 0x1:0x3:0x0\n  device class       IOBlock\n"));
+}
+
+/// However narrow it is, every line fits that can.
+void tst_Summary::narrowTerminal()
+{
+    show::ShownFile file;
+    setEsiText(file, esiFile(deviceElement("<Fmmu>Outputs</Fmmu><Fmmu>Inputs</Fmmu>", "one two three four")));
+    for (const QByteArray& line : summaryOf(file, 32).split('\n'))
+        QVERIFY2(line.size() <= 32, line.constData());
+}
+
+static const testMain::Registration<tst_Summary, testMain::NoApplication> registration;
+#include "tst_Summary.moc"
