@@ -1,6 +1,7 @@
 // How much memory and time a small file can make `ktl` take, and what happens where the memory does not suffice.
 #include "cli/showRun.h"
 #include "cli/workplace.h"
+#include "sized.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -58,10 +59,11 @@ void tst_InputMemory::initTestCase()
     const QByteArray longName = "<Entry><BitLen>8</BitLen><Name>" + QByteArray(1000, 'n') + "</Name></Entry>";
     const QByteArray shortEntry = "<Entry><BitLen>8</BitLen></Entry>";
     const QByteArray mailbox = "<Mailbox><CoE PdoAssign='1' PdoConfig='1'/></Mailbox>";
-    m_place.make("names.xml", esiWith("<Device><Sm>Inputs</Sm>" + samples(150, longName.repeated(1000)) + "</Device>"));
-    m_place.make("commands.xml",
-                 esiWith("<Device><Sm>Inputs</Sm>" + mailbox + samples(450, shortEntry.repeated(1000)) + "</Device>"));
-    m_place.make("devices.xml", esiWith(QByteArray("<Device/>").repeated(50000)));
+    m_place.make("names.xml",
+                 esiWith("<Device><Sm>Inputs</Sm>" + samples(150, longName.repeated(sized(1000))) + "</Device>"));
+    m_place.make("commands.xml", esiWith("<Device><Sm>Inputs</Sm>" + mailbox
+                                         + samples(450, shortEntry.repeated(sized(1000))) + "</Device>"));
+    m_place.make("devices.xml", esiWith(QByteArray("<Device/>").repeated(sized(50000))));
 }
 
 void tst_InputMemory::oneCopyAtATime_data()
@@ -129,7 +131,7 @@ void tst_InputMemory::oneTreePerCore()
 {
     m_place.make("none.json", R"({"format": "kinetra-choices", "version": 1, "devices": []})");
     m_place.make("tree.xml", esiWith("<Device><Type>T</Type><Sm>Inputs</Sm><Profile>"
-                                     + QByteArray("<A/>").repeated(300000) + "</Profile></Device>"));
+                                     + QByteArray("<A/>").repeated(sized(300000)) + "</Profile></Device>"));
     QStringList arguments{"check", "--only=pdo-sync-manager", "--choices=none.json"};
     for (int number = 0; number < 12; ++number)
         arguments += "tree.xml";

@@ -3,6 +3,7 @@
 #include "cli/workplace.h"
 #include "esi/esiFile.h"
 #include "show/showWriter.h"
+#include "sized.h"
 #include "testMain.h"
 #include "xml/randomXml.h"
 
@@ -111,7 +112,7 @@ void tst_RecordsOfBothRoads::realFilesArePlain()
 
 void tst_RecordsOfBothRoads::randomFiles()
 {
-    constexpr int count = 1500;
+    constexpr int count = sized(1500);
     const Workplace place;
     RandomXml files(20240929);
     int plainFiles = 0;

@@ -3,6 +3,7 @@
 
 #include "loadedFiles.h"
 #include "model/XMLParsing.h"
+#include "sized.h"
 #include "xml/temporaryFile.h"
 
 #include <QByteArray>
@@ -35,17 +36,6 @@ inline constexpr double maxSeconds =
 #else
     5;
 #endif
-
-/// How many of something a large file holds: a tenth under the sanitizers.
-[[nodiscard]] constexpr int sized(int count)
-{
-#if defined(KINETRA_SANITIZED)
-    constexpr int share = 10;
-#else
-    constexpr int share = 1;
-#endif
-    return count / share;
-}
 
 [[nodiscard]] inline double processorSeconds()
 {
