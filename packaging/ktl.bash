@@ -20,6 +20,8 @@ _ktl_sub_commands=(
 --rules --explain=! --help --version"
     "find    xml,ktl --vendor=? --product=? --revision=? --name=? --type=? --latest --duplicates --modules --json --csv \
 --null --files --help --version"
+    "diff    xml,ktl --device=? --with=? --choices=json --weight=breaking|behaviour|text --all \
+--color=auto|always|never --json --help --version"
     'dump    ktl     --help --version'
 )
 

@@ -24,11 +24,12 @@ end
 
 complete --command ktl --no-files
 
-set -l sub_commands convert choices show find check dump help
+set -l sub_commands convert choices show find diff check dump help
 for row in 'convert:turns ESI files into one KTL file with its text dump' \
         'choices:shows what can be chosen, as a template of a choices file' \
         'show:shows what ESI and KTL files hold' \
         'find:says which files describe a device' \
+        'diff:says what differs between two descriptions' \
         'check:says what would go wrong on the machine' \
         'dump:shows the text dump of a KTL file' \
         'help:shows the help'
@@ -82,6 +83,18 @@ __ktl_option find --long-option csv --description 'As CSV'
 __ktl_option find --short-option 0 --long-option null --description 'Ends lines with a zero byte'
 __ktl_option find --short-option l --long-option files --description 'Names of files alone'
 
+# diff
+__ktl_option diff --arguments '(__ktl_files xml ktl)'
+__ktl_option diff --long-option device --exclusive --description 'Compares this device only'
+__ktl_option diff --long-option with --exclusive --description 'The new device, where --device names the old one'
+__ktl_option diff --long-option choices --require-parameter --arguments '(__ktl_files json)' \
+    --description 'Makes these choices in the ESI file first'
+__ktl_option diff --long-option weight --exclusive --arguments 'breaking behaviour text' \
+    --description 'Differences of that weight and above'
+__ktl_option diff --long-option all --description 'Also what a KTL file cannot have'
+__ktl_option diff --long-option color --exclusive --arguments 'auto always never' --description 'Colors'
+__ktl_option diff --long-option json --description 'As JSON'
+
 # check
 __ktl_option check --arguments '(__ktl_files xml ktl)'
 __ktl_option check --long-option device --exclusive --description 'Tells what is about this device only'
@@ -100,4 +113,4 @@ __ktl_option check --long-option explain --exclusive --arguments '(__ktl_rules)'
 __ktl_option dump --arguments '(__ktl_files ktl)'
 
 # help
-__ktl_option help --arguments 'convert choices show find check dump'
+__ktl_option help --arguments 'convert choices show find diff check dump'

@@ -8,6 +8,7 @@ _ktl_sub_commands()
         'choices:shows what can be chosen, as a template of a choices file'
         'show:shows what ESI and KTL files hold'
         'find:says which files describe a device'
+        'diff:says what differs between two descriptions'
         'check:says what would go wrong on the machine'
         'dump:shows the text dump of a KTL file'
         'help:shows the help'
@@ -74,6 +75,18 @@ _ktl()
                 '(--json --csv -0 --null)'{-0,--null}'[ends lines with a zero byte]' \
                 '(--json --csv -l --files)'{-l,--files}'[names of files alone]' \
                 '*:ESI or KTL file:_files -g "*.(#i)(xml|ktl)(-.)"'
+            ;;
+        diff)
+            _arguments $help \
+                '*--device=[compares this device only]:device: ' \
+                '--with=[the new device, where --device names the old one]:device: ' \
+                '--choices=[makes these choices in the ESI file first]:choices file:_files -g "*.(#i)json(-.)"' \
+                '--weight=[differences of that weight and above]:weight:(breaking behaviour text)' \
+                '--all[also what a KTL file cannot have]' \
+                '(--json)--color=[colors]:when:(auto always never)' \
+                '(--color)--json[as JSON]' \
+                '1:old ESI or KTL file:_files -g "*.(#i)(xml|ktl)(-.)"' \
+                '2:new ESI or KTL file:_files -g "*.(#i)(xml|ktl)(-.)"'
             ;;
         check)
             _arguments $help \

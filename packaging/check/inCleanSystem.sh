@@ -32,6 +32,7 @@ check_command()
     shown=$(as_user 20 ktl show machine.ktl --json)
     [[ $shown == '{'*'"files"'*'}' ]] || fail "ktl show prints no JSON: $shown"
     as_user 20 ktl check "$coupler" machine.ktl || fail 'ktl check finds errors in a sample.'
+    as_user 20 ktl diff "$coupler" "$coupler" || fail 'ktl diff finds differences between a sample and itself.'
     as_user 20 ktl dump machine.ktl | cmp - machine.ktl.txt || fail 'ktl dump prints another text than convert wrote.'
 }
 
