@@ -41,9 +41,15 @@ std::string wordsOfPart(const Difference& difference)
     return words;
 }
 
+/// As `shown`; words of ours are empty where a list is, or where a file does not say what it could.
+std::string shownOrNone(const Value& value)
+{
+    return value.kind == ValueKind::Words && value.text.empty() ? shown(noValue()) : shown(value);
+}
+
 std::string wordsOf(const Difference& difference)
 {
-    const std::string values = shown(difference.before) + " -> " + shown(difference.after);
+    const std::string values = shownOrNone(difference.before) + " -> " + shownOrNone(difference.after);
     const std::string& part = difference.spot.part;
     switch (difference.change) {
     case Change::Moved:
