@@ -35,7 +35,7 @@ if [[ $(complete -p ktl) != *'-F _ktl ktl' ]]; then
 fi
 
 # Sub-commands.
-completes '--help,--version,check,choices,convert,dump,find,help,show' ktl ''
+completes '--help,--version,check,choices,convert,dump,find,help,image,show' ktl ''
 completes 'check,choices,convert' ktl c
 completes '--version' ktl --v
 completes '' ktl unknown ''
@@ -49,6 +49,7 @@ completes '--csv,--help,--json,--spreadsheet,--version' ktl show -
 completes '--version' ktl show machine.ktl --v
 completes '--choices,--device,--explain,--fail-on,--help,--ignore,--json,--only,--rules,--sarif,--version' ktl check -
 completes '--csv,--duplicates,--files,--help,--json,--latest,--modules,--name,--null,--product,--revision,--type,--vendor,--version' ktl find -
+completes '--choices,--csv,--device,--help,--json,--svg,--version' ktl image -
 completes '--help,--version' ktl dump -
 
 # Files of each.
@@ -58,6 +59,7 @@ completes 'DRIVE.XML,drive.xml,home,machine.ktl,spare parts,two words.xml' ktl s
 completes 'DRIVE.XML,drive.xml,home,machine.ktl,spare parts,two words.xml' ktl check ''
 completes 'DRIVE.XML,drive.xml,home,machine.ktl,spare parts,two words.xml' ktl find ''
 completes '' ktl find --name m
+completes 'DRIVE.XML,drive.xml,home,machine.ktl,spare parts,two words.xml' ktl image ''
 completes 'home,machine.ktl,spare parts' ktl dump ''
 completes 'two words.xml' ktl convert drive.xml 'two\ w'
 completes 'two words.xml' ktl convert '"two w'
@@ -77,6 +79,7 @@ completes 'dictionary,pdo,startup' ktl show --csv =
 completes 'startup' ktl show --csv = s
 completes 'error,note,warning' ktl check --fail-on ''
 completes 'choices.json' ktl check --choices c
+completes 'choices.json' ktl image --choices c
 
 # Rules come from the command itself.
 ktl()
