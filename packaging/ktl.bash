@@ -16,6 +16,7 @@ _ktl_sub_commands=(
 --ignore=$_ktl_warnings --help --version"
     'choices xml     --help --version'
     'show    xml,ktl --device=? --full --items --json --csv=dictionary|pdo|startup --spreadsheet --help --version'
+    'image   xml,ktl --device=? --choices=json --csv --json --svg --help --version'
     "check   xml,ktl --device=? --choices=json --json --sarif --fail-on=$_ktl_severities --only=! --ignore=! \
 --rules --explain=! --help --version"
     "find    xml,ktl --vendor=? --product=? --revision=? --name=? --type=? --latest --duplicates --modules --json --csv \

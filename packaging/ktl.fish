@@ -24,10 +24,11 @@ end
 
 complete --command ktl --no-files
 
-set -l sub_commands convert choices show find diff check dump help
+set -l sub_commands convert choices show image find diff check dump help
 for row in 'convert:turns ESI files into one KTL file with its text dump' \
         'choices:shows what can be chosen, as a template of a choices file' \
         'show:shows what ESI and KTL files hold' \
+        'image:shows the process image, byte by byte' \
         'find:says which files describe a device' \
         'diff:says what differs between two descriptions' \
         'check:says what would go wrong on the machine' \
@@ -67,6 +68,15 @@ __ktl_option show --long-option items --description 'The items of KTL files'
 __ktl_option show --long-option json --description 'Everything, as JSON'
 __ktl_option show --long-option csv --exclusive --arguments 'dictionary pdo startup' --description 'One table as CSV'
 __ktl_option show --long-option spreadsheet --description 'CSV for a spreadsheet program'
+
+# image
+__ktl_option image --arguments '(__ktl_files xml ktl)'
+__ktl_option image --long-option device --exclusive --description 'Shows this device only'
+__ktl_option image --long-option choices --require-parameter --arguments '(__ktl_files json)' \
+    --description 'Shows the image after these choices'
+__ktl_option image --long-option csv --description 'As CSV'
+__ktl_option image --long-option json --description 'As JSON'
+__ktl_option image --long-option svg --description 'As a picture'
 
 # find
 __ktl_option find --arguments '(__ktl_files xml ktl)'
@@ -113,4 +123,4 @@ __ktl_option check --long-option explain --exclusive --arguments '(__ktl_rules)'
 __ktl_option dump --arguments '(__ktl_files ktl)'
 
 # help
-__ktl_option help --arguments 'convert choices show find diff check dump'
+__ktl_option help --arguments 'convert choices show image find diff check dump'

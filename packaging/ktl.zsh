@@ -7,6 +7,7 @@ _ktl_sub_commands()
         'convert:turns ESI files into one KTL file with its text dump'
         'choices:shows what can be chosen, as a template of a choices file'
         'show:shows what ESI and KTL files hold'
+        'image:shows the process image, byte by byte'
         'find:says which files describe a device'
         'diff:says what differs between two descriptions'
         'check:says what would go wrong on the machine'
@@ -58,6 +59,15 @@ _ktl()
                 '(--full --items --csv --spreadsheet)--json[everything, as JSON]' \
                 '(--full --items --json)--csv=[one table as CSV]:table:(dictionary pdo startup)' \
                 '(--full --items --json)--spreadsheet[CSV for a spreadsheet program]' \
+                '*:ESI or KTL file:_files -g "*.(#i)(xml|ktl)(-.)"'
+            ;;
+        image)
+            _arguments $help \
+                '*--device=[shows this device only]:device: ' \
+                '--choices=[shows the image after these choices]:choices file:_files -g "*.(#i)json(-.)"' \
+                '(--json --svg)--csv[as CSV]' \
+                '(--csv --svg)--json[as JSON]' \
+                '(--csv --json)--svg[as a picture]' \
                 '*:ESI or KTL file:_files -g "*.(#i)(xml|ktl)(-.)"'
             ;;
         find)

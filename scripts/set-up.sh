@@ -17,9 +17,9 @@ source "$(dirname "$0")/common.sh"
 base=(build-essential cmake ninja-build ccache qtbase5-dev libjansson-dev fonts-noto-cjk)
 commands=(g++ cmake ninja)
 
-# Tests are compiled with clang and linked with lld, which takes half the time. llvm-symbolizer of llvm names the places
-# in what the sanitizers report.
-testing=(clang lld)
+# Tests are compiled with clang and linked with lld, which takes half the time. libqt5svg5-dev draws the pictures that
+# the command makes. llvm-symbolizer of llvm names the places in what the sanitizers report.
+testing=(clang lld libqt5svg5-dev)
 testing_commands=(clang++ ld.lld)
 sanitizing=(clang llvm)
 

@@ -35,7 +35,7 @@ if [[ $(complete -p ktl) != *'-F _ktl ktl' ]]; then
 fi
 
 # Sub-commands.
-completes '--help,--version,check,choices,convert,diff,dump,find,help,show' ktl ''
+completes '--help,--version,check,choices,convert,diff,dump,find,help,image,show' ktl ''
 completes 'check,choices,convert' ktl c
 completes '--version' ktl --v
 completes '' ktl unknown ''
@@ -50,6 +50,7 @@ completes '--version' ktl show machine.ktl --v
 completes '--choices,--device,--explain,--fail-on,--help,--ignore,--json,--only,--rules,--sarif,--version' ktl check -
 completes '--csv,--duplicates,--files,--help,--json,--latest,--modules,--name,--null,--product,--revision,--type,--vendor,--version' ktl find -
 completes '--all,--choices,--color,--device,--help,--json,--version,--weight,--with' ktl diff -
+completes '--choices,--csv,--device,--help,--json,--svg,--version' ktl image -
 completes '--help,--version' ktl dump -
 
 # Files of each.
@@ -60,6 +61,7 @@ completes 'DRIVE.XML,drive.xml,home,machine.ktl,spare parts,two words.xml' ktl c
 completes 'DRIVE.XML,drive.xml,home,machine.ktl,spare parts,two words.xml' ktl find ''
 completes '' ktl find --name m
 completes 'DRIVE.XML,drive.xml,home,machine.ktl,spare parts,two words.xml' ktl diff drive.xml ''
+completes 'DRIVE.XML,drive.xml,home,machine.ktl,spare parts,two words.xml' ktl image ''
 completes 'home,machine.ktl,spare parts' ktl dump ''
 completes 'two words.xml' ktl convert drive.xml 'two\ w'
 completes 'two words.xml' ktl convert '"two w'
@@ -83,6 +85,7 @@ completes 'behaviour,breaking' ktl diff --weight b
 completes 'always,auto,never' ktl diff --color =
 completes 'choices.json' ktl diff --choices c
 completes '' ktl diff --with m
+completes 'choices.json' ktl image --choices c
 
 # Rules come from the command itself.
 ktl()

@@ -2,19 +2,16 @@
 
 #include "cli/checkRequest.h"
 #include "cli/checkedInput.h"
-#include "cli/choicesFile.h"
+#include "cli/chosenInputs.h"
 #include "cli/findingTeller.h"
-#include "cli/progress.h"
-#include "cli/retriedWork.h"
 #include "cli/selectedDevices.h"
 #include "cli/selectorRecord.h"
 #include "cli/streamName.h"
-#include "esi/derivation/rangeErrors.h"
+#include "cli/takenResults.h"
 
 #include <QFileInfo>
 
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -46,21 +43,6 @@ FileChecks fileChecksOf(const CheckRequest& request)
         if (!isStandardInput(path))
             checks.givenFiles += QFileInfo(path).fileName();
     return checks;
-}
-
-/// Takes the results of work on all files.
-/// @param take  gets path and result
-template<typename Result, typename Take>
-void takeAll(RetriedWork<Result>& work, const QStringList& paths, const char* what, bool showsProgress, Take take)
-{
-    int number = 0;
-    for (const QString& path : paths) {
-        std::optional<Progress> progress;
-        ++number;
-        if (showsProgress)
-            progress.emplace(QStringLiteral("%1 %2").arg(QLatin1String(what), shownName(path)), number, paths.size());
-        take(path, work.take());
-    }
 }
 
 /// Checks files one after the other, and tells findings as they come.
@@ -98,27 +80,6 @@ ExitCode checkSelected(const CheckRequest& request, RetriedWork<CheckedInput>& w
     return teller.end();
 }
 
-/// Makes the choices in the files that could be read.
-/// @param selected  takes the devices that are asked for
-/// @return          false if selectors or choices do not fit; that has been reported
-bool makeChoices(const CheckRequest& request, SelectedDevices& selected, std::vector<struct_FilenameDevice>& files,
-                 Messages& messages)
-{
-    selected = selectedDevices(request.selectors, files, messages);
-    if (!selected.has_value())
-        return false;
-    try {
-        if (!applyChoicesFile(*request.choices, files, messages, *selected))
-            return false;
-    } catch (const std::out_of_range& error) {
-        messages.error(*request.choices, rangeErrorText(error));
-        return false;
-    }
-    if (request.selectors.isEmpty())
-        selected.reset();
-    return true;
-}
-
 /// Tells of files that could not be read, since one of them may be why the arguments do not fit.
 ExitCode refuse(const CheckRequest& request, const std::vector<TreeInput>& inputs, const FileChecks& checks,
                 std::vector<std::string> problems, Console& console)
@@ -132,30 +93,13 @@ ExitCode refuse(const CheckRequest& request, const std::vector<TreeInput>& input
     return teller.end();
 }
 
-/// Whether a file can be read a second time. A pipe cannot.
-bool canBeReadAgain(const QString& path)
-{
-    return !isStandardInput(path) && QFileInfo(path).isFile();
-}
-
-/// Reads a file for its record. The tree is large and needed again only after the choices: it is kept only where the
-/// file cannot be read again.
-TreeInput readForChoices(const QString& path)
-{
-    TreeInput input = readTreeInput(path, AcceptedInputs::Esi);
-    if (canBeReadAgain(path))
-        input.tree.reset();
-    return input;
-}
-
 /// Checks a file of which the record has been read.
 /// @param record  with its choices
 CheckedInput checkWithChoices(const QString& path, const TreeInput& input, const struct_FilenameDevice& record,
                               const FileChecks& checks)
 {
-    CheckedInput checked = input.fault.has_value() || input.tree.has_value()
-                               ? checkInput(path, input, record, checks)
-                               : checkInput(path, readTreeInput(path, AcceptedInputs::Esi), record, checks);
+    CheckedInput checked =
+        withTree(path, input, [&](const TreeInput& whole) { return checkInput(path, whole, record, checks); });
     checked.road = EsiRoad::Plain; // it has been counted
     return checked;
 }
@@ -163,26 +107,14 @@ CheckedInput checkWithChoices(const QString& path, const TreeInput& input, const
 /// Reads all files, makes the choices, and checks the files as they are then.
 ExitCode checkChosen(const CheckRequest& request, const FileChecks& checks, Console& console)
 {
-    std::vector<TreeInput> inputs;
-    RetriedWork<TreeInput> reading(request.paths, console.cores, [&](std::size_t index) {
-        return readForChoices(request.paths.at(static_cast<int>(index)));
-    });
-    takeAll(reading, request.paths, "reading", true, [&](const QString& /*path*/, TreeInput input) {
-        console.inputs.count(input.road);
-        console.inputs.files.push_back(std::move(input.record)); // of a broken file too, for its place
-        inputs.push_back(std::move(input));
-    });
-    SelectedDevices selected;
-    Messages problems;
-    const bool areMade = makeChoices(request, selected, console.inputs.files, problems);
-    console.messages.report(problems);
-    if (!areMade)
-        return refuse(request, inputs, checks, problems.keptErrors(), console);
+    ChosenInputs chosen = readChosenInputs(request.paths, request.selectors, *request.choices, console);
+    if (!chosen.areMade)
+        return refuse(request, chosen.inputs, checks, std::move(chosen.problems), console);
     RetriedWork<CheckedInput> checking(request.paths, console.cores, [&](std::size_t index) {
-        return checkWithChoices(request.paths.at(static_cast<int>(index)), inputs[index], console.inputs.files[index],
-                                checks);
+        return checkWithChoices(request.paths.at(static_cast<int>(index)), chosen.inputs[index],
+                                console.inputs.files[index], checks);
     });
-    return checkAll(request, checking, selected, console);
+    return checkAll(request, checking, chosen.selected, console);
 }
 
 } // namespace

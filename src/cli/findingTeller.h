@@ -4,23 +4,18 @@
 #include "check/findingWriter.h"
 #include "check/knownIdentities.h"
 #include "check/rules/fileRules.h"
-#include "choices/deviceSelectors.h"
 #include "cli/checkRequest.h"
 #include "cli/sameInputs.h"
+#include "cli/selectedDevices.h"
 
 #include <QString>
 
 #include <cstddef>
 #include <memory>
-#include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
 namespace cli {
-
-/// Devices of a call; nothing where all are meant.
-using SelectedDevices = std::optional<std::set<choices::DevicePosition>>;
 
 /// Adds to each file what only shows when it is compared with those before, and tells its findings.
 class FindingTeller

@@ -6,6 +6,7 @@
 #include "cli/diffCommand.h"
 #include "cli/dumpCommand.h"
 #include "cli/findCommand.h"
+#include "cli/imageCommand.h"
 #include "cli/inputFile.h"
 #include "cli/showCommand.h"
 #include "model/version.h"
@@ -29,8 +30,8 @@ struct SubCommand
 };
 
 constexpr SubCommand subCommands[] = {
-    {&convertText, runConvert}, {&choicesText, runChoices}, {&showText, runShow}, {&findText, runFind},
-    {&checkText, runCheck},     {&diffText, runDiff},       {&dumpText, runDump},
+    {&convertText, runConvert}, {&choicesText, runChoices}, {&showText, runShow}, {&imageText, runImage},
+    {&findText, runFind},       {&checkText, runCheck},     {&diffText, runDiff}, {&dumpText, runDump},
 };
 
 void showHelp(std::ostream& out)

@@ -13,6 +13,9 @@
 
 namespace cli {
 
+/// Devices of a call; nothing where all are meant.
+using SelectedDevices = std::optional<std::set<choices::DevicePosition>>;
+
 /// The devices that the selectors mean, all devices if there is no selector. Reports each selector with a problem.
 /// @return  nothing if one has a problem
 [[nodiscard]] std::optional<std::set<choices::DevicePosition>>

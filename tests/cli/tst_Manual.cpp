@@ -54,7 +54,7 @@ static QStringList subCommandsInHelp()
 
 void tst_Manual::subCommands()
 {
-    const QStringList names{"check", "choices", "convert", "diff", "dump", "find", "show"};
+    const QStringList names{"check", "choices", "convert", "diff", "dump", "find", "image", "show"};
     QCOMPARE(subCommandsInHelp(), names);
     QStringList inPage = wordsIn(packagingFile("ktl.1.in"), QStringLiteral("^\\.SY \"ktl ([a-z]+)\"")).values();
     QVERIFY(inPage.removeOne(QStringLiteral("help")));

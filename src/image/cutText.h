@@ -1,0 +1,16 @@
+// cutText.h - texts of files, as short as people read them.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace image {
+
+/// A text on one line, readable, that takes at most that many columns of a terminal; a longer one ends in "...".
+/// @param utf8  of any length; invalid bytes are replaced
+[[nodiscard]] std::string cutText(const std::string& utf8, std::size_t columns);
+
+/// The first characters of a text as it is, for a table that has it in many rows.
+[[nodiscard]] std::string startOf(const std::string& utf8);
+
+} // namespace image

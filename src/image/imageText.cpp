@@ -1,0 +1,118 @@
+// imageText.cpp - process images as text for people.
+#include "image/cutText.h"
+#include "image/imageWords.h"
+#include "image/imageWriters.h"
+#include "show/showWords.h"
+#include "show/textColumns.h"
+#include "show/textTable.h"
+
+#include <algorithm>
+#include <ostream>
+
+namespace image {
+
+namespace {
+
+constexpr std::size_t step = 2; // blanks by which what belongs to a heading is indented
+constexpr std::size_t maxColumns = 120; // of a name
+
+/// Without PDO: that is in a heading of its own.
+show::TextRow cellsOf(const Row& row)
+{
+    const bool isEntry = row.kind == RowKind::Entry;
+    return {placeText(row.bit),
+            std::to_string(row.bits),
+            isEntry ? objectText(row) : std::string(kindName(row.kind)),
+            cutText(row.name, maxColumns),
+            cutText(row.type, maxColumns),
+            isEntry ? show::linkWords(row.link) : std::string()};
+}
+
+class TextWriter final : public Writer
+{
+public:
+    TextWriter(std::ostream& out, std::size_t lineWidth)
+        : m_out(out)
+        , m_lineWidth(lineWidth)
+    {}
+
+    void write(const File& file) override
+    {
+        for (const Device& device : file.devices) {
+            if (!m_isFirst)
+                m_out << '\n';
+            m_isFirst = false;
+            write(file, device);
+        }
+    }
+
+private:
+    void write(const File& file, const Device& device)
+    {
+        constexpr std::size_t maxFileName = 1000;
+        line(0, cutText(file.name, maxFileName) + ": " + labelOf(device));
+        for (const std::string& note : device.notes)
+            line(1, note);
+        if (device.areas.empty())
+            line(1, "No process data.");
+        for (const Area& area : device.areas)
+            write(area);
+    }
+
+    void write(const Area& area)
+    {
+        constexpr std::size_t depth = 3;
+        line(1, labelOf(area));
+        if (area.pdos.empty())
+            return;
+        show::TextTable table({"byte.bit", "bits", "object", "name", "type", "link"});
+        forEachRow(area, [&](const Row& row) { static_cast<void>(table.measure(cellsOf(row))); });
+        const std::size_t indentation = depth * step;
+        // A terminal that is too narrow breaks the lines itself.
+        static_cast<void>(table.fit(m_lineWidth == show::anyWidth ? m_lineWidth : remaining(indentation)));
+        table.writeLabels(m_out, indentation);
+        for (const Pdo& pdo : area.pdos) {
+            line(2, labelOf(pdo) + (pdo.rows.empty() ? ": no entries" : ""));
+            for (const Row& row : pdo.rows)
+                table.writeRow(m_out, cellsOf(row), indentation);
+        }
+        if (area.padding.has_value())
+            table.writeRow(m_out, cellsOf(*area.padding), indentation);
+    }
+
+    template<typename Visit> static void forEachRow(const Area& area, Visit visit)
+    {
+        for (const Pdo& pdo : area.pdos)
+            std::for_each(pdo.rows.begin(), pdo.rows.end(), visit);
+        if (area.padding.has_value())
+            visit(*area.padding);
+    }
+
+    /// A line of words, broken where it is too long.
+    void line(std::size_t depth, const std::string& text)
+    {
+        std::string indentation(depth * step, ' ');
+        for (const std::string& part : show::brokenInto(text, remaining((depth + 1) * step))) {
+            m_out << indentation << part << '\n';
+            indentation.assign((depth + 1) * step, ' ');
+        }
+    }
+
+    [[nodiscard]] std::size_t remaining(std::size_t indentation) const
+    {
+        return m_lineWidth > indentation ? m_lineWidth - indentation : 1;
+    }
+
+    std::ostream& m_out;
+    std::size_t m_lineWidth;
+    bool m_isFirst = true;
+};
+
+} // namespace
+
+std::unique_ptr<Writer> makeTextWriter(std::ostream& out, std::size_t lineWidth)
+{
+    return std::make_unique<TextWriter>(out, lineWidth);
+}
+
+} // namespace image
