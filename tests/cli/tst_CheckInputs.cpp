@@ -1,5 +1,5 @@
 // `ktl check`: files that cannot be read, several files, standard input, and names.
-// Covers checkFile.cpp, checkedInput.cpp, inputFault.cpp, fileRules.cpp.
+// Covers checkFile.cpp, checkedInput.cpp, treeInput.cpp, inputFault.cpp, fileRules.cpp.
 #include "cli/checkedInput.h"
 #include "cli/commandInProcess.h"
 #include "cli/showRun.h"

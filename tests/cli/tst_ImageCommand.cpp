@@ -1,5 +1,5 @@
 // `ktl image`: arguments, devices, choices, KTL files, files that cannot be used, many entries.
-// Covers imageCommand.cpp, imageRequest.cpp, imageInput.cpp, chosenInputs.cpp, takenResults.h.
+// Covers imageCommand.cpp, imageRequest.cpp, imageInput.cpp, chosenInputs.cpp.
 #include "cli/commandInProcess.h"
 #include "cli/workplace.h"
 #include "testMain.h"

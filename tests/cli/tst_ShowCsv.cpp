@@ -1,5 +1,5 @@
 // `ktl show --csv`: headers, rows and quoting.
-// Covers showTables.cpp.
+// Covers showTables.cpp, showPdoTable.cpp, showTableRows.cpp, deviceImage.cpp.
 #include "cli/showRun.h"
 #include "ktl/ktlBytes.h"
 #include "testMain.h"

@@ -1,5 +1,5 @@
 // `ktl show`: the devices that are asked for, in each form, and the parts of a KTL file.
-// Covers showCommand.cpp, showRequest.cpp and showWriter.cpp.
+// Covers showCommand.cpp, showRequest.cpp, showWriter.cpp, namedDevice.cpp.
 #include "cli/showRun.h"
 #include "testMain.h"
 

@@ -1,5 +1,5 @@
 // Process images as text.
-// Covers imageText.cpp.
+// Covers imageText.cpp, imageWriter.cpp.
 #include "image/imageParts.h"
 #include "testMain.h"
 

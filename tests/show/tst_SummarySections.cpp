@@ -1,5 +1,5 @@
 // What the summary tells of a device, section by section.
-// Covers summaryIdentity.cpp, summaryClocks.cpp, summaryChannels.cpp, summaryPdos.cpp and summaryStartup.cpp.
+// Covers summaryIdentity.cpp, summaryClocks.cpp, summaryChannels.cpp, summaryPdos.cpp, summaryStartup.cpp.
 #include "summaryOf.h"
 #include "testMain.h"
 
