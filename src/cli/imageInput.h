@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cli/treeInput.h"
-#include "image/deviceImage.h"
+#include "image/imageRows.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // imageWords.h - the words of process images that all forms share.
 #pragma once
 
-#include "image/deviceImage.h"
+#include "image/imageRows.h"
 
 #include <cstdint>
 #include <string>

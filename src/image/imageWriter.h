@@ -1,7 +1,7 @@
 // imageWriter.h - writes process images in one of several forms; docs/image.md describes them.
 #pragma once
 
-#include "image/deviceImage.h"
+#include "image/imageRows.h"
 
 #include <cstddef>
 #include <cstdint>

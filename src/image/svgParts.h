@@ -1,7 +1,7 @@
 // svgParts.h - where the rows of a sync manager are in a picture of its bytes.
 #pragma once
 
-#include "image/deviceImage.h"
+#include "image/imageRows.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-// deviceImage.h - the process image of a device as rows, without the file that it comes from.
+// imageRows.h - the process image of a device as rows, without the file that it comes from.
 #pragma once
 
 #include "facts/owner.h"

@@ -1,14 +1,14 @@
 // The rows of a process image.
-// Covers deviceImage.cpp, imageWords.cpp.
+// Covers imageWords.cpp.
 #include "facts/unitParts.h"
-#include "image/deviceImage.h"
 #include "image/imageParts.h"
+#include "image/imageRows.h"
 #include "image/imageWords.h"
 #include "testMain.h"
 
 #include <QtTest>
 
-class tst_DeviceImage : public QObject
+class tst_ImageRows : public QObject
 {
     Q_OBJECT
 
@@ -50,7 +50,7 @@ QStringList linesOf(const image::Area& area)
 } // namespace
 
 /// Bits without holes between PDOs; one without entries has its place too. 11 bits are used, 5 are left of two bytes.
-void tst_DeviceImage::rows()
+void tst_ImageRows::rows()
 {
     const unitParts::LoadedUnits loaded(unitParts::deviceFile(
         "<Sm>Outputs</Sm><Sm>Inputs</Sm>"
@@ -80,7 +80,7 @@ void tst_DeviceImage::rows()
     QVERIFY(device.isComplete);
 }
 
-void tst_DeviceImage::lengths_data()
+void tst_ImageRows::lengths_data()
 {
     QTest::addColumn<int>("length");
     QTest::addColumn<int>("most");
@@ -94,7 +94,7 @@ void tst_DeviceImage::lengths_data()
     QTest::addRow("another one") << 4 << 0 << start + ", length 4; warning: the length is not that of the PDOs";
 }
 
-void tst_DeviceImage::lengths()
+void tst_ImageRows::lengths()
 {
     QFETCH(int, length);
     QFETCH(int, most);
@@ -104,7 +104,7 @@ void tst_DeviceImage::lengths()
     QTEST(QByteArray::fromStdString(image::labelOf(area)), "label");
 }
 
-void tst_DeviceImage::fullBytes()
+void tst_ImageRows::fullBytes()
 {
     facts::PdoFacts pdo;
     facts::EntryFacts entry;
@@ -121,7 +121,7 @@ void tst_DeviceImage::fullBytes()
     QCOMPARE(image::labelOf(area), std::string("Outputs, sync manager 2: 2 bytes used, length 2, at most 8"));
 }
 
-void tst_DeviceImage::unknownSyncManager()
+void tst_ImageRows::unknownSyncManager()
 {
     facts::SyncManagerImage one;
     one.number = 5;
@@ -131,7 +131,7 @@ void tst_DeviceImage::unknownSyncManager()
     QCOMPARE(image::labelOf(area), std::string("Outputs, sync manager 5: no process data, length not known"));
 }
 
-void tst_DeviceImage::labels()
+void tst_ImageRows::labels()
 {
     image::Device device = imageParts::deviceWith({});
     QCOMPARE(image::labelOf(device), std::string("device 2, 0x7e57:0x1:0x20, T1 \"Drive, left\""));
@@ -144,5 +144,5 @@ void tst_DeviceImage::labels()
     QCOMPARE(image::counted(0, "byte"), std::string("0 bytes"));
 }
 
-static const testMain::Registration<tst_DeviceImage, testMain::NoApplication> registration;
-#include "tst_DeviceImage.moc"
+static const testMain::Registration<tst_ImageRows, testMain::NoApplication> registration;
+#include "tst_ImageRows.moc"

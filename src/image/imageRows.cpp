@@ -1,4 +1,4 @@
-#include "image/deviceImage.h"
+#include "image/imageRows.h"
 
 namespace image {
 
