@@ -7,6 +7,7 @@
 #include "diff/diffParts.h"
 #include "testMain.h"
 
+#include <QRegularExpression>
 #include <QtTest>
 
 class tst_RealFilesDiff : public QObject
@@ -16,6 +17,7 @@ class tst_RealFilesDiff : public QObject
 private slots:
     static void withItself_data() { addFiles(); }
     static void withItself();
+    void reformatted();
     void withItsExport_data() { addFiles(); }
     void withItsExport();
     static void bothDirections_data() { addFiles(); }
@@ -46,6 +48,21 @@ void tst_RealFilesDiff::withItself()
     QCOMPARE(run.output, QByteArray());
     QCOMPARE(run.errors.count('\n'), run.exitCode);
     QVERIFY(run.exitCode == 0 || (run.exitCode == 2 && !path.startsWith(sample({}))));
+}
+
+/// Line feeds of another system, and comments between all tags but those of a profile, whose number they would hide.
+void tst_RealFilesDiff::reformatted()
+{
+    static const QRegularExpression gap(QStringLiteral(">\\s+<(?=/?[A-Za-z])(?!ProfileNo)"));
+    for (const QFileInfo& file : QDir(sample({})).entryInfoList({"*.xml"}, QDir::Files)) {
+        const QString content = QString::fromUtf8(contentOf(file.filePath()));
+        QString edited = content;
+        edited.replace(gap, QStringLiteral(">\r\n<!-- > --> <"));
+        QVERIFY(edited.count("<!-- > -->") > content.count('\n') / 2);
+        const CommandRun run = runHere({"diff", file.filePath(), m_place.make("edited.xml", edited.toUtf8())});
+        QCOMPARE(run.output, QByteArray());
+        QCOMPARE(run.exitCode, 0);
+    }
 }
 
 /// Nothing differs; in the other direction, nothing that weighs, with what a KTL file cannot have.
