@@ -80,6 +80,7 @@ public:
 
     void write(const ComparedDevices& compared) override
     {
+        m_uncompared += compared.problem.isEmpty() ? 0 : 1;
         if (compared.differences.empty())
             return;
         if (!m_isFirst)
@@ -98,6 +99,8 @@ public:
         if (counts.all() > 0)
             m_out << ": " << counts.breaking << " breaking, " << counts.behaviour << " behaviour, " << counts.text
                   << " text";
+        if (m_uncompared > 0)
+            m_out << "; " << m_uncompared << (m_uncompared == 1 ? " device was" : " devices were") << " not compared";
         m_out << '\n';
     }
 
@@ -153,6 +156,7 @@ private:
     const WrittenFile m_after;
     const LineStyle m_style;
     bool m_isFirst = true;
+    std::size_t m_uncompared = 0; ///< of what is told elsewhere
 };
 
 } // namespace

@@ -419,6 +419,8 @@ void tst_DiffCommand::deviceThatCannotBeExported()
     QCOMPARE(pairs.size(), 1);
     QVERIFY(pairs[0].toObject().value("problem").toString().startsWith(QString::fromLatin1(problem)));
     QCOMPARE(runDiff({"linked.ktl", "bad.xml", "--device=2"}).exitCode, 0);
+    QCOMPARE(runHere({"diff", "linked.ktl", "bad.xml"}, m_place.folder(), 1, 80).output,
+             QByteArray("0 differences; 1 device was not compared\n"));
     const CommandRun both = runDiff({"old.xml", "bad.xml"});
     QVERIFY(both.output.contains("  breaking   RxPdo 0x1600, sync manager: 0 -> 5\n"));
     QCOMPARE(both.exitCode, 1);
