@@ -17,6 +17,7 @@
 #include "text/oneLine.h"
 
 #include <QFile>
+#include <QProcess>
 
 #include <memory>
 #include <new>
@@ -54,6 +55,12 @@ struct ComparedFile
     TreeInput input;
     std::unique_ptr<diff::Source> source;
 };
+
+/// Whether a path stands for a file that is not there, as git gives it for one that was added or has gone.
+bool isNoFile(const QString& path)
+{
+    return path == QProcess::nullDevice();
+}
 
 /// Makes the choices in an ESI file that is compared with a KTL file.
 /// @return  false if they do not fit; that has been reported
@@ -120,7 +127,8 @@ bool FileComparison::readFiles()
     if (!m_request.isOfOneFile())
         paths += m_request.after;
     RetriedWork<TreeInput> work(paths, m_console.cores, [&](std::size_t index) {
-        return readTreeInput(paths.at(static_cast<int>(index)), AcceptedInputs::EsiAndKtl);
+        const QString& path = paths.at(static_cast<int>(index));
+        return isNoFile(path) ? TreeInput() : readTreeInput(path, AcceptedInputs::EsiAndKtl);
     });
     bool areRead = true;
     for (int index = 0; index < paths.size(); ++index) {
@@ -158,7 +166,7 @@ void FileComparison::makeSource(ComparedFile& file)
 
 void FileComparison::reportEnd(const ComparedFile& file)
 {
-    if (!file.source->isKtl())
+    if (!file.source->isKtl() || isNoFile(file.path))
         return;
     if (const QString problem = problemAtEnd(walkItems(file.input.bytes)); !problem.isEmpty())
         m_console.messages.error(file.path, problem);
@@ -166,8 +174,8 @@ void FileComparison::reportEnd(const ComparedFile& file)
 
 diff::WrittenFile FileComparison::writtenFile(const ComparedFile& file)
 {
-    return {QFile::encodeName(shownName(file.path)).toStdString(), messageText(shownName(file.path)),
-            file.source.get()};
+    return {QFile::encodeName(shownName(file.path)).toStdString(), messageText(shownName(file.path)), file.source.get(),
+            !isNoFile(file.path)};
 }
 
 std::unique_ptr<diff::DifferenceWriter> FileComparison::makeWriter() const

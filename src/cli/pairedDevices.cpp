@@ -61,6 +61,7 @@ std::optional<Selected> selectedIn(const SelectableFile& before, const Selectabl
         std::set<std::size_t> newOnes = after.devicesOf(selector);
         if (oldOnes.empty() && newOnes.empty()) {
             before.report(selector, messages);
+            messages.note({}, QStringLiteral("it means no device of the other file either"));
             areUsable = false;
         }
         selected.before.merge(oldOnes);

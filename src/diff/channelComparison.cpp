@@ -81,6 +81,12 @@ void compareFmmu(const FmmuFacts& before, const FmmuFacts& after, std::size_t nu
     });
 }
 
+/// The kind of a part that has come or gone; its name in the file where there is no word for it.
+template<typename Part> Value kindOf(const Part& part)
+{
+    return part.direction == KTL_UnknownType && !part.name.empty() ? text(part.name) : directionValue(part.direction);
+}
+
 /// Compares the parts of two lists place by place.
 /// @param compareOne  `compareOne(before, after, number, out)` for those that are on both sides
 template<typename Part, typename CompareOne>
@@ -90,10 +96,9 @@ void compareByNumber(const std::vector<Part>& before, const std::vector<Part>& a
     for (std::size_t number = 0; number < std::max(before.size(), after.size()); ++number) {
         const std::string part = words + std::to_string(number);
         if (number >= after.size())
-            out.removed({area, part, before[number].where, {}}, Weight::Breaking,
-                        directionValue(before[number].direction));
+            out.removed({area, part, before[number].where, {}}, Weight::Breaking, kindOf(before[number]));
         else if (number >= before.size())
-            out.added({area, part, {}, after[number].where}, Weight::Breaking, directionValue(after[number].direction));
+            out.added({area, part, {}, after[number].where}, Weight::Breaking, kindOf(after[number]));
         else
             compareOne(before[number], after[number], number, out);
     }

@@ -55,8 +55,14 @@ public:
     /// What a difference weighs: no more than words where a KTL file cannot have the thing.
     [[nodiscard]] Weight weightOf(In in, Weight weight) const { return isLoss(in) ? Weight::Text : weight; }
 
-    void added(Spot spot, Weight weight) { take({weight, Change::Added, std::move(spot), {}, {}, noValue(), {}}); }
-    void removed(Spot spot, Weight weight) { take({weight, Change::Removed, std::move(spot), {}, {}, {}, noValue()}); }
+    void added(Spot spot, Weight weight)
+    {
+        take({weight, Change::Added, std::move(spot), {}, {}, noValue(), noValue()});
+    }
+    void removed(Spot spot, Weight weight)
+    {
+        take({weight, Change::Removed, std::move(spot), {}, {}, noValue(), noValue()});
+    }
 
     /// As above, with what has come or gone.
     void added(Spot spot, Weight weight, Value value)

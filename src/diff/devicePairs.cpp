@@ -45,6 +45,8 @@ public:
         using Key = decltype(keyOf(*m_before.front()));
         std::vector<Key> oldKeys;
         std::vector<Key> newKeys;
+        oldKeys.reserve(oldLeft.size());
+        newKeys.reserve(newLeft.size());
         for (const std::size_t index : oldLeft)
             oldKeys.push_back(keyOf(*m_before[index]));
         for (const std::size_t index : newLeft)

@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 namespace diff {
 
@@ -19,11 +20,11 @@ constexpr json::Layout layout{2, true};
 class JsonWriter : public DifferenceWriter
 {
 public:
-    JsonWriter(std::ostream& out, const WrittenFile& before, const WrittenFile& after)
+    JsonWriter(std::ostream& out, WrittenFile before, WrittenFile after)
         : m_out(out)
         , m_json(out, layout)
-        , m_before(before)
-        , m_after(after)
+        , m_before(std::move(before))
+        , m_after(std::move(after))
     {}
 
     void begin() override
@@ -79,7 +80,11 @@ private:
     {
         m_json.openObject(key, json::Spread::OneLine);
         writeText("file", file.name);
-        writeText("kind", file.source->isKtl() ? "ktl" : "esi");
+        m_json.key("kind");
+        if (file.isThere)
+            m_json.text(std::string_view(file.source->isKtl() ? "ktl" : "esi"));
+        else
+            m_json.null();
         m_json.closeObject();
     }
 

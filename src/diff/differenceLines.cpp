@@ -9,6 +9,7 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace diff {
@@ -71,10 +72,10 @@ std::string placeIn(const WrittenFile& file, facts::Where where)
 class LineWriter : public DifferenceWriter
 {
 public:
-    LineWriter(std::ostream& out, const WrittenFile& before, const WrittenFile& after, const LineStyle& style)
+    LineWriter(std::ostream& out, WrittenFile before, WrittenFile after, const LineStyle& style)
         : m_out(out)
-        , m_before(before)
-        , m_after(after)
+        , m_before(std::move(before))
+        , m_after(std::move(after))
         , m_style(style)
     {}
 

@@ -19,6 +19,7 @@ struct WrittenFile
     std::string name; ///< as it was named, with every byte
     std::string shownName; ///< for people
     const Source* source = nullptr; ///< has to outlive the writer
+    bool isThere = true; ///< false for the side of a file that was added or has gone
 };
 
 /// How many differences there are of each weight.

@@ -56,7 +56,8 @@ SlotTraits slotOf(const struct_Slot& record, facts::Where where)
     traits.pdoStep = record.Attributes.SlotPdoIncrement;
     traits.group = record.Attributes.m_SlotGroup;
     for (const struct_ModuleClass& moduleClass : record.ModuleClass)
-        traits.classes.emplace_back(moduleClass.Class);
+        if (!moduleClass.Class.empty()) // there is a record for each node in the element
+            traits.classes.emplace_back(moduleClass.Class);
     for (const struct_ModuleIdent& ident : record.ModuleIdent)
         traits.idents.push_back({ident.ModuleIdent, ident.Attributes.Default != 0});
     return traits;

@@ -89,20 +89,20 @@ void compareSizes(const Subject& before, const Subject& after, Comparison& out)
 
 } // namespace
 
-void compareImages(const Subject& oldOne, const Subject& newOne, Comparison& out)
+void compareImages(const Subject& before, const Subject& after, Comparison& out)
 {
-    compareSizes(oldOne, newOne, out);
-    const std::vector<PlacedSignal> oldSignals = signalsIn(oldOne.image);
-    const std::vector<PlacedSignal> newSignals = signalsIn(newOne.image);
+    compareSizes(before, after, out);
+    const std::vector<PlacedSignal> oldSignals = signalsIn(before.image);
+    const std::vector<PlacedSignal> newSignals = signalsIn(after.image);
     for (const Pair& pair : pairsByKey(keysOf(oldSignals), keysOf(newSignals))) {
         if (!pair.before.has_value() || !pair.after.has_value())
             continue; // told with the PDOs
-        const PlacedSignal& before = oldSignals[*pair.before];
-        const PlacedSignal& after = newSignals[*pair.after];
-        const bool hasOtherSyncManager = before.image->number != after.image->number;
-        if (hasOtherSyncManager || before.entry->bit != after.entry->bit)
-            out.moved(spotOf(before, after), Weight::Breaking, placeOf(before, hasOtherSyncManager),
-                      placeOf(after, hasOtherSyncManager));
+        const PlacedSignal& oldSignal = oldSignals[*pair.before];
+        const PlacedSignal& newSignal = newSignals[*pair.after];
+        const bool hasOtherSyncManager = oldSignal.image->number != newSignal.image->number;
+        if (hasOtherSyncManager || oldSignal.entry->bit != newSignal.entry->bit)
+            out.moved(spotOf(oldSignal, newSignal), Weight::Breaking, placeOf(oldSignal, hasOtherSyncManager),
+                      placeOf(newSignal, hasOtherSyncManager));
     }
 }
 

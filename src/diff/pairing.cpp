@@ -4,7 +4,7 @@ namespace diff {
 
 void markMoved(std::vector<Pair>& pairs)
 {
-    constexpr std::size_t none = static_cast<std::size_t>(-1);
+    constexpr auto none = static_cast<std::size_t>(-1);
     std::vector<std::size_t> lastOfLength; // the pair that ends the best run of each length, from 1
     std::vector<std::size_t> previous(pairs.size(), none);
     const auto isBefore = [&](std::size_t pair, std::size_t place) { return *pairs[pair].after < place; };

@@ -54,7 +54,7 @@ constexpr std::array acceptedFields{
 };
 
 constexpr std::array placedFields{
-    Field<PlacedModule>{"moduleIdent", "module", Weight::Behaviour,
+    Field<PlacedModule>{"moduleIdent", "module in it", Weight::Behaviour,
                         [](const PlacedModule& placed) { return hexadecimal(placed.ident); }},
 };
 

@@ -36,6 +36,7 @@ private slots:
     void atATerminal();
     void unusableFiles_data();
     void unusableFiles();
+    void noFile();
     void cutKtlFile();
     void deviceThatCannotBeExported();
     void namesOfFiles();
@@ -386,6 +387,22 @@ void tst_DiffCommand::unusableFiles()
         QCOMPARE(run.output, QByteArray());
         QCOMPARE(run.exitCode, 2);
     }
+}
+
+/// Git has this name for the side on which a file is not.
+void tst_DiffCommand::noFile()
+{
+    const CommandRun added = runDiff({"/dev/null", "old.xml", "--device=1"});
+    QCOMPARE(added.output, QByteArray("0x7e570009:0x1:0x1 \"Drive\"\n"
+                                      "  behaviour  device added\n             old.xml:4\n"));
+    QCOMPARE(added.errors, QByteArray());
+    QCOMPARE(added.exitCode, 1);
+    const CommandRun gone = runDiff({"old.ktl", "/dev/null", "--json"});
+    const QJsonObject file = QJsonDocument::fromJson(gone.output).object().value("after").toObject();
+    QCOMPARE(file.value("file").toString(), QStringLiteral("/dev/null"));
+    QVERIFY(file.value("kind").isNull());
+    QCOMPARE(gone.exitCode, 1);
+    QCOMPARE(runDiff({"/dev/null", "/dev/null"}).exitCode, 0);
 }
 
 /// What is whole in it is compared, also with itself.

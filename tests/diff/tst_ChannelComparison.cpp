@@ -71,6 +71,8 @@ void addFmmus()
 {
     add("FMMU added", "<Fmmu>Outputs</Fmmu>", "<Fmmu>Outputs</Fmmu><Fmmu>Inputs</Fmmu>",
         {"breaking added FMMU 1 Inputs"});
+    add("FMMU of a kind without a word", "<Fmmu>Outputs</Fmmu>", "<Fmmu>Outputs</Fmmu><Fmmu>MBoxState</Fmmu>",
+        {"breaking added FMMU 1 MBoxState"});
     add("FMMU kind", "<Fmmu>Outputs</Fmmu>", "<Fmmu>Inputs</Fmmu>", {"breaking changed FMMU 0 kind Outputs -> Inputs"});
     add("FMMU sync manager", "<Fmmu Sm='2'>Outputs</Fmmu>", "<Fmmu Sm='3'>Outputs</Fmmu>",
         {"breaking changed FMMU 0 sync manager 2 -> 3"});
@@ -120,8 +122,7 @@ void addMailboxes()
          "behaviour changed segmented SDO no -> yes", "behaviour changed complete access no -> yes",
          "behaviour changed diagnosis history no -> yes"});
     add("EoE addresses", "<Mailbox><EoE IP='0' MAC='0'/></Mailbox>", "<Mailbox><EoE IP='1' MAC='1'/></Mailbox>",
-        {"behaviour changed IP address over EoE no -> yes", "behaviour changed MAC address over EoE no -> yes",
-         "behaviour added EoE, startup command IP_PS 0x00:0 0x00"});
+        {"behaviour changed IP address over EoE no -> yes", "behaviour changed MAC address over EoE no -> yes"});
 }
 
 QByteArray typed(const QByteArray& attributes, const QByteArray& name = "Device", const QByteArray& type = "T1")
@@ -141,6 +142,11 @@ void tst_ChannelComparison::parts_data()
     addFmmus();
     addModes();
     addMailboxes();
+    const auto slotWith = [](const QByteArray& moduleClass) {
+        return "<Slots><Slot MaxInstances='1'><ModuleClass><Class>DI</Class>" + moduleClass
+               + "</ModuleClass></Slot></Slots>";
+    };
+    add("what is in a class of modules besides its name", slotWith("<Name>Inputs</Name>"), slotWith("<!-- inputs -->"));
 }
 
 void tst_ChannelComparison::parts()

@@ -153,7 +153,7 @@ void addAcceptedRows()
         },
         {});
     row("another module", [](Subject& subject) { subject.placed[1].ident = 0x21; },
-        {"behaviour changed slot 2 module 0x20 -> 0x21"});
+        {"behaviour changed slot 2 module in it 0x20 -> 0x21"});
     row("no module", [](Subject& subject) { subject.placed.pop_back(); }, {"behaviour removed slot 2 0x20"});
     row("one more module",
         [](Subject& subject) {
@@ -195,10 +195,10 @@ void tst_SlotComparison::othersThanEsi_data()
     QTest::addColumn<QStringList>("lines");
     QTest::addRow("two KTL files") << Sides::Ktl << false
                                    << QStringList{"breaking changed slot 3 \"Axis\" step of objects 0x10 -> 0x20",
-                                                  "behaviour changed place 2 module 0x20 -> 0x21"};
+                                                  "behaviour changed place 2 module in it 0x20 -> 0x21"};
     QTest::addRow("ESI and KTL") << Sides::EsiAndKtl << false
                                  << QStringList{"breaking changed slot 3 \"Axis\" step of objects 0x10 -> 0x20",
-                                                "behaviour changed place 2 module 0x20 -> 0x21"};
+                                                "behaviour changed place 2 module in it 0x20 -> 0x21"};
     QTest::addRow("all of ESI and KTL") << Sides::EsiAndKtl << true
                                         << QStringList{"text changed slots slot groups 2 -> -",
                                                        "text changed slots step of objects per slot group 0x100 -> -",
@@ -212,7 +212,7 @@ void tst_SlotComparison::othersThanEsi_data()
                                                        "text removed slot 3 \"Axis\", class \"DO\"",
                                                        "text removed slot 3 \"Axis\", module 0x10",
                                                        "text removed slot 3 \"Axis\", module 0x20",
-                                                       "behaviour changed place 2 module 0x20 -> 0x21"};
+                                                       "behaviour changed place 2 module in it 0x20 -> 0x21"};
 }
 
 void tst_SlotComparison::othersThanEsi()
