@@ -41,9 +41,11 @@ constexpr std::array syncManagerFields{
                             [](const SyncManagerFacts& facts) { return decimal(facts.attributes.Enable); }},
     Field<SyncManagerFacts>{"virtual", "virtual", Weight::Breaking,
                             [](const SyncManagerFacts& facts) { return flag(facts::isVirtual(facts)); }, In::Esi},
-    Field<SyncManagerFacts>{"name", "name", Weight::Text,
-                            [](const SyncManagerFacts& facts) { return text(facts.name); }, In::Esi},
 };
+
+/// A name that is a kind is told as one.
+constexpr Field<SyncManagerFacts> syncManagerName{
+    "name", "name", Weight::Text, [](const SyncManagerFacts& facts) { return text(facts.name); }, In::Esi};
 
 constexpr auto defaultSizeOf = [](const SyncManagerFacts& facts) { return decimal(facts.attributes.DefaultSize); };
 
@@ -70,6 +72,8 @@ void compareSyncManager(const SyncManagerFacts& before, const SyncManagerFacts& 
         return Spot{Area::SyncManager, "sync manager " + std::to_string(number), before.where, after.where};
     };
     out.compare(syncManagerFields, before, after, spotOf);
+    if (before.direction == after.direction)
+        out.compare(syncManagerName, before, after, spotOf);
     const bool isMailbox = facts::isMailbox(before) && facts::isMailbox(after);
     out.compare(isMailbox ? mailboxSize : processDataSize, before, after, spotOf);
 }

@@ -15,12 +15,13 @@ namespace {
 
 using facts::ModeFacts;
 
-/// "2: 0x1600; 3: 0x1a00".
+/// "2: 0x1600; 3: 0x1a00 x 10", with a factor of the oversampling.
 Value pdosOf(const ModeFacts& mode)
 {
     std::string list;
     for (const facts::ModePdoFacts& pdo : mode.pdos)
-        list += (list.empty() ? "" : "; ") + std::to_string(pdo.syncManager) + ": " + numberText(pdo.index);
+        list += (list.empty() ? "" : "; ") + std::to_string(pdo.syncManager) + ": " + numberText(pdo.index)
+                + (pdo.oversamplingFactor == 0 ? "" : " x " + std::to_string(pdo.oversamplingFactor));
     return words(list);
 }
 
@@ -35,6 +36,10 @@ constexpr std::array fields{
                      [](const ModeFacts& mode) { return decimal(mode.cycleTimeSync1); }, In::Esi},
     Field<ModeFacts>{"shiftTimeSync1", "shift time of SYNC 1 (ns)", Weight::Behaviour,
                      [](const ModeFacts& mode) { return decimal(mode.shiftTimeSync1); }, In::Esi},
+    Field<ModeFacts>{"cycleFactorSync0", "factor of the cycle time of SYNC 0", Weight::Behaviour,
+                     [](const ModeFacts& mode) { return decimal(mode.cycleFactorSync0); }, In::Esi},
+    Field<ModeFacts>{"cycleFactorSync1", "factor of the cycle time of SYNC 1", Weight::Behaviour,
+                     [](const ModeFacts& mode) { return decimal(mode.cycleFactorSync1); }, In::Esi},
     Field<ModeFacts>{"oversampling", "oversampling factor", Weight::Behaviour,
                      [](const ModeFacts& mode) { return decimal(mode.oversamplingFactor); }, In::Esi},
     Field<ModeFacts>{"minCycleTime", "least cycle time (ns)", Weight::Behaviour,

@@ -48,6 +48,7 @@ void compareAll(const Subject& before, const Subject& after, Comparison& out)
     compareStartup(before, after, out);
     compareSlots(before, after, out);
     compareModules(modulesOf(before), modulesOf(after), out);
+    compareModuleNames(before, after, out);
     compareDictionaries(*before.unit, *after.unit, {}, out);
     tellLosses(before, after, out);
 }

@@ -28,6 +28,12 @@ constexpr std::array objectFields{
                        [](const SizedObject& object) { return lengthValue(object.bits); }},
     Field<SizedObject>{"access", "access", Weight::Behaviour,
                        [](const SizedObject& object) { return valueOf(object.item->flags.access); }},
+    Field<SizedObject>{"backup", "backup", Weight::Behaviour,
+                       [](const SizedObject& object) { return decimal(object.item->flags.backup); }},
+    Field<SizedObject>{"setting", "setting", Weight::Behaviour,
+                       [](const SizedObject& object) { return decimal(object.item->flags.setting); }},
+    Field<SizedObject>{"category", "category", Weight::Text,
+                       [](const SizedObject& object) { return text(object.item->flags.category); }},
     Field<SizedObject>{"pdoMapping", "PDO mapping", Weight::Behaviour,
                        [](const SizedObject& object) {
                            const Mapping mapping = object.item->flags.mapping; // that is not told is none

@@ -48,6 +48,12 @@ constexpr std::array subItemFields{
                         [](const SizedSubItem& subItem) { return decimal(subItem.item->offset.value_or(0)); }},
     Field<SizedSubItem>{"access", "access", Weight::Behaviour,
                         [](const SizedSubItem& subItem) { return valueOf(subItem.item->flags.access); }},
+    Field<SizedSubItem>{"backup", "backup", Weight::Behaviour,
+                        [](const SizedSubItem& subItem) { return decimal(subItem.item->flags.backup); }},
+    Field<SizedSubItem>{"setting", "setting", Weight::Behaviour,
+                        [](const SizedSubItem& subItem) { return decimal(subItem.item->flags.setting); }},
+    Field<SizedSubItem>{"category", "category", Weight::Text,
+                        [](const SizedSubItem& subItem) { return text(subItem.item->flags.category); }},
     Field<SizedSubItem>{"pdoMapping", "PDO mapping", Weight::Behaviour,
                         [](const SizedSubItem& subItem) { return valueOf(subItem.item->flags.mapping); }},
 };

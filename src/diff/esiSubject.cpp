@@ -38,6 +38,7 @@ SlotListTraits slotListOf(const SlotsAttributes& attributes)
     list.indexStep = attributes.SlotIndexIncrement;
     list.pdoStep = attributes.SlotPdoIncrement;
     list.groups = attributes.m_MaxSlotGroupCount;
+    list.most = attributes.m_MaxSlotCount;
     list.groupIndexStep = attributes.m_SlotGroupIndexIncrement;
     list.groupPdoStep = attributes.m_SlotGroupPdoIncrement;
     list.identifiedBy = attributes.IdentifyModuleBy;

@@ -49,14 +49,18 @@ std::string placeOf(const PlacedSignal& placed, bool hasSyncManager)
     return hasSyncManager ? "sync manager " + std::to_string(placed.image->number) + ", " + byte : byte;
 }
 
+/// `signal 0x6000:1 "Input 1" in TxPdo 0x1a00 "Inputs"`
+std::string wordsOf(const PlacedSignal& placed)
+{
+    const facts::EntryFacts& entry = *placed.entry->entry;
+    const facts::PdoFacts& pdo = *placed.entry->pdo;
+    return "signal " + named(objectWords(entry.index, entry.subIndex), entry.name) + " in "
+           + pdoWords(pdo.isInput, pdo.index, pdo.name);
+}
+
 Spot spotOf(const PlacedSignal& before, const PlacedSignal& after)
 {
-    const facts::EntryFacts& entry = *before.entry->entry;
-    const facts::PdoFacts& pdo = *before.entry->pdo;
-    return {Area::Image,
-            "signal " + named(objectWords(entry.index, entry.subIndex), entry.name) + " in "
-                + pdoWords(pdo.isInput, pdo.index, pdo.name),
-            entry.where, after.entry->entry->where};
+    return {Area::Image, wordsOf(before), before.entry->entry->where, after.entry->entry->where};
 }
 
 /// Bytes of process data by direction and number of the sync manager.
@@ -87,6 +91,22 @@ void compareSizes(const Subject& before, const Subject& after, Comparison& out)
         }
 }
 
+/// A signal of a module that has come or gone. Those of the device are told with its PDOs.
+void tellOneSided(const PlacedSignal& placed, bool isBefore, Comparison& out)
+{
+    const facts::PdoFacts& pdo = *placed.entry->pdo;
+    if (pdo.place < 0)
+        return;
+    Spot spot;
+    spot.area = Area::Image;
+    spot.part = wordsOf(placed);
+    (isBefore ? spot.before : spot.after) = placed.entry->entry->where;
+    if (isBefore)
+        out.removed(std::move(spot), Weight::Breaking, words(placeOf(placed, true)));
+    else
+        out.added(std::move(spot), Weight::Breaking, words(placeOf(placed, true)));
+}
+
 } // namespace
 
 void compareImages(const Subject& before, const Subject& after, Comparison& out)
@@ -95,8 +115,11 @@ void compareImages(const Subject& before, const Subject& after, Comparison& out)
     const std::vector<PlacedSignal> oldSignals = signalsIn(before.image);
     const std::vector<PlacedSignal> newSignals = signalsIn(after.image);
     for (const Pair& pair : pairsByKey(keysOf(oldSignals), keysOf(newSignals))) {
-        if (!pair.before.has_value() || !pair.after.has_value())
-            continue; // told with the PDOs
+        if (!pair.before.has_value() || !pair.after.has_value()) {
+            tellOneSided(pair.before.has_value() ? oldSignals[*pair.before] : newSignals[*pair.after],
+                         pair.before.has_value(), out);
+            continue;
+        }
         const PlacedSignal& oldSignal = oldSignals[*pair.before];
         const PlacedSignal& newSignal = newSignals[*pair.after];
         const bool hasOtherSyncManager = oldSignal.image->number != newSignal.image->number;

@@ -24,6 +24,9 @@ DeviceTraits traitsOf(const KtlDeviceBlock& block)
     traits.hasDiagnosisHistory = block.coe.m_bDiagHistory != 0;
     traits.isEoeIp = block.eoe.m_bIP != 0;
     traits.isEoeMac = block.eoe.m_bMAC != 0;
+    traits.hasSdoSupport = block.general.m_bSdoSupport != 0;
+    traits.countedSlots = block.general.m_iSlotCount;
+    traits.countedModules = block.general.m_iModuleTypeMax;
     return traits;
 }
 
@@ -118,6 +121,21 @@ facts::UnitFacts moduleOf(const KtlModule& record, std::size_t index, Where wher
     return module;
 }
 
+/// The lines of the names in a device after the first one, which is its own.
+std::vector<std::string_view> moduleNamesIn(const KtlDeviceBlock& block)
+{
+    std::vector<std::string_view> names;
+    if (!block.moreInfo.has_value())
+        return names;
+    std::string_view text = block.moreInfo->text;
+    text = text.substr(0, text.find('\0'));
+    for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
+        text.remove_prefix(end + 1);
+        names.push_back(text.substr(0, text.find('\n')));
+    }
+    return names;
+}
+
 } // namespace
 
 Subject ktlSubjectOf(const facts::KtlFacts& facts, std::size_t index)
@@ -133,6 +151,7 @@ Subject ktlSubjectOf(const facts::KtlFacts& facts, std::size_t index)
     for (std::size_t module = 0; module < block.modules.size(); ++module)
         subject.modules.push_back(
             moduleOf(block.modules[module], module, module < modules.size() ? modules[module] : subject.unit->where));
+    subject.moduleNames = moduleNamesIn(block);
     subject.image = facts::processImageOf(*subject.unit, subject.presetPdos);
     return subject;
 }

@@ -44,6 +44,9 @@ void compareSlots(const Subject& before, const Subject& after, Comparison& out);
 void compareModules(const std::vector<const facts::UnitFacts*>& before,
                     const std::vector<const facts::UnitFacts*>& after, Comparison& out);
 
+/// The names of modules that KTL files have beside their devices, by their places.
+void compareModuleNames(const Subject& before, const Subject& after, Comparison& out);
+
 /// The CoE dictionaries of devices or modules that have one: data types by name, objects by index.
 /// @param owner  see `comparePdos`
 void compareDictionaries(const facts::UnitFacts& before, const facts::UnitFacts& after, const std::string& owner,

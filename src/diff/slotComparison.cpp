@@ -23,6 +23,8 @@ constexpr std::array listFields{
                           [](const SlotListTraits& list) { return hexadecimal(list.indexStep); }},
     Field<SlotListTraits>{"slotPdoIncrement", "step of PDOs per slot", Weight::Breaking,
                           [](const SlotListTraits& list) { return hexadecimal(list.pdoStep); }},
+    Field<SlotListTraits>{"maxSlotCount", "slots at most", Weight::Behaviour,
+                          [](const SlotListTraits& list) { return decimal(list.most); }, In::Esi},
     Field<SlotListTraits>{"maxSlotGroupCount", "slot groups", Weight::Behaviour,
                           [](const SlotListTraits& list) { return decimal(list.groups); }, In::Esi},
     Field<SlotListTraits>{"slotGroupIndexIncrement", "step of objects per slot group", Weight::Breaking,

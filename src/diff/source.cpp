@@ -2,6 +2,7 @@
 
 #include "diff/esiSubject.h"
 #include "diff/ktlSubject.h"
+#include "facts/moduleCopies.h"
 
 #include <utility>
 
@@ -13,6 +14,9 @@ Source::Source(const xml::Tree& tree, struct_FilenameDevice& file, const std::ve
     m_esi->slotFacts = facts::slotsOf(file, m_esi->facts.devices);
     for (const facts::UnitFacts& unit : m_esi->facts.units)
         (unit.isDevice() ? m_devices : m_modules).push_back(&unit);
+    for (std::size_t index = 0; index < m_devices.size(); ++index)
+        if (!file.device[index].Slots.vslot.empty())
+            facts::placeModuleCopies(m_esi->facts.units[index], file.device[index], m_modules);
 }
 
 Source::Source(const std::vector<unsigned char>& bytes)

@@ -46,6 +46,8 @@ constexpr std::array fields{
                         [](const CommandFacts& command) { return flag(command.isCompleteAccess); }},
     Field<CommandFacts>{"dependOnSlot", "moves with the slot", Weight::Behaviour,
                         [](const CommandFacts& command) { return flag(command.movesWithSlot); }},
+    Field<CommandFacts>{"dependOnSlotGroup", "moves with the slot group", Weight::Behaviour,
+                        [](const CommandFacts& command) { return flag(command.movesWithGroup); }, In::Esi},
     Field<CommandFacts>{"comment", "comment", Weight::Text,
                         [](const CommandFacts& command) { return text(command.comment); }, In::Esi},
 };

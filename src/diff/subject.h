@@ -27,6 +27,9 @@ struct DeviceTraits
     bool hasDiagnosisHistory = false;
     bool isEoeIp = false;
     bool isEoeMac = false;
+    bool hasSdoSupport = false; ///< false in an ESI file, where what is below is 0 too
+    std::uint32_t countedSlots = 0;
+    std::uint32_t countedModules = 0;
 };
 
 /// What a device says of all its slots.
@@ -43,6 +46,7 @@ struct SlotListTraits
     std::uint32_t groupPdoStep = 0;
     std::string_view identifiedBy;
     std::string transition;
+    std::uint32_t most = 0; ///< slots
 };
 
 /// An ident that a slot takes.
@@ -98,6 +102,7 @@ struct Subject
     std::vector<SlotTraits> slotTraits;
     std::vector<PlacedModule> placed;
     std::vector<facts::UnitFacts> modules; ///< that go out with a device of a KTL file
+    std::vector<std::string_view> moduleNames; ///< of all modules of the file that a device of a KTL file comes from
     std::vector<facts::PdoFacts> presetPdos; ///< see `facts::presetPdosOf`
     facts::ProcessImage image; ///< of the unit and these PDOs
     std::vector<Loss> losses; ///< of a device as its export carries it

@@ -53,6 +53,16 @@ bool movesWithSlot(const struct_moduleEntry& entry)
     return entry.indexAttributes.DependOnSlot;
 }
 
+bool movesWithGroup(const struct_EntryPDOContent& /*entry*/)
+{
+    return false;
+}
+
+bool movesWithGroup(const struct_moduleEntry& entry)
+{
+    return entry.indexAttributes.m_DependOnSlotGroup;
+}
+
 template<typename Entries>
 std::vector<EntryFacts> entriesFrom(const Entries& entries, const xml::Element* pdo, Where without)
 {
@@ -69,7 +79,8 @@ std::vector<EntryFacts> entriesFrom(const Entries& entries, const xml::Element* 
     for (const auto& entry : entries) {
         const auto found = places.take(objectKey(indexOf(entry), entry.SubIndex));
         facts.push_back({found.has_value() ? places.whereOf(*found) : without, indexOf(entry), movesWithSlot(entry),
-                         entry.SubIndex, bitLengthOf(entry), entry.DataType, entry.Linkto, entry.Name});
+                         entry.SubIndex, bitLengthOf(entry), entry.DataType, entry.Linkto, entry.Name,
+                         movesWithGroup(entry)});
     }
     return facts;
 }
@@ -95,6 +106,7 @@ void addElement(PdoFacts& facts, const xml::Element& element)
 {
     facts.where = element.placeKey();
     facts.isOverwritten = toBool(element.attribute("OverwrittenByModule"));
+    facts.declaredFactor = toUint(element.attribute("OSFac"));
     xml::forEachChildElement(element, "Exclude", [&](const xml::Element& excluded) {
         facts.excluded.push_back(static_cast<std::uint16_t>(toUint(excluded.text())));
     });
@@ -158,6 +170,16 @@ bool movesWithSlot(const struct_moduleInitCmd& command)
     return command.indexAttributes.DependOnSlot;
 }
 
+bool movesWithGroup(const struct_InitCmd& /*command*/)
+{
+    return false;
+}
+
+bool movesWithGroup(const struct_moduleInitCmd& command)
+{
+    return command.indexAttributes.DependOnSlotGroup;
+}
+
 /// What of a command is in its element alone.
 /// @param facts  with all that the record has
 void addElement(CommandFacts& facts, const xml::Element& element)
@@ -203,6 +225,7 @@ void addCommands(std::vector<CommandFacts>& to, const std::vector<Command>& comm
         facts.data = command.Data;
         facts.comment = command.Comment;
         facts.movesWithSlot = movesWithSlot(command);
+        facts.movesWithGroup = movesWithGroup(command);
         facts.values.assign(command.m_CADataList.begin(), command.m_CADataList.end());
         if (found.has_value()) {
             facts.where = places.whereOf(*found);
@@ -263,14 +286,27 @@ void addChannels(UnitFacts& unit, const struct_EtherCatDevice& device, const Ele
                               fmmu.m_Name, fmmu.m_Sm, fmmu.m_Su, fmmu.m_OpOnly});
 }
 
+/// Factors of the cycle times, which no record has.
+void addFactors(ModeFacts& facts, const xml::Element& mode)
+{
+    xml::forEachChildElement(mode, "CycleTimeSync0", [&](const xml::Element& time) {
+        facts.cycleFactorSync0 = toInt(time.attribute("Factor"));
+    });
+    xml::forEachChildElement(mode, "CycleTimeSync1", [&](const xml::Element& time) {
+        facts.cycleFactorSync1 = toInt(time.attribute("Factor"));
+    });
+}
+
 void addModes(UnitFacts& unit, const struct_EtherCatDevice& device, const Elements& clockElements)
 {
     MatchedPlaces<std::string> places;
+    Elements modes;
     for (const xml::Element& clocks : clockElements)
         xml::forEachChildElement(clocks, "OpMode", [&](const xml::Element& mode) {
             std::string name;
             xml::forEachChildElement(mode, "Name", [&](const xml::Element& child) { name = child.text().toString(); });
             places.add(name, mode.placeKey());
+            modes.push_back(mode);
         });
     for (const Struct_DCOpMode& mode : device.vopmode) {
         const auto found = places.take(mode.Name);
@@ -285,9 +321,11 @@ void addModes(UnitFacts& unit, const struct_EtherCatDevice& device, const Elemen
                               mode.Desc,
                               mode.vendorSpecific.twinCAT.oversampling.m_DefaultFactor,
                               mode.vendorSpecific.twinCAT.oversampling.m_MinCycleTime});
+        if (found.has_value())
+            addFactors(unit.modes.back(), modes[*found]);
         for (const Struct_DCSm& syncManager : mode.m_Sm)
             for (const Struct_DCPdo& pdo : syncManager.m_Pdo)
-                unit.modes.back().pdos.push_back({syncManager.Attributes.m_No, pdo.m_index});
+                unit.modes.back().pdos.push_back({syncManager.Attributes.m_No, pdo.m_index, pdo.Attributes.m_OsFac});
     }
 }
 
@@ -354,6 +392,8 @@ UnitFacts moduleFactsOf(const struct_module& module, std::size_t index, const xm
     unit.where = element.placeKey();
     unit.moduleIdent = module.TypeAttributes.ModuleIdent;
     unit.modulePdoGroup = module.TypeAttributes.ModulePdoGroup;
+    unit.moduleClass = module.TypeAttributes.ModuleClass;
+    unit.profile = module.m_profileNO;
     unit.supportsSraParameters = module.TypeAttributes.SRA_ParamterSupported;
     unit.name = module.Name;
     unit.type = module.TypeAttributes.Name;

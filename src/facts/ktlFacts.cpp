@@ -158,6 +158,7 @@ void BlockReader::addPdo(const KtlFileItem& item)
     pdo.syncUnit = record.head.SU;
     addRecords(item, record.entries, [&](const struct_KTL_EntryPDOContent& entry, Where where) {
         pdo.entries.push_back({where, entry.Index, false, entry.SubIndex, entry.Bitlen, {}, entry.LinkToData, {}});
+        pdo.entries.back().isFixed = entry.m_bFixed != 0;
     });
 }
 

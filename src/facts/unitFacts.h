@@ -41,6 +41,7 @@ struct ModePdoFacts
 {
     std::uint32_t syncManager = 0;
     std::uint32_t index = 0;
+    std::uint32_t oversamplingFactor = 0;
 };
 
 /// An operation mode of the distributed clocks.
@@ -57,6 +58,9 @@ struct ModeFacts
     std::string_view description; ///< empty in a KTL file
     std::uint32_t oversamplingFactor = 0; ///< 0 in a KTL file, as below
     std::uint32_t minCycleTime = 0; ///< ns
+    std::int32_t cycleFactorSync0 =
+        0; ///< of the cycle of the controller, as the file declares it; nothing is made of it
+    std::int32_t cycleFactorSync1 = 0; ///< of that of SYNC 0
 };
 
 /// An entry of a PDO.
@@ -70,6 +74,8 @@ struct EntryFacts
     std::string_view dataType; ///< empty in a KTL file
     std::int32_t link = 0; ///< a value of `enum_KTL_PDO_TYPE`, or what a file has in its place
     std::string_view name; ///< empty in a KTL file
+    bool movesWithGroup = false; ///< its index depends on the group of the slot of its module; false in a KTL file
+    bool isFixed = false; ///< false in an ESI file
 };
 
 /// A PDO.
@@ -88,6 +94,7 @@ struct PdoFacts
     bool isMandatory = false;
     bool isOverwritten = false; ///< a module in a slot may bring a PDO of the same index, which counts instead
     int oversamplingFactor = 0;
+    std::uint32_t declaredFactor = 0; ///< of the oversampling, also where samples stand for the PDO; 0 in a KTL file
     int oversamplingMin = 0;
     int oversamplingMax = 0;
     std::vector<EntryFacts> entries;
@@ -131,6 +138,7 @@ struct CommandFacts
     std::string longValue; ///< hexadecimal digits of a value of more than four bytes, in lower case; none in a KTL file
     std::vector<std::uint32_t> values; ///< of a complete access
     bool movesWithSlot = false; ///< its index depends on the slot of its module
+    bool movesWithGroup = false; ///< its index depends on the group of that slot; false in a KTL file
 };
 
 /// A device, or a module of a file.
@@ -143,6 +151,8 @@ struct UnitFacts
     std::uint32_t revision = 0; ///< of a device
     std::uint32_t moduleIdent = 0; ///< of a module
     std::int32_t modulePdoGroup = 0; ///< of a module
+    std::string_view moduleClass; ///< of a module; empty in a KTL file
+    std::uint32_t profile = 0; ///< number, of a module; 0 in a KTL file
     bool supportsSraParameters = false; ///< a module
     std::string_view name;
     std::string_view type; ///< text of the `Type` element; empty in a KTL file

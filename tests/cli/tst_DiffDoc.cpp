@@ -80,6 +80,17 @@ QString nameOf(const QJsonObject& difference)
     return area + ' ' + difference.value("value").toString();
 }
 
+/// A KTL file with other counts, support of SDO, and a fixed entry: no export of an ESI file has these differences.
+QByteArray changedKtl(QByteArray file)
+{
+    for (const int offset : {26, 28, 50}) // SDO support, slots and modules, all in the first item
+        file[offset] = static_cast<char>(file.at(offset) ^ 1);
+    const int pdo = file.indexOf(QByteArray("\x43\x9C\0\0", 4)); // the code of an item with an output PDO
+    constexpr int headBytes = 28;
+    file[pdo + headBytes] = 1; // the first byte of its first entry
+    return file;
+}
+
 /// A startup command that writes a whole object: only those that are made from PDOs do, and these are not compared.
 std::vector<diff::Difference> differencesOfCompleteAccess()
 {
@@ -126,6 +137,8 @@ void tst_DiffDoc::initTestCase()
     collect({"1.xml", "2.xml", "--device=1", "--with=1"});
     collect({"plain1.xml", "plain2.xml"});
     collect({"plain2.xml", "plain2.ktl"});
+    m_place.make("changed.ktl", changedKtl(m_place.content("plain2.ktl")));
+    collect({"plain2.ktl", "changed.ktl"});
     for (const diff::Difference& difference : differencesOfCompleteAccess())
         if (difference.key == "completeAccess")
             m_weights["startup completeAccess"].insert("behaviour");

@@ -60,9 +60,9 @@ void addSyncManagers()
         {"breaking changed sync manager 0 enabled 1 -> 0"});
     add("virtual", sm, QByteArray(sm).replace("Enable", "Virtual='1' Enable"),
         {"breaking changed sync manager 0 virtual no -> yes"});
-    add("kind", "<Sm>MBoxOut</Sm>", "<Sm>MBoxIn</Sm>",
-        {"breaking changed sync manager 0 kind MBoxOut -> MBoxIn",
-         "text changed sync manager 0 name MBoxOut -> MBoxIn"});
+    add("kind", "<Sm>MBoxOut</Sm>", "<Sm>MBoxIn</Sm>", {"breaking changed sync manager 0 kind MBoxOut -> MBoxIn"});
+    add("name of a kind without a word", "<Sm>Own</Sm>", "<Sm>Other</Sm>",
+        {"text changed sync manager 0 name Own -> Other"});
     add("one more", sm, sm + "<Sm>MBoxIn</Sm>", {"breaking added sync manager 1 MBoxIn"});
     add("one less", sm + "<Sm>MBoxIn</Sm>", sm, {"breaking removed sync manager 1 MBoxIn"});
 }
@@ -99,6 +99,13 @@ void addModes()
          "behaviour changed operation mode \"DC\" shift time of SYNC 1 (ns) 3 -> 30"});
     add("description", clocks(mode("<Desc>old</Desc>")), clocks(mode("<Desc>new</Desc>")),
         {"text changed operation mode \"DC\" description old -> new"});
+    add("factors", clocks(mode("<CycleTimeSync0 Factor='1'>0</CycleTimeSync0>")),
+        clocks(mode("<CycleTimeSync0 Factor='-2'>0</CycleTimeSync0><CycleTimeSync1 Factor='3'>0</CycleTimeSync1>")),
+        {"behaviour changed operation mode \"DC\" factor of the cycle time of SYNC 0 1 -> -2",
+         "behaviour changed operation mode \"DC\" factor of the cycle time of SYNC 1 0 -> 3"});
+    add("oversampling of a PDO of a mode", clocks(mode("<Sm No='2'><Pdo OSFac='2'>#x1600</Pdo></Sm>")),
+        clocks(mode("<Sm No='2'><Pdo OSFac='3'>#x1600</Pdo></Sm>")),
+        {"behaviour changed operation mode \"DC\" PDOs by sync manager 2: 0x1600 x 2 -> 2: 0x1600 x 3"});
     add("PDOs of a mode", clocks(mode("<Sm No='2'><Pdo>#x1600</Pdo></Sm>")),
         clocks(mode("<Sm No='2'><Pdo>#x1601</Pdo></Sm>")),
         {"behaviour changed operation mode \"DC\" PDOs by sync manager 2: 0x1600 -> 2: 0x1601"});

@@ -22,6 +22,7 @@ private slots:
     static void exportsOfTwoVersions();
     static void cannotBeExported();
     static void modulesOfCouplers();
+    static void namesOfModules();
 };
 
 namespace {
@@ -164,6 +165,23 @@ void tst_ExportedDevice::modulesOfCouplers()
              (QStringList{"breaking changed module 0x10 \"Module\", TxPdo 0x1a00 length in bits 16 -> 8",
                           "breaking changed module 0x10 \"Module\", TxPdo 0x1a00, entry 0x6000:0 length in bits "
                           "16 -> 8"}));
+}
+
+/// A KTL file has the names of all modules, also where it has no module.
+void tst_ExportedDevice::namesOfModules()
+{
+    const auto fileWith = [](const char* name) {
+        return deviceFile("<Sm>Outputs</Sm>", QByteArray("<Module><Type ModuleIdent='1'>A</Type><Name>A</Name></Module>"
+                                                         "<Module><Type ModuleIdent='2'>B</Type><Name>")
+                                                  + name + "</Name></Module>");
+    };
+    EsiFile old(fileWith("old"));
+    EsiFile esi(fileWith("new"));
+    const std::vector<unsigned char> bytes = comparedFiles::exportOf(old);
+    diff::Source ktl(bytes);
+    QCOMPARE(diffParts::linesOf(differencesOf(old.source, ktl)), QStringList());
+    QCOMPARE(diffParts::linesOf(differencesOf(esi.source, ktl)),
+             QStringList{"text changed name 2 of the modules name new -> old"});
 }
 
 static const testMain::Registration<tst_ExportedDevice, testMain::NoApplication> registration;

@@ -1,5 +1,5 @@
 // PDOs, their entries, and the process image that they make, by what differs.
-// Covers imageComparison.cpp.
+// Covers imageComparison.cpp, moduleCopies.cpp.
 #include "comparedFiles.h"
 #include "facts/unitParts.h"
 #include "testMain.h"
@@ -13,6 +13,7 @@ class tst_PdoComparison : public QObject
 private slots:
     static void pdos_data();
     static void pdos();
+    static void placesOfModules();
 };
 
 namespace {
@@ -100,6 +101,17 @@ void addEntries()
     add("a gap is divided", input(gap(8) + entry("1")), input(gap(3) + gap(5) + entry("1")));
 }
 
+/// A device with a module in its only slot, which is in group 1, and the module.
+QByteArray modular(const QByteArray& index)
+{
+    return unitParts::deviceFile(
+        "<Sm>Outputs</Sm><Sm>Inputs</Sm><Slots MaxSlotGroupCount='2' SlotGroupIndexIncrement='16'>"
+        "<Slot SlotGroup='1' MaxInstances='1'><ModuleIdent Default='1'>#x10</ModuleIdent></Slot></Slots>"
+        "<Profile><ProfileNo>5001</ProfileNo></Profile>",
+        "<Module>\n<Type ModuleIdent='#x10'>M</Type>\n<TxPdo Sm='1'><Index>#x1a00</Index>\n<Entry>" + index
+            + "<BitLen>8</BitLen></Entry></TxPdo></Module>");
+}
+
 void addImages()
 {
     const QByteArray other = "<TxPdo Sm='1'><Index>#x1a01</Index><Entry><Index>#x7000</Index><BitLen>4</BitLen></Entry>"
@@ -107,6 +119,18 @@ void addImages()
     add("assigned in another order", input(entry("1", 12)) + other, other + input(entry("1", 12)),
         {"breaking moved signal 0x6000:1 in TxPdo 0x1a00 place byte 0.0 -> byte 0.4",
          "breaking moved signal 0x7000:0 in TxPdo 0x1a01 place byte 1.4 -> byte 0.0"});
+    QTest::newRow("the object of a module")
+        << modular("<Index>#x6000</Index>") << modular("<Index>#x6001</Index>")
+        << QStringList{"breaking removed signal 0x6000:0 in TxPdo 0x1a00 sync manager 1, byte 0.0",
+                       "breaking added signal 0x6001:0 in TxPdo 0x1a00 sync manager 1, byte 0.0",
+                       "breaking removed module 0x10, TxPdo 0x1a00, entry 0x6000:0",
+                       "breaking added module 0x10, TxPdo 0x1a00, entry 0x6001:0"};
+    QTest::newRow("a module's object that moves with the group")
+        << modular("<Index>#x6000</Index>") << modular("<Index DependOnSlotGroup='1'>#x6000</Index>")
+        << QStringList{
+               "breaking removed signal 0x6000:0 in TxPdo 0x1a00 sync manager 1, byte 0.0",
+               "breaking added signal 0x6010:0 in TxPdo 0x1a00 sync manager 1, byte 0.0",
+               "breaking changed module 0x10, TxPdo 0x1a00, entry 0x6000:0 moves with the slot group no -> yes"};
     add("in another sync manager", "<Sm>Inputs</Sm>" + input(entry("1")),
         "<Sm>Inputs</Sm>" + input(entry("1"), "Sm='2'"),
         {"breaking changed sync manager 1 length 1 -> 0", "breaking changed sync manager 2 length 0 -> 1",
@@ -133,6 +157,15 @@ void tst_PdoComparison::pdos()
     QFETCH(const QByteArray, before);
     QFETCH(const QByteArray, after);
     QTEST(comparedFiles::linesOf(before, after), "lines");
+}
+
+/// A signal of a module in a slot has the line of its entry in the module.
+void tst_PdoComparison::placesOfModules()
+{
+    comparedFiles::EsiFile before(modular("<Index>#x6000</Index>"));
+    comparedFiles::EsiFile after(modular("<Index>#x6001</Index>"));
+    const diff::Difference signal = comparedFiles::differencesOf(before.source, after.source).at(0);
+    QCOMPARE(before.source.placeOf(signal.spot.before.value()).number, 7);
 }
 
 static const testMain::Registration<tst_PdoComparison, testMain::NoApplication> registration;

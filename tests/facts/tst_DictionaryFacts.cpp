@@ -162,7 +162,7 @@ void tst_DictionaryFacts::enumerations()
                          .arg(QLatin1String(type.name.data(), 1))
                          .arg(item.value)
                          .arg(QString::fromUtf8(item.name.data(), static_cast<int>(item.name.size())));
-    const QStringList expected{"A 7 ", "B 0 Off", "B 16 On"};
+    const QStringList expected{"A 7 Off", "B 0 Off", "B 16 On"};
     QCOMPARE(items, expected);
 }
 

@@ -106,6 +106,9 @@ void readMapping(DictionaryContent& content, const xml::Element& element, Access
 constexpr std::array flagRows{
     ChildRow<AccessFlags>{"Access", readAccess},
     ChildRow<AccessFlags>{"PdoMapping", readMapping},
+    ChildRow<AccessFlags>{"Backup", readNumber<AccessFlags, &AccessFlags::backup>},
+    ChildRow<AccessFlags>{"Setting", readNumber<AccessFlags, &AccessFlags::setting>},
+    ChildRow<AccessFlags>{"Category", readText<AccessFlags, &AccessFlags::category>},
 };
 
 template<typename Record> void readFlags(DictionaryContent& content, const xml::Element& element, Record& to)
@@ -126,6 +129,7 @@ constexpr std::array subItemRows{
 
 constexpr std::array enumRows{
     ChildRow<EnumItem>{"Name", readText<EnumItem, &EnumItem::name>},
+    ChildRow<EnumItem>{"Text", readText<EnumItem, &EnumItem::name>},
     ChildRow<EnumItem>{"Enum", readNumber<EnumItem, &EnumItem::value>},
 };
 

@@ -70,11 +70,14 @@ struct TypeName
     [[nodiscard]] bool isDeclared() const noexcept { return type != undeclared; }
 };
 
-/// What may be done with an object or sub-item.
+/// The flags of an object or sub-item.
 struct AccessFlags
 {
     Access access = Access::Unknown;
     Mapping mapping = Mapping::Unknown;
+    std::uint32_t backup = 0;
+    std::uint32_t setting = 0;
+    std::string_view category;
 };
 
 /// A sub-item of a data type.
@@ -93,7 +96,7 @@ struct TypeSubItem
 struct EnumItem
 {
     Where where = 0;
-    std::string_view name;
+    std::string_view name; ///< `Text`, or `Name` in files that have that instead
     std::uint32_t value = 0;
 };
 
