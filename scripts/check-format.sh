@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Fails when clang-format would lay out any of the project's C++ files another way; `--fix` lays them out instead.
+# Fails when clang-format would lay out any of the project's C and C++ files another way; `--fix` lays them out instead.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source "$(dirname "$0")/common.sh"
@@ -11,7 +11,7 @@ if [[ ${1-} == --fix ]]; then
 fi
 no_arguments "$@"
 
-mapfile -d '' files < <(sources src tests bench fuzz)
-[[ ${#files[@]} -gt 0 ]] || fail 'No C++ files to check.'
+mapfile -d '' files < <(sources src tests bench fuzz docs)
+[[ ${#files[@]} -gt 0 ]] || fail 'No C or C++ files to check.'
 clang-format "${mode[@]}" "${files[@]}"
 printf '%d files looked at.\n' "${#files[@]}"

@@ -48,13 +48,13 @@ build_and_test()
     ctest --preset "$1" --parallel "$(nproc)" --no-tests=error
 }
 
-# Lists the project's own C++ files under the given folders, NUL-separated. A file that is new and not yet added
+# Lists the project's own C and C++ files under the given folders, NUL-separated. A file that is new and not yet added
 # to git is in the list too; a generated one never is.
 sources()
 {
     local patterns=() folder
     for folder in "$@"; do
-        patterns+=("$folder/*.h" "$folder/*.cpp")
+        patterns+=("$folder/*.h" "$folder/*.c" "$folder/*.cpp")
     done
     git ls-files -z --cached --others --exclude-standard --deduplicate -- "${patterns[@]}"
 }

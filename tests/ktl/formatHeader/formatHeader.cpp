@@ -1,0 +1,2 @@
+// formatHeader.cpp - the same reader as C++.
+#include "formatHeader.c"
