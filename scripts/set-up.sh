@@ -4,7 +4,7 @@
 #   scripts/set-up.sh run     build and open the workbench
 #   scripts/set-up.sh test    build and run the tests
 #   scripts/set-up.sh package build the Debian package and try it out
-#   scripts/set-up.sh ci      both, and the format and lint checks
+#   scripts/set-up.sh ci      both, and the checks of format, lint and docs/ktl.ksy
 #   scripts/set-up.sh bench   build and run the benchmarks
 #   scripts/set-up.sh fuzz    build and run the fuzz targets
 set -euo pipefail
@@ -41,7 +41,9 @@ case ${1-} in
         ;;
     ci)
         packages=("${base[@]}" "${testing[@]}" "${sanitizing[@]}" "${packaging[@]}" git clang-format clang-tidy)
-        commands+=("${testing_commands[@]}" "${packaging_commands[@]}" git clang-format clang-tidy)
+        commands+=("${testing_commands[@]}" "${packaging_commands[@]}" git clang-format clang-tidy node npm)
+        # Node.js from elsewhere brings an npm of its own, beside which Debian's cannot be installed.
+        { command -v node && command -v npm; } >/dev/null || packages+=(nodejs npm)
         ;;
     bench) packages=("${base[@]}" libbenchmark-dev) ;;
     fuzz)
