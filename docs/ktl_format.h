@@ -1,7 +1,7 @@
 /* ktl_format.h - the KTL file for firmware: codes and packed records, in plain C99 and C++.
  *
- * Include it as it is: it needs nothing but the two headers of the standard library below. ktl-format.md, the page
- * beside it, explains each field; what is said here is what a reader has to mind.
+ * Include it as it is: it needs the two headers of the standard library below and an int of 32 bits. ktl-format.md, the
+ * page beside it, explains each field; what is said here is what a reader has to mind.
  *
  * A file is a sequence of items, without a header, magic number or checksum. Numbers are little-endian, signed ones in
  * two's complement, and each field lies at exactly the offset given here; a big-endian processor swaps what it reads.
