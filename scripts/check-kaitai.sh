@@ -16,7 +16,7 @@ install_tools()
 {
     mkdir -p "$tools"
     cp scripts/kaitai/package{,-lock}.json "$tools"
-    npm ci --prefix "$tools" --ignore-scripts --no-audit --no-fund --loglevel=error
+    (cd "$tools" && npm ci --ignore-scripts --no-audit --no-fund --loglevel=error)
 }
 
 # A file that is not well formed gives no export.
