@@ -1,11 +1,11 @@
 #include "facts/ktlFacts.h"
 
+#include "facts/processData.h"
 #include "facts/startupOrder.h"
 #include "ktl/format/ktlCodes.h"
 #include "model/controlByte.h"
 
 #include <algorithm>
-#include <unordered_map>
 #include <utility>
 
 namespace facts {
@@ -32,8 +32,9 @@ public:
     UnitFacts end()
     {
         const std::vector<PdoFacts>& pdos = m_unit.pdos;
-        m_unit.hasPlacesOfSyncManagers =
-            std::all_of(pdos.begin(), pdos.end(), [this](const PdoFacts& pdo) { return fits(pdo); });
+        m_unit.hasPlacesOfSyncManagers = std::all_of(pdos.begin(), pdos.end(), [this](const PdoFacts& pdo) {
+            return fitsPlaceOfSyncManager(pdo, m_unit.syncManagers);
+        });
         m_unit.startupFaults = startupFaultsOf(m_unit);
         addValues();
         return std::move(m_unit);
@@ -56,16 +57,6 @@ private:
         const KtlItemParts parts = partsOf(layoutOf(item.type), item.bytes);
         for (std::size_t index = 0; index < parts.records && index < records.size(); ++index)
             add(records[index], static_cast<Where>(item.offset + parts.headEnd + index * sizeof(Record)));
-    }
-
-    /// Whether a PDO may be on the sync manager at the place that it names.
-    [[nodiscard]] bool fits(const PdoFacts& pdo) const
-    {
-        if (pdo.syncManager < 0)
-            return true;
-        const auto place = static_cast<std::size_t>(pdo.syncManager);
-        return place < m_unit.syncManagers.size()
-               && m_unit.syncManagers[place].direction == (pdo.isInput ? KTL_Inputs : KTL_Outputs);
     }
 
     void addPdo(const KtlFileItem& item);
@@ -198,66 +189,7 @@ void BlockReader::addValues()
         m_unit.commands[index].values = std::move((*values)[index]);
 }
 
-/// A module's PDO in a place of a device.
-PdoFacts pdoInPlace(const KtlModulePdo& record, std::size_t place, const KtlSlots* deviceSlots)
-{
-    const auto steps = static_cast<std::uint16_t>(place);
-    const std::uint16_t pdoStep = deviceSlots != nullptr ? deviceSlots->head.m_iSlotPdoIncrement : std::uint16_t{0};
-    const std::uint16_t objectStep =
-        deviceSlots != nullptr ? deviceSlots->head.m_iSlotIndexIncrement : std::uint16_t{0};
-    PdoFacts pdo;
-    pdo.isInput = record.isInput;
-    pdo.isCopy = true;
-    pdo.isExported = false;
-    pdo.place = static_cast<int>(place);
-    pdo.index = static_cast<std::uint16_t>(record.head.IndexAttributes + steps * pdoStep);
-    pdo.syncManager = record.head.SM;
-    pdo.syncUnit = record.head.SU;
-    pdo.isFixed = record.head.Fixed != 0;
-    pdo.isMandatory = record.head.Mandatory != 0;
-    for (const struct_KTL_modulePdoOne& entry : record.entries) {
-        const int shift = entry.DependOnSlot != 0 ? steps * objectStep : 0;
-        pdo.entries.push_back({0,
-                               static_cast<std::uint16_t>(entry.index + shift),
-                               false,
-                               entry.SubIndex,
-                               static_cast<int>(entry.BitLen),
-                               {},
-                               entry.LinkToData,
-                               {}});
-    }
-    return pdo;
-}
-
 } // namespace
-
-PresetPdos presetPdosOf(const KtlDeviceBlock& block)
-{
-    constexpr std::size_t mostEntries = 524288; // 65,536 bytes, whose number would not fit into a length
-    PresetPdos preset;
-    if (!block.preset.has_value())
-        return preset;
-    std::unordered_map<std::uint32_t, const KtlModule*> modules;
-    for (const KtlModule& module : block.modules)
-        modules.emplace(module.attributes.ModuleIdent, &module); // the first of an ident counts
-    std::size_t entries = 0;
-    for (const bool isInput : {false, true})
-        for (std::size_t place = 0; place < block.preset->records.size(); ++place) {
-            const auto module = modules.find(block.preset->records[place].m_iModuleIdent);
-            if (module == modules.end())
-                continue;
-            for (const KtlModulePdo& pdo : module->second->pdos) {
-                if (pdo.isInput != isInput)
-                    continue;
-                entries += pdo.entries.size() + 1; // a PDO without entries takes memory too
-                preset.areAll = entries <= mostEntries;
-                if (!preset.areAll)
-                    return preset;
-                preset.pdos.push_back(pdoInPlace(pdo, place, block.deviceSlots ? &*block.deviceSlots : nullptr));
-            }
-        }
-    return preset;
-}
 
 UnitFacts ktlUnitOf(const KtlDeviceBlock& block, std::size_t index, const KtlWalk& walk, const KtlBlockPlace& place)
 {

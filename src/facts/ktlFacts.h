@@ -1,6 +1,7 @@
 // ktlFacts.h - what is known of a KTL file.
 #pragma once
 
+#include "facts/presetPdos.h"
 #include "facts/unitFacts.h"
 #include "ktl/reading/ktlDeviceBlocks.h"
 #include "ktl/reading/ktlItemWalk.h"
@@ -26,18 +27,6 @@ struct KtlFacts
 /// @param walk   of the file
 [[nodiscard]] UnitFacts ktlUnitOf(const KtlDeviceBlock& block, std::size_t index, const KtlWalk& walk,
                                   const KtlBlockPlace& place);
-
-/// The PDOs of modules that a file presets in the places of a device.
-struct PresetPdos
-{
-    std::vector<PdoFacts> pdos; ///< outputs first, each in the order of places, with their indexes moved to the place
-    bool areAll = true; ///< false if there would be more entries than a sync manager can have bits
-};
-
-/// The PDOs of preset modules. A module with several PDOs of a direction has one here: the file does not tell where the
-/// second begins.
-/// @return  none for a device whose modules are its own PDOs, or that finds its modules on the bus
-[[nodiscard]] PresetPdos presetPdosOf(const KtlDeviceBlock& block);
 
 /// The facts of a KTL file.
 /// @param bytes  of the file; have to outlive the facts

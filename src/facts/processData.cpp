@@ -30,6 +30,14 @@ bool isOnSyncManager(const PdoFacts& pdo, const UnitFacts& unit)
            && static_cast<std::size_t>(pdo.syncManager) < unit.syncManagers.size();
 }
 
+bool fitsPlaceOfSyncManager(const PdoFacts& pdo, const std::vector<SyncManagerFacts>& syncManagers)
+{
+    if (pdo.syncManager < 0)
+        return true;
+    const auto place = static_cast<std::size_t>(pdo.syncManager);
+    return place < syncManagers.size() && syncManagers[place].direction == (pdo.isInput ? KTL_Inputs : KTL_Outputs);
+}
+
 std::vector<std::int64_t> processDataBytes(const UnitFacts& unit, CountedPdos counted)
 {
     constexpr std::int64_t bitsPerByte = 8;

@@ -28,6 +28,10 @@ enum class CountedPdos : std::uint8_t
 /// Whether a PDO is on a sync manager that its device has.
 [[nodiscard]] bool isOnSyncManager(const PdoFacts& pdo, const UnitFacts& unit);
 
+/// Whether a PDO can be on the sync manager at the place that it names: one that carries process data its way. So is
+/// one that names none.
+[[nodiscard]] bool fitsPlaceOfSyncManager(const PdoFacts& pdo, const std::vector<SyncManagerFacts>& syncManagers);
+
 /// Bytes of process data for each sync manager of a device, each sum of bits rounded up. PDOs that go out with their
 /// modules alone count too.
 [[nodiscard]] std::vector<std::int64_t> processDataBytes(const UnitFacts& unit, CountedPdos counted = CountedPdos::All);

@@ -31,11 +31,12 @@ Images imagesOf(const std::vector<SyncManagerFacts>& syncManagers)
 }
 
 /// The image that a PDO is in; null if it is in none.
-SyncManagerImage* imageFor(const PdoFacts& pdo, const UnitFacts& unit, Images& images)
+/// @param hasPlaces  whether PDOs name sync managers by their places
+SyncManagerImage* imageFor(const PdoFacts& pdo, bool hasPlaces, Images& images)
 {
     if (pdo.syncManager < 0)
         return nullptr;
-    if (!unit.hasPlacesOfSyncManagers) {
+    if (!hasPlaces) {
         const auto added = images.emplace(std::pair(pdo.isInput, pdo.syncManager),
                                           SyncManagerImage{pdo.syncManager, pdo.isInput, nullptr, {}, {}, 0});
         return &added.first->second;
@@ -66,12 +67,16 @@ std::int64_t SyncManagerImage::bytes() const noexcept
 
 ProcessImage processImageOf(const UnitFacts& unit, const std::vector<PdoFacts>& modulePdos)
 {
-    Images images = unit.hasPlacesOfSyncManagers ? imagesOf(unit.syncManagers) : Images();
+    const bool hasPlaces =
+        unit.hasPlacesOfSyncManagers && std::all_of(modulePdos.begin(), modulePdos.end(), [&unit](const PdoFacts& pdo) {
+            return fitsPlaceOfSyncManager(pdo, unit.syncManagers);
+        });
+    Images images = hasPlaces ? imagesOf(unit.syncManagers) : Images();
     for (const bool isInput : {false, true})
         for (const std::vector<PdoFacts>* const pdos : {&unit.pdos, &modulePdos})
             for (const PdoFacts& pdo : *pdos)
                 if (pdo.isInput == isInput)
-                    if (SyncManagerImage* const image = imageFor(pdo, unit, images))
+                    if (SyncManagerImage* const image = imageFor(pdo, hasPlaces, images))
                         addPdo(*image, pdo);
     ProcessImage image;
     image.reserve(images.size());

@@ -40,7 +40,8 @@ using ProcessImage = std::vector<SyncManagerImage>;
 /// The process image of a device: in each sync manager that carries process data, the entries of the PDOs that are
 /// assigned to it, bit after bit, in the order in which the PDOs are assigned: outputs of the device, of its modules,
 /// inputs of the device, of its modules. Sync managers that exist in the description only are left out; one without
-/// PDOs is there and empty.
+/// PDOs is there and empty. A PDO of a module on a sync manager that cannot be the one at that place shows that numbers
+/// are not places, as it does in a KTL file.
 /// @param unit        a device; has to outlive the image
 /// @param modulePdos  of modules, besides those among its own, see `presetPdosOf`; have to outlive the image
 [[nodiscard]] ProcessImage processImageOf(const UnitFacts& unit, const std::vector<PdoFacts>& modulePdos = {});

@@ -22,7 +22,9 @@ private slots:
     void devices_data();
     void devices();
     void unknownDevice();
+    void choicesAndTheirExport_data();
     void choicesAndTheirExport();
+    void choicesInPlaces();
     void choicesThatDoNotFit();
     void couplerOnTheBus();
     void brokenFiles();
@@ -61,12 +63,16 @@ QStringList namesIn(const QByteArray& json)
     return names;
 }
 
-/// The columns of a row that a KTL file has too: direction, sync manager, byte, bit, length, kind, PDO, slot, object.
-QString placeOf(const QString& row)
+/// The columns of a row that a KTL file has too: direction, sync manager, byte, bit, length, kind, slot, and indexes of
+/// PDO and object unless they are those of slot groups.
+QString placeOf(const QString& row, bool hasGroups)
 {
-    const QStringList fields = row.split(QLatin1Char(','));
-    QStringList kept = fields.mid(6, 7);
-    kept += fields.mid(14, 3);
+    constexpr int columns = 20;
+    const QStringList fields = row.split(QLatin1Char(',')).mid(row.count(QLatin1Char(',')) + 1 - columns);
+    QStringList kept = fields.mid(6, 6);
+    kept += fields.at(14);
+    if (!hasGroups)
+        kept += {fields.at(12), fields.at(15), fields.at(16)};
     return kept.join(QLatin1Char(','));
 }
 
@@ -169,24 +175,53 @@ void tst_ImageCommand::unknownDevice()
     QCOMPARE(run.exitCode, 2);
 }
 
-/// Eight inputs in the third place come after the coupler with 2 bytes, the feed monitor in the first place with one,
-/// and 16 inputs in the second one. The exported file has all in the same places.
+void tst_ImageCommand::choicesAndTheirExport_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("modules");
+    QTest::addColumn<bool>("hasGroups");
+    const QString coupler = sample(QStringLiteral("bus-coupler.xml"));
+    QTest::newRow("default modules") << coupler << QByteArray() << false;
+    QTest::newRow("one more") << coupler << QByteArray(R"({"place": 2, "module": "0x108"})") << false;
+    QTest::newRow("outputs that are mapped, twice")
+        << coupler << QByteArray(R"({"place": 5, "module": "0x404"}, {"place": 7, "module": "0x404"})") << false;
+    QTest::newRow("both directions, and analog inputs")
+        << coupler << QByteArray(R"({"place": 2, "module": "0x216"}, {"place": 3, "module": "0x304"})") << false;
+    QTest::newRow("slots in groups") << sample(QStringLiteral("dual-axis-drive.xml")) << QByteArray() << true;
+}
+
+/// An exported file has the modules in the places that the choices give them, with the same bits. Their indexes are the
+/// same where slots have no groups, which the file does not have.
 void tst_ImageCommand::choicesAndTheirExport()
 {
-    const QString coupler = sample(QStringLiteral("bus-coupler.xml"));
+    QFETCH(QString, file);
+    QFETCH(QByteArray, modules);
+    QFETCH(bool, hasGroups);
+    const QByteArray chosen = modules.isEmpty() ? QByteArray() : ", \"modules\": [" + modules + "]";
+    m_place.make("c.json", R"({"format": "kinetra-choices", "version": 1, "devices": [{"device": 1,
+        "deviceType": "ManualIOBlock")"
+                               + chosen + "}]}");
+    const QStringList rows = rowsOf({file, "--choices=c.json"});
+    const QStringList convert{"convert", file, "--choices=c.json", "-o", "c.ktl", "--force"};
+    QCOMPARE(runHere(convert, m_place.folder()).exitCode, 0);
+    const QStringList exported = rowsOf({"c.ktl"});
+    QVERIFY(rows.size() > 4);
+    QCOMPARE(exported.size(), rows.size());
+    for (int row = 0; row < rows.size(); ++row)
+        QCOMPARE(placeOf(exported.at(row), hasGroups), placeOf(rows.at(row), hasGroups));
+}
+
+/// Eight inputs in the third place come after the coupler with 2 bytes, the feed monitor in the first place with one,
+/// and 16 inputs in the second one.
+void tst_ImageCommand::choicesInPlaces()
+{
     m_place.make("c.json", R"({"format": "kinetra-choices", "version": 1, "devices": [{"device": 1,
         "deviceType": "ManualIOBlock", "modules": [{"place": 2, "module": "0x108"}]}]})");
-    const QStringList rows = rowsOf({coupler, "--choices=c.json"});
+    const QStringList rows = rowsOf({sample(QStringLiteral("bus-coupler.xml")), "--choices=c.json"});
     QCOMPARE(rows.size(), 4 + 3 + 16 + 8);
     QVERIFY2(rows.at(23).endsWith("inputs,3,5,0,1,entry,0x1a02,Inputs,3,0x6020,1,Input 1,BOOL,NONE Type"),
              qPrintable(rows.at(23)));
     QVERIFY2(rows.at(30).contains("inputs,3,5,7,1,entry,0x1a02"), qPrintable(rows.at(30)));
-    const QStringList convert{"convert", coupler, "--choices=c.json", "-o", "c.ktl", "--force"};
-    QCOMPARE(runHere(convert, m_place.folder()).exitCode, 0);
-    const QStringList exported = rowsOf({"c.ktl"});
-    QCOMPARE(exported.size(), rows.size());
-    for (int row = 0; row < rows.size(); ++row)
-        QCOMPARE(placeOf(exported.at(row)), placeOf(rows.at(row)));
 }
 
 void tst_ImageCommand::choicesThatDoNotFit()

@@ -16,6 +16,8 @@ private slots:
     static void layout_data();
     static void layout();
     static void unknownSyncManagers();
+    static void modulesTellOfSyncManagers_data();
+    static void modulesTellOfSyncManagers();
     static void bytesAndBits();
 };
 
@@ -121,6 +123,34 @@ void tst_ProcessImage::unknownSyncManagers()
     const facts::ProcessImage image = facts::processImageOf(unit);
     QCOMPARE(linesOf(image), QStringList{"3 in 24: 0 6000:0@0+12 0 6000:0@12+12"});
     QVERIFY(image[0].syncManager == nullptr);
+}
+
+void tst_ProcessImage::modulesTellOfSyncManagers_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QStringList>("lines");
+    QTest::addRow("inputs are there") << 3 << QStringList{"2 out 0:", "3 in 8: 1a00 6000:0@0+8"};
+    QTest::addRow("outputs are there") << 2 << QStringList{"2 in 8: 1a00 6000:0@0+8"};
+    QTest::addRow("none is there") << 4 << QStringList{"4 in 8: 1a00 6000:0@0+8"};
+    QTest::addRow("none is named") << -1 << QStringList{"2 out 0:", "3 in 0:"};
+}
+
+/// The device has no PDO that would show that the numbers are not places.
+void tst_ProcessImage::modulesTellOfSyncManagers()
+{
+    QFETCH(int, number);
+    facts::UnitFacts unit;
+    for (const std::uint8_t direction : {KTL_MBoxOut, KTL_MBoxIn, KTL_Outputs, KTL_Inputs})
+        unit.syncManagers.emplace_back().direction = direction;
+    facts::PdoFacts pdo;
+    pdo.isInput = true;
+    pdo.syncManager = number;
+    pdo.index = 0x1a00;
+    facts::EntryFacts entry;
+    entry.index = 0x6000;
+    entry.bits = 8;
+    pdo.entries = {entry};
+    QTEST(linesOf(facts::processImageOf(unit, {pdo})), "lines");
 }
 
 void tst_ProcessImage::bytesAndBits()
