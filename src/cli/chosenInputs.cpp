@@ -35,12 +35,6 @@ bool makeChoices(const QStringList& selectors, const QString& choices, SelectedD
     return true;
 }
 
-/// Whether a file can be read a second time. A pipe cannot.
-bool canBeReadAgain(const QString& path)
-{
-    return !isStandardInput(path) && QFileInfo(path).isFile();
-}
-
 /// Reads a file for its record. The tree is large and needed again only after the choices: it is kept only where the
 /// file cannot be read again.
 TreeInput readForChoices(const QString& path)
@@ -52,6 +46,11 @@ TreeInput readForChoices(const QString& path)
 }
 
 } // namespace
+
+bool canBeReadAgain(const QString& path)
+{
+    return !isStandardInput(path) && QFileInfo(path).isFile();
+}
 
 ChosenInputs readChosenInputs(const QStringList& paths, const QStringList& selectors, const QString& choices,
                               Console& console)

@@ -13,6 +13,9 @@
 
 namespace cli {
 
+/// Whether a file can be read a second time. A pipe cannot.
+[[nodiscard]] bool canBeReadAgain(const QString& path);
+
 /// The files of a call. Their records, with the choices, are in the console.
 struct ChosenInputs
 {

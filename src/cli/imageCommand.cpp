@@ -3,15 +3,14 @@
 #include "cli/chosenInputs.h"
 #include "cli/imageInput.h"
 #include "cli/imageRequest.h"
-#include "cli/progress.h"
+#include "cli/imageTeller.h"
 #include "cli/selectorRecord.h"
 #include "cli/takenResults.h"
-#include "show/textColumns.h"
-#include "text/shownText.h"
 
-#include <algorithm>
+#include <cstdint>
+#include <functional>
 #include <memory>
-#include <ostream>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -33,89 +32,118 @@ const SubCommandText imageText{
 
 namespace {
 
-/// Shows the images of the files of a call, in the order of the arguments.
-class ImageTeller
-{
-public:
-    ImageTeller(const ImageRequest& request, SelectedDevices selected, Console& console)
-        : m_request(request)
-        , m_selected(std::move(selected))
-        , m_console(console)
-        , m_writer(image::makeWriter(request.form, console.results, console.terminalWidth.value_or(show::anyWidth)))
-    {
-        m_writer->begin();
-    }
-
-    void tell(const QString& path, ImageInput input)
-    {
-        std::vector<image::Device>& devices = input.file.devices;
-        for (image::Device& device : devices)
-            device.number = ++m_devices;
-        const auto isLeftOut = [this](const image::Device& device) {
-            return m_selected.has_value() && m_selected->count({m_file, device.owner.index}) == 0;
-        };
-        devices.erase(std::remove_if(devices.begin(), devices.end(), isLeftOut), devices.end());
-        ++m_file;
-        if (input.fault.has_value())
-            report(*input.fault, path, m_console.messages);
-        else
-            write(input.file);
-        for (const image::Device& device : devices)
-            tellNotes(path, device);
-        if (!input.problemAtEnd.isEmpty())
-            m_console.messages.error(path, input.problemAtEnd);
-    }
-
-    [[nodiscard]] ExitCode end()
-    {
-        m_writer->end();
-        return m_console.messages.exitCode();
-    }
-
-private:
-    void write(const image::File& file)
-    {
-        const Progress::Pause pause;
-        m_writer->write(file);
-    }
-
-    /// Notes are in the image, but a table has no room for them. That something is missing is told in any case.
-    void tellNotes(const QString& path, const image::Device& device)
-    {
-        const bool isTable = m_request.form == image::Form::Csv;
-        QString label = QStringLiteral("device %1").arg(device.number);
-        if (!device.name.empty())
-            label += QLatin1Char(' ') + shownText(QString::fromStdString(device.name));
-        for (const std::string& note : device.notes) {
-            const QString text = label + QStringLiteral(": ") + QString::fromStdString(note);
-            if (!device.isComplete)
-                m_console.messages.error(path, text);
-            else if (isTable)
-                m_console.messages.note(path, text);
-        }
-    }
-
-    const ImageRequest& m_request;
-    SelectedDevices m_selected;
-    Console& m_console;
-    std::unique_ptr<image::Writer> m_writer;
-    std::size_t m_file = 0; ///< place of the next file
-    std::size_t m_devices = 0; ///< of the files that were told
-};
-
+using Read = std::function<ImageInput(std::size_t file)>;
 using ImageWork = RetriedWork<ImageInput>;
 
-/// Shows files one after the other, as they come.
-ExitCode showAll(const ImageRequest& request, ImageWork& work, SelectedDevices selected, Console& console)
+/// What has to be known of all files before the first device is shown: selectors may mean a device of the last one, and
+/// a picture begins with its height.
+struct FirstLook
 {
-    ImageTeller teller(request, std::move(selected), console);
+    std::vector<ImageInput> inputs; ///< without sources where a file can be read again: they are large
+    std::vector<struct_FilenameDevice> records; ///< for selectors
+    std::vector<std::vector<std::int64_t>> heights; ///< of devices in a picture, by file
+};
+
+/// @param devices  of the files before
+std::vector<std::int64_t> heightsOf(const ImageInput& input, std::size_t devices)
+{
+    std::vector<std::int64_t> heights;
+    for (std::size_t index = 0; index < input.devices; ++index) {
+        image::Device device = input.source->imageOf(index);
+        device.number = devices + index + 1;
+        heights.push_back(image::svgHeightOf(input.file, device));
+    }
+    return heights;
+}
+
+/// As from a file that is too large.
+void dropForMemory(ImageInput& input)
+{
+    input.source.reset();
+    input.devices = 0;
+    input.fault = noMemory();
+}
+
+FirstLook firstLookAt(const ImageRequest& request, const Read& read, Console& console)
+{
+    FirstLook look;
+    std::size_t devices = 0;
+    ImageWork work(request.paths, console.cores, read);
+    takeAll(work, request.paths, "reading", true, [&](const QString& path, ImageInput input) {
+        console.inputs.count(input.road);
+        std::vector<const facts::UnitFacts*> units;
+        std::vector<std::int64_t>& heights = look.heights.emplace_back();
+        try {
+            for (std::size_t index = 0; index < input.devices; ++index)
+                units.push_back(&input.source->unit(index));
+            if (request.form == image::Form::Svg)
+                heights = heightsOf(input, devices);
+        } catch (const std::bad_alloc&) {
+            units.clear();
+            dropForMemory(input);
+        }
+        look.records.push_back(selectorRecordOf(path, units));
+        devices += input.devices;
+        if (canBeReadAgain(path))
+            input.source.reset();
+        input.isOutOfMemory = false; // it has been tried again
+        look.inputs.push_back(std::move(input));
+    });
+    return look;
+}
+
+bool isMeant(const SelectedDevices& selected, std::size_t file, std::size_t device)
+{
+    return !selected.has_value() || selected->count({file, device}) != 0;
+}
+
+bool hasMeant(const SelectedDevices& selected, std::size_t file, std::size_t devices)
+{
+    for (std::size_t device = 0; device < devices; ++device)
+        if (isMeant(selected, file, device))
+            return true;
+    return false;
+}
+
+/// The height of all devices that are to be shown.
+std::int64_t heightOf(const FirstLook& look, const SelectedDevices& selected)
+{
+    std::int64_t height = 0;
+    for (std::size_t file = 0; file < look.heights.size(); ++file)
+        for (std::size_t device = 0; device < look.heights[file].size(); ++device)
+            if (isMeant(selected, file, device))
+                height += look.heights[file][device];
+    return height;
+}
+
+/// Shows files one after the other, as they come.
+ExitCode showAll(const ImageRequest& request, const Read& read, const SelectedDevices& selected, std::int64_t height,
+                 Console& console)
+{
+    ImageWork work(request.paths, console.cores, read);
+    ImageTeller teller(request, selected, height, console);
     // At a terminal the results themselves show that work goes on, and the line would come between them.
     takeAll(work, request.paths, "showing", !console.terminalWidth.has_value(),
-            [&](const QString& path, ImageInput input) {
+            [&](const QString& path, const ImageInput& input) {
                 console.inputs.count(input.road);
-                teller.tell(path, std::move(input));
+                teller.tell(path, input);
             });
     return teller.end();
+}
+
+/// Shows files of which much is known, reading again what is needed again.
+ExitCode showAgain(const ImageRequest& request, const Read& read, FirstLook look, const SelectedDevices& selected,
+                   Console& console)
+{
+    const std::int64_t height = heightOf(look, selected);
+    const Read readAgain = [&](std::size_t file) {
+        ImageInput& known = look.inputs.at(file);
+        ImageInput input =
+            known.source != nullptr || !hasMeant(selected, file, known.devices) ? std::move(known) : read(file);
+        input.road = EsiRoad::Plain; // it has been counted
+        return input;
+    };
+    return showAll(request, readAgain, selected, height, console);
 }
 
 /// Tells which files cannot be read, since one of them may be why the arguments do not fit, and shows none.
@@ -123,30 +151,30 @@ ExitCode showAll(const ImageRequest& request, ImageWork& work, SelectedDevices s
 template<typename Input>
 ExitCode refuse(const ImageRequest& request, const std::vector<Input>& inputs, Console& console)
 {
-    ImageTeller teller(request, {}, console);
+    ImageTeller teller(request, {}, 0, console);
     for (std::size_t index = 0; index < inputs.size(); ++index)
         if (inputs[index].fault.has_value())
             report(*inputs[index].fault, request.paths.at(static_cast<int>(index)), console.messages);
     return teller.end();
 }
 
-/// Reads all files before the first one is shown, since a selector may mean a device of the last one.
-ExitCode showSelected(const ImageRequest& request, ImageWork& work, Console& console)
+/// Shows files as they are.
+ExitCode showRead(const ImageRequest& request, Console& console)
 {
-    std::vector<ImageInput> inputs;
-    std::vector<struct_FilenameDevice> records;
-    takeAll(work, request.paths, "reading", true, [&](const QString& path, ImageInput input) {
-        console.inputs.count(input.road);
-        records.push_back(selectorRecordOf(path, input.file.devices));
-        inputs.push_back(std::move(input));
-    });
-    SelectedDevices selected = selectedDevices(request.selectors, records, console.messages);
-    if (!selected.has_value())
-        return refuse(request, inputs, console);
-    ImageTeller teller(request, std::move(selected), console);
-    for (int index = 0; index < request.paths.size(); ++index)
-        teller.tell(request.paths.at(index), std::move(inputs[static_cast<std::size_t>(index)]));
-    return teller.end();
+    const Read read = [&](std::size_t index) {
+        const QString& path = request.paths.at(static_cast<int>(index));
+        return imageInputOf(path, std::make_shared<const TreeInput>(readTreeInput(path, AcceptedInputs::EsiAndKtl)));
+    };
+    if (request.selectors.isEmpty() && request.form != image::Form::Svg)
+        return showAll(request, read, {}, 0, console);
+    FirstLook look = firstLookAt(request, read, console);
+    SelectedDevices selected;
+    if (!request.selectors.isEmpty()) {
+        selected = selectedDevices(request.selectors, look.records, console.messages);
+        if (!selected.has_value())
+            return refuse(request, look.inputs, console);
+    }
+    return showAgain(request, read, std::move(look), selected, console);
 }
 
 /// Reads all files, makes the choices, and shows the files as they are then.
@@ -155,15 +183,20 @@ ExitCode showChosen(const ImageRequest& request, Console& console)
     const ChosenInputs chosen = readChosenInputs(request.paths, request.selectors, *request.choices, console);
     if (!chosen.areMade)
         return refuse(request, chosen.inputs, console);
-    ImageWork work(request.paths, console.cores, [&](std::size_t index) {
+    const Read read = [&](std::size_t index) {
         const QString& path = request.paths.at(static_cast<int>(index));
-        ImageInput input = withTree(path, chosen.inputs[index], [&](const TreeInput& whole) {
-            return imageInputOf(path, whole, console.inputs.files[index]);
-        });
+        const TreeInput& kept = chosen.inputs[index];
+        const bool isThere = kept.fault.has_value() || kept.tree.has_value();
+        const std::shared_ptr<const TreeInput> whole =
+            isThere ? std::shared_ptr<const TreeInput>(std::shared_ptr<const TreeInput>(), &kept)
+                    : std::make_shared<const TreeInput>(readTreeInput(path, AcceptedInputs::Esi));
+        ImageInput input = imageInputOf(path, whole, &console.inputs.files[index]);
         input.road = EsiRoad::Plain; // it has been counted
         return input;
-    });
-    return showAll(request, work, chosen.selected, console);
+    };
+    if (request.form != image::Form::Svg)
+        return showAll(request, read, chosen.selected, 0, console);
+    return showAgain(request, read, firstLookAt(request, read, console), chosen.selected, console);
 }
 
 } // namespace
@@ -176,14 +209,7 @@ ExitCode runImage(const QStringList& arguments, Console& console)
     if (const QString problem = problemOfImage(line); !problem.isEmpty())
         return line.refuse(problem, console);
     const ImageRequest request = imageRequestFrom(line);
-    if (request.choices.has_value())
-        return showChosen(request, console);
-    ImageWork work(request.paths, console.cores, [&](std::size_t index) {
-        const QString& path = request.paths.at(static_cast<int>(index));
-        const TreeInput input = readTreeInput(path, AcceptedInputs::EsiAndKtl);
-        return imageInputOf(path, input, input.record);
-    });
-    return request.selectors.isEmpty() ? showAll(request, work, {}, console) : showSelected(request, work, console);
+    return request.choices.has_value() ? showChosen(request, console) : showRead(request, console);
 }
 
 } // namespace cli

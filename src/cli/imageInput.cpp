@@ -4,7 +4,10 @@
 #include "cli/streamName.h"
 #include "facts/esiFileFacts.h"
 #include "facts/ktlFacts.h"
+#include "facts/presetPdos.h"
 #include "facts/processData.h"
+#include "image/cutText.h"
+#include "image/imageWords.h"
 #include "model/deviceType.h"
 #include "show/showWords.h"
 
@@ -12,9 +15,12 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <map>
 #include <new>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace cli {
 
@@ -25,7 +31,14 @@ constexpr const char* modulesOnTheBus =
 constexpr const char* otherModulesOnTheBus =
     "The controller finds the modules of this coupler on the bus; those in the slots here are shown.";
 constexpr const char* tooManyEntries =
-    "The preset modules have more entries than a sync manager can have bits; the last ones are left out.";
+    "The preset modules have more entries or bits than a device can have; the last ones are left out.";
+
+/// Whether a device is a coupler whose modules the controller finds.
+/// @param hasSlots  whether it has places for them
+bool findsModules(int deviceType, bool hasSlots)
+{
+    return deviceType == KTL_DEVICE_TYPE_PnpIOBlock && hasSlots;
+}
 
 bool isOfModule(const facts::PdoFacts& pdo)
 {
@@ -45,73 +58,132 @@ std::string incompleteNote(const facts::UnitFacts& unit)
     return why + ": samples, PDOs of modules and lengths may be missing.";
 }
 
-/// Says how many PDOs are assigned and have no place; nothing if all have one.
-/// @param device  the image of the unit
-void noteUnplaced(const facts::UnitFacts& unit, image::Device& device)
+/// What kind of sync manager is not in the image.
+std::string kindOf(const facts::UnitFacts& unit, int syncManager)
 {
-    auto unplaced = std::count_if(unit.pdos.begin(), unit.pdos.end(),
-                                  [](const facts::PdoFacts& pdo) { return pdo.syncManager >= 0; });
-    for (const image::Area& area : device.areas)
-        unplaced -= static_cast<std::ptrdiff_t>(area.pdos.size());
-    if (unplaced > 0)
-        device.notes.push_back("PDOs on sync managers that are neither Outputs nor Inputs, or virtual, are not shown: "
-                               + std::to_string(unplaced) + '.');
+    const auto place = static_cast<std::size_t>(syncManager);
+    if (place >= unit.syncManagers.size())
+        return "which the file does not have";
+    const facts::SyncManagerFacts& facts = unit.syncManagers[place];
+    if (facts::isVirtual(facts))
+        return "which is virtual";
+    constexpr std::size_t maxColumns = 60;
+    return facts.name.empty() ? "which is of another kind"
+                              : "which is \"" + image::cutText(std::string(facts.name), maxColumns) + '"';
 }
 
-void addEsi(const TreeInput& input, const struct_FilenameDevice& record, image::File& file)
+/// Says how many PDOs are assigned and have no place, by their sync managers; nothing if all have one.
+/// @param device  the image of the unit, with the PDOs of modules
+void noteUnplaced(const facts::UnitFacts& unit, const std::vector<facts::PdoFacts>& modulePdos, image::Device& device)
 {
-    const facts::EsiFileFacts known = facts::esiFileFactsOf(*input.tree, record, input.areComplete);
-    for (const facts::UnitFacts& unit : known.units) {
-        if (!unit.isDevice())
-            continue;
-        image::Device& device = file.devices.emplace_back(image::deviceOf(unit));
-        if (!unit.isComplete)
-            device.notes.push_back(incompleteNote(unit));
+    std::map<int, std::ptrdiff_t> unplaced;
+    for (const std::vector<facts::PdoFacts>* const pdos : {&unit.pdos, &modulePdos})
+        for (const facts::PdoFacts& pdo : *pdos)
+            if (pdo.syncManager >= 0)
+                ++unplaced[pdo.syncManager];
+    for (const image::Area& area : device.areas)
+        unplaced[area.number] -= static_cast<std::ptrdiff_t>(area.pdos.size());
+    for (const auto& [number, pdos] : unplaced)
+        if (pdos > 0)
+            device.notes.push_back("Not shown: " + image::counted(pdos, "PDO") + " on sync manager "
+                                   + std::to_string(number) + ", " + kindOf(unit, number) + '.');
+}
+
+/// An ESI file.
+class EsiImageSource final : public ImageSource
+{
+public:
+    EsiImageSource(std::shared_ptr<const TreeInput> input, const struct_FilenameDevice& record)
+        : m_input(std::move(input))
+        , m_record(record)
+        , m_known(facts::esiFileFactsOf(*m_input->tree, m_record, m_input->areComplete))
+    {
+        for (const facts::UnitFacts& unit : m_known.units)
+            if (unit.isDevice())
+                m_units.push_back(&unit);
+    }
+
+    [[nodiscard]] std::size_t devices() const override { return m_units.size(); }
+    [[nodiscard]] const facts::UnitFacts& unit(std::size_t device) const override { return *m_units.at(device); }
+    [[nodiscard]] image::Device imageOf(std::size_t index) const override
+    {
+        const facts::UnitFacts& facts = unit(index);
+        image::Device device = image::deviceOf(facts);
+        if (!facts.isComplete)
+            device.notes.push_back(incompleteNote(facts));
         else
-            noteUnplaced(unit, device);
-        if (record.device[unit.owner.index].m_iDeviceType == KTL_DEVICE_TYPE_PnpIOBlock && unit.hasSlots) {
-            const bool hasModules = std::any_of(unit.pdos.begin(), unit.pdos.end(), isOfModule);
+            noteUnplaced(facts, {}, device);
+        if (findsModules(m_record.device[facts.owner.index].m_iDeviceType, facts.hasSlots)) {
+            const bool hasModules = std::any_of(facts.pdos.begin(), facts.pdos.end(), isOfModule);
             device.notes.emplace_back(hasModules ? otherModulesOnTheBus : modulesOnTheBus);
         }
+        return device;
     }
-}
 
-void addKtl(const TreeInput& input, ImageInput& result)
+private:
+    std::shared_ptr<const TreeInput> m_input;
+    const struct_FilenameDevice& m_record;
+    facts::EsiFileFacts m_known;
+    std::vector<const facts::UnitFacts*> m_units; ///< of devices
+};
+
+/// A KTL file.
+class KtlImageSource final : public ImageSource
 {
-    const facts::KtlFacts known = facts::ktlFactsOf(input.bytes);
-    for (std::size_t index = 0; index < known.units.size(); ++index) {
-        const KtlDeviceBlock& block = known.blocks[index];
+public:
+    explicit KtlImageSource(std::shared_ptr<const TreeInput> input)
+        : m_input(std::move(input))
+        , m_known(facts::ktlFactsOf(m_input->bytes))
+    {}
+
+    [[nodiscard]] QString problemAtEnd() const { return cli::problemAtEnd(m_known.walk); }
+    [[nodiscard]] std::size_t devices() const override { return m_known.units.size(); }
+    [[nodiscard]] const facts::UnitFacts& unit(std::size_t device) const override { return m_known.units.at(device); }
+    [[nodiscard]] image::Device imageOf(std::size_t index) const override
+    {
+        const KtlDeviceBlock& block = m_known.blocks.at(index);
         const facts::PresetPdos preset = facts::presetPdosOf(block);
-        image::Device& device = result.file.devices.emplace_back(image::deviceOf(known.units[index], preset.pdos));
-        if (!block.modules.empty() && !block.preset.has_value())
+        image::Device device = image::deviceOf(unit(index), preset.pdos);
+        noteUnplaced(unit(index), preset.pdos, device);
+        const bool hasSlots = block.deviceSlots.has_value() && !block.deviceSlots->records.empty();
+        if (findsModules(block.general.m_iDeviceType, hasSlots))
             device.notes.emplace_back(modulesOnTheBus);
         if (!preset.areAll)
             device.notes.emplace_back(tooManyEntries);
+        return device;
     }
-    result.problemAtEnd = problemAtEnd(known.walk);
-}
+
+private:
+    std::shared_ptr<const TreeInput> m_input;
+    facts::KtlFacts m_known;
+};
 
 } // namespace
 
-ImageInput imageInputOf(const QString& path, const TreeInput& input, const struct_FilenameDevice& record)
+ImageInput imageInputOf(const QString& path, const std::shared_ptr<const TreeInput>& input,
+                        const struct_FilenameDevice* record)
 {
     ImageInput result;
-    result.road = input.road;
-    result.fault = input.fault;
-    result.isOutOfMemory = input.isOutOfMemory;
-    if (input.fault.has_value())
+    result.road = input->road;
+    result.fault = input->fault;
+    result.isOutOfMemory = input->isOutOfMemory;
+    if (input->fault.has_value())
         return result;
     try {
-        result.file.name = QFile::encodeName(shownName(path)).toStdString();
-        result.file.isKtl = !input.tree.has_value();
-        if (result.file.isKtl)
-            addKtl(input, result);
-        else
-            addEsi(input, record, result.file);
+        result.file = {QFile::encodeName(shownName(path)).toStdString(), !input->tree.has_value()};
+        if (input->tree.has_value()) {
+            result.source = std::make_unique<EsiImageSource>(input, record != nullptr ? *record : input->record);
+        } else {
+            auto source = std::make_unique<KtlImageSource>(input);
+            result.problemAtEnd = source->problemAtEnd();
+            result.source = std::move(source);
+        }
+        result.devices = result.source->devices();
     } catch (const std::bad_alloc&) {
-        result.file = {};
+        result = {};
         result.fault = noMemory();
         result.isOutOfMemory = true;
+        result.road = input->road;
     }
     return result;
 }

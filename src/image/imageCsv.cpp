@@ -45,24 +45,23 @@ public:
                         "slot",        "index",  "subIndex",   "name",      "type",        "link"});
     }
 
-    void write(const File& file) override
+    void write(const Device& device) override
     {
-        for (const Device& device : file.devices)
-            for (const Area& area : device.areas) {
-                const Fields place{file.name,
-                                   std::to_string(device.number),
-                                   startOf(device.name),
-                                   show::hexText(device.vendor),
-                                   show::hexText(device.product),
-                                   show::hexText(device.revision),
-                                   std::string(directionName(area)),
-                                   std::to_string(area.number)};
-                for (const Pdo& pdo : area.pdos)
-                    for (const Row& row : pdo.rows)
-                        write(place, row, &pdo);
-                if (area.padding.has_value())
-                    write(place, *area.padding, nullptr);
-            }
+        for (const Area& area : device.areas) {
+            const Fields place{file().name,
+                               std::to_string(device.number),
+                               startOf(device.name),
+                               show::hexText(device.vendor),
+                               show::hexText(device.product),
+                               show::hexText(device.revision),
+                               std::string(directionName(area)),
+                               std::to_string(area.number)};
+            for (const Pdo& pdo : area.pdos)
+                for (const Row& row : pdo.rows)
+                    write(place, row, &pdo);
+            if (area.padding.has_value())
+                write(place, *area.padding, nullptr);
+        }
     }
 
 private:

@@ -26,14 +26,38 @@ public:
         m_json.openList("files");
     }
 
-    void write(const File& file) override
+    void beginFile(const File& file) override
     {
         m_json.openObject();
         text("file", file.name);
         text("kind", file.isKtl ? "ktl" : "esi");
         m_json.openList("devices");
-        for (const Device& device : file.devices)
-            write(device);
+    }
+
+    void endFile() override
+    {
+        m_json.closeList();
+        m_json.closeObject();
+    }
+
+    void write(const Device& device) override
+    {
+        m_json.openObject();
+        number("number", static_cast<std::int64_t>(device.number));
+        text("identity", identityOf(device));
+        number("vendor", device.vendor);
+        number("product", device.product);
+        number("revision", device.revision);
+        text("type", device.type);
+        text("name", device.name);
+        flag("isComplete", device.isComplete);
+        m_json.openList("notes");
+        for (const std::string& note : device.notes)
+            m_json.text(std::string_view(note));
+        m_json.closeList();
+        m_json.openList("syncManagers");
+        for (const Area& area : device.areas)
+            write(area);
         m_json.closeList();
         m_json.closeObject();
     }
@@ -46,29 +70,6 @@ public:
     }
 
 private:
-    void write(const Device& device)
-    {
-        m_json.openObject();
-        number("number", static_cast<std::int64_t>(device.number));
-        text("identity", identityOf(device));
-        number("vendor", device.vendor);
-        number("product", device.product);
-        number("revision", device.revision);
-        text("type", device.type);
-        text("name", device.name);
-        m_json.key("isComplete");
-        m_json.flag(device.isComplete);
-        m_json.openList("notes");
-        for (const std::string& note : device.notes)
-            m_json.text(std::string_view(note));
-        m_json.closeList();
-        m_json.openList("syncManagers");
-        for (const Area& area : device.areas)
-            write(area);
-        m_json.closeList();
-        m_json.closeObject();
-    }
-
     void write(const Area& area)
     {
         m_json.openObject();
@@ -78,6 +79,7 @@ private:
         number("usedBytes", area.bytes);
         numberOrNull("length", area.length, area.length >= 0);
         numberOrNull("maxLength", area.maxLength, area.maxLength > 0);
+        flag("exceedsMaxLength", area.isTooLong());
         m_json.openList("pdos");
         for (const Pdo& pdo : area.pdos)
             write(pdo);
@@ -137,6 +139,12 @@ private:
     {
         m_json.key(key);
         m_json.text(value);
+    }
+
+    void flag(std::string_view key, bool value)
+    {
+        m_json.key(key);
+        m_json.flag(value);
     }
 
     void number(std::string_view key, std::int64_t value) { numberOrNull(key, value, true); }

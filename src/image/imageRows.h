@@ -59,6 +59,9 @@ struct Area
 
     /// Whether the length is known and not that of the PDOs.
     [[nodiscard]] bool hasOtherLength() const noexcept { return length >= 0 && length != bytes; }
+
+    /// Whether the PDOs take more than the sync manager can have.
+    [[nodiscard]] bool isTooLong() const noexcept { return maxLength > 0 && bytes > maxLength; }
 };
 
 /// The process image of a device.
@@ -76,12 +79,11 @@ struct Device
     std::vector<std::string> notes; ///< what the image lacks, in words
 };
 
-/// The devices of a file.
+/// A file that has devices.
 struct File
 {
     std::string name; ///< every byte of it
     bool isKtl = false;
-    std::vector<Device> devices;
 };
 
 /// The rows of a sync manager.

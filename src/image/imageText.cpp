@@ -28,6 +28,16 @@ show::TextRow cellsOf(const Row& row)
             isEntry ? show::linkWords(row.link) : std::string()};
 }
 
+/// A row on a terminal that is too narrow for a table.
+std::string joined(const show::TextRow& cells)
+{
+    std::string all;
+    for (const std::string& cell : cells)
+        if (!cell.empty())
+            all += (all.empty() ? "" : "  ") + cell;
+    return all;
+}
+
 class TextWriter final : public Writer
 {
 public:
@@ -36,21 +46,13 @@ public:
         , m_lineWidth(lineWidth)
     {}
 
-    void write(const File& file) override
-    {
-        for (const Device& device : file.devices) {
-            if (!m_isFirst)
-                m_out << '\n';
-            m_isFirst = false;
-            write(file, device);
-        }
-    }
-
-private:
-    void write(const File& file, const Device& device)
+    void write(const Device& device) override
     {
         constexpr std::size_t maxFileName = 1000;
-        line(0, cutText(file.name, maxFileName) + ": " + labelOf(device));
+        if (!m_isFirst)
+            m_out << '\n';
+        m_isFirst = false;
+        line(0, cutText(file().name, maxFileName) + ": " + labelOf(device));
         for (const std::string& note : device.notes)
             line(1, note);
         if (device.areas.empty())
@@ -59,6 +61,7 @@ private:
             write(area);
     }
 
+private:
     void write(const Area& area)
     {
         constexpr std::size_t depth = 3;
@@ -68,16 +71,21 @@ private:
         show::TextTable table({"byte.bit", "bits", "object", "name", "type", "link"});
         forEachRow(area, [&](const Row& row) { static_cast<void>(table.measure(cellsOf(row))); });
         const std::size_t indentation = depth * step;
-        // A terminal that is too narrow breaks the lines itself.
-        static_cast<void>(table.fit(m_lineWidth == show::anyWidth ? m_lineWidth : remaining(indentation)));
-        table.writeLabels(m_out, indentation);
+        const bool fits = table.fit(m_lineWidth == show::anyWidth ? m_lineWidth : remaining(indentation));
+        const auto writeRow = [&](const Row& row) {
+            if (fits)
+                table.writeRow(m_out, cellsOf(row), indentation);
+            else
+                line(depth, joined(cellsOf(row)));
+        };
+        if (fits)
+            table.writeLabels(m_out, indentation);
         for (const Pdo& pdo : area.pdos) {
             line(2, labelOf(pdo) + (pdo.rows.empty() ? ": no entries" : ""));
-            for (const Row& row : pdo.rows)
-                table.writeRow(m_out, cellsOf(row), indentation);
+            std::for_each(pdo.rows.begin(), pdo.rows.end(), writeRow);
         }
         if (area.padding.has_value())
-            table.writeRow(m_out, cellsOf(*area.padding), indentation);
+            writeRow(*area.padding);
     }
 
     template<typename Visit> static void forEachRow(const Area& area, Visit visit)

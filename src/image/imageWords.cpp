@@ -73,6 +73,8 @@ std::string labelOf(const Area& area)
     if (area.hasOtherLength())
         label += lacksModules(area) ? "; warning: the length lacks the PDOs of modules"
                                     : "; warning: the length is not that of the PDOs";
+    if (area.isTooLong())
+        label += "; warning: the PDOs take more than the sync manager can have";
     return label;
 }
 

@@ -2,7 +2,7 @@
 
 namespace image {
 
-std::unique_ptr<Writer> makeWriter(Form form, std::ostream& out, std::size_t lineWidth)
+std::unique_ptr<Writer> makeWriter(Form form, std::ostream& out, const Page& page)
 {
     switch (form) {
     case Form::Text:
@@ -12,9 +12,9 @@ std::unique_ptr<Writer> makeWriter(Form form, std::ostream& out, std::size_t lin
     case Form::Json:
         return makeJsonWriter(out);
     case Form::Svg:
-        return makeSvgWriter(out);
+        return makeSvgWriter(out, page.height);
     }
-    return makeTextWriter(out, lineWidth);
+    return makeTextWriter(out, page.lineWidth);
 }
 
 } // namespace image

@@ -8,7 +8,7 @@ namespace image {
 [[nodiscard]] std::unique_ptr<Writer> makeTextWriter(std::ostream& out, std::size_t lineWidth);
 [[nodiscard]] std::unique_ptr<Writer> makeCsvWriter(std::ostream& out);
 [[nodiscard]] std::unique_ptr<Writer> makeJsonWriter(std::ostream& out);
-/// @return  keeps all that is written until the end: a picture begins with its height
-[[nodiscard]] std::unique_ptr<Writer> makeSvgWriter(std::ostream& out);
+/// @param height  see `Page`
+[[nodiscard]] std::unique_ptr<Writer> makeSvgWriter(std::ostream& out, std::int64_t height);
 
 } // namespace image

@@ -17,7 +17,7 @@ bool isForbidden(QChar character)
 }
 
 /// ` name="12"`.
-std::string attribute(std::string_view name, int value)
+std::string attribute(std::string_view name, std::int64_t value)
 {
     return ' ' + std::string(name) + "=\"" + std::to_string(value) + '"';
 }
@@ -47,7 +47,7 @@ std::string rectangleElement(const std::string& id, const Rectangle& place, std:
            + attribute("width", place.width) + attribute("height", place.height) + further(attributes) + "/>\n";
 }
 
-std::string textElement(const std::string& id, int left, int baseline, std::string_view attributes,
+std::string textElement(const std::string& id, int left, std::int64_t baseline, std::string_view attributes,
                         const std::string& utf8)
 {
     return "<text" + idAttribute(id) + attribute("x", left) + attribute("y", baseline) + further(attributes) + '>'

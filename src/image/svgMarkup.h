@@ -1,6 +1,7 @@
 // svgMarkup.h - elements of an SVG page.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -13,9 +14,9 @@ namespace image {
 struct Rectangle
 {
     int x = 0;
-    int y = 0;
+    std::int64_t y = 0;
     int width = 0;
-    int height = 0;
+    std::int64_t height = 0;
 };
 
 /// @param id          may be empty
@@ -25,7 +26,7 @@ struct Rectangle
 /// @param id          may be empty
 /// @param attributes  for its letters, in the form of XML; may be empty
 /// @param utf8        any text
-[[nodiscard]] std::string textElement(const std::string& id, int left, int baseline, std::string_view attributes,
-                                      const std::string& utf8);
+[[nodiscard]] std::string textElement(const std::string& id, int left, std::int64_t baseline,
+                                      std::string_view attributes, const std::string& utf8);
 
 } // namespace image

@@ -27,6 +27,8 @@ private slots:
     void choicesInPlaces();
     void choicesThatDoNotFit();
     void couplerOnTheBus();
+    void noSlots();
+    void heightOfPicture();
     void brokenFiles();
     void incompleteDevice();
     void pdosWithoutPlace();
@@ -248,6 +250,39 @@ void tst_ImageCommand::couplerOnTheBus()
     QVERIFY(described.output.contains("on the bus; those in the slots here are shown.\n"));
 }
 
+/// A device of that type without slots has no modules on the bus, whatever modules are in its file.
+void tst_ImageCommand::noSlots()
+{
+    const QByteArray typed = deviceOf("1", "N").replace("</Device>", "<Profile><ProfileNo>5001</ProfileNo></Profile>"
+                                                                     "</Device>");
+    const QByteArray module = "<Modules><Module><Type ModuleIdent='1'>M</Type><Name>M</Name></Module></Modules>";
+    m_place.make("n.xml", esiWith(typed).replace("</Descriptions>", module + "</Descriptions>"));
+    m_place.make("c.json", R"({"format": "kinetra-choices", "version": 1, "devices": [{"device": 1,
+        "deviceType": "PnpIOBlock"}]})");
+    const QStringList convert{"convert", "n.xml", "--choices=c.json", "-o", "n.ktl", "--force"};
+    QCOMPARE(runHere(convert, m_place.folder()).exitCode, 0);
+    const CommandRun exported = runHere({"image", "n.ktl"}, m_place.folder());
+    QVERIFY2(exported.output.contains("0x6000:1"), exported.output.constData());
+    QVERIFY2(!exported.output.contains("on the bus"), exported.output.constData());
+    QVERIFY(!runHere({"image", "n.xml", "--choices=c.json"}, m_place.folder()).output.contains("on the bus"));
+}
+
+/// The page is as high as what is on it, whether devices are left out or not.
+void tst_ImageCommand::heightOfPicture()
+{
+    const auto heightWith = [&](const QStringList& arguments) {
+        QDomDocument page;
+        page.setContent(runHere(QStringList{"image", "--svg"} + arguments, m_place.folder()).output);
+        return page.documentElement().attribute(QStringLiteral("height")).toInt();
+    };
+    const int none = heightWith({"none.json"});
+    const int one = heightWith({"b.xml"}) - none;
+    QVERIFY(one > 100);
+    QCOMPARE(heightWith({"a.xml", "b.xml"}), none + 3 * one);
+    QCOMPARE(heightWith({"a.xml", "b.xml", "--device=2"}), none + one);
+    QCOMPARE(heightWith({"a.xml", "b.xml", "--device=T-1", "--device=Three", "--choices=none.json"}), none + 2 * one);
+}
+
 void tst_ImageCommand::brokenFiles()
 {
     for (const QStringList& options : {QStringList{}, QStringList{"--device=1"}, QStringList{"--choices=none.json"}}) {
@@ -281,10 +316,11 @@ void tst_ImageCommand::pdosWithoutPlace()
 {
     m_place.make("own.xml", esiWith(deviceOf("1", "N").replace(">Inputs<", ">Data<")));
     const CommandRun run = runHere({"image", "own.xml"}, m_place.folder());
-    QCOMPARE(run.output,
-             QByteArray("own.xml: device 1, 0x7e570009:0x1:0x1, T-1 \"N\"\n"
-                        "  PDOs on sync managers that are neither Outputs nor Inputs, or virtual, are not shown: "
-                        "1.\n  No process data.\n"));
+    QCOMPARE(run.output, QByteArray("own.xml: device 1, 0x7e570009:0x1:0x1, T-1 \"N\"\n"
+                                    "  Not shown: 1 PDO on sync manager 0, which is \"Data\".\n  No process data.\n"));
+    m_place.make("own.xml", esiWith(deviceOf("1", "N").replace("<Sm>Inputs<", "<Sm Virtual='1'>Inputs<")));
+    QVERIFY(runHere({"image", "own.xml"}, m_place.folder())
+                .output.contains("\n  Not shown: 1 PDO on sync manager 0, which is virtual.\n"));
     QCOMPARE(run.exitCode, 0);
 }
 

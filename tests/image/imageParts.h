@@ -72,9 +72,12 @@ inline image::Device deviceWith(std::vector<image::Area> areas)
 inline QByteArray written(image::Form form, const image::Device& device, std::size_t lineWidth = show::anyWidth)
 {
     std::ostringstream out;
-    const auto writer = image::makeWriter(form, out, lineWidth);
+    const image::File file{"a.xml", false};
+    const auto writer = image::makeWriter(form, out, {lineWidth, image::svgHeightOf(file, device)});
     writer->begin();
-    writer->write({"a.xml", false, {device}});
+    writer->beginFile(file);
+    writer->write(device);
+    writer->endFile();
     writer->end();
     return QByteArray::fromStdString(out.str());
 }

@@ -15,6 +15,7 @@ class tst_ImageJson : public QObject
 private slots:
     static void values();
     static void nothing();
+    static void tooLong();
 };
 
 namespace {
@@ -41,7 +42,7 @@ void tst_ImageJson::values()
     QJsonObject area = syncManagers.at(0).toObject();
     const QJsonArray pdos = area.take(QStringLiteral("pdos")).toArray();
     QCOMPARE(area, parsed(R"({"number": 3, "direction": "inputs", "usedBits": 18, "usedBytes": 3, "length": 2,
-        "maxLength": 64, "padding": {"byte": 2, "bit": 2, "bitLength": 6}})"));
+        "maxLength": 64, "exceedsMaxLength": false, "padding": {"byte": 2, "bit": 2, "bitLength": 6}})"));
     QJsonObject first = pdos.at(0).toObject();
     const QJsonArray entries = first.take(QStringLiteral("entries")).toArray();
     QCOMPARE(first, parsed(R"({"index": 6656, "name": "Status", "slot": null, "byte": 0, "bit": 0, "bitLength": 15})"));
@@ -62,7 +63,16 @@ void tst_ImageJson::nothing()
     const QJsonObject device = file["devices"].toArray().at(0).toObject();
     QCOMPARE(device["syncManagers"].toArray().at(0).toObject(),
              parsed(R"({"number": 0, "direction": "outputs", "usedBits": 0, "usedBytes": 0, "length": null,
-        "maxLength": null, "pdos": [], "padding": null})"));
+        "maxLength": null, "exceedsMaxLength": false, "pdos": [], "padding": null})"));
+}
+
+/// 3 bytes on a sync manager of at most 2.
+void tst_ImageJson::tooLong()
+{
+    image::Area area = imageParts::mixedArea();
+    area.maxLength = 2;
+    QVERIFY(imageParts::written(image::Form::Json, imageParts::deviceWith({area}))
+                .contains("\"maxLength\": 2,\n              \"exceedsMaxLength\": true,\n"));
 }
 
 static const testMain::Registration<tst_ImageJson, testMain::NoApplication> registration;

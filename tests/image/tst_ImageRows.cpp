@@ -91,6 +91,9 @@ void tst_ImageRows::lengths_data()
     QTest::addRow("with a limit") << 3 << 64 << start + ", length 3, at most 64";
     QTest::addRow("the device alone: 15 bits")
         << 2 << 0 << start + ", length 2; warning: the length lacks the PDOs of modules";
+    QTest::addRow("as much as it takes") << 3 << 3 << start + ", length 3, at most 3";
+    QTest::addRow("more than it takes")
+        << 3 << 2 << start + ", length 3, at most 2; warning: the PDOs take more than the sync manager can have";
     QTest::addRow("another one") << 4 << 0 << start + ", length 4; warning: the length is not that of the PDOs";
 }
 

@@ -4,12 +4,15 @@
 #include "testMain.h"
 
 #include <QDomDocument>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QSvgRenderer>
 #include <QtTest>
+
+#include <algorithm>
 
 using imageParts::deviceWith;
 using imageParts::entry;
@@ -29,6 +32,11 @@ private slots:
     static void hostileNames();
     static void textsFit_data();
     static void textsFit();
+    static void clippedNames();
+    static void namesInEachPart();
+    static void textsStayOnPage_data();
+    static void textsStayOnPage();
+    static void manyLines();
     static void legendHasEachPdo();
     static void longNames();
 };
@@ -181,6 +189,9 @@ void tst_ImageSvg::textsFit_data()
         QTest::addRow("narrow letters, %d", bits) << QString(300, QLatin1Char('i')) << bits;
         QTest::addRow("wide letters, %d", bits) << QString(300, QLatin1Char('W')) << bits;
         QTest::addRow("capitals, %d", bits) << QStringLiteral("HEIGHT OF NOTHING ").repeated(20) << bits;
+        QTest::addRow("wide marks, %d", bits) << QStringLiteral(u"\u2014\u2026\u2122\u00BD\u2116").repeated(30) << bits;
+        QTest::addRow("Cyrillic, %d", bits)
+            << QStringLiteral(u"\u0416\u0428\u0429\u042E\u0416\u0428\u0429").repeated(30) << bits;
         QTest::addRow("Chinese, %d", bits) << QStringLiteral(u"\u63A7\u5236\u5B57").repeated(50) << bits;
         QTest::addRow("short, %d", bits) << QStringLiteral("Ready") << bits;
     }
@@ -199,6 +210,89 @@ void tst_ImageSvg::textsFit()
     QVERIFY(letters.width() > 10);
     QVERIFY2(placeOf(page, 1, "part1").contains(letters), qPrintable(QString::number(letters.width())));
     QCOMPARE(svg.contains("\">" + name.toUtf8() + "</text>"), name == QLatin1String("Ready"));
+}
+
+/// What no estimate of letters foresees is cut at the edge of the box.
+void tst_ImageSvg::clippedNames()
+{
+    const QByteArray page = written(image::Form::Svg, deviceWith({mixedArea()}));
+    QVERIFY(page.contains("<clipPath id=\"bits7\"><rect x=\"0\" y=\"0\" width=\"700\" height=\"22\""));
+    QDomDocument document;
+    QVERIFY(document.setContent(page));
+    int names = 0;
+    const QDomNodeList texts = document.elementsByTagName(QStringLiteral("text"));
+    for (int index = 0; index < texts.size(); ++index) {
+        const QDomElement text = texts.at(index).toElement();
+        if (!text.attribute(QStringLiteral("id")).endsWith(QLatin1String("-text")))
+            continue;
+        ++names;
+        QVERIFY(text.attribute(QStringLiteral("clip-path")).startsWith(QLatin1String("url(#bits")));
+    }
+    QCOMPARE(names, 7); // five rows, two of them in two parts
+}
+
+/// 12 bits over the edge of a byte: 7 bits and 5 bits. A name of which a part has no room is in the other one only.
+void tst_ImageSvg::namesInEachPart()
+{
+    const QByteArray both = written(image::Form::Svg, deviceWith({mixedArea()}));
+    QCOMPARE(both.count(">Level</text>"), 2);
+    QVERIFY(both.contains("<text id=\"device2-inputs3-row2-part2-text\""));
+    const QByteArray wide = written(
+        image::Form::Svg,
+        deviceWith({areaOf({entry(0, 1, 0x6000, "a"), entry(1, 8, 0x6001, "Position demand value of axis one")})}));
+    QCOMPARE(wide.count(">Position"), 1);
+}
+
+void tst_ImageSvg::textsStayOnPage_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addRow("latin") << QStringLiteral("Position demand value of axis one, ").repeated(20);
+    QTest::addRow("one word") << QString(500, QLatin1Char('W'));
+    QTest::addRow("Cyrillic") << QStringLiteral(u"\u0416\u0428\u0429\u042E ").repeated(60);
+    QTest::addRow("dashes") << QString(300, QChar(0x2014));
+}
+
+/// Words of the page, measured with the letters that it has here. Lines of common words end near the edge.
+void tst_ImageSvg::textsStayOnPage()
+{
+    QFETCH(QString, text);
+    image::Area area = areaOf(
+        {entry(0, 8, 0x6000, "a"), entry(8, 2147483640, 0x6001, "b"), entry(2147483648, 2147483640, 0x6002, "c")});
+    area.pdos[0].name = text.toStdString();
+    image::Device device = deviceWith({area});
+    device.notes = {text.toStdString()};
+    QDomDocument page;
+    QVERIFY(page.setContent(written(image::Form::Svg, device)));
+    QFont font(QStringLiteral("sans-serif"));
+    qreal longest = 0;
+    const QDomNodeList texts = page.elementsByTagName(QStringLiteral("text"));
+    for (int index = 0; index < texts.size(); ++index) {
+        const QDomElement element = texts.at(index).toElement();
+        if (element.hasAttribute(QStringLiteral("transform")))
+            continue;
+        font.setPixelSize(element.attribute(QStringLiteral("font-size"), QStringLiteral("11")).toInt());
+        const qreal left = element.attribute(QStringLiteral("x")).toDouble();
+        const qreal width = QFontMetricsF(font).horizontalAdvance(element.text());
+        if (element.attribute(QStringLiteral("text-anchor")) == QLatin1String("end"))
+            QVERIFY2(left - width >= 0, qPrintable(element.text()));
+        else
+            QVERIFY2(left + width <= 928 - 16 + 1, qPrintable(element.text()));
+        longest = std::max(longest, width);
+    }
+    QVERIFY2(longest > 896 * 0.7, qPrintable(QString::number(longest)));
+}
+
+/// A page of more than 2^31 pixels.
+void tst_ImageSvg::manyLines()
+{
+    std::ostringstream out;
+    const auto writer = image::makeWriter(image::Form::Svg, out, {0, 5000000000});
+    writer->begin();
+    writer->end();
+    const QByteArray page = QByteArray::fromStdString(out.str());
+    const QRegularExpressionMatch height =
+        QRegularExpression(QStringLiteral("<svg [^>]*height=\"(\\d+)\"")).match(QString::fromUtf8(page));
+    QVERIFY2(height.captured(1).toLongLong() > 5000000000, page.constData());
 }
 
 /// Colours come again after eight PDOs, so the legend says where each is.

@@ -17,6 +17,8 @@ private slots:
     static void table();
     static void narrow_data();
     static void narrow();
+    static void tooNarrowForTable_data();
+    static void tooNarrowForTable();
     static void noProcessData();
     static void notes();
     static void longNames();
@@ -61,6 +63,28 @@ void tst_ImageText::narrow()
     QVERIFY(text.contains("0x6000:1"));
     for (const QByteArray& line : text.split('\n'))
         QVERIFY2(show::columnsOf(line.toStdString()) <= 80, line.constData());
+}
+
+void tst_ImageText::tooNarrowForTable_data()
+{
+    QTest::addColumn<int>("columns");
+    QTest::addRow("40") << 40;
+    QTest::addRow("30") << 30;
+}
+
+/// The cells of a row come one after another then, and no line is wider than the terminal.
+void tst_ImageText::tooNarrowForTable()
+{
+    QFETCH(int, columns);
+    image::Area area = mixedArea();
+    area.pdos[0].rows[0].name = "Position demand value of axis 1";
+    area.pdos[0].rows[0].type = "ARRAY [0..3] OF BYTE";
+    const QByteArray text = written(image::Form::Text, deviceWith({area}), static_cast<std::size_t>(columns));
+    for (const QByteArray& line : text.split('\n'))
+        QVERIFY2(line.size() <= columns, line.constData());
+    QVERIFY2(text.simplified().contains("0.0 1 0x6000:1 Position demand value of axis 1 ARRAY [0..3] OF BYTE"
+                                        " NONE Type 0.1 12 0x6001:1"),
+             text.constData());
 }
 
 void tst_ImageText::noProcessData()
