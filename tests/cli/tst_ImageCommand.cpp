@@ -1,5 +1,5 @@
 // `ktl image`: arguments, devices, choices, KTL files, files that cannot be used, many entries.
-// Covers imageCommand.cpp, imageRequest.cpp, imageInput.cpp, chosenInputs.cpp.
+// Covers imageCommand.cpp, imageRequest.cpp, imageInput.cpp, imageTeller.cpp, chosenInputs.cpp.
 #include "cli/commandInProcess.h"
 #include "cli/workplace.h"
 #include "testMain.h"

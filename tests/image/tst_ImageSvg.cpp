@@ -1,5 +1,5 @@
 // Process images as a picture, as a viewer draws it.
-// Covers svgWriter.cpp.
+// Covers svgWriter.cpp, svgLetters.cpp.
 #include "image/imageParts.h"
 #include "testMain.h"
 
