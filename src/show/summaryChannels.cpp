@@ -25,7 +25,8 @@ std::optional<std::int64_t> usedBytes(const facts::SyncManagerFacts& syncManager
     return found == image.end() ? std::nullopt : std::optional(found->bytes());
 }
 
-/// "14 of 64 bytes". Without a limit in the file the length counts, which PDOs of modules need not be part of.
+/// "14 of 64 bytes". Without a limit in the file the length that goes out counts: PDOs of modules need not be part of
+/// it, and a wrong one shows, as "3 of 2 bytes".
 std::string useText(const facts::SyncManagerFacts& syncManager, const facts::ProcessImage& image)
 {
     const SmAttributes& attributes = syncManager.attributes;
@@ -35,8 +36,10 @@ std::string useText(const facts::SyncManagerFacts& syncManager, const facts::Pro
         return counted(attributes.DefaultSize, "byte");
     const std::optional<std::int64_t> known = usedBytes(syncManager, image);
     const std::int64_t used = known.value_or(syncManager.exportedBytes);
-    const std::int64_t room = attributes.MaxSize > 0 ? attributes.MaxSize : std::max(syncManager.exportedBytes, used);
-    return (used == room ? "" : std::to_string(used) + " of ") + counted(room, "byte");
+    const std::int64_t room = attributes.MaxSize > 0 ? attributes.MaxSize : syncManager.exportedBytes;
+    if (room < 0 || room == used)
+        return counted(used, "byte");
+    return std::to_string(used) + " of " + counted(room, "byte");
 }
 
 std::string fmmuText(const facts::FmmuFacts& fmmu)

@@ -116,10 +116,10 @@ void tst_SummarySections::processData_data()
                       "      0.0       1     0x7000:1   BOOL  Flag\n"
                       "      0.1       7     gap\n"
                       "      1.0       16    0x7000:17  INT   \xE9\x80\x9F\xE5\xBA\xA6\n");
-    QTest::addRow("without a limit the length counts")
+    QTest::addRow("without a limit the length counts, here one that is too short")
         << QByteArray("<Sm>Inputs</Sm><TxPdo Sm=\"0\"><Index>#x1A00</Index><Entry><Index>#x6000</Index>"
                       "<BitLen>9</BitLen></Entry><Entry><Index>0</Index><BitLen>0</BitLen></Entry></TxPdo>")
-        << QByteArray("  sync managers\n    0  Inputs  0x0  2 bytes\n"
+        << QByteArray("  sync managers\n    0  Inputs  0x0  2 of 1 byte\n"
                       "  inputs, sync manager 0: 2 bytes\n"
                       "      byte.bit  bits  object\n"
                       "    PDO 0x1a00\n"
