@@ -5,7 +5,7 @@
 #include "facts/esiFileFacts.h"
 #include "facts/ktlFacts.h"
 #include "facts/processData.h"
-#include "model/deviceType.h"
+#include "show/busModules.h"
 #include "show/showWords.h"
 
 #include <QFile>
@@ -14,22 +14,20 @@
 #include <cstddef>
 #include <new>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace cli {
 
 namespace {
 
-constexpr const char* modulesOnTheBus =
-    "The controller finds the modules of this coupler on the bus; their PDOs come after these.";
-constexpr const char* otherModulesOnTheBus =
-    "The controller finds the modules of this coupler on the bus; those in the slots here are shown.";
 constexpr const char* tooManyEntries =
     "The preset modules have more entries than a sync manager can have bits; the last ones are left out.";
 
-bool isOfModule(const facts::PdoFacts& pdo)
+void addNote(std::string_view note, image::Device& device)
 {
-    return pdo.place >= 0;
+    if (!note.empty())
+        device.notes.emplace_back(note);
 }
 
 /// Why a device is not complete, and what that means.
@@ -69,10 +67,7 @@ void addEsi(const TreeInput& input, const struct_FilenameDevice& record, image::
             device.notes.push_back(incompleteNote(unit));
         else
             noteUnplaced(unit, device);
-        if (record.device[unit.owner.index].m_iDeviceType == KTL_DEVICE_TYPE_PnpIOBlock && unit.hasSlots) {
-            const bool hasModules = std::any_of(unit.pdos.begin(), unit.pdos.end(), isOfModule);
-            device.notes.emplace_back(hasModules ? otherModulesOnTheBus : modulesOnTheBus);
-        }
+        addNote(show::busModulesNote(record.device[unit.owner.index], unit), device);
     }
 }
 
@@ -83,8 +78,7 @@ void addKtl(const TreeInput& input, ImageInput& result)
         const KtlDeviceBlock& block = known.blocks[index];
         const facts::PresetPdos preset = facts::presetPdosOf(block);
         image::Device& device = result.file.devices.emplace_back(image::deviceOf(known.units[index], preset.pdos));
-        if (!block.modules.empty() && !block.preset.has_value())
-            device.notes.emplace_back(modulesOnTheBus);
+        addNote(show::busModulesNote(block), device);
         if (!preset.areAll)
             device.notes.emplace_back(tooManyEntries);
     }

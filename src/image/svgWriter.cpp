@@ -1,9 +1,10 @@
 // svgWriter.cpp - process images as one picture, sync manager below sync manager.
-#include "image/cutText.h"
 #include "image/imageWords.h"
 #include "image/imageWriters.h"
 #include "image/svgMarkup.h"
 #include "image/svgParts.h"
+#include "show/cutText.h"
+#include "show/showWords.h"
 #include "show/textColumns.h"
 
 #include <algorithm>
@@ -57,11 +58,12 @@ std::string attributesOf(const Area& area, const Box& box)
 std::string titleOf(const Box& box)
 {
     const Row& row = *box.row;
-    std::string title = row.kind == RowKind::Entry ? objectText(row) : std::string(kindName(row.kind));
+    std::string title =
+        row.kind == RowKind::Entry ? show::objectText(row.index, row.subIndex) : std::string(kindName(row.kind));
     for (const std::string& text : {row.name, row.type})
         if (!text.empty())
-            title += ", " + cutText(text, maxTitle);
-    title += ", " + counted(row.bits, "bit") + " from " + placeText(row.bit);
+            title += ", " + show::cutText(text, maxTitle);
+    title += ", " + show::counted(row.bits, "bit") + " from " + show::placeText(row.bit);
     if (box.pdo != nullptr)
         title += ", " + labelOf(*box.pdo);
     return title;
@@ -88,9 +90,9 @@ double pixelsOf(const std::string& utf8)
 std::string fitted(const std::string& utf8, const std::string& ending, int width)
 {
     auto columns = static_cast<std::size_t>(width / columnWidth);
-    std::string text = cutText(utf8, columns) + ending;
+    std::string text = show::cutText(utf8, columns) + ending;
     while (columns > 0 && pixelsOf(text) > width)
-        text = cutText(utf8, --columns) + ending;
+        text = show::cutText(utf8, --columns) + ending;
     return text;
 }
 
@@ -98,12 +100,12 @@ std::string fitted(const std::string& utf8, const std::string& ending, int width
 std::string labelOf(const Box& box, const Picture& picture, const Part& part, int width)
 {
     const Row& row = *box.row;
-    std::string name = row.name.empty() ? objectText(row) : row.name;
+    std::string name = row.name.empty() ? show::objectText(row.index, row.subIndex) : row.name;
     if (row.kind != RowKind::Entry)
         name = kindName(row.kind);
     const Line& line = picture.lines[part.line];
     const std::string count =
-        line.firstByte == line.lastByte ? "" : ": " + counted(line.lastByte - line.firstByte + 1, "byte");
+        line.firstByte == line.lastByte ? "" : ": " + show::counted(line.lastByte - line.firstByte + 1, "byte");
     return fitted(name, count, width);
 }
 
@@ -148,7 +150,7 @@ private:
         if (device.areas.empty())
             heading(12, "No process data.");
         for (const Area& area : device.areas)
-            write(area, "device" + std::to_string(device.number) + '-' + std::string(directionName(area))
+            write(area, "device" + std::to_string(device.number) + '-' + std::string(show::dataDirection(area.isInput))
                             + std::to_string(area.number));
     }
 
@@ -212,10 +214,10 @@ private:
         const std::string colour = colouredBy(colourOf(area, pdo), fullLine);
         m_body += rectangleElement({}, {gridX, m_y + 4, size, size}, colour);
         const std::string bits = pdo.bits == 0 ? "no bits"
-                                               : counted(pdo.bits, "bit") + ", " + placeText(pdo.bit) + " to "
-                                                     + placeText(pdo.bit + pdo.bits - 1);
+                                               : show::counted(pdo.bits, "bit") + ", " + show::placeText(pdo.bit)
+                                                     + " to " + show::placeText(pdo.bit + pdo.bits - 1);
         m_body += textElement({}, gridX + size + letterGap, m_y + letterBaseline, {},
-                              cutText(image::labelOf(pdo), maxLegend) + ": " + bits);
+                              show::cutText(image::labelOf(pdo), maxLegend) + ": " + bits);
         m_y += lineHeight;
     }
 
@@ -225,7 +227,7 @@ private:
         constexpr double columnsOfSize = 0.66; // columns of a letter of one pixel
         const auto columns = static_cast<std::size_t>((pageWidth - 2 * margin) / (size * columnsOfSize));
         const std::string attributes = "font-size=\"" + std::to_string(size) + '"';
-        for (const std::string& line : show::brokenInto(cutText(text, maxHeading), columns)) {
+        for (const std::string& line : show::brokenInto(show::cutText(text, maxHeading), columns)) {
             m_y += lineHeight;
             m_body += textElement({}, margin, m_y, attributes, line);
         }

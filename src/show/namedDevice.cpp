@@ -34,7 +34,7 @@ std::vector<NamedDevice> namedDevices(const ShownFile& file)
 
 std::string identityText(const NamedDevice& device)
 {
-    return hexText(device.vendor) + ':' + hexText(device.product) + ':' + hexText(device.revision);
+    return identityText(device.vendor, device.product, device.revision);
 }
 
 } // namespace show

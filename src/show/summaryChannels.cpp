@@ -1,5 +1,6 @@
 #include "facts/processData.h"
 #include "model/syncDirection.h"
+#include "show/cutText.h"
 #include "show/showWords.h"
 #include "show/summarySections.h"
 
@@ -13,7 +14,7 @@ namespace {
 /// Name of a direction; the text of the file for one without a name.
 std::string kindText(std::uint8_t direction, std::string_view name)
 {
-    return direction == KTL_UnknownType && !name.empty() ? std::string(name) : directionName(direction);
+    return direction == KTL_UnknownType && !name.empty() ? cutName(name) : directionName(direction);
 }
 
 /// Bytes of process data of the assigned PDOs; nothing where the file does not tell which sync manager they are on.
