@@ -128,7 +128,7 @@ std::string_view dataDirection(bool isInput)
 
 std::string identityText(std::uint32_t vendor, std::uint32_t product, std::uint32_t revision)
 {
-    return hexText(vendor) + ':' + hexText(product) + ':' + hexText(revision);
+    return numberText(vendor) + ':' + numberText(product) + ':' + numberText(revision);
 }
 
 std::string withName(std::uint16_t index, std::string_view name)

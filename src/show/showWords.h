@@ -47,7 +47,7 @@ template<typename Number>
 /// "inputs" or "outputs".
 [[nodiscard]] std::string_view dataDirection(bool isInput);
 
-/// Vendor, product code and revision as selectors take them: "0x7e570002:0x5001:0x30001".
+/// Vendor, product code and revision as all sub-commands write them and selectors take them: "0x7e570002:0x5001:0x00".
 [[nodiscard]] std::string identityText(std::uint32_t vendor, std::uint32_t product, std::uint32_t revision);
 
 /// An index with a name, which is cut where it is longer than people read: `0x1600 "Control"`.

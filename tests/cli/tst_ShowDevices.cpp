@@ -194,7 +194,7 @@ void tst_ShowDevices::namesOfKtlDevices()
     for (const char* const command : {"show", "image"}) {
         const CommandRun run = runHere({command, path, "--device", "Name"});
         QCOMPARE(run.errors, QByteArray());
-        QVERIFY2(run.output.contains("0x1:0x2:0x0"), run.output.constData());
+        QVERIFY2(run.output.contains("0x1:0x2:0x00"), run.output.constData());
         QVERIFY2(!run.output.contains("Line2"), run.output.constData());
     }
 }

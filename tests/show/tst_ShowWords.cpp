@@ -71,7 +71,7 @@ void tst_ShowWords::processData()
 {
     QCOMPARE(show::dataDirection(true), std::string_view("inputs"));
     QCOMPARE(show::dataDirection(false), std::string_view("outputs"));
-    QCOMPARE(show::identityText(0x7E570002, 0x5001, 0), std::string("0x7e570002:0x5001:0x0"));
+    QCOMPARE(show::identityText(0x7E570002, 0x5001, 0), std::string("0x7e570002:0x5001:0x00"));
     QCOMPARE(show::pdoLabel(0x1600, "Control", -1), std::string("PDO 0x1600 \"Control\""));
     QCOMPARE(show::pdoLabel(0x1A01, "", 2), std::string("PDO 0x1a01, slot 3"));
     QCOMPARE(show::withName(0x1600, std::string(121, 'x')), "0x1600 \"" + std::string(117, 'x') + "...\"");

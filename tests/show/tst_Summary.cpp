@@ -75,10 +75,10 @@ void tst_Summary::ktlFile()
 {
     show::ShownFile file;
     file.setKtl(vectorOf(general(2) + general(3) + endItem()));
-    QCOMPARE(summaryOf(file), QByteArray("  1  0x1:0x2:0x0\n"
-                                         "  2  0x1:0x3:0x0\n"
-                                         "\nDevice 1 of 2: 0x1:0x2:0x0\n  device class       IOBlock\n"
-                                         "\nDevice 2 of 2: 0x1:0x3:0x0\n  device class       IOBlock\n"));
+    QCOMPARE(summaryOf(file), QByteArray("  1  0x1:0x2:0x00\n"
+                                         "  2  0x1:0x3:0x00\n"
+                                         "\nDevice 1 of 2: 0x1:0x2:0x00\n  device class       IOBlock\n"
+                                         "\nDevice 2 of 2: 0x1:0x3:0x00\n  device class       IOBlock\n"));
 }
 
 /// However narrow it is, every line fits that can.

@@ -67,7 +67,7 @@ void tst_SummarySections::bareDevice()
 {
     show::ShownFile file;
     setEsiText(file, esiFile("<Device><Type ProductCode=\"1\"/></Device>"));
-    QCOMPARE(summaryOf(file), QByteArray("\nDevice 1 of 1: 0x7e57:0x1:0x0\n  device class       IOBlock\n"));
+    QCOMPARE(summaryOf(file), QByteArray("\nDevice 1 of 1: 0x7e57:0x1:0x00\n  device class       IOBlock\n"));
 }
 
 void tst_SummarySections::clocksAndChannels_data()
