@@ -14,7 +14,7 @@ namespace show {
 /// @return      empty for a device of another class
 [[nodiscard]] std::string_view busModulesNote(const struct_EtherCatDevice& device, const facts::UnitFacts& unit);
 
-/// As above, of a device of a KTL file: one that carries modules and does not preset them.
+/// As above, of a device of a KTL file, whose image has no modules then.
 [[nodiscard]] std::string_view busModulesNote(const KtlDeviceBlock& block);
 
 } // namespace show

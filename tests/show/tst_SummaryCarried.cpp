@@ -1,5 +1,6 @@
 // What the summary tells of slots and modules that a KTL file carries.
 // Covers summarySlots.cpp.
+#include "model/deviceType.h"
 #include "show/summarySections.h"
 #include "testMain.h"
 
@@ -146,7 +147,7 @@ void tst_SummaryCarried::otherLengths()
              QStringList{"sync managers||: 0,Inputs,0x0," + use});
 }
 
-/// Those that a coupler carries and does not preset.
+/// Only a coupler with slots finds modules there.
 void tst_SummaryCarried::modulesOnTheBus()
 {
     show::ShownDevice carried = coupler();
@@ -154,10 +155,12 @@ void tst_SummaryCarried::modulesOnTheBus()
     const facts::PresetPdos preset;
     const facts::ProcessImage image;
     QCOMPARE(linesOf(show::pdoSection({unit, preset, image, carried, nullptr})), QStringList());
-    carried.block.preset.reset();
+    carried.block.general.m_iDeviceType = KTL_DEVICE_TYPE_PnpIOBlock;
     QCOMPARE(linesOf(show::pdoSection({unit, preset, image, carried, nullptr})),
              QStringList{"modules|The controller finds the modules of this coupler on the bus; their PDOs come after "
                          "these."});
+    carried.block.deviceSlots.reset();
+    QCOMPARE(linesOf(show::pdoSection({unit, preset, image, carried, nullptr})), QStringList());
 }
 
 static const testMain::Registration<tst_SummaryCarried, testMain::NoApplication> registration;
