@@ -6,9 +6,8 @@
 #include "facts/ktlFacts.h"
 #include "facts/presetPdos.h"
 #include "facts/processData.h"
-#include "image/cutText.h"
-#include "image/imageWords.h"
-#include "model/deviceType.h"
+#include "show/busModules.h"
+#include "show/cutText.h"
 #include "show/showWords.h"
 
 #include <QFile>
@@ -19,6 +18,7 @@
 #include <map>
 #include <new>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -26,23 +26,13 @@ namespace cli {
 
 namespace {
 
-constexpr const char* modulesOnTheBus =
-    "The controller finds the modules of this coupler on the bus; their PDOs come after these.";
-constexpr const char* otherModulesOnTheBus =
-    "The controller finds the modules of this coupler on the bus; those in the slots here are shown.";
 constexpr const char* tooManyEntries =
     "The preset modules have more entries or bits than a device can have; the last ones are left out.";
 
-/// Whether a device is a coupler whose modules the controller finds.
-/// @param hasSlots  whether it has places for them
-bool findsModules(int deviceType, bool hasSlots)
+void addNote(std::string_view note, image::Device& device)
 {
-    return deviceType == KTL_DEVICE_TYPE_PnpIOBlock && hasSlots;
-}
-
-bool isOfModule(const facts::PdoFacts& pdo)
-{
-    return pdo.place >= 0;
+    if (!note.empty())
+        device.notes.emplace_back(note);
 }
 
 /// Why a device is not complete, and what that means.
@@ -69,7 +59,7 @@ std::string kindOf(const facts::UnitFacts& unit, int syncManager)
         return "which is virtual";
     constexpr std::size_t maxColumns = 60;
     return facts.name.empty() ? "which is of another kind"
-                              : "which is \"" + image::cutText(std::string(facts.name), maxColumns) + '"';
+                              : "which is \"" + show::cutText(std::string(facts.name), maxColumns) + '"';
 }
 
 /// Says how many PDOs are assigned and have no place, by their sync managers; nothing if all have one.
@@ -85,7 +75,7 @@ void noteUnplaced(const facts::UnitFacts& unit, const std::vector<facts::PdoFact
         unplaced[area.number] -= static_cast<std::ptrdiff_t>(area.pdos.size());
     for (const auto& [number, pdos] : unplaced)
         if (pdos > 0)
-            device.notes.push_back("Not shown: " + image::counted(pdos, "PDO") + " on sync manager "
+            device.notes.push_back("Not shown: " + show::counted(pdos, "PDO") + " on sync manager "
                                    + std::to_string(number) + ", " + kindOf(unit, number) + '.');
 }
 
@@ -113,10 +103,7 @@ public:
             device.notes.push_back(incompleteNote(facts));
         else
             noteUnplaced(facts, {}, device);
-        if (findsModules(m_record.device[facts.owner.index].m_iDeviceType, facts.hasSlots)) {
-            const bool hasModules = std::any_of(facts.pdos.begin(), facts.pdos.end(), isOfModule);
-            device.notes.emplace_back(hasModules ? otherModulesOnTheBus : modulesOnTheBus);
-        }
+        addNote(show::busModulesNote(m_record.device[facts.owner.index], facts), device);
         return device;
     }
 
@@ -145,9 +132,7 @@ public:
         const facts::PresetPdos preset = facts::presetPdosOf(block);
         image::Device device = image::deviceOf(unit(index), preset.pdos);
         noteUnplaced(unit(index), preset.pdos, device);
-        const bool hasSlots = block.deviceSlots.has_value() && !block.deviceSlots->records.empty();
-        if (findsModules(block.general.m_iDeviceType, hasSlots))
-            device.notes.emplace_back(modulesOnTheBus);
+        addNote(show::busModulesNote(block), device);
         if (!preset.areAll)
             device.notes.emplace_back(tooManyEntries);
         return device;

@@ -41,15 +41,6 @@ public:
     }
 
 private:
-    /// The first line of the names of a block is that of its device.
-    static std::string_view nameIn(const KtlDeviceBlock& block)
-    {
-        if (!block.moreInfo.has_value())
-            return {};
-        const std::string_view text = block.moreInfo->text;
-        return text.substr(0, text.find_first_of(std::string_view("\r\n\0", 3)));
-    }
-
     /// Calls `add(record, where)` for as many records as the item has, from the next one of the block on.
     template<typename Record, typename Add>
     static void addRecords(const KtlFileItem& item, const std::vector<Record>& records, Add add)
@@ -190,6 +181,14 @@ void BlockReader::addValues()
 }
 
 } // namespace
+
+std::string_view nameIn(const KtlDeviceBlock& block)
+{
+    if (!block.moreInfo.has_value())
+        return {};
+    const std::string_view text = block.moreInfo->text;
+    return text.substr(0, text.find_first_of(std::string_view("\r\n\0", 3)));
+}
 
 UnitFacts ktlUnitOf(const KtlDeviceBlock& block, std::size_t index, const KtlWalk& walk, const KtlBlockPlace& place)
 {

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <string_view>
 #include <vector>
 
 namespace facts {
@@ -20,6 +21,10 @@ struct KtlFacts
     std::deque<KtlDeviceBlock> blocks;
     std::vector<UnitFacts> units; ///< a device for each block
 };
+
+/// The name of the device of a block: the first line of its names.
+/// @return  a part of the block; empty if it has no names
+[[nodiscard]] std::string_view nameIn(const KtlDeviceBlock& block);
 
 /// The facts of one device block, as much as is in the file.
 /// @param block  of the place; has to outlive the facts

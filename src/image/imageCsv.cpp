@@ -1,8 +1,8 @@
 // imageCsv.cpp - process images as comma-separated values.
-#include "image/cutText.h"
 #include "image/imageWords.h"
 #include "image/imageWriters.h"
 #include "show/csvWriter.h"
+#include "show/cutText.h"
 #include "show/showWords.h"
 
 namespace image {
@@ -21,7 +21,8 @@ Fields pdoFields(const Pdo* pdo)
 {
     if (pdo == nullptr)
         return {{}, {}, {}};
-    return {show::hexText(pdo->index), startOf(pdo->name), slotText(*pdo)};
+    return {show::hexText(pdo->index), show::startOf(pdo->name),
+            pdo->place < 0 ? std::string() : std::to_string(pdo->place + 1)};
 }
 
 Fields objectFields(const Row& row)
@@ -50,11 +51,11 @@ public:
         for (const Area& area : device.areas) {
             const Fields place{file().name,
                                std::to_string(device.number),
-                               startOf(device.name),
+                               show::startOf(device.name),
                                show::hexText(device.vendor),
                                show::hexText(device.product),
                                show::hexText(device.revision),
-                               std::string(directionName(area)),
+                               std::string(show::dataDirection(area.isInput)),
                                std::to_string(area.number)};
             for (const Pdo& pdo : area.pdos)
                 for (const Row& row : pdo.rows)

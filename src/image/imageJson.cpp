@@ -44,7 +44,7 @@ public:
     {
         m_json.openObject();
         number("number", static_cast<std::int64_t>(device.number));
-        text("identity", identityOf(device));
+        text("identity", show::identityText(device.vendor, device.product, device.revision));
         number("vendor", device.vendor);
         number("product", device.product);
         number("revision", device.revision);
@@ -74,7 +74,7 @@ private:
     {
         m_json.openObject();
         number("number", area.number);
-        text("direction", directionName(area));
+        text("direction", show::dataDirection(area.isInput));
         number("usedBits", area.bits);
         number("usedBytes", area.bytes);
         numberOrNull("length", area.length, area.length >= 0);

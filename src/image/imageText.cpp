@@ -1,7 +1,7 @@
 // imageText.cpp - process images as text for people.
-#include "image/cutText.h"
 #include "image/imageWords.h"
 #include "image/imageWriters.h"
+#include "show/cutText.h"
 #include "show/showWords.h"
 #include "show/textColumns.h"
 #include "show/textTable.h"
@@ -14,17 +14,16 @@ namespace image {
 namespace {
 
 constexpr std::size_t step = 2; // blanks by which what belongs to a heading is indented
-constexpr std::size_t maxColumns = 120; // of a name
 
 /// Without PDO: that is in a heading of its own.
 show::TextRow cellsOf(const Row& row)
 {
     const bool isEntry = row.kind == RowKind::Entry;
-    return {placeText(row.bit),
+    return {show::placeText(row.bit),
             std::to_string(row.bits),
-            isEntry ? objectText(row) : std::string(kindName(row.kind)),
-            cutText(row.name, maxColumns),
-            cutText(row.type, maxColumns),
+            isEntry ? show::objectText(row.index, row.subIndex) : std::string(kindName(row.kind)),
+            show::cutName(row.name),
+            show::cutName(row.type),
             isEntry ? show::linkWords(row.link) : std::string()};
 }
 
@@ -52,7 +51,7 @@ public:
         if (!m_isFirst)
             m_out << '\n';
         m_isFirst = false;
-        line(0, cutText(file().name, maxFileName) + ": " + labelOf(device));
+        line(0, show::cutText(file().name, maxFileName) + ": " + labelOf(device));
         for (const std::string& note : device.notes)
             line(1, note);
         if (device.areas.empty())

@@ -1,19 +1,11 @@
 #include "image/imageWords.h"
 
-#include "image/cutText.h"
-#include "model/valueTexts.h"
+#include "show/cutText.h"
 #include "show/showWords.h"
 
 namespace image {
 
 namespace {
-
-constexpr std::size_t maxColumns = 120; // of a name in a heading
-
-std::string quoted(const std::string& name)
-{
-    return '"' + cutText(name, maxColumns) + '"';
-}
 
 /// Whether the length is that of the PDOs of the device itself.
 bool lacksModules(const Area& area)
@@ -39,23 +31,14 @@ std::string_view kindName(RowKind kind)
     return "entry";
 }
 
-std::string_view directionName(const Area& area)
-{
-    return area.isInput ? "inputs" : "outputs";
-}
-
-std::string identityOf(const Device& device)
-{
-    return numberText(device.vendor) + ':' + numberText(device.product) + ':' + numberText(device.revision);
-}
-
 std::string labelOf(const Device& device)
 {
-    std::string label = "device " + std::to_string(device.number) + ", " + identityOf(device);
+    std::string label = "device " + std::to_string(device.number) + ", "
+                        + show::identityText(device.vendor, device.product, device.revision);
     if (!device.type.empty())
-        label += ", " + cutText(device.type, maxColumns);
+        label += ", " + show::cutName(device.type);
     if (!device.name.empty())
-        label += (device.type.empty() ? ", " : " ") + quoted(device.name);
+        label += (device.type.empty() ? ", \"" : " \"") + show::cutName(device.name) + '"';
     return label;
 }
 
@@ -64,9 +47,9 @@ std::string labelOf(const Area& area)
     constexpr std::int64_t bitsPerByte = 8;
     std::string label = area.isInput ? "Inputs" : "Outputs";
     label += ", sync manager " + std::to_string(area.number) + ": ";
-    label += area.bits == 0 ? "no process data" : counted(area.bytes, "byte") + " used";
+    label += area.bits == 0 ? "no process data" : show::counted(area.bytes, "byte") + " used";
     if (area.bits % bitsPerByte != 0)
-        label += " (" + counted(area.bits, "bit") + ')';
+        label += " (" + show::counted(area.bits, "bit") + ')';
     label += area.length < 0 ? ", length not known" : ", length " + std::to_string(area.length);
     if (area.maxLength > 0)
         label += ", at most " + std::to_string(area.maxLength);
@@ -80,32 +63,7 @@ std::string labelOf(const Area& area)
 
 std::string labelOf(const Pdo& pdo)
 {
-    std::string label = "PDO " + show::hexText(pdo.index);
-    if (!pdo.name.empty())
-        label += ' ' + quoted(pdo.name);
-    if (pdo.place >= 0)
-        label += ", slot " + slotText(pdo);
-    return label;
-}
-
-std::string placeText(std::int64_t bit)
-{
-    return std::to_string(facts::byteOf(bit)) + '.' + std::to_string(facts::bitInByte(bit));
-}
-
-std::string objectText(const Row& row)
-{
-    return show::hexText(row.index) + ':' + std::to_string(row.subIndex);
-}
-
-std::string slotText(const Pdo& pdo)
-{
-    return pdo.place < 0 ? std::string() : std::to_string(pdo.place + 1);
-}
-
-std::string counted(std::int64_t number, std::string_view unit)
-{
-    return std::to_string(number) + ' ' + std::string(unit) + (number == 1 ? "" : "s");
+    return show::pdoLabel(pdo.index, pdo.name, pdo.place);
 }
 
 } // namespace image

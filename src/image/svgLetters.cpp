@@ -1,6 +1,6 @@
 #include "image/svgLetters.h"
 
-#include "image/cutText.h"
+#include "show/cutText.h"
 #include "show/textColumns.h"
 
 #include <algorithm>
@@ -93,7 +93,7 @@ double pixelsOf(const std::string& utf8, int size)
 
 std::string fitted(const std::string& utf8, const std::string& ending, int width)
 {
-    const auto cut = [&](std::size_t columns) { return cutText(utf8, columns) + ending; };
+    const auto cut = [&](std::size_t columns) { return show::cutText(utf8, columns) + ending; };
     auto most = static_cast<std::size_t>(width / narrowest);
     if (std::string text = cut(most); pixelsOf(text) <= width)
         return text;

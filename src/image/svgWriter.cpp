@@ -1,10 +1,11 @@
 // svgWriter.cpp - process images as one picture, sync manager below sync manager.
-#include "image/cutText.h"
 #include "image/imageWords.h"
 #include "image/imageWriters.h"
 #include "image/svgLetters.h"
 #include "image/svgMarkup.h"
 #include "image/svgParts.h"
+#include "show/cutText.h"
+#include "show/showWords.h"
 
 #include <algorithm>
 #include <array>
@@ -57,11 +58,12 @@ std::string attributesOf(const Area& area, const Box& box)
 std::string titleOf(const Box& box)
 {
     const Row& row = *box.row;
-    std::string title = row.kind == RowKind::Entry ? objectText(row) : std::string(kindName(row.kind));
+    std::string title =
+        row.kind == RowKind::Entry ? show::objectText(row.index, row.subIndex) : std::string(kindName(row.kind));
     for (const std::string& text : {row.name, row.type})
         if (!text.empty())
-            title += ", " + cutText(text, maxTitle);
-    title += ", " + counted(row.bits, "bit") + " from " + placeText(row.bit);
+            title += ", " + show::cutText(text, maxTitle);
+    title += ", " + show::counted(row.bits, "bit") + " from " + show::placeText(row.bit);
     if (box.pdo != nullptr)
         title += ", " + labelOf(*box.pdo);
     return title;
@@ -72,13 +74,13 @@ std::string nameOf(const Row& row)
 {
     if (row.kind != RowKind::Entry)
         return std::string(kindName(row.kind));
-    return row.name.empty() ? objectText(row) : row.name;
+    return row.name.empty() ? show::objectText(row.index, row.subIndex) : row.name;
 }
 
 /// What is added to the name on a line of several bytes.
 std::string countOn(const Line& line)
 {
-    return line.firstByte == line.lastByte ? "" : ": " + counted(line.lastByte - line.firstByte + 1, "byte");
+    return line.firstByte == line.lastByte ? "" : ": " + show::counted(line.lastByte - line.firstByte + 1, "byte");
 }
 
 int bitX(int bit)
@@ -127,7 +129,7 @@ public:
         if (device.areas.empty())
             heading(12, "No process data.");
         for (const Area& area : device.areas)
-            draw(area, "device" + std::to_string(device.number) + '-' + std::string(directionName(area))
+            draw(area, "device" + std::to_string(device.number) + '-' + std::string(show::dataDirection(area.isInput))
                            + std::to_string(area.number));
     }
 
@@ -195,7 +197,7 @@ private:
         const auto widest =
             std::max_element(box.parts.begin(), box.parts.end(),
                              [](const Part& left, const Part& right) { return widthOf(left) < widthOf(right); });
-        const std::string name = cutText(nameOf(*box.row), maxTitle);
+        const std::string name = show::cutText(nameOf(*box.row), maxTitle);
         for (auto part = box.parts.begin(); part != box.parts.end(); ++part) {
             const int room = widthOf(*part) - 2 * letterGap;
             const std::string text = fitted(name, countOn(picture.lines[part->line]), room);
@@ -222,9 +224,10 @@ private:
         constexpr int size = 12;
         constexpr int left = gridX + size + letterGap;
         put([&] {
-            const std::string bits = pdo.bits == 0 ? ": no bits"
-                                                   : ": " + counted(pdo.bits, "bit") + ", " + placeText(pdo.bit)
-                                                         + " to " + placeText(pdo.bit + pdo.bits - 1);
+            const std::string bits = pdo.bits == 0
+                                         ? ": no bits"
+                                         : ": " + show::counted(pdo.bits, "bit") + ", " + show::placeText(pdo.bit)
+                                               + " to " + show::placeText(pdo.bit + pdo.bits - 1);
             return rectangleElement({}, {gridX, m_y + 4, size, size}, colouredBy(colourOf(area, pdo), fullLine))
                    + textElement({}, left, m_y + letterBaseline, {},
                                  fitted(image::labelOf(pdo), bits, pageWidth - margin - left));
@@ -236,7 +239,7 @@ private:
     void heading(int size, const std::string& text)
     {
         const std::string attributes = "font-size=\"" + std::to_string(size) + '"';
-        for (const std::string& line : brokenAt(cutText(text, maxHeading), pageWidth - 2 * margin, size)) {
+        for (const std::string& line : brokenAt(show::cutText(text, maxHeading), pageWidth - 2 * margin, size)) {
             m_y += lineHeight;
             put([&] { return textElement({}, margin, m_y, attributes, line); });
         }

@@ -1,18 +1,9 @@
 #include "show/namedDevice.h"
 
+#include "facts/ktlFacts.h"
 #include "show/showWords.h"
 
 namespace show {
-
-namespace {
-
-/// The first of the names that a KTL file has of a device.
-std::string nameOf(const KtlDeviceBlock& block)
-{
-    return block.moreInfo ? block.moreInfo->text.substr(0, block.moreInfo->text.find('\n')) : std::string();
-}
-
-} // namespace
 
 NamedDevice namedDevice(const ShownFile& file, std::size_t index)
 {
@@ -20,7 +11,12 @@ NamedDevice namedDevice(const ShownFile& file, std::size_t index)
     if (file.esi == nullptr) {
         const KtlDeviceBlock& block = file.devices[index].block;
         const struct_KTL_EtherCatDeviceType& general = block.general;
-        return {owner, nameOf(block), {}, general.m_iVendor_Id, general.m_iProduct_Code, general.m_iRevision_No};
+        return {owner,
+                std::string(facts::nameIn(block)),
+                {},
+                general.m_iVendor_Id,
+                general.m_iProduct_Code,
+                general.m_iRevision_No};
     }
     const struct_EtherCatDevice& device = file.esi->device[index];
     const DeviceTypeAttributes& type = device.TypeAttributes;
@@ -38,7 +34,7 @@ std::vector<NamedDevice> namedDevices(const ShownFile& file)
 
 std::string identityText(const NamedDevice& device)
 {
-    return hexText(device.vendor) + ':' + hexText(device.product) + ':' + hexText(device.revision);
+    return identityText(device.vendor, device.product, device.revision);
 }
 
 } // namespace show

@@ -2,9 +2,11 @@
 
 #include "editing/deviceTypeTexts.h"
 #include "editing/linkTexts.h"
+#include "facts/processImage.h"
 #include "model/assignActivate.h"
 #include "model/syncDirection.h"
 #include "model/valueTexts.h"
+#include "show/cutText.h"
 
 #include <QByteArray>
 #include <QString>
@@ -117,6 +119,41 @@ std::vector<std::string> assignActivateWords(std::int64_t assignActivate)
         words.push_back("bit " + std::to_string(bit) + (name.empty() ? "" : ": " + name));
     }
     return words;
+}
+
+std::string_view dataDirection(bool isInput)
+{
+    return isInput ? "inputs" : "outputs";
+}
+
+std::string identityText(std::uint32_t vendor, std::uint32_t product, std::uint32_t revision)
+{
+    return numberText(vendor) + ':' + numberText(product) + ':' + numberText(revision);
+}
+
+std::string withName(std::uint16_t index, std::string_view name)
+{
+    return hexText(index) + (name.empty() ? "" : " \"" + cutName(name) + '"');
+}
+
+std::string slotLabel(int place)
+{
+    return "slot " + std::to_string(place + 1);
+}
+
+std::string pdoLabel(std::uint16_t index, std::string_view name, int place)
+{
+    return "PDO " + withName(index, name) + (place < 0 ? "" : ", " + slotLabel(place));
+}
+
+std::string objectText(std::uint16_t index, std::uint32_t subIndex)
+{
+    return hexText(index) + ':' + std::to_string(subIndex);
+}
+
+std::string placeText(std::int64_t bit)
+{
+    return std::to_string(facts::byteOf(bit)) + '.' + std::to_string(facts::bitInByte(bit));
 }
 
 std::string wordsOf(KtlMeaning meaning, std::int64_t number)

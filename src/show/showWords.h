@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace show {
@@ -42,6 +43,29 @@ template<typename Number>
 /// Words of the bits that are set in a DC assign-activate word: "bit 9: SYNC 0". Bits without a meaning of their own
 /// show as their number.
 [[nodiscard]] std::vector<std::string> assignActivateWords(std::int64_t assignActivate);
+
+/// "inputs" or "outputs".
+[[nodiscard]] std::string_view dataDirection(bool isInput);
+
+/// Vendor, product code and revision as all sub-commands write them and selectors take them: "0x7e570002:0x5001:0x00".
+[[nodiscard]] std::string identityText(std::uint32_t vendor, std::uint32_t product, std::uint32_t revision);
+
+/// An index with a name, which is cut where it is longer than people read: `0x1600 "Control"`.
+[[nodiscard]] std::string withName(std::uint16_t index, std::string_view name);
+
+/// "slot 3".
+/// @param place  of a module, from 0
+[[nodiscard]] std::string slotLabel(int place);
+
+/// `PDO 0x1600 "Control", slot 3`.
+/// @param place  of the module that it belongs to, from 0; negative for a PDO of the device itself
+[[nodiscard]] std::string pdoLabel(std::uint16_t index, std::string_view name, int place);
+
+/// "0x6000:1".
+[[nodiscard]] std::string objectText(std::uint16_t index, std::uint32_t subIndex);
+
+/// A bit of a process image as "12.3": the byte, and the bit in it.
+[[nodiscard]] std::string placeText(std::int64_t bit);
 
 /// What the number in a field of a KTL file means; empty where it is just a number.
 [[nodiscard]] std::string wordsOf(KtlMeaning meaning, std::int64_t number);

@@ -1,6 +1,7 @@
 #include "show/summary.h"
 
 #include "model/moduleAccess.h"
+#include "show/cutText.h"
 #include "show/deviceImage.h"
 #include "show/namedDevice.h"
 #include "show/showWords.h"
@@ -24,7 +25,8 @@ void writeList(SummaryWriter& text, const ShownFile& file)
     SummaryPart list{{}, {}, TextRow(4), {}};
     for (const std::size_t index : file.shown) {
         const NamedDevice device = namedDevice(file, index);
-        list.rows.push_back({{}, {std::to_string(index + 1), identityText(device), device.type, device.name}});
+        list.rows.push_back(
+            {{}, {std::to_string(index + 1), identityText(device), cutName(device.type), cutName(device.name)}});
     }
     text.writeTable(list, 2);
 }
@@ -46,8 +48,9 @@ SummaryPart modulesOf(const struct_FilenameDevice& file)
     SummaryPart part{{}, {}, TextRow(3), {}};
     forEachModule(file, [&](const struct_module& module) {
         const ModuleTypeAttributes& type = module.TypeAttributes;
-        part.rows.push_back(
-            {{}, {hexText(type.ModuleIdent), type.Name == module.Name ? std::string() : type.Name, module.Name}});
+        part.rows.push_back({{},
+                             {hexText(type.ModuleIdent), type.Name == module.Name ? std::string() : cutName(type.Name),
+                              cutName(module.Name)}});
     });
     return part;
 }

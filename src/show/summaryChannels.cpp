@@ -1,5 +1,6 @@
 #include "facts/processData.h"
 #include "model/syncDirection.h"
+#include "show/cutText.h"
 #include "show/showWords.h"
 #include "show/summarySections.h"
 
@@ -13,7 +14,7 @@ namespace {
 /// Name of a direction; the text of the file for one without a name.
 std::string kindText(std::uint8_t direction, std::string_view name)
 {
-    return direction == KTL_UnknownType && !name.empty() ? std::string(name) : directionName(direction);
+    return direction == KTL_UnknownType && !name.empty() ? cutName(name) : directionName(direction);
 }
 
 /// Bytes of process data of the assigned PDOs; nothing where the file does not tell which sync manager they are on.
@@ -25,7 +26,8 @@ std::optional<std::int64_t> usedBytes(const facts::SyncManagerFacts& syncManager
     return found == image.end() ? std::nullopt : std::optional(found->bytes());
 }
 
-/// "14 of 64 bytes". Without a limit in the file the length counts, which PDOs of modules need not be part of.
+/// "14 of 64 bytes". Without a limit in the file the length that goes out counts: PDOs of modules need not be part of
+/// it, and a wrong one shows, as "3 of 2 bytes".
 std::string useText(const facts::SyncManagerFacts& syncManager, const facts::ProcessImage& image)
 {
     const SmAttributes& attributes = syncManager.attributes;
@@ -35,8 +37,10 @@ std::string useText(const facts::SyncManagerFacts& syncManager, const facts::Pro
         return counted(attributes.DefaultSize, "byte");
     const std::optional<std::int64_t> known = usedBytes(syncManager, image);
     const std::int64_t used = known.value_or(syncManager.exportedBytes);
-    const std::int64_t room = attributes.MaxSize > 0 ? attributes.MaxSize : std::max(syncManager.exportedBytes, used);
-    return (used == room ? "" : std::to_string(used) + " of ") + counted(room, "byte");
+    const std::int64_t room = attributes.MaxSize > 0 ? attributes.MaxSize : syncManager.exportedBytes;
+    if (room < 0 || room == used)
+        return counted(used, "byte");
+    return std::to_string(used) + " of " + counted(room, "byte");
 }
 
 std::string fmmuText(const facts::FmmuFacts& fmmu)

@@ -1,3 +1,4 @@
+#include "show/cutText.h"
 #include "show/showWords.h"
 #include "show/summarySections.h"
 
@@ -22,8 +23,8 @@ std::string signalText(const char* signal, std::int32_t cycle, std::int32_t shif
 /// The rows of a mode: its assign-activate word is in the first one, with its description or the first of its times.
 void addMode(SummaryPart& part, const facts::ModeFacts& mode)
 {
-    TextRow head{part.rows.empty() ? "chosen" : "", std::string(mode.name), hexText(mode.assignActivate), {}};
-    std::vector<std::string> texts{std::string(mode.description),
+    TextRow head{part.rows.empty() ? "chosen" : "", cutName(mode.name), hexText(mode.assignActivate), {}};
+    std::vector<std::string> texts{cutName(mode.description),
                                    signalText("SYNC 0", mode.cycleTimeSync0, mode.shiftTimeSync0),
                                    signalText("SYNC 1", mode.cycleTimeSync1, mode.shiftTimeSync1)};
     texts.erase(std::remove(texts.begin(), texts.end(), std::string()), texts.end());

@@ -1,4 +1,5 @@
 #include "model/deviceRecords.h"
+#include "show/cutText.h"
 #include "show/showWords.h"
 #include "show/summarySections.h"
 
@@ -24,8 +25,8 @@ SummaryParts identitySection(const SummaryDevice& device)
         if (!text.empty())
             parts.push_back({label, text, {}, {}});
     };
-    add("type", std::string(device.unit.type));
-    add("name", std::string(device.unit.name));
+    add("type", cutName(device.unit.type));
+    add("name", cutName(device.unit.name));
     add("serial number", general.m_iSerial_No == 0 ? std::string() : hexText(general.m_iSerial_No));
     add("device class", classText(general));
     add("drive axes", general.m_iDriveAxies == 0 ? std::string() : std::to_string(general.m_iDriveAxies));

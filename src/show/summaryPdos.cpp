@@ -1,5 +1,7 @@
 #include "editing/linkTexts.h"
 #include "model/pdoLink.h"
+#include "show/busModules.h"
+#include "show/cutText.h"
 #include "show/showWords.h"
 #include "show/summarySections.h"
 
@@ -9,52 +11,36 @@ namespace show {
 
 namespace {
 
-std::string withName(std::uint16_t index, std::string_view name)
+std::string pdoHeading(const facts::PdoFacts& pdo)
 {
-    return hexText(index) + (name.empty() ? "" : " " + std::string(name));
-}
-
-std::string pdoHeading(const facts::PdoFacts& pdo, bool isFromKtl)
-{
-    std::vector<std::string> remarks;
-    if (pdo.isFixed)
-        remarks.emplace_back("fixed");
-    if (pdo.isMandatory)
-        remarks.emplace_back("mandatory");
-    if (pdo.place >= 0)
-        remarks.push_back((isFromKtl ? "place " : "slot ") + std::to_string(pdo.place + 1));
-    std::string heading = "PDO " + withName(pdo.index, pdo.name);
-    for (const std::string& remark : remarks)
-        heading += (&remark == remarks.data() ? " (" : ", ") + remark;
-    return heading + (remarks.empty() ? "" : ")");
+    return pdoLabel(pdo.index, pdo.name, pdo.place) + (pdo.isFixed ? ", fixed" : "")
+           + (pdo.isMandatory ? ", mandatory" : "");
 }
 
 TextRow entryCells(const facts::ImageEntry& mapped)
 {
     const facts::EntryFacts& entry = *mapped.entry;
-    const std::string place =
-        std::to_string(facts::byteOf(mapped.bit)) + '.' + std::to_string(facts::bitInByte(mapped.bit));
-    return {place,
+    return {placeText(mapped.bit),
             std::to_string(mapped.bits),
-            mapped.isGap() ? "gap" : hexText(entry.index) + ':' + std::to_string(entry.subIndex),
-            std::string(entry.dataType),
-            std::string(entry.name),
+            mapped.isGap() ? "gap" : objectText(entry.index, entry.subIndex),
+            cutName(entry.dataType),
+            cutName(entry.name),
             entry.link == KTL_PDO_TYPE_NONE ? std::string() : linkName(entry.link).toStdString()};
 }
 
 /// "outputs, sync manager 2: 14 bytes".
 std::string imageLabel(const facts::SyncManagerImage& image)
 {
-    return std::string(image.isInput ? "inputs" : "outputs") + ", sync manager " + std::to_string(image.number) + ": "
+    return std::string(dataDirection(image.isInput)) + ", sync manager " + std::to_string(image.number) + ": "
            + counted(image.bytes(), "byte");
 }
 
-SummaryPart imagePart(const facts::SyncManagerImage& image, bool isFromKtl)
+SummaryPart imagePart(const facts::SyncManagerImage& image)
 {
     SummaryPart part{imageLabel(image), {}, {"byte.bit", "bits", "object", "type", "name", "link"}, {}};
     auto entry = image.entries.begin();
     for (const facts::PdoFacts* const pdo : image.pdos) {
-        part.rows.push_back({pdoHeading(*pdo, isFromKtl), {}});
+        part.rows.push_back({pdoHeading(*pdo), {}});
         for (; entry != image.entries.end() && entry->pdo == pdo; ++entry)
             if (entry->bits > 0 || !entry->isGap())
                 part.rows.push_back({{}, entryCells(*entry)});
@@ -96,7 +82,7 @@ SummaryParts pdoSection(const SummaryDevice& device)
     for (const facts::SyncManagerImage& image : device.image) {
         placed.insert(placed.end(), image.pdos.begin(), image.pdos.end());
         if (!image.pdos.empty())
-            parts.push_back(imagePart(image, device.unit.isFromKtl));
+            parts.push_back(imagePart(image));
     }
     std::sort(placed.begin(), placed.end(), std::less<>());
     PdoNames unassigned;
@@ -108,7 +94,11 @@ SummaryParts pdoSection(const SummaryDevice& device)
     unassigned.addTo(parts, "PDOs not assigned");
     lost.addTo(parts, "PDOs not placed");
     if (!device.preset.areAll)
-        parts.push_back({"further PDOs", "of preset modules, more than a sync manager can have bits", {}, {}});
+        parts.push_back({"further PDOs", "of preset modules, more entries or bits than a device can have", {}, {}});
+    const std::string_view onTheBus =
+        device.model != nullptr ? busModulesNote(*device.model, device.unit) : busModulesNote(device.carried.block);
+    if (!onTheBus.empty())
+        parts.push_back({"modules", std::string(onTheBus), {}, {}});
     return parts;
 }
 

@@ -1,4 +1,5 @@
 #include "facts/slotFacts.h"
+#include "show/cutText.h"
 #include "show/showWords.h"
 #include "show/summarySections.h"
 
@@ -86,13 +87,14 @@ TextRow slotCells(const struct_Slot& slot)
     CountedTexts modules;
     for (const struct_slotmodule& placed : slot.slotmodule)
         modules.add(placed.module.Name.empty() ? hexText(placed.module.TypeAttributes.ModuleIdent)
-                                               : placed.module.Name);
+                                               : cutName(placed.module.Name));
     std::string accepted;
     for (const std::string_view moduleClass : facts::classesOf(slot))
-        accepted += (accepted.empty() ? "class " : ", ") + std::string(moduleClass);
+        accepted += (accepted.empty() ? "class " : ", ") + cutName(moduleClass);
     if (!slot.ModuleIdent.empty())
         accepted += (accepted.empty() ? "" : ", ") + counted(slot.ModuleIdent.size(), "ident");
-    return {slot.Name, roomText(slot.Attributes.MinInstances, slot.Attributes.MaxInstances), modules.end(), accepted};
+    return {cutName(slot.Name), roomText(slot.Attributes.MinInstances, slot.Attributes.MaxInstances), modules.end(),
+            accepted};
 }
 
 SummaryParts modelSlots(const DeviceSlots& deviceSlots)

@@ -1,4 +1,5 @@
 #include "model/objectAreas.h"
+#include "show/cutText.h"
 #include "show/showStartup.h"
 #include "show/showWords.h"
 #include "show/summarySections.h"
@@ -75,14 +76,14 @@ std::string purposeText(const ShownCommand& command)
     const StartupSource& source = *command.source;
     const std::string meaning = meaningOf(command);
     const bool isDeclared = std::string_view(source.origin) == "ESI" || std::string_view(source.origin) == "module";
-    const std::string comment(isDeclared || meaning.empty() ? source.comment.value_or("") : "");
+    const std::string comment = isDeclared || meaning.empty() ? cutName(source.comment.value_or("")) : std::string();
     return meaning + (meaning.empty() || comment.empty() ? "" : "; ") + comment;
 }
 
 TextRow commandCells(const ShownCommand& command)
 {
     const struct_KTL_InitCmd& record = command.record;
-    const std::string object = hexText(record.Index) + ':' + std::to_string(record.SubIndex);
+    const std::string object = objectText(record.Index, record.SubIndex);
     return {command.isEoe ? "EoE" : object, valueText(record), purposeText(command)};
 }
 

@@ -14,9 +14,16 @@ constexpr std::size_t longWord = 12; // a longer one breaks where room is short
 constexpr std::size_t wideGap = 2; // between columns
 constexpr std::size_t narrowGap = 1;
 
+/// Whether a cell is no reason to keep its column.
+bool saysNothing(const std::string& cell, LeftOut leftOut)
+{
+    return cell.empty() || (leftOut == LeftOut::EmptyOrNo && (cell == "-" || cell == "no"));
+}
+
 } // namespace
 
-TextTable::TextTable(TextRow labels)
+TextTable::TextTable(TextRow labels, LeftOut leftOut)
+    : m_leftOut(leftOut)
 {
     for (std::string& label : labels) {
         Column column;
@@ -36,7 +43,7 @@ bool TextTable::measure(const TextRow& row)
         const std::string& cell = row[index];
         column.cells = std::max(column.cells, columnsOf(cell));
         column.minWidth = std::max(column.minWidth, std::min(maxWordColumns(cell), longWord));
-        column.isLeftOut = column.isLeftOut && (cell.empty() || cell == "-" || cell == "no");
+        column.isLeftOut = column.isLeftOut && saysNothing(cell, m_leftOut);
     }
     return true;
 }
@@ -80,6 +87,8 @@ bool TextTable::fit(std::size_t lineWidth)
 
 void TextTable::writeLabels(std::ostream& out, std::size_t indentation) const
 {
+    if (std::all_of(m_columns.begin(), m_columns.end(), [](const Column& column) { return column.isLeftOut; }))
+        return;
     TextRow labels;
     for (const Column& column : m_columns)
         labels.push_back(column.label);

@@ -11,21 +11,29 @@ namespace show {
 
 using TextRow = std::vector<std::string>;
 
+/// What a column has to be, throughout, to be left out of a table.
+enum class LeftOut
+{
+    Empty,
+    EmptyOrNo, ///< "no" and "-" are as good as nothing; not for names, which can be these too
+};
+
 /// The columns of a table: first every row is measured, then the column widths are set, then the rows are written.
 class TextTable
 {
 public:
-    explicit TextTable(TextRow labels);
+    explicit TextTable(TextRow labels, LeftOut leftOut = LeftOut::Empty);
 
     /// Measures a row.
     /// @return  false if it does not have a cell for each column
     [[nodiscard]] bool measure(const TextRow& row);
 
     /// Sets the widths for lines of at most that many columns of the terminal. A table that is too wide gets narrow
-    /// columns, in which cells break into lines. Columns that are empty, or "no" throughout, are left out.
+    /// columns, in which cells break into lines. Columns with nothing in them are left out.
     /// @return  false if the table cannot be made to fit
     [[nodiscard]] bool fit(std::size_t lineWidth);
 
+    /// Writes nothing if no column is left.
     void writeLabels(std::ostream& out, std::size_t indentation) const;
     void writeRow(std::ostream& out, const TextRow& row, std::size_t indentation) const;
 
@@ -45,6 +53,7 @@ private:
     [[nodiscard]] std::size_t totalWidth(std::size_t gap) const;
 
     std::vector<Column> m_columns;
+    LeftOut m_leftOut;
     std::size_t m_gap = 0; ///< between columns
 };
 

@@ -187,7 +187,7 @@ std::optional<TextTable> tableOf(const List& list, std::size_t lineWidth)
     TextRow labels;
     if (!rowOf(list.at(0), &labels))
         return std::nullopt;
-    TextTable table(std::move(labels));
+    TextTable table(std::move(labels), LeftOut::EmptyOrNo);
     for (std::size_t index = 0; index < list.count; ++index) {
         const std::optional<TextRow> row = rowOf(list.at(index), nullptr);
         if (!row || !table.measure(*row))

@@ -1,6 +1,7 @@
 // `ktl show`: the devices that are asked for, in each form, and the parts of a KTL file.
 // Covers showCommand.cpp, showRequest.cpp, showWriter.cpp, namedDevice.cpp.
 #include "cli/showRun.h"
+#include "ktl/ktlBytes.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -20,6 +21,8 @@ private slots:
     void tables();
     void full();
     void ktlFile();
+    void namesOfKtlDevices_data();
+    void namesOfKtlDevices();
     void itemsOfEsiFiles();
     void linesOfAPipe();
 
@@ -169,6 +172,31 @@ void tst_ShowDevices::ktlFile()
     QVERIFY(items.contains("\n\n@0x00000000 40000 General, "));
     QVERIFY(!items.contains("\nDevice "));
     QVERIFY(all.startsWith(items + "\nDevice 1 of 4\n"));
+}
+
+void tst_ShowDevices::namesOfKtlDevices_data()
+{
+    QTest::addColumn<QByteArray>("names");
+    QTest::addRow("line feed") << QByteArray("Name\nLine2");
+    QTest::addRow("carriage return") << QByteArray("Name\rLine2");
+    QTest::addRow("NUL") << QByteArray("Name\0Line2", 10);
+}
+
+/// The name of a device is the first line of its names, whatever ends it, for every sub-command.
+void tst_ShowDevices::namesOfKtlDevices()
+{
+    QFETCH(QByteArray, names);
+    const QByteArray end = zeros(4) + le32(12) + zeros(4);
+    const QByteArray moreInfo = le32(40016) + le32(static_cast<std::uint32_t>(24 + names.size() + 1)) + zeros(16);
+    const QString path =
+        writtenFile(m_folder, "names.ktl",
+                    le32(40000) + le32(52) + le32(1) + le32(2) + zeros(36) + moreInfo + names + zeros(1) + end);
+    for (const char* const command : {"show", "image"}) {
+        const CommandRun run = runHere({command, path, "--device", "Name"});
+        QCOMPARE(run.errors, QByteArray());
+        QVERIFY2(run.output.contains("0x1:0x2:0x00"), run.output.constData());
+        QVERIFY2(!run.output.contains("Line2"), run.output.constData());
+    }
 }
 
 /// The items of the others are shown.

@@ -4,6 +4,7 @@
 #include "image/imageParts.h"
 #include "image/imageRows.h"
 #include "image/imageWords.h"
+#include "show/showWords.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -30,15 +31,14 @@ QStringList linesOf(const image::Area& area)
     const auto add = [&](const image::Row& row) {
         lines += QStringLiteral("%1 %2+%3 %4")
                      .arg(QString::fromStdString(std::string(image::kindName(row.kind))),
-                          QString::fromStdString(image::placeText(row.bit)))
+                          QString::fromStdString(show::placeText(row.bit)))
                      .arg(row.bits)
-                     .arg(QString::fromStdString(image::objectText(row)));
+                     .arg(QString::fromStdString(show::objectText(row.index, row.subIndex)));
     };
     for (const image::Pdo& pdo : area.pdos) {
-        lines +=
-            QStringLiteral("%1 %2+%3")
-                .arg(QString::fromStdString(image::labelOf(pdo)), QString::fromStdString(image::placeText(pdo.bit)))
-                .arg(pdo.bits);
+        lines += QStringLiteral("%1 %2+%3")
+                     .arg(QString::fromStdString(image::labelOf(pdo)), QString::fromStdString(show::placeText(pdo.bit)))
+                     .arg(pdo.bits);
         for (const image::Row& row : pdo.rows)
             add(row);
     }
@@ -143,8 +143,6 @@ void tst_ImageRows::labels()
     device.name.clear();
     QCOMPARE(image::labelOf(device), std::string("device 2, 0x7e57:0x1:0x20"));
     QCOMPARE(image::labelOf(imageParts::mixedArea().pdos[1]), std::string("PDO 0x1a10 \"Module\", slot 2"));
-    QCOMPARE(image::counted(1, "byte"), std::string("1 byte"));
-    QCOMPARE(image::counted(0, "byte"), std::string("0 bytes"));
 }
 
 static const testMain::Registration<tst_ImageRows, testMain::NoApplication> registration;

@@ -8,6 +8,8 @@
 #include <QtTest>
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 #include <vector>
 
 class tst_ShowWords : public QObject
@@ -19,6 +21,7 @@ private slots:
     static void pairsOfBytes();
     static void names();
     static void bitsOfAssignActivate();
+    static void processData();
     static void counts();
     static void times_data();
     static void times();
@@ -62,6 +65,18 @@ void tst_ShowWords::bitsOfAssignActivate()
                                             "bit 10: SYNC 1", "bit 31"};
     QCOMPARE(show::assignActivateWords(0x80000701), expected);
     QVERIFY(show::assignActivateWords(0).empty());
+}
+
+void tst_ShowWords::processData()
+{
+    QCOMPARE(show::dataDirection(true), std::string_view("inputs"));
+    QCOMPARE(show::dataDirection(false), std::string_view("outputs"));
+    QCOMPARE(show::identityText(0x7E570002, 0x5001, 0), std::string("0x7e570002:0x5001:0x00"));
+    QCOMPARE(show::pdoLabel(0x1600, "Control", -1), std::string("PDO 0x1600 \"Control\""));
+    QCOMPARE(show::pdoLabel(0x1A01, "", 2), std::string("PDO 0x1a01, slot 3"));
+    QCOMPARE(show::withName(0x1600, std::string(121, 'x')), "0x1600 \"" + std::string(117, 'x') + "...\"");
+    QCOMPARE(show::objectText(0x6000, 17), std::string("0x6000:17"));
+    QCOMPARE(show::placeText(15), std::string("1.7"));
 }
 
 void tst_ShowWords::counts()

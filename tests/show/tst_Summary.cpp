@@ -14,6 +14,7 @@ private slots:
     static void someDevices();
     static void ktlFile();
     static void narrowTerminal();
+    static void longNames();
 };
 
 namespace {
@@ -74,10 +75,10 @@ void tst_Summary::ktlFile()
 {
     show::ShownFile file;
     file.setKtl(vectorOf(general(2) + general(3) + endItem()));
-    QCOMPARE(summaryOf(file), QByteArray("  1  0x1:0x2:0x0\n"
-                                         "  2  0x1:0x3:0x0\n"
-                                         "\nDevice 1 of 2: 0x1:0x2:0x0\n  device class       IOBlock\n"
-                                         "\nDevice 2 of 2: 0x1:0x3:0x0\n  device class       IOBlock\n"));
+    QCOMPARE(summaryOf(file), QByteArray("  1  0x1:0x2:0x00\n"
+                                         "  2  0x1:0x3:0x00\n"
+                                         "\nDevice 1 of 2: 0x1:0x2:0x00\n  device class       IOBlock\n"
+                                         "\nDevice 2 of 2: 0x1:0x3:0x00\n  device class       IOBlock\n"));
 }
 
 /// However narrow it is, every line fits that can.
@@ -87,6 +88,28 @@ void tst_Summary::narrowTerminal()
     setEsiText(file, esiFile(deviceElement("<Fmmu>Outputs</Fmmu><Fmmu>Inputs</Fmmu>", "one two three four")));
     for (const QByteArray& line : summaryOf(file, 32).split('\n'))
         QVERIFY2(line.size() <= 32, line.constData());
+}
+
+/// Of 120 columns 117 are the name and the others "...": of each device 2 texts in the list and 14 by itself, and the
+/// name of the module.
+void tst_Summary::longNames()
+{
+    const QByteArray name(200000, 'q');
+    const QByteArray named = "<Name>" + name + "</Name>";
+    const QByteArray type = "<Type ProductCode=\"1\" ModuleIdent=\"1\">" + name + "</Type>";
+    const QByteArray pdo = "<Index>#x1600</Index>" + named + "<Entry><Index>1</Index><BitLen>8</BitLen>" + named
+                           + "<DataType>" + name + "</DataType></Entry></RxPdo>";
+    const QByteArray device =
+        "<Device>" + type + named + "<Fmmu>" + name + "</Fmmu><Sm>Outputs</Sm><Sm>" + name + "</Sm><RxPdo Sm=\"0\">"
+        + pdo + "<RxPdo>" + pdo + "<Mailbox><CoE><InitCmd><Transition>PS</Transition><Index>1</Index><Data>01</Data>"
+        + "<Comment>" + name + "</Comment></InitCmd></CoE></Mailbox><Dc><OpMode>" + named + "<Desc>" + name
+        + "</Desc></OpMode></Dc><Slots><Slot MaxInstances=\"1\">" + named
+        + "<ModuleIdent Default=\"1\">1</ModuleIdent></Slot><Slot><ModuleClass><Class>" + name
+        + "</Class></ModuleClass></Slot></Slots><Profile><ProfileNo>5001</ProfileNo></Profile></Device>";
+    show::ShownFile file;
+    setEsiText(file, esiFile(device + device, "<Module>" + type + named + "</Module>"));
+    const QByteArray summary = summaryOf(file);
+    QCOMPARE(summary.count('q'), (2 * (2 + 14) + 1) * 117);
 }
 
 static const testMain::Registration<tst_Summary, testMain::NoApplication> registration;

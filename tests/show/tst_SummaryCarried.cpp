@@ -1,5 +1,6 @@
 // What the summary tells of slots and modules that a KTL file carries.
 // Covers summarySlots.cpp.
+#include "model/deviceType.h"
 #include "show/summarySections.h"
 #include "testMain.h"
 
@@ -13,6 +14,9 @@ private slots:
     static void slotsPresetAndModules();
     static void pdosOfPresetModules();
     static void furtherPdos();
+    static void otherLengths_data();
+    static void otherLengths();
+    static void modulesOnTheBus();
 };
 
 namespace {
@@ -92,7 +96,7 @@ void tst_SummaryCarried::slotsPresetAndModules()
                           "modules||: 0x20,1 PDO,1 startup command|: 0x0,,"}));
 }
 
-/// They have the number of their place, and come one after another.
+/// They have the number of their slot, and come one after another.
 void tst_SummaryCarried::pdosOfPresetModules()
 {
     const show::ShownDevice carried = coupler();
@@ -100,8 +104,8 @@ void tst_SummaryCarried::pdosOfPresetModules()
     const facts::PresetPdos preset = facts::presetPdosOf(carried.block);
     const facts::ProcessImage image = facts::processImageOf(unit, preset.pdos);
     QCOMPARE(linesOf(show::pdoSection({unit, preset, image, carried, nullptr})),
-             QStringList{"inputs, sync manager 0: 2 bytes||PDO 0x1a00 (place 1): |: 0.0,8,0x6000:0,,,"
-                         "|PDO 0x1a02 (place 3): |: 1.0,8,0x6000:0,,,"});
+             QStringList{"inputs, sync manager 0: 2 bytes||PDO 0x1a00, slot 1: |: 0.0,8,0x6000:0,,,"
+                         "|PDO 0x1a02, slot 3: |: 1.0,8,0x6000:0,,,"});
 }
 
 void tst_SummaryCarried::furtherPdos()
@@ -112,7 +116,51 @@ void tst_SummaryCarried::furtherPdos()
     preset.areAll = false;
     const facts::ProcessImage image;
     QCOMPARE(linesOf(show::pdoSection({unit, preset, image, carried, nullptr})),
-             QStringList{"further PDOs|of preset modules, more than a sync manager can have bits"});
+             QStringList{"further PDOs|of preset modules, more entries or bits than a device can have"});
+}
+
+void tst_SummaryCarried::otherLengths_data()
+{
+    QTest::addColumn<int>("maxSize");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<QString>("use");
+    QTest::addRow("shorter than the PDOs") << 0 << 1 << QStringLiteral("2 of 1 byte");
+    QTest::addRow("longer than the PDOs") << 0 << 8 << QStringLiteral("2 of 8 bytes");
+    QTest::addRow("that of the PDOs") << 0 << 2 << QStringLiteral("2 bytes");
+    QTest::addRow("the largest counts first") << 1 << 8 << QStringLiteral("2 of 1 byte");
+    QTest::addRow("not known") << 0 << -1 << QStringLiteral("2 bytes");
+}
+
+/// Two PDOs of a byte, in a sync manager with a length that need not be theirs.
+void tst_SummaryCarried::otherLengths()
+{
+    QFETCH(int, maxSize);
+    QFETCH(int, length);
+    QFETCH(QString, use);
+    const show::ShownDevice carried = coupler();
+    facts::UnitFacts unit = unitWithInputs();
+    unit.syncManagers.front().attributes.MaxSize = static_cast<std::uint16_t>(maxSize);
+    unit.syncManagers.front().exportedBytes = length;
+    const facts::PresetPdos preset = facts::presetPdosOf(carried.block);
+    const facts::ProcessImage image = facts::processImageOf(unit, preset.pdos);
+    QCOMPARE(linesOf(show::channelSection({unit, preset, image, carried, nullptr})),
+             QStringList{"sync managers||: 0,Inputs,0x0," + use});
+}
+
+/// Only a coupler with slots finds modules there.
+void tst_SummaryCarried::modulesOnTheBus()
+{
+    show::ShownDevice carried = coupler();
+    const facts::UnitFacts unit = unitWithInputs();
+    const facts::PresetPdos preset;
+    const facts::ProcessImage image;
+    QCOMPARE(linesOf(show::pdoSection({unit, preset, image, carried, nullptr})), QStringList());
+    carried.block.general.m_iDeviceType = KTL_DEVICE_TYPE_PnpIOBlock;
+    QCOMPARE(linesOf(show::pdoSection({unit, preset, image, carried, nullptr})),
+             QStringList{"modules|The controller finds the modules of this coupler on the bus; their PDOs come after "
+                         "these."});
+    carried.block.deviceSlots.reset();
+    QCOMPARE(linesOf(show::pdoSection({unit, preset, image, carried, nullptr})), QStringList());
 }
 
 static const testMain::Registration<tst_SummaryCarried, testMain::NoApplication> registration;

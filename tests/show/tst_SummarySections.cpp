@@ -67,7 +67,7 @@ void tst_SummarySections::bareDevice()
 {
     show::ShownFile file;
     setEsiText(file, esiFile("<Device><Type ProductCode=\"1\"/></Device>"));
-    QCOMPARE(summaryOf(file), QByteArray("\nDevice 1 of 1: 0x7e57:0x1:0x0\n  device class       IOBlock\n"));
+    QCOMPARE(summaryOf(file), QByteArray("\nDevice 1 of 1: 0x7e57:0x1:0x00\n  device class       IOBlock\n"));
 }
 
 void tst_SummarySections::clocksAndChannels_data()
@@ -112,21 +112,33 @@ void tst_SummarySections::processData_data()
         << QByteArray("  sync managers\n    0  Outputs  0x1100  3 of 64 bytes\n"
                       "  outputs, sync manager 0: 3 bytes\n"
                       "      byte.bit  bits  object     type  name\n"
-                      "    PDO 0x1600 Speeds (fixed, mandatory)\n"
+                      "    PDO 0x1600 \"Speeds\", fixed, mandatory\n"
                       "      0.0       1     0x7000:1   BOOL  Flag\n"
                       "      0.1       7     gap\n"
                       "      1.0       16    0x7000:17  INT   \xE9\x80\x9F\xE5\xBA\xA6\n");
-    QTest::addRow("without a limit the length counts")
+    QTest::addRow("without a limit the length counts, here one that is too short")
         << QByteArray("<Sm>Inputs</Sm><TxPdo Sm=\"0\"><Index>#x1A00</Index><Entry><Index>#x6000</Index>"
                       "<BitLen>9</BitLen></Entry><Entry><Index>0</Index><BitLen>0</BitLen></Entry></TxPdo>")
-        << QByteArray("  sync managers\n    0  Inputs  0x0  2 bytes\n"
+        << QByteArray("  sync managers\n    0  Inputs  0x0  2 of 1 byte\n"
                       "  inputs, sync manager 0: 2 bytes\n"
                       "      byte.bit  bits  object\n"
                       "    PDO 0x1a00\n"
                       "      0.0       9     0x6000:0\n");
+    QTest::addRow("entries that are called no")
+        << QByteArray("<Sm>Inputs</Sm><TxPdo Sm=\"0\"><Index>#x1A00</Index><Entry><Index>#x6000</Index>"
+                      "<BitLen>8</BitLen><Name>no</Name></Entry></TxPdo>")
+        << QByteArray("  sync managers\n    0  Inputs  0x0  1 byte\n"
+                      "  inputs, sync manager 0: 1 byte\n"
+                      "      byte.bit  bits  object    name\n"
+                      "    PDO 0x1a00\n"
+                      "      0.0       8     0x6000:0  no\n");
+    QTest::addRow("PDO without entries") << QByteArray("<Sm>Inputs</Sm><TxPdo Sm=\"0\"><Index>#x1A00</Index></TxPdo>")
+                                         << QByteArray("  sync managers\n    0  Inputs  0x0  0 bytes\n"
+                                                       "  inputs, sync manager 0: 0 bytes\n"
+                                                       "    PDO 0x1a00\n");
     QTest::addRow("PDOs that are not assigned")
         << QByteArray("<RxPdo><Index>#x1600</Index><Name>one</Name></RxPdo><TxPdo><Index>#x1A00</Index></TxPdo>")
-        << QByteArray("  PDOs not assigned  0x1600 one, 0x1a00\n");
+        << QByteArray("  PDOs not assigned  0x1600 \"one\", 0x1a00\n");
     QByteArray many;
     for (int number = 0; number < 14; ++number)
         many += "<RxPdo><Index>" + QByteArray::number(0x1600 + number) + "</Index></RxPdo>";
@@ -198,13 +210,16 @@ void tst_SummarySections::slotsAndDictionary_data()
                       "    1 to 2  S     0 to 1   2 idents\n"
                       "    3       Last  1        class DI\n"
                       "\n1 module of the file\n  0x9  M  Module\n");
-    QTest::addRow("what is in a slot") << QByteArray("<Slots><Slot MinInstances=\"1\" MaxInstances=\"1\"><Name>S</Name>"
-                                                     "<ModuleIdent Default=\"1\">9</ModuleIdent></Slot></Slots>"
-                                                     "<Profile><ProfileNo>5001</ProfileNo></Profile>")
-                                       << QByteArray("  1 slot\n"
-                                                     "    no  name  modules  now in it  takes\n"
-                                                     "    1   S     1        Module     1 ident\n"
-                                                     "\n1 module of the file\n  0x9  M  Module\n");
+    QTest::addRow("what is in a slot")
+        << QByteArray("<Slots><Slot MinInstances=\"1\" MaxInstances=\"1\"><Name>S</Name>"
+                      "<ModuleIdent Default=\"1\">9</ModuleIdent></Slot></Slots>"
+                      "<Profile><ProfileNo>5001</ProfileNo></Profile>")
+        << QByteArray("  modules            The controller finds the modules of this coupler on the\n"
+                      "                     bus; their PDOs come after these.\n"
+                      "  1 slot\n"
+                      "    no  name  modules  now in it  takes\n"
+                      "    1   S     1        Module     1 ident\n"
+                      "\n1 module of the file\n  0x9  M  Module\n");
     QTest::addRow("dictionary") << QByteArray(
         "<Profile><Dictionary><DataTypes><DataType><Name>A</Name></DataType></DataTypes><Objects><Object>"
         "<Index>1</Index></Object><Object><Index>2</Index></Object></Objects></Dictionary></Profile>")

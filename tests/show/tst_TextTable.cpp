@@ -15,15 +15,18 @@ private slots:
     static void fits_data();
     static void fits();
     static void doesNotFit();
+    static void namesThatReadAsNo();
+    static void nothingLeft();
     static void rowOfAnotherSize();
 };
 
 namespace {
 
 /// A table with its labels, indented by one blank; "does not fit" if it does not.
-QByteArray written(const show::TextRow& labels, const std::vector<show::TextRow>& rows, std::size_t lineWidth)
+QByteArray written(const show::TextRow& labels, const std::vector<show::TextRow>& rows, std::size_t lineWidth,
+                   show::LeftOut leftOut = show::LeftOut::EmptyOrNo)
 {
-    show::TextTable table(labels);
+    show::TextTable table(labels, leftOut);
     for (const show::TextRow& row : rows)
         if (!table.measure(row))
             return "row of another size";
@@ -80,6 +83,18 @@ void tst_TextTable::doesNotFit()
 {
     QCOMPARE(written({"a", "b"}, {{"123456789012", "1"}}, 14), " a" + QByteArray(12, ' ') + "b\n 123456789012 1\n");
     QCOMPARE(written({"a", "b"}, {{"123456789012", "1"}}, 13), QByteArray("does not fit"));
+}
+
+/// A name may be "no" or "-".
+void tst_TextTable::namesThatReadAsNo()
+{
+    QCOMPARE(written({"a", "b", "c"}, {{"no", "", "-"}}, 80, show::LeftOut::Empty), QByteArray(" a   c\n no  -\n"));
+}
+
+/// Rows of which nothing is told have no head.
+void tst_TextTable::nothingLeft()
+{
+    QCOMPARE(written({"a", "b"}, {}, 80), QByteArray());
 }
 
 void tst_TextTable::rowOfAnotherSize()

@@ -1,6 +1,6 @@
 // Texts as short as people read them.
 // Covers cutText.cpp.
-#include "image/cutText.h"
+#include "show/cutText.h"
 #include "testMain.h"
 
 #include <QtTest>
@@ -13,6 +13,7 @@ private slots:
     static void cuts_data();
     static void cuts();
     static void starts();
+    static void names();
 };
 
 void tst_CutText::cuts_data()
@@ -34,6 +35,7 @@ void tst_CutText::cuts_data()
     QTest::addRow("change of direction") << QStringLiteral(u"a\u202Eb") << 20 << "a b";
     QTest::addRow("accents without a letter")
         << QString(1000000, QChar(0x0301)) << 3 << QString(QChar(0x0301)).repeated(24);
+    QTest::addRow("blank at the end of what fits") << "ab " << 3 << "ab";
     QTest::addRow("a megabyte") << QString(1000000, QLatin1Char('x')) << 10 << "xxxxxxx...";
 }
 
@@ -41,7 +43,7 @@ void tst_CutText::cuts()
 {
     QFETCH(QString, text);
     QFETCH(int, columns);
-    const std::string cut = image::cutText(text.toStdString(), static_cast<std::size_t>(columns));
+    const std::string cut = show::cutText(text.toStdString(), static_cast<std::size_t>(columns));
     QTEST(QString::fromStdString(cut), "expected");
 }
 
@@ -49,11 +51,19 @@ void tst_CutText::cuts()
 void tst_CutText::starts()
 {
     const std::string kept(256, 'x');
-    QCOMPARE(image::startOf(kept), kept);
-    QCOMPARE(image::startOf(kept + 'x'), kept + "...");
-    QCOMPARE(image::startOf("a\nb"), std::string("a\nb"));
+    QCOMPARE(show::startOf(kept), kept);
+    QCOMPARE(show::startOf(kept + 'x'), kept + "...");
+    QCOMPARE(show::startOf("a\nb"), std::string("a\nb"));
     const QString wide(2000, QChar(0x63A7));
-    QCOMPARE(QString::fromStdString(image::startOf(wide.toStdString())), wide.left(85) + QStringLiteral("..."));
+    QCOMPARE(QString::fromStdString(show::startOf(wide.toStdString())), wide.left(85) + QStringLiteral("..."));
+}
+
+/// Of 120 columns at most.
+void tst_CutText::names()
+{
+    const std::string kept(120, 'x');
+    QCOMPARE(show::cutName(kept), kept);
+    QCOMPARE(show::cutName(kept + 'x'), std::string(117, 'x') + "...");
 }
 
 static const testMain::Registration<tst_CutText, testMain::NoApplication> registration;
