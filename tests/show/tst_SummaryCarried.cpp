@@ -1,5 +1,5 @@
 // What the summary tells of slots and modules that a KTL file carries.
-// Covers summarySlots.cpp.
+// Covers summarySlots.cpp, busModules.cpp.
 #include "model/deviceType.h"
 #include "show/summarySections.h"
 #include "testMain.h"
@@ -105,7 +105,7 @@ void tst_SummaryCarried::pdosOfPresetModules()
     const facts::ProcessImage image = facts::processImageOf(unit, preset.pdos);
     QCOMPARE(linesOf(show::pdoSection({unit, preset, image, carried, nullptr})),
              QStringList{"inputs, sync manager 0: 2 bytes||PDO 0x1a00, slot 1: |: 0.0,8,0x6000:0,,,"
-                         "|PDO 0x1a02, slot 3: |: 1.0,8,0x6000:0,,,"});
+                         "|PDO 0x1a00, slot 3: |: 1.0,8,0x6000:0,,,"});
 }
 
 void tst_SummaryCarried::furtherPdos()
