@@ -10,6 +10,8 @@
 #include <QRegularExpression>
 #include <QtTest>
 
+#include <algorithm>
+
 class tst_RealFilesDiff : public QObject
 {
     Q_OBJECT
@@ -96,7 +98,8 @@ void tst_RealFilesDiff::bothDirections()
                              [&](const diff::ComparedDevices& compared) { differences = compared.differences; });
         return differences;
     };
-    for (std::size_t device = 1; device < file.devices().size(); ++device)
+    constexpr std::size_t mostDevices = 12; // of a file of many devices the first ones
+    for (std::size_t device = 1; device < std::min(file.devices().size(), mostDevices); ++device)
         QCOMPARE(diffParts::withoutDirection(differencesOf(device, device - 1)),
                  diffParts::withoutDirectionSwapped(differencesOf(device - 1, device)));
 }
