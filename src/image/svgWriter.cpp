@@ -281,7 +281,7 @@ public:
         const std::string page = std::to_string(pageWidth);
         m_out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\""
               << page << "\" height=\"" << height << "\" viewBox=\"0 0 " << page << ' ' << height
-              << "\" font-family=\"sans-serif\" font-size=\"" << letterSize
+              << R"(" font-family="sans-serif" font-size=")" << letterSize
               << "\" fill=\"#000000\">\n<title>Process image</title>\n"
               << clipShapes() << rectangleElement("page", {0, 0, pageWidth, height}, "fill=\"#ffffff\"");
         m_drawing.drawIntroduction();
