@@ -1,4 +1,5 @@
 // The facts of a device whose elements nobody has: they agree with those that come with places.
+// Covers esiChannels.cpp.
 #include "facts/esiUnits.h"
 #include "facts/processImage.h"
 #include "testMain.h"
