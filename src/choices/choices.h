@@ -39,6 +39,7 @@ struct ModuleName
 {
     std::optional<std::uint32_t> ident;
     QString name;
+    std::optional<std::uint32_t> row = {}; ///< position among all modules of the file, which tells namesakes apart
 };
 
 /// A module for a place of the device; none takes out what is there.
@@ -48,10 +49,25 @@ struct ModuleChoice : ChoicePlace
     std::optional<ModuleName> module;
 };
 
-/// The link of an entry. Row or index name the PDO, position or object its entry; what else is given has to agree.
-struct LinkChoice : ChoicePlace
+/// An operation mode, by its position in the list as it is when it is chosen, or else by its name or description.
+struct ModeName
 {
-    ModuleName module; ///< for links of a module only
+    std::optional<std::uint32_t> position;
+    QString name;
+};
+
+/// The least size of a sync manager.
+struct SyncManagerChoice : ChoicePlace
+{
+    std::optional<std::uint32_t> row; ///< of the list of sync managers
+    QString name; ///< names the sync manager where no row is given
+    std::optional<QString> checkedName; ///< name that it must have
+    std::uint16_t minSize = 0; ///< bytes
+};
+
+/// An entry. Row or index name the PDO, position or object its entry; what else is given has to agree.
+struct EntryName
+{
     std::optional<std::uint32_t> pdoRow;
     std::optional<std::uint32_t> pdoIndex; ///< names the PDO where no row is given
     std::optional<std::uint32_t> entryPosition;
@@ -59,7 +75,19 @@ struct LinkChoice : ChoicePlace
     std::optional<std::uint32_t> checkedIndex; ///< index that the PDO must have
     std::optional<ObjectAddress> checkedObject; ///< object that the entry must have
     std::optional<QString> checkedName; ///< name that the entry must have
+};
+
+/// The link of an entry.
+struct LinkChoice : ChoicePlace, EntryName
+{
+    ModuleName module; ///< for links of a module only
     std::int32_t link = 0;
+};
+
+/// An entry that is removed, or the one behind which an empty one is added.
+struct EntryChoice : ChoicePlace, EntryName
+{
+    std::int32_t link = 0; ///< of the added entry, all else of which is 0 and empty
 };
 
 /// What a startup command must be for a choice to fit; nothing is asked where nothing is given.
@@ -81,24 +109,38 @@ struct StartupChoice : ChoicePlace
     std::optional<std::uint32_t> subIndex;
     std::optional<std::uint32_t> dataBytes;
     std::optional<std::uint32_t> data;
+    bool isUnchecked = false; ///< the values are taken as the window takes them, also if the bus cuts them
 };
 
 /// The choices of one device, in the order in which they are made.
 struct DeviceChoices : ChoicePlace
 {
     QString device; ///< selector
+    std::optional<bool> takesModuleList; ///< whether the device takes the list of its modules by itself
     std::optional<std::uint16_t> deviceType;
     std::optional<std::uint16_t> driveAxes;
     std::optional<std::uint32_t> dcModePosition;
     std::optional<QString> dcModeName; ///< names the mode where no position is given
+    std::vector<ModeName> dcModes; ///< chosen one after the other
     std::optional<std::uint16_t> configIndex;
     std::optional<std::uint16_t> detectIndex;
     std::vector<LinkChoice> moduleLinks;
     std::vector<ModuleChoice> modules;
+    std::vector<SyncManagerChoice> syncManagers;
     std::vector<LinkChoice> links;
+    std::vector<EntryChoice> removedEntries;
+    std::vector<EntryChoice> addedEntries;
     std::vector<StartupChoice> changedCommands;
     std::vector<StartupChoice> removedCommands;
     std::vector<StartupChoice> addedCommands;
+};
+
+/// What a choices file holds.
+struct FileChoices
+{
+    std::vector<DeviceChoices> devices;
+    std::optional<std::vector<QString>>
+        exported; ///< selectors of the devices to write; all of them where none is given
 };
 
 } // namespace choices
