@@ -1,8 +1,10 @@
 #include "choices/apply.h"
 
+#include "choices/entryChoices.h"
 #include "choices/linkChoices.h"
 #include "choices/moduleChoices.h"
 #include "choices/startupChoices.h"
+#include "choices/syncManagerChoices.h"
 #include "choices/words.h"
 #include "editing/deviceEdits.h"
 #include "editing/deviceLabel.h"
@@ -20,28 +22,60 @@ namespace choices {
 
 namespace {
 
-/// The one device that a choice names; nothing if it is not one, or was named before.
-std::optional<DevicePosition> deviceOf(const DeviceChoices& choices, const DeviceSelectors& selectors,
-                                       MadeChoices& made, Problems& problems)
+/// Finds devices by selectors that mean one each, and each device once.
+class NamedDevices
 {
-    constexpr std::size_t maxCandidates = 5;
-    const QString path = choices.path + QStringLiteral(".device");
-    const MeantDevices meant = selectors.deviceOf(choices.device);
-    if (!meant.problem.isEmpty()) {
-        QStringList words{meant.problem};
-        if (problems.count() < Problems::maxKept) // the others are not told
-            words += selectors.candidatesOf(choices.device, maxCandidates);
-        problems.add(meant.count == 0 ? ProblemCode::NoDevice : ProblemCode::SeveralDevices, path,
-                     words.join(QStringLiteral("; ")));
+public:
+    NamedDevices(const DeviceSelectors& selectors, Problems& problems)
+        : m_selectors(selectors)
+        , m_problems(problems)
+    {}
+
+    /// The device that a selector means; nothing if it is not one, or was named before.
+    /// @param path   of the selector
+    /// @param place  what it is part of, for the message of another one that means the same device
+    std::optional<DevicePosition> named(const QString& selector, const QString& path, const QString& place)
+    {
+        constexpr std::size_t maxCandidates = 5;
+        const MeantDevices meant = m_selectors.deviceOf(selector);
+        if (!meant.problem.isEmpty()) {
+            QStringList words{meant.problem};
+            if (m_problems.count() < Problems::maxKept) // the others are not told
+                words += m_selectors.candidatesOf(selector, maxCandidates);
+            m_problems.add(meant.count == 0 ? ProblemCode::NoDevice : ProblemCode::SeveralDevices, path,
+                           words.join(QStringLiteral("; ")));
+            return std::nullopt;
+        }
+        const DevicePosition device = *meant.devices.begin();
+        const auto [earlier, isNew] = m_places.insert({device, place});
+        if (isNew)
+            return device;
+        m_problems.add(ProblemCode::DeviceTwice, path,
+                       QStringLiteral("%1 is the device of %2 already").arg(shownText(selector), earlier->second));
         return std::nullopt;
     }
-    const DevicePosition device = *meant.devices.begin();
-    const auto [earlier, isNew] = made.chosen.insert({device, choices.path});
-    if (isNew)
-        return device;
-    problems.add(ProblemCode::DeviceTwice, path,
-                 QStringLiteral("%1 is the device of %2 already").arg(shownText(choices.device), earlier->second));
-    return std::nullopt;
+
+    /// The devices found, and where they are named.
+    [[nodiscard]] const std::map<DevicePosition, QString>& places() const { return m_places; }
+
+private:
+    const DeviceSelectors& m_selectors;
+    Problems& m_problems;
+    std::map<DevicePosition, QString> m_places;
+};
+
+/// The devices to write.
+std::set<DevicePosition> exportedBy(const std::vector<QString>& exported, const DeviceSelectors& selectors,
+                                    Problems& problems)
+{
+    NamedDevices devices(selectors, problems);
+    std::set<DevicePosition> positions;
+    for (std::size_t number = 0; number < exported.size(); ++number) {
+        const QString path = QStringLiteral("export[%1]").arg(number);
+        if (const std::optional<DevicePosition> device = devices.named(exported[number], path, path))
+            positions.insert(*device);
+    }
+    return positions;
 }
 
 /// Makes the choices of one device, in the order of the tabs.
@@ -56,6 +90,7 @@ public:
         , m_modules(modules)
         , m_choices(choices)
         , m_problems(problems)
+        , m_loaded(typeAndAxesOf(device))
     {}
 
     void run(DeviceClicks& clicks)
@@ -63,10 +98,12 @@ public:
         ModuleChanges changes;
         try {
             clicks.select(m_device);
+            if (m_choices.takesModuleList.has_value())
+                setTakesModuleList(m_device, *m_choices.takesModuleList);
             const bool isChanged =
                 m_choices.deviceType.has_value() && clicks.chooseType(m_device, *m_choices.deviceType);
             chooseAxes();
-            chooseMode();
+            chooseModes();
             chooseIndexes();
             const std::size_t before = m_problems.count();
             makeModuleLinks(m_choices.moduleLinks, m_modules, m_problems);
@@ -98,37 +135,44 @@ private:
 
     void chooseAxes()
     {
-        if (!m_choices.driveAxes.has_value() || *m_choices.driveAxes == m_device.m_iDriveAxies)
+        if (!m_choices.driveAxes.has_value() || chooseDriveAxes(m_device, *m_choices.driveAxes, m_loaded))
             return;
-        if (m_device.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver)
-            setDriveAxes(m_device, *m_choices.driveAxes);
-        else
-            refuse("driveAxes",
-                   QStringLiteral("a device of the type %1 has no axes to set, only %2 has; leave the key out")
-                       .arg(deviceTypeName(m_device.m_iDeviceType), deviceTypeName(KTL_DEVICE_TYPE_MultiDriver)));
+        QStringList taken;
+        for (const std::uint16_t axes : axesOfClicks(m_device, m_loaded))
+            taken += QString::number(axes);
+        refuse("driveAxes", QStringLiteral("a device of the type %1 takes only %2 here, only %3 takes any number of "
+                                           "axes; leave the key out")
+                                .arg(deviceTypeName(m_device.m_iDeviceType), taken.join(QStringLiteral(" or ")),
+                                     deviceTypeName(KTL_DEVICE_TYPE_MultiDriver)));
     }
 
-    void chooseMode()
+    void chooseModes()
     {
-        std::optional<std::size_t> position;
-        if (m_choices.dcModePosition.has_value())
-            position = *m_choices.dcModePosition;
-        if (m_choices.dcModeName.has_value())
-            position = modeNamed(*m_choices.dcModeName);
+        const std::vector<ModeName>& modes = m_choices.dcModes;
+        for (std::size_t number = 0; number < modes.size(); ++number)
+            chooseMode(modes[number], modes.size() == 1 ? QByteArray("dcMode")
+                                                        : "dcMode[" + QByteArray::number(qulonglong{number}) + ']');
+    }
+
+    /// @param key  of the choice
+    void chooseMode(const ModeName& mode, const QByteArray& key)
+    {
+        const std::optional<std::size_t> position =
+            mode.position.has_value() ? std::make_optional<std::size_t>(*mode.position) : modeNamed(mode.name, key);
         if (position.has_value() && !chooseOperationMode(m_device, *position))
-            refuse("dcMode", QStringLiteral("there is no mode %1, the device has %2")
-                                 .arg(QString::number(*position), QString::number(m_device.vopmode.size())));
+            refuse(key, QStringLiteral("there is no mode %1, the device has %2")
+                            .arg(QString::number(*position), QString::number(m_device.vopmode.size())));
     }
 
     /// Position of the only mode with that name or description; tells if it is not one.
-    std::optional<std::size_t> modeNamed(const QString& text)
+    std::optional<std::size_t> modeNamed(const QString& text, const QByteArray& key)
     {
         const std::vector<std::size_t> positions = modesNamed(m_device.vopmode, text);
         if (positions.size() == 1)
             return positions.front();
-        refuse("dcMode", positions.empty() ? QStringLiteral("%1 is no mode of the device").arg(shownText(text))
-                                           : QStringLiteral("%1 modes are %2; their numbers tell them apart")
-                                                 .arg(QString::number(positions.size()), shownText(text)));
+        refuse(key, positions.empty() ? QStringLiteral("%1 is no mode of the device").arg(shownText(text))
+                                      : QStringLiteral("%1 modes are %2; their numbers tell them apart")
+                                            .arg(QString::number(positions.size()), shownText(text)));
         return std::nullopt;
     }
 
@@ -151,8 +195,10 @@ private:
     /// @param haveMoved  whether the rows are no longer those of a template
     void chooseRows(bool haveMoved)
     {
+        makeSyncManagerChoices(m_choices, m_device, m_problems);
         const std::size_t before = m_problems.count();
         makeLinks(m_choices.links, m_device, m_problems);
+        makeEntryChoices(m_choices, m_device, m_problems);
         makeStartupChoices(m_choices, m_device, m_problems);
         if (haveMoved)
             m_problems.explain(before, {ProblemCode::Check, ProblemCode::Row},
@@ -165,19 +211,24 @@ private:
     const ModuleLookUp& m_modules;
     const DeviceChoices& m_choices;
     Problems& m_problems;
+    TypeAndAxes m_loaded;
     bool m_isAdvised = false;
 };
 
 } // namespace
 
-MadeChoices makeChoices(const std::vector<DeviceChoices>& choices, std::vector<struct_FilenameDevice>& files,
+MadeChoices makeChoices(const FileChoices& choices, std::vector<struct_FilenameDevice>& files,
                         const DeviceSelectors& selectors, Problems& problems)
 {
     MadeChoices made;
+    if (choices.exported.has_value())
+        made.exported = exportedBy(*choices.exported, selectors, problems);
+    NamedDevices devices(selectors, problems);
     DeviceClicks clicks;
     std::map<std::size_t, ModuleLookUp> modules; // of the files that have been chosen from
-    for (const DeviceChoices& ofDevice : choices) {
-        const std::optional<DevicePosition> position = deviceOf(ofDevice, selectors, made, problems);
+    for (const DeviceChoices& ofDevice : choices.devices) {
+        const std::optional<DevicePosition> position =
+            devices.named(ofDevice.device, ofDevice.path + QStringLiteral(".device"), ofDevice.path);
         if (!position.has_value())
             continue;
         struct_FilenameDevice& file = files[position->first];
@@ -187,6 +238,7 @@ MadeChoices makeChoices(const std::vector<DeviceChoices>& choices, std::vector<s
         if (editing.isAdvised())
             made.couplers.push_back(*position);
     }
+    made.chosen = devices.places();
     return made;
 }
 

@@ -38,7 +38,7 @@ struct ChoicePlace
 struct ModuleName
 {
     std::optional<std::uint32_t> ident;
-    QString name;
+    QString name; ///< empty where an ident is given
     std::optional<std::uint32_t> row = {}; ///< position among all modules of the file, which tells namesakes apart
 };
 
@@ -119,8 +119,6 @@ struct DeviceChoices : ChoicePlace
     std::optional<bool> takesModuleList; ///< whether the device takes the list of its modules by itself
     std::optional<std::uint16_t> deviceType;
     std::optional<std::uint16_t> driveAxes;
-    std::optional<std::uint32_t> dcModePosition;
-    std::optional<QString> dcModeName; ///< names the mode where no position is given
     std::vector<ModeName> dcModes; ///< chosen one after the other
     std::optional<std::uint16_t> configIndex;
     std::optional<std::uint16_t> detectIndex;

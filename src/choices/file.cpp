@@ -37,7 +37,7 @@ QByteArray textOf(QIODevice& file)
     return text;
 }
 
-std::optional<std::vector<DeviceChoices>> choicesIn(const QByteArray& text, Problems& problems)
+std::optional<FileChoices> choicesIn(const QByteArray& text, Problems& problems)
 {
     constexpr int maxBrackets = 1000000;
     if (isTooLarge(text)) {
@@ -59,7 +59,7 @@ std::optional<std::vector<DeviceChoices>> choicesIn(const QByteArray& text, Prob
 MadeChoices applyFile(const QByteArray& text, std::vector<struct_FilenameDevice>& files,
                       const DeviceSelectors& selectors, Problems& problems)
 {
-    const std::optional<std::vector<DeviceChoices>> choices = choicesIn(text, problems);
+    const std::optional<FileChoices> choices = choicesIn(text, problems);
     return choices.has_value() ? makeChoices(*choices, files, selectors, problems) : MadeChoices();
 }
 

@@ -23,7 +23,7 @@ namespace choices {
 /// The choices of a text; everything that is not in the form of a choices file is told.
 /// @return  nothing if the text is too large, or no JSON
 /// @throws std::bad_alloc
-[[nodiscard]] std::optional<std::vector<DeviceChoices>> choicesIn(const QByteArray& text, Problems& problems);
+[[nodiscard]] std::optional<FileChoices> choicesIn(const QByteArray& text, Problems& problems);
 
 /// Makes the choices of a text in the loaded files. The files are of no use if there is a problem.
 /// @param selectors  of these files

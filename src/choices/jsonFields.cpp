@@ -22,6 +22,18 @@ std::optional<std::uint32_t> wholeNumber(const json::Value& value)
     return static_cast<std::uint32_t>(number);
 }
 
+void refuseValue(const json::Value& value, const QString& path, const QString& wanted, Problems& problems)
+{
+    problems.add(ProblemCode::Form, path, QStringLiteral("%1 is not %2").arg(value.shown(), wanted));
+}
+
+/// What a number may be, in words.
+QString rangeWords(std::uint32_t maximum, QLatin1String alternative)
+{
+    const QString range = QStringLiteral("a number from 0 to %1").arg(maximum);
+    return alternative.isEmpty() ? range : range + QStringLiteral(" or ") + alternative;
+}
+
 QStringList namesOf(const JsonKey* keys, std::size_t count)
 {
     QStringList names;
@@ -36,6 +48,14 @@ std::optional<std::uint32_t> numberOf(const json::Value& value)
 {
     const std::optional<QString> text = value.text();
     return text.has_value() ? numberIn(*text) : wholeNumber(value);
+}
+
+CountOrText countOrTextIn(const json::Value& value, const QString& path, QLatin1String alternative, Problems& problems)
+{
+    CountOrText read{wholeNumber(value), value.text().value_or(QString())};
+    if (!read.count.has_value() && !value.text().has_value())
+        refuseValue(value, path, rangeWords(max32Bits, alternative), problems);
+    return read;
 }
 
 QString JsonFields::pathOf(QLatin1String key) const
@@ -76,8 +96,7 @@ std::optional<std::uint32_t> JsonFields::inRange(QLatin1String key, std::optiona
                                                  std::uint32_t maximum, QLatin1String alternative)
 {
     if (has(key) && (!number.has_value() || *number > maximum)) {
-        const QString wanted = QStringLiteral("a number from 0 to %1").arg(maximum);
-        refuse(key, alternative.isEmpty() ? wanted : wanted + QStringLiteral(" or ") + alternative);
+        refuse(key, rangeWords(maximum, alternative));
         return std::nullopt;
     }
     return number;
@@ -91,9 +110,17 @@ std::optional<QString> JsonFields::text(QLatin1String key)
     return text;
 }
 
+std::optional<bool> JsonFields::flag(QLatin1String key)
+{
+    const std::optional<bool> flag = value(key).flag();
+    if (has(key) && !flag.has_value())
+        refuse(key, QStringLiteral("true or false"));
+    return flag;
+}
+
 void JsonFields::refuse(QLatin1String key, const QString& wanted)
 {
-    m_problems.add(ProblemCode::Form, pathOf(key), QStringLiteral("%1 is not %2").arg(value(key).shown(), wanted));
+    refuseValue(value(key), pathOf(key), wanted, m_problems);
 }
 
 } // namespace choices

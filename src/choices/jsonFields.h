@@ -30,6 +30,18 @@ constexpr std::uint32_t max32Bits = std::numeric_limits<std::uint32_t>::max();
 /// forms of ESI files and C.
 [[nodiscard]] std::optional<std::uint32_t> numberOf(const json::Value& value);
 
+/// A number from 0 to `max32Bits` that is written as a number, or a text that names something. Anything else is told.
+struct CountOrText
+{
+    std::optional<std::uint32_t> count;
+    QString text; ///< empty where a number is given
+};
+
+/// @param path         of the value
+/// @param alternative  what the text is, for the message: "a name"
+[[nodiscard]] CountOrText countOrTextIn(const json::Value& value, const QString& path, QLatin1String alternative,
+                                        Problems& problems);
+
 /// Reads the fields of one object. What is not as it has to be is told, with its path, and reads as not given.
 class JsonFields
 {
@@ -56,6 +68,7 @@ public:
     /// @param alternative  what else the key may be, for the message: "a name"; empty for nothing else
     std::optional<std::uint32_t> count(QLatin1String key, std::uint32_t maximum, QLatin1String alternative = {});
     std::optional<QString> text(QLatin1String key);
+    std::optional<bool> flag(QLatin1String key);
 
     /// Calls `visit(value, path)` for each value of a list.
     template<typename Visitor> void forEach(QLatin1String key, Visitor visit)

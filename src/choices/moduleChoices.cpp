@@ -8,7 +8,8 @@
 #include "text/shownText.h"
 
 #include <algorithm>
-#include <set>
+#include <cstddef>
+#include <map>
 
 namespace choices {
 
@@ -43,11 +44,19 @@ QString misfitWords(const struct_module& module, std::uint32_t place, const stru
         .arg(moduleLabel(module), QString::number(place), shownText(QString::fromStdString(slot.Name)), identsOf(slot));
 }
 
-bool isTaken(const struct_Slot& slot, int place)
+/// How many modules stand at a place.
+std::ptrdiff_t countAt(const struct_Slot& slot, int place)
 {
-    return std::any_of(slot.slotmodule.begin(), slot.slotmodule.end(),
-                       [place](const struct_slotmodule& placed) { return placed.Instances == place; });
+    return std::count_if(slot.slotmodule.begin(), slot.slotmodule.end(),
+                         [place](const struct_slotmodule& placed) { return placed.Instances == place; });
 }
+
+/// How often a place is named.
+struct FilledPlace
+{
+    std::ptrdiff_t count = 0;
+    std::ptrdiff_t most = 0;
+};
 
 /// Makes one choice.
 class ModulePlacing
@@ -66,9 +75,8 @@ public:
         if (slot == nullptr)
             m_problems.add(ProblemCode::ModulePlace, path,
                            QStringLiteral("the device has no place %1").arg(choice.place));
-        else if (!m_places.insert(choice.place).second)
-            m_problems.add(ProblemCode::ModulePlace, path,
-                           QStringLiteral("place %1 is filled twice").arg(choice.place));
+        else if (!mayFill(choice.place, *slot))
+            m_problems.add(ProblemCode::ModulePlace, path, fillWords(choice.place));
         else if (choice.module.has_value())
             put(choice, *slot);
         else
@@ -78,26 +86,42 @@ public:
     [[nodiscard]] const ModuleChanges& changes() const { return m_changes; }
 
 private:
+    /// Whether a place may be named once more. It may be as often as modules stood in it before the first choice, since
+    /// a slot can have several default modules at one place; and once in any case.
+    bool mayFill(std::uint32_t place, const struct_Slot& slot)
+    {
+        const auto [found, isNew] = m_places.try_emplace(place);
+        FilledPlace& filled = found->second;
+        if (isNew)
+            filled.most = std::max(countAt(slot, static_cast<int>(place)), std::ptrdiff_t{1});
+        return ++filled.count <= filled.most;
+    }
+
+    [[nodiscard]] QString fillWords(std::uint32_t place) const
+    {
+        const std::ptrdiff_t most = m_places.at(place).most;
+        return most == 1 ? QStringLiteral("place %1 is filled twice").arg(place)
+                         : QStringLiteral("place %1 is filled more often than %2 times, it has so many modules")
+                               .arg(QString::number(place), QString::number(most));
+    }
+
     void take(const ModuleChoice& choice, const struct_Slot& slot)
     {
         const int place = static_cast<int>(choice.place);
-        m_changes.haveMovedRows = m_changes.haveMovedRows || isTaken(slot, place);
+        m_changes.haveMovedRows = m_changes.haveMovedRows || countAt(slot, place) > 0;
         removeModule(m_device, place);
     }
 
     void put(const ModuleChoice& choice, const struct_Slot& slot)
     {
         const int place = static_cast<int>(choice.place);
-        const bool isThere =
-            std::any_of(slot.slotmodule.begin(), slot.slotmodule.end(), [&](const struct_slotmodule& placed) {
-                return placed.Instances == place && isNamed(placed.module, *choice.module);
-            });
+        const bool isThere = standsAt(slot, place, *choice.module);
         const FoundModule found = m_modules.named(*choice.module);
         if (isThere && found.module == nullptr)
             return; // one of several of that ident or name; it stays
-        const QString path = choice.path + QStringLiteral(".module");
+        const QString path = choice.path + QLatin1Char('.') + found.key;
         if (found.module == nullptr) {
-            m_problems.add(ProblemCode::Module, path, found.problem);
+            m_problems.add(found.code, path, found.problem);
         } else if (insertModule(m_device, place, *found.module).has_value()) {
             m_problems.add(ProblemCode::ModulePlace, path, misfitWords(*found.module, choice.place, slot));
         } else if (!isThere) {
@@ -106,10 +130,21 @@ private:
         }
     }
 
+    /// Whether the module that would be replaced is the named one already. Which of several of that ident or name it
+    /// is does not show: where a row tells them apart, it is another one.
+    [[nodiscard]] bool standsAt(const struct_Slot& slot, int place, const ModuleName& name) const
+    {
+        const auto first = std::find_if(slot.slotmodule.begin(), slot.slotmodule.end(),
+                                        [place](const struct_slotmodule& placed) { return placed.Instances == place; });
+        if (first == slot.slotmodule.end() || !isNamed(first->module, name))
+            return false;
+        return !name.row.has_value() || m_modules.named({name.ident, name.name}).module != nullptr;
+    }
+
     struct_EtherCatDevice& m_device;
     const ModuleLookUp& m_modules;
     Problems& m_problems;
-    std::set<std::uint32_t> m_places;
+    std::map<std::uint32_t, FilledPlace> m_places;
     ModuleChanges m_changes;
 };
 

@@ -36,6 +36,7 @@ ModuleLookUp::ModuleLookUp(struct_FilenameDevice& file)
     : m_fileName(QFileInfo(inputPathOf(file)).fileName())
 {
     forEachModule(file, [this](struct_module& module) {
+        m_modules.push_back(&module);
         m_idents[module.TypeAttributes.ModuleIdent].push_back(&module);
         m_names[module.Name].push_back(&module);
         if (module.TypeAttributes.Name != module.Name)
@@ -52,8 +53,25 @@ const std::vector<struct_module*>* ModuleLookUp::all(const ModuleName& name) con
     return name.ident.has_value() ? valueOf(m_idents, *name.ident) : valueOf(m_names, name.name.toStdString());
 }
 
+FoundModule ModuleLookUp::atRow(std::uint32_t row, const ModuleName& name) const
+{
+    if (row >= m_modules.size())
+        return {nullptr,
+                QStringLiteral("there is no module %1, %2 has %3")
+                    .arg(QString::number(row), m_fileName, QString::number(m_modules.size())),
+                ProblemCode::Row, moduleRowKey};
+    struct_module* const module = m_modules[row];
+    if (isNamed(*module, name))
+        return {module, {}};
+    return {nullptr,
+            QStringLiteral("%1 stands in row %2, not %3").arg(moduleLabel(*module), QString::number(row), shown(name)),
+            ProblemCode::Check};
+}
+
 FoundModule ModuleLookUp::named(const ModuleName& name) const
 {
+    if (name.row.has_value())
+        return atRow(*name.row, name);
     const std::vector<struct_module*>* const modules = all(name);
     if (modules == nullptr)
         return {nullptr, QStringLiteral("%1 is no module of %2").arg(shown(name), m_fileName)};

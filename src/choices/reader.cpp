@@ -1,12 +1,10 @@
 #include "choices/reader.h"
 
-#include "choices/jsonFields.h"
+#include "choices/keys.h"
+#include "choices/rowReader.h"
 #include "choices/words.h"
-#include "editing/linkTexts.h"
 #include "text/shownText.h"
 
-#include <cmath>
-#include <limits>
 #include <utility>
 
 namespace choices {
@@ -17,77 +15,37 @@ namespace {
 
 const QLatin1String formatKey("format");
 const QLatin1String versionKey("version");
+const QLatin1String exportKey("export");
 const QLatin1String devicesKey("devices");
-const std::array fileKeys{JsonKey{formatKey, true}, JsonKey{versionKey, true}, JsonKey{devicesKey, true}};
+const std::array fileKeys{JsonKey{formatKey, true}, JsonKey{versionKey, true}, JsonKey{exportKey, false},
+                          JsonKey{devicesKey, true}};
 
 const QLatin1String deviceKey("device");
+const QLatin1String takesModuleListKey("takesModuleList");
 const QLatin1String deviceTypeKey("deviceType");
 const QLatin1String driveAxesKey("driveAxes");
 const QLatin1String dcModeKey("dcMode");
 const QLatin1String configIndexKey("configIndex");
 const QLatin1String detectIndexKey("detectIndex");
-const QLatin1String moduleLinksKey("moduleLinks");
 const QLatin1String modulesKey("modules");
-const QLatin1String linksKey("links");
-const QLatin1String startupKey("startup");
 const std::array deviceKeys{
-    JsonKey{deviceKey, true},       JsonKey{deviceTypeKey, false},  JsonKey{driveAxesKey, false},
-    JsonKey{dcModeKey, false},      JsonKey{configIndexKey, false}, JsonKey{detectIndexKey, false},
-    JsonKey{moduleLinksKey, false}, JsonKey{modulesKey, false},     JsonKey{linksKey, false},
+    JsonKey{deviceKey, true},        JsonKey{takesModuleListKey, false}, JsonKey{deviceTypeKey, false},
+    JsonKey{driveAxesKey, false},    JsonKey{dcModeKey, false},          JsonKey{configIndexKey, false},
+    JsonKey{detectIndexKey, false},  JsonKey{moduleLinksKey, false},     JsonKey{modulesKey, false},
+    JsonKey{syncManagersKey, false}, JsonKey{linksKey, false},           JsonKey{entriesKey, false},
     JsonKey{startupKey, false},
 };
 
 const QLatin1String placeKey("place");
-const QLatin1String moduleKey("module");
-const std::array moduleKeys{JsonKey{placeKey, true}, JsonKey{moduleKey, true}};
+const std::array moduleKeys{JsonKey{placeKey, true}, JsonKey{moduleKey, true}, JsonKey{moduleRowKey, false}};
 
-const QLatin1String pdoKey("pdo");
-const QLatin1String entryKey("entry");
-const QLatin1String linkKey("link");
-const QLatin1String indexKey("index");
-const QLatin1String objectKey("object");
-const QLatin1String nameKey("name");
-const std::array linkKeys{JsonKey{pdoKey, true},     JsonKey{indexKey, false}, JsonKey{entryKey, true},
-                          JsonKey{objectKey, false}, JsonKey{nameKey, false},  JsonKey{linkKey, true}};
-const std::array moduleLinkKeys{JsonKey{moduleKey, true}, JsonKey{pdoKey, true},     JsonKey{indexKey, false},
-                                JsonKey{entryKey, true},  JsonKey{objectKey, false}, JsonKey{nameKey, false},
-                                JsonKey{linkKey, true}};
+const QLatin1String aName("a name");
 
-const QLatin1String changedKey("changed");
-const QLatin1String removedKey("removed");
-const QLatin1String addedKey("added");
-const std::array startupKeys{JsonKey{changedKey, false}, JsonKey{removedKey, false}, JsonKey{addedKey, false}};
-
-const QLatin1String rowKey("row");
-const QLatin1String behindKey("behind");
-const QLatin1String wasKey("was");
-const QLatin1String subIndexKey("subIndex");
-const QLatin1String dataBytesKey("dataBytes");
-const QLatin1String dataKey("data");
-const QLatin1String commentKey("comment");
-const std::array wasKeys{JsonKey{indexKey, false}, JsonKey{subIndexKey, false}, JsonKey{commentKey, false}};
-const std::array removedKeys{JsonKey{rowKey, true}, JsonKey{wasKey, false}};
-const std::array changedKeys{JsonKey{rowKey, true},       JsonKey{wasKey, false},       JsonKey{indexKey, false},
-                             JsonKey{subIndexKey, false}, JsonKey{dataBytesKey, false}, JsonKey{dataKey, false}};
-const std::array addedKeys{JsonKey{behindKey, true},    JsonKey{wasKey, false},      JsonKey{indexKey, true},
-                           JsonKey{subIndexKey, false}, JsonKey{dataBytesKey, true}, JsonKey{dataKey, true}};
-
-std::optional<std::uint16_t> word(JsonFields& fields, QLatin1String key)
+/// A selector of devices as it is written on the command line; a number is that of a device.
+QString selectorIn(const json::Value& value, const QString& path, Problems& problems)
 {
-    const std::optional<std::uint32_t> number = fields.number(key, max16Bits);
-    return number.has_value() ? std::make_optional(static_cast<std::uint16_t>(*number)) : std::nullopt;
-}
-
-/// A key whose number counts and whose text means something else.
-/// @param alternative  what the text means, as a message names it: "a name"
-template<typename ReadText>
-void readCountOr(JsonFields& fields, QLatin1String key, QLatin1String alternative, std::optional<std::uint32_t>& count,
-                 ReadText readText)
-{
-    if (const std::optional<QString> text = fields.value(key).text())
-        readText(*text);
-    else
-        count = fields.count(key, max32Bits, alternative);
+    const CountOrText read = countOrTextIn(value, path, aName, problems);
+    return read.count.has_value() ? QString::number(*read.count) : read.text;
 }
 
 std::optional<std::uint16_t> deviceTypeIn(JsonFields& fields)
@@ -106,132 +64,28 @@ std::optional<std::uint16_t> deviceTypeIn(JsonFields& fields)
     return type;
 }
 
-std::optional<ModuleName> moduleNameIn(JsonFields& fields)
-{
-    const json::Value value = fields.value(moduleKey);
-    ModuleName module{numberOf(value), value.text().value_or(QString())};
-    if (fields.has(moduleKey) && !module.ident.has_value() && module.name.isEmpty()) {
-        fields.refuse(moduleKey, QStringLiteral("the ident or the name of a module"));
-        return std::nullopt;
-    }
-    return module;
-}
-
 ModuleChoice moduleChoiceFrom(const json::Value& value, const QString& path, Problems& problems)
 {
     JsonFields fields(value, path, moduleKeys, problems);
     ModuleChoice choice{{path}, fields.count(placeKey, max16Bits).value_or(0), std::nullopt};
     if (!fields.value(moduleKey).isNull())
         choice.module = moduleNameIn(fields);
+    else if (fields.has(moduleRowKey))
+        fields.refuse(moduleKey, QStringLiteral("the ident or the name of a module"));
     return choice;
 }
 
-std::optional<ObjectAddress> objectOf(JsonFields& fields, QLatin1String key)
+/// One mode, or a list of them.
+void readModes(JsonFields& fields, DeviceChoices& choices, Problems& problems)
 {
-    const std::optional<ObjectAddress> object = objectIn(fields.value(key).text().value_or(QString()));
-    if (fields.has(key) && !object.has_value())
-        fields.refuse(key, QStringLiteral("an object like \"0x6040:0\""));
-    return object;
-}
-
-/// The value of a link, as the format stores it: 0 or below.
-std::optional<std::int32_t> linkValueIn(const json::Value& value)
-{
-    const double number = value.number().value_or(1);
-    if (number > 0 || number < std::numeric_limits<std::int32_t>::min() || std::floor(number) != number)
-        return std::nullopt;
-    return static_cast<std::int32_t>(number);
-}
-
-std::int32_t linkIn(JsonFields& fields)
-{
-    const json::Value value = fields.value(linkKey);
-    const std::optional<QString> name = value.text();
-    const std::optional<std::int32_t> link = name.has_value() ? linkNamed(*name) : linkValueIn(value);
-    if (fields.has(linkKey) && !link.has_value())
-        fields.refuse(linkKey, QStringLiteral("a link (%1)")
-                                   .arg((linkNames(PdoDirection::Outputs) + linkNames(PdoDirection::Inputs).mid(1))
-                                            .join(QStringLiteral(", "))));
-    return link.value_or(0);
-}
-
-LinkChoice linkChoiceFrom(JsonFields fields)
-{
-    LinkChoice choice;
-    choice.path = fields.path();
-    readCountOr(fields, pdoKey, QLatin1String("an index"), choice.pdoRow,
-                [&](const QString&) { choice.pdoIndex = word(fields, pdoKey); });
-    readCountOr(fields, entryKey, QLatin1String("an object"), choice.entryPosition,
-                [&](const QString&) { choice.entryObject = objectOf(fields, entryKey); });
-    choice.checkedIndex = word(fields, indexKey);
-    choice.checkedObject = objectOf(fields, objectKey);
-    choice.checkedName = fields.text(nameKey);
-    choice.link = linkIn(fields);
-    return choice;
-}
-
-LinkChoice moduleLinkChoiceFrom(const json::Value& value, const QString& path, Problems& problems)
-{
-    JsonFields fields(value, path, moduleLinkKeys, problems);
-    const ModuleName module = moduleNameIn(fields).value_or(ModuleName());
-    LinkChoice choice = linkChoiceFrom(std::move(fields));
-    choice.module = module;
-    return choice;
-}
-
-/// What all three kinds of startup choices have in common.
-StartupChoice startupChoiceFrom(JsonFields& fields, QLatin1String numberKey, Problems& problems)
-{
-    StartupChoice choice;
-    choice.path = fields.path();
-    choice.row = fields.count(numberKey, max32Bits).value_or(0);
-    if (!fields.has(wasKey))
-        return choice;
-    JsonFields was(fields.value(wasKey), fields.pathOf(wasKey), wasKeys, problems);
-    choice.was.index = was.number(indexKey, max16Bits);
-    choice.was.subIndex = was.number(subIndexKey, max16Bits);
-    choice.was.comment = was.text(commentKey);
-    return choice;
-}
-
-void readValues(JsonFields& fields, StartupChoice& choice)
-{
-    choice.index = fields.number(indexKey, max16Bits);
-    choice.subIndex = fields.number(subIndexKey, max16Bits); // commands of the device have 8 bits
-    choice.dataBytes = fields.number(dataBytesKey, max16Bits);
-    choice.data = fields.number(dataKey, max32Bits);
-}
-
-void readStartup(const json::Value& value, const QString& path, DeviceChoices& choices, Problems& problems)
-{
-    JsonFields fields(value, path, startupKeys, problems);
-    fields.forEach(changedKey, [&](const json::Value& element, const QString& place) {
-        JsonFields command(element, place, changedKeys, problems);
-        readValues(command, choices.changedCommands.emplace_back(startupChoiceFrom(command, rowKey, problems)));
-    });
-    fields.forEach(removedKey, [&](const json::Value& element, const QString& place) {
-        JsonFields command(element, place, removedKeys, problems);
-        choices.removedCommands.push_back(startupChoiceFrom(command, rowKey, problems));
-    });
-    fields.forEach(addedKey, [&](const json::Value& element, const QString& place) {
-        JsonFields command(element, place, addedKeys, problems);
-        readValues(command, choices.addedCommands.emplace_back(startupChoiceFrom(command, behindKey, problems)));
-    });
-}
-
-void readLists(JsonFields& fields, DeviceChoices& choices, Problems& problems)
-{
-    fields.forEach(moduleLinksKey, [&](const json::Value& element, const QString& place) {
-        choices.moduleLinks.push_back(moduleLinkChoiceFrom(element, place, problems));
-    });
-    fields.forEach(modulesKey, [&](const json::Value& element, const QString& place) {
-        choices.modules.push_back(moduleChoiceFrom(element, place, problems));
-    });
-    fields.forEach(linksKey, [&](const json::Value& element, const QString& place) {
-        choices.links.push_back(linkChoiceFrom(JsonFields(element, place, linkKeys, problems)));
-    });
-    if (fields.has(startupKey))
-        readStartup(fields.value(startupKey), fields.pathOf(startupKey), choices, problems);
+    const auto read = [&](const json::Value& value, const QString& path) {
+        const CountOrText mode = countOrTextIn(value, path, aName, problems);
+        choices.dcModes.push_back({mode.count, mode.text});
+    };
+    if (fields.value(dcModeKey).isList())
+        fields.forEach(dcModeKey, read);
+    else if (fields.has(dcModeKey))
+        read(fields.value(dcModeKey), fields.pathOf(dcModeKey));
 }
 
 DeviceChoices deviceChoicesFrom(const json::Value& value, const QString& path, Problems& problems)
@@ -239,24 +93,39 @@ DeviceChoices deviceChoicesFrom(const json::Value& value, const QString& path, P
     JsonFields fields(value, path, deviceKeys, problems);
     DeviceChoices choices;
     choices.path = path;
-    const QLatin1String aName("a name");
-    std::optional<std::uint32_t> deviceNumber;
-    readCountOr(fields, deviceKey, aName, deviceNumber, [&](const QString& text) { choices.device = text; });
-    if (deviceNumber.has_value())
-        choices.device = QString::number(*deviceNumber);
+    if (fields.has(deviceKey))
+        choices.device = selectorIn(fields.value(deviceKey), fields.pathOf(deviceKey), problems);
+    choices.takesModuleList = fields.flag(takesModuleListKey);
     choices.deviceType = deviceTypeIn(fields);
     choices.driveAxes = word(fields, driveAxesKey);
-    readCountOr(fields, dcModeKey, aName, choices.dcModePosition,
-                [&](const QString& text) { choices.dcModeName = text; });
+    readModes(fields, choices, problems);
     choices.configIndex = word(fields, configIndexKey);
     choices.detectIndex = word(fields, detectIndexKey);
-    readLists(fields, choices, problems);
+    fields.forEach(modulesKey, [&](const json::Value& element, const QString& place) {
+        choices.modules.push_back(moduleChoiceFrom(element, place, problems));
+    });
+    readRows(fields, choices, problems);
     return choices;
+}
+
+/// The devices to write; nothing if one of them is not in the form.
+std::optional<std::vector<QString>> exportedIn(JsonFields& fields, Problems& problems)
+{
+    if (!fields.has(exportKey))
+        return std::nullopt;
+    const std::size_t before = problems.count();
+    std::vector<QString> selectors;
+    fields.forEach(exportKey, [&](const json::Value& element, const QString& path) {
+        selectors.push_back(selectorIn(element, path, problems));
+    });
+    if (problems.count() == before && selectors.empty())
+        fields.refuse(exportKey, QStringLiteral("a list of devices: nothing would be written"));
+    return problems.count() == before ? std::make_optional(std::move(selectors)) : std::nullopt;
 }
 
 } // namespace
 
-std::vector<DeviceChoices> choicesFrom(const json::Value& file, Problems& problems)
+FileChoices choicesFrom(const json::Value& file, Problems& problems)
 {
     JsonFields fields(file, QString(), fileKeys, problems);
     const std::optional<QString> format = fields.text(formatKey);
@@ -265,12 +134,13 @@ std::vector<DeviceChoices> choicesFrom(const json::Value& file, Problems& proble
     const std::optional<std::uint32_t> version = fields.count(versionKey, max32Bits);
     if (version.has_value() && *version != fileVersion)
         fields.refuse(versionKey, QString::number(fileVersion));
-    std::vector<DeviceChoices> choices;
+    FileChoices choices;
+    choices.exported = exportedIn(fields, problems);
     fields.forEach(devicesKey, [&](const json::Value& element, const QString& path) {
         const std::size_t before = problems.count();
         DeviceChoices ofDevice = deviceChoicesFrom(element, path, problems);
         if (problems.count() == before)
-            choices.push_back(std::move(ofDevice));
+            choices.devices.push_back(std::move(ofDevice));
     });
     return choices;
 }

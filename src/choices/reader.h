@@ -5,11 +5,9 @@
 #include "choices/problems.h"
 #include "json/jsonValue.h"
 
-#include <vector>
-
 namespace choices {
 
 /// The choices of a file, in its order. A device whose choices are not in the form is told and left out.
-[[nodiscard]] std::vector<DeviceChoices> choicesFrom(const json::Value& file, Problems& problems);
+[[nodiscard]] FileChoices choicesFrom(const json::Value& file, Problems& problems);
 
 } // namespace choices

@@ -83,6 +83,8 @@ void checkData(const StartupValues& wanted, const StartupChoice& choice, Problem
 /// it so.
 void checkValues(const StartupValues& wanted, const StartupValues& is, const StartupChoice& choice, Problems& problems)
 {
+    if (choice.isUnchecked)
+        return;
     constexpr std::uint32_t maxSubIndex = std::numeric_limits<std::uint8_t>::max();
     if (wanted.subIndex != is.subIndex && wanted.subIndex > maxSubIndex)
         problems.add(ProblemCode::StartupData, choice.path + QStringLiteral(".subIndex"),

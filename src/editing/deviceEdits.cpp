@@ -24,6 +24,27 @@ void setDriveAxes(struct_EtherCatDevice& device, std::uint32_t axes)
     device.m_iDriveAxies = isMultiDriver ? static_cast<std::uint16_t>(axes) : 0;
 }
 
+TypeAndAxes typeAndAxesOf(const struct_EtherCatDevice& device)
+{
+    return {device.m_iDeviceType, device.m_iDriveAxies};
+}
+
+std::set<std::uint16_t> axesOfClicks(const struct_EtherCatDevice& device, const TypeAndAxes& loaded)
+{
+    std::set<std::uint16_t> axes{device.m_iDriveAxies};
+    if (device.m_iDeviceType == loaded.deviceType)
+        axes.insert({loaded.driveAxes, axesOfType(device)});
+    return axes;
+}
+
+bool chooseDriveAxes(struct_EtherCatDevice& device, std::uint16_t axes, const TypeAndAxes& loaded)
+{
+    if (device.m_iDeviceType != KTL_DEVICE_TYPE_MultiDriver && axesOfClicks(device, loaded).count(axes) == 0)
+        return false;
+    device.m_iDriveAxies = axes;
+    return true;
+}
+
 bool chooseOperationMode(struct_EtherCatDevice& device, std::size_t position)
 {
     if (position >= device.vopmode.size())

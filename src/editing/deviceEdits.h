@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <set>
 
 /// Gives a device a type, and the drive axes that go with it. What its modules bring in follows the type only when
 /// `renewModuleData` runs.
@@ -16,6 +17,25 @@ void keepDriveAxes(struct_EtherCatDevice& device, std::uint16_t axes);
 
 /// Sets the drive axes, in 16 bits. Only a multi-axis drive has axes to set: every other type takes 0.
 void setDriveAxes(struct_EtherCatDevice& device, std::uint32_t axes);
+
+/// Device type and drive axes.
+struct TypeAndAxes
+{
+    std::uint16_t deviceType = 0;
+    std::uint16_t driveAxes = 0;
+};
+
+[[nodiscard]] TypeAndAxes typeAndAxesOf(const struct_EtherCatDevice& device);
+
+/// The drive axes that clicks can give a device that is no multi-axis drive: those that it has; and while its type is
+/// the one it was loaded with, those that it was loaded with and those of the type, since the order in which devices
+/// are clicked decides between them (see `DeviceClicks::select`). A multi-axis drive can have any number.
+[[nodiscard]] std::set<std::uint16_t> axesOfClicks(const struct_EtherCatDevice& device, const TypeAndAxes& loaded);
+
+/// Gives a device drive axes that clicks can give it.
+/// @param loaded  what the device was loaded with
+/// @return        false, with nothing changed, for others
+[[nodiscard]] bool chooseDriveAxes(struct_EtherCatDevice& device, std::uint16_t axes, const TypeAndAxes& loaded);
 
 /// Chooses an operation mode: it changes places with the first one, which is the chosen one.
 /// @param position  in `vopmode` as it is now

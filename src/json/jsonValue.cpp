@@ -35,6 +35,11 @@ std::optional<double> Value::number() const
     return json_is_number(m_value) ? std::make_optional(json_number_value(m_value)) : std::nullopt;
 }
 
+std::optional<bool> Value::flag() const
+{
+    return json_is_boolean(m_value) ? std::make_optional(json_is_true(m_value)) : std::nullopt;
+}
+
 Value Value::member(QLatin1String key) const
 {
     return Value(json_object_get(m_value, key.latin1()));

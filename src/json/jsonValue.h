@@ -29,6 +29,8 @@ public:
     [[nodiscard]] std::optional<QString> text() const;
     /// The number, whole or not; nothing if this is none.
     [[nodiscard]] std::optional<double> number() const;
+    /// Whether it is true; nothing if this is neither true nor false.
+    [[nodiscard]] std::optional<bool> flag() const;
 
     /// The value of a key of an object; one that is not there if the object has no such key.
     [[nodiscard]] Value member(QLatin1String key) const;

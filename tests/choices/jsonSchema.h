@@ -43,7 +43,7 @@ private:
         static const QStringList words{
             "$schema",    "title",   "description", "definitions", "$ref",  "type",  "required", "additionalProperties",
             "properties", "items",   "const",       "enum",        "oneOf", "anyOf", "allOf",    "minimum",
-            "maximum",    "pattern", "minLength"};
+            "maximum",    "pattern", "minLength",   "minItems"};
         const QJsonObject form = resolved(unresolved);
         QStringList problems;
         for (const QString& word : form.keys())
@@ -103,7 +103,8 @@ private:
         if (type == "integer")
             return value.isDouble() && std::floor(value.toDouble()) == value.toDouble();
         return (type == "object" && value.isObject()) || (type == "array" && value.isArray())
-               || (type == "string" && value.isString()) || (type == "null" && value.isNull());
+               || (type == "string" && value.isString()) || (type == "null" && value.isNull())
+               || (type == "boolean" && value.isBool());
     }
 
     static bool fitsSimpleWords(const QJsonValue& value, const QJsonObject& form)
@@ -115,6 +116,7 @@ private:
                && (!form.contains("enum") || form.value("enum").toArray().contains(value))
                && (!value.isDouble() || !form.contains("minimum") || number >= form.value("minimum").toDouble())
                && (!value.isDouble() || !form.contains("maximum") || number <= form.value("maximum").toDouble())
+               && (!value.isArray() || value.toArray().size() >= form.value("minItems").toInt(0))
                && (!value.isString() || text.size() >= form.value("minLength").toInt(0))
                && (!value.isString() || !form.contains("pattern")
                    || QRegularExpression(form.value("pattern").toString()).match(text).hasMatch());

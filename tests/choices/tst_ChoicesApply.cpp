@@ -59,12 +59,13 @@ void tst_ChoicesApply::settingsThatDoNotFit_data()
 {
     QTest::addColumn<QByteArray>("members");
     QTest::addColumn<QString>("message");
-    QTest::addRow("axes of a single drive") << QByteArray("\"driveAxes\": 2")
-                                            << "driveAxes: a device of the type SingleDriver has no axes to set, only "
-                                               "MultiDriver has; leave the key out [setting]";
+    QTest::addRow("axes of a single drive")
+        << QByteArray("\"driveAxes\": 2")
+        << "driveAxes: a device of the type SingleDriver takes only 1 here, only MultiDriver "
+           "takes any number of axes; leave the key out [setting]";
     QTest::addRow("axes after a change of type") << QByteArray(R"("deviceType": "Special", "driveAxes": 1)")
-                                                 << "driveAxes: a device of the type Special has no axes to set, only "
-                                                    "MultiDriver has; leave the key out [setting]";
+                                                 << "driveAxes: a device of the type Special takes only 0 here, only "
+                                                    "MultiDriver takes any number of axes; leave the key out [setting]";
     QTest::addRow("mode number") << QByteArray("\"dcMode\": 3")
                                  << "dcMode: there is no mode 3, the device has 3 [setting]";
     QTest::addRow("mode name") << QByteArray("\"dcMode\": \"FreeRun\"")

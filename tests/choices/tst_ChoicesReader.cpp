@@ -57,13 +57,14 @@ void tst_ChoicesReader::everyKey()
         "modules": [{"place": 4, "module": "MB"}, {"place": 5, "module": null}]}, {"device": 7, "dcMode": "Sync0"})"),
                                          problems);
     QCOMPARE(wordsOf(problems), QStringList());
-    QCOMPARE(read->size(), std::size_t(2));
-    const choices::DeviceChoices& device = read->at(0);
+    QCOMPARE(read->devices.size(), std::size_t(2));
+    const choices::DeviceChoices& device = read->devices.at(0);
     QCOMPARE(device.path, QStringLiteral("devices[0]"));
     QCOMPARE(device.device, QStringLiteral("Drive"));
     QCOMPARE(device.deviceType.value(), std::uint16_t(4));
     QCOMPARE(device.driveAxes.value(), std::uint16_t(3));
-    QCOMPARE(device.dcModePosition.value(), 2U);
+    QCOMPARE(device.dcModes.size(), std::size_t(1));
+    QCOMPARE(device.dcModes.at(0).position.value(), 2U);
     QCOMPARE(device.configIndex.value(), std::uint16_t(0xF030));
     QCOMPARE(device.detectIndex.value(), std::uint16_t(0xF050));
     QCOMPARE(device.moduleLinks.at(0).module.ident.value(), 0x10U);
@@ -74,9 +75,9 @@ void tst_ChoicesReader::everyKey()
     QCOMPARE(device.modules.at(0).module->name, QStringLiteral("MB"));
     QVERIFY(!device.modules.at(1).module.has_value());
     QCOMPARE(device.modules.at(1).path, QStringLiteral("devices[0].modules[1]"));
-    QCOMPARE(read->at(1).device, QStringLiteral("7"));
-    QCOMPARE(read->at(1).dcModeName.value(), QStringLiteral("Sync0"));
-    QVERIFY(!read->at(1).dcModePosition.has_value() && !read->at(1).deviceType.has_value());
+    QCOMPARE(read->devices.at(1).device, QStringLiteral("7"));
+    QCOMPARE(read->devices.at(1).dcModes.at(0).name, QStringLiteral("Sync0"));
+    QVERIFY(!read->devices.at(1).dcModes.at(0).position.has_value() && !read->devices.at(1).deviceType.has_value());
 }
 
 void tst_ChoicesReader::everyKeyOfRows()
@@ -88,22 +89,22 @@ void tst_ChoicesReader::everyKeyOfRows()
         "removed": [{"row": 3}], "added": [{"behind": 5, "index": 8192, "dataBytes": 4, "data": 9}]})"),
                                          problems);
     QCOMPARE(wordsOf(problems), QStringList());
-    const choices::LinkChoice& link = read->at(0).links.at(0);
+    const choices::LinkChoice& link = read->devices.at(0).links.at(0);
     QCOMPARE(link.pdoIndex.value(), 0x1600U);
     QCOMPARE(link.checkedIndex.value(), 0x1601U);
     QVERIFY(link.entryObject == (choices::ObjectAddress{0x6040, 1}));
     QVERIFY(link.checkedObject == (choices::ObjectAddress{0x6041, 2}));
     QCOMPARE(link.checkedName.value(), QStringLiteral("Control"));
     QCOMPARE(link.link, -1);
-    const choices::StartupChoice& changed = read->at(0).changedCommands.at(0);
+    const choices::StartupChoice& changed = read->devices.at(0).changedCommands.at(0);
     QCOMPARE(changed.row, 1U);
     QCOMPARE(changed.was.index.value(), 0x2000U);
     QCOMPARE(changed.was.subIndex.value(), 2U);
     QCOMPARE(changed.was.comment.value(), QStringLiteral("gain"));
     QCOMPARE(changed.data.value(), 7U);
     QVERIFY(!changed.dataBytes.has_value());
-    QCOMPARE(read->at(0).removedCommands.at(0).row, 3U);
-    const choices::StartupChoice& added = read->at(0).addedCommands.at(0);
+    QCOMPARE(read->devices.at(0).removedCommands.at(0).row, 3U);
+    const choices::StartupChoice& added = read->devices.at(0).addedCommands.at(0);
     QCOMPARE(added.row, 5U);
     QCOMPARE(added.index.value(), 8192U);
     QVERIFY(!added.subIndex.has_value());
@@ -115,8 +116,8 @@ void tst_ChoicesReader::devicesWithMistakesAreLeftOut()
     const auto read =
         choices::choicesIn(choicesWith(R"({"device": 1}, {"device": 2, "colour": 1}, {"device": 3})"), problems);
     QCOMPARE(problems.count(), std::size_t(1));
-    QCOMPARE(read->size(), std::size_t(2));
-    QCOMPARE(read->at(1).device, QStringLiteral("3"));
+    QCOMPARE(read->devices.size(), std::size_t(2));
+    QCOMPARE(read->devices.at(1).device, QStringLiteral("3"));
 }
 
 void tst_ChoicesReader::file_data()
@@ -142,7 +143,7 @@ void tst_ChoicesReader::file_data()
                                          << "devices[0].device: true is not a number from 0 to 4294967295 or a name";
     QTest::addRow("unknown key of the file")
         << QByteArray(R"({"format": "kinetra-choices", "version": 1, "devices": [], "device": 1})")
-        << "\"device\" is no key here (known: format, version, devices)";
+        << "\"device\" is no key here (known: format, version, export, devices)";
 }
 
 void tst_ChoicesReader::file()
@@ -155,10 +156,11 @@ void tst_ChoicesReader::unknownKeys_data()
     addColumns();
     QTest::addRow("unknown key of a device")
         << choicesOfFirst(R"("driveAxis": 2)")
-        << "devices[0]: \"driveAxis\" is no key here (known: device, deviceType, driveAxes, dcMode, configIndex, "
-           "detectIndex, moduleLinks, modules, links, startup)";
-    QTest::addRow("unknown key of a module") << choicesOfFirst(R"("modules": [{"place": 0, "module": 1, "slot": 1}])")
-                                             << "devices[0].modules[0]: \"slot\" is no key here (known: place, module)";
+        << "devices[0]: \"driveAxis\" is no key here (known: device, takesModuleList, deviceType, driveAxes, "
+           "dcMode, configIndex, detectIndex, moduleLinks, modules, syncManagers, links, entries, startup)";
+    QTest::addRow("unknown key of a module")
+        << choicesOfFirst(R"("modules": [{"place": 0, "module": 1, "slot": 1}])")
+        << "devices[0].modules[0]: \"slot\" is no key here (known: place, module, moduleRow)";
     QTest::addRow("unknown key of a link")
         << choicesOfFirst(R"("links": [{"pdo": 0, "entry": 0, "link": 0, "module": 1}])")
         << "devices[0].links[0]: \"module\" is no key here (known: pdo, index, entry, object, name, link)";

@@ -20,6 +20,8 @@ private slots:
     static void holdsForTemplates_data();
     static void holdsForTemplates();
     static void holdsForTheExample();
+    static void takes_data();
+    static void takes();
     static void refuses_data();
     static void refuses();
     static void pageNamesAllMistakes();
@@ -52,6 +54,11 @@ void tst_ChoicesSchema::keys_data()
     QTest::addRow("placed module") << "placedModule" << choicesOfFirst("\"modules\": [" + object + "]");
     QTest::addRow("link") << "link" << choicesOfFirst("\"links\": [" + object + "]");
     QTest::addRow("link of a module") << "moduleLink" << choicesOfFirst("\"moduleLinks\": [" + object + "]");
+    const auto entries = [&](const QByteArray& key) { return "\"entries\": {\"" + key + "\": [" + object + "]}"; };
+    QTest::addRow("sync manager") << "syncManager" << choicesOfFirst("\"syncManagers\": [" + object + "]");
+    QTest::addRow("entries") << "entries" << choicesOfFirst("\"entries\": " + object);
+    QTest::addRow("removed entry") << "removedEntry" << choicesOfFirst(entries("removed"));
+    QTest::addRow("added entry") << "addedEntry" << choicesOfFirst(entries("added"));
     QTest::addRow("startup") << "startup" << choicesOfFirst("\"startup\": " + object);
     QTest::addRow("changed command") << "changedCommand" << choicesOfFirst(startup("changed"));
     QTest::addRow("removed command") << "removedCommand" << choicesOfFirst(startup("removed"));
@@ -125,6 +132,30 @@ void tst_ChoicesSchema::holdsForTheExample()
     QCOMPARE(result.files.at(0).device.at(0).m_iDeviceType, std::uint16_t(5)); // ManualIOBlock
 }
 
+void tst_ChoicesSchema::takes_data()
+{
+    QTest::addColumn<QByteArray>("choices");
+    QTest::addRow("devices to export") << QByteArray(
+        R"({"format": "kinetra-choices", "version": 1, "export": [1], "devices": []})");
+    QTest::addRow("modes one after the other") << choicesOfFirst(R"("dcMode": [2, "DcSync", 1])");
+    QTest::addRow("settings") << choicesOfFirst(R"("takesModuleList": true, "driveAxes": "1")");
+    QTest::addRow("minimum sizes") << choicesOfFirst(
+        R"("syncManagers": [{"syncManager": 2, "name": "Outputs", "minSize": "0x40"}])");
+    QTest::addRow("entries") << choicesOfFirst(
+        R"("entries": {"removed": [{"pdo": 0, "entry": 0}], "added": [{"pdo": "0x1600", "behind": 0, "link": -2}]})");
+    QTest::addRow("unchecked command") << choicesOfFirst(
+        R"("startup": {"added": [{"behind": 0, "index": 1, "subIndex": 256, "dataBytes": 5, "data": 0,
+                                  "unchecked": true}]})");
+}
+
+/// What the schema takes the reader takes too.
+void tst_ChoicesSchema::takes()
+{
+    QFETCH(QByteArray, choices);
+    QCOMPARE(schema().problemsOf(QJsonDocument::fromJson(choices).object()), QStringList());
+    QCOMPARE(problemsIn(choices), QStringList());
+}
+
 void tst_ChoicesSchema::refuses_data()
 {
     QTest::addColumn<QByteArray>("choices");
@@ -150,6 +181,18 @@ void tst_ChoicesSchema::refuses_data()
     for (const char* number : {" 2", "2 ", "+2", "0x", "0x0x5", "0x1G", "\u0662"})
         QTest::addRow("axes \"%s\"", number) << choicesOfFirst("\"driveAxes\": \"" + QByteArray(number) + '"');
     QTest::addRow("object with a blank") << choicesOfFirst(R"("links": [{"pdo": 0, "entry": "0x6040: 0", "link": 0}])");
+    QTest::addRow("nothing to export") << QByteArray(
+        R"({"format": "kinetra-choices", "version": 1, "export": [], "devices": []})");
+    QTest::addRow("list of modules in words") << choicesOfFirst("\"takesModuleList\": \"true\"");
+    QTest::addRow("mode in a list of lists") << choicesOfFirst("\"dcMode\": [[0]]");
+    QTest::addRow("minimum size of 17 bits")
+        << choicesOfFirst(R"("syncManagers": [{"syncManager": 0, "minSize": 65536}])");
+    QTest::addRow("link of an added entry")
+        << choicesOfFirst(R"("entries": {"added": [{"pdo": 0, "behind": 0, "link": "OUT"}]})");
+    QTest::addRow("added command that is not unchecked") << choicesOfFirst(
+        R"("startup": {"added": [{"behind": 0, "index": 1, "dataBytes": 5, "data": 0, "unchecked": false}]})");
+    QTest::addRow("module row as a text")
+        << choicesOfFirst(R"("modules": [{"place": 0, "module": 1, "moduleRow": "0"}])");
     QTest::addRow("device without a name") << choicesWith(R"({"device": ""})");
     QTest::addRow("number in words") << choicesOfFirst(R"("startup": {"changed": [{"row": 1, "data": "one"}]})");
 }
