@@ -69,31 +69,34 @@ void warnOfLeftOut(const QString& path, const choices::MadeChoices& made,
                 QStringLiteral("%1.device: %2 is left out by --device").arg(place, selectors.labelOf(device)));
 }
 
-/// @return  whether all choices are made
-bool applyChoices(const QByteArray& text, const QString& path, std::vector<struct_FilenameDevice>& files,
-                  const std::set<choices::DevicePosition>& written, Messages& messages)
+/// @return  nothing if not all choices are made
+std::optional<choices::MadeChoices> applyChoices(const QByteArray& text, const QString& path,
+                                                 std::vector<struct_FilenameDevice>& files,
+                                                 const std::set<choices::DevicePosition>& written, Messages& messages)
 {
     const choices::DeviceSelectors selectors(files);
     choices::Problems problems;
-    const choices::MadeChoices made = choices::applyFile(text, files, selectors, problems);
+    choices::MadeChoices made = choices::applyFile(text, files, selectors, problems);
     warnOfModuleLists(made.couplers, files, selectors, messages);
     tell(problems, path, messages);
-    if (problems.count() == 0)
-        warnOfLeftOut(path, made, written, selectors, messages);
-    return problems.count() == 0;
+    if (problems.count() != 0)
+        return std::nullopt;
+    warnOfLeftOut(path, made, written, selectors, messages);
+    return made;
 }
 
 } // namespace
 
-bool applyChoicesFile(const QString& path, std::vector<struct_FilenameDevice>& files, Messages& messages,
-                      const std::set<choices::DevicePosition>& written)
+std::optional<choices::MadeChoices> applyChoicesFile(const QString& path, std::vector<struct_FilenameDevice>& files,
+                                                     Messages& messages,
+                                                     const std::set<choices::DevicePosition>& written)
 {
     try {
         const std::optional<QByteArray> text = textOf(path, messages);
-        return text.has_value() && applyChoices(*text, path, files, written, messages);
+        return text.has_value() ? applyChoices(*text, path, files, written, messages) : std::nullopt;
     } catch (const std::bad_alloc&) {
         tell({choices::ProblemCode::Size, QStringLiteral("not enough memory")}, path, messages);
-        return false;
+        return std::nullopt;
     }
 }
 

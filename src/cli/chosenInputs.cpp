@@ -24,7 +24,7 @@ bool makeChoices(const QStringList& selectors, const QString& choices, SelectedD
     if (!selected.has_value())
         return false;
     try {
-        if (!applyChoicesFile(choices, files, messages, *selected))
+        if (!applyChoicesFile(choices, files, messages, *selected).has_value())
             return false;
     } catch (const std::out_of_range& error) {
         messages.error(choices, rangeErrorText(error));

@@ -20,6 +20,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace cli {
@@ -188,6 +189,20 @@ void write(const CommandLine& line, const QString& output, const std::set<choice
     }
 }
 
+/// Makes the choices of the choices file, if there is one.
+/// @return  the devices to write: those that the command line selects, else those that the choices file exports, else
+///          all; nothing if selectors or choices do not fit, which has been reported
+SelectedDevices chosenDevices(const CommandLine& line, std::vector<struct_FilenameDevice>& files, Messages& messages)
+{
+    SelectedDevices devices = selectedDevices(line.values(deviceOption), files, messages);
+    if (!devices.has_value() || !line.isSet(choicesOption))
+        return devices;
+    auto made = applyChoicesFile(filePath(line.value(choicesOption)), files, messages, *devices);
+    if (!made.has_value())
+        return std::nullopt;
+    return made->exported.has_value() && !line.isSet(deviceOption) ? std::move(made->exported) : devices;
+}
+
 /// Loads the files and writes the devices that are asked for.
 ExitCode convert(const CommandLine& line, const QDateTime& exportTime, Console& console)
 {
@@ -201,10 +216,8 @@ ExitCode convert(const CommandLine& line, const QDateTime& exportTime, Console& 
     std::vector<struct_FilenameDevice>& files = console.inputs.files;
     if (!hasDevices(files, messages))
         return messages.exitCode();
-    const auto devices = selectedDevices(line.values(deviceOption), files, messages);
+    const SelectedDevices devices = chosenDevices(line, files, messages);
     if (!devices.has_value())
-        return messages.exitCode();
-    if (line.isSet(choicesOption) && !applyChoicesFile(filePath(line.value(choicesOption)), files, messages, *devices))
         return messages.exitCode();
     warnOfDevices(files, *devices, messages);
     if (output.isEmpty()) {

@@ -73,7 +73,7 @@ bool makeChoices(const QString& choices, struct_FilenameDevice& record, Messages
         all.emplace(0, device);
     bool areMade = false;
     try {
-        areMade = applyChoicesFile(choices, files, messages, all);
+        areMade = applyChoicesFile(choices, files, messages, all).has_value();
     } catch (const std::out_of_range& error) {
         messages.error(choices, rangeErrorText(error));
     }
