@@ -4,8 +4,7 @@
 #include "diff/pairing.h"
 #include "diff/words.h"
 #include "facts/processData.h"
-#include "ktl/ktlExport.h"
-#include "system/cStreams.h"
+#include "ktl/writing/deviceBytes.h"
 
 #include <QDate>
 #include <QDateTime>
@@ -13,7 +12,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <new>
 #include <utility>
 
 namespace diff {
@@ -23,16 +21,6 @@ namespace {
 using facts::CommandFacts;
 using facts::PdoFacts;
 using facts::UnitFacts;
-
-std::vector<unsigned char> bytesOf(struct_FilenameDevice& file, std::size_t index)
-{
-    const QDateTime anyTime(QDate(1970, 1, 1), QTime(0, 0)); // it is not compared
-    os::MemoryFile written;
-    if (writeDevice(written.stream(), file.device[index], file, anyTime) <= 0)
-        throw std::bad_alloc(); // memory is all that can be short
-    written.finish();
-    return {written.data(), written.data() + written.size()};
-}
 
 /// Calls `take(exported, declared)` for parts of the same place in their lists.
 template<typename Exported, typename Declared, typename Take>
@@ -173,7 +161,8 @@ ExportedDevice exportedDeviceOf(struct_FilenameDevice& file, std::size_t index, 
                                 const std::vector<const UnitFacts*>& moduleUnits)
 {
     ExportedDevice device;
-    device.bytes = bytesOf(file, index);
+    const QDateTime anyTime(QDate(1970, 1, 1), QTime(0, 0)); // it is not compared
+    device.bytes = deviceBytesOf(file.device[index], file, anyTime);
     device.facts = facts::ktlFactsOf(device.bytes);
     device.subject = ktlSubjectOf(device.facts, 0);
     Subject& subject = device.subject;

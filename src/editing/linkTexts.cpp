@@ -33,6 +33,11 @@ const std::array linkWords{
 
 const QLatin1String wordsEnding(" Type"); // of the words that views show
 
+bool isFor(const LinkWords& words, PdoDirection direction)
+{
+    return direction == PdoDirection::Outputs ? words.forOutputs : words.forInputs;
+}
+
 QString withoutEnding(const QString& words)
 {
     return words.endsWith(wordsEnding) ? words.chopped(wordsEnding.size()) : words;
@@ -51,9 +56,15 @@ std::vector<LinkText> linksFor(PdoDirection direction)
 {
     std::vector<LinkText> links;
     for (const LinkWords& words : linkWords)
-        if (direction == PdoDirection::Outputs ? words.forOutputs : words.forInputs)
+        if (isFor(words, direction))
             links.push_back({words.link, words.text});
     return links;
+}
+
+bool isLinkOffered(std::int32_t link, PdoDirection direction)
+{
+    return std::any_of(linkWords.begin(), linkWords.end(),
+                       [&](const LinkWords& words) { return words.link == link && isFor(words, direction); });
 }
 
 QString linkName(std::int32_t link)

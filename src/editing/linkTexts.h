@@ -28,6 +28,9 @@ struct LinkText
 /// The links that an entry of that direction can be given, in the order in which they are offered.
 [[nodiscard]] std::vector<LinkText> linksFor(PdoDirection direction);
 
+/// Whether an entry of that direction can be given a link.
+[[nodiscard]] bool isLinkOffered(std::int32_t link, PdoDirection direction);
+
 /// Name of a link in choices files: "AOUT32", which is its words without their ending; its number if it has none.
 [[nodiscard]] QString linkName(std::int32_t link);
 

@@ -1,8 +1,8 @@
 // initCmdWriters.cpp - EoE and CoE items: flags and startup commands.
 #include "ktl/format/coeCommandCount.h"
 #include "ktl/ktlExport.h"
+#include "ktl/writing/commandRecord.h"
 #include "ktl/writing/itemWriter.h"
-#include "model/startupAccess.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -12,18 +12,6 @@
 namespace {
 
 constexpr std::size_t maxAccessBytes = 4096; // what the controller's buffer for complete accesses holds
-
-template<typename Command> struct_KTL_InitCmd commandRecord(const Command& command)
-{
-    struct_KTL_InitCmd record{};
-    record.Transition = static_cast<std::uint16_t>(command.Transition);
-    record.Index = indexOf(command);
-    record.SubIndex = static_cast<std::uint8_t>(command.SubIndex); // the wider one of a module's command is cut
-    record.bIfCA = command.bIfCA;
-    record.DataBytes = command.DataBytes;
-    record.Data = command.Data;
-    return record;
-}
 
 /// Announced bytes of the complete accesses of one list: a command that would pass the limit is left out of the sum.
 template<typename Command> std::size_t announcedAccessBytes(const std::vector<Command>& commands)
@@ -43,7 +31,7 @@ template<typename Command>
 void addCommands(ItemWriter& item, const std::vector<Command>& commands, std::vector<std::uint32_t>& accessValues)
 {
     for (const Command& command : commands) {
-        item.add(commandRecord(command));
+        item.add(commandRecordOf(command));
         const std::size_t filled = accessValues.size() * sizeof(std::uint32_t);
         if (command.bIfCA == 0 || command.DataBytes + filled > maxAccessBytes)
             continue;
@@ -72,7 +60,7 @@ void writeEoe(std::FILE* out, const DeviceEoe& eoe)
 {
     ItemWriter item(eoeHead(eoe), headSizeOf<struct_KTL_EOE, struct_KTL_InitCmd>);
     for (const struct_InitCmd& command : eoe.InitCmd.vinitcmd)
-        item.add(commandRecord(command));
+        item.add(commandRecordOf(command));
     item.writeTo(out);
 }
 

@@ -2,47 +2,25 @@
 #include "ktl/ktlExport.h"
 #include "ktl/writing/itemWriter.h"
 #include "ktl/writing/pdoItemHead.h"
+#include "ktl/writing/pdoRecords.h"
 #include "model/pdoAccess.h"
 
 #include <vector>
 
 namespace {
 
-bool isFixed(const struct_EntryPDOContent& entry)
-{
-    return entry.Attributes.Fixed;
-}
-
-/// Entries of modules have no such flag.
-bool isFixed(const struct_moduleEntry& /*entry*/)
-{
-    return false;
-}
-
-template<typename Entry> struct_KTL_EntryPDOContent entryRecord(const Entry& entry)
-{
-    struct_KTL_EntryPDOContent record{};
-    record.m_bFixed = isFixed(entry) ? 1 : 0;
-    record.Index = indexOf(entry);
-    record.SubIndex = entry.SubIndex;
-    record.Bitlen = bitLengthOf(entry);
-    record.LinkToData = entry.Linkto;
-    return record;
-}
-
 template<typename Entry, typename Pdo>
 void writePdo(std::FILE* out, enum_KTL_ITEM_TYPE type, const Pdo& pdo, const std::vector<Entry>& entries)
 {
-    writeListItem(out, pdoItemHead<struct_KTL_PDOListType>(type, pdo, entries.size()), entries, entryRecord<Entry>);
+    writeListItem(out, pdoItemHead<struct_KTL_PDOListType>(type, pdo, entries.size()), entries, entryRecordOf<Entry>);
 }
 
-/// Every PDO that passes gets its item, whether or not the user selected it: a selection shows in the PDO's `SM`.
 template<typename Pdo>
 void writePdos(std::FILE* out, enum_KTL_ITEM_TYPE type, const std::vector<Pdo>& pdos,
                const std::vector<struct_SM>& syncManagers)
 {
     for (const Pdo& pdo : pdos)
-        if (!isOnVirtualSyncManager(pdo, syncManagers) && !entriesOf(pdo).empty())
+        if (hasItem(pdo, syncManagers))
             writePdo(out, type, pdo, entriesOf(pdo));
 }
 

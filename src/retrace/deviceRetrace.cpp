@@ -1,0 +1,123 @@
+#include "retrace/deviceRetrace.h"
+
+#include "choices/apply.h"
+#include "editing/deviceEdits.h"
+#include "ktl/writing/deviceBytes.h"
+#include "retrace/moduleRetrace.h"
+#include "retrace/pdoRetrace.h"
+#include "retrace/settingsRetrace.h"
+#include "retrace/startupRetrace.h"
+
+#include <cstddef>
+#include <optional>
+#include <stdexcept>
+#include <utility>
+
+namespace retrace {
+
+namespace {
+
+/// How much someone did by hand.
+std::size_t editsOf(const choices::DeviceChoices& choices)
+{
+    return choices.links.size() + choices.removedEntries.size() + choices.addedEntries.size()
+           + choices.changedCommands.size() + choices.removedCommands.size() + choices.addedCommands.size();
+}
+
+} // namespace
+
+struct_FilenameDevice withoutDevices(const struct_FilenameDevice& file)
+{
+    struct_FilenameDevice copy;
+    copy.xmlfilepath = file.xmlfilepath;
+    copy.Vendor_Id = file.Vendor_Id;
+    copy.vcommentmodule = file.vcommentmodule;
+    return copy;
+}
+
+DeviceRetrace::DeviceRetrace(struct_FilenameDevice& file)
+    : m_file(file)
+    , m_modules(namedModulesOf(file))
+    , m_lookUp(file)
+{}
+
+bool DeviceRetrace::isExportOf(struct_EtherCatDevice& device, const ExportedBlock& block) const
+{
+    return deviceBytesOf(device, m_file, block.exportTime) == block.bytes;
+}
+
+bool DeviceRetrace::isUntouched(const struct_EtherCatDevice& device, const ExportedBlock& block) const
+{
+    struct_EtherCatDevice copy = device;
+    return isExportOf(copy, block);
+}
+
+struct_EtherCatDevice DeviceRetrace::after(const choices::DeviceChoices& choices,
+                                           const struct_EtherCatDevice& device) const
+{
+    struct_EtherCatDevice copy = device;
+    DeviceClicks clicks;
+    choices::Problems problems; // a choice that does not fit shows in the bytes
+    choices::makeDeviceChoices(choices, m_file, copy, m_lookUp, clicks, problems);
+    return copy;
+}
+
+/// Adds the edits of lists, which follow from type and modules.
+void DeviceRetrace::finish(RetracedDevice& retraced, const struct_EtherCatDevice& device,
+                           const ExportedBlock& block) const
+{
+    const struct_EtherCatDevice before = after(retraced.choices, device);
+    retracePdos(before, block.content, retraced.choices);
+    retraceStartup(before, block.content, retraced.choices);
+    struct_EtherCatDevice exported = after(retraced.choices, device);
+    retraced.isExact = isExportOf(exported, block);
+}
+
+RetracedDevice DeviceRetrace::selected(const struct_EtherCatDevice& device, const ExportedBlock& block) const
+{
+    RetracedDevice settings;
+    settings.isSelected = true;
+    retraceType(device, block.content, settings.choices);
+    retraceModes(device, block.content, settings.choices);
+    retraceSyncManagers(device, block.content, settings.choices);
+    std::optional<RetracedDevice> best;
+    for (std::vector<choices::ModuleChoice>& modules :
+         likelyModules(after(settings.choices, device), m_modules, block.content)) {
+        RetracedDevice retraced = settings;
+        retraced.choices.modules = std::move(modules);
+        finish(retraced, device, block);
+        const auto isBetter = [&](const RetracedDevice& than) {
+            return retraced.isExact != than.isExact ? retraced.isExact
+                                                    : editsOf(retraced.choices) < editsOf(than.choices);
+        };
+        if (!best.has_value() || isBetter(*best))
+            best = std::move(retraced);
+        if (best->isExact)
+            break;
+    }
+    return best.value_or(settings);
+}
+
+RetracedDevice DeviceRetrace::retraced(const struct_EtherCatDevice& device, const ExportedBlock& block) const
+{
+    try {
+        if (isUntouched(device, block))
+            return {{}, false, true};
+    } catch (const std::out_of_range&) {
+        return {}; // it cannot be exported at all: a PDO is on a sync manager that the device does not declare
+    }
+    return retracedAsSelected(device, block);
+}
+
+RetracedDevice DeviceRetrace::retracedAsSelected(const struct_EtherCatDevice& device, const ExportedBlock& block) const
+{
+    try {
+        return selected(device, block);
+    } catch (const std::out_of_range&) { // as above, with its type or modules
+        RetracedDevice nothing;
+        nothing.isSelected = true;
+        return nothing;
+    }
+}
+
+} // namespace retrace

@@ -1,0 +1,41 @@
+// moduleFillings.h - the ways to fill the places of a device with modules, and what an export shows of each.
+#pragma once
+
+#include "choices/choices.h"
+#include "model/deviceRecords.h"
+#include "retrace/exportedPdos.h"
+#include "retrace/moduleNames.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace retrace {
+
+/// One way to fill a place.
+struct Filling
+{
+    std::vector<choices::ModuleChoice> choices; ///< that lead to it; none if the place stays as it is
+    std::vector<DeclaredPdo> outputs; ///< that its modules bring into the device, without names
+    std::vector<DeclaredPdo> inputs;
+    std::vector<struct_KTL_InitCmd> commands; ///< that its modules declare
+    std::optional<std::uint32_t> ident; ///< of its last module, which a preset shows
+};
+
+/// The ways to fill a place.
+struct FillablePlace
+{
+    int place = 0;
+    std::vector<Filling> fillings; ///< the first one leaves it as it is; the only one of a default module that stays
+};
+
+/// Gives the places of a device, in the order in which their modules bring in what they have.
+/// @param device   its type takes modules by hand
+/// @param modules  of its file
+/// @return  false if there are more ways than anyone can try, and then without a call
+/// @throws MissingSyncManager if the device lacks one that a PDO names
+bool forEachFillablePlace(const struct_EtherCatDevice& device, const std::vector<NamedModule>& modules,
+                          const std::function<void(const FillablePlace& place)>& visit);
+
+} // namespace retrace

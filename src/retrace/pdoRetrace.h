@@ -1,0 +1,15 @@
+// pdoRetrace.h - the PDO entries that were linked, removed and added by hand before an export.
+#pragma once
+
+#include "choices/choices.h"
+#include "ktl/reading/ktlDeviceBlocks.h"
+#include "model/deviceRecords.h"
+
+namespace retrace {
+
+/// Adds to the choices of a device what makes its PDOs those of a device block, as far as that can be.
+/// @param device  as the other choices leave it
+/// @throws MissingSyncManager if the device lacks one that a PDO names
+void retracePdos(const struct_EtherCatDevice& device, const KtlDeviceBlock& block, choices::DeviceChoices& choices);
+
+} // namespace retrace
