@@ -217,6 +217,14 @@ private:
 
 } // namespace
 
+bool makeDeviceChoices(const DeviceChoices& choices, struct_FilenameDevice& file, struct_EtherCatDevice& device,
+                       const ModuleLookUp& modules, DeviceClicks& clicks, Problems& problems)
+{
+    DeviceEditing editing(file, device, modules, choices, problems);
+    editing.run(clicks);
+    return editing.isAdvised();
+}
+
 MadeChoices makeChoices(const FileChoices& choices, std::vector<struct_FilenameDevice>& files,
                         const DeviceSelectors& selectors, Problems& problems)
 {
@@ -233,9 +241,7 @@ MadeChoices makeChoices(const FileChoices& choices, std::vector<struct_FilenameD
             continue;
         struct_FilenameDevice& file = files[position->first];
         const ModuleLookUp& ofFile = modules.try_emplace(position->first, file).first->second;
-        DeviceEditing editing(file, file.device[position->second], ofFile, ofDevice, problems);
-        editing.run(clicks);
-        if (editing.isAdvised())
+        if (makeDeviceChoices(ofDevice, file, file.device[position->second], ofFile, clicks, problems))
             made.couplers.push_back(*position);
     }
     made.chosen = devices.places();

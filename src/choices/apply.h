@@ -3,7 +3,9 @@
 
 #include "choices/choices.h"
 #include "choices/deviceSelectors.h"
+#include "choices/moduleLookUp.h"
 #include "choices/problems.h"
+#include "editing/deviceEdits.h"
 #include "model/XMLParsing.h"
 
 #include <QString>
@@ -22,6 +24,14 @@ struct MadeChoices
     std::vector<DevicePosition> couplers; ///< with modules by hand, though they take a list of modules by themselves
     std::optional<std::set<DevicePosition>> exported; ///< the devices to write; all of them where nothing says which
 };
+
+/// Makes the choices of one device, by whatever name they call it.
+/// @param file     of the device, for messages
+/// @param modules  of the file
+/// @param clicks   the selections so far
+/// @return  whether modules are set by hand although the device takes a list of modules by itself
+bool makeDeviceChoices(const DeviceChoices& choices, struct_FilenameDevice& file, struct_EtherCatDevice& device,
+                       const ModuleLookUp& modules, DeviceClicks& clicks, Problems& problems);
 
 /// Makes the choices in the loaded files, device by device in the order of the choices. Every choice that does not fit
 /// is told; the files are of no use then.
