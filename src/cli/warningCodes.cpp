@@ -24,6 +24,7 @@ const NamedCode namedCodes[] = {
     {WarningCode::ItemCount, QLatin1String("item-count")},
     {WarningCode::LeftOut, QLatin1String("left-out")},
     {WarningCode::SameInput, QLatin1String("same-input")},
+    {WarningCode::NoChoice, QLatin1String("no-choice")},
 };
 
 } // namespace

@@ -22,6 +22,7 @@ enum class WarningCode
     ItemCount, ///< more items than the workbench reads and a dump shows
     LeftOut, ///< choices for a device that is not written
     SameInput, ///< a file that is given more than once
+    NoChoice, ///< what no choice makes of an export
 };
 
 /// Name of a kind, as it ends the line of a warning: "sync-managers".

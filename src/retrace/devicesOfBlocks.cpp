@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <string_view>
 #include <tuple>
 
 namespace retrace {
@@ -30,7 +31,8 @@ std::uint32_t distance(std::uint32_t left, std::uint32_t right)
 /// Name of the device of a block; empty if the block has no names.
 std::string nameOf(const KtlDeviceBlock& block)
 {
-    return block.moreInfo.has_value() ? block.moreInfo->text.substr(0, block.moreInfo->text.find('\n')) : std::string();
+    const std::string text = block.moreInfo.has_value() ? block.moreInfo->text : std::string();
+    return text.substr(0, text.find_first_of(std::string_view("\n\0", 2)));
 }
 
 /// Finds the devices of blocks one after another.

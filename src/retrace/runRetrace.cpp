@@ -138,6 +138,7 @@ private:
     {
         choices.device = selectorOf(position);
         m_run.choices.devices.push_back(std::move(choices));
+        m_run.chosen.push_back(position);
     }
 
     /// Names the devices that go out, unless all do.

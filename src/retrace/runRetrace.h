@@ -14,6 +14,7 @@ namespace retrace {
 struct RetracedRun
 {
     choices::FileChoices choices;
+    std::vector<choices::DevicePosition> chosen; ///< the devices that the choices name, in the order of the choices
     std::vector<MatchedDevice> devices; ///< of the blocks, in their order
 };
 
