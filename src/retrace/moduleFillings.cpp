@@ -3,6 +3,8 @@
 #include "editing/slotPlaces.h"
 #include "esi/derivation/moduleInSlot.h"
 #include "ktl/writing/commandRecord.h"
+#include "model/pdoAccess.h"
+#include "model/syncDirection.h"
 
 #include <cstddef>
 #include <map>
@@ -90,10 +92,23 @@ private:
             pdo.names.clear(); // they are the scratch device's
             (pdo.isInput ? filling.inputs : filling.outputs).push_back(std::move(pdo));
         }
+        addBrought(m_scratch.mRxPdo.mpdo, KTL_Outputs, filling);
+        addBrought(m_scratch.mTxPdo.mpdo, KTL_Inputs, filling);
         for (const struct_moduleInitCmd& command : m_scratch.mMailbox.COE.vinitcmd)
             filling.commands.push_back(commandRecordOf(command));
         m_scratch.mDictionary = {};
         return filling;
+    }
+
+    /// @param direction  of sync managers whose length the PDOs count for
+    void addBrought(const std::vector<modulePdo>& pdos, enum_KTL_SMFMMU_TYPE direction, Filling& filling) const
+    {
+        for (const modulePdo& pdo : pdos) {
+            const int number = pdo.Attributes.SM;
+            const bool isThere = number >= 0 && static_cast<std::size_t>(number) < m_scratch.vSM.size();
+            const bool counts = isThere && m_scratch.vSM[static_cast<std::size_t>(number)].Smtype == direction;
+            filling.brought.push_back({indexOf(pdo), number, counts ? sizeOf(pdo) : 0});
+        }
     }
 
     const struct_Slot& m_slot;

@@ -13,12 +13,21 @@
 
 namespace retrace {
 
+/// A PDO that a module brings into its device, whether or not it goes out.
+struct BroughtPdo
+{
+    std::uint16_t index = 0;
+    int syncManager = -1; ///< -1 if it is not assigned
+    float size = 0; ///< that the length of the sync manager grows by; 0 if it does not count there
+};
+
 /// One way to fill a place.
 struct Filling
 {
     std::vector<choices::ModuleChoice> choices; ///< that lead to it; none if the place stays as it is
     std::vector<DeclaredPdo> outputs; ///< that its modules bring into the device, without names
     std::vector<DeclaredPdo> inputs;
+    std::vector<BroughtPdo> brought; ///< outputs first
     std::vector<struct_KTL_InitCmd> commands; ///< that its modules declare
     std::optional<std::uint32_t> ident; ///< of its last module, which a preset shows
 };

@@ -1,9 +1,9 @@
 #include "retrace/moduleRetrace.h"
 
 #include "editing/moduleEdits.h"
-#include "editing/slotPlaces.h"
-#include "model/deviceType.h"
+#include "retrace/entryAlignment.h"
 #include "retrace/moduleFillings.h"
+#include "retrace/shownModules.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -19,100 +19,19 @@ namespace {
 
 // How much speaks for and against a filling.
 constexpr int samePdo = 100; ///< a PDO that is in the block
-constexpr int sameEntries = 20; ///< and has the same entries
+constexpr int sameEntries = 40; ///< and has the same entries
 constexpr int sameLinks = 2; ///< and the same links
-constexpr int gonePdo = -150; ///< a PDO that is not in the block: all its entries would have been removed
+constexpr int editedEntry =
+    -2; ///< or not quite the same, for each edit; there are never so many that others count more
+constexpr int gonePdo = -70; ///< a PDO that is not in the block: all its entries would have been removed
+constexpr int mentionedPdo = 60; ///< a PDO that the commands of the block assign or map
 constexpr int sameCommand = 20; ///< a command that is in the block
 constexpr int goneCommand = -40; ///< one that is not: it would have been removed or changed
 constexpr int sameIdent = 300; ///< what the block presets
 constexpr int otherIdent = -300;
+constexpr int otherLength = -500; ///< of a sync manager
 constexpr int unexplained = -120; ///< a PDO of the block that no module brings in
 constexpr int oneChoice = -1; ///< nothing was done where nothing had to be done
-
-/// What a block shows of the modules in a device.
-class ShownModules
-{
-public:
-    ShownModules(const struct_EtherCatDevice& device, const KtlDeviceBlock& block)
-        : m_block(block)
-    {
-        splitPdos(device);
-        for (std::size_t position = 0; position < block.coeCommands.size(); ++position)
-            m_commands[keyOf(block.coeCommands[position])].push_back(position);
-        readFixedIdents(device);
-    }
-
-    [[nodiscard]] const std::vector<const KtlPdo*>& outputs() const { return m_outputs; }
-    [[nodiscard]] const std::vector<const KtlPdo*>& inputs() const { return m_inputs; }
-
-    /// The first place from a given one on where a command stands; nothing if it stands nowhere there.
-    [[nodiscard]] std::optional<std::size_t> placeOf(const struct_KTL_InitCmd& command, std::size_t from) const
-    {
-        const auto found = m_commands.find(keyOf(command));
-        if (found == m_commands.end())
-            return std::nullopt;
-        const auto place = std::lower_bound(found->second.begin(), found->second.end(), from);
-        return place == found->second.end() ? std::nullopt : std::make_optional(*place);
-    }
-
-    /// How well a module in a place fits the preset of the block.
-    [[nodiscard]] int scoreOf(int place, const std::optional<std::uint32_t>& ident) const
-    {
-        if (!m_block.preset.has_value() || place < 0
-            || static_cast<std::size_t>(place) >= m_block.preset->records.size())
-            return 0;
-        const auto fixed = m_fixedIdents.find(place);
-        const std::uint32_t ofFixed = fixed == m_fixedIdents.end() ? 0 : fixed->second;
-        const std::uint32_t shown = m_block.preset->records[static_cast<std::size_t>(place)].m_iModuleIdent;
-        return ident.value_or(ofFixed) == shown ? sameIdent : otherIdent;
-    }
-
-private:
-    using CommandKey = std::tuple<std::uint16_t, std::uint16_t, std::uint8_t, std::uint16_t, std::uint32_t>;
-
-    static CommandKey keyOf(const struct_KTL_InitCmd& command)
-    {
-        return {command.Transition, command.Index, command.SubIndex, command.DataBytes, command.Data};
-    }
-
-    /// The PDOs of modules come behind those of the device, outputs first.
-    void splitPdos(const struct_EtherCatDevice& device)
-    {
-        if (!hasModulePdos(device.m_iDeviceType))
-            return;
-        struct_EtherCatDevice own;
-        own.RxPdo = device.RxPdo;
-        own.TxPdo = device.TxPdo;
-        own.vSM = device.vSM;
-        std::size_t next = 0;
-        for (const DeclaredPdo& pdo : exportedPdosOf(own))
-            if (next < m_block.pdos.size() && areSamePdo(pdo, m_block.pdos[next]))
-                ++next;
-        for (; next < m_block.pdos.size() && !m_block.pdos[next].isInput; ++next)
-            m_outputs.push_back(&m_block.pdos[next]);
-        for (; next < m_block.pdos.size(); ++next)
-            m_inputs.push_back(&m_block.pdos[next]);
-    }
-
-    /// Default modules that bear the number of their slot where that is none of its places.
-    void readFixedIdents(const struct_EtherCatDevice& device)
-    {
-        PlaceRange range;
-        for (const struct_Slot& slot : device.Slots.vslot) {
-            range.first = range.end;
-            range.end = static_cast<std::uint16_t>(range.first + slot.Attributes.MaxInstances);
-            for (const struct_slotmodule& placed : slot.slotmodule)
-                if (!range.holds(placed.Instances))
-                    m_fixedIdents[placed.Instances] = placed.module.TypeAttributes.ModuleIdent;
-        }
-    }
-
-    const KtlDeviceBlock& m_block;
-    std::vector<const KtlPdo*> m_outputs;
-    std::vector<const KtlPdo*> m_inputs;
-    std::map<CommandKey, std::vector<std::size_t>> m_commands; ///< where each command stands in the block
-    std::map<int, std::uint32_t> m_fixedIdents; ///< by their numbers
-};
 
 /// How far the places that were looked at explain a block.
 struct Progress
@@ -120,10 +39,17 @@ struct Progress
     std::size_t output = 0; ///< the first output PDO of the block that is not explained
     std::size_t input = 0;
     std::size_t command = 0;
+    std::vector<float> lengths; ///< of the sync managers, with the PDOs that were brought in so far
     int score = 0;
     std::size_t way = 0; ///< its last choices
 
-    [[nodiscard]] auto key() const { return std::make_tuple(output, input, command); }
+    [[nodiscard]] auto key() const { return std::tie(output, input, command, lengths); }
+};
+
+/// Of two ways to the same point one is enough.
+struct ByPoint
+{
+    bool operator()(const Progress& left, const Progress& right) const { return left.key() < right.key(); }
 };
 
 /// Choices that have led to a progress, and the way to what was before.
@@ -141,19 +67,20 @@ public:
         : m_shown(shown)
         , m_ways{{0, {}}}
         , m_progress(1)
-    {}
+    {
+        m_progress.front().lengths = shown.lengths();
+    }
 
     void visit(const FillablePlace& place)
     {
         m_place = place.place;
-        // By what is explained: of two ways to the same point one is enough.
-        std::map<std::tuple<std::size_t, std::size_t, std::size_t>, std::pair<Progress, const Filling*>> best;
+        std::map<Progress, Reached, ByPoint> best;
         for (const Progress& before : m_progress)
             for (const Filling& filling : place.fillings) {
                 const Progress after = progressBy(filling, before);
-                const auto [found, isNew] = best.try_emplace(after.key(), after, &filling);
-                if (!isNew && found->second.first.score < after.score)
-                    found->second = {after, &filling};
+                const auto [found, isNew] = best.try_emplace(after, Reached{after.score, after.way, &filling});
+                if (!isNew && found->second.score < after.score)
+                    found->second = {after.score, after.way, &filling};
             }
         keepBest(best);
     }
@@ -161,11 +88,13 @@ public:
     /// All choices of the likeliest fillings, the best first.
     [[nodiscard]] std::vector<std::vector<choices::ModuleChoice>> results()
     {
-        constexpr std::size_t maxResults = 8;
-        for (Progress& progress : m_progress)
-            progress.score += unexplained
-                              * static_cast<int>(m_shown.outputs().size() - progress.output + m_shown.inputs().size()
-                                                 - progress.input);
+        constexpr std::size_t maxResults = 32;
+        for (Progress& progress : m_progress) {
+            const std::size_t left =
+                m_shown.outputs().size() - progress.output + m_shown.inputs().size() - progress.input;
+            progress.score += unexplained * static_cast<int>(left);
+            progress.score += otherLength * static_cast<int>(m_shown.otherLengths(progress.lengths));
+        }
         std::stable_sort(m_progress.begin(), m_progress.end(), isBetter);
         m_progress.resize(std::min(m_progress.size(), maxResults));
         std::vector<std::vector<choices::ModuleChoice>> results;
@@ -175,53 +104,74 @@ public:
     }
 
 private:
+    /// The best way to a point.
+    struct Reached
+    {
+        int score;
+        std::size_t way; ///< before the place
+        const Filling* filling; ///< of the place
+    };
+
     static bool isBetter(const Progress& left, const Progress& right) { return left.score > right.score; }
 
-    [[nodiscard]] Progress progressBy(const Filling& filling, Progress progress) const
+    [[nodiscard]] Progress progressBy(const Filling& filling, Progress progress)
     {
         addPdos(filling.outputs, m_shown.outputs(), progress.output, progress.score);
         addPdos(filling.inputs, m_shown.inputs(), progress.input, progress.score);
+        for (const BroughtPdo& pdo : filling.brought) {
+            if (pdo.size != 0)
+                progress.lengths[static_cast<std::size_t>(pdo.syncManager)] += pdo.size;
+            progress.score += m_shown.mentions(pdo) ? mentionedPdo : 0;
+        }
         for (const struct_KTL_InitCmd& command : filling.commands) {
             const std::optional<std::size_t> place = m_shown.placeOf(command, progress.command);
             progress.score += place.has_value() ? sameCommand : goneCommand;
             progress.command = place.has_value() ? *place + 1 : progress.command;
         }
-        progress.score += m_shown.scoreOf(m_place, filling.ident);
+        if (const std::optional<bool> fits = m_shown.isPreset(m_place, filling.ident))
+            progress.score += *fits ? sameIdent : otherIdent;
         progress.score += oneChoice * static_cast<int>(filling.choices.size());
         return progress;
     }
 
-    static void addPdos(const std::vector<DeclaredPdo>& brought, const std::vector<const KtlPdo*>& shown,
-                        std::size_t& next, int& score)
+    /// Finds PDOs in the block, one after another. One whose entries no one can have edited to those of the block is
+    /// not the one that is there.
+    void addPdos(const std::vector<DeclaredPdo>& brought, const std::vector<const KtlPdo*>& shown, std::size_t& next,
+                 int& score)
     {
         for (const DeclaredPdo& pdo : brought) {
-            if (next >= shown.size() || !areSamePdo(pdo, *shown[next])) {
+            const bool isShown = next < shown.size() && areSamePdo(pdo, *shown[next]);
+            const Cost edits = isShown ? m_entries.costOf(pdo, *shown[next]) : impossible;
+            if (edits >= impossible) {
                 score += gonePdo;
                 continue;
             }
-            score += samePdo + likenessOf(pdo.entries, shown[next]->entries);
+            score += samePdo + likenessOf(pdo, *shown[next], edits);
             ++next;
         }
     }
 
-    static int likenessOf(const std::vector<struct_KTL_EntryPDOContent>& left,
-                          const std::vector<struct_KTL_EntryPDOContent>& right)
+    static int likenessOf(const DeclaredPdo& pdo, const KtlPdo& shown, Cost edits)
     {
-        if (!std::equal(left.begin(), left.end(), right.begin(), right.end(), areSameEntry))
-            return 0;
+        constexpr Cost maxEdits = 20;
+        if (edits > 0)
+            return sameEntries + editedEntry * static_cast<int>(std::min(edits, maxEdits));
         const bool haveSameLinks =
-            std::equal(left.begin(), left.end(), right.begin(), right.end(),
+            std::equal(pdo.entries.begin(), pdo.entries.end(), shown.entries.begin(), shown.entries.end(),
                        [](const auto& one, const auto& other) { return one.LinkToData == other.LinkToData; });
         return haveSameLinks ? sameEntries + sameLinks : sameEntries;
     }
 
-    template<typename Best> void keepBest(const Best& best)
+    void keepBest(const std::map<Progress, Reached, ByPoint>& best)
     {
         constexpr std::size_t maxKept = 64;
         std::vector<std::pair<Progress, const Filling*>> sorted;
         sorted.reserve(best.size());
-        for (const auto& [key, found] : best)
-            sorted.push_back(found);
+        for (const auto& [progress, reached] : best) {
+            sorted.emplace_back(progress, reached.filling);
+            sorted.back().first.score = reached.score;
+            sorted.back().first.way = reached.way;
+        }
         std::stable_sort(sorted.begin(), sorted.end(),
                          [](const auto& left, const auto& right) { return isBetter(left.first, right.first); });
         sorted.resize(std::min(sorted.size(), maxKept));
@@ -231,7 +181,7 @@ private:
                 m_ways.push_back({progress.way, filling->choices});
                 progress.way = m_ways.size() - 1;
             }
-            m_progress.push_back(progress);
+            m_progress.push_back(std::move(progress));
         }
     }
 
@@ -244,6 +194,7 @@ private:
     }
 
     const ShownModules& m_shown;
+    EntryComparison m_entries;
     std::vector<Way> m_ways; ///< the first one is that of the beginning
     std::vector<Progress> m_progress;
     int m_place = 0; ///< that is looked at

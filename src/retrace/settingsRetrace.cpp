@@ -1,6 +1,7 @@
 #include "retrace/settingsRetrace.h"
 
 #include "choices/words.h"
+#include "editing/deviceEdits.h"
 #include "editing/deviceTypeTexts.h"
 #include "esi/derivation/driveAxes.h"
 #include "model/deviceType.h"
@@ -15,15 +16,6 @@
 namespace retrace {
 
 namespace {
-
-/// Whether a device of that type that was selected may have so many axes. One whose type was not changed has those that
-/// it was loaded with or those of its type: the order of the clicks decides.
-bool canHaveAxes(const struct_EtherCatDevice& loaded, const struct_EtherCatDevice& typed, std::uint16_t axes)
-{
-    const bool isTypeAsLoaded = loaded.m_iDeviceType == typed.m_iDeviceType;
-    return typed.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver || axes == axesOfType(typed)
-           || (isTypeAsLoaded && axes == loaded.m_iDriveAxies);
-}
 
 /// The places of the wanted values that are not where they should be, by value.
 class MisplacedModes
@@ -89,15 +81,18 @@ void retraceType(const struct_EtherCatDevice& loaded, const KtlDeviceBlock& bloc
     struct_EtherCatDevice typed; // as much of the device as the axes of a type follow from
     typed.Slots = loaded.Slots;
     typed.m_iDeviceType = block.general.m_iDeviceType;
+    typed.m_iDriveAxies = loaded.m_iDriveAxies;
     if (deviceTypeTextOf(typed.m_iDeviceType) == nullptr)
         return;
-    if (typed.m_iDeviceType != loaded.m_iDeviceType)
+    if (typed.m_iDeviceType != loaded.m_iDeviceType) {
         choices.deviceType = typed.m_iDeviceType;
-    const bool isChanged = choices.deviceType.has_value();
+        typed.m_iDriveAxies = axesOfType(typed);
+    }
     const std::uint16_t axes = block.general.m_iDriveAxies;
-    const bool isOfOrder = !isChanged && axesOfType(typed) != loaded.m_iDriveAxies;
-    const std::uint16_t without = isChanged ? axesOfType(typed) : loaded.m_iDriveAxies;
-    if ((isOfOrder || axes != without) && canHaveAxes(loaded, typed, axes))
+    const std::set<std::uint16_t> ofClicks = axesOfClicks(typed, typeAndAxesOf(loaded));
+    const bool canHave = typed.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver || ofClicks.count(axes) > 0;
+    // Where the order of clicks decides, the choice does.
+    if (canHave && (axes != typed.m_iDriveAxies || ofClicks.size() > 1))
         choices.driveAxes = axes;
 }
 

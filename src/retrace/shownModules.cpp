@@ -1,0 +1,124 @@
+#include "retrace/shownModules.h"
+
+#include "editing/slotPlaces.h"
+#include "esi/derivation/smLengths.h"
+#include "model/byteBit.h"
+#include "model/deviceType.h"
+#include "model/objectAreas.h"
+#include "model/syncDirection.h"
+#include "retrace/exportedPdos.h"
+
+#include <algorithm>
+
+namespace retrace {
+
+ShownModules::ShownModules(const struct_EtherCatDevice& device, const KtlDeviceBlock& block)
+    : m_block(block)
+{
+    readPdos(device);
+    readCommands();
+    readFixedIdents(device);
+    readLengths(device);
+}
+
+ShownModules::CommandKey ShownModules::keyOf(const struct_KTL_InitCmd& command)
+{
+    return {command.Transition, command.Index, command.SubIndex, command.DataBytes, command.Data};
+}
+
+/// The PDOs of modules come behind those of the device, outputs first.
+void ShownModules::readPdos(const struct_EtherCatDevice& device)
+{
+    if (!hasModulePdos(device.m_iDeviceType))
+        return;
+    struct_EtherCatDevice own;
+    own.RxPdo = device.RxPdo;
+    own.TxPdo = device.TxPdo;
+    own.vSM = device.vSM;
+    std::size_t next = 0;
+    for (const DeclaredPdo& pdo : exportedPdosOf(own))
+        if (next < m_block.pdos.size() && areSamePdo(pdo, m_block.pdos[next]))
+            ++next;
+    for (; next < m_block.pdos.size() && !m_block.pdos[next].isInput; ++next)
+        m_outputs.push_back(&m_block.pdos[next]);
+    for (; next < m_block.pdos.size(); ++next)
+        m_inputs.push_back(&m_block.pdos[next]);
+}
+
+void ShownModules::readCommands()
+{
+    for (std::size_t position = 0; position < m_block.coeCommands.size(); ++position) {
+        const struct_KTL_InitCmd& command = m_block.coeCommands[position];
+        m_commands[keyOf(command)].push_back(position);
+        m_commandIndexes.insert(command.Index);
+        m_assigned.insert({command.Index, command.Data});
+    }
+}
+
+/// Default modules that bear the number of their slot where that is none of its places.
+void ShownModules::readFixedIdents(const struct_EtherCatDevice& device)
+{
+    PlaceRange range;
+    for (const struct_Slot& slot : device.Slots.vslot) {
+        range.first = range.end;
+        range.end = static_cast<std::uint16_t>(range.first + slot.Attributes.MaxInstances);
+        for (const struct_slotmodule& placed : slot.slotmodule)
+            if (!range.holds(placed.Instances))
+                m_fixedIdents[placed.Instances] = placed.module.TypeAttributes.ModuleIdent;
+    }
+}
+
+void ShownModules::readLengths(const struct_EtherCatDevice& device)
+{
+    struct_EtherCatDevice own;
+    own.RxPdo = device.RxPdo;
+    own.TxPdo = device.TxPdo;
+    own.vSM = device.vSM;
+    updateProcessDataLengths(own);
+    std::size_t record = 0;
+    for (const struct_SM& syncManager : own.vSM) {
+        m_lengths.push_back(syncManager.Length);
+        const bool isReal = syncManager.Attributes.m_Virtual == 0;
+        const bool isShown = isReal && carriesProcessData(syncManager.Smtype) && record < m_block.syncManagers.size();
+        m_shownLengths.push_back(isShown ? std::make_optional(m_block.syncManagers[record].m_iDefaultSize)
+                                         : std::nullopt);
+        record += isReal ? 1 : 0;
+    }
+}
+
+std::optional<std::size_t> ShownModules::placeOf(const struct_KTL_InitCmd& command, std::size_t from) const
+{
+    const auto found = m_commands.find(keyOf(command));
+    if (found == m_commands.end())
+        return std::nullopt;
+    const auto place = std::lower_bound(found->second.begin(), found->second.end(), from);
+    return place == found->second.end() ? std::nullopt : std::make_optional(*place);
+}
+
+bool ShownModules::mentions(const BroughtPdo& pdo) const
+{
+    const auto assignObject = static_cast<std::uint16_t>(assignObjects.first + pdo.syncManager);
+    return m_commandIndexes.count(pdo.index) > 0 || m_assigned.count({assignObject, pdo.index}) > 0;
+}
+
+std::optional<bool> ShownModules::isPreset(int place, const std::optional<std::uint32_t>& ident) const
+{
+    if (!m_block.preset.has_value() || place < 0 || static_cast<std::size_t>(place) >= m_block.preset->records.size())
+        return std::nullopt;
+    const auto fixed = m_fixedIdents.find(place);
+    const std::uint32_t ofFixed = fixed == m_fixedIdents.end() ? 0 : fixed->second;
+    const std::uint32_t shown = m_block.preset->records[static_cast<std::size_t>(place)].m_iModuleIdent;
+    return ident.value_or(ofFixed) == shown;
+}
+
+std::size_t ShownModules::otherLengths(const std::vector<float>& lengths) const
+{
+    std::size_t count = 0;
+    for (std::size_t number = 0; number < lengths.size(); ++number)
+        if (m_shownLengths[number].has_value()
+            && static_cast<std::uint16_t>(wholeBytes(lengths[number])) != *m_shownLengths[number])
+            ++count;
+    return count;
+}
+
+} // namespace retrace

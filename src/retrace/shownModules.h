@@ -1,0 +1,71 @@
+// shownModules.h - what a device block shows of the modules that were in the device.
+#pragma once
+
+#include "ktl/reading/ktlDeviceBlocks.h"
+#include "model/deviceRecords.h"
+#include "retrace/moduleFillings.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <set>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+namespace retrace {
+
+/// What a block shows of modules: PDOs that are not the device's own, commands, lengths of sync managers, and of a
+/// coupler with preset modules their idents.
+class ShownModules
+{
+public:
+    /// @param device  with its type and settings
+    /// @param block   has to outlive this
+    /// @throws MissingSyncManager if the device lacks one that a PDO names
+    ShownModules(const struct_EtherCatDevice& device, const KtlDeviceBlock& block);
+
+    /// The PDOs that modules have brought in.
+    [[nodiscard]] const std::vector<const KtlPdo*>& outputs() const { return m_outputs; }
+    [[nodiscard]] const std::vector<const KtlPdo*>& inputs() const { return m_inputs; }
+
+    /// The first place from a given one on where a command stands; nothing if it stands nowhere there.
+    [[nodiscard]] std::optional<std::size_t> placeOf(const struct_KTL_InitCmd& command, std::size_t from) const;
+
+    /// Whether a command assigns or maps a PDO.
+    [[nodiscard]] bool mentions(const BroughtPdo& pdo) const;
+
+    /// Whether the block presets a module in a place.
+    /// @param ident  of the module; nothing for none
+    /// @return  nothing if the block says nothing of the place
+    [[nodiscard]] std::optional<bool> isPreset(int place, const std::optional<std::uint32_t>& ident) const;
+
+    /// Lengths of the sync managers without modules.
+    [[nodiscard]] const std::vector<float>& lengths() const { return m_lengths; }
+
+    /// How many sync managers for process data have other lengths in the block.
+    [[nodiscard]] std::size_t otherLengths(const std::vector<float>& lengths) const;
+
+private:
+    using CommandKey = std::tuple<std::uint16_t, std::uint16_t, std::uint8_t, std::uint16_t, std::uint32_t>;
+
+    static CommandKey keyOf(const struct_KTL_InitCmd& command);
+    void readPdos(const struct_EtherCatDevice& device);
+    void readCommands();
+    void readFixedIdents(const struct_EtherCatDevice& device);
+    void readLengths(const struct_EtherCatDevice& device);
+
+    const KtlDeviceBlock& m_block;
+    std::vector<const KtlPdo*> m_outputs;
+    std::vector<const KtlPdo*> m_inputs;
+    std::map<CommandKey, std::vector<std::size_t>> m_commands; ///< where each command stands in the block
+    std::set<std::uint16_t> m_commandIndexes;
+    std::set<std::pair<std::uint16_t, std::uint32_t>> m_assigned; ///< assign object and PDO
+    std::map<int, std::uint32_t> m_fixedIdents; ///< of default modules that stay, by their numbers
+    std::vector<float> m_lengths;
+    std::vector<std::optional<std::uint16_t>>
+        m_shownLengths; ///< by sync manager; nothing for mailboxes and virtual ones
+};
+
+} // namespace retrace
