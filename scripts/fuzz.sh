@@ -8,7 +8,7 @@ seconds=${1:-60}
 cmake --preset fuzz
 cmake --build build/fuzz
 work=build/fuzz/run
-mkdir -p "$work"/{esi,ktl-reader,ktl-dump,choices,show-esi,show-ktl,check,diff,two-roads}
+mkdir -p "$work"/{esi,ktl-reader,ktl-dump,choices,show-esi,show-ktl,check,diff,retrace,two-roads}
 build/fuzz/bin/makeEsiSeeds "$work/esi" samples/*.xml
 for sample in samples/*.xml; do
   build/fuzz/bin/ktl convert "$sample" -o "$work/ktl-reader/$(basename "$sample" .xml).ktl" --force
@@ -24,6 +24,8 @@ for esi in fuzz/choosableDevices.xml samples/*.xml; do
   build/fuzz/bin/ktl choices "$esi" > "$seed.json"
   sed 's/^\(      "device": \).*/\11,/' "$seed.json" > "$seed-first.json"
 done
+cp "$work"/choices/*.json "$work"/ktl-reader/*.ktl "$work/retrace/"
+build/fuzz/bin/ktl convert fuzz/choosableDevices.xml -o "$work/retrace/choosableDevices.ktl" --force --no-dump
 
 # Two files: the bytes of the first one's length, the low one first, then one file after the other.
 pair() { # FIRST SECOND RESULT
@@ -59,3 +61,4 @@ run fuzzShowEsi show-esi esi.dict 8192
 run fuzzTwoRoads two-roads esi.dict 8192
 run fuzzCheck check esi.dict 8192
 run fuzzDiff diff esi.dict 16384
+run fuzzRetrace retrace choices.dict 32768
