@@ -133,7 +133,7 @@ void tst_EntryChoices::nothingIsMadeOfWrongOnes()
 /// A list is made again once, however many entries are added to it.
 void tst_EntryChoices::manyEntries()
 {
-    constexpr int count = 100000;
+    constexpr int count = 30000;
     QByteArrayList added;
     for (int number = 0; number < count; ++number)
         added += R"({"pdo": 0, "behind": 0})";
