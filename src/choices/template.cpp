@@ -18,6 +18,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <initializer_list>
 #include <map>
 #include <ostream>
 #include <string_view>
@@ -138,8 +139,10 @@ void writeSlots(json::Writer& json, const struct_EtherCatDevice& device)
 void writeModulesOfFile(json::Writer& json, const struct_FilenameDevice& file)
 {
     json.openList("modulesOfFile");
+    int row = 0;
     forEachModule(file, [&](const struct_module& module) {
         json.line({{"module", hexNumber(module.TypeAttributes.ModuleIdent)},
+                   {"moduleRow", row++},
                    {"name", text(module.Name)},
                    {"type", textOrNothing(module.TypeAttributes.Name)}});
     });
@@ -161,6 +164,19 @@ void writeModules(json::Writer& json, const struct_EtherCatDevice& device)
     json.closeList();
 }
 
+void writeSyncManagers(json::Writer& json, const struct_EtherCatDevice& device)
+{
+    if (device.vSM.empty())
+        return;
+    json.openList("syncManagers");
+    int row = 0;
+    for (const struct_SM& syncManager : device.vSM)
+        json.line({{"syncManager", row++},
+                   {"name", text(syncManager.Name)},
+                   {"minSize", number(syncManager.Attributes.MinSize)}});
+    json.closeList();
+}
+
 /// What helps to choose the link of an entry.
 template<typename Pdo, typename Entry>
 QJsonObject aboutEntry(const Pdo& pdo, const Entry& entry, PdoDirection direction)
@@ -175,16 +191,23 @@ QJsonObject aboutEntry(const Pdo& pdo, const Entry& entry, PdoDirection directio
     return about;
 }
 
+/// A module as links name it; undefined values for a device.
+struct NamedModule
+{
+    QJsonValue ident = QJsonValue(QJsonValue::Undefined);
+    QJsonValue row = QJsonValue(QJsonValue::Undefined); ///< where others have the ident too
+};
+
 /// The entries of the PDOs of a device or of a module with their links.
-/// @param module  undefined for a device
-template<typename Owner> void writeLinks(json::Writer& json, const Owner& owner, const QJsonValue& module)
+template<typename Owner> void writeLinks(json::Writer& json, const Owner& owner, const NamedModule& module)
 {
     int row = 0;
     forEachPdoList(owner, [&](const auto& pdos, PdoDirection direction) {
         for (const auto& pdo : pdos) {
             int position = 0;
             for (const auto& entry : entriesOf(pdo))
-                json.line({{"module", module},
+                json.line({{"module", module.ident},
+                           {"moduleRow", module.row},
                            {"pdo", row},
                            {"index", hexNumber(indexOf(pdo))},
                            {"entry", position++},
@@ -197,17 +220,29 @@ template<typename Owner> void writeLinks(json::Writer& json, const Owner& owner,
     });
 }
 
-/// The modules of a file that can be named by their ident.
 void writeModuleLinks(json::Writer& json, const struct_FilenameDevice& file)
 {
     std::map<std::uint32_t, int> idents;
     forEachModule(file, [&](const struct_module& module) { ++idents[module.TypeAttributes.ModuleIdent]; });
     json.openList("moduleLinks");
+    int row = 0;
     forEachModule(file, [&](const struct_module& module) {
-        if (idents[module.TypeAttributes.ModuleIdent] == 1)
-            writeLinks(json, module, hexNumber(module.TypeAttributes.ModuleIdent));
+        NamedModule named{hexNumber(module.TypeAttributes.ModuleIdent)};
+        if (idents[module.TypeAttributes.ModuleIdent] > 1)
+            named.row = row;
+        ++row;
+        writeLinks(json, module, named);
     });
     json.closeList();
+}
+
+/// Lists to be filled by hand.
+void writeEmptyLists(json::Writer& json, std::initializer_list<std::string_view> keys)
+{
+    for (const std::string_view key : keys) {
+        json.openList(key);
+        json.closeList();
+    }
 }
 
 void writeStartup(json::Writer& json, const struct_EtherCatDevice& device)
@@ -233,10 +268,7 @@ void writeStartup(json::Writer& json, const struct_EtherCatDevice& device)
         }
     });
     json.closeList();
-    json.openList("removed");
-    json.closeList();
-    json.openList("added");
-    json.closeList();
+    writeEmptyLists(json, {"removed", "added"});
     json.closeObject();
 }
 
@@ -265,6 +297,8 @@ void writeAbout(json::Writer& json, const struct_FilenameDevice& file, const str
 
 void writeSettings(json::Writer& json, const struct_EtherCatDevice& device)
 {
+    if (!device.Slots.vslot.empty())
+        json.value("takesModuleList", device.Slots.Attributes.DownloadModuleIdentList);
     json.value("deviceType", deviceTypeName(device.m_iDeviceType));
     if (device.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver)
         json.value("driveAxes", number(device.m_iDriveAxies));
@@ -290,9 +324,13 @@ void writeDevice(json::Writer& json, const struct_FilenameDevice& file, const st
         writeModuleLinks(json, file);
     if (!moduleRefusal(device.m_iDeviceType).has_value() && !device.Slots.vslot.empty())
         writeModules(json, device);
+    writeSyncManagers(json, device);
     json.openList("links");
-    writeLinks(json, device, QJsonValue(QJsonValue::Undefined));
+    writeLinks(json, device, {});
     json.closeList();
+    json.openObject("entries");
+    writeEmptyLists(json, {"removed", "added"});
+    json.closeObject();
     writeStartup(json, device);
     json.closeObject();
 }

@@ -20,7 +20,7 @@ constexpr json::Layout layout{2, true};
 /// A value that is left out.
 QJsonValue nothing()
 {
-    return QJsonValue(QJsonValue::Undefined);
+    return {QJsonValue::Undefined};
 }
 
 QJsonValue numberOrNothing(const std::optional<std::uint32_t>& number)

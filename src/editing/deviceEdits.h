@@ -25,6 +25,7 @@ struct TypeAndAxes
     std::uint16_t driveAxes = 0;
 };
 
+/// Those that a device has now.
 [[nodiscard]] TypeAndAxes typeAndAxesOf(const struct_EtherCatDevice& device);
 
 /// The drive axes that clicks can give a device that is no multi-axis drive: those that it has; and while its type is

@@ -18,6 +18,13 @@ private slots:
     static void deviceTwice();
     static void modeOfTwoModes();
     static void chosenDevices();
+    static void exportedDevices();
+    static void exportedDevicesThatDoNotFit_data();
+    static void exportedDevicesThatDoNotFit();
+    static void axesOfTheOrderOfClicks_data();
+    static void axesOfTheOrderOfClicks();
+    static void listOfModules_data();
+    static void listOfModules();
     static void couplers_data();
     static void couplers();
     static void rowsAfterWrongModules();
@@ -33,6 +40,9 @@ void tst_ChoicesApply::settings_data()
     QTest::addRow("axes") << QByteArray(R"("deviceType": 2, "driveAxes": 3)") << "2 3 0 0 300 700 0";
     QTest::addRow("axes that it has") << QByteArray(R"("driveAxes": 1)") << "1 1 0 0 300 700 0";
     QTest::addRow("mode changes places with the first") << QByteArray(R"("dcMode": 2)") << "1 1 0 0 0 700 300";
+    QTest::addRow("modes one after the other, counted as they are then")
+        << QByteArray(R"("dcMode": [2, 1, 2])") << "1 1 0 0 300 0 700";
+    QTest::addRow("modes by name and number") << QByteArray(R"("dcMode": ["DcSync01", 2])") << "1 1 0 0 0 300 700";
     QTest::addRow("mode by name") << QByteArray(R"("dcMode": "DcSync01")") << "1 1 0 0 700 300 0";
     QTest::addRow("indexes") << QByteArray(R"("deviceType": 4, "configIndex": 18, "detectIndex": 19)")
                              << "4 0 18 19 300 700 0";
@@ -70,6 +80,8 @@ void tst_ChoicesApply::settingsThatDoNotFit_data()
                                  << "dcMode: there is no mode 3, the device has 3 [setting]";
     QTest::addRow("mode name") << QByteArray("\"dcMode\": \"FreeRun\"")
                                << "dcMode: \"FreeRun\" is no mode of the device [setting]";
+    QTest::addRow("mode number in a list")
+        << QByteArray(R"("dcMode": [1, 3])") << "dcMode[1]: there is no mode 3, the device has 3 [setting]";
     QTest::addRow("configuration index")
         << QByteArray("\"configIndex\": 1")
         << "configIndex: a device of the type SingleDriver has no module indexes; leave the key out [setting]";
@@ -134,6 +146,103 @@ void tst_ChoicesApply::chosenDevices()
     QCOMPARE(result.made.chosen.size(), std::size_t(2));
     QCOMPARE(result.made.chosen.at({0, 0}), QStringLiteral("devices[1]"));
     QCOMPARE(result.made.chosen.at({0, 1}), QStringLiteral("devices[0]"));
+}
+
+namespace {
+
+QByteArray exporting(const QByteArray& selectors)
+{
+    return R"({"format": "kinetra-choices", "version": 1, "devices": [], "export": [)" + selectors + "]}";
+}
+
+} // namespace
+
+/// Without a list all devices are written.
+void tst_ChoicesApply::exportedDevices()
+{
+    const AppliedChoices some = applied(loadedSample("io-block"), exporting(R"(2, "0x7e570003:0x16160001")"));
+    QCOMPARE(some.problems, QStringList());
+    QVERIFY(some.made.exported == (std::set<choices::DevicePosition>{{0, 0}, {0, 1}}));
+    const AppliedChoices one = applied(loadedSample("io-block"), exporting("\"FB-0504M*\""));
+    QVERIFY(one.made.exported == (std::set<choices::DevicePosition>{{0, 1}}));
+    QVERIFY(!applied(loadedSample("io-block"), choicesWith({})).made.exported.has_value());
+}
+
+void tst_ChoicesApply::exportedDevicesThatDoNotFit_data()
+{
+    QTest::addColumn<QByteArray>("selectors");
+    QTest::addColumn<QString>("message");
+    QTest::addRow("none") << QByteArray("1, 3")
+                          << "export[1]: there is no device 3: the numbers go from 1 to 2 [no-device]";
+    QTest::addRow("several") << QByteArray("\"Twin\"")
+                             << "export[0]: \"Twin\" means 2 devices instead of one; device 1 \"Twin\" "
+                                "(0x1:0x1:0x1), type \"T\"; device 2 \"Twin\" (0x1:0x1:0x1), type \"T\" "
+                                "[several-devices]";
+    QTest::addRow("twice") << QByteArray("2, 1, \"2\"")
+                           << "export[2]: \"2\" is the device of export[0] already [device-twice]";
+}
+
+void tst_ChoicesApply::exportedDevicesThatDoNotFit()
+{
+    QFETCH(QByteArray, selectors);
+    QFETCH(QString, message);
+    QCOMPARE(applied(loadedText(twinsEsi()), exporting(selectors)).problems, QStringList{message});
+}
+
+void tst_ChoicesApply::axesOfTheOrderOfClicks_data()
+{
+    const QString refusal = QStringLiteral("devices[0].driveAxes: a device of the type Special takes only %1 here, "
+                                           "only MultiDriver takes any number of axes; leave the key out [setting]");
+    QTest::addColumn<QByteArray>("members");
+    QTest::addColumn<int>("axes");
+    QTest::addColumn<QString>("message"); // empty if they are taken
+    QTest::addRow("those of the click") << QByteArray() << 0 << "";
+    QTest::addRow("those of the file") << QByteArray("\"driveAxes\": 1") << 1 << "";
+    QTest::addRow("those of the type") << QByteArray("\"driveAxes\": 0") << 0 << "";
+    QTest::addRow("others") << QByteArray("\"driveAxes\": 2") << 0 << refusal.arg("0 or 1");
+    QTest::addRow("the type that it has is no other one")
+        << QByteArray(R"("deviceType": 4, "driveAxes": 1)") << 1 << "";
+    QTest::addRow("those of the file with another type")
+        << QByteArray(R"("deviceType": 3, "driveAxes": 1)") << 0 << refusal.arg("0").replace("Special", "PnpIOBlock");
+}
+
+/// The second profile number makes a special device and leaves the axis of the first. A click takes the axis or leaves
+/// it, which depends on the device that was clicked before.
+void tst_ChoicesApply::axesOfTheOrderOfClicks()
+{
+    const QByteArray esi = "<EtherCATInfo><Vendor><Id>1</Id></Vendor><Descriptions><Devices><Device><Type>T</Type>"
+                           "<Profile><ProfileNo>402</ProfileNo></Profile><Profile><ProfileNo>100</ProfileNo></Profile>"
+                           "</Device></Devices></Descriptions></EtherCATInfo>";
+    QFETCH(QByteArray, members);
+    QFETCH(QString, message);
+    const AppliedChoices result = applied(loadedText(esi), choicesOfFirst(members));
+    QCOMPARE(result.problems.join('\n'), message);
+    QTEST(int(result.files.at(0).device.at(0).m_iDriveAxies), "axes");
+}
+
+void tst_ChoicesApply::listOfModules_data()
+{
+    QTest::addColumn<QByteArray>("members");
+    QTest::addColumn<bool>("takes");
+    QTest::addColumn<bool>("isAdvised");
+    QTest::addRow("not chosen") << QByteArray(R"("deviceType": 5)") << true << true;
+    QTest::addRow("not taken") << QByteArray(R"("takesModuleList": false)") << false << false;
+    QTest::addRow("no advice after that")
+        << QByteArray(R"("deviceType": 5, "takesModuleList": false)") << false << false;
+    QTest::addRow("no advice on modules after that")
+        << QByteArray(R"("deviceType": 4, "modules": [{"place": 2, "module": 264}], "takesModuleList": false)") << false
+        << false;
+    QTest::addRow("taken") << QByteArray(R"("deviceType": 5, "takesModuleList": true)") << true << true;
+}
+
+/// The coupler of the sample takes the list of its modules.
+void tst_ChoicesApply::listOfModules()
+{
+    QFETCH(QByteArray, members);
+    const AppliedChoices result = applied(loadedSample("bus-coupler"), choicesOfFirst(members));
+    QCOMPARE(result.problems, QStringList());
+    QTEST(result.files.at(0).device.at(0).Slots.Attributes.DownloadModuleIdentList, "takes");
+    QTEST(!result.made.couplers.empty(), "isAdvised");
 }
 
 void tst_ChoicesApply::couplers_data()

@@ -1,4 +1,4 @@
-// Modules that a choices file names: by ident, name or type name, and only if there is one such module.
+// Modules that a choices file names: by ident, name or type name, if there is one such module, or by their row too.
 #include "choices/moduleLookUp.h"
 
 #include "testMain.h"
@@ -49,6 +49,12 @@ choices::ModuleName byName(const char* name)
     return {std::nullopt, QString::fromLatin1(name)};
 }
 
+choices::ModuleName inRow(choices::ModuleName name, std::uint32_t row)
+{
+    name.row = row;
+    return name;
+}
+
 } // namespace
 
 Q_DECLARE_METATYPE(choices::ModuleName)
@@ -61,6 +67,8 @@ void tst_ChoicesModuleLookUp::found_data()
     QTest::addRow("name that is the type too") << byName("Output") << "Output";
     QTest::addRow("name of a module whose ident another has") << byName("Twin") << "Twin";
     QTest::addRow("type") << byName("X") << "DI";
+    QTest::addRow("ident of two with a row") << inRow(byIdent(0x10), 1) << "Twin";
+    QTest::addRow("name of two with a row of the second group") << inRow(byName("DI"), 3) << "DI";
 }
 
 void tst_ChoicesModuleLookUp::found()
@@ -76,12 +84,19 @@ void tst_ChoicesModuleLookUp::found()
 void tst_ChoicesModuleLookUp::problems_data()
 {
     QTest::addColumn<choices::ModuleName>("name");
-    QTest::addColumn<QString>("problem");
-    QTest::addRow("no such ident") << byIdent(0x99) << "\"0x99\" is no module of modules.xml";
-    QTest::addRow("no such name") << byName("Gateway") << "\"Gateway\" is no module of modules.xml";
-    QTest::addRow("case counts") << byName("input") << "\"input\" is no module of modules.xml";
-    QTest::addRow("ident of two") << byIdent(0x10) << "\"0x10\" are 2 modules of modules.xml";
-    QTest::addRow("type of one and name of another") << byName("DI") << "\"DI\" are 2 modules of modules.xml";
+    QTest::addColumn<QString>("problem"); // with its kind and key
+    QTest::addRow("no such ident") << byIdent(0x99) << "\"0x99\" is no module of modules.xml module module";
+    QTest::addRow("no such name") << byName("Gateway") << "\"Gateway\" is no module of modules.xml module module";
+    QTest::addRow("case counts") << byName("input") << "\"input\" is no module of modules.xml module module";
+    QTest::addRow("ident of two") << byIdent(0x10) << "\"0x10\" are 2 modules of modules.xml module module";
+    QTest::addRow("type of one and name of another")
+        << byName("DI") << "\"DI\" are 2 modules of modules.xml module module";
+    QTest::addRow("row after the last") << inRow(byIdent(0x10), 4)
+                                        << "there is no module 4, modules.xml has 4 row moduleRow";
+    QTest::addRow("row of another ident")
+        << inRow(byIdent(0x10), 2) << "module 0x20 \"Output\" stands in row 2, not \"0x10\" check module";
+    QTest::addRow("row of another name") << inRow(byName("Twin"), 0)
+                                         << "module 0x10 \"Input\" stands in row 0, not \"Twin\" check module";
 }
 
 void tst_ChoicesModuleLookUp::problems()
@@ -90,7 +105,7 @@ void tst_ChoicesModuleLookUp::problems()
     struct_FilenameDevice file = fileOfModules();
     const choices::FoundModule module = choices::ModuleLookUp(file).named(name);
     QVERIFY(module.module == nullptr);
-    QTEST(module.problem, "problem");
+    QTEST(QStringLiteral("%1 %2 %3").arg(module.problem, choices::nameOf(module.code), module.key), "problem");
 }
 
 void tst_ChoicesModuleLookUp::named_data()

@@ -12,6 +12,8 @@ class tst_ChoicesReader : public QObject
 private slots:
     static void everyKey();
     static void everyKeyOfRows();
+    static void modulesAndSyncManagers();
+    static void entries();
     static void devicesWithMistakesAreLeftOut();
     static void file_data();
     static void file();
@@ -110,6 +112,59 @@ void tst_ChoicesReader::everyKeyOfRows()
     QVERIFY(!added.subIndex.has_value());
 }
 
+void tst_ChoicesReader::modulesAndSyncManagers()
+{
+    choices::Problems problems;
+    const auto read = choices::choicesIn(
+        R"({"format": "kinetra-choices", "version": 1, "export": [3, "Drive"], "devices": [{"device": 1,
+            "takesModuleList": false, "dcMode": ["DC", 1], "modules": [{"place": 0, "module": "16", "moduleRow": 5}],
+            "syncManagers": [{"syncManager": 2, "name": "Outputs", "minSize": "0x40"},
+                             {"syncManager": "Inputs", "minSize": 0}]}, {"device": 2}]})",
+        problems);
+    QCOMPARE(wordsOf(problems), QStringList());
+    QVERIFY(read->exported == (std::vector<QString>{QStringLiteral("3"), QStringLiteral("Drive")}));
+    const choices::DeviceChoices& device = read->devices.at(0);
+    QCOMPARE(device.takesModuleList.value(), false);
+    QCOMPARE(device.dcModes.at(0).name, QStringLiteral("DC"));
+    QCOMPARE(device.dcModes.at(1).position.value(), 1U);
+    QCOMPARE(device.modules.at(0).module->ident.value(), 16U);
+    QCOMPARE(device.modules.at(0).module->name, QString());
+    QCOMPARE(device.modules.at(0).module->row.value(), 5U);
+    QCOMPARE(device.syncManagers.at(0).row.value(), 2U);
+    QCOMPARE(device.syncManagers.at(0).checkedName.value(), QStringLiteral("Outputs"));
+    QCOMPARE(device.syncManagers.at(0).minSize, std::uint16_t(64));
+    QCOMPARE(device.syncManagers.at(1).name, QStringLiteral("Inputs"));
+    QVERIFY(!device.syncManagers.at(1).row.has_value());
+    QVERIFY(!read->devices.at(1).takesModuleList.has_value() && read->devices.at(1).dcModes.empty());
+}
+
+void tst_ChoicesReader::entries()
+{
+    choices::Problems problems;
+    const auto read = choices::choicesIn(choicesOfFirst(R"("entries": {
+        "removed": [{"pdo": 1, "index": "0x1a00", "entry": "0x6000:1", "object": "0x6000:1", "name": "In"}],
+        "added": [{"pdo": "0x1600", "behind": 2, "link": "DOUT"}, {"pdo": 0, "behind": "0x7000:1"}]},
+        "startup": {"changed": [{"row": 0, "unchecked": true}],
+                    "added": [{"behind": 0, "index": 1, "dataBytes": 5, "data": 0, "unchecked": false}]})"),
+                                         problems);
+    QCOMPARE(wordsOf(problems), QStringList());
+    const choices::DeviceChoices& device = read->devices.at(0);
+    const choices::EntryChoice& removed = device.removedEntries.at(0);
+    QCOMPARE(removed.path, QStringLiteral("devices[0].entries.removed[0]"));
+    QCOMPARE(removed.pdoRow.value(), 1U);
+    QCOMPARE(removed.checkedIndex.value(), 0x1A00U);
+    QVERIFY(removed.entryObject == (choices::ObjectAddress{0x6000, 1}));
+    QVERIFY(removed.checkedObject == (choices::ObjectAddress{0x6000, 1}));
+    QCOMPARE(removed.checkedName.value(), QStringLiteral("In"));
+    QCOMPARE(device.addedEntries.at(0).pdoIndex.value(), 0x1600U);
+    QCOMPARE(device.addedEntries.at(0).entryPosition.value(), 2U);
+    QCOMPARE(device.addedEntries.at(0).link, -2);
+    QVERIFY(device.addedEntries.at(1).entryObject == (choices::ObjectAddress{0x7000, 1}));
+    QCOMPARE(device.addedEntries.at(1).link, 0);
+    QVERIFY(device.changedCommands.at(0).isUnchecked);
+    QVERIFY(!device.addedCommands.at(0).isUnchecked);
+}
+
 void tst_ChoicesReader::devicesWithMistakesAreLeftOut()
 {
     choices::Problems problems;
@@ -141,6 +196,13 @@ void tst_ChoicesReader::file_data()
                                        << "devices[0]: the key \"device\" is missing";
     QTest::addRow("device is no number") << head + R"([{"device": true}]})"
                                          << "devices[0].device: true is not a number from 0 to 4294967295 or a name";
+    const QByteArray exporting = R"({"format": "kinetra-choices", "version": 1, "devices": [], "export": )";
+    QTest::addRow("nothing to export") << exporting + "[]}"
+                                       << "export: [] is not a list of devices: nothing would be written";
+    QTest::addRow("export is no list") << exporting + "1}"
+                                       << "export: 1 is not a list";
+    QTest::addRow("device to export") << exporting + "[1, {}]}"
+                                      << "export[1]: {} is not a number from 0 to 4294967295 or a name";
     QTest::addRow("unknown key of the file")
         << QByteArray(R"({"format": "kinetra-choices", "version": 1, "devices": [], "device": 1})")
         << "\"device\" is no key here (known: format, version, export, devices)";
@@ -190,6 +252,10 @@ void tst_ChoicesReader::settings_data()
                                      << "devices[0].deviceType: null" + types;
     QTest::addRow("mode") << choicesOfFirst(R"("dcMode": -1)")
                           << "devices[0].dcMode: -1 is not a number from 0 to 4294967295 or a name";
+    QTest::addRow("mode in a list") << choicesOfFirst(R"("dcMode": [0, null])")
+                                    << "devices[0].dcMode[1]: null is not a number from 0 to 4294967295 or a name";
+    QTest::addRow("list of modules") << choicesOfFirst(R"("takesModuleList": 1)")
+                                     << "devices[0].takesModuleList: 1 is not true or false";
     QTest::addRow("configuration index") << choicesOfFirst(R"("configIndex": "0x10000")")
                                          << "devices[0].configIndex: \"0x10000\" is not a number from 0 to 65535";
     QTest::addRow("detection index") << choicesOfFirst(R"("detectIndex": [])")
@@ -241,6 +307,17 @@ void tst_ChoicesReader::modules_data()
                                      << "devices[0].modules[0].place: \"0\" is not a number from 0 to 65535";
     QTest::addRow("module is missing") << choicesOfFirst(R"("modules": [{"place": 0}])")
                                        << "devices[0].modules[0]: the key \"module\" is missing";
+    QTest::addRow("row of no module") << choicesOfFirst(R"("modules": [{"place": 0, "module": null, "moduleRow": 0}])")
+                                      << "devices[0].modules[0].module: null is not the ident or the name of a module";
+    QTest::addRow("module row as a text")
+        << choicesOfFirst(R"("modules": [{"place": 0, "module": 1, "moduleRow": "0"}])")
+        << "devices[0].modules[0].moduleRow: \"0\" is not a number from 0 to 4294967295";
+    QTest::addRow("sync manager is no name")
+        << choicesOfFirst(R"("syncManagers": [{"syncManager": null, "minSize": 0}])")
+        << "devices[0].syncManagers[0].syncManager: null is not a number from 0 to 4294967295 or a name";
+    QTest::addRow("minimum size of 17 bits")
+        << choicesOfFirst(R"("syncManagers": [{"syncManager": 0, "minSize": 65536}])")
+        << "devices[0].syncManagers[0].minSize: 65536 is not a number from 0 to 65535";
     QTest::addRow("module is no name") << choicesOfFirst(R"("modules": [{"place": 0, "module": ""}])")
                                        << "devices[0].modules[0].module: \"\" is not the ident or the name of a module";
 }

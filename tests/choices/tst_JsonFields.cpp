@@ -14,6 +14,8 @@ private slots:
     static void counts();
     static void texts_data();
     static void texts();
+    static void flags();
+    static void countsOrTexts();
     static void lists_data();
     static void lists();
     static void keys_data();
@@ -129,6 +131,34 @@ void tst_JsonFields::texts()
     QTEST(field.problem(), "problem");
 }
 
+void tst_JsonFields::flags()
+{
+    OneField set(QByteArray("true"));
+    QCOMPARE(set.fields.flag(key), std::make_optional(true));
+    QCOMPARE(set.problem(), none);
+    QCOMPARE(OneField(QByteArray("false")).fields.flag(key), std::make_optional(false));
+    OneField text(QByteArray("\"true\""));
+    QVERIFY(!text.fields.flag(key).has_value());
+    QCOMPARE(text.problem(), QStringLiteral("at.key: \"true\" is not true or false"));
+}
+
+/// A value that is a number or a text, wherever it stands.
+void tst_JsonFields::countsOrTexts()
+{
+    const QLatin1String aName("a name");
+    OneField field(QByteArray(R"([7, "7", true])"));
+    const json::Value list = field.fields.value(key);
+    const choices::CountOrText count = choices::countOrTextIn(list.element(0), "x", aName, field.problems);
+    QCOMPARE(count.count.value(), 7U);
+    QCOMPARE(count.text, QString());
+    const choices::CountOrText text = choices::countOrTextIn(list.element(1), "x", aName, field.problems);
+    QVERIFY(!text.count.has_value());
+    QCOMPARE(text.text, QStringLiteral("7"));
+    QCOMPARE(field.problem(), none);
+    static_cast<void>(choices::countOrTextIn(list.element(2), "at[2]", aName, field.problems));
+    QCOMPARE(field.problem(), QStringLiteral("at[2]: true is not a number from 0 to 4294967295 or a name"));
+}
+
 void tst_JsonFields::lists_data()
 {
     QTest::addColumn<QByteArray>("value");
@@ -188,6 +218,7 @@ void tst_JsonFields::keysThatAreNotThere()
     QVERIFY(!fields.number(key, 1).has_value());
     QVERIFY(!fields.count(key, 1).has_value());
     QVERIFY(!fields.text(key).has_value());
+    QVERIFY(!fields.flag(key).has_value());
     fields.forEach(key, [](const auto&, const QString&) { QFAIL("there is no value"); });
     QCOMPARE(problems.count(), std::size_t(0));
 }

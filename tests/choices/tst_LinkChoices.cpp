@@ -16,6 +16,7 @@ private slots:
     static void twinEntries_data();
     static void twinEntries();
     static void moduleLinks();
+    static void moduleLinksByRow();
     static void moduleLinkOfAFileWithoutModules();
 };
 
@@ -122,6 +123,23 @@ void tst_LinkChoices::moduleLinks()
             if (linksOf(module.RxPdo.vpdo).contains(QLatin1Char('-')))
                 linked += QString::fromStdString(module.TypeAttributes.Name) + ' ' + linksOf(module.RxPdo.vpdo);
     QCOMPARE(linked, QStringList{"MB-AO04 0 -7 0 0"});
+}
+
+/// Of two modules with one ident, the row says which is linked.
+void tst_LinkChoices::moduleLinksByRow()
+{
+    const QByteArray pdo = "<RxPdo><Index>#x1600</Index><Entry><Index>#x7000</Index><BitLen>8</BitLen></Entry></RxPdo>";
+    const QByteArray esi = twinsEsi().replace("</Module>", pdo + "</Module>");
+    const AppliedChoices result = applied(loadedText(esi), choicesOfFirst(R"("moduleLinks": [
+        {"module": 1, "moduleRow": 1, "pdo": 0, "entry": 0, "link": "DOUT"}])"));
+    QCOMPARE(result.problems, QStringList());
+    QStringList links;
+    for (const struct_module& module : result.files.at(0).vcommentmodule.at(0).vmodule)
+        links += linksOf(module.RxPdo.vpdo);
+    QCOMPARE(links, (QStringList{"0", "-2", "0"}));
+    const QByteArray wrong = R"("moduleLinks": [{"module": 1, "moduleRow": 9, "pdo": 0, "entry": 0, "link": "DOUT"}])";
+    QCOMPARE(applied(loadedText(esi), choicesOfFirst(wrong)).problems,
+             QStringList{"devices[0].moduleLinks[0].moduleRow: there is no module 9, test.xml has 3 [row]"});
 }
 
 void tst_LinkChoices::moduleLinkOfAFileWithoutModules()

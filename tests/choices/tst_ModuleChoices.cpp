@@ -18,6 +18,11 @@ private slots:
     static void twinModules_data();
     static void twinModules();
     static void slotOfManyModules();
+    static void severalAtOnePlace_data();
+    static void severalAtOnePlace();
+    static void onceMoreThanModulesAtOnePlace();
+    static void modulesByRow_data();
+    static void modulesByRow();
 };
 
 void tst_ModuleChoices::places_data()
@@ -127,6 +132,88 @@ void tst_ModuleChoices::slotOfManyModules()
         applied(loadedText(esi), choicesOfFirst(members)).problems,
         QStringList{"devices[0].modules[0].module: module 0xb \"Third\" does not fit place 1, slot \"\" takes 0x1, "
                     "0x2, 0x3, 0x4, 0x5, 0x6, 0x7, 0x8 and 2 more [module-place]"});
+}
+
+namespace {
+
+/// The twin devices, with the modules of both idents as defaults of the only slot; both stand at its first place.
+QByteArray esiOfTwoDefaults()
+{
+    return twinsEsi().replace("<ModuleIdent>1</ModuleIdent>",
+                              "<ModuleIdent Default=\"1\">2</ModuleIdent><ModuleIdent Default=\"1\">1</ModuleIdent>");
+}
+
+/// "place:name" of each module of the first device.
+QString modulesOf(const AppliedChoices& applied)
+{
+    QStringList found;
+    for (const struct_Slot& slot : applied.files.at(0).device.at(0).Slots.vslot)
+        for (const struct_slotmodule& placed : slot.slotmodule)
+            found += QStringLiteral("%1:%2").arg(placed.Instances).arg(QString::fromStdString(placed.module.Name));
+    return found.join(' ');
+}
+
+QByteArray special(const QByteArray& modules)
+{
+    return choicesOfFirst("\"deviceType\": \"Special\", \"modules\": [" + modules + ']');
+}
+
+} // namespace
+
+void tst_ModuleChoices::severalAtOnePlace_data()
+{
+    QTest::addColumn<QByteArray>("modules");
+    QTest::addColumn<QString>("found");
+    QTest::addRow("nothing") << QByteArray() << "0:Third 0:First";
+    QTest::addRow("one taken out") << QByteArray(R"({"place": 0, "module": null})") << "0:First";
+    QTest::addRow("both taken out") << QByteArray(R"({"place": 0, "module": null}, {"place": 0, "module": null})")
+                                    << "";
+    QTest::addRow("the first replaced") << QByteArray(R"({"place": 0, "module": "Second"})") << "0:Second 0:First";
+    QTest::addRow("one taken out, the other replaced")
+        << QByteArray(R"({"place": 0, "module": null}, {"place": 0, "module": "Second"})") << "0:Second";
+    QTest::addRow("the one that a choice has put in is the first then")
+        << QByteArray(R"({"place": 0, "module": "Second"}, {"place": 0, "module": null})") << "0:First";
+    QTest::addRow("another place") << QByteArray(R"({"place": 0, "module": null}, {"place": 1, "module": "Second"},
+                                                    {"place": 0, "module": null})")
+                                   << "1:Second";
+}
+
+/// Each choice is a click: it takes out or replaces the first module that is at the place then.
+void tst_ModuleChoices::severalAtOnePlace()
+{
+    QFETCH(QByteArray, modules);
+    const AppliedChoices result = applied(loadedText(esiOfTwoDefaults()), special(modules));
+    QCOMPARE(result.problems, QStringList());
+    QTEST(modulesOf(result), "found");
+}
+
+void tst_ModuleChoices::onceMoreThanModulesAtOnePlace()
+{
+    const QByteArray none = R"({"place": 0, "module": null})";
+    QCOMPARE(applied(loadedText(esiOfTwoDefaults()), special(none + ',' + none + ',' + none)).problems,
+             QStringList{"devices[0].modules[2].place: place 0 is filled more often than 2 times, it has so many "
+                         "modules [module-place]"});
+}
+
+void tst_ModuleChoices::modulesByRow_data()
+{
+    QTest::addColumn<QByteArray>("modules");
+    QTest::addColumn<QString>("found"); // or the message
+    QTest::addRow("by ident and row") << QByteArray(R"({"place": 0, "module": 1, "moduleRow": 1})") << "0:Second";
+    QTest::addRow("by type and row") << QByteArray(R"({"place": 0, "module": "A", "moduleRow": 0})") << "0:First";
+    QTest::addRow("no such row") << QByteArray(R"({"place": 0, "module": 1, "moduleRow": 3})")
+                                 << "devices[0].modules[0].moduleRow: there is no module 3, test.xml has 3 [row]";
+    QTest::addRow("another module in the row")
+        << QByteArray(R"({"place": 0, "module": 1, "moduleRow": 2})")
+        << "devices[0].modules[0].module: module 0x2 \"Third\" stands in row 2, not \"0x1\" [check]";
+}
+
+/// Modules that share an ident or a type are told apart by their row.
+void tst_ModuleChoices::modulesByRow()
+{
+    QFETCH(QByteArray, modules);
+    const AppliedChoices result = applied(loadedText(twinsEsi()), special(modules));
+    QTEST(result.problems.isEmpty() ? modulesOf(result) : result.problems.join('\n'), "found");
 }
 
 static const testMain::Registration<tst_ModuleChoices, testMain::NoApplication> registration;

@@ -15,6 +15,7 @@ private slots:
     static void rows();
     static void values_data();
     static void values();
+    static void uncheckedValues();
 };
 
 namespace {
@@ -139,6 +140,23 @@ void tst_StartupChoices::values()
     QFETCH(QString, message);
     QCOMPARE(problemsOfServo(startup(members)),
              message.isEmpty() ? QStringList() : QStringList{"devices[0].startup." + message});
+}
+
+/// They are cut to the widths of the fields, as in the editor: a sub-index of the device has 8 bits.
+void tst_StartupChoices::uncheckedValues()
+{
+    const AppliedChoices result = applied(loadedSample("servo-drive"), choicesOfFirst(startup(R"(
+            "changed": [{"row": 0, "subIndex": 258, "dataBytes": 1, "data": 65535, "unchecked": true},
+                        {"row": 4, "data": 1, "unchecked": true}],
+            "added": [{"behind": 0, "index": 1, "dataBytes": 65535, "data": 4294967295, "unchecked": true}])")));
+    QCOMPARE(result.problems, QStringList());
+    QStringList values;
+    const auto& commands = result.files.at(0).device.at(0).Mailbox.COE.InitCmd.vinitcmd;
+    for (const std::size_t row : {0U, 1U, 5U}) {
+        const StartupValues is = startupValuesOf(commands.at(row));
+        values += QStringLiteral("%1 %2 %3").arg(is.subIndex).arg(is.dataBytes).arg(is.data);
+    }
+    QCOMPARE(values, (QStringList{"2 1 65535", "0 65535 4294967295", "0 8 1"}));
 }
 
 static const testMain::Registration<tst_StartupChoices, testMain::NoApplication> registration;

@@ -168,8 +168,8 @@ void tst_ChoicesTemplate::anotherType_data()
         << QStringList{"error: devices[0].startup.changed[3].was.subIndex: 2 stands there, not 0" + hint};
     QTest::addRow("drive axes and modules of a block")
         << "dual-axis-drive.xml" << QByteArray("IOBlock")
-        << QStringList{"error: devices[0].driveAxes: a device of the type IOBlock has no axes to set, only MultiDriver "
-                       "has; leave the key out [setting]",
+        << QStringList{"error: devices[0].driveAxes: a device of the type IOBlock takes only 0 here, only MultiDriver "
+                       "takes any number of axes; leave the key out [setting]",
                        "error: devices[0].modules: a device of the type IOBlock has no modules; leave the list out, or "
                        "set a deviceType that takes modules by hand (MultiDriver, Special, ManualIOBlock) "
                        "[module-type]"};

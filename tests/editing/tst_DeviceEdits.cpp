@@ -18,6 +18,8 @@ private slots:
     static void listStaysAtTheChosenType();
     static void typedAxes_data();
     static void typedAxes();
+    static void possibleAxes_data();
+    static void possibleAxes();
     static void operationModes_data();
     static void operationModes();
     static void moduleIndexes();
@@ -131,6 +133,36 @@ void tst_DeviceEdits::typedAxes()
     struct_EtherCatDevice device = deviceWithSlots(type, 7);
     setDriveAxes(device, typed);
     QCOMPARE(int(device.m_iDriveAxies), axes);
+}
+
+void tst_DeviceEdits::possibleAxes_data()
+{
+    QTest::addColumn<int>("loadedType");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("taken"); // of the axes from 0 to 9
+    QTest::addRow("its own, those of the file, and none of its type") << 4 << 4 << "0 5 7";
+    QTest::addRow("a single drive of the file") << 1 << 1 << "1 5 7";
+    QTest::addRow("its own alone with another type") << 0 << 4 << "7";
+    QTest::addRow("any of a multi-axis drive") << 4 << 2 << "0 1 2 3 4 5 6 7 8 9";
+}
+
+/// A device that has seven axes now, and five in the file.
+void tst_DeviceEdits::possibleAxes()
+{
+    QFETCH(int, loadedType);
+    QFETCH(int, type);
+    QStringList taken;
+    for (std::uint16_t axes = 0; axes < 10; ++axes) {
+        struct_EtherCatDevice device = deviceWithSlots(type, 7);
+        const bool isTaken = chooseDriveAxes(device, axes, {static_cast<std::uint16_t>(loadedType), 5});
+        QCOMPARE(int(device.m_iDriveAxies), isTaken ? int(axes) : 7);
+        if (isTaken)
+            taken += QString::number(axes);
+    }
+    QTEST(taken.join(' '), "taken");
+    const struct_EtherCatDevice device = deviceWithSlots(type, 7);
+    QCOMPARE(int(typeAndAxesOf(device).deviceType), type);
+    QCOMPARE(int(typeAndAxesOf(device).driveAxes), 7);
 }
 
 void tst_DeviceEdits::operationModes_data()

@@ -32,6 +32,8 @@ void tst_JsonValue::kinds()
     QCOMPARE(file.member(QLatin1String("part")).number(), std::make_optional(-0.25));
     QCOMPARE(file.member(QLatin1String("part")).text(), std::optional<QString>());
     QCOMPARE(file.member(QLatin1String("flag")).number(), std::optional<double>());
+    QCOMPARE(file.member(QLatin1String("flag")).flag(), std::make_optional(true));
+    QCOMPARE(file.member(QLatin1String("text")).flag(), std::optional<bool>());
     QVERIFY(file.member(QLatin1String("none")).isThere() && file.member(QLatin1String("none")).isNull());
     QVERIFY(file.member(QLatin1String("list")).isList());
     const json::Value missing = file.member(QLatin1String("missing"));

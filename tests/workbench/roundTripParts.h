@@ -5,9 +5,11 @@
 #include "workbench/exportFixture.h"
 #include "workbench/itemsByHand.h"
 #include "workbench/pdoeditwin.h"
+#include "workbench/smeditwin.h"
 #include "workbench/startupeditwin.h"
 #include "workbench/viewParts.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QTreeWidget>
@@ -104,6 +106,34 @@ protected:
         clickRow(table(*m_window, "mPdoListView"), pdoRow);
         doubleClickRow(table(*m_window, "mPdoContentView"), entryRow);
         saveLink(link);
+    }
+
+    /// The new entry comes behind the row; its editor opens by itself.
+    void addEntry(int pdoRow, int entryRow, const QString& link)
+    {
+        chooseFromMenu(entriesOfPdo(pdoRow), "Add", entryRow);
+        saveLink(link);
+    }
+
+    void deleteEntry(int pdoRow, int entryRow) { chooseFromMenu(entriesOfPdo(pdoRow), "Delete", entryRow); }
+
+    /// Types the minimum size of a sync manager into its editor.
+    void setMinSize(int row, const QString& text)
+    {
+        openTab(*m_window, GeneralTab);
+        doubleClickRow(table(*m_window, "SmView"), row);
+        const auto* const editor = openEditorIn<Smeditwin>(*m_window);
+        QVERIFY(editor != nullptr);
+        typeInto(*editor, "MinSize", text);
+        press(*editor, "SmSavebutton");
+        QVERIFY(!editor->isVisible());
+    }
+
+    /// Ticks or unticks the box for the list of modules.
+    void clickModuleList()
+    {
+        openTab(*m_window, ModuleTab);
+        part<QCheckBox>(*m_window, "DownlaodCfg")->click();
     }
 
     QTableView& startupList()

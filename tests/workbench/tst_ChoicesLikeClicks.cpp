@@ -18,7 +18,13 @@ private slots:
     void busCouplerAsSpecialDevice();
     void busCouplerModuleLinks();
     void busCouplerBecomesDriveAndCouplerAgain();
+    void busCouplerWithoutModuleList();
+    void busCouplerMinSizes();
+    void busCouplerEntriesOfModules();
     void ioBlock();
+    void ioBlockEntries();
+    void modesOneAfterTheOther();
+    void uncheckedStartupValues();
     void oversamplingTerminal();
     void severalFiles();
     void indexesOfDevicesInTurn();
@@ -198,6 +204,52 @@ void tst_ChoicesLikeClicks::busCouplerBecomesDriveAndCouplerAgain()
     compareWith({samplePath("bus-coupler")}, R"({"device": 1, "deviceType": 3})");
 }
 
+/// Without the list of modules there is no advice, neither on the type nor on a module.
+void tst_ChoicesLikeClicks::busCouplerWithoutModuleList()
+{
+    open(samplePath("bus-coupler"));
+    select(0);
+    clickModuleList();
+    setDeviceType(5);
+    insertModule(2, 3, 1);
+    compareWith({samplePath("bus-coupler")}, R"({"device": 1, "takesModuleList": false, "deviceType": 5,
+                                                 "modules": [{"place": 2, "module": "0x404"}]})");
+    clickModuleList();
+    compareWith({samplePath("bus-coupler")}, R"({"device": 1, "takesModuleList": true, "deviceType": 5,
+                                                 "modules": [{"place": 2, "module": "0x404"}]})");
+}
+
+void tst_ChoicesLikeClicks::busCouplerMinSizes()
+{
+    open(samplePath("bus-coupler"));
+    select(0);
+    setMinSize(2, QStringLiteral("64"));
+    setMinSize(0, QStringLiteral("65535"));
+    setMinSize(1, QStringLiteral("none")); // no number, so it becomes 0
+    compareWith({samplePath("bus-coupler")},
+                R"({"device": 1, "syncManagers": [{"syncManager": "Outputs", "minSize": 64},
+                    {"syncManager": 1, "name": "MBoxIn", "minSize": 0}, {"syncManager": 0, "minSize": "0xFFFF"}]})");
+}
+
+/// The PDOs of modules come behind that of the coupler: the power feed, the inputs, and the new outputs before both.
+void tst_ChoicesLikeClicks::busCouplerEntriesOfModules()
+{
+    open(samplePath("bus-coupler"));
+    select(0);
+    setDeviceType(4);
+    insertModule(3, 3, 1, {pressing(QMessageBox::Ok)});
+    addEntry(1, 3, QStringLiteral("AOUT16 Type"));
+    deleteEntry(1, 0);
+    setLink(3, 15, QStringLiteral("DIN Type"));
+    addEntry(3, 15, QStringLiteral("ENCODER32 Type"));
+    deleteEntry(3, 3);
+    compareWith({samplePath("bus-coupler")}, R"({
+        "device": 1, "deviceType": "Special", "modules": [{"place": 3, "module": "0x404"}],
+        "links": [{"pdo": 3, "entry": 15, "link": "DIN"}],
+        "entries": {"removed": [{"pdo": 1, "entry": 0}, {"pdo": 3, "entry": 3}],
+                    "added": [{"pdo": 1, "behind": 3, "link": "AOUT16"}, {"pdo": 3, "behind": 15, "link": -10}]}})");
+}
+
 void tst_ChoicesLikeClicks::ioBlock()
 {
     open(samplePath("io-block"));
@@ -210,6 +262,49 @@ void tst_ChoicesLikeClicks::ioBlock()
         {"device": 1, "deviceType": 1, "links": [{"pdo": "0x1600", "entry": "0x7000:2", "link": "DOUT"}]},
         {"device": 2, "links": [{"pdo": 1, "entry": 4, "name": "Actual value", "link": "AIN16"},
                                 {"pdo": 1, "entry": 5, "name": "Raw value", "link": "AIN16"}]})");
+}
+
+/// The entry that is added last stands first, and all entries of a PDO can go.
+void tst_ChoicesLikeClicks::ioBlockEntries()
+{
+    open(samplePath("io-block"));
+    select(0);
+    addEntry(0, 0, QStringLiteral("DOUT Type"));
+    addEntry(0, 0, QStringLiteral("AOUT16 Type"));
+    addEntry(0, 3, QStringLiteral("NONE Type"));
+    deleteEntry(0, 0);
+    deleteEntry(1, 1);
+    deleteEntry(1, 0);
+    compareWith({samplePath("io-block")}, R"({"device": 1, "entries": {
+        "removed": [{"pdo": 0, "entry": 0}, {"pdo": 1, "entry": 0}, {"pdo": 1, "entry": 1}],
+        "added": [{"pdo": 0, "behind": 0, "link": "AOUT16"}, {"pdo": 0, "behind": 0, "link": "DOUT"},
+                  {"pdo": 0, "behind": 1}]}})");
+}
+
+void tst_ChoicesLikeClicks::modesOneAfterTheOther()
+{
+    open(samplePath("servo-drive"));
+    select(0);
+    setOperationMode(2);
+    setOperationMode(1);
+    setOperationMode(2);
+    compareWith({samplePath("servo-drive")}, R"({"device": 1, "dcMode": [2, "DcSync01", 2]})");
+}
+
+/// What is typed is cut to the width of its field, and need not agree: rows of the coupler, and one of its modules.
+void tst_ChoicesLikeClicks::uncheckedStartupValues()
+{
+    open(samplePath("bus-coupler"));
+    select(0);
+    setDeviceType(4);
+    changeCommand(0, {QStringLiteral("#x1c12"), QStringLiteral("258"), QStringLiteral("1"), QStringLiteral("65535")});
+    changeCommand(2, {QStringLiteral("#x1c13"), QStringLiteral("513"), QStringLiteral("9"), QStringLiteral("1")});
+    addCommand(1, {QStringLiteral("0x2000"), QStringLiteral("65535"), QStringLiteral("65535"), QStringLiteral("1")});
+    compareWith({samplePath("bus-coupler")}, R"({"device": 1, "deviceType": 4, "startup": {
+        "changed": [{"row": 0, "subIndex": 258, "data": 65535, "unchecked": true},
+                    {"row": 2, "index": "0x1c13", "subIndex": 513, "dataBytes": 9, "data": 1, "unchecked": true}],
+        "added": [{"behind": 1, "index": "0x2000", "subIndex": 65535, "dataBytes": 65535, "data": 1,
+                   "unchecked": true}]}})");
 }
 
 void tst_ChoicesLikeClicks::oversamplingTerminal()
