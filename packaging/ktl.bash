@@ -3,7 +3,7 @@
 
 # The codes of the warnings.
 _ktl_warnings='sync-managers|slot-pdo-increment|slot-index-increment|startup-commands|startup-data|module-list'
-_ktl_warnings+='|module-commands|item-count|left-out|same-input'
+_ktl_warnings+='|module-commands|item-count|left-out|same-input|no-choice'
 
 # How bad a finding can be.
 _ktl_severities='error|warning|note'
@@ -14,7 +14,7 @@ _ktl_severities='error|warning|note'
 _ktl_sub_commands=(
     "convert xml     -o=ktl --output=ktl --append --force --no-dump --device=? --choices=json --date=? --strict \
 --ignore=$_ktl_warnings --help --version"
-    'choices xml     --help --version'
+    'choices xml     --from=ktl --run=? --help --version'
     'show    xml,ktl --device=? --full --items --json --csv=dictionary|pdo|startup --spreadsheet --help --version'
     'image   xml,ktl --device=? --choices=json --csv --json --svg --help --version'
     "check   xml,ktl --device=? --choices=json --json --sarif --fail-on=$_ktl_severities --only=! --ignore=! \

@@ -26,7 +26,7 @@ complete --command ktl --no-files
 
 set -l sub_commands convert choices show image find diff check dump help
 for row in 'convert:turns ESI files into one KTL file with its text dump' \
-        'choices:shows what can be chosen, as a template of a choices file' \
+        'choices:shows what can be chosen, or what was chosen for an export' \
         'show:shows what ESI and KTL files hold' \
         'image:shows the process image, byte by byte' \
         'find:says which files describe a device' \
@@ -55,10 +55,13 @@ __ktl_option convert --long-option date --exclusive --description 'Time of the e
 __ktl_option convert --long-option strict --description 'Exit status 1 if there are warnings'
 __ktl_option convert --long-option ignore --exclusive --description 'Warnings that do not count for --strict' \
     --arguments 'sync-managers slot-pdo-increment slot-index-increment startup-commands startup-data module-list
-        module-commands item-count left-out same-input'
+        module-commands item-count left-out same-input no-choice'
 
 # choices
 __ktl_option choices --arguments '(__ktl_files xml)'
+__ktl_option choices --long-option from --require-parameter --arguments '(__ktl_files ktl)' \
+    --description 'Writes the choices that make this export'
+__ktl_option choices --long-option run --exclusive --description 'The run of that file, from 1'
 
 # show
 __ktl_option show --arguments '(__ktl_files xml ktl)'

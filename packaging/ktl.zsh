@@ -5,7 +5,7 @@ _ktl_sub_commands()
 {
     local -a sub_commands=(
         'convert:turns ESI files into one KTL file with its text dump'
-        'choices:shows what can be chosen, as a template of a choices file'
+        'choices:shows what can be chosen, or what was chosen for an export'
         'show:shows what ESI and KTL files hold'
         'image:shows the process image, byte by byte'
         'find:says which files describe a device'
@@ -30,7 +30,7 @@ _ktl()
     local -a line
     local -a help=('(- *)'{-h,--help}'[shows the help]' '(- *)'{-v,--version}'[shows the version]')
     local codes='(sync-managers slot-pdo-increment slot-index-increment startup-commands startup-data module-list
-        module-commands item-count left-out same-input)'
+        module-commands item-count left-out same-input no-choice)'
     _arguments -C $help '1: :_ktl_sub_commands' '*:: :->arguments' && return
     [[ $state == arguments ]] || return 1
 
@@ -49,7 +49,10 @@ _ktl()
                 '*:ESI file:_files -g "*.(#i)xml(-.)"'
             ;;
         choices)
-            _arguments $help '*:ESI file:_files -g "*.(#i)xml(-.)"'
+            _arguments $help \
+                '--from=[writes the choices that make this export]:KTL file:_files -g "*.(#i)ktl(-.)"' \
+                '--run=[the run of that file, from 1]:number: ' \
+                '*:ESI file:_files -g "*.(#i)xml(-.)"'
             ;;
         show)
             _arguments $help \

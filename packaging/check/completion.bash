@@ -44,7 +44,7 @@ completes 'check,choices,convert' ktl help c
 # Options of each.
 completes '--append,--choices,--date,--device,--force,--help,--ignore,--no-dump,--output,--strict,--version,-o' ktl convert -
 completes '--date,--device' ktl convert drive.xml --d
-completes '--help,--version' ktl choices -
+completes '--from,--help,--run,--version' ktl choices -
 completes '--csv,--device,--full,--help,--items,--json,--spreadsheet,--version' ktl show -
 completes '--version' ktl show machine.ktl --v
 completes '--choices,--device,--explain,--fail-on,--help,--ignore,--json,--only,--rules,--sarif,--version' ktl check -
@@ -76,6 +76,9 @@ completes 'choices.json' ktl convert --choices = c
 completes '' ktl convert --device d
 completes '' ktl convert --date ''
 completes 'startup-commands,startup-data' ktl convert --ignore st
+completes 'no-choice' ktl convert --ignore n
+completes 'machine.ktl' ktl choices drive.xml --from m
+completes '' ktl choices drive.xml --run ''
 completes 'dictionary,pdo,startup' ktl show --csv ''
 completes 'dictionary,pdo,startup' ktl show --csv =
 completes 'startup' ktl show --csv = s

@@ -29,7 +29,8 @@ public:
     {
         tellDevices();
         if (!retrace::hasOneTime(m_inputs.run))
-            tell(m_inputs.run.first, QStringLiteral("its devices were exported at several times, an export has one"));
+            tell(m_inputs.run.first,
+                 QStringLiteral("its devices show several times, or one that there is not; an export has one"));
         for (std::size_t file = 0; file < m_inputs.files.size(); ++file)
             tellValues(file);
         return m_told;

@@ -202,10 +202,8 @@ KtlFacts ktlFactsOf(const std::vector<unsigned char>& bytes)
 {
     KtlFacts facts;
     facts.walk = walkItems(bytes);
-    facts.places = blockPlacesOf(facts.walk);
+    facts.places = readableBlockPlacesOf(facts.walk);
     for (const KtlBlockPlace& place : facts.places) {
-        if (facts.walk.items[place.first].bytes.size() < sizeof(struct_KTL_EtherCatDeviceType))
-            break; // cut short in its first item: there is nothing to judge
         const KtlDeviceBlock& block = facts.blocks.emplace_back(deviceBlockAt(facts.walk, place));
         facts.units.push_back(ktlUnitOf(block, facts.units.size(), facts.walk, place));
     }

@@ -2,15 +2,20 @@
 
 #include "choices/apply.h"
 #include "editing/deviceEdits.h"
+#include "ktl/reading/ktlItemWalk.h"
 #include "ktl/writing/deviceBytes.h"
 #include "retrace/moduleRetrace.h"
 #include "retrace/pdoRetrace.h"
 #include "retrace/settingsRetrace.h"
 #include "retrace/startupRetrace.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <optional>
 #include <stdexcept>
+#include <string_view>
+#include <tuple>
 #include <utility>
 
 namespace retrace {
@@ -22,6 +27,27 @@ std::size_t editsOf(const choices::DeviceChoices& choices)
 {
     return choices.links.size() + choices.removedEntries.size() + choices.addedEntries.size()
            + choices.changedCommands.size() + choices.removedCommands.size() + choices.addedCommands.size();
+}
+
+/// The items of a device block, sorted by their bytes.
+std::vector<std::string_view> itemsOf(const std::vector<unsigned char>& block)
+{
+    std::vector<std::string_view> items;
+    for (const KtlFileItem& item : walkItems(block).items)
+        items.emplace_back(reinterpret_cast<const char*>(block.data()) + item.offset, item.bytes.size());
+    std::sort(items.begin(), items.end());
+    return items;
+}
+
+/// How many items one of two device blocks has and the other one has not.
+std::size_t itemsApart(const std::vector<unsigned char>& left, const std::vector<unsigned char>& right)
+{
+    const std::vector<std::string_view> ofLeft = itemsOf(left);
+    const std::vector<std::string_view> ofRight = itemsOf(right);
+    std::vector<std::string_view> apart;
+    std::set_symmetric_difference(ofLeft.begin(), ofLeft.end(), ofRight.begin(), ofRight.end(),
+                                  std::back_inserter(apart));
+    return apart.size();
 }
 
 } // namespace
@@ -41,15 +67,19 @@ DeviceRetrace::DeviceRetrace(struct_FilenameDevice& file)
     , m_lookUp(file)
 {}
 
-bool DeviceRetrace::isExportOf(struct_EtherCatDevice& device, const ExportedBlock& block) const
+/// Holds an export of a device against a block.
+void DeviceRetrace::compare(RetracedDevice& retraced, struct_EtherCatDevice& device, const ExportedBlock& block) const
 {
-    return deviceBytesOf(device, m_file, block.exportTime) == block.bytes;
+    const std::vector<unsigned char> bytes = deviceBytesOf(device, m_file, block.exportTime);
+    retraced.isExact = bytes == block.bytes;
+    retraced.itemsApart = retraced.isExact ? 0 : itemsApart(bytes, block.bytes);
 }
 
-bool DeviceRetrace::isUntouched(const struct_EtherCatDevice& device, const ExportedBlock& block) const
+RetracedDevice DeviceRetrace::untouched(struct_EtherCatDevice device, const ExportedBlock& block) const
 {
-    struct_EtherCatDevice copy = device;
-    return isExportOf(copy, block);
+    RetracedDevice nothing;
+    compare(nothing, device, block);
+    return nothing;
 }
 
 struct_EtherCatDevice DeviceRetrace::after(const choices::DeviceChoices& choices,
@@ -70,7 +100,7 @@ void DeviceRetrace::finish(RetracedDevice& retraced, const struct_EtherCatDevice
     retracePdos(before, block.content, retraced.choices);
     retraceStartup(before, block.content, retraced.choices);
     struct_EtherCatDevice exported = after(retraced.choices, device);
-    retraced.isExact = isExportOf(exported, block);
+    compare(retraced, exported, block);
 }
 
 RetracedDevice DeviceRetrace::selected(const struct_EtherCatDevice& device, const ExportedBlock& block) const
@@ -86,11 +116,10 @@ RetracedDevice DeviceRetrace::selected(const struct_EtherCatDevice& device, cons
         RetracedDevice retraced = settings;
         retraced.choices.modules = std::move(modules);
         finish(retraced, device, block);
-        const auto isBetter = [&](const RetracedDevice& than) {
-            return retraced.isExact != than.isExact ? retraced.isExact
-                                                    : editsOf(retraced.choices) < editsOf(than.choices);
+        const auto rankOf = [](const RetracedDevice& of) {
+            return std::make_tuple(!of.isExact, of.itemsApart, editsOf(of.choices));
         };
-        if (!best.has_value() || isBetter(*best))
+        if (!best.has_value() || rankOf(retraced) < rankOf(*best))
             best = std::move(retraced);
         if (best->isExact)
             break;
@@ -100,13 +129,17 @@ RetracedDevice DeviceRetrace::selected(const struct_EtherCatDevice& device, cons
 
 RetracedDevice DeviceRetrace::retraced(const struct_EtherCatDevice& device, const ExportedBlock& block) const
 {
+    RetracedDevice nothing;
     try {
-        if (isUntouched(device, block))
-            return {{}, false, true};
+        nothing = untouched(device, block);
     } catch (const std::out_of_range&) {
         return {}; // it cannot be exported at all: a PDO is on a sync manager that the device does not declare
     }
-    return retracedAsSelected(device, block);
+    if (nothing.isExact)
+        return nothing;
+    RetracedDevice selected = retracedAsSelected(device, block);
+    const bool isNearer = selected.isExact || selected.itemsApart < nothing.itemsApart;
+    return isNearer ? selected : nothing;
 }
 
 RetracedDevice DeviceRetrace::retracedAsSelected(const struct_EtherCatDevice& device, const ExportedBlock& block) const

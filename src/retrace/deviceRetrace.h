@@ -9,6 +9,8 @@
 
 #include <QDateTime>
 
+#include <cstddef>
+#include <limits>
 #include <vector>
 
 namespace retrace {
@@ -27,6 +29,7 @@ struct RetracedDevice
     choices::DeviceChoices choices; ///< without the name of the device
     bool isSelected = false; ///< someone has clicked the device; there are no choices if not
     bool isExact = false; ///< an export gives the bytes of the block then
+    std::size_t itemsApart = std::numeric_limits<std::size_t>::max(); ///< items that the export or the block has alone
 };
 
 /// A file without its devices: what an export of one of them reads of it.
@@ -39,7 +42,7 @@ public:
     /// @param file  without devices, its modules linked as they were for the export; has to outlive this
     explicit DeviceRetrace(struct_FilenameDevice& file);
 
-    /// What makes a device the one of a block, or comes as near as can be. Nothing was done where that will do.
+    /// What makes a device the one of a block, or comes as near as can be. Nothing was done where that comes as near.
     /// @param device  as it was loaded
     [[nodiscard]] RetracedDevice retraced(const struct_EtherCatDevice& device, const ExportedBlock& block) const;
 
@@ -48,12 +51,12 @@ public:
                                                     const ExportedBlock& block) const;
 
 private:
-    [[nodiscard]] bool isUntouched(const struct_EtherCatDevice& device, const ExportedBlock& block) const;
+    [[nodiscard]] RetracedDevice untouched(struct_EtherCatDevice device, const ExportedBlock& block) const;
     [[nodiscard]] RetracedDevice selected(const struct_EtherCatDevice& device, const ExportedBlock& block) const;
     void finish(RetracedDevice& retraced, const struct_EtherCatDevice& device, const ExportedBlock& block) const;
     [[nodiscard]] struct_EtherCatDevice after(const choices::DeviceChoices& choices,
                                               const struct_EtherCatDevice& device) const;
-    [[nodiscard]] bool isExportOf(struct_EtherCatDevice& device, const ExportedBlock& block) const;
+    void compare(RetracedDevice& retraced, struct_EtherCatDevice& device, const ExportedBlock& block) const;
 
     struct_FilenameDevice& m_file;
     std::vector<NamedModule> m_modules;

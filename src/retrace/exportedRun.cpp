@@ -57,7 +57,7 @@ std::size_t startOf(const KtlWalk& walk, std::size_t number)
 std::vector<std::size_t> runsWithDevices(const KtlWalk& walk)
 {
     std::vector<std::size_t> runs;
-    for (const KtlBlockPlace& place : blockPlacesOf(walk))
+    for (const KtlBlockPlace& place : readableBlockPlacesOf(walk))
         if (runs.empty() || runs.back() != place.run)
             runs.push_back(place.run);
     return runs;
@@ -68,7 +68,7 @@ ExportedRun exportedRunAt(const std::vector<unsigned char>& bytes, const KtlWalk
     ExportedRun run;
     run.first = startOf(walk, number);
     run.end = startOf(walk, number + 1);
-    for (const KtlBlockPlace& place : blockPlacesOf(walk)) {
+    for (const KtlBlockPlace& place : readableBlockPlacesOf(walk)) {
         run.firstDevice += place.run < number ? 1 : 0;
         if (place.run != number)
             continue;

@@ -19,7 +19,7 @@ struct ExportedRun
     std::vector<ExportedBlock> blocks;
 };
 
-/// The numbers of the runs of a file that hold a device, each once. Runs without a device count too.
+/// The numbers of the runs of a file that hold a readable device, each once. Runs without a device count too.
 [[nodiscard]] std::vector<std::size_t> runsWithDevices(const KtlWalk& walk);
 
 /// A run of a file.

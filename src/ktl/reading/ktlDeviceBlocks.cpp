@@ -153,6 +153,16 @@ std::vector<KtlBlockPlace> blockPlacesOf(const KtlWalk& walk)
     return places;
 }
 
+std::vector<KtlBlockPlace> readableBlockPlacesOf(const KtlWalk& walk)
+{
+    std::vector<KtlBlockPlace> places = blockPlacesOf(walk);
+    const auto isShort = [&](const KtlBlockPlace& place) {
+        return walk.items[place.first].bytes.size() < sizeof(struct_KTL_EtherCatDeviceType);
+    };
+    places.erase(std::find_if(places.begin(), places.end(), isShort), places.end());
+    return places;
+}
+
 KtlDeviceBlock deviceBlockAt(const KtlWalk& walk, const KtlBlockPlace& place)
 {
     KtlDeviceBlock block;

@@ -88,6 +88,9 @@ struct KtlBlockPlace
 /// belong to none.
 [[nodiscard]] std::vector<KtlBlockPlace> blockPlacesOf(const KtlWalk& walk);
 
+/// The same up to the first device block whose General item is not there whole: what device that is, no one can say.
+[[nodiscard]] std::vector<KtlBlockPlace> readableBlockPlacesOf(const KtlWalk& walk);
+
 /// One device block. Module items before its first ModuleType, and items that no device block has, are left out.
 /// @param place  one of `blockPlacesOf`
 [[nodiscard]] KtlDeviceBlock deviceBlockAt(const KtlWalk& walk, const KtlBlockPlace& place);
