@@ -19,6 +19,7 @@ struct DeclaredCommand
 {
     struct_KTL_InitCmd record = {};
     std::uint32_t row = 0;
+    std::uint32_t subIndex = 0; ///< that of a module's command is wider than the record's
     std::string_view comment;
 };
 
@@ -78,7 +79,7 @@ choices::StartupChoice choiceAt(const DeclaredCommand& command)
     choices::StartupChoice choice;
     choice.row = command.row;
     choice.was.index = command.record.Index;
-    choice.was.subIndex = command.record.SubIndex;
+    choice.was.subIndex = command.subIndex;
     choice.was.comment = QString::fromUtf8(command.comment.data(), static_cast<int>(command.comment.size()));
     return choice;
 }
@@ -138,7 +139,8 @@ void retraceStartup(const struct_EtherCatDevice& device, const KtlDeviceBlock& b
     forEachStartupList(device, [&](const auto& commands, std::uint16_t count, StartupList list) {
         std::vector<DeclaredCommand>& declared = list == StartupList::DeviceEoe ? eoe : coe;
         for (std::size_t position = 0; position < count; ++position)
-            declared.push_back({commandRecordOf(commands[position]), row++, commands[position].Comment});
+            declared.push_back(
+                {commandRecordOf(commands[position]), row++, commands[position].SubIndex, commands[position].Comment});
     });
     retraceCommands(coe, block.coeCommands, choices);
     retraceCommands(eoe, block.eoeCommands, choices);
