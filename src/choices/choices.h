@@ -47,6 +47,7 @@ struct ModuleChoice : ChoicePlace
 {
     std::uint32_t place = 0;
     std::optional<ModuleName> module;
+    QString about = {}; ///< for people, such as the name of the module; it is written, and never read
 };
 
 /// An operation mode, by its position in the list as it is when it is chosen, or else by its name or description.

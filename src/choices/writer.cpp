@@ -100,7 +100,8 @@ void writeModule(json::Writer& json, const ModuleChoice& choice)
     const bool isPutIn = choice.module.has_value();
     json.line({{"place", numberOrNothing(choice.place)},
                {"module", isPutIn ? moduleValue(*choice.module) : QJsonValue()},
-               {"moduleRow", isPutIn ? numberOrNothing(choice.module->row) : nothing()}});
+               {"moduleRow", isPutIn ? numberOrNothing(choice.module->row) : nothing()},
+               {"about", choice.about.isEmpty() ? nothing() : QJsonValue(choice.about)}});
 }
 
 void writeSyncManager(json::Writer& json, const SyncManagerChoice& choice)

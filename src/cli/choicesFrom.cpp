@@ -50,10 +50,9 @@ public:
     {
         if (const bool areRead = readDescriptions(); !readExport() || !areRead || !pickRun())
             return m_console.messages.exitCode();
-        m_retraced = retrace::retracedRun(m_files, m_run.blocks);
-        const std::string text = textOfChoices();
+        const std::string text = findChoices();
         m_console.results << text;
-        const bool isSame = makesTheRun(QByteArray::fromStdString(text));
+        const bool isSame = isProven(QByteArray::fromStdString(text));
         if (const QString problem = problemAtEnd(m_walk); !problem.isEmpty())
             m_console.messages.error(m_request.exported, problem);
         const ExitCode trouble = m_console.messages.exitCode();
@@ -64,8 +63,9 @@ private:
     bool readDescriptions();
     bool readExport();
     bool pickRun();
+    [[nodiscard]] std::string findChoices();
     [[nodiscard]] std::string textOfChoices() const;
-    bool makesTheRun(const QByteArray& text);
+    [[nodiscard]] bool isProven(const QByteArray& text);
     void tellFirstByte(const std::vector<unsigned char>& made);
 
     const ChoicesFromRequest& m_request;
@@ -159,9 +159,17 @@ std::string ChoicesFrom::textOfChoices() const
     return text.str();
 }
 
-/// Makes the choices, exports, and compares: nothing but equal bytes proves choices right.
-bool ChoicesFrom::makesTheRun(const QByteArray& text)
+std::string ChoicesFrom::findChoices()
 {
+    const Progress progress(QStringLiteral("looking for choices"), 1, 2);
+    m_retraced = retrace::retracedRun(m_files, m_run.blocks);
+    return textOfChoices();
+}
+
+/// Makes the choices, exports, and compares: nothing but equal bytes proves choices right.
+bool ChoicesFrom::isProven(const QByteArray& text)
+{
+    const Progress progress(QStringLiteral("exporting with these choices"), 2, 2);
     std::vector<struct_FilenameDevice> files = m_files;
     const choices::DeviceSelectors selectors(files);
     choices::Problems problems;

@@ -72,6 +72,7 @@ private:
                 there.front() = named.module;
             std::vector<choices::ModuleChoice> made = taken;
             made.push_back(choiceOf(fillable.place, named.name));
+            made.back().about = QString::fromStdString(named.module->Name);
             fillable.fillings.push_back(fillingOf(fillable.place, there, std::move(made)));
         }
     }
