@@ -37,7 +37,8 @@ choices::EntryName nameOf(const DeclaredPdo& pdo, std::size_t position)
     choices::EntryName name;
     name.pdoRow = pdo.row;
     name.entryPosition = static_cast<std::uint32_t>(position);
-    name.checkedIndex = pdo.head.IndexAttributes;
+    const std::uint16_t index = pdo.head.IndexAttributes; // no reference: the record is packed
+    name.checkedIndex = index;
     name.checkedObject = choices::ObjectAddress{entry.Index, entry.SubIndex};
     name.checkedName = QString::fromUtf8(pdo.names[position].data(), static_cast<int>(pdo.names[position].size()));
     return name;
