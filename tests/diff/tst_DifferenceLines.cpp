@@ -1,6 +1,8 @@
 // Differences as lines and as JSON.
 // Covers difference.cpp, differenceJson.cpp, value.cpp, words.cpp.
 #include "comparedFiles.h"
+#include "diff/compareDevices.h"
+#include "diff/devicePairs.h"
 #include "diff/differenceWriter.h"
 #include "diff/words.h"
 #include "facts/unitParts.h"

@@ -1,6 +1,8 @@
 // An ESI file against a KTL file, and KTL files against each other.
 // Covers compareDevices.cpp, ktlSubject.cpp, source.cpp.
 #include "comparedFiles.h"
+#include "diff/compareDevices.h"
+#include "diffParts.h"
 #include "facts/unitParts.h"
 #include "testMain.h"
 
