@@ -2,19 +2,16 @@
 
 #include "choices/apply.h"
 #include "editing/deviceEdits.h"
-#include "ktl/reading/ktlItemWalk.h"
 #include "ktl/writing/deviceBytes.h"
+#include "retrace/bytesApart.h"
 #include "retrace/moduleRetrace.h"
 #include "retrace/pdoRetrace.h"
 #include "retrace/settingsRetrace.h"
 #include "retrace/startupRetrace.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <iterator>
 #include <optional>
 #include <stdexcept>
-#include <string_view>
 #include <utility>
 
 namespace retrace {
@@ -26,27 +23,6 @@ std::size_t editsOf(const choices::DeviceChoices& choices)
 {
     return choices.links.size() + choices.removedEntries.size() + choices.addedEntries.size()
            + choices.changedCommands.size() + choices.removedCommands.size() + choices.addedCommands.size();
-}
-
-/// The items of a device block, sorted by their bytes.
-std::vector<std::string_view> itemsOf(const std::vector<unsigned char>& block)
-{
-    std::vector<std::string_view> items;
-    for (const KtlFileItem& item : walkItems(block).items)
-        items.emplace_back(reinterpret_cast<const char*>(block.data()) + item.offset, item.bytes.size());
-    std::sort(items.begin(), items.end());
-    return items;
-}
-
-/// How many items one of two device blocks has and the other one has not.
-std::size_t itemsApart(const std::vector<unsigned char>& left, const std::vector<unsigned char>& right)
-{
-    const std::vector<std::string_view> ofLeft = itemsOf(left);
-    const std::vector<std::string_view> ofRight = itemsOf(right);
-    std::vector<std::string_view> apart;
-    std::set_symmetric_difference(ofLeft.begin(), ofLeft.end(), ofRight.begin(), ofRight.end(),
-                                  std::back_inserter(apart));
-    return apart.size();
 }
 
 } // namespace
@@ -71,7 +47,7 @@ void DeviceRetrace::compare(RetracedDevice& retraced, struct_EtherCatDevice& dev
 {
     const std::vector<unsigned char> bytes = deviceBytesOf(device, m_file, block.exportTime);
     retraced.isExact = bytes == block.bytes;
-    retraced.itemsApart = retraced.isExact ? 0 : itemsApart(bytes, block.bytes);
+    retraced.bytesApart = retraced.isExact ? 0 : bytesApart(bytes, block.bytes);
 }
 
 RetracedDevice DeviceRetrace::untouched(struct_EtherCatDevice device, const ExportedBlock& block) const
@@ -138,7 +114,7 @@ RetracedDevice DeviceRetrace::retraced(const struct_EtherCatDevice& device, cons
     if (nothing.isExact)
         return nothing;
     RetracedDevice selected = retracedAsSelected(device, block);
-    const bool isNearer = selected.isExact || selected.itemsApart < nothing.itemsApart;
+    const bool isNearer = selected.isExact || selected.bytesApart < nothing.bytesApart;
     return isNearer ? selected : nothing;
 }
 
