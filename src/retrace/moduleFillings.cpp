@@ -3,6 +3,7 @@
 #include "editing/slotPlaces.h"
 #include "esi/derivation/moduleInSlot.h"
 #include "ktl/writing/commandRecord.h"
+#include "model/missingSyncManager.h"
 
 #include <cstddef>
 #include <map>
@@ -70,7 +71,11 @@ private:
                 there.front() = named.module;
             std::vector<choices::ModuleChoice> made = taken;
             made.push_back(choiceOf(fillable.place, named.name));
-            fillable.fillings.push_back(fillingOf(fillable.place, there, std::move(made)));
+            try {
+                fillable.fillings.push_back(fillingOf(fillable.place, there, std::move(made)));
+            } catch (const MissingSyncManager&) {
+                continue; // with it the device could not have been exported
+            }
         }
     }
 
