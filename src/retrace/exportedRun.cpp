@@ -33,11 +33,13 @@ std::optional<QDateTime> timeOf(const KtlDeviceBlock& block)
 {
     if (!block.moreInfo.has_value())
         return std::nullopt;
-    const ThreeParts date(block.moreInfo->head.m_iDate);
-    const ThreeParts time(block.moreInfo->head.m_iTime);
-    const QDateTime both(QDate(date.first, date.second, date.third), QTime(time.first, time.second, time.third),
-                         Qt::UTC); // no hour of it is left out by a change of the clock
-    return both.isValid() ? std::make_optional(both) : std::nullopt;
+    const ThreeParts ofDate(block.moreInfo->head.m_iDate);
+    const ThreeParts ofTime(block.moreInfo->head.m_iTime);
+    const QDate date(ofDate.first, ofDate.second, ofDate.third);
+    const QTime time(ofTime.first, ofTime.second, ofTime.third);
+    if (!date.isValid() || !time.isValid()) // a QDateTime takes midnight for a time that there is not
+        return std::nullopt;
+    return QDateTime(date, time, Qt::UTC); // no hour of it is left out by a change of the clock
 }
 
 /// Offset of the first byte of a run.

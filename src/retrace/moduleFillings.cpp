@@ -3,6 +3,7 @@
 #include "editing/slotPlaces.h"
 #include "esi/derivation/moduleInSlot.h"
 #include "ktl/writing/commandRecord.h"
+#include "model/missingSyncManager.h"
 #include "model/pdoAccess.h"
 #include "model/syncDirection.h"
 
@@ -73,7 +74,11 @@ private:
             std::vector<choices::ModuleChoice> made = taken;
             made.push_back(choiceOf(fillable.place, named.name));
             made.back().about = QString::fromStdString(named.module->Name);
-            fillable.fillings.push_back(fillingOf(fillable.place, there, std::move(made)));
+            try {
+                fillable.fillings.push_back(fillingOf(fillable.place, there, std::move(made)));
+            } catch (const MissingSyncManager&) {
+                continue; // with it the device could not have been exported
+            }
         }
     }
 

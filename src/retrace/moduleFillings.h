@@ -39,11 +39,12 @@ struct FillablePlace
     std::vector<Filling> fillings; ///< the first one leaves it as it is; the only one of a default module that stays
 };
 
-/// Gives the places of a device, in the order in which their modules bring in what they have.
+/// Gives the places of a device, in the order in which their modules bring in what they have. A module whose PDOs name
+/// a sync manager that the device lacks is put into none.
 /// @param device   its type takes modules by hand
 /// @param modules  of its file
 /// @return  false if there are more ways than anyone can try, and then without a call
-/// @throws MissingSyncManager if the device lacks one that a PDO names
+/// @throws MissingSyncManager if the device lacks one that a PDO of it, or of a module in it, names
 bool forEachFillablePlace(const struct_EtherCatDevice& device, const std::vector<NamedModule>& modules,
                           const std::function<void(const FillablePlace& place)>& visit);
 

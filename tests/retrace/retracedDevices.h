@@ -3,6 +3,7 @@
 
 #include "choices/apply.h"
 #include "ktl/writing/deviceBytes.h"
+#include "model/startupAccess.h"
 #include "retrace/deviceRetrace.h"
 
 #include <QDate>
