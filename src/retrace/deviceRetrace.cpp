@@ -2,19 +2,16 @@
 
 #include "choices/apply.h"
 #include "editing/deviceEdits.h"
-#include "ktl/reading/ktlItemWalk.h"
 #include "ktl/writing/deviceBytes.h"
+#include "retrace/bytesApart.h"
 #include "retrace/moduleRetrace.h"
 #include "retrace/pdoRetrace.h"
 #include "retrace/settingsRetrace.h"
 #include "retrace/startupRetrace.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <iterator>
 #include <optional>
 #include <stdexcept>
-#include <string_view>
 #include <tuple>
 #include <utility>
 
@@ -27,27 +24,6 @@ std::size_t editsOf(const choices::DeviceChoices& choices)
 {
     return choices.links.size() + choices.removedEntries.size() + choices.addedEntries.size()
            + choices.changedCommands.size() + choices.removedCommands.size() + choices.addedCommands.size();
-}
-
-/// The items of a device block, sorted by their bytes.
-std::vector<std::string_view> itemsOf(const std::vector<unsigned char>& block)
-{
-    std::vector<std::string_view> items;
-    for (const KtlFileItem& item : walkItems(block).items)
-        items.emplace_back(reinterpret_cast<const char*>(block.data()) + item.offset, item.bytes.size());
-    std::sort(items.begin(), items.end());
-    return items;
-}
-
-/// How many items one of two device blocks has and the other one has not.
-std::size_t itemsApart(const std::vector<unsigned char>& left, const std::vector<unsigned char>& right)
-{
-    const std::vector<std::string_view> ofLeft = itemsOf(left);
-    const std::vector<std::string_view> ofRight = itemsOf(right);
-    std::vector<std::string_view> apart;
-    std::set_symmetric_difference(ofLeft.begin(), ofLeft.end(), ofRight.begin(), ofRight.end(),
-                                  std::back_inserter(apart));
-    return apart.size();
 }
 
 } // namespace
@@ -72,7 +48,7 @@ void DeviceRetrace::compare(RetracedDevice& retraced, struct_EtherCatDevice& dev
 {
     const std::vector<unsigned char> bytes = deviceBytesOf(device, m_file, block.exportTime);
     retraced.isExact = bytes == block.bytes;
-    retraced.itemsApart = retraced.isExact ? 0 : itemsApart(bytes, block.bytes);
+    retraced.bytesApart = retraced.isExact ? 0 : bytesApart(bytes, block.bytes);
 }
 
 RetracedDevice DeviceRetrace::untouched(struct_EtherCatDevice device, const ExportedBlock& block) const
@@ -117,7 +93,7 @@ RetracedDevice DeviceRetrace::selected(const struct_EtherCatDevice& device, cons
         retraced.choices.modules = std::move(modules);
         finish(retraced, device, block);
         const auto rankOf = [](const RetracedDevice& of) {
-            return std::make_tuple(!of.isExact, of.itemsApart, editsOf(of.choices));
+            return std::make_tuple(!of.isExact, of.bytesApart, editsOf(of.choices));
         };
         if (!best.has_value() || rankOf(retraced) < rankOf(*best))
             best = std::move(retraced);
@@ -138,7 +114,7 @@ RetracedDevice DeviceRetrace::retraced(const struct_EtherCatDevice& device, cons
     if (nothing.isExact)
         return nothing;
     RetracedDevice selected = retracedAsSelected(device, block);
-    const bool isNearer = selected.isExact || selected.itemsApart < nothing.itemsApart;
+    const bool isNearer = selected.isExact || selected.bytesApart < nothing.bytesApart;
     return isNearer ? selected : nothing;
 }
 

@@ -29,7 +29,7 @@ struct RetracedDevice
     choices::DeviceChoices choices; ///< without the name of the device
     bool isSelected = false; ///< someone has clicked the device; there are no choices if not
     bool isExact = false; ///< an export gives the bytes of the block then
-    std::size_t itemsApart = std::numeric_limits<std::size_t>::max(); ///< items that the export or the block has alone
+    std::size_t bytesApart = std::numeric_limits<std::size_t>::max(); ///< of the export and the block
 };
 
 /// A file without its devices: what an export of one of them reads of it.

@@ -19,8 +19,11 @@ struct EntryCosts
 
     [[nodiscard]] Cost stay(std::size_t before, std::size_t after) const
     {
-        if (!areSameEntry(declared[before], exported[after]))
-            return 2 * impossible;
+        if (!areSameEntry(declared[before], exported[after])) {
+            const bool isSameObject = declared[before].Index == exported[after].Index
+                                      && declared[before].SubIndex == exported[after].SubIndex;
+            return isSameObject ? impossible : 2 * impossible; // another length is no reason to remove an entry
+        }
         if (declared[before].LinkToData == exported[after].LinkToData)
             return 0;
         return canBeLinked(exported[after].LinkToData, isInput) ? 1 : impossible;

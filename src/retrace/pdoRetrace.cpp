@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <cstdint>
 #include <vector>
 
@@ -23,9 +24,10 @@ struct PdoCosts
     [[nodiscard]] Cost stay(std::size_t before, std::size_t after)
     {
         const DeclaredPdo& pdo = declared[before];
-        if (!areSamePdo(pdo, exported[after]))
+        const KtlPdo& wanted = exported[after];
+        if (pdo.isInput != wanted.isInput || pdo.head.IndexAttributes != wanted.head.IndexAttributes)
             return 2 * impossible;
-        return entries.costOf(pdo, exported[after]);
+        return areSamePdo(pdo, wanted) ? std::min(impossible, entries.costOf(pdo, wanted)) : impossible;
     }
     [[nodiscard]] Cost remove(std::size_t before) const { return 2 * Cost{declared[before].entries.size()}; }
     [[nodiscard]] static Cost add(std::size_t /*after*/, bool /*isFirst*/) { return impossible; }
