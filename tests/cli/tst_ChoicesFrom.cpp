@@ -171,7 +171,7 @@ void tst_ChoicesFrom::wholeText()
       "deviceType": "Special",
       "modules": [
         {"place": 0, "module": null},
-        {"place": 1, "module": "0x216"}
+        {"place": 1, "module": "0x216", "about": "MB-DO16 sixteen digital outputs"}
       ],
       "links": [
         {"pdo": 1, "index": "0x1601", "entry": 1, "object": "0x7010:2", "name": "Output 2", "link": "DOUT"}
