@@ -12,6 +12,8 @@ class tst_KtlDeviceBlocks : public QObject
 private slots:
     void blocksAndRuns();
     void itemsWithoutAnOwner();
+    void blocksWithoutAWholeHead_data();
+    void blocksWithoutAWholeHead();
     void modulesOfABlock();
     void recordsOfSeveralItems();
     void textOfMoreInfo();
@@ -93,6 +95,35 @@ void tst_KtlDeviceBlocks::itemsWithoutAnOwner()
     QCOMPARE(blocks.size(), std::size_t(1));
     QVERIFY(blocks[0].fmmus.empty());
     QVERIFY(blocks[0].modules.empty());
+}
+
+void tst_KtlDeviceBlocks::blocksWithoutAWholeHead_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<std::size_t>("count"); // of all blocks
+    QTest::addColumn<std::size_t>("readable");
+    const auto row = [](const char* name, const QByteArray& file, std::size_t count, std::size_t readable) {
+        QTest::addRow("%s", name) << file << count << readable;
+    };
+    row("whole", general(5) + general(6) + endItem, 2, 2);
+    row("the last one is cut", general(5) + general(6).chopped(1), 2, 1);
+    row("the only one is cut", general(5).left(8), 1, 0);
+    row("one is too short", general(5) + endItem + itemOf(40000, zeros(40)) + endItem + general(7) + endItem, 3, 1);
+    row("longer than a General item is", itemOf(40000, zeros(48)) + endItem, 1, 1);
+    row("none", endItem, 0, 0);
+}
+
+/// A General item has 52 bytes; nothing is read after one that has less.
+void tst_KtlDeviceBlocks::blocksWithoutAWholeHead()
+{
+    QFETCH(QByteArray, file);
+    const std::vector<unsigned char> bytes(file.begin(), file.end());
+    const KtlWalk walk = walkItems(bytes);
+    QTEST(blockPlacesOf(walk).size(), "count");
+    const std::vector<KtlBlockPlace> readable = readableBlockPlacesOf(walk);
+    QTEST(readable.size(), "readable");
+    for (std::size_t place = 0; place < readable.size(); ++place)
+        QCOMPARE(readable[place].first, blockPlacesOf(walk)[place].first);
 }
 
 void tst_KtlDeviceBlocks::modulesOfABlock()

@@ -217,6 +217,25 @@ void tst_PdoRetrace::impossibleEdits_data()
         device.RxPdo.vpdo.push_back(pdo(0x1604, 0, {entry(0x7004, 1, "X")}));
         inputsOf(device, 0)[0].Linkto = KTL_PDO_TYPE_DIN;
     }) << QStringList("link pdo=4 entry=0 index=1a00 object=6000:1 name=D link=-1");
+    QTest::addRow("entry of another length, with a link") << Edit([](struct_EtherCatDevice& device) {
+        outputsOf(device, 0)[0].Bitlen = 16;
+        outputsOf(device, 0)[0].Linkto = KTL_PDO_TYPE_DOUT;
+    }) << QStringList("link pdo=0 entry=0 index=1600 object=7000:1 name=A link=-2");
+    QTest::addRow("all entries of another length") << Edit([](struct_EtherCatDevice& device) {
+        for (struct_EntryPDOContent& entry : inputsOf(device, 0))
+            entry.Bitlen = 16;
+    }) << QStringList();
+    QTest::addRow("fixed PDO, with a link and without an entry")
+        << Edit([](struct_EtherCatDevice& device) {
+               device.TxPdo.vpdo[0].Attributes.Fixed = 1;
+               inputsOf(device, 0)[1].Linkto = KTL_PDO_TYPE_DIN;
+               erasePdoEntry(device, 4, 0);
+           })
+        << QStringList{"link pdo=4 entry=1 index=1a00 object=6000:2 name=E link=-1",
+                       "removeEntry pdo=4 entry=0 index=1a00 object=6000:1 name=D"};
+    QTest::addRow("entry of another object in its place")
+        << Edit([](struct_EtherCatDevice& device) { outputsOf(device, 0)[0].SubIndex = 5; })
+        << QStringList("removeEntry pdo=0 entry=0 index=1600 object=7000:1 name=A");
 }
 
 void tst_PdoRetrace::impossibleEdits()
