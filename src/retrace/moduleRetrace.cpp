@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -26,6 +27,7 @@ constexpr int sameCommand = 20; ///< a command that is in the block
 constexpr int goneCommand = -40; ///< one that is not: it would have been removed or changed
 constexpr int sameIdent = 300; ///< what the block presets
 constexpr int otherIdent = -300;
+constexpr int otherCount = -300; ///< not as many modules as the block presets
 constexpr int unexplained = -120; ///< a PDO of the block that no module brings in
 constexpr int oneChoice = -1; ///< nothing was done where nothing had to be done
 
@@ -58,8 +60,7 @@ public:
     /// How well a module in a place fits the preset of the block.
     [[nodiscard]] int scoreOf(int place, const std::optional<std::uint32_t>& ident) const
     {
-        if (!m_block.preset.has_value() || place < 0
-            || static_cast<std::size_t>(place) >= m_block.preset->records.size())
+        if (!isPreset(place) || m_hiddenPlaces.count(place) != 0)
             return 0;
         const auto fixed = m_fixedIdents.find(place);
         const std::uint32_t ofFixed = fixed == m_fixedIdents.end() ? 0 : fixed->second;
@@ -67,8 +68,25 @@ public:
         return ident.value_or(ofFixed) == shown ? sameIdent : otherIdent;
     }
 
+    /// Whether the modules of a place have to be counted: those of all places, where the idents do not tell the number.
+    [[nodiscard]] bool isCounted(int place) const { return m_isCountNeeded && isPreset(place); }
+
+    /// How well a number of counted modules fits the preset, which has the low 8 bits of the number.
+    [[nodiscard]] int scoreOfCount(std::size_t count) const
+    {
+        const bool isOther = m_isCountNeeded && m_block.preset.has_value()
+                             && static_cast<std::uint8_t>(count) != m_block.preset->head.m_iCountReal;
+        return isOther ? otherCount : 0;
+    }
+
 private:
     using CommandKey = std::tuple<std::uint16_t, std::uint16_t, std::uint8_t, std::uint16_t, std::uint32_t>;
+
+    [[nodiscard]] bool isPreset(int place) const
+    {
+        return m_block.preset.has_value() && place >= 0
+               && static_cast<std::size_t>(place) < m_block.preset->records.size();
+    }
 
     static CommandKey keyOf(const struct_KTL_InitCmd& command)
     {
@@ -94,16 +112,23 @@ private:
             m_inputs.push_back(&m_block.pdos[next]);
     }
 
-    /// Default modules that bear the number of their slot where that is none of its places.
+    /// Default modules that bear the number of their slot where that is none of its places. The preset shows them
+    /// instead of what is there, if it is in a slot before theirs; and of several modules in one place only one.
     void readFixedIdents(const struct_EtherCatDevice& device)
     {
         PlaceRange range;
         for (const struct_Slot& slot : device.Slots.vslot) {
             range.first = range.end;
             range.end = static_cast<std::uint16_t>(range.first + slot.Attributes.MaxInstances);
-            for (const struct_slotmodule& placed : slot.slotmodule)
+            std::set<int> filled;
+            for (const struct_slotmodule& placed : slot.slotmodule) {
                 if (!range.holds(placed.Instances))
                     m_fixedIdents[placed.Instances] = placed.module.TypeAttributes.ModuleIdent;
+                const bool isHiding = placed.Instances < range.first;
+                if (isHiding)
+                    m_hiddenPlaces.insert(placed.Instances);
+                m_isCountNeeded = m_isCountNeeded || isHiding || !filled.insert(placed.Instances).second;
+            }
         }
     }
 
@@ -112,6 +137,8 @@ private:
     std::vector<const KtlPdo*> m_inputs;
     std::map<CommandKey, std::vector<std::size_t>> m_commands; ///< where each command stands in the block
     std::map<int, std::uint32_t> m_fixedIdents; ///< by their numbers
+    std::set<int> m_hiddenPlaces; ///< of which the preset shows such a module
+    bool m_isCountNeeded = false; ///< the idents of the preset do not tell how many modules there are
 };
 
 /// How far the places that were looked at explain a block.
@@ -120,10 +147,11 @@ struct Progress
     std::size_t output = 0; ///< the first output PDO of the block that is not explained
     std::size_t input = 0;
     std::size_t command = 0;
+    std::size_t count = 0; ///< of modules, where they are counted
     int score = 0;
     std::size_t way = 0; ///< its last choices
 
-    [[nodiscard]] auto key() const { return std::make_tuple(output, input, command); }
+    [[nodiscard]] auto key() const { return std::make_tuple(output, input, command, count); }
 };
 
 /// Choices that have led to a progress, and the way to what was before.
@@ -147,7 +175,7 @@ public:
     {
         m_place = place.place;
         // By what is explained: of two ways to the same point one is enough.
-        std::map<std::tuple<std::size_t, std::size_t, std::size_t>, std::pair<Progress, const Filling*>> best;
+        std::map<decltype(Progress().key()), std::pair<Progress, const Filling*>> best;
         for (const Progress& before : m_progress)
             for (const Filling& filling : place.fillings) {
                 const Progress after = progressBy(filling, before);
@@ -163,9 +191,10 @@ public:
     {
         constexpr std::size_t maxResults = 8;
         for (Progress& progress : m_progress)
-            progress.score += unexplained
-                              * static_cast<int>(m_shown.outputs().size() - progress.output + m_shown.inputs().size()
-                                                 - progress.input);
+            progress.score += m_shown.scoreOfCount(progress.count)
+                              + unexplained
+                                    * static_cast<int>(m_shown.outputs().size() - progress.output
+                                                       + m_shown.inputs().size() - progress.input);
         std::stable_sort(m_progress.begin(), m_progress.end(), isBetter);
         m_progress.resize(std::min(m_progress.size(), maxResults));
         std::vector<std::vector<choices::ModuleChoice>> results;
@@ -187,6 +216,7 @@ private:
             progress.command = place.has_value() ? *place + 1 : progress.command;
         }
         progress.score += m_shown.scoreOf(m_place, filling.ident);
+        progress.count += m_shown.isCounted(m_place) ? filling.count : 0;
         progress.score += oneChoice * static_cast<int>(filling.choices.size());
         return progress;
     }
