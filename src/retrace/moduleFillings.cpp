@@ -90,6 +90,7 @@ private:
         m_scratch.mMailbox.COE.vinitcmd.clear();
         Filling filling;
         filling.choices = std::move(made);
+        filling.count = there.size();
         for (const struct_module* const module : there) {
             bringIntoDevice(m_scratch, m_slot, *module, place);
             filling.ident = module->TypeAttributes.ModuleIdent;

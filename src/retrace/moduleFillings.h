@@ -6,6 +6,7 @@
 #include "retrace/exportedPdos.h"
 #include "retrace/moduleNames.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -30,6 +31,7 @@ struct Filling
     std::vector<BroughtPdo> brought; ///< outputs first
     std::vector<struct_KTL_InitCmd> commands; ///< that its modules declare
     std::optional<std::uint32_t> ident; ///< of its last module, which a preset shows
+    std::size_t count = 0; ///< of its modules
 };
 
 /// The ways to fill a place.

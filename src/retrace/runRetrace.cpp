@@ -1,5 +1,6 @@
 #include "retrace/runRetrace.h"
 
+#include "editing/deviceEdits.h"
 #include "model/valueTexts.h"
 #include "retrace/moduleLinkRetrace.h"
 
@@ -11,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <stdexcept>
 #include <utility>
 
 namespace retrace {
@@ -26,6 +28,17 @@ struct FileRetrace
     std::vector<choices::LinkChoice> moduleLinks;
     std::unique_ptr<DeviceRetrace> devices;
 };
+
+/// Whether a click on a device goes well. It does not where a PDO is on a sync manager that the device lacks.
+bool canBeSelected(struct_EtherCatDevice device)
+{
+    try {
+        DeviceClicks().select(device);
+        return true;
+    } catch (const std::out_of_range&) {
+        return false;
+    }
+}
 
 class RunRetrace
 {
@@ -109,7 +122,7 @@ private:
         if (selected != end)
             return selected->first;
         for (std::size_t device = 0; device < m_files[index].device.size(); ++device)
-            if (m_retraced.count({index, device}) == 0)
+            if (m_retraced.count({index, device}) == 0 && canBeSelected(m_files[index].device[device]))
                 return {index, device};
         const auto harmless = std::find_if(first, end, [&](const auto& entry) {
             const ExportedBlock& block = m_blocks[m_blockOf.at(entry.first)];

@@ -41,6 +41,12 @@ public:
     /// @return  nothing if the block says nothing of the place
     [[nodiscard]] std::optional<bool> isPreset(int place, const std::optional<std::uint32_t>& ident) const;
 
+    /// Whether the modules of a place have to be counted: those of all places, where the idents do not tell the number.
+    [[nodiscard]] bool isCounted(int place) const { return m_isCountNeeded && isInPreset(place); }
+
+    /// Whether the block presets another number of modules than were counted; it has the low 8 bits of the number.
+    [[nodiscard]] bool isOtherCount(std::size_t counted) const;
+
     /// Lengths of the sync managers without modules.
     [[nodiscard]] const std::vector<float>& lengths() const { return m_lengths; }
 
@@ -50,6 +56,7 @@ public:
 private:
     using CommandKey = std::tuple<std::uint16_t, std::uint16_t, std::uint8_t, std::uint16_t, std::uint32_t>;
 
+    [[nodiscard]] bool isInPreset(int place) const;
     static CommandKey keyOf(const struct_KTL_InitCmd& command);
     void readPdos(const struct_EtherCatDevice& device);
     void readCommands();
@@ -63,6 +70,8 @@ private:
     std::set<std::uint16_t> m_commandIndexes;
     std::set<std::pair<std::uint16_t, std::uint32_t>> m_assigned; ///< assign object and PDO
     std::map<int, std::uint32_t> m_fixedIdents; ///< of default modules that stay, by their numbers
+    std::set<int> m_hiddenPlaces; ///< of which the preset shows such a module
+    bool m_isCountNeeded = false; ///< the idents of the preset do not tell how many modules there are
     std::vector<float> m_lengths;
     std::vector<std::optional<std::uint16_t>>
         m_shownLengths; ///< by sync manager; nothing for mailboxes and virtual ones

@@ -83,6 +83,7 @@ private slots:
     static void presets();
     static void numberedDefaultModule_data();
     static void numberedDefaultModule();
+    static void hiddenPlace();
     static void twins_data();
     static void twins();
     static void linkedModule();
@@ -217,10 +218,12 @@ void tst_ModuleRetrace::twoDefaultModules()
 {
     QFETCH(Edit, edit);
     QFETCH(QStringList, expected);
-    struct_EtherCatDevice device = deviceWithSlots(KTL_DEVICE_TYPE_Special);
-    putDefault(device.Slots.vslot[0], 0, outputModule());
-    putDefault(device.Slots.vslot[0], 0, inputModule());
-    compareRetraced(device, fileWithModules(), edit, expected);
+    for (const std::uint16_t type : {KTL_DEVICE_TYPE_Special, KTL_DEVICE_TYPE_ManualIOBlock}) {
+        struct_EtherCatDevice device = deviceWithSlots(type);
+        putDefault(device.Slots.vslot[0], 0, outputModule());
+        putDefault(device.Slots.vslot[0], 0, inputModule());
+        compareRetraced(device, fileWithModules(), edit, expected);
+    }
 }
 
 void tst_ModuleRetrace::presets_data()
@@ -274,6 +277,16 @@ void tst_ModuleRetrace::numberedDefaultModule()
         putDefault(device.Slots.vslot[1], 1, inputModule());
         compareRetraced(device, fileWithModules(), edit, expected);
     }
+}
+
+/// The preset shows the default module instead. So it only shows by the number of modules that there is one, and the
+/// first of the file will do.
+void tst_ModuleRetrace::hiddenPlace()
+{
+    struct_EtherCatDevice device = deviceWithSlots(KTL_DEVICE_TYPE_ManualIOBlock);
+    putDefault(device.Slots.vslot[1], 1, inputModule());
+    const Edit edit = [](struct_EtherCatDevice& edited) { put(edited, 1, inputModule()); };
+    compareRetraced(device, fileWithModules(), edit, QStringList("module place=1 ident=1"));
 }
 
 void tst_ModuleRetrace::twins_data()

@@ -99,6 +99,7 @@ private slots:
     static void linksWithASelectedDevice();
     static void linksWithTheFirstSelectedDevice();
     static void linksWithADeviceThatStaysOut();
+    static void linksPastADeviceThatCannotBeSelected();
     static void linksWithAnUntouchedDevice();
     static void linksWithADeviceThatAClickChanges();
     static void linksOfTwoFiles();
@@ -226,6 +227,20 @@ void tst_RunRetrace::linksWithADeviceThatStaysOut()
     linkModule(edited[0]);
     compareRetraced(files, chosen(exportOfAll(edited), {0, 2}),
                     {"device 0x1:0x20:0x1", linkOfModule, "export 0x1:0x10:0x1", "export 0x1:0x30:0x1"});
+}
+
+/// A click on it fails, since its PDO is on a sync manager that it does not declare.
+void tst_RunRetrace::linksPastADeviceThatCannotBeSelected()
+{
+    struct_EtherCatDevice broken = coupler(0x20);
+    broken.RxPdo.vpdo[0].Attributes.SM = 5;
+    Files files{fileOfCouplers({coupler(0x10), broken, coupler(0x30)})};
+    struct_FilenameDevice edited = files[0];
+    linkModule(edited);
+    const std::vector<retrace::ExportedBlock> blocks{exportOf(edited.device[0], edited)};
+    compareRetraced(files, blocks, {"device 0x1:0x30:0x1", linkOfModule, "export 0x1:0x10:0x1"});
+    files[0].device.pop_back();
+    compareRetraced(files, blocks, {"device 0x1:0x10:0x1", linkOfModule, "export 0x1:0x10:0x1"});
 }
 
 /// The first one to which a click does nothing that cannot be undone.
