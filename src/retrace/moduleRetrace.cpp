@@ -29,6 +29,7 @@ constexpr int sameCommand = 20; ///< a command that is in the block
 constexpr int goneCommand = -40; ///< one that is not: it would have been removed or changed
 constexpr int sameIdent = 300; ///< what the block presets
 constexpr int otherIdent = -300;
+constexpr int otherCount = -300; ///< not as many modules as the block presets
 constexpr int otherLength = -500; ///< of a sync manager
 constexpr int unexplained = -120; ///< a PDO of the block that no module brings in
 constexpr int oneChoice = -1; ///< nothing was done where nothing had to be done
@@ -39,11 +40,12 @@ struct Progress
     std::size_t output = 0; ///< the first output PDO of the block that is not explained
     std::size_t input = 0;
     std::size_t command = 0;
+    std::size_t count = 0; ///< of modules, where they are counted
     std::vector<float> lengths; ///< of the sync managers, with the PDOs that were brought in so far
     int score = 0;
     std::size_t way = 0; ///< its last choices
 
-    [[nodiscard]] auto key() const { return std::tie(output, input, command, lengths); }
+    [[nodiscard]] auto key() const { return std::tie(output, input, command, count, lengths); }
 };
 
 /// Of two ways to the same point one is enough.
@@ -93,6 +95,7 @@ public:
             const std::size_t left =
                 m_shown.outputs().size() - progress.output + m_shown.inputs().size() - progress.input;
             progress.score += unexplained * static_cast<int>(left);
+            progress.score += m_shown.isOtherCount(progress.count) ? otherCount : 0;
             progress.score += otherLength * static_cast<int>(m_shown.otherLengths(progress.lengths));
         }
         std::stable_sort(m_progress.begin(), m_progress.end(), isBetter);
@@ -130,6 +133,7 @@ private:
         }
         if (const std::optional<bool> fits = m_shown.isPreset(m_place, filling.ident))
             progress.score += *fits ? sameIdent : otherIdent;
+        progress.count += m_shown.isCounted(m_place) ? filling.count : 0;
         progress.score += oneChoice * static_cast<int>(filling.choices.size());
         return progress;
     }

@@ -55,16 +55,23 @@ void ShownModules::readCommands()
     }
 }
 
-/// Default modules that bear the number of their slot where that is none of its places.
+/// Default modules that bear the number of their slot where that is none of its places. The preset shows them instead
+/// of what is there, if it is in a slot before theirs; and of several modules in one place only one.
 void ShownModules::readFixedIdents(const struct_EtherCatDevice& device)
 {
     PlaceRange range;
     for (const struct_Slot& slot : device.Slots.vslot) {
         range.first = range.end;
         range.end = static_cast<std::uint16_t>(range.first + slot.Attributes.MaxInstances);
-        for (const struct_slotmodule& placed : slot.slotmodule)
+        std::set<int> filled;
+        for (const struct_slotmodule& placed : slot.slotmodule) {
             if (!range.holds(placed.Instances))
                 m_fixedIdents[placed.Instances] = placed.module.TypeAttributes.ModuleIdent;
+            const bool isHiding = placed.Instances < range.first;
+            if (isHiding)
+                m_hiddenPlaces.insert(placed.Instances);
+            m_isCountNeeded = m_isCountNeeded || isHiding || !filled.insert(placed.Instances).second;
+        }
     }
 }
 
@@ -101,9 +108,20 @@ bool ShownModules::mentions(const BroughtPdo& pdo) const
     return m_commandIndexes.count(pdo.index) > 0 || m_assigned.count({assignObject, pdo.index}) > 0;
 }
 
+bool ShownModules::isInPreset(int place) const
+{
+    return m_block.preset.has_value() && place >= 0 && static_cast<std::size_t>(place) < m_block.preset->records.size();
+}
+
+bool ShownModules::isOtherCount(std::size_t counted) const
+{
+    return m_isCountNeeded && m_block.preset.has_value()
+           && static_cast<std::uint8_t>(counted) != m_block.preset->head.m_iCountReal;
+}
+
 std::optional<bool> ShownModules::isPreset(int place, const std::optional<std::uint32_t>& ident) const
 {
-    if (!m_block.preset.has_value() || place < 0 || static_cast<std::size_t>(place) >= m_block.preset->records.size())
+    if (!isInPreset(place) || m_hiddenPlaces.count(place) > 0)
         return std::nullopt;
     const auto fixed = m_fixedIdents.find(place);
     const std::uint32_t ofFixed = fixed == m_fixedIdents.end() ? 0 : fixed->second;
