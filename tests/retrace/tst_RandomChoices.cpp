@@ -77,7 +77,7 @@ void tst_RandomChoices::foundAgain_data()
 {
     QTest::addColumn<QStringList>("paths");
     QTest::addColumn<int>("times");
-    const int times = numberOf("KINETRA_RANDOM_CHOICES", sized(100));
+    const int times = numberOf("KINETRA_RANDOM_CHOICES", sized(75));
     QStringList samples;
     for (const QString& name : QDir(KINETRA_SOURCE_DIR "/samples").entryList({"*.xml"}, QDir::Files)) {
         samples += QStringLiteral(KINETRA_SOURCE_DIR "/samples/") + name;
@@ -88,7 +88,7 @@ void tst_RandomChoices::foundAgain_data()
     const QDir real(realFilesFolder());
     for (const QString& name : real.entryList({"*.xml"}, QDir::Files))
         if (!name.contains("_bad"))
-            QTest::addRow("%s", qPrintable(name)) << QStringList{real.filePath(name)} << (times + 19) / 20;
+            QTest::addRow("%s", qPrintable(name)) << QStringList{real.filePath(name)} << (times + 24) / 25;
 }
 
 void tst_RandomChoices::foundAgain()
