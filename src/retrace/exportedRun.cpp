@@ -37,7 +37,10 @@ std::optional<QDateTime> timeOf(const KtlDeviceBlock& block)
     const ThreeParts ofTime(block.moreInfo->head.m_iTime);
     const QDate date(ofDate.first, ofDate.second, ofDate.third);
     const QTime time(ofTime.first, ofTime.second, ofTime.third);
-    if (!date.isValid() || !time.isValid()) // a QDateTime takes midnight for a time that there is not
+    constexpr int firstYear = 1000; // of four digits, as an export can be given one
+    constexpr int lastYear = 9999;
+    if (!date.isValid() || date.year() < firstYear || date.year() > lastYear
+        || !time.isValid()) // a QDateTime takes midnight for a time that there is not
         return std::nullopt;
     return QDateTime(date, time, Qt::UTC); // no hour of it is left out by a change of the clock
 }

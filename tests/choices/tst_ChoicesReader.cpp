@@ -1,5 +1,5 @@
 // Choices read from JSON: what each key gives, and what is told of a value that is not in the form.
-// Covers words.cpp.
+// Covers keys.cpp, rowReader.cpp, words.cpp.
 #include "choices/appliedChoices.h"
 #include "choices/choicesTexts.h"
 #include "choices/reader.h"

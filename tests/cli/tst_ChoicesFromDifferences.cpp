@@ -1,4 +1,5 @@
 // `ktl choices --from`: what no choice makes is told with its places, and the choices that come nearest are written.
+// Covers remainingDifferences.cpp.
 #include "cli/tracedExport.h"
 #include "testMain.h"
 

@@ -1,5 +1,5 @@
 // Differences as lines and as JSON.
-// Covers difference.cpp, differenceJson.cpp, value.cpp, words.cpp.
+// Covers difference.cpp, differenceJson.cpp, differenceWords.cpp, value.cpp, words.cpp.
 #include "comparedFiles.h"
 #include "diff/compareDevices.h"
 #include "diff/devicePairs.h"

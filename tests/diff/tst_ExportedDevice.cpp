@@ -1,5 +1,5 @@
 // An ESI file against a KTL file, and KTL files against each other.
-// Covers compareDevices.cpp, ktlSubject.cpp, source.cpp.
+// Covers compareDevices.cpp, deviceBytes.cpp, ktlSubject.cpp, source.cpp.
 #include "comparedFiles.h"
 #include "diff/compareDevices.h"
 #include "diffParts.h"

@@ -166,6 +166,11 @@ void tst_ExportedRun::timeOfABlock_data()
     QTest::addRow("no such minute") << 20260102U << 6000U << "";
     QTest::addRow("no such second") << 20260102U << 60U << "";
     QTest::addRow("no date") << 0U << 30405U << "";
+    QTest::addRow("the first year of four digits") << 10000101U << 0U << "1000-01-01 00:00:00";
+    QTest::addRow("a year of three digits") << 9991231U << 0U << "";
+    QTest::addRow("the last year of four digits") << 99991231U << 235959U << "9999-12-31 23:59:59";
+    QTest::addRow("a year of five digits") << 100000101U << 0U << "";
+    QTest::addRow("a year of six digits") << 2621440101U << 0U << "";
     QTest::addRow("greatest numbers") << 0xFFFFFFFFU << 0xFFFFFFFFU << "";
 }
 

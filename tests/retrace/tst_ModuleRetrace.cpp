@@ -1,5 +1,5 @@
 // Which modules were put into places and taken out.
-// Covers moduleFillings.cpp, moduleRetrace.cpp.
+// Covers moduleFillings.cpp, moduleRetrace.cpp, shownModules.cpp.
 #include "editing/moduleData.h"
 #include "editing/moduleEdits.h"
 #include "model/deviceType.h"
