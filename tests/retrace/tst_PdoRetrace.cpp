@@ -1,5 +1,5 @@
 // Links of PDO entries, and entries that were removed and added.
-// Covers exportedPdos.cpp, pdoRetrace.cpp.
+// Covers entryAlignment.cpp, exportedPdos.cpp, pdoRetrace.cpp.
 #include "editing/pdoEdits.h"
 #include "model/deviceType.h"
 #include "model/pdoAccess.h"
