@@ -136,7 +136,7 @@ private:
     {
         const struct_FilenameDevice& file = m_files[position.first];
         const DeviceTypeAttributes& type = file.device[position.second].TypeAttributes;
-        const QString identity =
+        QString identity =
             QStringList{hexNumber(file.Vendor_Id), hexNumber(type.Product_Code), hexNumber(type.Revision_No)}.join(
                 QLatin1Char(':'));
         if (m_selectors.deviceOf(identity).count == 1)

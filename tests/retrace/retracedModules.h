@@ -67,4 +67,10 @@ inline struct_EtherCatDevice deviceWithSlots(std::uint16_t type)
     return device;
 }
 
+/// Puts a default module in, which bears the number of a slot.
+inline void putDefault(struct_Slot& slot, int number, const struct_module& module)
+{
+    slot.slotmodule.push_back({number, module});
+}
+
 } // namespace retracedDevices
