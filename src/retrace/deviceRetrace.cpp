@@ -2,6 +2,8 @@
 
 #include "choices/apply.h"
 #include "editing/deviceEdits.h"
+#include "editing/moduleEdits.h"
+#include "ktl/reading/ktlItemWalk.h"
 #include "ktl/writing/deviceBytes.h"
 #include "retrace/bytesApart.h"
 #include "retrace/moduleRetrace.h"
@@ -9,6 +11,7 @@
 #include "retrace/settingsRetrace.h"
 #include "retrace/startupRetrace.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <stdexcept>
@@ -24,6 +27,34 @@ std::size_t editsOf(const choices::DeviceChoices& choices)
 {
     return choices.links.size() + choices.removedEntries.size() + choices.addedEntries.size()
            + choices.changedCommands.size() + choices.removedCommands.size() + choices.addedCommands.size();
+}
+
+bool takesModules(const struct_EtherCatDevice& device)
+{
+    return !moduleRefusal(device.m_iDeviceType).has_value() && !device.Slots.vslot.empty();
+}
+
+bool haveSameFixedParts(const struct_KTL_SmAttributes& left, const struct_KTL_SmAttributes& right)
+{
+    return left.m_iStartAddress == right.m_iStartAddress && left.m_iMaxSize == right.m_iMaxSize
+           && left.ControlByte == right.ControlByte && left.Enable == right.Enable;
+}
+
+/// Whether what no choice changes is the same in two blocks, as far as a look at the sync managers, FMMUs and counts
+/// tells: if not, no modules make them the same.
+bool haveSameFixedParts(const KtlDeviceBlock& left, const KtlDeviceBlock& right)
+{
+    const auto isSameFmmu = [](const struct_KTL_FmmuAttributes& one, const struct_KTL_FmmuAttributes& other) {
+        return one.m_iOpOnly == other.m_iOpOnly && one.m_iSm == other.m_iSm && one.m_iSu == other.m_iSu
+               && one.m_iFmmuType == other.m_iFmmuType;
+    };
+    const auto isSameSyncManager = [](const struct_KTL_SmAttributes& one, const struct_KTL_SmAttributes& other) {
+        return haveSameFixedParts(one, other);
+    };
+    return std::equal(left.fmmus.begin(), left.fmmus.end(), right.fmmus.begin(), right.fmmus.end(), isSameFmmu)
+           && std::equal(left.syncManagers.begin(), left.syncManagers.end(), right.syncManagers.begin(),
+                         right.syncManagers.end(), isSameSyncManager)
+           && left.modes.size() == right.modes.size() && left.modules.size() == right.modules.size();
 }
 
 } // namespace
@@ -58,6 +89,14 @@ RetracedDevice DeviceRetrace::untouched(struct_EtherCatDevice device, const Expo
     return nothing;
 }
 
+/// A device as its export would be.
+KtlDeviceBlock DeviceRetrace::blockOf(struct_EtherCatDevice device, const ExportedBlock& like) const
+{
+    const std::vector<unsigned char> bytes = deviceBytesOf(device, m_file, like.exportTime);
+    const KtlWalk walk = walkItems(bytes);
+    return deviceBlockAt(walk, blockPlacesOf(walk).front());
+}
+
 struct_EtherCatDevice DeviceRetrace::after(const choices::DeviceChoices& choices,
                                            const struct_EtherCatDevice& device) const
 {
@@ -86,9 +125,20 @@ RetracedDevice DeviceRetrace::selected(const struct_EtherCatDevice& device, cons
     retraceType(device, block.content, settings.choices);
     retraceModes(device, block.content, settings.choices);
     retraceSyncManagers(device, block.content, settings.choices);
+    const struct_EtherCatDevice set = after(settings.choices, device);
+    RetracedDevice best = withModules(settings, device, likelyModules(set, m_modules, block.content), block);
+    if (best.isExact || !takesModules(set) || !haveSameFixedParts(blockOf(set, block), block.content))
+        return best;
+    return withModules(settings, device, likelyModules(set, m_modules, block.content, wideSearch), block);
+}
+
+/// The best that comes of lists of modules.
+RetracedDevice DeviceRetrace::withModules(const RetracedDevice& settings, const struct_EtherCatDevice& device,
+                                          std::vector<std::vector<choices::ModuleChoice>> likely,
+                                          const ExportedBlock& block) const
+{
     std::optional<RetracedDevice> best;
-    for (std::vector<choices::ModuleChoice>& modules :
-         likelyModules(after(settings.choices, device), m_modules, block.content)) {
+    for (std::vector<choices::ModuleChoice>& modules : likely) {
         RetracedDevice retraced = settings;
         retraced.choices.modules = std::move(modules);
         finish(retraced, device, block);

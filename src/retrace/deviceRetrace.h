@@ -53,6 +53,10 @@ public:
 private:
     [[nodiscard]] RetracedDevice untouched(struct_EtherCatDevice device, const ExportedBlock& block) const;
     [[nodiscard]] RetracedDevice selected(const struct_EtherCatDevice& device, const ExportedBlock& block) const;
+    [[nodiscard]] RetracedDevice withModules(const RetracedDevice& settings, const struct_EtherCatDevice& device,
+                                             std::vector<std::vector<choices::ModuleChoice>> likely,
+                                             const ExportedBlock& block) const;
+    [[nodiscard]] KtlDeviceBlock blockOf(struct_EtherCatDevice device, const ExportedBlock& like) const;
     void finish(RetracedDevice& retraced, const struct_EtherCatDevice& device, const ExportedBlock& block) const;
     [[nodiscard]] struct_EtherCatDevice after(const choices::DeviceChoices& choices,
                                               const struct_EtherCatDevice& device) const;

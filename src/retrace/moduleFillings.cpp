@@ -8,7 +8,9 @@
 #include "model/syncDirection.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
+#include <set>
 #include <utility>
 
 namespace retrace {
@@ -25,14 +27,23 @@ public:
     /// @param scratch  a device with the slots' attributes and the sync managers, else empty
     SlotFillings(const struct_Slot& slot, const std::vector<NamedModule>& modules, struct_EtherCatDevice& scratch)
         : m_slot(slot)
-        , m_modules(modules)
         , m_scratch(scratch)
-    {}
+    {
+        std::set<std::uint32_t> idents;
+        for (const struct_ModuleIdent& ident : slot.ModuleIdent)
+            idents.insert(ident.ModuleIdent);
+        for (const NamedModule& named : modules) // as `acceptsModule`, for many modules
+            if (idents.empty() || idents.count(named.module->TypeAttributes.ModuleIdent) > 0)
+                m_accepted.push_back(&named);
+    }
 
     [[nodiscard]] FillablePlace fixed(int place, const PlacedModules& there) const
     {
-        return {place, {fillingOf(place, there, {})}};
+        return {place, {}, {fillingOf(place, there, {})}};
     }
+
+    /// How many ways there are to fill a place with so many modules in it.
+    [[nodiscard]] std::size_t waysFor(std::size_t there) const { return (there + 1) * (m_accepted.size() + 1); }
 
     /// A module that is taken out is the first of its place, and one that is put in replaces the first.
     [[nodiscard]] FillablePlace free(int place, const PlacedModules& there) const
@@ -63,9 +74,8 @@ private:
     void addPutIns(FillablePlace& fillable, const std::vector<choices::ModuleChoice>& taken,
                    const PlacedModules& left) const
     {
-        for (const NamedModule& named : m_modules) {
-            if (!acceptsModule(m_slot, named.module->TypeAttributes.ModuleIdent))
-                continue;
+        for (const NamedModule* const accepted : m_accepted) {
+            const NamedModule& named = *accepted;
             PlacedModules there = left;
             if (there.empty())
                 there.push_back(named.module);
@@ -119,7 +129,7 @@ private:
     }
 
     const struct_Slot& m_slot;
-    const std::vector<NamedModule>& m_modules;
+    std::vector<const NamedModule*> m_accepted; ///< the modules that the slot takes
     struct_EtherCatDevice& m_scratch;
 };
 
@@ -145,15 +155,38 @@ template<typename Visit> void forEachSlot(const struct_EtherCatDevice& device, V
     }
 }
 
-/// How many ways there are to fill the places of a device, at most.
-std::size_t waysOf(const struct_EtherCatDevice& device, std::size_t modules)
+/// Adds what a filling brings in, or takes it off.
+/// @param times  1 or -1
+void add(const Filling& filling, int times, FixedShare& share)
 {
-    std::size_t count = 0;
-    forEachSlot(device, [&](const struct_Slot& /*slot*/, const PlaceRange& range, const auto& places) {
-        for (const auto& [place, there] : places)
-            count += range.holds(place) ? (there.size() + 1) * (modules + 1) : 1;
+    share.outputs += static_cast<std::size_t>(times) * filling.outputs.size();
+    share.inputs += static_cast<std::size_t>(times) * filling.inputs.size();
+    for (const BroughtPdo& pdo : filling.brought)
+        if (pdo.size != 0)
+            share.lengths[static_cast<std::size_t>(pdo.syncManager)] += static_cast<float>(times) * pdo.size;
+}
+
+/// A look at all places before they are filled.
+struct Survey
+{
+    std::size_t ways = 0; ///< to fill them, at most
+    FixedShare fixed;
+};
+
+Survey surveyOf(const struct_EtherCatDevice& device, const std::vector<NamedModule>& modules,
+                struct_EtherCatDevice& scratch)
+{
+    Survey survey;
+    survey.fixed.lengths.resize(device.vSM.size());
+    forEachSlot(device, [&](const struct_Slot& slot, const PlaceRange& range, const auto& places) {
+        const SlotFillings fillings(slot, modules, scratch);
+        for (const auto& [place, there] : places) {
+            survey.ways += range.holds(place) ? fillings.waysFor(there.size()) : 1;
+            if (!range.holds(place))
+                add(fillings.fixed(place, there).fillings.front(), 1, survey.fixed);
+        }
     });
-    return count;
+    return survey;
 }
 
 } // namespace
@@ -162,16 +195,25 @@ bool forEachFillablePlace(const struct_EtherCatDevice& device, const std::vector
                           const std::function<void(const FillablePlace& place)>& visit)
 {
     constexpr std::size_t maxWays = 300'000;
-    if (waysOf(device, modules.size()) > maxWays)
+    constexpr std::size_t maxSlotsTimesModules = 10'000'000; // which takes seconds to look at
+    if (device.Slots.vslot.size() * modules.size() > maxSlotsTimesModules)
         return false;
     struct_EtherCatDevice scratch;
     scratch.Slots.Attributes = device.Slots.Attributes;
     scratch.vSM = device.vSM;
     scratch.m_iDeviceType = device.m_iDeviceType;
+    Survey survey = surveyOf(device, modules, scratch);
+    if (survey.ways > maxWays)
+        return false;
     forEachSlot(device, [&](const struct_Slot& slot, const PlaceRange& range, const auto& places) {
         const SlotFillings fillings(slot, modules, scratch);
-        for (const auto& [place, there] : places)
-            visit(range.holds(place) ? fillings.free(place, there) : fillings.fixed(place, there));
+        for (const auto& [place, there] : places) {
+            FillablePlace fillable = range.holds(place) ? fillings.free(place, there) : fillings.fixed(place, there);
+            if (!range.holds(place))
+                add(fillable.fillings.front(), -1, survey.fixed);
+            fillable.fixedAfter = survey.fixed;
+            visit(fillable);
+        }
     });
     return true;
 }

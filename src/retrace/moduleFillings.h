@@ -34,10 +34,19 @@ struct Filling
     std::size_t count = 0; ///< of its modules
 };
 
+/// What default modules bring in that cannot be taken out.
+struct FixedShare
+{
+    std::size_t outputs = 0; ///< PDOs that go out
+    std::size_t inputs = 0;
+    std::vector<float> lengths; ///< by sync manager
+};
+
 /// The ways to fill a place.
 struct FillablePlace
 {
     int place = 0;
+    FixedShare fixedAfter; ///< what comes in after it in any case
     std::vector<Filling> fillings; ///< the first one leaves it as it is; the only one of a default module that stays
 };
 

@@ -4,6 +4,7 @@
 #include "retrace/entryAlignment.h"
 #include "retrace/moduleFillings.h"
 #include "retrace/shownModules.h"
+#include "retrace/startupEdits.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -26,11 +27,13 @@ constexpr int editedEntry =
 constexpr int gonePdo = -70; ///< a PDO that is not in the block: all its entries would have been removed
 constexpr int mentionedPdo = 60; ///< a PDO that the commands of the block assign or map
 constexpr int sameCommand = 20; ///< a command that is in the block
-constexpr int goneCommand = -40; ///< one that is not: it would have been removed or changed
+constexpr int changedCommand = 5; ///< one of the same object with another value
+constexpr int goneCommand = -40; ///< one that is not there: it would have been removed, or made another one
 constexpr int sameIdent = 300; ///< what the block presets
 constexpr int otherIdent = -300;
 constexpr int otherCount = -300; ///< not as many modules as the block presets
 constexpr int otherLength = -500; ///< of a sync manager
+constexpr int unexplainedCommand = -60; ///< of the block, that only a module can have brought in
 constexpr int unexplained = -120; ///< a PDO of the block that no module brings in
 constexpr int oneChoice = -1; ///< nothing was done where nothing had to be done
 
@@ -40,12 +43,15 @@ struct Progress
     std::size_t output = 0; ///< the first output PDO of the block that is not explained
     std::size_t input = 0;
     std::size_t command = 0;
+    std::size_t goneCommands = 0; ///< at most 2: more need not be told apart
+    std::size_t unaddable = 0; ///< commands that were brought in and that no one can add by hand
     std::size_t count = 0; ///< of modules, where they are counted
     std::vector<float> lengths; ///< of the sync managers, with the PDOs that were brought in so far
     int score = 0;
+    int outlook = 0; ///< what is known to speak against it later on
     std::size_t way = 0; ///< its last choices
 
-    [[nodiscard]] auto key() const { return std::tie(output, input, command, count, lengths); }
+    [[nodiscard]] auto key() const { return std::tie(output, input, command, goneCommands, unaddable, count, lengths); }
 };
 
 /// Of two ways to the same point one is enough.
@@ -65,8 +71,9 @@ struct Way
 class ModuleSearch
 {
 public:
-    explicit ModuleSearch(const ShownModules& shown)
+    ModuleSearch(const ShownModules& shown, const SearchWidth& width)
         : m_shown(shown)
+        , m_width(width)
         , m_ways{{0, {}}}
         , m_progress(1)
     {
@@ -84,22 +91,25 @@ public:
                 if (!isNew && found->second.score < after.score)
                     found->second = {after.score, after.way, &filling};
             }
-        keepBest(best);
+        keepBest(best, place.fixedAfter);
     }
 
     /// All choices of the likeliest fillings, the best first.
     [[nodiscard]] std::vector<std::vector<choices::ModuleChoice>> results()
     {
-        constexpr std::size_t maxResults = 32;
         for (Progress& progress : m_progress) {
             const std::size_t left =
                 m_shown.outputs().size() - progress.output + m_shown.inputs().size() - progress.input;
+            progress.outlook = 0;
             progress.score += unexplained * static_cast<int>(left);
+            if (m_shown.commandsOfModules() > progress.unaddable)
+                progress.score +=
+                    unexplainedCommand * static_cast<int>(m_shown.commandsOfModules() - progress.unaddable);
             progress.score += m_shown.isOtherCount(progress.count) ? otherCount : 0;
             progress.score += otherLength * static_cast<int>(m_shown.otherLengths(progress.lengths));
         }
         std::stable_sort(m_progress.begin(), m_progress.end(), isBetter);
-        m_progress.resize(std::min(m_progress.size(), maxResults));
+        m_progress.resize(std::min(m_progress.size(), m_width.results));
         std::vector<std::vector<choices::ModuleChoice>> results;
         for (const Progress& progress : m_progress)
             results.push_back(choicesOf(progress));
@@ -115,7 +125,24 @@ private:
         const Filling* filling; ///< of the place
     };
 
-    static bool isBetter(const Progress& left, const Progress& right) { return left.score > right.score; }
+    static bool isBetter(const Progress& left, const Progress& right)
+    {
+        return left.score + left.outlook > right.score + right.outlook;
+    }
+
+    /// What speaks against a progress already: lengths that grow past those of the block, and PDOs of modules that
+    /// cannot be taken out for which none are left in the block.
+    [[nodiscard]] int outlookOf(const Progress& progress, const FixedShare& after) const
+    {
+        const auto missing = [](std::size_t left, std::size_t needed) {
+            return static_cast<int>(needed - std::min(left, needed));
+        };
+        const std::size_t tooLong = m_shown.shorterLengths(progress.lengths, after.lengths);
+        return otherLength * static_cast<int>(tooLong)
+               + unexplained
+                     * (missing(m_shown.outputs().size() - progress.output, after.outputs)
+                        + missing(m_shown.inputs().size() - progress.input, after.inputs));
+    }
 
     [[nodiscard]] Progress progressBy(const Filling& filling, Progress progress)
     {
@@ -127,15 +154,27 @@ private:
             progress.score += m_shown.mentions(pdo) ? mentionedPdo : 0;
         }
         for (const struct_KTL_InitCmd& command : filling.commands) {
-            const std::optional<std::size_t> place = m_shown.placeOf(command, progress.command);
-            progress.score += place.has_value() ? sameCommand : goneCommand;
-            progress.command = place.has_value() ? *place + 1 : progress.command;
+            addCommand(m_shown.placeOf(command, progress.command), progress);
+            progress.unaddable += canBeAdded(command) ? 0 : 1;
         }
         if (const std::optional<bool> fits = m_shown.isPreset(m_place, filling.ident))
             progress.score += *fits ? sameIdent : otherIdent;
         progress.count += m_shown.isCounted(m_place) ? filling.count : 0;
         progress.score += oneChoice * static_cast<int>(filling.choices.size());
         return progress;
+    }
+
+    /// @param found  where a command of a module stands in the block
+    static void addCommand(const std::optional<ShownModules::CommandPlace>& found, Progress& progress)
+    {
+        constexpr std::size_t maxGone = 2;
+        if (found.has_value()) {
+            progress.score += found->isChanged ? changedCommand : sameCommand;
+            progress.command = found->place + 1;
+        } else {
+            progress.score += goneCommand;
+            progress.goneCommands = std::min(progress.goneCommands + 1, maxGone);
+        }
     }
 
     /// Finds PDOs in the block, one after another. One whose entries no one can have edited to those of the block is
@@ -166,19 +205,19 @@ private:
         return haveSameLinks ? sameEntries + sameLinks : sameEntries;
     }
 
-    void keepBest(const std::map<Progress, Reached, ByPoint>& best)
+    void keepBest(const std::map<Progress, Reached, ByPoint>& best, const FixedShare& fixedAfter)
     {
-        constexpr std::size_t maxKept = 64;
         std::vector<std::pair<Progress, const Filling*>> sorted;
         sorted.reserve(best.size());
         for (const auto& [progress, reached] : best) {
             sorted.emplace_back(progress, reached.filling);
             sorted.back().first.score = reached.score;
             sorted.back().first.way = reached.way;
+            sorted.back().first.outlook = outlookOf(progress, fixedAfter);
         }
         std::stable_sort(sorted.begin(), sorted.end(),
                          [](const auto& left, const auto& right) { return isBetter(left.first, right.first); });
-        sorted.resize(std::min(sorted.size(), maxKept));
+        sorted.resize(std::min(sorted.size(), m_width.kept));
         m_progress.clear();
         for (auto& [progress, filling] : sorted) {
             if (!filling->choices.empty()) {
@@ -198,6 +237,7 @@ private:
     }
 
     const ShownModules& m_shown;
+    SearchWidth m_width;
     EntryComparison m_entries;
     std::vector<Way> m_ways; ///< the first one is that of the beginning
     std::vector<Progress> m_progress;
@@ -206,16 +246,19 @@ private:
 
 } // namespace
 
-std::vector<std::vector<choices::ModuleChoice>>
-likelyModules(const struct_EtherCatDevice& device, const std::vector<NamedModule>& modules, const KtlDeviceBlock& block)
+std::vector<std::vector<choices::ModuleChoice>> likelyModules(const struct_EtherCatDevice& device,
+                                                              const std::vector<NamedModule>& modules,
+                                                              const KtlDeviceBlock& block, const SearchWidth& width)
 {
     if (moduleRefusal(device.m_iDeviceType).has_value() || device.Slots.vslot.empty())
         return {{}};
     const ShownModules shown(device, block);
-    ModuleSearch search(shown);
+    ModuleSearch search(shown, width);
     if (!forEachFillablePlace(device, modules, [&](const FillablePlace& place) { search.visit(place); }))
         return {{}};
-    return search.results();
+    std::vector<std::vector<choices::ModuleChoice>> results = search.results();
+    results.insert(results.begin(), {}); // what needs no choice comes first
+    return results;
 }
 
 } // namespace retrace

@@ -2,21 +2,40 @@
 
 #include "editing/slotPlaces.h"
 #include "esi/derivation/smLengths.h"
+#include "ktl/writing/commandRecord.h"
 #include "model/byteBit.h"
 #include "model/deviceType.h"
 #include "model/objectAreas.h"
 #include "model/syncDirection.h"
+#include "retrace/entryAlignment.h"
 #include "retrace/exportedPdos.h"
+#include "retrace/startupEdits.h"
 
 #include <algorithm>
 
 namespace retrace {
 
+namespace {
+
+/// The first place of a key from a given one on.
+template<typename Key>
+std::optional<std::size_t> placeIn(const std::map<Key, std::vector<std::size_t>>& places, const Key& key,
+                                   std::size_t from)
+{
+    const auto found = places.find(key);
+    if (found == places.end())
+        return std::nullopt;
+    const auto place = std::lower_bound(found->second.begin(), found->second.end(), from);
+    return place == found->second.end() ? std::nullopt : std::make_optional(*place);
+}
+
+} // namespace
+
 ShownModules::ShownModules(const struct_EtherCatDevice& device, const KtlDeviceBlock& block)
     : m_block(block)
 {
     readPdos(device);
-    readCommands();
+    readCommands(device);
     readFixedIdents(device);
     readLengths(device);
 }
@@ -24,6 +43,11 @@ ShownModules::ShownModules(const struct_EtherCatDevice& device, const KtlDeviceB
 ShownModules::CommandKey ShownModules::keyOf(const struct_KTL_InitCmd& command)
 {
     return {command.Transition, command.Index, command.SubIndex, command.DataBytes, command.Data};
+}
+
+ShownModules::ObjectKey ShownModules::objectOf(const struct_KTL_InitCmd& command)
+{
+    return {command.Transition, command.Index, command.SubIndex};
 }
 
 /// The PDOs of modules come behind those of the device, outputs first.
@@ -36,8 +60,10 @@ void ShownModules::readPdos(const struct_EtherCatDevice& device)
     own.TxPdo = device.TxPdo;
     own.vSM = device.vSM;
     std::size_t next = 0;
+    EntryComparison entries;
     for (const DeclaredPdo& pdo : exportedPdosOf(own))
-        if (next < m_block.pdos.size() && areSamePdo(pdo, m_block.pdos[next]))
+        if (next < m_block.pdos.size() && areSamePdo(pdo, m_block.pdos[next])
+            && entries.costOf(pdo, m_block.pdos[next]) < impossible)
             ++next;
     for (; next < m_block.pdos.size() && !m_block.pdos[next].isInput; ++next)
         m_outputs.push_back(&m_block.pdos[next]);
@@ -45,11 +71,21 @@ void ShownModules::readPdos(const struct_EtherCatDevice& device)
         m_inputs.push_back(&m_block.pdos[next]);
 }
 
-void ShownModules::readCommands()
+void ShownModules::readCommands(const struct_EtherCatDevice& device)
 {
+    const auto cannotBeAdded = [](const auto& commands) {
+        return static_cast<std::size_t>(
+            std::count_if(commands.begin(), commands.end(), [](const auto& command) { return !canBeAdded(command); }));
+    };
+    std::vector<struct_KTL_InitCmd> own;
+    for (const struct_InitCmd& command : device.Mailbox.COE.InitCmd.vinitcmd)
+        own.push_back(commandRecordOf(command));
+    const std::size_t inBlock = cannotBeAdded(m_block.coeCommands);
+    m_commandsOfModules = inBlock - std::min(inBlock, cannotBeAdded(own));
     for (std::size_t position = 0; position < m_block.coeCommands.size(); ++position) {
         const struct_KTL_InitCmd& command = m_block.coeCommands[position];
         m_commands[keyOf(command)].push_back(position);
+        m_commandObjects[objectOf(command)].push_back(position);
         m_commandIndexes.insert(command.Index);
         m_assigned.insert({command.Index, command.Data});
     }
@@ -93,13 +129,14 @@ void ShownModules::readLengths(const struct_EtherCatDevice& device)
     }
 }
 
-std::optional<std::size_t> ShownModules::placeOf(const struct_KTL_InitCmd& command, std::size_t from) const
+std::optional<ShownModules::CommandPlace> ShownModules::placeOf(const struct_KTL_InitCmd& command,
+                                                                std::size_t from) const
 {
-    const auto found = m_commands.find(keyOf(command));
-    if (found == m_commands.end())
-        return std::nullopt;
-    const auto place = std::lower_bound(found->second.begin(), found->second.end(), from);
-    return place == found->second.end() ? std::nullopt : std::make_optional(*place);
+    if (const std::optional<std::size_t> place = placeIn(m_commands, keyOf(command), from))
+        return CommandPlace{*place, false};
+    if (const std::optional<std::size_t> place = placeIn(m_commandObjects, objectOf(command), from))
+        return CommandPlace{*place, true};
+    return std::nullopt;
 }
 
 bool ShownModules::mentions(const BroughtPdo& pdo) const
@@ -127,6 +164,15 @@ std::optional<bool> ShownModules::isPreset(int place, const std::optional<std::u
     const std::uint32_t ofFixed = fixed == m_fixedIdents.end() ? 0 : fixed->second;
     const std::uint32_t shown = m_block.preset->records[static_cast<std::size_t>(place)].m_iModuleIdent;
     return ident.value_or(ofFixed) == shown;
+}
+
+std::size_t ShownModules::shorterLengths(const std::vector<float>& lengths, const std::vector<float>& more) const
+{
+    std::size_t count = 0;
+    for (std::size_t number = 0; number < lengths.size(); ++number)
+        if (m_shownLengths[number].has_value() && wholeBytes(lengths[number] + more[number]) > *m_shownLengths[number])
+            ++count;
+    return count;
 }
 
 std::size_t ShownModules::otherLengths(const std::vector<float>& lengths) const

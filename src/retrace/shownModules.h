@@ -30,8 +30,16 @@ public:
     [[nodiscard]] const std::vector<const KtlPdo*>& outputs() const { return m_outputs; }
     [[nodiscard]] const std::vector<const KtlPdo*>& inputs() const { return m_inputs; }
 
-    /// The first place from a given one on where a command stands; nothing if it stands nowhere there.
-    [[nodiscard]] std::optional<std::size_t> placeOf(const struct_KTL_InitCmd& command, std::size_t from) const;
+    /// Where a command stands.
+    struct CommandPlace
+    {
+        std::size_t place = 0; ///< among the commands of the block
+        bool isChanged = false; ///< with another value
+    };
+
+    /// The first place from a given one on where a command stands, or else one of the same object; nothing if neither
+    /// stands there.
+    [[nodiscard]] std::optional<CommandPlace> placeOf(const struct_KTL_InitCmd& command, std::size_t from) const;
 
     /// Whether a command assigns or maps a PDO.
     [[nodiscard]] bool mentions(const BroughtPdo& pdo) const;
@@ -53,13 +61,23 @@ public:
     /// How many sync managers for process data have other lengths in the block.
     [[nodiscard]] std::size_t otherLengths(const std::vector<float>& lengths) const;
 
+    /// How many sync managers for process data are shorter in the block.
+    /// @param more  that is added to each length
+    [[nodiscard]] std::size_t shorterLengths(const std::vector<float>& lengths, const std::vector<float>& more) const;
+
+    /// How many commands of the block come from modules and nowhere else: they cannot be added by hand, and the device
+    /// has fewer of them.
+    [[nodiscard]] std::size_t commandsOfModules() const { return m_commandsOfModules; }
+
 private:
     using CommandKey = std::tuple<std::uint16_t, std::uint16_t, std::uint8_t, std::uint16_t, std::uint32_t>;
+    using ObjectKey = std::tuple<std::uint16_t, std::uint16_t, std::uint8_t>; ///< with the transition in front
 
     [[nodiscard]] bool isInPreset(int place) const;
     static CommandKey keyOf(const struct_KTL_InitCmd& command);
+    static ObjectKey objectOf(const struct_KTL_InitCmd& command);
     void readPdos(const struct_EtherCatDevice& device);
-    void readCommands();
+    void readCommands(const struct_EtherCatDevice& device);
     void readFixedIdents(const struct_EtherCatDevice& device);
     void readLengths(const struct_EtherCatDevice& device);
 
@@ -67,7 +85,9 @@ private:
     std::vector<const KtlPdo*> m_outputs;
     std::vector<const KtlPdo*> m_inputs;
     std::map<CommandKey, std::vector<std::size_t>> m_commands; ///< where each command stands in the block
+    std::map<ObjectKey, std::vector<std::size_t>> m_commandObjects; ///< where commands of each object stand
     std::set<std::uint16_t> m_commandIndexes;
+    std::size_t m_commandsOfModules = 0;
     std::set<std::pair<std::uint16_t, std::uint32_t>> m_assigned; ///< assign object and PDO
     std::map<int, std::uint32_t> m_fixedIdents; ///< of default modules that stay, by their numbers
     std::set<int> m_hiddenPlaces; ///< of which the preset shows such a module

@@ -3,6 +3,7 @@
 #include "editing/startupRows.h"
 #include "ktl/writing/commandRecord.h"
 #include "retrace/alignment.h"
+#include "retrace/startupEdits.h"
 
 #include <QString>
 
@@ -33,12 +34,6 @@ bool haveSameValues(const struct_KTL_InitCmd& left, const struct_KTL_InitCmd& ri
 {
     return left.Index == right.Index && left.SubIndex == right.SubIndex && left.DataBytes == right.DataBytes
            && left.Data == right.Data;
-}
-
-/// Whether a command can be added by hand.
-bool canBeAdded(const struct_KTL_InitCmd& command)
-{
-    return command.Transition == PS && command.bIfCA == 0;
 }
 
 struct CommandCosts

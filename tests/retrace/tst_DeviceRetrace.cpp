@@ -113,14 +113,14 @@ void tst_DeviceRetrace::edits_data()
         put(device, 1, outputModule());
         insertPdoEntry(device, 1, 0);
     }) << QStringList{"module place=1 ident=1", "addEntry pdo=1 entry=0 index=1610 object=7000:1 name=A"};
-    QTest::addRow("changed command of a module without PDOs, as one that was added")
+    QTest::addRow("changed command of a module without PDOs")
         << Edit([](struct_EtherCatDevice& device) {
                put(device, 0, inputModule());
                put(device, 1, commandModule());
                device.mMailbox.COE.vinitcmd.at(0).Data = 9;
            })
-        << QStringList{"module place=0 ident=2", "addCommand row=0 was=2000 sub=1 comment=c0 index=8010 subIndex=1 "
-                                                 "bytes=2 data=9"};
+        << QStringList{"module place=0 ident=2", "module place=1 ident=3",
+                       "changeCommand row=1 was=8010 sub=1 comment=m bytes=2 data=9"};
     QTest::addRow("all kinds") << Edit([](struct_EtherCatDevice& device) {
         device.Slots.Attributes.DownloadModuleIdentList = true;
         device.m_iDeviceType = KTL_DEVICE_TYPE_MultiDriver;
