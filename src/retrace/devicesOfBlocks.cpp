@@ -129,6 +129,7 @@ std::vector<MatchedDevice> matchedDevices(const std::vector<struct_FilenameDevic
 {
     DeviceMatching matching(files);
     std::vector<MatchedDevice> matched;
+    matched.reserve(blocks.size());
     for (const ExportedBlock& block : blocks)
         matched.push_back(matching.next(block));
     return matched;
