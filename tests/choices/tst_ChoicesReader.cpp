@@ -218,8 +218,8 @@ void tst_ChoicesReader::unknownKeys_data()
     addColumns();
     QTest::addRow("unknown key of a device")
         << choicesOfFirst(R"("driveAxis": 2)")
-        << "devices[0]: \"driveAxis\" is no key here (known: device, takesModuleList, deviceType, driveAxes, "
-           "dcMode, configIndex, detectIndex, moduleLinks, modules, syncManagers, links, entries, startup)";
+        << "devices[0]: \"driveAxis\" is no key here (known: device, clicked, takesModuleList, deviceType, driveAxes, "
+           "dcMode, configIndex, detectIndex, moduleLinks, modules, syncManagers, links, entries, startup, lastType)";
     QTest::addRow("unknown key of a module")
         << choicesOfFirst(R"("modules": [{"place": 0, "module": 1, "slot": 1}])")
         << "devices[0].modules[0]: \"slot\" is no key here (known: place, module, moduleRow)";
