@@ -16,6 +16,7 @@
 #include <QDir>
 
 #include <optional>
+#include <set>
 #include <stdexcept>
 
 namespace choices {
@@ -95,31 +96,26 @@ public:
 
     void run(DeviceClicks& clicks)
     {
-        ModuleChanges changes;
         try {
-            clicks.select(m_device);
+            if (m_choices.isClicked)
+                clicks.select(m_device);
             if (m_choices.takesModuleList.has_value())
                 setTakesModuleList(m_device, *m_choices.takesModuleList);
-            const bool isChanged =
-                m_choices.deviceType.has_value() && clicks.chooseType(m_device, *m_choices.deviceType);
-            chooseAxes();
+            const bool isChanged = m_choices.deviceType.has_value() && chooseType(clicks, *m_choices.deviceType);
+            if (!m_choices.lastType.has_value())
+                chooseAxes();
             chooseModes();
             chooseIndexes();
-            const std::size_t before = m_problems.count();
-            makeModuleLinks(m_choices.moduleLinks, m_modules, m_problems);
-            changes = makeModuleChoices(m_choices, m_device, m_modules, m_problems);
-            m_isAdvised = (isChanged && isModuleListAdvised(m_device, ModulePreset::ChosenType))
-                          || (changes.havePutIn && isModuleListAdvised(m_device, ModulePreset::PutInModule));
-            if (m_problems.count() != before)
-                return; // the rows of the lists follow from the modules
-            changes.haveMovedRows = changes.haveMovedRows || isChanged;
+            chooseModulesAndRows(isChanged && m_choices.isClicked);
         } catch (const std::out_of_range& error) {
             m_problems.add(ProblemCode::SyncManager, m_choices.path,
                            QDir::toNativeSeparators(inputPathOf(m_file)) + QStringLiteral(": ")
                                + rangeErrorText(error));
-            return;
         }
-        chooseRows(changes.haveMovedRows);
+        if (m_choices.lastType.has_value()) {
+            chooseLastType(clicks, *m_choices.lastType);
+            chooseAxes();
+        }
     }
 
     /// Whether the window would advise to let the coupler take its list of modules by itself.
@@ -133,12 +129,40 @@ private:
 
     void refuse(const char* key, const QString& text) { m_problems.add(ProblemCode::Setting, pathOf(key), text); }
 
+    /// @return  whether the device has another type then
+    bool chooseType(DeviceClicks& clicks, std::uint16_t type)
+    {
+        const bool isChanged = m_choices.isClicked ? clicks.chooseType(m_device, type) : m_device.m_iDeviceType != type;
+        if (!m_choices.isClicked)
+            setDeviceType(m_device, type);
+        m_isAdvised = isChanged && isModuleListAdvised(m_device, ModulePreset::ChosenType);
+        return isChanged;
+    }
+
+    void chooseLastType(DeviceClicks& clicks, std::uint16_t type)
+    {
+        const bool isChanged = m_device.m_iDeviceType != type;
+        if (m_choices.isClicked)
+            clicks.chooseTypeOnly(m_device, type);
+        else
+            setDeviceType(m_device, type);
+        m_isAdvised = m_isAdvised || (isChanged && isModuleListAdvised(m_device, ModulePreset::ChosenType));
+    }
+
     void chooseAxes()
     {
         if (!m_choices.driveAxes.has_value() || chooseDriveAxes(m_device, *m_choices.driveAxes, m_loaded))
             return;
+        std::set<std::uint16_t> others = axesOfClicks(m_device, m_loaded);
+        if (!m_choices.isClicked) { // the field of another device may still be open to it
+            if (*m_choices.driveAxes == 0) {
+                setDriveAxes(m_device, 0);
+                return;
+            }
+            others.insert(0);
+        }
         QStringList taken;
-        for (const std::uint16_t axes : axesOfClicks(m_device, m_loaded))
+        for (const std::uint16_t axes : others)
             taken += QString::number(axes);
         refuse("driveAxes", QStringLiteral("a device of the type %1 takes only %2 here, only %3 takes any number of "
                                            "axes; leave the key out")
@@ -190,6 +214,17 @@ private:
             refuse("configIndex", words);
         if (detection != m_device.detectindex)
             refuse("detectIndex", words);
+    }
+
+    /// @param isTypeChanged  whether a change of type has made the rows again
+    void chooseModulesAndRows(bool isTypeChanged)
+    {
+        const std::size_t before = m_problems.count();
+        makeModuleLinks(m_choices.moduleLinks, m_modules, m_problems);
+        const ModuleChanges changes = makeModuleChoices(m_choices, m_device, m_modules, m_problems);
+        m_isAdvised = m_isAdvised || (changes.havePutIn && isModuleListAdvised(m_device, ModulePreset::PutInModule));
+        if (m_problems.count() == before) // the rows of the lists follow from the modules
+            chooseRows(changes.haveMovedRows || isTypeChanged);
     }
 
     /// @param haveMoved  whether the rows are no longer those of a template

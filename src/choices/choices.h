@@ -117,9 +117,10 @@ struct StartupChoice : ChoicePlace
 struct DeviceChoices : ChoicePlace
 {
     QString device; ///< selector
+    bool isClicked = true; ///< whether a click selects the device first; else what a click makes again stays as it is
     std::optional<bool> takesModuleList; ///< whether the device takes the list of its modules by itself
     std::optional<std::uint16_t> deviceType;
-    std::optional<std::uint16_t> driveAxes;
+    std::optional<std::uint16_t> driveAxes; ///< of the last type, where one is given
     std::vector<ModeName> dcModes; ///< chosen one after the other
     std::optional<std::uint16_t> configIndex;
     std::optional<std::uint16_t> detectIndex;
@@ -132,6 +133,7 @@ struct DeviceChoices : ChoicePlace
     std::vector<StartupChoice> changedCommands;
     std::vector<StartupChoice> removedCommands;
     std::vector<StartupChoice> addedCommands;
+    std::optional<std::uint16_t> lastType; ///< a type that is set at the end, after which nothing is made again
 };
 
 /// What a choices file holds.

@@ -21,6 +21,7 @@ const std::array fileKeys{JsonKey{formatKey, true}, JsonKey{versionKey, true}, J
                           JsonKey{devicesKey, true}};
 
 const QLatin1String deviceKey("device");
+const QLatin1String clickedKey("clicked");
 const QLatin1String takesModuleListKey("takesModuleList");
 const QLatin1String deviceTypeKey("deviceType");
 const QLatin1String driveAxesKey("driveAxes");
@@ -28,12 +29,13 @@ const QLatin1String dcModeKey("dcMode");
 const QLatin1String configIndexKey("configIndex");
 const QLatin1String detectIndexKey("detectIndex");
 const QLatin1String modulesKey("modules");
+const QLatin1String lastTypeKey("lastType");
 const std::array deviceKeys{
-    JsonKey{deviceKey, true},        JsonKey{takesModuleListKey, false}, JsonKey{deviceTypeKey, false},
-    JsonKey{driveAxesKey, false},    JsonKey{dcModeKey, false},          JsonKey{configIndexKey, false},
-    JsonKey{detectIndexKey, false},  JsonKey{moduleLinksKey, false},     JsonKey{modulesKey, false},
-    JsonKey{syncManagersKey, false}, JsonKey{linksKey, false},           JsonKey{entriesKey, false},
-    JsonKey{startupKey, false},
+    JsonKey{deviceKey, true},       JsonKey{clickedKey, false},      JsonKey{takesModuleListKey, false},
+    JsonKey{deviceTypeKey, false},  JsonKey{driveAxesKey, false},    JsonKey{dcModeKey, false},
+    JsonKey{configIndexKey, false}, JsonKey{detectIndexKey, false},  JsonKey{moduleLinksKey, false},
+    JsonKey{modulesKey, false},     JsonKey{syncManagersKey, false}, JsonKey{linksKey, false},
+    JsonKey{entriesKey, false},     JsonKey{startupKey, false},      JsonKey{lastTypeKey, false},
 };
 
 const QLatin1String placeKey("place");
@@ -48,19 +50,19 @@ QString selectorIn(const json::Value& value, const QString& path, Problems& prob
     return read.count.has_value() ? QString::number(*read.count) : read.text;
 }
 
-std::optional<std::uint16_t> deviceTypeIn(JsonFields& fields)
+std::optional<std::uint16_t> deviceTypeIn(JsonFields& fields, QLatin1String key)
 {
-    if (!fields.has(deviceTypeKey))
+    if (!fields.has(key))
         return std::nullopt;
-    const json::Value value = fields.value(deviceTypeKey);
+    const json::Value value = fields.value(key);
     const std::optional<std::uint32_t> number = numberOf(value);
     const auto type = number.has_value() && *number < static_cast<std::uint32_t>(deviceTypeNames().size())
                           ? std::make_optional(static_cast<std::uint16_t>(*number))
                           : deviceTypeNamed(value.text().value_or(QString()));
     if (!type.has_value())
-        fields.refuse(deviceTypeKey, QStringLiteral("a device type (0 to %1, or %2)")
-                                         .arg(QString::number(deviceTypeNames().size() - 1),
-                                              deviceTypeNames().join(QStringLiteral(", "))));
+        fields.refuse(
+            key, QStringLiteral("a device type (0 to %1, or %2)")
+                     .arg(QString::number(deviceTypeNames().size() - 1), deviceTypeNames().join(QStringLiteral(", "))));
     return type;
 }
 
@@ -95,8 +97,9 @@ DeviceChoices deviceChoicesFrom(const json::Value& value, const QString& path, P
     choices.path = path;
     if (fields.has(deviceKey))
         choices.device = selectorIn(fields.value(deviceKey), fields.pathOf(deviceKey), problems);
+    choices.isClicked = fields.flag(clickedKey).value_or(true);
     choices.takesModuleList = fields.flag(takesModuleListKey);
-    choices.deviceType = deviceTypeIn(fields);
+    choices.deviceType = deviceTypeIn(fields, deviceTypeKey);
     choices.driveAxes = word(fields, driveAxesKey);
     readModes(fields, choices, problems);
     choices.configIndex = word(fields, configIndexKey);
@@ -105,6 +108,7 @@ DeviceChoices deviceChoicesFrom(const json::Value& value, const QString& path, P
         choices.modules.push_back(moduleChoiceFrom(element, place, problems));
     });
     readRows(fields, choices, problems);
+    choices.lastType = deviceTypeIn(fields, lastTypeKey);
     return choices;
 }
 

@@ -2,6 +2,8 @@
 
 #include "choices/namesakes.h"
 #include "editing/deviceEdits.h"
+#include "editing/moduleData.h"
+#include "model/missingSyncManager.h"
 #include "text/shownText.h"
 
 #include <cstddef>
@@ -78,6 +80,8 @@ void makeSyncManagerChoices(const DeviceChoices& choices, struct_EtherCatDevice&
                  problems);
         setMinSize(syncManager, choice.minSize);
     }
+    if (!choices.isClicked) // a click has made the lengths already
+        onDevice(device, [&] { moduleData::renewLengths(device); });
 }
 
 } // namespace choices

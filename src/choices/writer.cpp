@@ -187,6 +187,8 @@ void writeIfThere(json::Writer& json, std::string_view key, const QJsonValue& va
 
 void writeSettings(json::Writer& json, const DeviceChoices& choices)
 {
+    if (!choices.isClicked)
+        json.value("clicked", false);
     if (choices.takesModuleList.has_value())
         json.value("takesModuleList", *choices.takesModuleList);
     if (choices.deviceType.has_value())
@@ -212,6 +214,8 @@ void writeDevice(json::Writer& json, const DeviceChoices& choices, const QJsonOb
     writeList(json, "links", choices.links, [&](const LinkChoice& choice) { writeLink(json, choice, nothing()); });
     writeEntries(json, choices);
     writeStartup(json, choices);
+    if (choices.lastType.has_value())
+        json.value("lastType", deviceTypeName(*choices.lastType));
     json.closeObject();
 }
 

@@ -92,3 +92,9 @@ bool DeviceClicks::chooseType(struct_EtherCatDevice& device, std::uint16_t type)
     renewModuleData(device);
     return true;
 }
+
+void DeviceClicks::chooseTypeOnly(struct_EtherCatDevice& device, std::uint16_t type)
+{
+    m_shownType = type;
+    setDeviceType(device, type);
+}

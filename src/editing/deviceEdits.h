@@ -70,6 +70,10 @@ public:
     /// @throws MissingSyncManager as `renewModuleData`
     bool chooseType(struct_EtherCatDevice& device, std::uint16_t type);
 
+    /// Chooses a type for a device that the tree no longer has as its current item, as after opening another file: the
+    /// list moves, and nothing is made again.
+    void chooseTypeOnly(struct_EtherCatDevice& device, std::uint16_t type);
+
 private:
     int m_shownType = 0; ///< entry of the list of device types, which starts at its first one; -1 for none
 };

@@ -61,8 +61,8 @@ inline bool operator==(const StartupChoice& left, const StartupChoice& right)
 inline bool operator==(const DeviceChoices& left, const DeviceChoices& right)
 {
     const auto settings = [](const DeviceChoices& of) {
-        return std::tie(of.device, of.takesModuleList, of.deviceType, of.driveAxes, of.dcModes, of.configIndex,
-                        of.detectIndex);
+        return std::tie(of.device, of.isClicked, of.takesModuleList, of.deviceType, of.driveAxes, of.dcModes,
+                        of.configIndex, of.detectIndex, of.lastType);
     };
     const auto lists = [](const DeviceChoices& of) {
         return std::tie(of.moduleLinks, of.modules, of.syncManagers, of.links, of.removedEntries, of.addedEntries,

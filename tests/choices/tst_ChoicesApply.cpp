@@ -21,8 +21,6 @@ private slots:
     static void exportedDevices();
     static void exportedDevicesThatDoNotFit_data();
     static void exportedDevicesThatDoNotFit();
-    static void axesOfTheOrderOfClicks_data();
-    static void axesOfTheOrderOfClicks();
     static void listOfModules_data();
     static void listOfModules();
     static void couplers_data();
@@ -189,37 +187,6 @@ void tst_ChoicesApply::exportedDevicesThatDoNotFit()
     QCOMPARE(applied(loadedText(twinsEsi()), exporting(selectors)).problems, QStringList{message});
 }
 
-void tst_ChoicesApply::axesOfTheOrderOfClicks_data()
-{
-    const QString refusal = QStringLiteral("devices[0].driveAxes: a device of the type Special takes only %1 here, "
-                                           "only MultiDriver takes any number of axes; leave the key out [setting]");
-    QTest::addColumn<QByteArray>("members");
-    QTest::addColumn<int>("axes");
-    QTest::addColumn<QString>("message"); // empty if they are taken
-    QTest::addRow("those of the click") << QByteArray() << 0 << "";
-    QTest::addRow("those of the file") << QByteArray("\"driveAxes\": 1") << 1 << "";
-    QTest::addRow("those of the type") << QByteArray("\"driveAxes\": 0") << 0 << "";
-    QTest::addRow("others") << QByteArray("\"driveAxes\": 2") << 0 << refusal.arg("0 or 1");
-    QTest::addRow("the type that it has is no other one")
-        << QByteArray(R"("deviceType": 4, "driveAxes": 1)") << 1 << "";
-    QTest::addRow("those of the file with another type")
-        << QByteArray(R"("deviceType": 3, "driveAxes": 1)") << 0 << refusal.arg("0").replace("Special", "PnpIOBlock");
-}
-
-/// The second profile number makes a special device and leaves the axis of the first. A click takes the axis or leaves
-/// it, which depends on the device that was clicked before.
-void tst_ChoicesApply::axesOfTheOrderOfClicks()
-{
-    const QByteArray esi = "<EtherCATInfo><Vendor><Id>1</Id></Vendor><Descriptions><Devices><Device><Type>T</Type>"
-                           "<Profile><ProfileNo>402</ProfileNo></Profile><Profile><ProfileNo>100</ProfileNo></Profile>"
-                           "</Device></Devices></Descriptions></EtherCATInfo>";
-    QFETCH(QByteArray, members);
-    QFETCH(QString, message);
-    const AppliedChoices result = applied(loadedText(esi), choicesOfFirst(members));
-    QCOMPARE(result.problems.join('\n'), message);
-    QTEST(int(result.files.at(0).device.at(0).m_iDriveAxies), "axes");
-}
-
 void tst_ChoicesApply::listOfModules_data()
 {
     QTest::addColumn<QByteArray>("members");
@@ -232,6 +199,10 @@ void tst_ChoicesApply::listOfModules_data()
     QTest::addRow("no advice on modules after that")
         << QByteArray(R"("deviceType": 4, "modules": [{"place": 2, "module": 264}], "takesModuleList": false)") << false
         << false;
+    QTest::addRow("type without a click") << QByteArray(R"("clicked": false, "deviceType": 5)") << true << true;
+    QTest::addRow("last type") << QByteArray(R"("lastType": 5)") << true << true;
+    QTest::addRow("no advice on the last type after that")
+        << QByteArray(R"("lastType": 5, "takesModuleList": false)") << false << false;
     QTest::addRow("taken") << QByteArray(R"("deviceType": 5, "takesModuleList": true)") << true << true;
 }
 

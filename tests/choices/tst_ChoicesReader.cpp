@@ -117,13 +117,16 @@ void tst_ChoicesReader::modulesAndSyncManagers()
     choices::Problems problems;
     const auto read = choices::choicesIn(
         R"({"format": "kinetra-choices", "version": 1, "export": [3, "Drive"], "devices": [{"device": 1,
-            "takesModuleList": false, "dcMode": ["DC", 1], "modules": [{"place": 0, "module": "16", "moduleRow": 5}],
+            "clicked": false, "lastType": "Special", "takesModuleList": false, "dcMode": ["DC", 1], "modules": [{"place": 0, "module": "16", "moduleRow": 5}],
             "syncManagers": [{"syncManager": 2, "name": "Outputs", "minSize": "0x40"},
-                             {"syncManager": "Inputs", "minSize": 0}]}, {"device": 2}]})",
+                             {"syncManager": "Inputs", "minSize": 0}]}, {"device": 2, "clicked": true}]})",
         problems);
     QCOMPARE(wordsOf(problems), QStringList());
     QVERIFY(read->exported == (std::vector<QString>{QStringLiteral("3"), QStringLiteral("Drive")}));
     const choices::DeviceChoices& device = read->devices.at(0);
+    QVERIFY(!device.isClicked && read->devices.at(1).isClicked);
+    QCOMPARE(device.lastType.value(), std::uint16_t(4));
+    QVERIFY(!read->devices.at(1).lastType.has_value());
     QCOMPARE(device.takesModuleList.value(), false);
     QCOMPARE(device.dcModes.at(0).name, QStringLiteral("DC"));
     QCOMPARE(device.dcModes.at(1).position.value(), 1U);
@@ -218,8 +221,8 @@ void tst_ChoicesReader::unknownKeys_data()
     addColumns();
     QTest::addRow("unknown key of a device")
         << choicesOfFirst(R"("driveAxis": 2)")
-        << "devices[0]: \"driveAxis\" is no key here (known: device, takesModuleList, deviceType, driveAxes, "
-           "dcMode, configIndex, detectIndex, moduleLinks, modules, syncManagers, links, entries, startup)";
+        << "devices[0]: \"driveAxis\" is no key here (known: device, clicked, takesModuleList, deviceType, driveAxes, "
+           "dcMode, configIndex, detectIndex, moduleLinks, modules, syncManagers, links, entries, startup, lastType)";
     QTest::addRow("unknown key of a module")
         << choicesOfFirst(R"("modules": [{"place": 0, "module": 1, "slot": 1}])")
         << "devices[0].modules[0]: \"slot\" is no key here (known: place, module, moduleRow)";
@@ -254,6 +257,8 @@ void tst_ChoicesReader::settings_data()
                           << "devices[0].dcMode: -1 is not a number from 0 to 4294967295 or a name";
     QTest::addRow("mode in a list") << choicesOfFirst(R"("dcMode": [0, null])")
                                     << "devices[0].dcMode[1]: null is not a number from 0 to 4294967295 or a name";
+    QTest::addRow("last type") << choicesOfFirst(R"("lastType": 6)") << "devices[0].lastType: 6" + types;
+    QTest::addRow("click") << choicesOfFirst(R"("clicked": 0)") << "devices[0].clicked: 0 is not true or false";
     QTest::addRow("list of modules") << choicesOfFirst(R"("takesModuleList": 1)")
                                      << "devices[0].takesModuleList: 1 is not true or false";
     QTest::addRow("configuration index") << choicesOfFirst(R"("configIndex": "0x10000")")

@@ -139,6 +139,10 @@ void tst_ChoicesSchema::takes_data()
         R"({"format": "kinetra-choices", "version": 1, "export": [1], "devices": []})");
     QTest::addRow("modes one after the other") << choicesOfFirst(R"("dcMode": [2, "DcSync", 1])");
     QTest::addRow("settings") << choicesOfFirst(R"("takesModuleList": true, "driveAxes": "1")");
+    QTest::addRow("device that is not clicked") << choicesOfFirst(R"("clicked": false, "lastType": "5")");
+    QTest::addRow("place without a module")
+        << choicesOfFirst(R"("modules": [{"place": 0, "module": null, "about": 1}])");
+    QTest::addRow("module with its row") << choicesOfFirst(R"("modules": [{"place": 0, "module": 1, "moduleRow": 0}])");
     QTest::addRow("minimum sizes") << choicesOfFirst(
         R"("syncManagers": [{"syncManager": 2, "name": "Outputs", "minSize": "0x40"}])");
     QTest::addRow("entries") << choicesOfFirst(
@@ -184,6 +188,9 @@ void tst_ChoicesSchema::refuses_data()
     QTest::addRow("nothing to export") << QByteArray(
         R"({"format": "kinetra-choices", "version": 1, "export": [], "devices": []})");
     QTest::addRow("list of modules in words") << choicesOfFirst("\"takesModuleList\": \"true\"");
+    QTest::addRow("click in words") << choicesOfFirst("\"clicked\": \"false\"");
+    QTest::addRow("last type") << choicesOfFirst("\"lastType\": 6");
+    QTest::addRow("row of no module") << choicesOfFirst(R"("modules": [{"place": 0, "module": null, "moduleRow": 0}])");
     QTest::addRow("mode in a list of lists") << choicesOfFirst("\"dcMode\": [[0]]");
     QTest::addRow("minimum size of 17 bits")
         << choicesOfFirst(R"("syncManagers": [{"syncManager": 0, "minSize": 65536}])");

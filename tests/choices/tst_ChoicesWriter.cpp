@@ -75,6 +75,8 @@ void tst_ChoicesWriter::text()
     file.exported = {QStringLiteral("1:2")};
     file.devices = {everySetting(), {}};
     file.devices[1].device = QStringLiteral("2");
+    file.devices[1].isClicked = false;
+    file.devices[1].lastType = std::uint16_t{2};
     file.devices[1].dcModes = {{2, {}}, {1, {}}};
     file.devices[1].addedEntries.resize(1);
     file.devices[1].addedEntries[0].pdoIndex = 0x1600;
@@ -112,6 +114,7 @@ void tst_ChoicesWriter::text()
     },
     {
       "device": "2",
+      "clicked": false,
       "dcMode": [2,1],
       "entries": {
         "added": [
@@ -122,7 +125,8 @@ void tst_ChoicesWriter::text()
         "added": [
           {"behind": 7, "was": {"comment":"clear","index":"0x1c12","subIndex":0}, "index": "0x2000", "dataBytes": 4, "data": 4294967295, "unchecked": true}
         ]
-      }
+      },
+      "lastType": "MultiDriver"
     }
   ]
 }
@@ -159,6 +163,9 @@ void tst_ChoicesWriter::readsBack_data()
     QTest::addRow("settings") << choicesOfFirst(
         R"("takesModuleList": true, "deviceType": "IOBlock", "driveAxes": 65535, "dcMode": 0, "configIndex": 0,
            "detectIndex": "#xFFFF")");
+    QTest::addRow("without a click") << choicesOfFirst(
+        R"("clicked": false, "deviceType": 0, "driveAxes": 7, "lastType": 2)");
+    QTest::addRow("last type") << choicesOfFirst(R"("clicked": true, "lastType": "ManualIOBlock")");
     QTest::addRow("modes") << choicesOfFirst(R"("dcMode": [2, "Sync 0", 4294967295])");
     QTest::addRow("links of modules") << choicesOfFirst(
         R"("moduleLinks": [{"module": "DI", "moduleRow": 0, "pdo": 0, "entry": 0, "link": 0},

@@ -28,10 +28,11 @@ void tst_ChoicesMistakes::refused_data()
     QTest::addColumn<QString>("message");
     QTest::addRow("no JSON") << QByteArray("{\"a\": 1,\n\"a\": 1}")
                              << "2:1: error: the key \"a\" is given twice [json]";
-    QTest::addRow("not in the form") << choicesOfFirst("\"colour\": 1")
-                                     << "error: devices[0]: \"colour\" is no key here (known: device, "
-                                        "takesModuleList, deviceType, driveAxes, dcMode, configIndex, detectIndex, "
-                                        "moduleLinks, modules, syncManagers, links, entries, startup) [form]";
+    QTest::addRow("not in the form")
+        << choicesOfFirst("\"colour\": 1")
+        << "error: devices[0]: \"colour\" is no key here (known: device, "
+           "clicked, takesModuleList, deviceType, driveAxes, dcMode, configIndex, detectIndex, "
+           "moduleLinks, modules, syncManagers, links, entries, startup, lastType) [form]";
     QTest::addRow("no such device") << choicesWith("{\"device\": 3}")
                                     << "error: devices[0].device: there is no device 3: the numbers go from 1 to 2 "
                                        "[no-device]";
