@@ -10,6 +10,7 @@
 #include "retrace/pdoRetrace.h"
 #include "retrace/settingsRetrace.h"
 #include "retrace/startupRetrace.h"
+#include "retrace/unusualSettings.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -122,14 +123,34 @@ RetracedDevice DeviceRetrace::selected(const struct_EtherCatDevice& device, cons
 {
     RetracedDevice settings;
     settings.isSelected = true;
+    retraceModuleList(device, block.content, settings.choices);
     retraceType(device, block.content, settings.choices);
     retraceModes(device, block.content, settings.choices);
     retraceSyncManagers(device, block.content, settings.choices);
     const struct_EtherCatDevice set = after(settings.choices, device);
     RetracedDevice best = withModules(settings, device, likelyModules(set, m_modules, block.content), block);
-    if (best.isExact || !takesModules(set) || !haveSameFixedParts(blockOf(set, block), block.content))
+    if (best.isExact || !haveSameFixedParts(blockOf(set, block), block.content))
+        return best;
+    if (const std::optional<RetracedDevice> unusual = exactOfUnusual(device, block))
+        return *unusual;
+    if (!takesModules(set))
         return best;
     return withModules(settings, device, likelyModules(set, m_modules, block.content, wideSearch), block);
+}
+
+/// What unusual settings make, if that is exact.
+std::optional<RetracedDevice> DeviceRetrace::exactOfUnusual(const struct_EtherCatDevice& device,
+                                                            const ExportedBlock& block) const
+{
+    for (choices::DeviceChoices& choices : unusualSettings(device, block.content)) {
+        RetracedDevice retraced;
+        retraced.isSelected = true;
+        retraced.choices = std::move(choices);
+        finish(retraced, device, block);
+        if (retraced.isExact)
+            return retraced;
+    }
+    return std::nullopt;
 }
 
 /// The best that comes of lists of modules.

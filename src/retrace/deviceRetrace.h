@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <limits>
+#include <optional>
 #include <vector>
 
 namespace retrace {
@@ -27,7 +28,7 @@ struct ExportedBlock
 struct RetracedDevice
 {
     choices::DeviceChoices choices; ///< without the name of the device
-    bool isSelected = false; ///< someone has clicked the device; there are no choices if not
+    bool isSelected = false; ///< the device is in the list of choices; there are none for it if not
     bool isExact = false; ///< an export gives the bytes of the block then
     std::size_t bytesApart = std::numeric_limits<std::size_t>::max(); ///< of the export and the block
 };
@@ -56,6 +57,8 @@ private:
     [[nodiscard]] RetracedDevice withModules(const RetracedDevice& settings, const struct_EtherCatDevice& device,
                                              std::vector<std::vector<choices::ModuleChoice>> likely,
                                              const ExportedBlock& block) const;
+    [[nodiscard]] std::optional<RetracedDevice> exactOfUnusual(const struct_EtherCatDevice& device,
+                                                               const ExportedBlock& block) const;
     [[nodiscard]] KtlDeviceBlock blockOf(struct_EtherCatDevice device, const ExportedBlock& like) const;
     void finish(RetracedDevice& retraced, const struct_EtherCatDevice& device, const ExportedBlock& block) const;
     [[nodiscard]] struct_EtherCatDevice after(const choices::DeviceChoices& choices,

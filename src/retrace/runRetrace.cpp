@@ -1,6 +1,5 @@
 #include "retrace/runRetrace.h"
 
-#include "editing/deviceEdits.h"
 #include "model/valueTexts.h"
 #include "retrace/moduleLinkRetrace.h"
 
@@ -12,7 +11,6 @@
 #include <memory>
 #include <optional>
 #include <set>
-#include <stdexcept>
 #include <utility>
 
 namespace retrace {
@@ -28,17 +26,6 @@ struct FileRetrace
     std::vector<choices::LinkChoice> moduleLinks;
     std::unique_ptr<DeviceRetrace> devices;
 };
-
-/// Whether a click on a device goes well. It does not where a PDO is on a sync manager that the device lacks.
-bool canBeSelected(struct_EtherCatDevice device)
-{
-    try {
-        DeviceClicks().select(device);
-        return true;
-    } catch (const std::out_of_range&) {
-        return false;
-    }
-}
 
 class RunRetrace
 {
@@ -101,19 +88,16 @@ private:
         const DevicePosition carrier = carrierOf(index);
         const auto found = m_retraced.find(carrier);
         choices::DeviceChoices choices;
-        if (found != m_retraced.end()) {
-            if (!found->second.isSelected)
-                found->second = m_fileRetraces.at(index).devices->retracedAsSelected(deviceFor(carrier),
-                                                                                     m_blocks[m_blockOf.at(carrier)]);
+        if (found != m_retraced.end() && found->second.isSelected)
             choices = found->second.choices;
-        }
+        else
+            choices.isClicked = false; // nothing else happens to it
         choices.moduleLinks = links;
         m_carriers.insert(carrier);
         addDevice(carrier, std::move(choices));
     }
 
-    /// A device that can be selected and still become that of the run: one that was selected, or that is not in the
-    /// run, or to which a click does nothing that cannot be undone; else the first of the file.
+    /// The first device of a file that is in the list in any case, or one that is not in the run; else the first.
     [[nodiscard]] DevicePosition carrierOf(std::size_t index) const
     {
         const auto first = m_retraced.lower_bound({index, 0});
@@ -122,13 +106,9 @@ private:
         if (selected != end)
             return selected->first;
         for (std::size_t device = 0; device < m_files[index].device.size(); ++device)
-            if (m_retraced.count({index, device}) == 0 && canBeSelected(m_files[index].device[device]))
+            if (m_retraced.count({index, device}) == 0)
                 return {index, device};
-        const auto harmless = std::find_if(first, end, [&](const auto& entry) {
-            const ExportedBlock& block = m_blocks[m_blockOf.at(entry.first)];
-            return m_fileRetraces.at(index).devices->retracedAsSelected(deviceFor(entry.first), block).isExact;
-        });
-        return harmless == end ? first->first : harmless->first;
+        return first->first;
     }
 
     /// A device in the words of a user: its identity, or its number if others have the same.

@@ -71,13 +71,18 @@ std::vector<std::size_t> swapsWithFirst(std::vector<std::uint32_t> is, const std
 
 } // namespace
 
+void retraceModuleList(const struct_EtherCatDevice& loaded, const KtlDeviceBlock& block,
+                       choices::DeviceChoices& choices)
+{
+    if (!block.deviceSlots.has_value())
+        return;
+    const bool takes = block.deviceSlots->head.m_bDownloadModuleIdentList != 0;
+    if (takes != loaded.Slots.Attributes.DownloadModuleIdentList)
+        choices.takesModuleList = takes;
+}
+
 void retraceType(const struct_EtherCatDevice& loaded, const KtlDeviceBlock& block, choices::DeviceChoices& choices)
 {
-    if (block.deviceSlots.has_value()) {
-        const bool takes = block.deviceSlots->head.m_bDownloadModuleIdentList != 0;
-        if (takes != loaded.Slots.Attributes.DownloadModuleIdentList)
-            choices.takesModuleList = takes;
-    }
     struct_EtherCatDevice typed; // as much of the device as the axes of a type follow from
     typed.Slots = loaded.Slots;
     typed.m_iDeviceType = block.general.m_iDeviceType;

@@ -7,8 +7,12 @@
 
 namespace retrace {
 
-/// Finds whether a device takes a list of modules, its type and drive axes.
-/// @param loaded  the device as its file has it
+/// Finds whether a device takes a list of modules.
+/// @param loaded  the device as its file has it, as below
+void retraceModuleList(const struct_EtherCatDevice& loaded, const KtlDeviceBlock& block,
+                       choices::DeviceChoices& choices);
+
+/// Finds the type and the drive axes of a device that someone has clicked.
 void retraceType(const struct_EtherCatDevice& loaded, const KtlDeviceBlock& block, choices::DeviceChoices& choices);
 
 /// Finds the operation modes that were chosen one after the other: each has changed places with the first one.

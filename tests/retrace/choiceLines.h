@@ -134,9 +134,12 @@ template<typename Choice> QStringList linesOf(const char* kind, const std::vecto
 inline QStringList settingsOf(const choices::DeviceChoices& choices)
 {
     Line line(QStringLiteral("set"));
+    if (!choices.isClicked)
+        line.add("clicked", decimal(0));
     if (choices.takesModuleList.has_value())
         line.add("takesModuleList", decimal(*choices.takesModuleList ? 1 : 0));
     line.add("type", choices.deviceType).add("axes", choices.driveAxes);
+    line.add("lastType", choices.lastType);
     line.add("configIndex", choices.configIndex, hex).add("detectIndex", choices.detectIndex, hex);
     return line.text() == QStringLiteral("set") ? QStringList() : QStringList(line.text());
 }

@@ -89,7 +89,14 @@ void RandomChoices::chooseDevice(struct_FilenameDevice& file, const struct_Ether
 {
     const choices::DeviceChoices nothing = choices;
     chooseSettings(device, choices);
-    chooseModules(file, device, choices);
+    if (happens(8)) {
+        choices.isClicked = false;
+    } else if (happens(8)) {
+        choices.lastType = static_cast<std::uint16_t>(below(lastType + 1U));
+        choices.driveAxes.reset(); // it is for the last type
+    }
+    if (choices.isClicked && !choices.lastType.has_value())
+        chooseModules(file, device, choices);
     chooseModuleLinks(file, choices);
     DeviceClicks trial = clicks;
     std::optional<struct_EtherCatDevice> made = after(choices, file, device, trial);

@@ -1,4 +1,5 @@
 // What was done to one device: nothing, a click, or choices of all kinds.
+// Covers deviceRetrace.cpp, unusualSettings.cpp.
 #include "editing/moduleData.h"
 #include "editing/moduleEdits.h"
 #include "editing/pdoEdits.h"
@@ -81,7 +82,7 @@ void tst_DeviceRetrace::clickedOnly()
     QCOMPARE(choiceLines::linesOf(found.choices), QStringList());
 }
 
-/// A click would make another length, and nothing takes that back.
+/// A click would make another length, and nothing takes that back: there was none.
 void tst_DeviceRetrace::untouchedAsSelected()
 {
     const struct_EtherCatDevice device = deviceThatAClickChanges();
@@ -89,7 +90,8 @@ void tst_DeviceRetrace::untouchedAsSelected()
     const retrace::RetracedDevice found =
         retrace::DeviceRetrace(file).retracedAsSelected(device, exportOf(device, file));
     QVERIFY(found.isSelected);
-    QVERIFY(!found.isExact);
+    QVERIFY(found.isExact);
+    QCOMPARE(choiceLines::linesOf(found.choices), QStringList("set clicked=0"));
 }
 
 void tst_DeviceRetrace::edits_data()

@@ -99,7 +99,7 @@ private slots:
     static void linksWithASelectedDevice();
     static void linksWithTheFirstSelectedDevice();
     static void linksWithADeviceThatStaysOut();
-    static void linksPastADeviceThatCannotBeSelected();
+    static void linksWithADeviceThatCannotBeSelected();
     static void linksWithAnUntouchedDevice();
     static void linksWithADeviceThatAClickChanges();
     static void linksOfTwoFiles();
@@ -219,40 +219,39 @@ void tst_RunRetrace::linksWithTheFirstSelectedDevice()
                     {"device 0x1:0x20:0x1", linkOfModule, linkOfA, "device 0x1:0x30:0x1", linkOfA});
 }
 
-/// A click does nothing to the export then.
+/// Nothing of it is in the export.
 void tst_RunRetrace::linksWithADeviceThatStaysOut()
 {
     const Files files{fileOfCouplers({coupler(0x10), coupler(0x20), coupler(0x30)})};
     Files edited = files;
     linkModule(edited[0]);
-    compareRetraced(files, chosen(exportOfAll(edited), {0, 2}),
-                    {"device 0x1:0x20:0x1", linkOfModule, "export 0x1:0x10:0x1", "export 0x1:0x30:0x1"});
+    compareRetraced(
+        files, chosen(exportOfAll(edited), {0, 2}),
+        {"device 0x1:0x20:0x1", "set clicked=0", linkOfModule, "export 0x1:0x10:0x1", "export 0x1:0x30:0x1"});
 }
 
-/// A click on it fails, since its PDO is on a sync manager that it does not declare.
-void tst_RunRetrace::linksPastADeviceThatCannotBeSelected()
+/// A click on it would fail, since its PDO is on a sync manager that it does not declare; without one it takes them.
+void tst_RunRetrace::linksWithADeviceThatCannotBeSelected()
 {
     struct_EtherCatDevice broken = coupler(0x20);
     broken.RxPdo.vpdo[0].Attributes.SM = 5;
-    Files files{fileOfCouplers({coupler(0x10), broken, coupler(0x30)})};
+    const Files files{fileOfCouplers({coupler(0x10), broken, coupler(0x30)})};
     struct_FilenameDevice edited = files[0];
     linkModule(edited);
     const std::vector<retrace::ExportedBlock> blocks{exportOf(edited.device[0], edited)};
-    compareRetraced(files, blocks, {"device 0x1:0x30:0x1", linkOfModule, "export 0x1:0x10:0x1"});
-    files[0].device.pop_back();
-    compareRetraced(files, blocks, {"device 0x1:0x10:0x1", linkOfModule, "export 0x1:0x10:0x1"});
+    compareRetraced(files, blocks, {"device 0x1:0x20:0x1", "set clicked=0", linkOfModule, "export 0x1:0x10:0x1"});
 }
 
-/// The first one to which a click does nothing that cannot be undone.
+/// The first one, without a click.
 void tst_RunRetrace::linksWithAnUntouchedDevice()
 {
     const Files files{fileOfCouplers({couplerThatAClickChanges(0x10), coupler(0x20), coupler(0x30)})};
     Files edited = files;
     linkModule(edited[0]);
-    compareRetraced(files, exportOfAll(edited), {"device 0x1:0x20:0x1", linkOfModule});
+    compareRetraced(files, exportOfAll(edited), {"device 0x1:0x10:0x1", "set clicked=0", linkOfModule});
 }
 
-/// Without a better one the first device has the links, though it cannot become that of the run with them.
+/// A click would do what cannot be undone, so there is none.
 void tst_RunRetrace::linksWithADeviceThatAClickChanges()
 {
     const Files files{fileOfCouplers({couplerThatAClickChanges(0x10), couplerThatAClickChanges(0x20)})};
@@ -260,8 +259,8 @@ void tst_RunRetrace::linksWithADeviceThatAClickChanges()
     linkModule(edited[0]);
     const std::vector<retrace::ExportedBlock> blocks = exportOfAll(edited);
     const retrace::RetracedRun run = retrace::retracedRun(files, blocks);
-    QCOMPARE(linesOf(run.choices), (QStringList{"device 0x1:0x10:0x1", linkOfModule}));
-    QVERIFY(bytesAfter(run.choices, files) != bytesOf(blocks));
+    QCOMPARE(linesOf(run.choices), (QStringList{"device 0x1:0x10:0x1", "set clicked=0", linkOfModule}));
+    QVERIFY(bytesAfter(run.choices, files) == bytesOf(blocks));
 }
 
 /// Each file has modules of its own, and the links come before the choices of other devices.

@@ -139,7 +139,7 @@ void tst_SettingsRetrace::listOfModules()
     edited.Slots.Attributes.DownloadModuleIdentList = exported;
     const retrace::ExportedBlock block = exportOf(edited, {});
     choices::DeviceChoices choices;
-    retrace::retraceType(device, block.content, choices);
+    retrace::retraceModuleList(device, block.content, choices);
     QCOMPARE(choiceLines::linesOf(choices), expected);
     QVERIFY(bytesAfter(choices, device, {}) == block.bytes);
 }
@@ -150,7 +150,7 @@ void tst_SettingsRetrace::blockWithoutSlots()
     struct_EtherCatDevice device = deviceOfType(KTL_DEVICE_TYPE_PnpIOBlock, 0, 0);
     device.Slots.Attributes.DownloadModuleIdentList = true;
     choices::DeviceChoices choices;
-    retrace::retraceType(device, exportOf(device, {}).content, choices);
+    retrace::retraceModuleList(device, exportOf(device, {}).content, choices);
     QCOMPARE(choiceLines::linesOf(choices), QStringList());
 }
 
