@@ -16,6 +16,7 @@ private slots:
     static void chosenType();
     static void entryThatIsCurrent();
     static void listStaysAtTheChosenType();
+    static void chosenTypeOnly();
     static void typedAxes_data();
     static void typedAxes();
     static void possibleAxes_data();
@@ -111,6 +112,26 @@ void tst_DeviceEdits::listStaysAtTheChosenType()
         struct_EtherCatDevice next = deviceWithSlots(type, 7);
         selection.select(next);
         QCOMPARE(int(next.m_iDriveAxies), axes);
+    }
+}
+
+/// Only type and axes change, also where the type is the current entry of the list; the list moves along.
+void tst_DeviceEdits::chosenTypeOnly()
+{
+    DeviceClicks selection;
+    struct_EtherCatDevice device = deviceWithSlots(4, 7);
+    selection.select(device);
+    device.mTxPdo.mpdo.resize(2);
+    for (const auto& [type, axes] : {std::pair(4, 0), std::pair(2, 4), std::pair(1, 1)}) {
+        device.m_iDriveAxies = 7;
+        selection.chooseTypeOnly(device, static_cast<std::uint16_t>(type));
+        QCOMPARE(int(device.m_iDeviceType), type);
+        QCOMPARE(int(device.m_iDriveAxies), axes);
+        QCOMPARE(device.mTxPdo.mpdo.size(), std::size_t(2));
+        struct_EtherCatDevice next = deviceWithSlots(type, 7);
+        DeviceClicks copy = selection;
+        copy.select(next);
+        QCOMPARE(int(next.m_iDriveAxies), 7);
     }
 }
 

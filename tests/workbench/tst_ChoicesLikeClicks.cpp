@@ -30,18 +30,6 @@ private slots:
     void indexesOfDevicesInTurn();
     static void axesOfClicks_data();
     void axesOfClicks();
-
-private:
-    /// Exports the clicks and compares them with the same choices by the command.
-    void compareWith(const QStringList& files, const QByteArray& devices)
-    {
-        const QByteArray window = exportedByWindow();
-        const CommandRun run = convert(files, timeShownIn(window),
-                                       R"({"format": "kinetra-choices", "version": 1, "devices": [)" + devices + "]}");
-        QVERIFY2(!run.errors.contains("error:"), run.errors.constData());
-        QCOMPARE(run.exitCode, 0);
-        compareItems(contentOfFile(m_command), window);
-    }
 };
 
 void tst_ChoicesLikeClicks::servoDrive()
@@ -57,7 +45,7 @@ void tst_ChoicesLikeClicks::servoDrive()
     addCommand(2, {QStringLiteral("0x2011"), QStringLiteral("7"), QStringLiteral("2"), QStringLiteral("500")});
     deleteCommand(5); // in the file it is row 4, before the new one
     changeCommand(37, {QStringLiteral("0"), QStringLiteral("3"), QStringLiteral("4"), QStringLiteral("65536")}); // EoE
-    compareWith({samplePath("servo-drive")}, R"({
+    compareWithChoices({samplePath("servo-drive")}, R"({
         "device": "0x7e570001:0x10400", "deviceType": "MultiDriver", "driveAxes": 3, "dcMode": "SmSync",
         "links": [{"pdo": "0x1600", "entry": "0x607a:0", "link": "AOUT32"}, {"pdo": 3, "entry": 7, "link": "DIN"}],
         "startup": {
@@ -79,7 +67,7 @@ void tst_ChoicesLikeClicks::dualAxisDrive()
     deleteCommand(3); // row 2 of the file
     addCommand(3, {QStringLiteral("#x6072"), QStringLiteral("0"), QStringLiteral("2"), QStringLiteral("1000")});
     changeCommand(5, {QStringLiteral("#x6860"), QStringLiteral("0"), QStringLiteral("1"), QStringLiteral("10")});
-    compareWith({samplePath("dual-axis-drive")}, R"({
+    compareWithChoices({samplePath("dual-axis-drive")}, R"({
         "device": 1, "deviceType": 4, "dcMode": 0,
         "links": [{"pdo": 0, "entry": 0, "link": "AIN16"}, {"pdo": "0x1600", "entry": 1, "link": -8}],
         "startup": {
@@ -99,7 +87,7 @@ void tst_ChoicesLikeClicks::dualAxisDriveModules()
     deleteModule(0);
     setDriveAxes(QStringLiteral("1"));
     setLink(1, 1, QStringLiteral("FAOUT Type"));
-    compareWith({samplePath("dual-axis-drive")}, R"({
+    compareWithChoices({samplePath("dual-axis-drive")}, R"({
         "device": 1, "driveAxes": 1,
         "modules": [{"place": 0, "module": null}, {"place": 1, "module": "0x20011"}, {"place": 2, "module": "CST"},
                     {"place": 3, "module": "ENC"}],
@@ -112,7 +100,7 @@ void tst_ChoicesLikeClicks::dualAxisDriveAsIoBlock()
     open(samplePath("dual-axis-drive"));
     select(0);
     setDeviceType(0);
-    compareWith({samplePath("dual-axis-drive")}, R"({"device": 1, "deviceType": "IOBlock"})");
+    compareWithChoices({samplePath("dual-axis-drive")}, R"({"device": 1, "deviceType": "IOBlock"})");
 }
 
 void tst_ChoicesLikeClicks::busCoupler()
@@ -127,7 +115,7 @@ void tst_ChoicesLikeClicks::busCoupler()
     addCommand(0, {QStringLiteral("f030"), QStringLiteral("1"), QStringLiteral("4"), QStringLiteral("16")});
     deleteCommand(2); // row 1 of the file
     deleteCommand(3); // row 3 of the file
-    compareWith({samplePath("bus-coupler")}, R"({
+    compareWithChoices({samplePath("bus-coupler")}, R"({
         "device": "MB-C100 bus coupler for 16 modules", "deviceType": "ManualIOBlock",
         "links": [{"pdo": 0, "entry": 3, "link": "AIN32"}, {"pdo": 2, "entry": 0, "link": "DIN"},
                   {"pdo": 2, "entry": 15, "link": "DIN"}],
@@ -149,7 +137,7 @@ void tst_ChoicesLikeClicks::busCouplerModules()
     insertModule(15, 1, 0, ok);
     deleteModule(0);
     deleteModule(3);
-    compareWith({samplePath("bus-coupler")}, R"({
+    compareWithChoices({samplePath("bus-coupler")}, R"({
         "device": 1, "deviceType": 5,
         "modules": [{"place": 0, "module": null}, {"place": 1, "module": "MB-DO16"}, {"place": 2, "module": "MB-AI04"},
                     {"place": 3, "module": null}, {"place": 5, "module": "MB-AO04"},
@@ -164,7 +152,7 @@ void tst_ChoicesLikeClicks::busCouplerAsSpecialDevice()
     insertModule(3, 3, 1, {pressing(QMessageBox::Ok)});
     setLink(3, 2, QStringLiteral("DIN Type"));
     changeCommand(2, {QStringLiteral("#x8030"), QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("7")});
-    compareWith({samplePath("bus-coupler")}, R"({
+    compareWithChoices({samplePath("bus-coupler")}, R"({
         "device": 1, "deviceType": "Special", "modules": [{"place": 3, "module": "0x404"}],
         "links": [{"pdo": 3, "entry": 2, "link": "DIN"}],
         "startup": {"changed": [{"row": 2, "was": {"index": "0x8030", "subIndex": 1}, "data": 7}]}})");
@@ -182,15 +170,15 @@ void tst_ChoicesLikeClicks::busCouplerModuleLinks()
     insertModule(2, 3, 1, ok);
     const QByteArray links = R"("moduleLinks": [{"module": "0x404", "pdo": "0x1600", "entry": 1, "link": "AOUT16"},
         {"module": "MB-DI16", "pdo": 0, "entry": "0x6000:16", "link": "DIN"}], )";
-    compareWith({samplePath("bus-coupler")},
-                R"({"device": 1, "deviceType": 5, )" + links + R"("modules": [{"place": 2, "module": "0x404"}]})");
+    compareWithChoices({samplePath("bus-coupler")}, R"({"device": 1, "deviceType": 5, )" + links
+                                                        + R"("modules": [{"place": 2, "module": "0x404"}]})");
     setDeviceType(4);
-    compareWith({samplePath("bus-coupler")},
-                R"({"device": 1, "deviceType": 4, )" + links + R"("modules": [{"place": 2, "module": "0x404"}]})");
+    compareWithChoices({samplePath("bus-coupler")}, R"({"device": 1, "deviceType": 4, )" + links
+                                                        + R"("modules": [{"place": 2, "module": "0x404"}]})");
     insertModule(1, 1, 1, ok); // put in again, it brings its link along
-    compareWith({samplePath("bus-coupler")},
-                R"({"device": 1, "deviceType": 4, )" + links
-                    + R"("modules": [{"place": 2, "module": "0x404"}, {"place": 1, "module": "MB-DI16"}]})");
+    compareWithChoices({samplePath("bus-coupler")},
+                       R"({"device": 1, "deviceType": 4, )" + links
+                           + R"("modules": [{"place": 2, "module": "0x404"}, {"place": 1, "module": "MB-DI16"}]})");
 }
 
 /// The type that the device has in the end is what counts.
@@ -199,9 +187,9 @@ void tst_ChoicesLikeClicks::busCouplerBecomesDriveAndCouplerAgain()
     open(samplePath("bus-coupler"));
     select(0);
     setDeviceType(2);
-    compareWith({samplePath("bus-coupler")}, R"({"device": 1, "deviceType": 2})");
+    compareWithChoices({samplePath("bus-coupler")}, R"({"device": 1, "deviceType": 2})");
     setDeviceType(3);
-    compareWith({samplePath("bus-coupler")}, R"({"device": 1, "deviceType": 3})");
+    compareWithChoices({samplePath("bus-coupler")}, R"({"device": 1, "deviceType": 3})");
 }
 
 /// Without the list of modules there is no advice, neither on the type nor on a module.
@@ -212,10 +200,10 @@ void tst_ChoicesLikeClicks::busCouplerWithoutModuleList()
     clickModuleList();
     setDeviceType(5);
     insertModule(2, 3, 1);
-    compareWith({samplePath("bus-coupler")}, R"({"device": 1, "takesModuleList": false, "deviceType": 5,
+    compareWithChoices({samplePath("bus-coupler")}, R"({"device": 1, "takesModuleList": false, "deviceType": 5,
                                                  "modules": [{"place": 2, "module": "0x404"}]})");
     clickModuleList();
-    compareWith({samplePath("bus-coupler")}, R"({"device": 1, "takesModuleList": true, "deviceType": 5,
+    compareWithChoices({samplePath("bus-coupler")}, R"({"device": 1, "takesModuleList": true, "deviceType": 5,
                                                  "modules": [{"place": 2, "module": "0x404"}]})");
 }
 
@@ -226,8 +214,8 @@ void tst_ChoicesLikeClicks::busCouplerMinSizes()
     setMinSize(2, QStringLiteral("64"));
     setMinSize(0, QStringLiteral("65535"));
     setMinSize(1, QStringLiteral("none")); // no number, so it becomes 0
-    compareWith({samplePath("bus-coupler")},
-                R"({"device": 1, "syncManagers": [{"syncManager": "Outputs", "minSize": 64},
+    compareWithChoices({samplePath("bus-coupler")},
+                       R"({"device": 1, "syncManagers": [{"syncManager": "Outputs", "minSize": 64},
                     {"syncManager": 1, "name": "MBoxIn", "minSize": 0}, {"syncManager": 0, "minSize": "0xFFFF"}]})");
 }
 
@@ -243,7 +231,7 @@ void tst_ChoicesLikeClicks::busCouplerEntriesOfModules()
     setLink(3, 15, QStringLiteral("DIN Type"));
     addEntry(3, 15, QStringLiteral("ENCODER32 Type"));
     deleteEntry(3, 3);
-    compareWith({samplePath("bus-coupler")}, R"({
+    compareWithChoices({samplePath("bus-coupler")}, R"({
         "device": 1, "deviceType": "Special", "modules": [{"place": 3, "module": "0x404"}],
         "links": [{"pdo": 3, "entry": 15, "link": "DIN"}],
         "entries": {"removed": [{"pdo": 1, "entry": 0}, {"pdo": 3, "entry": 3}],
@@ -258,7 +246,7 @@ void tst_ChoicesLikeClicks::ioBlock()
     setLink(0, 1, QStringLiteral("DOUT Type"));
     select(1);
     setLinks(1, {4, 5}, QStringLiteral("AIN16 Type"));
-    compareWith({samplePath("io-block")}, R"(
+    compareWithChoices({samplePath("io-block")}, R"(
         {"device": 1, "deviceType": 1, "links": [{"pdo": "0x1600", "entry": "0x7000:2", "link": "DOUT"}]},
         {"device": 2, "links": [{"pdo": 1, "entry": 4, "name": "Actual value", "link": "AIN16"},
                                 {"pdo": 1, "entry": 5, "name": "Raw value", "link": "AIN16"}]})");
@@ -275,7 +263,7 @@ void tst_ChoicesLikeClicks::ioBlockEntries()
     deleteEntry(0, 0);
     deleteEntry(1, 1);
     deleteEntry(1, 0);
-    compareWith({samplePath("io-block")}, R"({"device": 1, "entries": {
+    compareWithChoices({samplePath("io-block")}, R"({"device": 1, "entries": {
         "removed": [{"pdo": 0, "entry": 0}, {"pdo": 1, "entry": 0}, {"pdo": 1, "entry": 1}],
         "added": [{"pdo": 0, "behind": 0, "link": "AOUT16"}, {"pdo": 0, "behind": 0, "link": "DOUT"},
                   {"pdo": 0, "behind": 1}]}})");
@@ -288,7 +276,7 @@ void tst_ChoicesLikeClicks::modesOneAfterTheOther()
     setOperationMode(2);
     setOperationMode(1);
     setOperationMode(2);
-    compareWith({samplePath("servo-drive")}, R"({"device": 1, "dcMode": [2, "DcSync01", 2]})");
+    compareWithChoices({samplePath("servo-drive")}, R"({"device": 1, "dcMode": [2, "DcSync01", 2]})");
 }
 
 /// What is typed is cut to the width of its field, and need not agree: rows of the coupler, and one of its modules.
@@ -300,7 +288,7 @@ void tst_ChoicesLikeClicks::uncheckedStartupValues()
     changeCommand(0, {QStringLiteral("#x1c12"), QStringLiteral("258"), QStringLiteral("1"), QStringLiteral("65535")});
     changeCommand(2, {QStringLiteral("#x1c13"), QStringLiteral("513"), QStringLiteral("9"), QStringLiteral("1")});
     addCommand(1, {QStringLiteral("0x2000"), QStringLiteral("65535"), QStringLiteral("65535"), QStringLiteral("1")});
-    compareWith({samplePath("bus-coupler")}, R"({"device": 1, "deviceType": 4, "startup": {
+    compareWithChoices({samplePath("bus-coupler")}, R"({"device": 1, "deviceType": 4, "startup": {
         "changed": [{"row": 0, "subIndex": 258, "data": 65535, "unchecked": true},
                     {"row": 2, "index": "0x1c13", "subIndex": 513, "dataBytes": 9, "data": 1, "unchecked": true}],
         "added": [{"behind": 1, "index": "0x2000", "subIndex": 65535, "dataBytes": 65535, "data": 1,
@@ -319,7 +307,7 @@ void tst_ChoicesLikeClicks::oversamplingTerminal()
     setDriveAxes(QStringLiteral("#x12"));
     setOperationMode(1);
     setLink(4, 1, QStringLiteral("ENCODER32 Type"));
-    compareWith({samplePath("oversampling-terminal")}, R"(
+    compareWithChoices({samplePath("oversampling-terminal")}, R"(
         {"device": 1, "deviceType": 3, "dcMode": 2, "links": [{"pdo": 2, "entry": 0, "link": "AOUT16"}]},
         {"device": 2, "deviceType": 2, "driveAxes": "#x12", "dcMode": "4 samples per cycle",
          "links": [{"pdo": 4, "entry": 1, "link": "ENCODER32"}]})");
@@ -334,9 +322,9 @@ void tst_ChoicesLikeClicks::severalFiles()
     select(1, 2);
     setDeviceType(4);
     select(0, 0);
-    compareWith(files, R"({"device": 4, "deviceType": 4}, {"device": 1})");
+    compareWithChoices(files, R"({"device": 4, "deviceType": 4}, {"device": 1})");
     select(0, 1);
-    compareWith(files, R"({"device": 4, "deviceType": 4}, {"device": 1}, {"device": 2})");
+    compareWithChoices(files, R"({"device": 4, "deviceType": 4}, {"device": 1}, {"device": 2})");
 }
 
 /// Typed module indexes are stored when another device is clicked; they must not reach that one.
@@ -349,8 +337,8 @@ void tst_ChoicesLikeClicks::indexesOfDevicesInTurn()
     part<QLineEdit>(*m_window, "DetectModuleEdit")->setText(QStringLiteral("0xF050"));
     select(0, 1);
     QCOMPARE(int(g_xmlfiledevices[0].device[0].configindex), 0xF030);
-    compareWith({samplePath("bus-coupler"), samplePath("io-block")},
-                R"({"device": 1, "configIndex": "#xF030", "detectIndex": "0xF050"}, {"device": 2})");
+    compareWithChoices({samplePath("bus-coupler"), samplePath("io-block")},
+                       R"({"device": 1, "configIndex": "#xF030", "detectIndex": "0xF050"}, {"device": 2})");
 }
 
 void tst_ChoicesLikeClicks::axesOfClicks_data()
@@ -384,7 +372,7 @@ void tst_ChoicesLikeClicks::axesOfClicks()
         select(number);
         choices += "{\"device\": " + QByteArray::number(number + 1) + '}';
     }
-    compareWith({QDir(m_folder->path()).filePath(QStringLiteral("profiles.xml"))}, choices.join(','));
+    compareWithChoices({QDir(m_folder->path()).filePath(QStringLiteral("profiles.xml"))}, choices.join(','));
     QString problem;
     QStringList written;
     for (const KtlItem& item : itemsOf(contentOfFile(m_command), &problem))

@@ -63,6 +63,18 @@ protected:
         QCOMPARE(command, window);
     }
 
+    /// Exports what is checked and compares it with the same files by the command.
+    /// @param devices  the choices that give what the clicks have given
+    void compareWithChoices(const QStringList& files, const QByteArray& devices)
+    {
+        const QByteArray window = exportedByWindow();
+        const CommandRun run = convert(files, timeShownIn(window),
+                                       R"({"format": "kinetra-choices", "version": 1, "devices": [)" + devices + "]}");
+        QVERIFY2(!run.errors.contains("error:"), run.errors.constData());
+        QCOMPARE(run.exitCode, 0);
+        compareItems(contentOfFile(m_command), window);
+    }
+
     QString m_command; ///< the file that the command wrote last
     QStringList m_warnings; ///< texts of the warnings that came up before the last export
 };
