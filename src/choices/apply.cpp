@@ -153,16 +153,8 @@ private:
     {
         if (!m_choices.driveAxes.has_value() || chooseDriveAxes(m_device, *m_choices.driveAxes, m_loaded))
             return;
-        std::set<std::uint16_t> others = axesOfClicks(m_device, m_loaded);
-        if (!m_choices.isClicked) { // the field of another device may still be open to it
-            if (*m_choices.driveAxes == 0) {
-                setDriveAxes(m_device, 0);
-                return;
-            }
-            others.insert(0);
-        }
         QStringList taken;
-        for (const std::uint16_t axes : others)
+        for (const std::uint16_t axes : axesOfClicks(m_device, m_loaded))
             taken += QString::number(axes);
         refuse("driveAxes", QStringLiteral("a device of the type %1 takes only %2 here, only %3 takes any number of "
                                            "axes; leave the key out")

@@ -31,7 +31,7 @@ TypeAndAxes typeAndAxesOf(const struct_EtherCatDevice& device)
 
 std::set<std::uint16_t> axesOfClicks(const struct_EtherCatDevice& device, const TypeAndAxes& loaded)
 {
-    std::set<std::uint16_t> axes{device.m_iDriveAxies};
+    std::set<std::uint16_t> axes{device.m_iDriveAxies, 0};
     if (device.m_iDeviceType == loaded.deviceType)
         axes.insert({loaded.driveAxes, axesOfType(device)});
     return axes;

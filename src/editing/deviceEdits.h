@@ -30,7 +30,8 @@ struct TypeAndAxes
 
 /// The drive axes that clicks can give a device that is no multi-axis drive: those that it has; and while its type is
 /// the one it was loaded with, those that it was loaded with and those of the type, since the order in which devices
-/// are clicked decides between them (see `DeviceClicks::select`). A multi-axis drive can have any number.
+/// are clicked decides between them (see `DeviceClicks::select`); and 0, which the field for the axes of a multi-axis
+/// drive sets where it is still open. A multi-axis drive can have any number.
 [[nodiscard]] std::set<std::uint16_t> axesOfClicks(const struct_EtherCatDevice& device, const TypeAndAxes& loaded);
 
 /// Gives a device drive axes that clicks can give it.

@@ -94,10 +94,11 @@ void retraceType(const struct_EtherCatDevice& loaded, const KtlDeviceBlock& bloc
         typed.m_iDriveAxies = axesOfType(typed);
     }
     const std::uint16_t axes = block.general.m_iDriveAxies;
-    const std::set<std::uint16_t> ofClicks = axesOfClicks(typed, typeAndAxesOf(loaded));
-    const bool canHave = typed.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver || ofClicks.count(axes) > 0;
+    const bool canHave = typed.m_iDeviceType == KTL_DEVICE_TYPE_MultiDriver
+                         || axesOfClicks(typed, typeAndAxesOf(loaded)).count(axes) > 0;
     // Where the order of clicks decides, the choice does.
-    if (canHave && (axes != typed.m_iDriveAxies || ofClicks.size() > 1))
+    const bool isOfOrder = !choices.deviceType.has_value() && axesOfType(typed) != loaded.m_iDriveAxies;
+    if (canHave && (axes != typed.m_iDriveAxies || isOfOrder))
         choices.driveAxes = axes;
 }
 

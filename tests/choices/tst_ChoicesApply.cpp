@@ -69,7 +69,7 @@ void tst_ChoicesApply::settingsThatDoNotFit_data()
     QTest::addColumn<QString>("message");
     QTest::addRow("axes of a single drive")
         << QByteArray("\"driveAxes\": 2")
-        << "driveAxes: a device of the type SingleDriver takes only 1 here, only MultiDriver "
+        << "driveAxes: a device of the type SingleDriver takes only 0 or 1 here, only MultiDriver "
            "takes any number of axes; leave the key out [setting]";
     QTest::addRow("axes after a change of type") << QByteArray(R"("deviceType": "Special", "driveAxes": 1)")
                                                  << "driveAxes: a device of the type Special takes only 0 here, only "
