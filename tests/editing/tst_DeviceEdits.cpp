@@ -162,8 +162,8 @@ void tst_DeviceEdits::possibleAxes_data()
     QTest::addColumn<int>("type");
     QTest::addColumn<QString>("taken"); // of the axes from 0 to 9
     QTest::addRow("its own, those of the file, and none of its type") << 4 << 4 << "0 5 7";
-    QTest::addRow("a single drive of the file") << 1 << 1 << "1 5 7";
-    QTest::addRow("its own alone with another type") << 0 << 4 << "7";
+    QTest::addRow("a single drive of the file") << 1 << 1 << "0 1 5 7";
+    QTest::addRow("its own and none with another type") << 0 << 4 << "0 7";
     QTest::addRow("any of a multi-axis drive") << 4 << 2 << "0 1 2 3 4 5 6 7 8 9";
 }
 

@@ -90,7 +90,9 @@ void tst_SettingsRetrace::types_data()
         << multi << 1 << 2 << multi << 1 << QStringList("set axes=1") << true;
     QTest::addRow("axes that a single drive cannot have") << single << 1 << 0 << single << 2 << nothing << false;
     QTest::addRow("axes that a new single drive cannot have")
-        << block << 0 << 0 << single << 0 << QStringList("set type=1") << false;
+        << block << 0 << 0 << single << 2 << QStringList("set type=1") << false;
+    QTest::addRow("new single drive without an axis")
+        << block << 0 << 0 << single << 0 << QStringList("set type=1 axes=0") << true;
     QTest::addRow("axes that were loaded with another type")
         << single << 1 << 0 << block << 1 << QStringList("set type=0") << false;
     QTest::addRow("no type") << block << 0 << 0 << 6 << 0 << nothing << false;
