@@ -5,6 +5,7 @@
 #include "editing/moduleEdits.h"
 #include "ktl/reading/ktlItemWalk.h"
 #include "ktl/writing/deviceBytes.h"
+#include "model/missingSyncManager.h"
 #include "retrace/bytesApart.h"
 #include "retrace/moduleRetrace.h"
 #include "retrace/pdoRetrace.h"
@@ -135,7 +136,9 @@ RetracedDevice DeviceRetrace::selected(const struct_EtherCatDevice& device, cons
         return *unusual;
     if (!takesModules(set))
         return best;
-    return withModules(settings, device, likelyModules(set, m_modules, block.content, wideSearch), block);
+    RetracedDevice ofMany =
+        withModules(settings, device, likelyModules(set, m_modules, block.content, wideSearch), block);
+    return ofMany.isExact ? ofMany : best;
 }
 
 /// What unusual settings make, if that is exact.
@@ -146,7 +149,11 @@ std::optional<RetracedDevice> DeviceRetrace::exactOfUnusual(const struct_EtherCa
         RetracedDevice retraced;
         retraced.isSelected = true;
         retraced.choices = std::move(choices);
-        finish(retraced, device, block);
+        try {
+            finish(retraced, device, block);
+        } catch (const MissingSyncManager&) {
+            continue; // with this type it could not have been exported
+        }
         if (retraced.isExact)
             return retraced;
     }
